@@ -1,0 +1,26 @@
+# One INTERFACE target carries every compiler and linker flag of our own code.
+include(CheckPIESupported)
+check_pie_supported()
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+add_library(pryvane_flags INTERFACE)
+target_compile_features(pryvane_flags INTERFACE cxx_std_20)
+target_compile_options(pryvane_flags INTERFACE
+    -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    $<$<BOOL:${PRYVANE_WERROR}>:-Werror>
+    -fstack-protector-strong)
+target_link_options(pryvane_flags INTERFACE
+    $<$<PLATFORM_ID:Linux>:-Wl,-z,relro,-z,now> $<$<PLATFORM_ID:Linux>:-Wl,--as-needed>)
+target_compile_definitions(pryvane_flags INTERFACE
+    QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+    PRYVANE_VERSION="${PROJECT_VERSION}"
+    $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+
+if(PRYVANE_SANITIZE)
+    target_compile_options(pryvane_flags INTERFACE
+        -fsanitize=${PRYVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(pryvane_flags INTERFACE -fsanitize=${PRYVANE_SANITIZE})
+elseif(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+    # Debian's 12 compiler knows level 3; fortification needs optimisation and no sanitizer.
+    target_compile_options(pryvane_flags INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
+endif()

@@ -1,0 +1,62 @@
+#include "core/NotificationCenter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pryvane {
+
+NotificationCenter::Observation&
+NotificationCenter::Observation::operator=(Observation&& other) noexcept
+{
+    if (this != &other) {
+        end();
+        m_center = std::exchange(other.m_center, nullptr);
+        m_name = other.m_name;
+        m_id = other.m_id;
+    }
+    return *this;
+}
+
+void NotificationCenter::Observation::end()
+{
+    if (m_center)
+        std::exchange(m_center, nullptr)->forget(m_name, m_id);
+}
+
+NotificationCenter::Observation NotificationCenter::observe(NotificationName name, Handler handler)
+{
+    const std::lock_guard lock(m_mutex);
+    Slot& target = slot(name);
+    auto changed = target.observers ? Observers(*target.observers) : Observers();
+    const auto id = ++m_lastId;
+    changed.push_back({id, std::move(handler)});
+    target.count.store(changed.size(), std::memory_order_release);
+    target.observers = std::make_shared<const Observers>(std::move(changed));
+    return {*this, name, id};
+}
+
+void NotificationCenter::forget(NotificationName name, std::uint64_t id)
+{
+    const std::lock_guard lock(m_mutex);
+    Slot& target = slot(name);
+    Observers changed = *target.observers;
+    std::erase_if(changed, [id](const Observer& observer) { return observer.id == id; });
+    target.count.store(changed.size(), std::memory_order_release);
+    target.observers = std::make_shared<const Observers>(std::move(changed));
+}
+
+void NotificationCenter::post(NotificationName name, const NotificationObject& object)
+{
+    if (!hasObservers(name))
+        return;
+    std::shared_ptr<const Observers> observers;
+    {
+        const std::lock_guard lock(m_mutex);
+        observers = slot(name).observers;
+    }
+    // Outside the lock: a handler may post, observe or end observations itself.
+    for (const Observer& observer : *observers)
+        observer.handler({name, object});
+}
+
+} // namespace pryvane

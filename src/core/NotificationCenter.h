@@ -1,0 +1,76 @@
+#pragma once
+
+#include "core/Notifications.h"
+
+#include <array>
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace pryvane {
+
+/// Named notifications inside the process. Delivery is synchronous, on the posting thread, in the
+/// order of registration; any thread may post, observe or stop observing.
+class NotificationCenter {
+public:
+    using Handler = std::function<void(const Notification&)>;
+
+    /// Keeps one observation alive; destroying it ends the observation. A handler that another
+    /// thread has already entered still finishes.
+    class [[nodiscard]] Observation {
+    public:
+        Observation() = default;
+        ~Observation() { end(); }
+        Observation(Observation&& other) noexcept { *this = std::move(other); }
+        Observation& operator=(Observation&& other) noexcept;
+        Observation(const Observation&) = delete;
+        Observation& operator=(const Observation&) = delete;
+        void end();
+
+    private:
+        friend class NotificationCenter;
+        Observation(NotificationCenter& center, NotificationName name, std::uint64_t id)
+            : m_center(&center), m_name(name), m_id(id)
+        {
+        }
+        NotificationCenter* m_center = nullptr;
+        NotificationName m_name{};
+        std::uint64_t m_id = 0;
+    };
+
+    /// Calls `handler` for every notification of that name until the observation ends. The center
+    /// must outlive the observation.
+    Observation observe(NotificationName name, Handler handler);
+
+    /// Whether a posting of that name would reach anybody. One atomic read, so that a hot loop can
+    /// skip making an object that nobody reads.
+    [[nodiscard]] bool hasObservers(NotificationName name) const
+    {
+        return slot(name).count.load(std::memory_order_acquire) != 0;
+    }
+
+    void post(NotificationName name, const NotificationObject& object = {});
+
+private:
+    struct Observer {
+        std::uint64_t id;
+        Handler handler;
+    };
+    using Observers = std::vector<Observer>;
+    struct Slot {
+        std::atomic<std::size_t> count{0};
+        std::shared_ptr<const Observers> observers; // guarded by m_mutex; copied on change
+    };
+
+    [[nodiscard]] Slot& slot(NotificationName name) { return m_slots[index(name)]; }
+    [[nodiscard]] const Slot& slot(NotificationName name) const { return m_slots[index(name)]; }
+    void forget(NotificationName name, std::uint64_t id);
+
+    std::mutex m_mutex;
+    std::uint64_t m_lastId = 0; // guarded by m_mutex
+    std::array<Slot, kNotificationCount> m_slots;
+};
+
+} // namespace pryvane

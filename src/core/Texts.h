@@ -1,0 +1,30 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace pryvane {
+
+/// A moment of the wall clock, to the millisecond.
+using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::milliseconds>;
+
+/// Duration text of an interval in seconds, truncated to whole seconds: "less then 1 second",
+/// " 1 minute  1 second", " 1 hours  2 minutes  5 seconds". The plural of all units follows the
+/// seconds.
+[[nodiscard]] std::string stringFromTimeInterval(double seconds);
+
+/// How long ago `date` was, by calendar units of the local time zone: "2 weeks ago", "Yesterday",
+/// "1 hour ago", "In few seconds"; "Not scan yet" where `now` is not later than `date`.
+[[nodiscard]] std::string relativeDateStringForDate(Date date, Date now);
+
+/// A byte count for a person, in decimal units: "0 byte", "812 bytes", "1.4 MB".
+[[nodiscard]] std::string sizeText(std::int64_t bytes);
+
+/// ISO 8601 in UTC with milliseconds: "2026-11-21T04:26:23.000Z".
+[[nodiscard]] std::string iso8601(Date date);
+
+/// Date and time in the local time zone, for a table: "2026-11-21 04:26".
+[[nodiscard]] std::string localDateText(Date date);
+
+} // namespace pryvane

@@ -1,0 +1,51 @@
+#include "engine/records/ScanCoverage.h"
+
+#include "core/Escape.h"
+
+namespace pryvane {
+
+namespace {
+
+std::string counted(std::size_t count, const char* one, const char* many)
+{
+    return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+std::string missingHomeText(const ScanCoverage& coverage)
+{
+    std::string text = "no home at " + forScreen(coverage.missingHome) + ", ";
+    if (coverage.homes.empty())
+        return text + "and no other home on this volume";
+    text += "homes there are: ";
+    for (std::size_t i = 0; i < coverage.homes.size(); ++i)
+        text += (i ? ", " : "") + forScreen(coverage.homes[i]);
+    return text;
+}
+
+} // namespace
+
+Verdict verdictOf(std::size_t findings, const ScanCoverage& coverage)
+{
+    if (findings > 0)
+        return Verdict::Found;
+    const bool everythingRead = coverage.refused.empty() && coverage.missingHome.empty();
+    return everythingRead ? Verdict::Clean : Verdict::CleanWhereRead;
+}
+
+std::string verdictLine(std::size_t findings, const ScanCoverage& coverage)
+{
+    std::string gaps;
+    if (!coverage.refused.empty())
+        gaps = counted(coverage.refused.size(), "location", "locations") + " could not be read";
+    if (!coverage.missingHome.empty())
+        gaps += (gaps.empty() ? "" : "; ") + missingHomeText(coverage);
+    switch (verdictOf(findings, coverage)) {
+    case Verdict::Clean: return "Clean: nothing found.";
+    case Verdict::CleanWhereRead: return "Clean, but not everything could be read: " + gaps + ".";
+    case Verdict::Found: break;
+    }
+    return "Found: " + counted(findings, "potential threat", "potential threats") +
+           (gaps.empty() ? "." : "; not everything could be read: " + gaps + ".");
+}
+
+} // namespace pryvane

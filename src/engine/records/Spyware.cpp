@@ -1,0 +1,29 @@
+#include "engine/records/Spyware.h"
+
+#include "platform/FileSystem.h"
+
+namespace pryvane {
+
+std::shared_ptr<Spyware> Spyware::SpyWareWithName(std::string_view name, bool /*isChecked*/,
+                                                  std::string_view infections, std::int64_t size,
+                                                  const FileURL& url, std::string_view risk,
+                                                  FileSystem& disk)
+{
+    auto record = std::make_shared<Spyware>();
+    record->name = name;
+    record->infections = infections;
+    record->size = size;
+    record->url = url;
+    record->risk = risk;
+    record->setAvailability(disk.exists(url));
+    return record;
+}
+
+void Spyware::setAvailability(bool available)
+{
+    isAvail = available;
+    isChecked = available;
+    redGreen = available ? RowColor::Black : RowColor::Grey;
+}
+
+} // namespace pryvane

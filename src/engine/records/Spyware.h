@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/FileURL.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane {
+
+class FileSystem;
+
+/// Colour of a finding's row text.
+enum class RowColor : std::uint8_t { Black, Grey };
+
+/// The only risk level that the system uses.
+inline constexpr std::string_view kHighRisk = "High Risk";
+
+/// One finding: a named threat at one location, with the flags that carry it through removal. A
+/// plain record; while a scan runs the main thread owns it once it is on the result list.
+class Spyware {
+public:
+    /// A new record. `isChecked` is ignored on purpose: a record is selected exactly when its
+    /// location exists on `disk` now.
+    [[nodiscard]] static std::shared_ptr<Spyware> SpyWareWithName(std::string_view name,
+                                                                  bool isChecked,
+                                                                  std::string_view infections,
+                                                                  std::int64_t size,
+                                                                  const FileURL& url,
+                                                                  std::string_view risk,
+                                                                  FileSystem& disk);
+
+    /// Follows the disk: sets isAvail, and isChecked and the row's colour after it.
+    void setAvailability(bool available);
+
+    std::string name;       ///< last path component as raw bytes, or "ARD"
+    std::string infections; ///< the threat's family label
+    std::int64_t size = 0;  ///< bytes
+    FileURL url;
+    std::string risk;
+    bool isChecked = false; ///< selected for removal
+    bool isAvail = false;   ///< the location existed when the record was made or read back
+    bool isDeleted = false; ///< its removal succeeded
+    bool isNoAction = false;
+    RowColor redGreen = RowColor::Grey;
+};
+
+using SpywareList = std::vector<std::shared_ptr<Spyware>>;
+
+} // namespace pryvane

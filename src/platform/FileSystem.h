@@ -1,0 +1,67 @@
+#pragma once
+
+#include "core/Result.h"
+#include "platform/FileURL.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pryvane {
+
+/// "There", "not there" and "could not be told" are three answers.
+enum class Presence : std::uint8_t { Absent, Present, Unknown };
+
+enum class FileKind : std::uint8_t { Missing, Folder, RegularFile, SymbolicLink, Other, Unknown };
+
+struct FolderEntry {
+    std::string name; ///< raw bytes, never "." or ".."
+    FileKind kind = FileKind::Unknown;
+};
+
+enum class ListStatus : std::uint8_t { Listed, Missing, Refused };
+
+/// The direct entries of one folder, in the order in which the file system lists them.
+struct FolderListing {
+    ListStatus status = ListStatus::Missing;
+    std::vector<FolderEntry> entries;
+    std::string reason; ///< in words, when refused: "permission denied"
+};
+
+/// The scanned volume: every path is resolved inside it, whatever links it holds, and nothing
+/// outside it is ever listed, measured or changed. Existence tests and listings follow links inside
+/// the volume; measuring never follows one. Callable from any thread.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    /// Whether something exists there. A dangling link does not; a path that ends in "/" must be a
+    /// folder. Unknown where a folder on the way could not be searched.
+    [[nodiscard]] virtual Presence presence(const FileURL& url) = 0;
+
+    /// What stands at the location itself, links not followed at its end.
+    [[nodiscard]] virtual FileKind kind(const FileURL& url) = 0;
+
+    [[nodiscard]] virtual FolderListing list(const FileURL& folder) = 0;
+
+    /// Allocated bytes of a file, or of all files below a folder: 512-byte blocks × 512, folders
+    /// counting 0, links not followed. What cannot be read counts 0.
+    [[nodiscard]] virtual std::int64_t allocatedSize(const FileURL& url) = 0;
+
+    [[nodiscard]] virtual bool writable(const FileURL& url) = 0;
+
+    /// The content of a small regular file, or why it could not be had. Links, FIFOs and devices
+    /// are refused, and so is anything longer than `limit` bytes.
+    [[nodiscard]] virtual Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) = 0;
+
+    /// Opaque bytes that tell this volume from others and survive mounting it again where the file
+    /// system allows.
+    [[nodiscard]] virtual std::string identity() const = 0;
+
+    /// Drops what was remembered of folders' spellings; called when a scan starts.
+    virtual void forgetListings() = 0;
+
+    [[nodiscard]] bool exists(const FileURL& url) { return presence(url) == Presence::Present; }
+};
+
+} // namespace pryvane

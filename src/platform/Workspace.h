@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/FileURL.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pryvane {
+
+/// What the desktop knows of applications. Callable from any thread.
+class Workspace {
+public:
+    virtual ~Workspace() = default;
+
+    /// Where the application of that display name is installed on the volume, if it is.
+    [[nodiscard]] virtual std::optional<FileURL> fullPathForApplication(std::string_view name) = 0;
+
+    /// The identifier in the property list of an application bundle, if it can be read.
+    [[nodiscard]] virtual std::optional<std::string> bundleIdentifier(const FileURL& bundle) = 0;
+};
+
+} // namespace pryvane

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "core/Texts.h"
+#include "engine/records/ScanCoverage.h"
+#include "engine/records/Spyware.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace pryvane {
+
+/// Red, green, blue, alpha, each from 0 to 1.
+struct Rgba {
+    double red = 0, green = 0, blue = 0, alpha = 1;
+    friend bool operator==(const Rgba&, const Rgba&) = default;
+};
+
+inline constexpr Rgba kReportRed{0.7098039215686275, 0.1843137254901961, 0.20784313725490197, 1.0};
+inline constexpr Rgba kReportGreen{0.2901960784313726, 0.7529411764705882, 0.33725490196078434, 1.0};
+
+/// One finished scan. Main thread only; a report shares its threat list with whoever made it.
+class SpywareScanReport {
+public:
+    /// A new report with an identity of its own, holding the very list that is passed in. `now`
+    /// decides the relative date text.
+    [[nodiscard]] static std::shared_ptr<SpywareScanReport>
+    ScanReportWithSpywareList(std::shared_ptr<SpywareList> list, Date date,
+                              std::string_view durations, std::string_view reportType, Date now);
+
+    /// Sets what follows from the other fields: reportDateDisplay, redGreen and openTrash.
+    void derive(Date now);
+
+    bool isRed = false; ///< whether the report was made with at least one threat
+    std::string reportType;
+    Date scanDate{};
+    std::string reportDateDisplay;
+    std::shared_ptr<SpywareList> spyWareList = std::make_shared<SpywareList>();
+    std::uint64_t spyWareCount = 0; ///< at creation; the store keeps its low 8 bits only
+    std::string scanDuration;
+    std::string reportId;
+    Rgba redGreen = kReportGreen;
+    std::string openTrash; ///< name of the row's action icon
+
+    std::string volume;    ///< identity of the volume that was scanned, as FileSystem gives it
+    ScanCoverage coverage; ///< what the scan looked at
+};
+
+using ReportList = std::vector<std::shared_ptr<SpywareScanReport>>;
+
+} // namespace pryvane
