@@ -1,0 +1,58 @@
+#pragma once
+
+#include "signatures/CatalogueTypes.h"
+
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The built-in knowledge of the scanner: constant tables, each in a file of its own under tables/.
+namespace pryvane::catalogue {
+
+/// The family names of the checks that are not rows of the threat table, and their methods.
+inline constexpr std::string_view kOtherSpyware = "Other Spyware";
+inline constexpr std::string_view kBackdoor = "Backdoor.OSX.Mokes.a";
+inline constexpr std::string_view kRemoteDesktop = "Apple Remote Desktop";
+inline constexpr std::string_view kFullSystem = "Spyware";
+inline constexpr std::string_view kOtherSpywareMethod = "OtherSpyWareSearch";
+inline constexpr std::string_view kBackdoorMethod = "checkForBackDoor";
+inline constexpr std::string_view kDefaultOnlyMethod = "otherCheckDefaultOnly";
+inline constexpr std::string_view kRemoteDesktopMethod = "checkForARD";
+
+/// The one remote-desktop finding carries this name, and the first remote-desktop path.
+inline constexpr std::string_view kRemoteDesktopName = "ARD";
+
+[[nodiscard]] std::span<const ThreatCheck> threatChecks();
+[[nodiscard]] const ThreatCheck* threatCheck(std::string_view method);
+[[nodiscard]] std::span<const SequenceRow> sequence();
+
+[[nodiscard]] std::span<const std::string_view> otherSpywareScoped();
+[[nodiscard]] std::span<const std::string_view> otherSpywareLocations();
+[[nodiscard]] std::span<const DefaultOnlyEntry> defaultOnlyEntries();
+[[nodiscard]] std::span<const std::string_view> backdoorPaths();
+[[nodiscard]] std::span<const std::string_view> remoteDesktopPaths();
+[[nodiscard]] std::span<const std::string_view> fullSystemEntries();
+
+[[nodiscard]] std::span<const std::string_view> defaultFolders();
+[[nodiscard]] std::span<const std::string_view> knownGoodFiles();
+[[nodiscard]] std::span<const std::string_view> libraryRoots();
+
+/// Puts the arguments where "%@" stands, in order; what they hold is not looked at again. Further
+/// "%@" than there are arguments stay.
+[[nodiscard]] std::string filled(std::string_view pattern,
+                                 std::initializer_list<std::string_view> arguments);
+
+/// The full-system list of one user, for the deep walk.
+[[nodiscard]] std::vector<std::string> fullSyatemScanPath(std::string_view user);
+
+/// A location below a library root, for one user.
+[[nodiscard]] std::string underLibraryRoot(std::string_view root, std::string_view user,
+                                           std::string_view relative);
+
+/// Where a candidate would stand in the user's own Applications folder; empty for a candidate that
+/// no such twin is looked for.
+[[nodiscard]] std::string inUsersApplications(std::string_view candidate, std::string_view user);
+
+} // namespace pryvane::catalogue

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/FileURL.h"
+#include "signatures/CatalogueTypes.h"
+#include "signatures/NameSearch.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace pryvane {
+
+class FileSystem;
+class FindingSink;
+class UserDefaults;
+struct ScanCoverage;
+
+/// Runs the catalogue's checks, one at a time, as the sequence calls for them. Every check only
+/// tests whether something exists; what it finds goes to the sink, what could not be tested to the
+/// coverage. No thread of its own: all methods, and the coverage while it is held, belong to the
+/// thread of the scan.
+class CheckRunner {
+public:
+    /// Shows a label and waits; returns whether the scan goes on.
+    using WaitFor = std::function<bool(std::string_view label, std::chrono::milliseconds interval)>;
+
+    /// `user` is the short name that fills "%@". All references outlive the runner.
+    CheckRunner(FileSystem& disk, UserDefaults& defaults, std::string user, FindingSink& sink,
+                ScanCoverage& coverage);
+
+    /// Takes the snapshot of the default locations that all name searches of the scan read.
+    void prepareForScan();
+
+    /// Runs the check of that name in the sequence. A name that is not in it does nothing.
+    void run(std::string_view method, const WaitFor& waitFor);
+
+    void run(const ThreatCheck& check);
+    void OtherSpyWareSearch();
+    void otherCheckDefaultOnly(const WaitFor& waitFor);
+    void checkForBackDoor();
+    void checkForARD();
+
+    /// Default locations whose path holds the name with a "." behind it, then with a "." before it.
+    [[nodiscard]] std::vector<std::string>
+    checkForSpywareNameFileInDefaultLocation(std::string_view name);
+
+    /// What exists of the location below each library root, in the order of the roots.
+    [[nodiscard]] std::vector<std::string> checkUrlInALLScope(std::string_view relative);
+
+    /// Allocated bytes; measured once per location and scan.
+    [[nodiscard]] std::int64_t fileSizeOf(const FileURL& url);
+
+    [[nodiscard]] const std::vector<std::string>& defaultCheckingArray() const;
+
+private:
+    using Paths = std::vector<std::string>;
+
+    void appendIfPresent(std::string path, Paths& found);
+    void appendPresent(std::span<const std::string_view> patterns, Paths& found);
+    [[nodiscard]] bool isPresent(const FileURL& url);
+    void report(const Paths& found, std::string_view type);
+
+    FileSystem& m_disk;
+    UserDefaults& m_defaults;
+    const std::string m_user;
+    FindingSink& m_sink;
+    ScanCoverage& m_coverage;
+    NameSearch m_search;
+    std::unordered_set<std::string> m_untestable; ///< paths recorded as such in the coverage
+    std::unordered_map<std::string, std::int64_t> m_sizes;
+};
+
+} // namespace pryvane

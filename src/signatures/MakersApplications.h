@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/FileURL.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane {
+
+class Workspace;
+
+/// The keys that the maker's own products are known by, in their order.
+[[nodiscard]] std::vector<std::string> makersApplicationKeys();
+
+/// The display name of the maker's product whose key the name holds; the first key that fits wins.
+[[nodiscard]] std::optional<std::string_view> getOriginalAppName(std::string_view name);
+
+/// Whether the rule that keeps applications off the list looks at this location at all: only an
+/// extension spelled exactly "app" makes an application bundle.
+[[nodiscard]] bool isApplicationBundle(const FileURL& url);
+
+/// How many times a finding goes on the result list. Once, unless it is an application bundle: then
+/// once for each of `keys` that its path holds and whose product is installed on this volume under
+/// an identifier that is not the maker's. A bundle without a readable identifier is not the
+/// maker's. 0 means that it is held back.
+[[nodiscard]] std::size_t timesListed(const FileURL& url, std::span<const std::string> keys,
+                                      Workspace& workspace);
+
+} // namespace pryvane

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <string_view>
+
+namespace pryvane::tables {
+
+/// Looked for below each library root, ahead of the list.
+inline constexpr std::string_view kOtherSpywareScoped[] = {
+    "LaunchAgents/com.ab.kl.plist",
+    "LaunchAgents/com.AWT.Launcher.plist",
+    "LaunchAgents/com.ATI.Launcher.plist",
+    "LaunchAgents/com.ATI.LaunchAgent.plist",
+    "LaunchDaemons/com.spsecure.edaemon.plist",
+    "LaunchAgents/com.finder.mac.auto.plist",
+    "LaunchAgents/com.hoverwatch.monitor.plist",
+    "LaunchDaemons/logKext.plist",
+    "LaunchAgents/com.BT.PKL.plist",
+};
+
+/// "MARKER/" entries name the product whose group they open. They stay in the list and are tested
+/// like any other, as the relative paths they are.
+inline constexpr std::string_view kOtherSpywareLocations[] = {
+    "/Applications/Abk.app",
+    "/Users/%@/Library/Application Support/.abk",
+    "/Users/%@/Library/Preferences/com.ab.kl.plist",
+    "/Users/%@/Library/Preferences/._ab.kl.data",
+    "/Users/%@/Library/.A_o_b_o",
+    "/System/Library/.A_o_b_o",
+    "/Users/%@/Library/Application Support/.abk",
+    "/Users/%@/Shared/.AirPortAccess/.Aobo.Free",
+    "/Users/%@/Shared/.AirPortAccess/._ab.kl.data",
+    "/Users/%@/Shared/.AirPortAccess/.Aobo/",
+    "/tmp/abhomedir.tmp",
+    "/tmp/abuseranddir.tmp",
+    "/Users/%@/Library/Safari/Extensions/WebSecurity.safariextz",
+    "/Users/%@/Library/Application Support/Google/Chrome/External "
+    "Extensions/ahgohhimahbdgilapiemiaialojcdicd.json",
+    "/Library/Internet Plug-Ins/WebMonPlugin.plugin",
+    "/Library/Internet Plug-Ins/WebMonPlugin32bit.plugin",
+    "/Library/Internet Plug-Ins/WebSecurity.plugin",
+    "/private/var/db/receipts/com.ati.pkg.WebWatcherForMac.bom",
+    "/private/var/db/receipts/com.ati.pkg.WebWatcherForMac.plist",
+    "/Applications/SoftUtil.app",
+    "/Applications/LaunchAgent.exe",
+    "/Library/Application Support/WebWatcher",
+    "/Users/%@/Library/Preferences/com.yourcompany.SoftUtil.plist",
+    "MARKER/_2012_discontinued/SPS Keylogger",
+    "/usr/local/sps",
+    "/System/Library/Extensions/ENKEDriver",
+    "/System/Library/Extensions/EIOKitDriver",
+    "MARKER/_AUG2015_/AMAC Keylogger",
+    "/Users/%@/Library/Preferences/com.mac.sys.plist",
+    "/Users/%@/Shared/Library/Application Support/.AppMac/.apple.mac.std.data",
+    "/Users/%@/Shared/.AppMac/._apple.mac.std.data",
+    "/Users/%@/Shared/.AppMac/.AppMac",
+    "/Library/.AppMac/",
+    "/Users/%@/Library/.AppMac/.appmac.authorize.license",
+    "/Users/%@/Library/.AppMac/AMK.app",
+    "/Users/%@/Library/.AppMac/Amac-Keylogger-STD.app",
+    "/System/Library/Extensions/engine.kext",
+    "/Library/Application Support/.SystemEngine",
+    "/Library/Application Support/.SystemEngine/observer",
+    "MARKER/_AUG2015_/Logkext Keylogger",
+    "/Library/Preferences/com.fsb.logKext",
+    "/Library/Application Support/logKext/logKextKeymap.plist",
+    "/System/Library/Extensions/logKext",
+    "/Library/Application Support/logKext/logKextDaemon",
+    "/Library/Application Support/logKext/logKextKeyGen",
+    "/System/Library/Extensions/logKext.kext",
+    "/Library/Application Support/logKext",
+    "/usr/bin/logKextClient",
+    "/LogKext Readme.html",
+    "/LogKextUninstall.command",
+    "MARKER/_JUNE2015_/Elite Keylogger",
+    "/Volumes/TrueCrypt/mackeylogger/KeyloggerRep.m",
+    "MARKER/_2014_believed_discontinued_/Backtrack Keylogger",
+    "/Users/%@/Library/Preferences/com.modesittsoftware.BackTrack.plist",
+    "/Users/%@/Library/Saved Application State/com.modesittsoftware.BackTrack.savedState",
+    "/Users/%@/Library/Application Support/BackTrack",
+    "/Users/%@/Library/Preferences/ByHost/"
+    "com.modesittsoftware.BackTrack.550717E6-799A-5715-A13B-4161118304DD.plist",
+    "/Library/Managed Preferences/com.modesittsoftware.BackTrack.plist",
+    "MARKER/_gen_/Metasploit Framework",
+    "/opt/local/msf/",
+    "MARKER/_SEPT2015_/Refog Hoverwatch Keylogger",
+    "/Users/%@/Library/Caches/com.hoverwatch.monitor",
+    "/Users/%@/Library/Preferences/com.hoverwatch.installer.plist",
+    "/Library/.hoverwatch",
+    "/Library/.smoke",
+    "/private/var/db/.smoke3.naiive",
+    "/private/var/db/.et.naiive",
+    "MARKER/_AUG2015_/Perfect Keylogger Lite",
+    "/Applications/PKL.app",
+};
+
+} // namespace pryvane::tables
