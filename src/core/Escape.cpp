@@ -63,10 +63,18 @@ bool isDeceptive(char32_t c)
 void appendAscii(std::string& out, char c)
 {
     switch (c) {
-    case '\n': out += "\\n"; break;
-    case '\r': out += "\\r"; break;
-    case '\t': out += "\\t"; break;
-    case '\\': out += "\\\\"; break;
+    case '\n':
+        out += "\\n";
+        break;
+    case '\r':
+        out += "\\r";
+        break;
+    case '\t':
+        out += "\\t";
+        break;
+    case '\\':
+        out += "\\\\";
+        break;
     default:
         if (c < 0x20 || c == 0x7f)
             appendByteEscape(out, static_cast<unsigned char>(c));
@@ -196,8 +204,8 @@ std::string percentEncoded(std::string_view bytes)
     out.reserve(bytes.size());
     for (const char c : bytes) {
         const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                           (c >= '0' && c <= '9') || c == '/' || c == '-' || c == '.' ||
-                           c == '_' || c == '~';
+                           (c >= '0' && c <= '9') || c == '/' || c == '-' || c == '.' || c == '_' ||
+                           c == '~';
         if (plain) {
             out += c;
             continue;

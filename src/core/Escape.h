@@ -26,7 +26,8 @@ namespace pryvane {
 /// Percent-encodes all bytes but unreserved characters and "/"; decoding gives the bytes back.
 [[nodiscard]] std::string percentEncoded(std::string_view bytes);
 
-/// The bytes of a percent-encoded text. A "%" that no two hexadecimal digits follow stands for itself.
+/// The bytes of a percent-encoded text. A "%" that no two hexadecimal digits follow stands for
+/// itself.
 [[nodiscard]] std::string percentDecoded(std::string_view text);
 
 /// Whether the bytes are well-formed UTF-8 (no surrogates, nothing overlong).

@@ -27,10 +27,18 @@ enum class NotificationName : std::uint8_t {
 };
 
 inline constexpr std::array<std::string_view, 13> kNotificationNames = {
-    "MainTableChangedManually", "MainTableSelectionChange", "ScanStatusChange",
-    "ScanningChange",           "ScanningStatusChange",     "ScanningProgress",
-    "ScanningProgressURL",      "UpdateThreat",             "StopScan",
-    "ChangeUI",                 "RefreshReport",            "ReloadReport",
+    "MainTableChangedManually",
+    "MainTableSelectionChange",
+    "ScanStatusChange",
+    "ScanningChange",
+    "ScanningStatusChange",
+    "ScanningProgress",
+    "ScanningProgressURL",
+    "UpdateThreat",
+    "StopScan",
+    "ChangeUI",
+    "RefreshReport",
+    "ReloadReport",
     "RemoveMenuItem",
 };
 inline constexpr std::size_t kNotificationCount = kNotificationNames.size();

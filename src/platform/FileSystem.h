@@ -52,7 +52,8 @@ public:
 
     /// The content of a small regular file, or why it could not be had. Links, FIFOs and devices
     /// are refused, and so is anything longer than `limit` bytes.
-    [[nodiscard]] virtual Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) = 0;
+    [[nodiscard]] virtual Result<std::string> readSmallFile(const FileURL& url,
+                                                            std::size_t limit) = 0;
 
     /// Opaque bytes that tell this volume from others and survive mounting it again where the file
     /// system allows.

@@ -30,7 +30,8 @@ public:
     /// What follows the last dot of the last name; empty without one, or where only it begins it.
     [[nodiscard]] std::string_view pathExtension() const;
 
-    /// "file://" and the percent-encoded bytes of the absolute form, with its trailing slash if any.
+    /// "file://" and the percent-encoded bytes of the absolute form, with its trailing slash if
+    /// any.
     [[nodiscard]] std::string urlText() const;
 
     /// The path of a text made by urlText(); anything else is taken as a percent-encoded path.

@@ -107,7 +107,7 @@ private:
 /// Knows the applications that the test told it.
 class FakeWorkspace final : public Workspace {
 public:
-    std::map<std::string, FileURL, std::less<>> applications;           ///< by display name
+    std::map<std::string, FileURL, std::less<>> applications;          ///< by display name
     std::map<std::string, std::string, std::less<>> bundleIdentifiers; ///< by absolute path
     std::optional<FileURL> fullPathForApplication(std::string_view name) override;
     std::optional<std::string> bundleIdentifier(const FileURL& bundle) override;

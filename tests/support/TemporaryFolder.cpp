@@ -73,7 +73,7 @@ void TemporaryFolder::remove(std::string_view path) const
 
 bool TemporaryFolder::contains(std::string_view path) const
 {
-    struct stat data{};
+    struct stat data {};
     return lstat(hostPath(path).c_str(), &data) == 0;
 }
 

@@ -29,7 +29,8 @@ public:
 
 private:
     std::shared_ptr<SpywareList> m_records = std::make_shared<SpywareList>();
-    std::unordered_set<std::string_view> m_locations; // views into m_records' URLs, which never change
+    std::unordered_set<std::string_view>
+        m_locations; // views into m_records' URLs, which never change
 };
 
 } // namespace pryvane

@@ -40,9 +40,12 @@ std::string verdictLine(std::size_t findings, const ScanCoverage& coverage)
     if (!coverage.missingHome.empty())
         gaps += (gaps.empty() ? "" : "; ") + missingHomeText(coverage);
     switch (verdictOf(findings, coverage)) {
-    case Verdict::Clean: return "Clean: nothing found.";
-    case Verdict::CleanWhereRead: return "Clean, but not everything could be read: " + gaps + ".";
-    case Verdict::Found: break;
+    case Verdict::Clean:
+        return "Clean: nothing found.";
+    case Verdict::CleanWhereRead:
+        return "Clean, but not everything could be read: " + gaps + ".";
+    case Verdict::Found:
+        break;
     }
     return "Found: " + counted(findings, "potential threat", "potential threats") +
            (gaps.empty() ? "." : "; not everything could be read: " + gaps + ".");

@@ -24,13 +24,9 @@ class Spyware {
 public:
     /// A new record. `isChecked` is ignored on purpose: a record is selected exactly when its
     /// location exists on `disk` now.
-    [[nodiscard]] static std::shared_ptr<Spyware> SpyWareWithName(std::string_view name,
-                                                                  bool isChecked,
-                                                                  std::string_view infections,
-                                                                  std::int64_t size,
-                                                                  const FileURL& url,
-                                                                  std::string_view risk,
-                                                                  FileSystem& disk);
+    [[nodiscard]] static std::shared_ptr<Spyware>
+    SpyWareWithName(std::string_view name, bool isChecked, std::string_view infections,
+                    std::int64_t size, const FileURL& url, std::string_view risk, FileSystem& disk);
 
     /// Follows the disk: sets isAvail, and isChecked and the row's colour after it.
     void setAvailability(bool available);

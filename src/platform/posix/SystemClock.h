@@ -16,7 +16,10 @@ public:
 class UnpacedClock final : public Clock {
 public:
     [[nodiscard]] Date now() const override { return m_clock.now(); }
-    [[nodiscard]] std::chrono::nanoseconds steadyNow() const override { return m_clock.steadyNow(); }
+    [[nodiscard]] std::chrono::nanoseconds steadyNow() const override
+    {
+        return m_clock.steadyNow();
+    }
     void pause(Interval, const StopFlag&) override {}
 
 private:

@@ -1,0 +1,93 @@
+#include "cli/CommandLine.h"
+
+#include "cli/Host.h"
+#include "core/Escape.h"
+
+#include <iostream>
+#include <sstream>
+
+namespace pryvane::cli {
+
+namespace {
+
+constexpr const char* kDescription =
+    "Looks on a Mac's disk for the files, launch agents, extensions and applications that known\n"
+    "spyware leaves behind. Only names are looked at; nothing is read, uploaded or downloaded.";
+
+constexpr const char* kFooter =
+    "First steps:\n"
+    "  pryvane-cli scan                                  look through this Mac\n"
+    "  pryvane-cli scan --volume /mnt/mac --user alice   look through a mounted Mac disk\n"
+    "  pryvane-cli report list                           earlier scans, newest first\n"
+    "  pryvane-cli report show latest                    the last scan's findings\n"
+    "  pryvane-cli explain /Library/LaunchAgents/x.plist why a path would be flagged\n"
+    "\n"
+    "Exit codes: 0 clean or done, 1 findings, 2 error or bad usage, 130 interrupted.\n"
+    "PRYVANE_DATA_DIR names the folder of the report store; NO_COLOR switches colour off.\n"
+    "'pryvane-cli COMMAND --help' tells more about a command.";
+
+/// The parser's messages, on one line and without raw bytes from the arguments.
+std::string oneLine(const std::string& message)
+{
+    std::string text = message;
+    while (!text.empty() && text.back() == '\n')
+        text.pop_back();
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return forTerminal(text);
+}
+
+} // namespace
+
+CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
+{
+    m_app.footer(kFooter);
+    m_app.require_subcommand(1);
+    m_app.set_version_flag("--version", "pryvane-cli " PRYVANE_VERSION);
+    m_app.get_formatter()->column_width(34);
+    addScanCommand(*this, m_app);
+    addReportCommand(*this, m_app);
+    addExplainCommand(*this, m_app);
+    addCatalogCommand(*this, m_app);
+    addGenerateCommand(*this, m_app);
+}
+
+CLI::App* CommandLine::addCommand(CLI::App& parent, const std::string& name,
+                                  const std::string& description, Action action)
+{
+    CLI::App* command = parent.add_subcommand(name, description);
+    command->callback([this, action = std::move(action)] { m_chosen = action; });
+    return command;
+}
+
+int CommandLine::run(std::vector<std::string> arguments, const Console& console)
+{
+    m_chosen = {};
+    try {
+        std::reverse(arguments.begin(), arguments.end()); // the order that the parser takes
+        m_app.parse(arguments);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+            std::ostringstream ignored;
+            m_app.exit(error, console.out, ignored); // help or version
+            return kDone;
+        }
+        return console.fail(oneLine(error.what()) + "; see pryvane-cli --help");
+    }
+    return m_chosen ? m_chosen(console) : console.fail("no command given; see pryvane-cli --help");
+}
+
+void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
+{
+    command
+        .add_option("--volume", arguments.volume,
+                    "Folder at which the Mac's disk is mounted; it stands for / (default: /)")
+        ->type_name("DIR");
+    command
+        .add_option("--user", arguments.user,
+                    "Short name of the Mac's user to look at (default: whoever runs this)")
+        ->type_name("NAME");
+    command.add_flag("--case-sensitive", arguments.caseSensitive,
+                     "Compare names exactly, not as a Mac's disk does");
+}
+
+} // namespace pryvane::cli

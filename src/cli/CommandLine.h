@@ -1,0 +1,49 @@
+#pragma once
+
+#include "cli/Console.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace pryvane::cli {
+
+struct VolumeArguments;
+
+/// What a parsed command does. It returns the exit code and writes to the console only.
+using Action = std::function<int(const Console&)>;
+
+/// The parser with every command in it. The man page and the completions are made from it too.
+class CommandLine {
+public:
+    CommandLine();
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+
+    /// Parses the arguments (without the program's name) and runs the command.
+    int run(std::vector<std::string> arguments, const Console& console);
+
+    [[nodiscard]] const CLI::App& app() const { return m_app; }
+
+    /// Adds a command below `parent` that runs `action` when it is the one given.
+    CLI::App* addCommand(CLI::App& parent, const std::string& name, const std::string& description,
+                         Action action);
+
+private:
+    CLI::App m_app;
+    Action m_chosen;
+};
+
+/// --volume, --user and --case-sensitive.
+void addVolumeOptions(CLI::App& command, VolumeArguments& arguments);
+
+// One function a command; each adds itself to the parser.
+void addScanCommand(CommandLine& line, CLI::App& app);
+void addReportCommand(CommandLine& line, CLI::App& app);
+void addExplainCommand(CommandLine& line, CLI::App& app);
+void addCatalogCommand(CommandLine& line, CLI::App& app);
+void addGenerateCommand(CommandLine& line, CLI::App& app);
+
+} // namespace pryvane::cli

@@ -1,0 +1,85 @@
+#include "cli/Host.h"
+
+#include "cli/TerminalQuestions.h"
+#include "core/Escape.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/posix/DataFolder.h"
+#include "platform/posix/LoginUser.h"
+#include "platform/posix/MemoryUserDefaults.h"
+#include "platform/posix/SqliteUserDefaults.h"
+#include "platform/posix/VolumeFileSystem.h"
+#include "signatures/MakersApplications.h"
+
+namespace pryvane::cli {
+
+namespace {
+
+/// A short name is one path component; anything else would point a scan somewhere else.
+bool isShortName(std::string_view user)
+{
+    return !user.empty() && user != "." && user != ".." &&
+           user.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
+}
+
+} // namespace
+
+Host::Host(const Console&) {}
+
+Host::~Host() = default;
+
+Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArguments& arguments,
+                                         StoreUse use, Pacing pacing)
+{
+    std::unique_ptr<Host> host(new Host(console));
+    host->m_user = arguments.user.empty() ? loginUser() : arguments.user;
+    if (!isShortName(host->m_user)) {
+        return Error{"\"" + forTerminal(host->m_user) +
+                     "\" is not a user's short name; give the name of a folder in /Users, such as "
+                     "--user alice"};
+    }
+    VolumeFileSystem::Options options;
+    if (arguments.caseSensitive)
+        options.names = NameMatching::Exact;
+    auto disk = VolumeFileSystem::open(arguments.volume, options);
+    if (!disk)
+        return disk.error();
+    host->m_disk = std::move(disk).value();
+
+    if (pacing == Pacing::Paced)
+        host->m_clock = std::make_unique<SystemClock>();
+    else
+        host->m_clock = std::make_unique<UnpacedClock>();
+    host->m_alerts = std::make_unique<DecliningAlerts>();
+    host->m_folderPicker = std::make_unique<DecliningFolderPicker>();
+    host->m_workspace = std::make_unique<LinuxWorkspace>(*host->m_disk, host->m_user);
+    host->m_state.arrDefaultTorvellApp = makersApplicationKeys();
+    if (const auto opened = host->openStore(console, use); !opened)
+        return opened.error();
+    return host;
+}
+
+Result<Done> Host::openStore(const Console& console, StoreUse use)
+{
+    m_dataFolder = defaultDataFolder();
+    if (use == StoreUse::None) {
+        m_defaults = std::make_unique<MemoryUserDefaults>();
+        if (const auto ignored = SqliteUserDefaults::storedBool(m_dataFolder, preferences::kARD))
+            m_defaults->set(preferences::kARD, *ignored);
+        return Done{};
+    }
+    auto opened = SqliteUserDefaults::open(m_dataFolder, m_log);
+    if (!opened)
+        return Error{opened.error().message};
+    if (!opened->notice.empty())
+        console.say(opened->notice);
+    m_defaults = std::move(opened->defaults);
+    return Done{};
+}
+
+PlatformServices Host::services()
+{
+    return {*m_disk,   *m_defaults,     m_notifications, m_mainQueue,    *m_clock,
+            *m_alerts, *m_folderPicker, *m_workspace,    m_userNotifier, m_log};
+}
+
+} // namespace pryvane::cli

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "cli/Console.h"
+#include "core/NotificationCenter.h"
+#include "core/Result.h"
+#include "engine/records/ScanState.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "platform/PlatformServices.h"
+#include "platform/UserDefaults.h"
+#include "platform/UserNotifier.h"
+#include "platform/posix/BlockingMainQueue.h"
+#include "platform/posix/SystemClock.h"
+
+#include <memory>
+#include <string>
+
+namespace pryvane {
+class Workspace;
+}
+
+namespace pryvane::cli {
+
+/// What commands that look at a disk have in common.
+struct VolumeArguments {
+    std::string volume = "/"; ///< host folder that stands for the Mac's root
+    std::string user;         ///< login short name; empty: whoever runs the program
+    bool caseSensitive = false;
+};
+
+enum class StoreUse : std::uint8_t { Open, None };
+enum class Pacing : std::uint8_t { Paced, Unpaced };
+
+/// The services of this process, put together once for the command that runs.
+class Host {
+public:
+    /// Opens the volume and, unless it is not wanted, the store. The error says what to do.
+    [[nodiscard]] static Result<std::unique_ptr<Host>> open(const Console& console,
+                                                            const VolumeArguments& arguments,
+                                                            StoreUse use,
+                                                            Pacing pacing = Pacing::Unpaced);
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    [[nodiscard]] PlatformServices services();
+    [[nodiscard]] const std::string& user() const { return m_user; }
+    [[nodiscard]] const std::string& dataFolder() const { return m_dataFolder; }
+    [[nodiscard]] FileSystem& disk() { return *m_disk; }
+    [[nodiscard]] UserDefaults& defaults() { return *m_defaults; }
+    [[nodiscard]] Clock& clock() { return *m_clock; }
+    [[nodiscard]] BlockingMainQueue& mainQueue() { return m_mainQueue; }
+    [[nodiscard]] NotificationCenter& notifications() { return m_notifications; }
+    [[nodiscard]] ScanState& state() { return m_state; }
+    [[nodiscard]] Log& log() { return m_log; }
+
+private:
+    explicit Host(const Console& console);
+    [[nodiscard]] Result<Done> openStore(const Console& console, StoreUse use);
+
+    NotificationCenter m_notifications;
+    ScanState m_state;
+    BlockingMainQueue m_mainQueue;
+    SilentLog m_log;
+    SilentUserNotifier m_userNotifier;
+    std::unique_ptr<Alerts> m_alerts;
+    std::unique_ptr<FolderPicker> m_folderPicker;
+    std::unique_ptr<Clock> m_clock;
+    std::unique_ptr<FileSystem> m_disk;
+    std::unique_ptr<UserDefaults> m_defaults;
+    std::unique_ptr<Workspace> m_workspace;
+    std::string m_user;
+    std::string m_dataFolder;
+};
+
+} // namespace pryvane::cli

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "cli/Console.h"
+#include "engine/ScanDisplay.h"
+
+#include <chrono>
+#include <string>
+
+namespace pryvane::cli {
+
+/// A live line on the error stream, where that is a terminal; drawn at most 30 times a second.
+class ProgressBar {
+public:
+    explicit ProgressBar(const Console& console) : m_console(console) {}
+    ~ProgressBar() { clear(); }
+    ProgressBar(const ProgressBar&) = delete;
+    ProgressBar& operator=(const ProgressBar&) = delete;
+
+    void show(const ScanDisplay& display);
+    void clear();
+
+private:
+    const Console& m_console;
+    std::chrono::steady_clock::time_point m_lastDrawn{};
+    bool m_drawn = false;
+};
+
+} // namespace pryvane::cli

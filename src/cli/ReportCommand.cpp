@@ -1,0 +1,197 @@
+#include "cli/CommandLine.h"
+#include "cli/Host.h"
+#include "cli/ReportLookup.h"
+#include "cli/ReportText.h"
+#include "cli/TextTable.h"
+#include "core/Escape.h"
+#include "reports/DefaultMethods.h"
+#include "reports/ReportCompare.h"
+#include "reports/ReportExport.h"
+
+#include <ostream>
+
+namespace pryvane::cli {
+
+namespace {
+
+struct ReportArguments {
+    VolumeArguments volume;
+    std::string id;
+    std::string otherId;
+    std::string format = "json";
+    bool yes = false;
+};
+
+using Arguments = std::shared_ptr<ReportArguments>;
+
+/// Opens the store and hands it to `work`.
+template <typename Work>
+int withStore(const Console& console, const ReportArguments& arguments, Work work)
+{
+    auto host = Host::open(console, arguments.volume, StoreUse::Open);
+    if (!host)
+        return console.fail(host.error().message);
+    DefaultMethods store((*host)->defaults(), (*host)->disk(), (*host)->clock(), (*host)->log());
+    return work(**host, store);
+}
+
+/// Opens the store and hands the named report to `work`.
+template <typename Work>
+int withReport(const Console& console, const ReportArguments& arguments, Work work)
+{
+    return withStore(console, arguments, [&](Host& host, DefaultMethods& store) {
+        const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
+        const auto report = findReport(list, arguments.id);
+        return report ? work(host, store, **report) : console.fail(report.error().message);
+    });
+}
+
+int listReports(const ReportArguments& arguments, const Console& console)
+{
+    return withStore(console, arguments, [&](Host&, DefaultMethods& store) {
+        using Align = TextTable::Align;
+        TextTable table(
+            {Align::Left, Align::Left, Align::Left, Align::Left, Align::Left, Align::Left});
+        const ReportList list = store.loadListWithoutDisk(preferences::kSaveReport);
+        for (const auto& report : list) {
+            const std::size_t count = report->spyWareList->size();
+            table.addRow({report->reportId, localDateText(report->scanDate),
+                          forTerminal(report->reportType),
+                          count ? "found " + std::to_string(count) : "clean",
+                          report->reportDateDisplay, forTerminal(report->scanDuration)});
+        }
+        console.out << table.text();
+        if (list.empty())
+            console.say("no reports yet; pryvane-cli scan makes one");
+        return int{kDone};
+    });
+}
+
+int showReport(const ReportArguments& arguments, const Console& console)
+{
+    return withReport(
+        console, arguments, [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
+            console.out << "Report:   " << report.reportId << "\n"
+                        << "Date:     " << localDateText(report.scanDate) << " ("
+                        << report.reportDateDisplay << ")\n"
+                        << "Kind:     " << forTerminal(report.reportType) << "\n"
+                        << "Duration: " << forTerminal(report.scanDuration) << "\n\n"
+                        << verdictText(report, console) << "\n";
+            if (!report.spyWareList->empty())
+                console.out << "\n" << findingsText(*report.spyWareList);
+            console.out << "\n" << coverageText(report.coverage);
+            if (!report.spyWareList->empty() && report.volume != host.disk().identity()) {
+                console.say(
+                    "this report is of another volume, so what is still there is not known; "
+                    "name the volume with --volume DIR");
+            }
+            return int{kDone};
+        });
+}
+
+int exportReport(const ReportArguments& arguments, const Console& console)
+{
+    return withReport(console, arguments,
+                      [&](Host&, DefaultMethods&, const SpywareScanReport& report) {
+                          if (arguments.format == "csv")
+                              console.out << reportAsCsv(report);
+                          else if (arguments.format == "html")
+                              console.out << reportAsHtml(report);
+                          else
+                              console.out << reportAsJson(report);
+                          return int{kDone};
+                      });
+}
+
+int deleteReport(const ReportArguments& arguments, const Console& console)
+{
+    return withReport(
+        console, arguments, [&](Host&, DefaultMethods& store, const SpywareScanReport& report) {
+            if (!console.confirmed("Delete the report of " + localDateText(report.scanDate) + "?",
+                                   arguments.yes))
+                return int{kFailed};
+            const auto deleted = store.deleteReport(report.reportId);
+            if (!deleted)
+                return console.fail(deleted.error().message);
+            return int{kDone};
+        });
+}
+
+void printChanges(const Console& console, const char* sign, const SpywareList& list)
+{
+    for (const auto& record : list) {
+        console.out << sign << ' ' << forTerminal(record->infections) << "  "
+                    << forTerminal(record->url.relativePath()) << "\n";
+    }
+}
+
+int compareReports(const ReportArguments& arguments, const Console& console)
+{
+    return withStore(console, arguments, [&](Host&, DefaultMethods& store) {
+        const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
+        const auto older = findReport(list, arguments.id);
+        const auto newer = findReport(list, arguments.otherId);
+        if (!older)
+            return console.fail(older.error().message);
+        if (!newer)
+            return console.fail(newer.error().message);
+        const ReportChanges changes = compareReports(**older, **newer);
+        printChanges(console, "+", changes.added);
+        printChanges(console, "-", changes.gone);
+        console.out << changes.added.size() << " new, " << changes.gone.size() << " gone, "
+                    << changes.kept.size() << " in both\n";
+        return int{kDone};
+    });
+}
+
+CLI::App* addOne(CommandLine& line, CLI::App& parent, const std::string& name,
+                 const std::string& description,
+                 int (*work)(const ReportArguments&, const Console&), const Arguments& arguments)
+{
+    CLI::App* command =
+        line.addCommand(parent, name, description, [work, arguments](const Console& console) {
+            return work(*arguments, console);
+        });
+    addVolumeOptions(*command, arguments->volume);
+    return command;
+}
+
+void addId(CLI::App& command, std::string& target, const char* name = "ID")
+{
+    command.add_option(name, target, "A report's identity, or the beginning of it, or \"latest\"")
+        ->required();
+}
+
+} // namespace
+
+void addReportCommand(CommandLine& line, CLI::App& app)
+{
+    CLI::App* parent = app.add_subcommand("report", "Show, export, compare and delete reports");
+    parent->require_subcommand(1);
+    const auto arguments = std::make_shared<ReportArguments>();
+
+    addOne(line, *parent, "list", "All reports, newest first, each behind its identity",
+           listReports, arguments);
+    addId(*addOne(line, *parent, "show", "One report, with what is still there", showReport,
+                  arguments),
+          arguments->id);
+
+    CLI::App* exported = addOne(line, *parent, "export", "One report in a file format, on stdout",
+                                exportReport, arguments);
+    addId(*exported, arguments->id);
+    exported->add_option("--format", arguments->format, "json, csv or html")
+        ->check(CLI::IsMember({"json", "csv", "html"}))
+        ->type_name("FORMAT");
+
+    CLI::App* deleted =
+        addOne(line, *parent, "delete", "Delete one report", deleteReport, arguments);
+    addId(*deleted, arguments->id);
+    deleted->add_flag("--yes", arguments->yes, "Do not ask");
+
+    CLI::App* compared = addOne(line, *parent, "compare", "What changed between two reports",
+                                compareReports, arguments);
+    addId(*compared, arguments->id, "OLD");
+    addId(*compared, arguments->otherId, "NEW");
+}
+
+} // namespace pryvane::cli

@@ -1,0 +1,89 @@
+#include "cli/ReportText.h"
+
+#include "cli/TextTable.h"
+#include "core/Escape.h"
+
+#include <cstdio>
+
+namespace pryvane::cli {
+
+namespace {
+
+constexpr std::size_t kShownRefusals = 20;
+
+std::string secondsText(double seconds)
+{
+    std::string text(32, '\0');
+    const int length = std::snprintf(text.data(), text.size(), "%.3f s", seconds);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+std::string stateWord(const Spyware& record)
+{
+    if (record.isDeleted)
+        return "removed";
+    return record.isAvail ? "present" : "gone";
+}
+
+} // namespace
+
+std::string findingsText(const SpywareList& list)
+{
+    using Align = TextTable::Align;
+    if (list.empty())
+        return {};
+    TextTable table(
+        {Align::Right, Align::Left, Align::Left, Align::Left, Align::Right, Align::Left});
+    table.addRow({"#", "Threat", "Risk", "State", "Size", "Location"});
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const Spyware& record = *list[i];
+        table.addRow({std::to_string(i + 1), forTerminal(record.infections),
+                      forTerminal(record.risk), stateWord(record), sizeText(record.size),
+                      forTerminal(record.url.relativePath())});
+    }
+    return table.text("  ");
+}
+
+std::string coverageText(const ScanCoverage& coverage)
+{
+    std::string text = "Looked at: " + std::to_string(coverage.signaturesTested) + " signatures, " +
+                       std::to_string(coverage.foldersListed) + " folders listed with " +
+                       std::to_string(coverage.entriesSearched) + " entries";
+    if (coverage.entriesWalked > 0)
+        text += ", " + std::to_string(coverage.entriesWalked) + " entries walked";
+    text += ", in " + secondsText(coverage.seconds) + "\n";
+
+    std::size_t shown = 0;
+    for (const Refusal& refusal : coverage.refused) {
+        if (++shown > kShownRefusals) {
+            text +=
+                "  … and " + std::to_string(coverage.refused.size() - kShownRefusals) + " more\n";
+            break;
+        }
+        text += "  not readable: " + forTerminal(refusal.path) + " (" +
+                forTerminal(refusal.reason) + ")\n";
+    }
+    for (const std::string& path : coverage.heldBack)
+        text += "  matched, but applications are not listed: " + forTerminal(path) + "\n";
+    return text;
+}
+
+std::string verdictText(const SpywareScanReport& report, const Console& console)
+{
+    const std::size_t count = report.spyWareList->size();
+    const std::string line = verdictLine(count, report.coverage);
+    if (!console.color)
+        return line;
+    switch (verdictOf(count, report.coverage)) {
+    case Verdict::Clean:
+        return "\033[1;32m" + line + "\033[0m";
+    case Verdict::CleanWhereRead:
+        return "\033[1;33m" + line + "\033[0m";
+    case Verdict::Found:
+        break;
+    }
+    return "\033[1;31m" + line + "\033[0m";
+}
+
+} // namespace pryvane::cli

@@ -1,0 +1,46 @@
+#include "cli/CommandLine.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+#include <unistd.h>
+
+namespace {
+
+pryvane::StopFlag g_interrupted;
+
+extern "C" void onInterrupt(int)
+{
+    g_interrupted.request();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    struct sigaction action {};
+    action.sa_handler = onInterrupt;
+    action.sa_flags = static_cast<int>(SA_RESETHAND); // a second Ctrl+C ends the process at once
+    sigaction(SIGINT, &action, nullptr);
+
+    const char* noColor = std::getenv("NO_COLOR");
+    const bool outIsTerminal = isatty(STDOUT_FILENO) != 0;
+    const pryvane::cli::Console console{
+        .in = std::cin,
+        .out = std::cout,
+        .err = std::cerr,
+        .inIsTerminal = isatty(STDIN_FILENO) != 0,
+        .outIsTerminal = outIsTerminal,
+        .errIsTerminal = isatty(STDERR_FILENO) != 0,
+        .color = outIsTerminal && !(noColor && *noColor),
+        .interrupted = g_interrupted,
+    };
+    std::ios::sync_with_stdio(false);
+    pryvane::cli::CommandLine line;
+    const int code = line.run({argv + 1, argv + argc}, console);
+    if (!std::cout.flush()) {
+        std::cerr << "pryvane-cli: the output could not be written; is the disk full?\n";
+        return pryvane::cli::kFailed;
+    }
+    return code;
+}

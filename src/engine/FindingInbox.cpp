@@ -1,0 +1,147 @@
+#include "engine/FindingInbox.h"
+
+#include "core/Escape.h"
+#include "core/NotificationCenter.h"
+#include "engine/records/ScanState.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/MainQueue.h"
+#include "platform/UserNotifier.h"
+#include "signatures/MakersApplications.h"
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds kSlice{8};
+constexpr std::size_t kTakenAtOnce = 256;
+
+// A flood of findings must not become a flood of pop-ups.
+constexpr std::size_t kNotifiedFindings = 20;
+
+} // namespace
+
+FindingInbox::FindingInbox(const PlatformServices& services, ScanState& state,
+                           std::function<void()> listChanged)
+    : m_services(services), m_state(state), m_listChanged(std::move(listChanged))
+{
+}
+
+void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
+                              std::string_view risk, std::int64_t size)
+{
+    auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
+    if (record->isAvail)
+        push({std::move(record), {}, Admission::Tested});
+}
+
+void FindingInbox::append(const FileURL& url, std::string_view name, std::string_view type,
+                          std::string_view risk, std::int64_t size)
+{
+    push({Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk),
+          {},
+          Admission::AsItIs});
+}
+
+void FindingInbox::whenEmpty(std::function<void()> done)
+{
+    push({nullptr, std::move(done), Admission::Tested});
+}
+
+void FindingInbox::clear()
+{
+    const std::lock_guard lock(m_mutex);
+    m_pending.clear();
+    m_heldBack.clear();
+    m_heldBackLocations.clear();
+}
+
+void FindingInbox::push(Pending pending)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_pending.push_back(std::move(pending));
+        if (std::exchange(m_scheduled, true))
+            return;
+    }
+    schedule();
+}
+
+void FindingInbox::schedule()
+{
+    m_services.mainQueue.post([this, alive = std::weak_ptr(m_alive)] {
+        if (!alive.expired())
+            drainSlice();
+    });
+}
+
+bool FindingInbox::take(std::deque<Pending>& slice)
+{
+    const std::lock_guard lock(m_mutex);
+    while (!m_pending.empty() && slice.size() < kTakenAtOnce) {
+        slice.push_back(std::move(m_pending.front()));
+        m_pending.pop_front();
+    }
+    if (slice.empty())
+        m_scheduled = false;
+    return !slice.empty();
+}
+
+void FindingInbox::drainSlice()
+{
+    const auto end = m_services.clock.steadyNow() + kSlice;
+    const auto before = m_state.arrSpywareList.records().size();
+    const std::weak_ptr alive(m_alive);
+    std::deque<Pending> slice;
+    bool more = true;
+    while (more && m_services.clock.steadyNow() < end) {
+        slice.clear();
+        more = take(slice);
+        for (const Pending& pending : slice) {
+            if (pending.record)
+                admit(pending);
+            else
+                pending.done();
+            if (alive.expired()) // what was told may have ended the session
+                return;
+        }
+    }
+    if (m_state.arrSpywareList.records().size() != before)
+        m_listChanged();
+    if (more)
+        schedule();
+}
+
+void FindingInbox::admit(const Pending& pending)
+{
+    const std::shared_ptr<Spyware>& record = pending.record;
+    if (pending.admission == Admission::AsItIs) {
+        m_state.arrSpywareList.append(record);
+        return;
+    }
+    if (m_state.arrSpywareList.contains(record->url))
+        return;
+    const auto times = timesListed(record->url, m_state.arrDefaultTorvellApp, m_services.workspace);
+    for (std::size_t i = 0; i < times; ++i)
+        list(record);
+    if (times == 0)
+        holdBack(record->url);
+    m_services.notifications.post(NotificationName::UpdateThreat);
+}
+
+void FindingInbox::holdBack(const FileURL& url)
+{
+    if (m_heldBackLocations.emplace(url.identity()).second)
+        m_heldBack.push_back(url.relativePath());
+}
+
+void FindingInbox::list(const std::shared_ptr<Spyware>& record)
+{
+    m_state.arrSpywareList.append(record);
+    if (m_state.arrSpywareList.records().size() <= kNotifiedFindings) {
+        m_services.userNotifier.deliver("Pryvane",
+                                        "Spyware Found: " + forNotification(record->name));
+    }
+}
+
+} // namespace pryvane

@@ -1,0 +1,279 @@
+#include "engine/ScanViewController.h"
+
+#include "core/Escape.h"
+#include "engine/CheckSequence.h"
+#include "engine/DiskAccess.h"
+#include "engine/RootChoice.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "platform/MainQueue.h"
+#include "platform/UserDefaults.h"
+#include "reports/DefaultMethods.h"
+#include "signatures/Catalogue.h"
+#include "signatures/CheckRunner.h"
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds kSecondHalfOfStep{50};
+
+/// A scan that looks at no home must say so, and name the homes there are.
+void noteHomes(FileSystem& disk, const std::string& homePath, ScanCoverage& coverage)
+{
+    if (disk.presence(FileURL::fileURLWithPath(homePath + "/")) != Presence::Absent)
+        return;
+    coverage.missingHome = homePath;
+    for (const FolderEntry& entry : disk.list(FileURL::fileURLWithPath("/Users")).entries) {
+        const bool isHome = entry.kind == FileKind::Folder && entry.name != "Shared" &&
+                            !entry.name.starts_with('.');
+        if (isHome)
+            coverage.homes.push_back(entry.name);
+    }
+}
+
+} // namespace
+
+ScanViewController::ScanViewController(const PlatformServices& services, ScanState& state,
+                                       DiskAccess& access, DefaultMethods& store,
+                                       ScanOptions options, QObject* parent)
+    : QObject(parent), m_services(services), m_state(state), m_access(access), m_store(store),
+      m_options(std::move(options)), m_launchDate(services.clock.now()),
+      m_inbox(services, state, [this] { Q_EMIT stateChanged(); })
+{
+    m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
+    m_observations.push_back(m_services.notifications.observe(
+        NotificationName::UpdateThreat, [this](const Notification&) { updateThreatBox(); }));
+    makeAccessibleUIChanges();
+}
+
+ScanViewController::~ScanViewController()
+{
+    m_state.isScanStop.request();
+    m_checkThread.join();
+    if (m_isScanning)
+        m_state.isScanStop.clear();
+}
+
+void ScanViewController::SpywareScanStart()
+{
+    showStart();
+    if (m_isScanning) {
+        Q_EMIT stateChanged();
+        return;
+    }
+    m_services.defaults.set(preferences::kScan, true);
+    m_services.notifications.post(NotificationName::ScanStatusChange, true);
+    m_services.defaults.set(preferences::kLastScanDate, m_services.clock.now());
+    m_startedAt = m_services.clock.steadyNow();
+    m_display.scanBox = true;
+    m_display.reportBox = false;
+    m_isScanning = true;
+    m_state.isScanStop.clear();
+    makeAccessibleUIChanges();
+    m_state.arrSpywareList.clear();
+    m_inbox.clear();
+    m_arrSpyWarePath.clear();
+    m_arrThreats.clear();
+    m_display.findings = 0;
+    m_display.progressBar = 0;
+    Q_EMIT stateChanged();
+    postToMain([this] { scanInBGThread(); });
+}
+
+void ScanViewController::showStart()
+{
+    const bool deep = m_state.isDeepScan;
+    m_display.headerCollapsed = true;
+    m_display.scanTypeLabel = deep ? "Calculating Files:" : "Scanning Entry:";
+    m_display.activityIndicator = true;
+    m_display.stopButton = deep;
+}
+
+/// Settles the root and starts the work. It may ask the user, so it runs on the main thread; the
+/// work itself does not.
+void ScanViewController::scanInBGThread()
+{
+    m_state.arrSpywareList.clear();
+    m_state.isScanning = true;
+    m_root = RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
+    startChecks();
+}
+
+void ScanViewController::startChecks()
+{
+    m_services.disk.forgetListings();
+    m_checkThread.start([this] {
+        ScanCoverage coverage;
+        CheckRunner checks(m_services.disk, m_services.defaults, m_options.user, m_inbox, coverage);
+        CheckSequence sequence(checks, m_services.clock, m_state.isScanStop,
+                               [this](std::string_view label, int step) {
+                                   postToMain([this, text = std::string(label), step] {
+                                       ScanningProgressChange(text, step);
+                                   });
+                               });
+        const auto outcome = sequence.scan4SpywareStart();
+        noteHomes(m_services.disk, m_options.homePath(), coverage);
+        const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
+                                                                        : Ending::WithoutReport;
+        m_inbox.whenEmpty(
+            [this, ending, coverage = std::move(coverage)] { sequenceEnded(ending, coverage); });
+    });
+}
+
+void ScanViewController::sequenceEnded(Ending ending, ScanCoverage coverage)
+{
+    m_checkThread.join();
+    finishCoverage(std::move(coverage));
+    if (ending == Ending::WithReport)
+        doneScan();
+    else
+        backToIdle();
+    Q_EMIT scanEnded();
+}
+
+void ScanViewController::finishCoverage(ScanCoverage coverage)
+{
+    m_coverage = std::move(coverage);
+    m_coverage.heldBack = m_inbox.heldBack();
+    m_coverage.seconds =
+        std::chrono::duration<double>(m_services.clock.steadyNow() - m_startedAt).count();
+}
+
+void ScanViewController::doneScan()
+{
+    m_services.log.line("Done Scanning");
+    m_reportType = m_state.isDeepScan               ? "Deep Scan"
+                   : m_state.isRealTimeProtectionON ? "Real Time Scan"
+                                                    : "Quick Scan";
+    m_isScanning = false;
+    m_threatFound = !m_state.arrSpywareList.records().empty();
+    m_arrThreats = m_state.arrSpywareList.records();
+    makeAccessibleUIChanges();
+
+    const Date now = m_services.clock.now();
+    m_report = SpywareScanReport::ScanReportWithSpywareList(m_state.arrSpywareList.shared(), now,
+                                                            durationText(now), m_reportType, now);
+    m_report->volume = m_services.disk.identity();
+    m_report->coverage = m_coverage;
+    m_tempReport = m_report;
+
+    m_state.isScanStop.clear();
+    m_state.totalCount = 0;
+    m_state.totalScanCount = 0;
+    m_display.progressText = "0%";
+
+    const auto stored = m_store.updateReportInDefaults(m_report);
+    m_storeError = stored ? std::string() : stored.error().message;
+
+    endSession();
+    m_services.notifications.post(NotificationName::ScanningChange, std::int64_t{0});
+    m_services.defaults.set(preferences::kLastScanDate, now);
+    for (const auto& record : m_state.arrSpywareList.records())
+        m_arrSpyWarePath.push_back(record->url.relativePath());
+    makeAccessibleUIChanges();
+    Q_EMIT stateChanged();
+}
+
+/// The end of a scan that leaves no report behind.
+void ScanViewController::backToIdle()
+{
+    m_isScanning = false;
+    m_state.isScanStop.clear();
+    m_display.progressText = "0%";
+    m_display.progressBar = 0;
+    endSession();
+    makeAccessibleUIChanges();
+    Q_EMIT stateChanged();
+}
+
+void ScanViewController::endSession()
+{
+    m_state.isScanning = false;
+    m_display.activityIndicator = false;
+    m_display.stopButton = false;
+    m_display.scanBox = false;
+    m_services.defaults.set(preferences::kScan, false);
+    m_services.notifications.post(NotificationName::ScanStatusChange, false);
+}
+
+std::string ScanViewController::durationText(Date now) const
+{
+    if (m_state.isScanStop.requested())
+        return "Stopped";
+    const Date started = m_services.defaults.get(preferences::kLastScanDate);
+    return stringFromTimeInterval(std::chrono::duration<double>(now - started).count());
+}
+
+void ScanViewController::stopScan()
+{
+    m_display.progressText = "0%";
+    m_display.progressBar = 0;
+    m_display.indeterminate = false;
+    Q_EMIT stateChanged();
+    m_services.notifications.post(NotificationName::StopScan);
+}
+
+void ScanViewController::ScanningProgressChange(const std::string& label, int step)
+{
+    if (m_state.isDeepScan || !m_isScanning)
+        return;
+    showProgress(step);
+    m_display.activityIndicator = false;
+    m_display.location = forScreen(label);
+    m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
+    Q_EMIT stateChanged();
+    postToMainAfter(kSecondHalfOfStep, [this, step] {
+        if (!m_isScanning)
+            return;
+        showProgress(step + 1);
+        Q_EMIT stateChanged();
+    });
+}
+
+void ScanViewController::showProgress(int percent)
+{
+    m_display.progressText = std::to_string(percent) + "%";
+    m_display.progressBar = percent;
+}
+
+void ScanViewController::updateThreatBox()
+{
+    m_display.findings = m_state.arrSpywareList.records().size();
+}
+
+void ScanViewController::makeAccessibleUIChanges()
+{
+    UserDefaults& defaults = m_services.defaults;
+    if (!defaults.contains(preferences::kCheckSubDir))
+        defaults.set(preferences::kCheckSubDir, "y");
+    StatusFacts facts;
+    facts.homeWritable = m_access.isWritable(m_options.homeRoot());
+    facts.scanRunning = m_isScanning;
+    facts.threatFound = m_threatFound;
+    if (defaults.contains(preferences::kLastScanDate))
+        facts.lastScan = defaults.get(preferences::kLastScanDate);
+    facts.launch = m_launchDate;
+    facts.now = m_services.clock.now();
+    m_statusPanel = makeStatusPanel(facts);
+    if (!m_statusPanel.logLine.empty())
+        m_services.log.line(m_statusPanel.logLine);
+}
+
+void ScanViewController::postToMain(std::function<void()> work)
+{
+    postToMainAfter(std::chrono::milliseconds(0), std::move(work));
+}
+
+/// Work that is dropped when this object is gone by then. Callable from any thread.
+void ScanViewController::postToMainAfter(std::chrono::milliseconds delay,
+                                         std::function<void()> work)
+{
+    m_services.mainQueue.postAfter(delay, [alive = std::weak_ptr(m_alive), work = std::move(work)] {
+        if (!alive.expired())
+            work();
+    });
+}
+
+} // namespace pryvane

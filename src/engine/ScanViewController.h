@@ -1,0 +1,116 @@
+#pragma once
+
+#include "core/NotificationCenter.h"
+#include "engine/FindingInbox.h"
+#include "engine/ScanDisplay.h"
+#include "engine/ScanOptions.h"
+#include "engine/StatusPanel.h"
+#include "engine/Worker.h"
+#include "engine/records/ScanCoverage.h"
+#include "engine/records/ScanState.h"
+#include "platform/PlatformServices.h"
+#include "reports/SpywareScanReport.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pryvane {
+
+class DefaultMethods;
+class DiskAccess;
+
+/// The scan screen without its widgets: drives a scan from its start to its stored report, and says
+/// what to show meanwhile. Main thread only; its background threads end with it.
+class ScanViewController final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(ScanViewController)
+
+public:
+    ScanViewController(const PlatformServices& services, ScanState& state, DiskAccess& access,
+                       DefaultMethods& store, ScanOptions options, QObject* parent = nullptr);
+    ~ScanViewController() override;
+
+    /// Starts a scan; does nothing while one runs.
+    void SpywareScanStart();
+    void scanningStartAction() { SpywareScanStart(); }
+
+    /// Asks the running scan to stop. The scan ends soon after, told by scanEnded().
+    void stopScan();
+
+    /// Brings the protection status up to date.
+    void makeAccessibleUIChanges();
+
+    [[nodiscard]] bool isScanning() const { return m_isScanning; }
+    [[nodiscard]] const ScanDisplay& display() const { return m_display; }
+    [[nodiscard]] const StatusPanel& statusPanel() const { return m_statusPanel; }
+    [[nodiscard]] bool threatFound() const { return m_threatFound; }
+    [[nodiscard]] const SpywareList& arrThreats() const { return m_arrThreats; }
+    [[nodiscard]] const std::vector<std::string>& arrSpyWarePath() const
+    {
+        return m_arrSpyWarePath;
+    }
+    [[nodiscard]] const std::string& reportType() const { return m_reportType; }
+
+    /// The report of the last scan that made one; kept here even where storing it failed.
+    [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
+
+    /// Why the last report could not be stored; empty when it was.
+    [[nodiscard]] const std::string& storeError() const { return m_storeError; }
+    [[nodiscard]] const ScanCoverage& coverage() const { return m_coverage; }
+
+Q_SIGNALS:
+    /// Something that display(), statusPanel() or the lists show has changed.
+    void stateChanged();
+    /// A scan has ended, with a report or, when it was stopped, without.
+    void scanEnded();
+
+private:
+    enum class Ending : std::uint8_t { WithReport, WithoutReport };
+
+    void showStart();
+    void scanInBGThread();
+    void startChecks();
+    void sequenceEnded(Ending ending, ScanCoverage coverage);
+    void doneScan();
+    void backToIdle();
+    void endSession();
+    void showProgress(int percent);
+    void ScanningProgressChange(const std::string& label, int step);
+    void updateThreatBox();
+    void finishCoverage(ScanCoverage coverage);
+    [[nodiscard]] std::string durationText(Date now) const;
+    void postToMain(std::function<void()> work);
+    void postToMainAfter(std::chrono::milliseconds delay, std::function<void()> work);
+
+    PlatformServices m_services;
+    ScanState& m_state;
+    DiskAccess& m_access;
+    DefaultMethods& m_store;
+    const ScanOptions m_options;
+    const Date m_launchDate;
+
+    bool m_isScanning = false;
+    bool m_threatFound = false;
+    std::string m_reportType;
+    SpywareList m_arrThreats;
+    std::vector<std::string> m_arrSpyWarePath;
+    std::shared_ptr<SpywareScanReport> m_report;
+    std::shared_ptr<SpywareScanReport> m_tempReport;
+    std::string m_storeError;
+    ScanDisplay m_display;
+    StatusPanel m_statusPanel;
+    ScanCoverage m_coverage;
+    std::chrono::nanoseconds m_startedAt{0};
+    std::optional<FileURL> m_root; ///< what a deep scan walks; none when making the grant failed
+
+    std::vector<NotificationCenter::Observation> m_observations;
+    std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
+    FindingInbox m_inbox;
+    Worker m_checkThread; // last: it ends before anything it uses
+};
+
+} // namespace pryvane

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace pryvane {
+
+/// Where this user's store and journal live, as a host path: PRYVANE_DATA_DIR, or else the place
+/// that the host's customs give. Not created by asking.
+[[nodiscard]] std::string defaultDataFolder();
+
+} // namespace pryvane

@@ -1,0 +1,118 @@
+#include "core/Texts.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+namespace pryvane {
+namespace {
+
+TEST(Texts, DurationKeepsThePluralOfTheSeconds)
+{
+    struct Row {
+        double seconds;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0, "less then 1 second"},
+        {0.9, "less then 1 second"},
+        {-5, "less then 1 second"},
+        {1, " 1 second"},
+        {2, " 2 seconds"},
+        {61, " 1 minute  1 second"},
+        {120, " 2 minutes  0 seconds"},
+        {3600, " 1 hours  0 seconds"},
+        {3725, " 1 hours  2 minutes  5 seconds"},
+        {3661, " 1 hour  1 minute  1 second"},
+        {360000, "100 hours  0 seconds"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(stringFromTimeInterval(row.seconds), row.text) << row.seconds;
+}
+
+class RelativeDate : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        setenv("TZ", "Europe/Vienna", 1);
+        tzset();
+    }
+    void TearDown() override
+    {
+        unsetenv("TZ");
+        tzset();
+    }
+
+    static Date local(int year, int month, int day, int hour = 12, int minute = 0, int second = 0)
+    {
+        std::tm parts{};
+        parts.tm_year = year - 1900;
+        parts.tm_mon = month - 1;
+        parts.tm_mday = day;
+        parts.tm_hour = hour;
+        parts.tm_min = minute;
+        parts.tm_sec = second;
+        parts.tm_isdst = -1;
+        return Date(std::chrono::seconds(std::mktime(&parts)));
+    }
+};
+
+TEST_F(RelativeDate, UsesTheFirstWholeCalendarUnit)
+{
+    const Date now = local(2026, 11, 21);
+    struct Row {
+        Date date;
+        const char* text;
+    };
+    const Row rows[] = {
+        {now, "Not scan yet"},
+        {now + std::chrono::hours(5), "Not scan yet"},
+        {now - std::chrono::milliseconds(500), "In few seconds"},
+        {now - std::chrono::seconds(1), "1 second ago"},
+        {now - std::chrono::seconds(59), "59 seconds ago"},
+        {now - std::chrono::hours(1), "1 hour ago"},
+        {now - std::chrono::hours(23), "23 hours ago"},
+        {local(2026, 11, 20, 12, 0, 1), "23 hours ago"},
+        {local(2026, 11, 20), "Yesterday"},
+        {local(2026, 11, 19, 12, 0, 1), "Yesterday"},
+        {local(2026, 11, 19), "2 days ago"},
+        {local(2026, 11, 13), "1 week ago"},
+        {local(2026, 11, 7), "2 weeks ago"},
+        {local(2026, 10, 21), "1 month ago"},
+        {local(2026, 10, 21, 12, 0, 1), "4 weeks ago"},
+        {local(2025, 11, 21, 12, 0, 1), "11 months ago"},
+        {local(2025, 11, 21), "1 year ago"},
+        {local(1999, 1, 1), "27 years ago"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(relativeDateStringForDate(row.date, now), row.text);
+}
+
+TEST_F(RelativeDate, FollowsTheCalendarOverShortMonthsAndClockChanges)
+{
+    EXPECT_EQ(relativeDateStringForDate(local(2026, 1, 31), local(2026, 2, 28)), "1 month ago");
+    EXPECT_EQ(relativeDateStringForDate(local(2024, 2, 29), local(2025, 2, 28)), "1 year ago");
+    // The night in which clocks go forward is 23 hours long and still a day.
+    EXPECT_EQ(relativeDateStringForDate(local(2026, 3, 28, 12), local(2026, 3, 29, 12)),
+              "Yesterday");
+    EXPECT_EQ(relativeDateStringForDate(local(2026, 10, 24, 12), local(2026, 10, 25, 11, 30)),
+              "24 hours ago");
+}
+
+TEST(Texts, SizesAndDates)
+{
+    EXPECT_EQ(sizeText(0), "0 byte");
+    EXPECT_EQ(sizeText(1), "1 byte");
+    EXPECT_EQ(sizeText(999), "999 bytes");
+    EXPECT_EQ(sizeText(1000), "1.0 KB");
+    EXPECT_EQ(sizeText(999'950), "1.0 MB");
+    EXPECT_EQ(sizeText(123'456'789), "123 MB");
+    EXPECT_EQ(iso8601(Date(std::chrono::milliseconds(1'700'000'000'007))),
+              "2023-11-14T22:13:20.007Z");
+    EXPECT_EQ(iso8601(Date(std::chrono::milliseconds(-1))), "1969-12-31T23:59:59.999Z");
+}
+
+} // namespace
+} // namespace pryvane
