@@ -19,8 +19,14 @@ std::chrono::nanoseconds FakeClock::steadyNow() const
 void FakeClock::pause(Interval interval, const StopFlag&)
 {
     advance(interval);
-    const std::lock_guard lock(m_mutex);
-    m_pauses.push_back(interval);
+    std::size_t number = 0;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_pauses.push_back(interval);
+        number = m_pauses.size();
+    }
+    if (onPause)
+        onPause(number);
 }
 
 void FakeClock::advance(Interval interval)

@@ -9,6 +9,7 @@
 #include "platform/Workspace.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -27,6 +28,9 @@ public:
     void advance(Interval interval);
     void setNow(Date date);
     [[nodiscard]] std::vector<Interval> pauses() const;
+
+    /// Called on the pausing thread with the number of the pause, from 1. Set before any pause.
+    std::function<void(std::size_t number)> onPause;
 
 private:
     mutable std::mutex m_mutex;

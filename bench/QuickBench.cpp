@@ -1,0 +1,139 @@
+// An unpaced quick scan against the bare cost of its system calls, and its growth with the entries.
+#include "Medians.h"
+#include "QuickFloor.h"
+#include "engine/CheckSequence.h"
+#include "engine/records/ScanCoverage.h"
+#include "platform/posix/MemoryUserDefaults.h"
+#include "platform/posix/SystemClock.h"
+#include "platform/posix/VolumeFileSystem.h"
+#include "signatures/Catalogue.h"
+#include "signatures/CheckRunner.h"
+#include "signatures/FindingSink.h"
+#include "support/TemporaryFolder.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+using namespace pryvane;
+
+constexpr const char* kUser = "alice";
+
+class CountingSink final : public FindingSink {
+public:
+    long findings = 0;
+    void addIfAvail(const FileURL&, std::string_view, std::string_view, std::string_view,
+                    std::int64_t) override
+    {
+        ++findings;
+    }
+    void append(const FileURL&, std::string_view, std::string_view, std::string_view,
+                std::int64_t) override
+    {
+        ++findings;
+    }
+};
+
+/// A disk with so many entries in its default locations; every hundredth is a finding if wanted.
+void fill(const test::TemporaryFolder& volume, int entries, bool findings)
+{
+    const auto folders = catalogue::defaultFolders();
+    for (int i = 0; i < entries; ++i) {
+        const std::string folder =
+            catalogue::filled(folders[static_cast<std::size_t>(i) % folders.size()], {kUser});
+        const bool hit = findings && i % 100 == 0;
+        volume.file(folder + (hit ? "/com.refog.agent" : "/com.example.product.helper") +
+                        std::to_string(i) + ".plist",
+                    "");
+    }
+    for (const char* folder :
+         {"/usr/bin", "/usr/lib", "/usr/local", "/Applications", "/private/tmp",
+          "/System/Library/Extensions", "/Library/Internet Plug-Ins"})
+        volume.folder(folder);
+    volume.link("/tmp", "private/tmp");
+}
+
+/// The locations that the floor asks for: one for each existence test of the scan.
+class RecordingDisk final : public FileSystem {
+public:
+    explicit RecordingDisk(FileSystem& disk) : m_disk(disk) {}
+    std::vector<std::string> asked;
+    Presence presence(const FileURL& url) override
+    {
+        asked.push_back(url.relativePath());
+        return m_disk.presence(url);
+    }
+    FileKind kind(const FileURL& url) override { return m_disk.kind(url); }
+    FolderListing list(const FileURL& folder) override { return m_disk.list(folder); }
+    std::int64_t allocatedSize(const FileURL& url) override { return m_disk.allocatedSize(url); }
+    bool writable(const FileURL& url) override { return m_disk.writable(url); }
+    Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
+    {
+        return m_disk.readSmallFile(url, limit);
+    }
+    std::string identity() const override { return m_disk.identity(); }
+    void forgetListings() override { m_disk.forgetListings(); }
+
+private:
+    FileSystem& m_disk;
+};
+
+long scan(FileSystem& disk)
+{
+    MemoryUserDefaults defaults;
+    CountingSink sink;
+    ScanCoverage coverage;
+    UnpacedClock clock;
+    const StopFlag stop;
+    CheckRunner checks(disk, defaults, kUser, sink, coverage);
+    CheckSequence sequence(checks, clock, stop, [](std::string_view, int) {});
+    static_cast<void>(sequence.scan4SpywareStart());
+    return sink.findings;
+}
+
+/// Milliseconds of the scan and of its floor on a disk with so many entries.
+std::pair<double, double> measure(int entries, bool findings, int rounds)
+{
+    const test::TemporaryFolder volume;
+    fill(volume, entries, findings);
+    auto disk = VolumeFileSystem::open(volume.path(), {});
+    if (!disk) {
+        std::cerr << disk.error().message << "\n";
+        std::exit(2);
+    }
+    RecordingDisk recording(**disk);
+    scan(recording);
+    std::vector<std::string> folders;
+    for (const std::string_view folder : catalogue::defaultFolders())
+        folders.push_back(catalogue::filled(folder, {kUser}));
+
+    long used = 0;
+    std::vector<bench::Contender> contenders{
+        {"scan", [&] { used += scan(**disk); }},
+        {"floor", [&] { used += bench::quickScanFloor(volume.path(), folders, recording.asked); }}};
+    bench::race(contenders, rounds);
+    std::printf("%7d entries%s: scan %.3f ms, floor %.3f ms (%zu existence tests)\n", entries,
+                findings ? ", 1 in 100 a finding" : "", contenders[0].median(),
+                contenders[1].median(), recording.asked.size());
+    return {contenders[0].median(), contenders[1].median()};
+}
+
+} // namespace
+
+int main()
+{
+    const auto [small, smallFloor] = measure(2'000, false, 101);
+    const auto [large, largeFloor] = measure(200'000, false, 7);
+    const auto [smallFound, smallFoundFloor] = measure(2'000, true, 31);
+    const auto [largeFound, largeFoundFloor] = measure(200'000, true, 7);
+    bool met = bench::row("quick scan, 2,000 entries / its system calls", small / smallFloor, 2.5);
+    met &= bench::row("time per entry, 200,000 / 2,000 entries", large / small / 100, 1.1);
+    met &= bench::row("the same with findings", largeFound / smallFound / 100, 1.1);
+    std::printf("%-64s %8.2f\n", "quick scan, 200,000 entries / its system calls",
+                large / largeFloor);
+    std::printf("%-64s %8.2f\n", "quick scan with findings, 200,000 / its system calls",
+                largeFound / largeFoundFloor);
+    static_cast<void>(smallFoundFloor);
+    return met ? 0 : 1;
+}
