@@ -67,26 +67,31 @@ int listReports(const ReportArguments& arguments, const Console& console)
     });
 }
 
+void writeReport(const Console& console, const SpywareScanReport& report, DiskState state)
+{
+    console.out << "Report:   " << report.reportId << "\n"
+                << "Date:     " << localDateText(report.scanDate) << " ("
+                << report.reportDateDisplay << ")\n"
+                << "Kind:     " << forTerminal(report.reportType) << "\n"
+                << "Duration: " << forTerminal(report.scanDuration) << "\n\n"
+                << verdictText(report, console) << "\n";
+    if (!report.spyWareList->empty())
+        console.out << "\n" << findingsText(*report.spyWareList, state);
+    console.out << "\n" << coverageText(report.coverage);
+}
+
 int showReport(const ReportArguments& arguments, const Console& console)
 {
-    return withReport(
-        console, arguments, [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
-            console.out << "Report:   " << report.reportId << "\n"
-                        << "Date:     " << localDateText(report.scanDate) << " ("
-                        << report.reportDateDisplay << ")\n"
-                        << "Kind:     " << forTerminal(report.reportType) << "\n"
-                        << "Duration: " << forTerminal(report.scanDuration) << "\n\n"
-                        << verdictText(report, console) << "\n";
-            if (!report.spyWareList->empty())
-                console.out << "\n" << findingsText(*report.spyWareList);
-            console.out << "\n" << coverageText(report.coverage);
-            if (!report.spyWareList->empty() && report.volume != host.disk().identity()) {
-                console.say(
-                    "this report is of another volume, so what is still there is not known; "
-                    "name the volume with --volume DIR");
-            }
-            return int{kDone};
-        });
+    const auto show = [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
+        const bool sameVolume = report.volume == host.disk().identity();
+        writeReport(console, report, sameVolume ? DiskState::Asked : DiskState::NotAsked);
+        if (!report.spyWareList->empty() && !sameVolume) {
+            console.say("this report is of another volume, so what is still there is not known; "
+                        "name the volume with --volume DIR");
+        }
+        return int{kDone};
+    };
+    return withReport(console, arguments, show);
 }
 
 int exportReport(const ReportArguments& arguments, const Console& console)

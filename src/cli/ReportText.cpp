@@ -19,16 +19,18 @@ std::string secondsText(double seconds)
     return text;
 }
 
-std::string stateWord(const Spyware& record)
+std::string stateWord(const Spyware& record, DiskState state)
 {
     if (record.isDeleted)
         return "removed";
+    if (state == DiskState::NotAsked)
+        return "unknown";
     return record.isAvail ? "present" : "gone";
 }
 
 } // namespace
 
-std::string findingsText(const SpywareList& list)
+std::string findingsText(const SpywareList& list, DiskState state)
 {
     using Align = TextTable::Align;
     if (list.empty())
@@ -39,7 +41,7 @@ std::string findingsText(const SpywareList& list)
     for (std::size_t i = 0; i < list.size(); ++i) {
         const Spyware& record = *list[i];
         table.addRow({std::to_string(i + 1), forTerminal(record.infections),
-                      forTerminal(record.risk), stateWord(record), sizeText(record.size),
+                      forTerminal(record.risk), stateWord(record, state), sizeText(record.size),
                       forTerminal(record.url.relativePath())});
     }
     return table.text("  ");

@@ -7,8 +7,11 @@
 
 namespace pryvane::cli {
 
+/// Whether what the records say of the disk was asked of the report's own volume.
+enum class DiskState : std::uint8_t { Asked, NotAsked };
+
 /// The findings of a report as a numbered table, in the report's order; empty without any.
-[[nodiscard]] std::string findingsText(const SpywareList& list);
+[[nodiscard]] std::string findingsText(const SpywareList& list, DiskState state);
 
 /// What a scan looked at and what it could not, a few lines.
 [[nodiscard]] std::string coverageText(const ScanCoverage& coverage);

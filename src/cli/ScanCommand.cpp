@@ -82,7 +82,7 @@ void writeText(const Console& console, const SpywareScanReport& report, bool sto
 {
     console.out << verdictText(report, console) << "\n";
     if (!report.spyWareList->empty())
-        console.out << "\n" << findingsText(*report.spyWareList);
+        console.out << "\n" << findingsText(*report.spyWareList, DiskState::Asked);
     console.out << "\n" << coverageText(report.coverage);
     if (stored)
         console.out << "Report: " << report.reportId << "  (pryvane-cli report show latest)\n";

@@ -1,0 +1,196 @@
+#include "cli/CliFixture.h"
+#include "core/Escape.h"
+#include "engine/records/ScanCoverage.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+namespace pryvane {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::Not;
+
+using ScanCommandTest = test::CliFixture;
+
+TEST_F(ScanCommandTest, JsonHasItsShapeAndTheExitCodeTells)
+{
+    volume.file("/Library/LaunchAgents/com.refog.agent.plist", std::string(5000, 'x'));
+    volume.folder("/Users/alice/Library/.A_o_b_o");
+    volume.folder("/Applications/Codec-M.app");
+    const Outcome found = scan({"--format", "json"});
+    EXPECT_EQ(found.code, 1) << found.err;
+    const json parsed = json::parse(found.out);
+    const json& report = parsed.at("report");
+    EXPECT_EQ(report.at("reportType"), "Quick Scan");
+    EXPECT_EQ(report.at("spyWareCount"), 2);
+    EXPECT_EQ(report.at("isRed"), true);
+    EXPECT_FALSE(report.at("reportId").get<std::string>().empty());
+    EXPECT_THAT(report.at("scanDate").get<std::string>(), testing::MatchesRegex("....-..-..T.*Z"));
+    const json& list = report.at("spyWareList");
+    ASSERT_EQ(list.size(), 2U);
+    for (const json& record : list) {
+        for (const char* key : {"name", "infections", "size", "path", "url", "risk", "isAvail",
+                                "isChecked", "isDeleted", "isNoAction"})
+            EXPECT_TRUE(record.contains(key)) << key;
+    }
+    EXPECT_EQ(list[0].at("path"), "/Users/alice/Library/.A_o_b_o/");
+    EXPECT_EQ(list[0].at("infections"), "Aobo Keylogger Pro");
+    EXPECT_EQ(list[1].at("size"), 8192);
+    EXPECT_EQ(parsed.at("coverage").at("heldBack").size(), 1U);
+
+    const Outcome again = run({"report", "export", "latest", "--volume", volume.path()});
+    EXPECT_EQ(json::parse(again.out).at("report").at("reportId"), report.at("reportId"));
+}
+
+TEST_F(ScanCommandTest, ACleanVolumeIsCleanAndAMissingHomeSaysSo)
+{
+    const Outcome clean = scan();
+    EXPECT_EQ(clean.code, 0) << clean.err;
+    EXPECT_THAT(clean.out, HasSubstr("Clean: nothing found."));
+
+    volume.folder("/Users/bob");
+    const Outcome nobody = run({"scan", "--volume", volume.path(), "--user", "carol"});
+    EXPECT_EQ(nobody.code, 0);
+    EXPECT_THAT(nobody.out, Not(HasSubstr("Clean: nothing found.")));
+    EXPECT_THAT(nobody.out, HasSubstr("no home at /Users/carol, homes there are: "));
+    EXPECT_THAT(nobody.out, HasSubstr("alice"));
+}
+
+TEST_F(ScanCommandTest, BadInputIsOneLineOfErrorAndNothingElse)
+{
+    volume.file("/file");
+    const std::string file = volume.hostPath("/file");
+    const std::vector<std::string> onVolume{"scan", "--volume", volume.path()};
+    const std::vector<std::vector<std::string>> rows = {
+        {"scan", "--volume", volume.hostPath("/nowhere")},
+        {"scan", "--volume", file},
+        {"scan", "--volume", ""},
+        {"scan", "--volume", volume.path(), "--user", "../bob"},
+        {"scan", "--volume", volume.path(), "--user", "/Users/alice"},
+        {"scan", "--volume", volume.path(), "--user", ".."},
+        {"scan", "--frobnicate"},
+        {"scan", "--format", "yaml"},
+        {"scan", "--store", "--no-store"},
+        {"frobnicate"},
+        {"report", "show", "no-such-report"},
+        {"report", "show"},
+        {"report", "export", "latest", "--format", "pdf"},
+        {"report", "delete", "latest", "--yes"},
+        {"report", "compare", "latest", "latest"},
+        {"explain", ""},
+        {},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row));
+        const Outcome outcome = run(row);
+        EXPECT_EQ(outcome.code, 2);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_THAT(outcome.err, testing::StartsWith("pryvane-cli: "));
+        EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+    }
+}
+
+TEST_F(ScanCommandTest, WithoutAStoreNoDataFolderIsNeeded)
+{
+    test::TemporaryFolder other;
+    other.file("/blocked");
+    setenv("PRYVANE_DATA_DIR", other.hostPath("/blocked").c_str(), 1);
+    const Outcome refused = scan();
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_EQ(refused.out, "");
+    const Outcome fine = scan({"--no-store"});
+    EXPECT_EQ(fine.code, 0) << fine.err;
+    EXPECT_THAT(fine.out, HasSubstr("Clean"));
+    EXPECT_TRUE(other.contains("/blocked"));
+}
+
+TEST_F(ScanCommandTest, ADamagedStoreIsSetAsideOnceAndTheScanGoesOn)
+{
+    ASSERT_EQ(scan().code, 0);
+    std::ofstream(data.hostPath("/Pryvane.sqlite"), std::ios::binary) << std::string(5000, '#');
+    const Outcome told = scan();
+    EXPECT_EQ(told.code, 0);
+    EXPECT_THAT(told.err, HasSubstr("set aside"));
+    const Outcome after = scan();
+    EXPECT_EQ(after.err, "");
+    EXPECT_EQ(reportIds().size(), 2U);
+}
+
+/// Whatever the disk's links say, nothing outside the volume is ever a finding.
+TEST_F(ScanCommandTest, LinksNeverLeadOutOfTheVolume)
+{
+    const test::TemporaryFolder outside;
+    for (const char* path :
+         {"/LaunchAgents/com.refog.agent.plist", "/Library/LaunchAgents/com.refog.agent.plist",
+          "/Preferences/.abcd", "/.mdworker", "/mdsa1331", "/Library/mdsa1331", "/tmp/.mdworker"})
+        outside.file(path);
+    const std::string up(64 * 3, ' ');
+    std::string dots;
+    for (int i = 0; i < 64; ++i)
+        dots += "../";
+    const std::string targets[] = {
+        outside.path(),   dots + outside.path().substr(1), "/", "..", "../../..", "/Library",
+        "/proc/self/root"};
+    for (const std::string& target : targets) {
+        for (const char* place : {"/Library", "/Users/alice", "/Users", "/tmp", "/System"}) {
+            SCOPED_TRACE(target + " at " + place);
+            const test::TemporaryFolder hostile;
+            hostile.link(place, target);
+            const Outcome outcome = run({"scan", "--volume", hostile.path(), "--user", "alice",
+                                         "--format", "json", "--no-store"});
+            ASSERT_EQ(outcome.code, 0) << outcome.out << outcome.err;
+        }
+    }
+}
+
+TEST_F(ScanCommandTest, HostileNamesComeThroughUnharmedAndEscaped)
+{
+    const std::string names[] = {
+        "x.refog.\x1b[31mred",
+        "x.refog.two\nlines",
+        "x.refog.\xff\xfe not utf",
+        "x.refog.<img src=x onerror=1>&\"'",
+        "x.refog.%1%n",
+        "=x.refog.formula()",
+        "x.refog.\xe2\x80\xae"
+        "gpj",
+        "x.refog.e\xcc\x81 nfd",
+        "x.refog.\xc3\xa9 nfc",
+        "-x.refog.dash",
+    };
+    for (const std::string& name : names)
+        volume.file("/Library/LaunchAgents/" + name);
+    const Outcome found = scan({"--format", "json"});
+    ASSERT_EQ(found.code, 1) << found.err;
+    const std::string volumeOption = "--volume=" + volume.path();
+    const std::string texts[] = {
+        found.out,
+        run({"report", "show", "latest", volumeOption}).out,
+        run({"report", "export", "latest", "--format", "json", volumeOption}).out,
+        run({"report", "export", "latest", "--format", "csv", volumeOption}).out,
+        run({"report", "export", "latest", "--format", "html", volumeOption}).out,
+        run({"report", "list"}).out,
+    };
+    for (const std::string& text : texts) {
+        EXPECT_TRUE(isUtf8(text));
+        for (const char c : text)
+            ASSERT_TRUE(c == '\n' || c == '\r' || static_cast<unsigned char>(c) >= 0x20) << text;
+        EXPECT_THAT(text, Not(HasSubstr("\xe2\x80\xae")));
+    }
+    EXPECT_THAT(texts[4], Not(HasSubstr("<img src=x")));
+
+    for (const std::string& text : {texts[0], texts[2]}) {
+        std::set<std::string> decoded, expected;
+        for (const json& record : json::parse(text)["report"]["spyWareList"])
+            decoded.insert(percentDecoded(record["url"].get<std::string>()));
+        for (const std::string& name : names)
+            expected.insert("file:///Library/LaunchAgents/" + name);
+        EXPECT_EQ(decoded, expected);
+    }
+}
+
+} // namespace
+} // namespace pryvane

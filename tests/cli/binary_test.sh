@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# The program as installed: what it links, signals, a closed output, its documentation.
+set -u
+cli=$1
+share=$2
+scripts=$(cd "$(dirname "$0")/../../scripts" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export PRYVANE_DATA_DIR=$work/data
+fail() { echo "FAILED: $*"; exit 1; }
+
+ldd "$cli" | grep -E 'Qt6(Gui|Widgets)|libX11' && fail "a window library is linked"
+[[ $("$cli" --version) == pryvane-cli\ * ]] || fail "--version"
+"$cli" --help | grep -q 'pryvane-cli scan --volume' || fail "--help gives no first step"
+
+"$scripts/make-demo-volume" "$work/demo" >/dev/null || fail "the demonstration volume"
+"$scripts/make-demo-volume" "$work/clean" --clean >/dev/null || fail "the clean volume"
+"$cli" scan --volume "$work/demo" --user alice --format json >"$work/scan.json"
+[[ $? == 1 ]] || fail "findings must give exit code 1"
+python3 - "$work/scan.json" <<'PY' || fail "the demonstration's findings"
+import json, sys
+report = json.load(open(sys.argv[1]))
+paths = {row["path"] for row in report["report"]["spyWareList"]}
+expected = {
+    "/Library/LaunchAgents/com.refog.agent.plist", "/Users/alice/Library/mdsa1331",
+    "/Users/alice/Library/LaunchAgents/com.apple.pixel.plist", "/Users/alice/Library/.A_o_b_o/",
+    "/Library/Application Support/MyCodecPack", "/Library/Preferences/.abcd",
+    "/Library/Application Support/logKext", "/tmp/.mdworker", "/Users/alice/Library/Skype/SkypeHelper",
+    "/Users/alice/Library/Preferences/com.hoverwatch.installer.plist",
+    "/Library/Preferences/com.apple.RemoteDesktop.plist",
+}
+assert paths == expected, (paths - expected, expected - paths)
+assert report["coverage"]["heldBack"] == ["/Applications/Codec-M.app"], report["coverage"]
+PY
+"$cli" scan --volume "$work/clean" --user alice >"$work/clean.txt" || fail "a clean volume must give exit code 0"
+grep -q '^Clean: nothing found.$' "$work/clean.txt" || fail "the clean verdict"
+
+"$cli" scan --volume "$work/demo" --user alice --paced >"$work/paced.txt" 2>"$work/paced.err" &
+pid=$!
+sleep 0.5
+kill -INT $pid
+wait $pid
+[[ $? == 130 ]] || fail "SIGINT must give exit code 130"
+[[ -s $work/paced.txt ]] && fail "an interrupted quick scan must print no report"
+[[ $("$cli" report list | wc -l) == 2 ]] || fail "an interrupted quick scan must store nothing"
+
+"$cli" report export latest >/dev/full 2>"$work/full.err"
+[[ $? == 2 ]] || fail "an output that cannot be written must give exit code 2"
+
+if command -v man >/dev/null; then
+    man --warnings -E UTF-8 -l "$share/pryvane-cli.1" >"$work/man.txt" 2>"$work/man.err" || fail "man"
+    [[ -s $work/man.err ]] && fail "man warns: $(head -1 "$work/man.err")"
+    grep -q 'report compare OLD NEW' "$work/man.txt" || fail "the man page lacks a command"
+fi
+bash -c "source '$share/pryvane-cli.bash'; COMP_WORDS=(pryvane-cli report s); COMP_CWORD=2; _pryvane_cli; [[ \${COMPREPLY[*]} == show ]]" ||
+    fail "bash completion"
+bash -c "source '$share/pryvane-cli.bash'; COMP_WORDS=(pryvane-cli scan --format ''); COMP_CWORD=3; _pryvane_cli; [[ \${COMPREPLY[*]} == 'text json' ]]" ||
+    fail "bash completion of an option's words"
+if command -v fish >/dev/null; then
+    fish --no-config -c "source '$share/pryvane-cli.fish'; complete -C 'pryvane-cli report '" | grep -q compare ||
+        fail "fish completion"
+fi
+if command -v zsh >/dev/null; then
+    zsh -n "$share/_pryvane-cli" || fail "zsh completion does not parse"
+fi
+echo passed
