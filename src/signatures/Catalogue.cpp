@@ -169,10 +169,13 @@ std::string underLibraryRoot(std::string_view root, std::string_view user,
     return ofUser ? filled(root, {user, relative}) : filled(root, {relative});
 }
 
+bool hasTwinInUsersApplications(std::string_view candidate)
+{
+    return candidate.find("/Applications") != std::string_view::npos;
+}
+
 std::string inUsersApplications(std::string_view candidate, std::string_view user)
 {
-    if (candidate.find("/Applications") == std::string_view::npos)
-        return {};
     return filled("/Users/%@%@", {user, candidate});
 }
 

@@ -51,8 +51,8 @@ inline constexpr std::string_view kRemoteDesktopName = "ARD";
 [[nodiscard]] std::string underLibraryRoot(std::string_view root, std::string_view user,
                                            std::string_view relative);
 
-/// Where a candidate would stand in the user's own Applications folder; empty for a candidate that
-/// no such twin is looked for.
+/// Whether a candidate is also looked for in the user's own Applications folder, and where.
+[[nodiscard]] bool hasTwinInUsersApplications(std::string_view candidate);
 [[nodiscard]] std::string inUsersApplications(std::string_view candidate, std::string_view user);
 
 } // namespace pryvane::catalogue

@@ -74,8 +74,8 @@ void CheckRunner::OtherSpyWareSearch()
         append(found, checkUrlInALLScope(relative));
     for (const std::string_view pattern : catalogue::otherSpywareLocations()) {
         std::string candidate = catalogue::filled(pattern, {m_user});
-        if (std::string twin = catalogue::inUsersApplications(candidate, m_user); !twin.empty())
-            appendIfPresent(std::move(twin), found);
+        if (catalogue::hasTwinInUsersApplications(candidate))
+            appendIfPresent(catalogue::inUsersApplications(candidate, m_user), found);
         appendIfPresent(std::move(candidate), found);
     }
     report(found, catalogue::kOtherSpyware);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 #include <span>
+#include <utility>
 
 namespace pryvane {
 

@@ -1,0 +1,83 @@
+#include "SignatureScan.h"
+
+#include "signatures/Catalogue.h"
+
+#include <algorithm>
+#include <ostream>
+#include <set>
+
+namespace pryvane::test {
+
+std::ostream& operator<<(std::ostream& out, const Finding& finding)
+{
+    return out << finding.location << " (" << finding.family << ")";
+}
+
+void RecordingSink::addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
+                               std::string_view risk, std::int64_t size)
+{
+    calls.push_back({url, std::string(name), std::string(type), std::string(risk), size});
+    const bool isNew = std::ranges::none_of(listed, [&](const Call& c) { return c.url == url; });
+    if (isNew && m_disk.exists(url))
+        listed.push_back(calls.back());
+}
+
+void RecordingSink::append(const FileURL& url, std::string_view name, std::string_view type,
+                           std::string_view risk, std::int64_t size)
+{
+    calls.push_back({url, std::string(name), std::string(type), std::string(risk), size, true});
+    listed.push_back(calls.back());
+}
+
+std::vector<Finding> RecordingSink::findings() const
+{
+    std::set<Finding> found;
+    for (const Call& call : calls) {
+        if (call.appended || m_disk.exists(call.url))
+            found.insert({call.url.absolutePath(), call.type});
+    }
+    return {found.begin(), found.end()};
+}
+
+std::vector<std::string> RecordingSink::paths() const
+{
+    std::vector<std::string> paths;
+    for (const Call& call : calls)
+        paths.push_back(call.url.relativePath());
+    return paths;
+}
+
+Presence RefusingDisk::presence(const FileURL& url)
+{
+    return std::ranges::count(untestable, url.absolutePath()) ? Presence::Unknown
+                                                              : m_disk.presence(url);
+}
+
+FolderListing RefusingDisk::list(const FileURL& folder)
+{
+    if (std::ranges::count(unlistable, folder.absolutePath()))
+        return {ListStatus::Refused, {}, "permission denied"};
+    return m_disk.list(folder);
+}
+
+void SignatureScan::run()
+{
+    runner.prepareForScan();
+    const auto waitFor = [this](std::string_view label, std::chrono::milliseconds interval) {
+        waits.emplace_back(label, interval);
+        return true;
+    };
+    for (const SequenceRow& row : catalogue::sequence()) {
+        for (const std::string_view method : row.methods)
+            runner.run(method, waitFor);
+        waitFor(row.label, row.pause);
+    }
+}
+
+void SignatureScan::run(std::string_view method)
+{
+    runner.prepareForScan();
+    runner.run(method, [](std::string_view, std::chrono::milliseconds) { return true; });
+}
+
+} // namespace pryvane::test

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "engine/records/ScanCoverage.h"
+#include "platform/FileSystem.h"
+#include "platform/posix/MemoryUserDefaults.h"
+#include "signatures/CheckRunner.h"
+#include "signatures/FindingSink.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace pryvane::test {
+
+inline constexpr std::string_view kUser = "alice";
+
+/// What a check handed over. The location is the absolute form of the path.
+struct Finding {
+    std::string location;
+    std::string family;
+    friend auto operator<=>(const Finding&, const Finding&) = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const Finding& finding);
+
+/// Keeps every call, and of the calls that the result list would keep, the first for each location.
+class RecordingSink final : public FindingSink {
+public:
+    struct Call {
+        FileURL url;
+        std::string name;
+        std::string type;
+        std::string risk;
+        std::int64_t size = 0;
+        bool appended = false; ///< handed over without the result list's tests
+    };
+
+    explicit RecordingSink(FileSystem& disk) : m_disk(disk) {}
+
+    void addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
+                    std::string_view risk, std::int64_t size) override;
+    void append(const FileURL& url, std::string_view name, std::string_view type,
+                std::string_view risk, std::int64_t size) override;
+
+    std::vector<Call> calls;
+    std::vector<Call> listed;
+
+    /// All calls for locations that exist, repetitions dropped, sorted.
+    [[nodiscard]] std::vector<Finding> findings() const;
+    [[nodiscard]] std::vector<std::string> paths() const;
+
+private:
+    FileSystem& m_disk;
+};
+
+/// Answers for a disk, except where the test says that it could not tell.
+class RefusingDisk final : public FileSystem {
+public:
+    explicit RefusingDisk(FileSystem& disk) : m_disk(disk) {}
+
+    std::vector<std::string> untestable; ///< absolute forms
+    std::vector<std::string> unlistable;
+
+    Presence presence(const FileURL& url) override;
+    FolderListing list(const FileURL& folder) override;
+    FileKind kind(const FileURL& url) override { return m_disk.kind(url); }
+    std::int64_t allocatedSize(const FileURL& url) override { return m_disk.allocatedSize(url); }
+    bool writable(const FileURL& url) override { return m_disk.writable(url); }
+    Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
+    {
+        return m_disk.readSmallFile(url, limit);
+    }
+    std::string identity() const override { return m_disk.identity(); }
+    void forgetListings() override { m_disk.forgetListings(); }
+
+private:
+    FileSystem& m_disk;
+};
+
+/// One scan's worth of signatures over a disk, without a session.
+struct SignatureScan {
+    explicit SignatureScan(FileSystem& disk, std::string_view user = kUser)
+        : sink(disk), runner(disk, defaults, std::string(user), sink, coverage)
+    {
+    }
+
+    /// The whole sequence.
+    void run();
+    /// A snapshot and one check.
+    void run(std::string_view method);
+
+    MemoryUserDefaults defaults;
+    ScanCoverage coverage;
+    RecordingSink sink;
+    CheckRunner runner;
+    std::vector<std::pair<std::string, std::chrono::milliseconds>> waits;
+};
+
+} // namespace pryvane::test
