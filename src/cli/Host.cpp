@@ -39,7 +39,7 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
     }
     VolumeFileSystem::Options options;
     if (arguments.caseSensitive)
-        options.names = NameMatching::Exact;
+        options.nameMatching = NameMatching::Exact;
     auto disk = VolumeFileSystem::open(arguments.volume, options);
     if (!disk)
         return disk.error();
