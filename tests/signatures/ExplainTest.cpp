@@ -1,0 +1,163 @@
+#include "signatures/Explain.h"
+
+#include "PlainDisk.h"
+#include "SignatureScan.h"
+#include "signatures/Catalogue.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <set>
+
+namespace pryvane::test {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+Explanation explained(std::string_view path)
+{
+    return explain({std::string(path), std::string(kUser), {}});
+}
+
+std::string lowered(std::string_view text)
+{
+    std::string result(text);
+    for (char& c : result)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return result;
+}
+
+/// The matches as "method: signature (evidence)".
+std::vector<std::string> told(const Explanation& explanation)
+{
+    std::vector<std::string> lines;
+    for (const ExplainMatch& match : explanation.matches) {
+        lines.push_back(std::string(match.row.method) + ": " + std::string(match.row.signature) +
+                        " (" + std::string(evidenceText(match.evidence)) + ")");
+    }
+    return lines;
+}
+
+} // namespace
+
+TEST(Explain, AgreesWithTheScanOfEveryPlantedPath)
+{
+    TemporaryFolder volume;
+    std::vector<std::string> plants = {"/Library/Caches/nothing", "/Library/Preferences/.okaz.x",
+                                       "/Users/alice/Library/Caches/x.exploit.codec"};
+    for (const CatalogRow& row : catalogRows()) {
+        const std::string text = catalogue::filled(row.signature, {kUser});
+        if (row.rule == RuleKind::NameFragment)
+            plants.push_back("/Library/LaunchDaemons/com." + lowered(text).substr(0, 40));
+        else if (row.rule == RuleKind::LibraryScope)
+            plants.push_back("/System/Library/" + text);
+        else
+            plants.push_back(text);
+    }
+    std::ranges::sort(plants, std::ranges::greater{}, &std::string::size);
+    for (const std::string& path : plants)
+        volume.plant(path);
+
+    PlainDisk disk(volume);
+    SignatureScan scan(disk);
+    scan.run();
+    std::set<Finding> expected;
+    for (const Finding& finding : scan.sink.findings()) {
+        expected.insert(finding);
+        plants.push_back(finding.location);
+    }
+
+    std::set<Finding> explainedFindings = {
+        {"/Library/Preferences/com.apple.RemoteDesktop.plist", "Apple Remote Desktop"}};
+    for (const std::string& path : plants) {
+        const auto location = FileURL::fileURLWithPath(path).absolutePath();
+        for (const ExplainMatch& match : explained(path).matches) {
+            if (match.row.rule != RuleKind::FullSystemSubstring &&
+                match.row.rule != RuleKind::RemoteDesktop)
+                explainedFindings.insert({location, std::string(match.row.family)});
+        }
+    }
+    EXPECT_EQ(explainedFindings, expected);
+    EXPECT_GT(expected.size(), 500U);
+}
+
+TEST(Explain, TellsEveryRuleThatFits)
+{
+    const struct {
+        const char* path;
+        std::vector<std::string> expected;
+    } cases[] = {
+        {"/Library/LaunchAgents/com.imonitor.service.plist",
+         {"iMonitorMacKeylogger: iMonitor (known name in a launch folder)",
+          "iMonitorMacKeylogger: LaunchAgents/com.imonitor.service.plist (exact path)",
+          "deep scan: LaunchAgents/com.imonitor.service.plist (bare substring)"}},
+        {"/Library/Preferences/com.okaz.x", {"OkazInstaller: Okaz (name fragment)"}},
+        {"/Library/Caches/MyCodecPack", {"FkCodec: Codec (bare substring)"}},
+        {"/Users/alice/Applications/PKL.app",
+         {"OtherSpyWareSearch: /Applications/PKL.app (exact path)"}},
+        {"/Users/alice/Library/Skype/SkypeHelper",
+         {"checkForBackDoor: /Users/%@/Library/Skype/SkypeHelper (exact path)"}},
+        {"/Library/Application Support/Apple Remote Desktop",
+         {"checkForARD: /Library/Application Support/Apple Remote Desktop/ (exact path)"}},
+        {"tmp//./.mdworker/", {"Revir: /tmp/.mdworker (exact path)"}},
+        {"/Users/alice/x/Sabpab.txt", {"deep scan: Sabpab (bare substring)"}},
+        {"/Users/alice/x/.Sabpab", {}},    // a deep scan skips hidden files
+        {"/Users/alice/x/sabpab.txt", {}}, // and keeps to the case
+        {"/Library/Application Support/RefogData", {}},
+        {"/library/launchagents/COM.IMONITOR.X", {}},
+        {"/", {}},
+        {"", {}},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(told(explained(row.path)), row.expected) << row.path;
+}
+
+TEST(Explain, FoldsLocationsTheWayTheDiskDoes)
+{
+    const auto folded = [](std::string_view path) {
+        return told(explain({std::string(path), std::string(kUser), lowered}));
+    };
+    EXPECT_THAT(folded("/TMP/.MDworker"), ElementsAre("Revir: /tmp/.mdworker (exact path)"));
+    EXPECT_THAT(folded("/library/launchagents/COM.IMONITOR.X"),
+                ElementsAre("iMonitorMacKeylogger: iMonitor (known name in a launch folder)"));
+    EXPECT_THAT(folded("/users/alice/x/sabpab.txt"), IsEmpty());
+}
+
+TEST(Explain, TellsWhatKeepsAPathOffTheList)
+{
+    const auto good = explained("/System/Library/LaunchDaemons/com.apple.periodic-daily.plist");
+    EXPECT_TRUE(good.isKnownGood);
+    EXPECT_THAT(good.matches, IsEmpty());
+    EXPECT_FALSE(explained("/Library/LaunchDaemons/com.apple.periodic-daily.plist").isKnownGood);
+
+    EXPECT_EQ(explained("/Applications/Codec-M.app").applicationRule, ApplicationRule::HeldBack);
+    EXPECT_EQ(explained("/Applications/Tidewell.okaz.app").applicationRule,
+              ApplicationRule::DependsOnDisk);
+    EXPECT_EQ(explained("/Applications/Codec-M.App").applicationRule,
+              ApplicationRule::NotAnApplication);
+
+    EXPECT_TRUE(explained("/usr/local/machook").matches.front().onlyAsFolder);
+    EXPECT_TRUE(explained("/opt/Sabpab").matches.front().onlyOnWholeDisk);
+    EXPECT_FALSE(explained("/Users/alice/Sabpab").matches.front().onlyOnWholeDisk);
+}
+
+TEST(Explain, NotesWhatIsPeculiar)
+{
+    std::set<std::string_view> noted;
+    for (const CatalogRow& row : catalogRows()) {
+        if (!row.note.empty())
+            noted.insert(row.signature);
+    }
+    for (const std::string_view peculiar :
+         {"MARKER/_gen_/Metasploit Framework", "Library/.local/updated",
+          "Library/LaunchAgents/com.apple.mdworker.plist", "/Application/MacGuard.app/",
+          "LaunchAgents/LaunchAgents/checkvir.plist", "/Library/startupitems/LiloDS",
+          "Applications/MacGuard.app/Contents/Resources/CC-Back.png"})
+        EXPECT_TRUE(noted.contains(peculiar)) << peculiar;
+    EXPECT_FALSE(noted.contains("/tmp/.mdworker"));
+}
+
+} // namespace pryvane::test
