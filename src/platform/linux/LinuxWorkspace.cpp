@@ -1,0 +1,30 @@
+#include "platform/linux/LinuxWorkspace.h"
+
+#include "platform/linux/PropertyList.h"
+
+namespace pryvane {
+
+std::optional<FileURL> LinuxWorkspace::fullPathForApplication(std::string_view name)
+{
+    if (name.empty() || name.find('/') != name.npos)
+        return std::nullopt;
+    const std::string bundle = std::string(name) + ".app";
+    for (const std::string& folder :
+         {std::string("/Applications"), "/Users/" + m_user + "/Applications"}) {
+        const std::string path = joinedPath(folder, bundle);
+        if (m_disk.exists(FileURL::fileURLWithPath(path + "/")))
+            return FileURL::fileURLWithPath(path);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundle)
+{
+    constexpr std::size_t kLimit = std::size_t{16} * 1024 * 1024;
+    const auto url =
+        FileURL::fileURLWithPath(joinedPath(bundle.absolutePath(), "Contents/Info.plist"));
+    const auto content = m_disk.readSmallFile(url, kLimit);
+    return content ? propertyListString(*content, "CFBundleIdentifier") : std::nullopt;
+}
+
+} // namespace pryvane
