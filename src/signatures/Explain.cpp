@@ -56,10 +56,19 @@ public:
     }
 
 private:
+    /// Name by name, as a disk compares: one that cannot be folded keeps no other from it.
     [[nodiscard]] std::string folded(const FileURL& url) const
     {
-        const std::string_view identity = url.identity();
-        return m_question.fold ? m_question.fold(identity) : std::string(identity);
+        std::string_view rest = url.identity();
+        if (!m_question.foldedName)
+            return std::string(rest);
+        std::string result;
+        while (!rest.empty()) {
+            const auto slash = std::min(rest.find('/'), rest.size());
+            result += "/" + m_question.foldedName(rest.substr(0, slash));
+            rest.remove_prefix(std::min(slash + 1, rest.size()));
+        }
+        return result;
     }
 
     [[nodiscard]] bool isHere(const FileURL& location) const { return folded(location) == m_place; }

@@ -25,9 +25,9 @@ enum class ApplicationRule : std::uint8_t {
 struct ExplainQuestion {
     std::string path; ///< raw bytes; relative ones count from the volume's root
     std::string user; ///< short name that fills "%@"
-    /// How the disk folds a path whose letter case and normal form it ignores; none where it
-    /// ignores nothing. Names and deep-scan texts are compared as they are either way.
-    std::function<std::string(std::string_view)> fold;
+    /// How a disk that ignores letter case and normal form folds one name; none where it ignores
+    /// neither. Name fragments and deep-scan texts are compared as they are either way.
+    std::function<std::string(std::string_view)> foldedName;
 };
 
 struct ExplainMatch {

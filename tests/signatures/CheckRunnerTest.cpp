@@ -1,4 +1,3 @@
-#include "PlainDisk.h"
 #include "SignatureScan.h"
 #include "signatures/CatalogRows.h"
 #include "signatures/Catalogue.h"
@@ -23,7 +22,8 @@ const std::string kHome = "/Users/" + std::string(kUser);
 class SignaturesTest : public ::testing::Test {
 protected:
     TemporaryFolder volume;
-    PlainDisk disk{volume};
+    const std::unique_ptr<FileSystem> ownedDisk = opened(volume);
+    FileSystem& disk = *ownedDisk;
 
     void plantAll(std::vector<std::string> paths)
     {

@@ -8,6 +8,12 @@
 
 namespace pryvane::test {
 
+std::unique_ptr<FileSystem> opened(const TemporaryFolder& volume, NameMatching matching)
+{
+    auto disk = VolumeFileSystem::open(volume.path(), {.nameMatching = matching});
+    return std::move(disk).value();
+}
+
 std::ostream& operator<<(std::ostream& out, const Finding& finding)
 {
     return out << finding.location << " (" << finding.family << ")";

@@ -3,10 +3,12 @@
 #include "engine/records/ScanCoverage.h"
 #include "platform/FileSystem.h"
 #include "platform/posix/MemoryUserDefaults.h"
+#include "platform/posix/VolumeFileSystem.h"
 #include "signatures/CheckRunner.h"
 #include "signatures/FindingSink.h"
+#include "support/TemporaryFolder.h"
 
-#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,6 +17,10 @@
 namespace pryvane::test {
 
 inline constexpr std::string_view kUser = "alice";
+
+/// The folder as a volume, its names compared as they are unless told otherwise.
+[[nodiscard]] std::unique_ptr<FileSystem> opened(const TemporaryFolder& volume,
+                                                 NameMatching matching = NameMatching::Exact);
 
 /// What a check handed over. The location is the absolute form of the path.
 struct Finding {
