@@ -63,15 +63,17 @@ Result<Done> Host::openStore(const Console& console, StoreUse use)
     m_dataFolder = defaultDataFolder();
     if (use == StoreUse::None) {
         m_defaults = std::make_unique<MemoryUserDefaults>();
-        if (const auto ignored = SqliteUserDefaults::storedBool(m_dataFolder, preferences::kARD))
-            m_defaults->set(preferences::kARD, *ignored);
+        // What the user chose to ignore holds for a scan that leaves no trace, too.
+        const auto kept = SqliteUserDefaults::openReadOnly(m_dataFolder, m_log);
+        if (kept && kept->defaults->contains(preferences::kARD))
+            m_defaults->set(preferences::kARD, kept->defaults->get(preferences::kARD));
         return Done{};
     }
     auto opened = SqliteUserDefaults::open(m_dataFolder, m_log);
     if (!opened)
         return Error{opened.error().message};
-    if (!opened->notice.empty())
-        console.say(opened->notice);
+    if (opened->notice)
+        console.say(*opened->notice);
     m_defaults = std::move(opened->defaults);
     return Done{};
 }

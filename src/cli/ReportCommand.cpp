@@ -52,7 +52,7 @@ int listReports(const ReportArguments& arguments, const Console& console)
         using Align = TextTable::Align;
         TextTable table(
             {Align::Left, Align::Left, Align::Left, Align::Left, Align::Left, Align::Left});
-        const ReportList list = store.loadListWithoutDisk(preferences::kSaveReport);
+        const ReportList list = store.loadListReportWithoutDisk(preferences::kSaveReport);
         for (const auto& report : list) {
             const std::size_t count = report->spyWareList->size();
             table.addRow({report->reportId, localDateText(report->scanDate),

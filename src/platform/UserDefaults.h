@@ -33,8 +33,9 @@ public:
     using Change = std::function<std::optional<Bytes>(std::optional<Bytes> stored)>;
     virtual Result<Done> updateBytes(std::string_view key, const Change& change) = 0;
 
-    /// Moves a damaged value to a dated key of its own, where a later look can find it.
-    virtual void setAside(std::string_view key) = 0;
+    /// Moves a damaged value to a dated key of its own, where a later look can find it. May be
+    /// called from inside a change of that key, and is then stored together with it.
+    virtual Result<Done> setAside(std::string_view key) = 0;
 
     [[nodiscard]] bool contains(std::string_view key) { return objectForKey(key).has_value(); }
 

@@ -3,6 +3,9 @@
 #include "core/Result.h"
 #include "reports/SpywareScanReport.h"
 
+#include <functional>
+#include <set>
+#include <string>
 #include <string_view>
 
 namespace pryvane {
@@ -26,6 +29,9 @@ public:
     /// logged once and set aside before the next save.
     [[nodiscard]] ReportList loadListReportWithKey(std::string_view key);
 
+    /// The same without touching the disk: all records read as unavailable.
+    [[nodiscard]] ReportList loadListReportWithoutDisk(std::string_view key);
+
     /// Puts the report at the head of the stored list, in place of the first one of the same
     /// identity, with no other writer in between, and returns the new list.
     Result<ReportList> updateReportInDefaults(const std::shared_ptr<SpywareScanReport>& report);
@@ -34,10 +40,18 @@ public:
     Result<bool> deleteReport(std::string_view reportId);
 
 private:
+    /// Changes a list in place; false leaves what is stored as it is.
+    using Edit = std::function<bool(ReportList& list)>;
+
+    /// Loads, edits and stores the list under the key with no other writer in between.
+    Result<Done> edit(std::string_view key, const Edit& edit);
+    void tellDamage(std::string_view key, const Error& error);
+
     UserDefaults& m_defaults;
     FileSystem& m_disk;
     Clock& m_clock;
     Log& m_log;
+    std::set<std::string, std::less<>> m_toldDamage; ///< keys
 };
 
 } // namespace pryvane

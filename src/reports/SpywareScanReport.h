@@ -18,7 +18,8 @@ struct Rgba {
 };
 
 inline constexpr Rgba kReportRed{0.7098039215686275, 0.1843137254901961, 0.20784313725490197, 1.0};
-inline constexpr Rgba kReportGreen{0.2901960784313726, 0.7529411764705882, 0.33725490196078434, 1.0};
+inline constexpr Rgba kReportGreen{0.2901960784313726, 0.7529411764705882, 0.33725490196078434,
+                                   1.0};
 
 /// One finished scan. Main thread only; a report shares its threat list with whoever made it.
 class SpywareScanReport {

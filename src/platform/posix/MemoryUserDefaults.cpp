@@ -37,15 +37,16 @@ Result<Done> MemoryUserDefaults::updateBytes(std::string_view key, const Change&
     return Done{};
 }
 
-void MemoryUserDefaults::setAside(std::string_view key)
+Result<Done> MemoryUserDefaults::setAside(std::string_view key)
 {
     const std::lock_guard lock(m_mutex);
     const auto found = m_values.find(key);
     if (found == m_values.end())
-        return;
+        return Done{};
     auto node = m_values.extract(found);
     node.key() += ".damaged";
     m_values.insert(std::move(node));
+    return Done{};
 }
 
 } // namespace pryvane

@@ -14,10 +14,10 @@ public:
     Result<Done> setObject(std::string_view key, const PreferenceValue& value) override;
     Result<Done> removeObject(std::string_view key) override;
     Result<Done> updateBytes(std::string_view key, const Change& change) override;
-    void setAside(std::string_view key) override;
+    Result<Done> setAside(std::string_view key) override;
 
 private:
-    std::mutex m_mutex;
+    std::recursive_mutex m_mutex; ///< recursive: a change may set the old value aside
     std::map<std::string, PreferenceValue, std::less<>> m_values; // guarded by m_mutex
 };
 

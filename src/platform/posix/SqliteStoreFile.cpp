@@ -1,0 +1,461 @@
+#include "platform/posix/SqliteStoreFile.h"
+
+#include "core/Escape.h"
+#include "core/Texts.h"
+#include "platform/Log.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::string_view kFileName = "Pryvane.sqlite";
+constexpr std::string_view kAsideMark = ".damaged-";
+constexpr std::array<std::string_view, 4> kSideFiles = {"-journal", "-wal", "-shm", ""};
+constexpr int kBusyMilliseconds = 5000;
+
+/// One tree holds everything, so that no index can disagree with its table.
+constexpr std::string_view kSchema = "CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, "
+                                     "type TEXT NOT NULL, value NOT NULL) WITHOUT ROWID";
+constexpr std::int64_t kSchemaVersion = 1;
+
+/// The upper half of the file's application id ("Py"); the lower half repeats the schema version,
+/// so that a damaged version number cannot pass for a later program's file.
+constexpr std::int64_t kApplication = 0x5079;
+constexpr std::int64_t kApplicationShift = 16;
+
+constexpr std::string_view kElsewhere = "or set PRYVANE_DATA_DIR to a folder of your own";
+
+Error folderError(std::string_view folder, std::string_view what)
+{
+    return Error{"Cannot keep the preferences in " + forScreen(folder) + ": " + std::string(what) +
+                 "; repair that, " + std::string(kElsewhere) + "."};
+}
+
+std::string reasonOf(int error)
+{
+    return std::generic_category().message(error);
+}
+
+/// Makes the folder and those above it where they are missing; for the user alone.
+Result<Done> makeFolders(const std::string& folder)
+{
+    std::size_t end = 0;
+    while (end != std::string::npos) {
+        end = folder.find('/', end + 1);
+        const std::string part = folder.substr(0, end);
+        struct stat data {};
+        if (stat(part.c_str(), &data) == 0) {
+            if (!S_ISDIR(data.st_mode))
+                return folderError(folder, forScreen(part) + " is not a folder");
+        } else if (mkdir(part.c_str(), 0700) != 0 && errno != EEXIST) {
+            return folderError(folder, reasonOf(errno));
+        }
+    }
+    return Done{};
+}
+
+/// The folder without any link on the way, because SQLite is told to follow none.
+Result<std::string> resolvedFolder(const std::string& folder)
+{
+    char* resolved = realpath(folder.c_str(), nullptr);
+    if (!resolved)
+        return folderError(folder, reasonOf(errno));
+    std::string path = resolved;
+    std::free(resolved);
+    return path;
+}
+
+/// Keeps two starting programs from both making, or both moving, the file. It locks the folder
+/// itself, so no file of its own is needed; where the file system cannot do that, it holds nothing.
+class FolderLock {
+public:
+    explicit FolderLock(const std::string& folder)
+        : m_folder(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        constexpr std::chrono::milliseconds kStep{10};
+        int left = kBusyMilliseconds / static_cast<int>(kStep.count());
+        while (flock(m_folder, LOCK_EX | LOCK_NB) != 0) {
+            if (errno != EWOULDBLOCK)
+                return;
+            if (left-- == 0) {
+                m_timedOut = true;
+                return;
+            }
+            std::this_thread::sleep_for(kStep);
+        }
+    }
+    ~FolderLock()
+    {
+        if (m_folder >= 0)
+            ::close(m_folder);
+    }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+    [[nodiscard]] bool timedOut() const { return m_timedOut; }
+
+private:
+    int m_folder;
+    bool m_timedOut = false;
+};
+
+/// What one attempt at opening came to: exactly one of the three is set.
+struct Attempt {
+    std::optional<SqliteConnection> sound;
+    std::optional<std::string> damage;
+    std::optional<Error> error;
+};
+
+/// SQLite tells an impossible header field as a plain error, which no statement of ours causes.
+bool meansDamage(int code)
+{
+    const int primary = code & 0xff;
+    return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || primary == SQLITE_ERROR;
+}
+
+Attempt failed(std::string_view path, int code)
+{
+    if (meansDamage(code))
+        return {{}, sqlite3_errstr(code), {}};
+    return {{}, {}, storeError("open the preferences", path, code)};
+}
+
+int configure(const SqliteConnection& connection)
+{
+    sqlite3* handle = connection.handle();
+    if (const int code = sqlite3_busy_timeout(handle, kBusyMilliseconds); code != SQLITE_OK)
+        return code;
+    constexpr std::array<std::pair<int, int>, 4> switches = {{
+        {SQLITE_DBCONFIG_DEFENSIVE, 1},
+        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+        {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+        {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+    }};
+    for (const auto& [option, value] : switches) {
+        if (const int code = sqlite3_db_config(handle, option, value, nullptr); code != SQLITE_OK)
+            return code;
+    }
+    // fullfsync: a Mac's plain fsync stops at the disk's own cache.
+    return connection.execute("PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON;"
+                              "PRAGMA mmap_size=0; PRAGMA synchronous=EXTRA; PRAGMA fullfsync=ON");
+}
+
+int readInteger(const SqliteConnection& connection, std::string_view sql, std::int64_t& value)
+{
+    SqliteStatement statement(connection, sql);
+    const int code = statement.step();
+    if (code == SQLITE_ROW)
+        value = statement.integerColumn(0);
+    return code;
+}
+
+int readText(const SqliteConnection& connection, std::string_view sql, std::string& value)
+{
+    SqliteStatement statement(connection, sql);
+    const int code = statement.step();
+    return code == SQLITE_ROW && !statement.bytesColumn(0, value) ? SQLITE_NOMEM : code;
+}
+
+/// Looks the whole file over: header, pages, and that it holds our table and nothing else.
+Attempt checked(SqliteConnection connection, const std::string& path)
+{
+    std::int64_t version = 0, application = 0, tables = 0;
+    for (const auto& [sql, value] : {std::pair{"PRAGMA user_version", &version},
+                                     std::pair{"PRAGMA application_id", &application}}) {
+        if (const int code = readInteger(connection, sql, *value); code != SQLITE_ROW)
+            return failed(path, code);
+    }
+    if (application != ((kApplication << kApplicationShift) | version))
+        return {{}, "its header is not one of ours", {}};
+    if (version > kSchemaVersion) {
+        return {{},
+                {},
+                Error{"The preferences in " + forScreen(path) +
+                      " were written by a later version of Pryvane (format " +
+                      std::to_string(version) + ", this one knows " +
+                      std::to_string(kSchemaVersion) + "): use that version, " +
+                      std::string(kElsewhere) + "."}};
+    }
+
+    std::string verdict, schema;
+    if (const int code = readText(connection, "PRAGMA quick_check(1)", verdict); code != SQLITE_ROW)
+        return failed(path, code);
+    if (verdict != "ok")
+        return {{}, verdict, {}};
+    const int counted = readInteger(connection, "SELECT count(*) FROM sqlite_master", tables);
+    if (counted != SQLITE_ROW)
+        return failed(path, counted);
+    const int read = readText(connection, "SELECT sql FROM sqlite_master", schema);
+    if (read != SQLITE_ROW && read != SQLITE_DONE)
+        return failed(path, read);
+    if (tables != 1 || schema != kSchema)
+        return {{}, "its table is not the expected one", {}};
+    return {std::move(connection), {}, {}};
+}
+
+Attempt openChecked(const std::string& path, int flags)
+{
+    int code = SQLITE_OK;
+    SqliteConnection connection(path, flags | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_FULLMUTEX, code);
+    if (code == SQLITE_OK)
+        code = configure(connection);
+    if (code != SQLITE_OK)
+        return failed(path, code);
+    const bool writing = (flags & SQLITE_OPEN_READWRITE) != 0;
+    Attempt attempt = checked(std::move(connection), path);
+    if (!attempt.sound || !writing)
+        return attempt;
+
+    std::string mode;
+    code = readText(*attempt.sound, "PRAGMA journal_mode=DELETE", mode);
+    if (code != SQLITE_ROW)
+        return failed(path, code);
+    if (mode != "delete")
+        return {{}, {}, storeError("open the preferences", path, SQLITE_BUSY)};
+    if (sqlite3_db_readonly(attempt.sound->handle(), "main") == 0)
+        return attempt;
+    // Our own permissions were looked at before, so it is the file's header that forbids writing.
+    return {{}, "its header forbids writing", {}};
+}
+
+Attempt create(const std::string& path)
+{
+    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (file < 0)
+        return {{},
+                {},
+                Error{"Cannot make " + forScreen(path) + ": " + reasonOf(errno) +
+                      "; repair that, " + std::string(kElsewhere) + "."}};
+    ::close(file);
+
+    int code = SQLITE_OK;
+    SqliteConnection connection(
+        path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_FULLMUTEX, code);
+    if (code == SQLITE_OK)
+        code = configure(connection);
+    if (code == SQLITE_OK) {
+        SqliteTransaction transaction(connection);
+        const std::string setUp =
+            std::string(kSchema) + "; PRAGMA user_version=" + std::to_string(kSchemaVersion) +
+            "; PRAGMA application_id=" +
+            std::to_string((kApplication << kApplicationShift) | kSchemaVersion);
+        code = transaction.code();
+        if (code == SQLITE_OK)
+            code = connection.execute(setUp.c_str());
+        if (code == SQLITE_OK)
+            code = transaction.commit();
+    }
+    if (code == SQLITE_OK)
+        return {std::move(connection), {}, {}};
+    connection = {};
+    ::unlink(path.c_str()); // nothing is in it, and an empty file would look like a loss
+    return {{}, {}, storeError("make the preferences file", path, code)};
+}
+
+/// Drops all but the newest files that were set aside, with what belongs to them.
+void forgetOldAsides(const std::string& folder)
+{
+    const std::string prefix = std::string(kFileName) + std::string(kAsideMark);
+    std::vector<std::string> asides;
+    DIR* entries = opendir(folder.c_str());
+    if (!entries)
+        return;
+    while (const dirent* entry = readdir(entries)) {
+        const std::string_view name = entry->d_name;
+        const bool sideFile = std::any_of(kSideFiles.begin(), kSideFiles.end() - 1,
+                                          [&](auto suffix) { return name.ends_with(suffix); });
+        if (name.starts_with(prefix) && !sideFile)
+            asides.emplace_back(name);
+    }
+    closedir(entries);
+    std::sort(asides.rbegin(), asides.rend());
+    for (std::size_t i = kKeptAside; i < asides.size(); ++i) {
+        for (const auto suffix : kSideFiles)
+            ::unlink((folder + "/" + asides[i] + std::string(suffix)).c_str());
+    }
+}
+
+/// Renames the file, and first what SQLite would otherwise apply to the fresh one. Gives the new
+/// path.
+Result<std::string> moveAside(const std::string& folder, const std::string& path)
+{
+    const std::string base = path + std::string(kAsideMark) + asideStamp();
+    std::string aside = base;
+    struct stat data {};
+    for (int i = 2; lstat(aside.c_str(), &data) == 0; ++i)
+        aside = base + "-" + std::to_string(i);
+    for (const auto suffix : kSideFiles) {
+        const std::string from = path + std::string(suffix), to = aside + std::string(suffix);
+        if (rename(from.c_str(), to.c_str()) != 0 && (errno != ENOENT || suffix.empty()))
+            return Error{"The preferences in " + forScreen(path) +
+                         " are damaged and cannot be moved aside: " + reasonOf(errno) +
+                         "; move that file away, " + std::string(kElsewhere) + "."};
+    }
+    forgetOldAsides(folder);
+    return aside;
+}
+
+enum class InPlace : std::uint8_t { Nothing, EmptyFile, File };
+
+/// What stands where the file belongs; anything but a regular file is refused unopened.
+Result<InPlace> inPlace(const std::string& path)
+{
+    struct stat data {};
+    if (lstat(path.c_str(), &data) != 0) {
+        if (errno == ENOENT)
+            return InPlace::Nothing;
+        return folderError(path, reasonOf(errno));
+    }
+    if (!S_ISREG(data.st_mode))
+        return Error{"Cannot keep the preferences in " + forScreen(path) + ": " +
+                     (S_ISLNK(data.st_mode)   ? "a link"
+                      : S_ISDIR(data.st_mode) ? "a folder"
+                                              : "something that is no file") +
+                     " stands in its place; remove that, " + std::string(kElsewhere) + "."};
+    return data.st_size == 0 ? InPlace::EmptyFile : InPlace::File;
+}
+
+Result<Done> mayWrite(const std::string& folder, const std::string& path, InPlace found)
+{
+    if (faccessat(AT_FDCWD, folder.c_str(), R_OK | W_OK | X_OK, AT_EACCESS) != 0)
+        return folderError(folder, "the folder is not yours to write: " + reasonOf(errno));
+    if (found != InPlace::Nothing &&
+        faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0)
+        return folderError(folder,
+                           forScreen(kFileName) + " is not yours to write: " + reasonOf(errno));
+    return Done{};
+}
+
+Result<OpenedStore> outcome(Attempt attempt, const std::string& path,
+                            std::optional<std::string> notice)
+{
+    if (attempt.error)
+        return *attempt.error;
+    return OpenedStore{std::move(*attempt.sound), path, std::move(notice)};
+}
+
+} // namespace
+
+Result<OpenedStore> openStore(std::string_view dataFolder, Log& log)
+{
+    if (dataFolder.empty())
+        return folderError("", "no folder is named");
+    const std::string given(dataFolder);
+    if (const auto made = makeFolders(given); !made)
+        return made.error();
+    const auto folder = resolvedFolder(given);
+    if (!folder)
+        return folder.error();
+    const std::string path = *folder + "/" + std::string(kFileName);
+    const FolderLock lock(*folder);
+    if (lock.timedOut())
+        return storeError("open the preferences", path, SQLITE_BUSY);
+
+    const auto found = inPlace(path);
+    if (!found)
+        return found.error();
+    if (const auto allowed = mayWrite(*folder, path, *found); !allowed)
+        return allowed.error();
+    if (*found == InPlace::Nothing)
+        return outcome(create(path), path, {});
+
+    Attempt attempt;
+    if (*found == InPlace::EmptyFile)
+        attempt.damage = "it is empty";
+    else
+        attempt = openChecked(path, SQLITE_OPEN_READWRITE);
+    if (!attempt.damage)
+        return outcome(std::move(attempt), path, {});
+
+    const auto aside = moveAside(*folder, path);
+    if (!aside)
+        return aside.error();
+    std::string notice = "The preferences in " + forScreen(path) + " were damaged (" +
+                         forScreen(*attempt.damage) +
+                         "). Settings and stored reports start afresh; what was there is kept as " +
+                         forScreen(*aside) + ".";
+    log.line(notice);
+    return outcome(create(path), path, std::move(notice));
+}
+
+Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log)
+{
+    struct stat data {};
+    const std::string given(dataFolder);
+    if (stat(given.c_str(), &data) != 0 && (errno == ENOENT || errno == ENOTDIR))
+        return OpenedStore{};
+    const auto folder = resolvedFolder(given);
+    if (!folder)
+        return folder.error();
+    const std::string path = *folder + "/" + std::string(kFileName);
+    const auto found = inPlace(path);
+    if (!found)
+        return found.error();
+    if (*found != InPlace::File)
+        return OpenedStore{{}, path, {}};
+
+    Attempt attempt = openChecked(path, SQLITE_OPEN_READONLY);
+    if (!attempt.damage)
+        return outcome(std::move(attempt), path, {});
+    std::string notice = "The preferences in " + forScreen(path) + " are damaged (" +
+                         forScreen(*attempt.damage) + ") and were not read.";
+    log.line(notice);
+    return OpenedStore{{}, path, std::move(notice)};
+}
+
+Error storeError(std::string_view doing, std::string_view path, int sqliteCode)
+{
+    const auto reason = [&]() -> std::string {
+        if (sqliteCode == SQLITE_READONLY_DBMOVED)
+            return "the file was moved while the program ran; start the program again";
+        switch (sqliteCode & 0xff) {
+        case SQLITE_FULL:
+            return "its disk is full; free some space and try again";
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return "another program keeps it locked; close that and try again";
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+        case SQLITE_CANTOPEN:
+            return "the file or its folder cannot be written; repair their permissions, " +
+                   std::string(kElsewhere);
+        case SQLITE_IOERR:
+            return "its disk reports an error; check the disk and try again";
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return "the file is damaged; start the program again to replace it";
+        case SQLITE_TOOBIG:
+            return "the value is too large; delete old reports";
+        case SQLITE_NOMEM:
+            return "memory ran out; close other programs and try again";
+        default:
+            return std::string(sqlite3_errstr(sqliteCode)) + "; start the program again";
+        }
+    };
+    return Error{"Cannot " + std::string(doing) + " in " + forScreen(path) + ": " + reason() + "."};
+}
+
+std::string asideStamp()
+{
+    const auto now = std::chrono::time_point_cast<Date::duration>(std::chrono::system_clock::now());
+    std::string stamp = iso8601(now);
+    std::erase_if(stamp, [](char c) { return c == '-' || c == ':'; });
+    return stamp;
+}
+
+} // namespace pryvane

@@ -1,0 +1,283 @@
+#include "reports/ReportCodec.h"
+
+#include "reports/CborReader.h"
+#include "reports/CborWriter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::uint64_t kSelfDescribedTag = 55799;
+constexpr std::uint64_t kEpochTag = 1; ///< seconds since 1970 follow
+constexpr std::uint64_t kCountMask = 0xff;
+
+namespace key {
+constexpr std::string_view kSpyWareCount = "spyWareCount", kReportType = "reportType",
+                           kScanDate = "scanDate", kSpyWareList = "spyWareList",
+                           kScanDuration = "scanDuration", kReportId = "reportId", kIsRed = "isRed",
+                           kVolume = "volume", kCoverage = "coverage";
+constexpr std::string_view kName = "name", kIsChecked = "isChecked", kInfections = "infections",
+                           kSize = "size", kUrl = "url", kRisk = "risk", kPath = "path";
+constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListed = "foldersListed",
+                           kEntriesSearched = "entriesSearched", kEntriesWalked = "entriesWalked",
+                           kRefused = "refused", kReason = "reason", kHeldBack = "heldBack",
+                           kMissingHome = "missingHome", kHomes = "homes", kSeconds = "seconds";
+} // namespace key
+
+/// The years 1 to 9999, in which seconds as a double are exact to the millisecond.
+constexpr double kFirstSecond = -62135596800.0, kLastSecond = 253402300799.0;
+
+void writeDate(CborWriter& out, Date date)
+{
+    const auto milliseconds = date.time_since_epoch().count();
+    out.tag(kEpochTag);
+    if (milliseconds % 1000 == 0)
+        out.integer(milliseconds / 1000);
+    else
+        out.real(static_cast<double>(milliseconds) / 1000);
+}
+
+Date readDate(CborReader& in)
+{
+    static_cast<void>(in.takeTag(kEpochTag));
+    const double seconds = in.real();
+    if (std::isnan(seconds))
+        return {};
+    return Date(
+        Date::duration(std::llround(std::clamp(seconds, kFirstSecond, kLastSecond) * 1000)));
+}
+
+void writeRecord(CborWriter& out, const Spyware& record)
+{
+    out.map(7);
+    out.text(key::kName), out.textOrBytes(record.name);
+    out.text(key::kIsChecked), out.boolean(record.isChecked);
+    out.text(key::kInfections), out.textOrBytes(record.infections);
+    out.text(key::kSize), out.integer(record.size);
+    out.text(key::kUrl), out.text(record.url.urlText());
+    out.text(key::kRisk), out.textOrBytes(record.risk);
+    out.text(key::kPath), out.bytes(record.url.relativePath());
+}
+
+/// The stored "isChecked" is not read: whether a record is selected follows the disk.
+std::shared_ptr<Spyware> readRecord(CborReader& in)
+{
+    auto record = std::make_shared<Spyware>();
+    std::string_view path, url;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kName)
+            record->name = in.string();
+        else if (key == key::kInfections)
+            record->infections = in.string();
+        else if (key == key::kSize)
+            record->size = in.integer();
+        else if (key == key::kUrl)
+            url = in.string();
+        else if (key == key::kRisk)
+            record->risk = in.string();
+        else if (key == key::kPath)
+            path = in.string();
+        else
+            in.skip();
+    }
+    record->url = path.empty() ? FileURL::fromUrlText(url) : FileURL::fileURLWithPath(path);
+    return record;
+}
+
+void writeNames(CborWriter& out, const std::vector<std::string>& names)
+{
+    out.array(names.size());
+    for (const auto& name : names)
+        out.bytes(name);
+}
+
+std::vector<std::string> readNames(CborReader& in)
+{
+    std::vector<std::string> names;
+    auto elements = in.array();
+    while (in.more(elements))
+        names.emplace_back(in.string());
+    return names;
+}
+
+void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
+{
+    out.map(9);
+    out.text(key::kSignaturesTested), out.integer(coverage.signaturesTested);
+    out.text(key::kFoldersListed), out.integer(coverage.foldersListed);
+    out.text(key::kEntriesSearched), out.integer(coverage.entriesSearched);
+    out.text(key::kEntriesWalked), out.integer(coverage.entriesWalked);
+    out.text(key::kRefused), out.array(coverage.refused.size());
+    for (const Refusal& refusal : coverage.refused) {
+        out.map(2);
+        out.text(key::kPath), out.bytes(refusal.path);
+        out.text(key::kReason), out.textOrBytes(refusal.reason);
+    }
+    out.text(key::kHeldBack), writeNames(out, coverage.heldBack);
+    out.text(key::kMissingHome), out.bytes(coverage.missingHome);
+    out.text(key::kHomes), writeNames(out, coverage.homes);
+    out.text(key::kSeconds), out.real(coverage.seconds);
+}
+
+Refusal readRefusal(CborReader& in)
+{
+    Refusal refusal;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kPath)
+            refusal.path = in.string();
+        else if (key == key::kReason)
+            refusal.reason = in.string();
+        else
+            in.skip();
+    }
+    return refusal;
+}
+
+std::vector<Refusal> readRefusals(CborReader& in)
+{
+    std::vector<Refusal> refusals;
+    auto elements = in.array();
+    while (in.more(elements))
+        refusals.push_back(readRefusal(in));
+    return refusals;
+}
+
+ScanCoverage readCoverage(CborReader& in)
+{
+    ScanCoverage coverage;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kSignaturesTested)
+            coverage.signaturesTested = in.integer();
+        else if (key == key::kFoldersListed)
+            coverage.foldersListed = in.integer();
+        else if (key == key::kEntriesSearched)
+            coverage.entriesSearched = in.integer();
+        else if (key == key::kEntriesWalked)
+            coverage.entriesWalked = in.integer();
+        else if (key == key::kRefused)
+            coverage.refused = readRefusals(in);
+        else if (key == key::kHeldBack)
+            coverage.heldBack = readNames(in);
+        else if (key == key::kMissingHome)
+            coverage.missingHome = in.string();
+        else if (key == key::kHomes)
+            coverage.homes = readNames(in);
+        else if (key == key::kSeconds)
+            coverage.seconds = in.real();
+        else
+            in.skip();
+    }
+    if (!std::isfinite(coverage.seconds))
+        coverage.seconds = 0;
+    return coverage;
+}
+
+void writeReport(CborWriter& out, const SpywareScanReport& report)
+{
+    out.map(9);
+    out.text(key::kSpyWareCount);
+    out.integer(static_cast<std::int64_t>(report.spyWareCount & kCountMask));
+    out.text(key::kReportType), out.textOrBytes(report.reportType);
+    out.text(key::kScanDate), writeDate(out, report.scanDate);
+    out.text(key::kSpyWareList), out.array(report.spyWareList->size());
+    for (const auto& record : *report.spyWareList)
+        writeRecord(out, *record);
+    out.text(key::kScanDuration), out.textOrBytes(report.scanDuration);
+    out.text(key::kReportId), out.textOrBytes(report.reportId);
+    out.text(key::kIsRed), out.boolean(report.isRed);
+    out.text(key::kVolume), out.bytes(report.volume);
+    out.text(key::kCoverage), writeCoverage(out, report.coverage);
+}
+
+/// `complete` tells whether the map held what makes a report one.
+std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete)
+{
+    auto report = std::make_shared<SpywareScanReport>();
+    bool hasList = false;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kSpyWareCount)
+            report->spyWareCount = static_cast<std::uint64_t>(in.integer()) & kCountMask;
+        else if (key == key::kReportType)
+            report->reportType = in.string();
+        else if (key == key::kScanDate)
+            report->scanDate = readDate(in);
+        else if (key == key::kScanDuration)
+            report->scanDuration = in.string();
+        else if (key == key::kReportId)
+            report->reportId = in.string();
+        else if (key == key::kIsRed)
+            report->isRed = in.boolean();
+        else if (key == key::kVolume)
+            report->volume = in.string();
+        else if (key == key::kCoverage)
+            report->coverage = readCoverage(in);
+        else if (key == key::kSpyWareList) {
+            hasList = true;
+            report->spyWareList->clear();
+            auto elements = in.array();
+            while (in.more(elements))
+                report->spyWareList->push_back(readRecord(in));
+        } else
+            in.skip();
+    }
+    complete = hasList && !report->reportId.empty();
+    return report;
+}
+
+/// Close to the encoded size, so that the buffer seldom moves.
+std::size_t estimatedSize(const ReportList& reports)
+{
+    std::size_t size = 16;
+    for (const auto& report : reports) {
+        size += 512;
+        for (const auto& record : *report->spyWareList)
+            size += 96 + record->name.size() + record->infections.size() +
+                    2 * record->url.relativePath().size();
+    }
+    return size;
+}
+
+} // namespace
+
+std::string encodeReports(const ReportList& reports)
+{
+    std::string bytes;
+    bytes.reserve(estimatedSize(reports));
+    CborWriter out(bytes);
+    out.tag(kSelfDescribedTag);
+    out.array(reports.size());
+    for (const auto& report : reports)
+        writeReport(out, *report);
+    return bytes;
+}
+
+Result<ReportList> decodeReports(std::string_view bytes)
+{
+    CborReader in(bytes);
+    ReportList reports;
+    static_cast<void>(in.takeTag(kSelfDescribedTag));
+    auto elements = in.array();
+    while (in.more(elements)) {
+        bool complete = false;
+        reports.push_back(readReport(in, complete));
+        if (!complete)
+            break;
+    }
+    if (!in.finished())
+        return Error{"not a report list at byte " + std::to_string(in.offset()) + " of " +
+                     std::to_string(bytes.size())};
+    return reports;
+}
+
+} // namespace pryvane
