@@ -66,7 +66,7 @@ Result<Done> Host::openStore(const Console& console, StoreUse use)
         // What the user chose to ignore holds for a scan that leaves no trace, too.
         const auto kept = SqliteUserDefaults::openReadOnly(m_dataFolder, m_log);
         if (kept && kept->defaults->contains(preferences::kARD))
-            m_defaults->set(preferences::kARD, kept->defaults->get(preferences::kARD));
+            return m_defaults->set(preferences::kARD, kept->defaults->get(preferences::kARD));
         return Done{};
     }
     auto opened = SqliteUserDefaults::open(m_dataFolder, m_log);

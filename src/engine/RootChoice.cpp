@@ -61,7 +61,7 @@ std::optional<FileURL> RootChoice::askForFolder()
                                             {}});
     if (!picked)
         return m_options.homeRoot();
-    m_services.defaults.set(preferences::kLibraryAccess, true);
+    logFailure(m_services.log, m_services.defaults.set(preferences::kLibraryAccess, true));
     const auto bookmark = m_access.makeBookmark(*picked);
     if (!bookmark) {
         m_services.log.line("Error bookmarking selected URL: " + bookmark.error().message);
@@ -69,8 +69,10 @@ std::optional<FileURL> RootChoice::askForFolder()
         return std::nullopt;
     }
     // The folder is only bookmarked: what is scanned stays the home folder.
-    m_services.defaults.setObject(preferences::kSaveDirectory, *bookmark);
-    m_services.defaults.setObject(preferences::kSaveDirectoryForHD, *bookmark);
+    logFailure(m_services.log,
+               m_services.defaults.setObject(preferences::kSaveDirectory, *bookmark));
+    logFailure(m_services.log,
+               m_services.defaults.setObject(preferences::kSaveDirectoryForHD, *bookmark));
     return m_options.homeRoot();
 }
 

@@ -63,9 +63,10 @@ void ScanViewController::SpywareScanStart()
         Q_EMIT stateChanged();
         return;
     }
-    m_services.defaults.set(preferences::kScan, true);
+    logFailure(m_services.log, m_services.defaults.set(preferences::kScan, true));
     m_services.notifications.post(NotificationName::ScanStatusChange, true);
-    m_services.defaults.set(preferences::kLastScanDate, m_services.clock.now());
+    logFailure(m_services.log,
+               m_services.defaults.set(preferences::kLastScanDate, m_services.clock.now()));
     m_startedAt = m_services.clock.steadyNow();
     m_display.scanBox = true;
     m_display.reportBox = false;
@@ -169,7 +170,7 @@ void ScanViewController::doneScan()
 
     endSession();
     m_services.notifications.post(NotificationName::ScanningChange, std::int64_t{0});
-    m_services.defaults.set(preferences::kLastScanDate, now);
+    logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
     for (const auto& record : m_state.arrSpywareList.records())
         m_arrSpyWarePath.push_back(record->url.relativePath());
     makeAccessibleUIChanges();
@@ -194,7 +195,7 @@ void ScanViewController::endSession()
     m_display.activityIndicator = false;
     m_display.stopButton = false;
     m_display.scanBox = false;
-    m_services.defaults.set(preferences::kScan, false);
+    logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
     m_services.notifications.post(NotificationName::ScanStatusChange, false);
 }
 
@@ -247,7 +248,7 @@ void ScanViewController::makeAccessibleUIChanges()
 {
     UserDefaults& defaults = m_services.defaults;
     if (!defaults.contains(preferences::kCheckSubDir))
-        defaults.set(preferences::kCheckSubDir, "y");
+        logFailure(m_services.log, defaults.set(preferences::kCheckSubDir, "y"));
     StatusFacts facts;
     facts.homeWritable = m_access.isWritable(m_options.homeRoot());
     facts.scanRunning = m_isScanning;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Result.h"
+
 #include <string_view>
 
 namespace pryvane {
@@ -15,5 +17,12 @@ class SilentLog final : public Log {
 public:
     void line(std::string_view) override {}
 };
+
+/// For an outcome that changes nothing for the caller: a failure leaves a line in the log.
+inline void logFailure(Log& log, const Result<Done>& outcome)
+{
+    if (!outcome)
+        log.line(outcome.error().message);
+}
 
 } // namespace pryvane

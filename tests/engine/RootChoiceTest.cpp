@@ -24,7 +24,7 @@ TEST_F(RootChoiceTest, AGrantOfItsOwnAsksNothing)
 
 TEST_F(RootChoiceTest, WholeDiskIsUsedOrAskedFor)
 {
-    defaults.set(preferences::kSandboxingDone, true);
+    ASSERT_TRUE(defaults.set(preferences::kSandboxingDone, true));
     EXPECT_EQ(chosen(), "/");
 
     access.wholeDisk = false;
@@ -42,7 +42,7 @@ TEST_F(RootChoiceTest, WholeDiskIsUsedOrAskedFor)
 
 TEST_F(RootChoiceTest, AnEarlierGrantIsReopened)
 {
-    defaults.setObject(preferences::kSaveDirectory, Bytes{"token"});
+    ASSERT_TRUE(defaults.setObject(preferences::kSaveDirectory, Bytes{"token"}));
     EXPECT_EQ(chosen(), "/Users/alice/");
     EXPECT_EQ(access.userQuestions, 1);
 
