@@ -179,7 +179,7 @@ TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
     volume.folder("/Users/carol");
     volume.folder("/Users/Shared");
     scan();
-    const ScanCoverage& coverage = stored()[0]->coverage;
+    const ScanCoverage coverage = stored()[0]->coverage;
     EXPECT_EQ(coverage.missingHome, "/Users/alice");
     EXPECT_THAT(coverage.homes, ElementsAre("carol"));
     EXPECT_EQ(verdictLine(0, coverage), "Clean, but not everything could be read: no home at "
