@@ -193,8 +193,8 @@ TEST_P(ConfinementTest, WhatMayNotBeSearchedIsUnknown)
     // 0 absent, 1 present, 2 unknown. Where only an exact name can be asked for, another spelling
     // of a missing one cannot be ruled out.
     const std::string unknown = std::to_string(static_cast<int>(FileKind::Unknown));
-    const std::string words = std::string(runningAsRoot() ? " read-only" : " writable") +
-                              "permission denied; ";
+    const std::string words =
+        std::string(runningAsRoot() ? " read-only" : " writable") + "permission denied; ";
     EXPECT_EQ(answers, "122221010 permission denied, " + unknown + words +
                            "122221012 permission denied, " + unknown + words);
     chmod(disk.hostPath("closed").c_str(), 0755);
@@ -207,7 +207,8 @@ TEST_P(ConfinementTest, MountsBelowTheVolumeBelongToItAndLeadNowhereElse)
     disk.folder("mnt");
     disk.file("inside");
     const auto answers = inChild([this] {
-        if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) ||
+        if (unshare(CLONE_NEWNS) != 0 ||
+            mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) ||
             mount("none", disk.hostPath("mnt").c_str(), "tmpfs", 0, nullptr) != 0)
             return std::string("skipped");
         disk.link("mnt/out", "../../../../../.." + outside.path() + "/secret");
@@ -240,8 +241,8 @@ std::vector<std::string> makeMaze(const TemporaryFolder& disk, const TemporaryFo
             path += pick(steps) + (parts > 1 ? "/" : "");
         return path;
     };
-    const std::string targets[] = {outside.path(), "../../../../.." + outside.path(), "/etc", "/",
-                                   "/proc/self/root", "."};
+    const std::string targets[] = {
+        outside.path(), "../../../../.." + outside.path(), "/etc", "/", "/proc/self/root", "."};
     std::vector<std::string> folders = {""};
     for (int i = 0; i < 60; ++i) {
         const std::string path = pick(folders) + "/" + pick(names);

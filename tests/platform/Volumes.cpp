@@ -4,10 +4,24 @@
 
 #include <cstdlib>
 #include <grp.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace pryvane::test {
+
+std::int64_t naiveSize(const std::filesystem::path& path)
+{
+    struct stat data {};
+    if (lstat(path.c_str(), &data) != 0)
+        return 0;
+    if (!S_ISDIR(data.st_mode))
+        return std::int64_t{data.st_blocks} * 512;
+    std::int64_t sum = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(path))
+        sum += naiveSize(entry.path());
+    return sum;
+}
 
 std::string inChild(const std::function<std::string()>& body)
 {

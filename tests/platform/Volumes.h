@@ -3,6 +3,7 @@
 #include "platform/posix/VolumeFileSystem.h"
 #include "support/TemporaryFolder.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,6 +23,9 @@ volumeAt(const TemporaryFolder& folder, NameMatching matching,
 {
     return std::move(VolumeFileSystem::open(folder.path(), {matching, confinement}).value());
 }
+
+/// Allocated bytes at and below a path of the host, by plain recursion.
+[[nodiscard]] std::int64_t naiveSize(const std::filesystem::path& path);
 
 /// Runs `body` in a child process, which may change its root or its user, and returns its answer.
 /// A child that dies gives a test failure.
