@@ -1,5 +1,6 @@
-#include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/PropertyList.h"
+
+#include "platform/linux/LinuxWorkspace.h"
 #include "platform/posix/VolumeFileSystem.h"
 #include "support/TemporaryFolder.h"
 
@@ -16,8 +17,10 @@ constexpr std::string_view kKey = "CFBundleIdentifier";
 
 std::string xmlWith(std::string_view inside)
 {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST "
-           "1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">" +
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD "
+           "PLIST "
+           "1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist "
+           "version=\"1.0\">" +
            std::string(inside) + "</plist>\n";
 }
 
@@ -60,8 +63,9 @@ TEST(PropertyListTest, FindsTheTextInXmlAndBinary)
         {"more than 255 objects", many, "com.example.many"},
         {"UTF-16", "<dict><key>CFBundleIdentifier</key><string>é€😀</string></dict>", "é€😀"},
         {"entities", "<dict><key>CFBundleIdentifier</key><string>a&amp;b</string></dict>", "a&b"},
-        {"long", "<dict><key>CFBundleIdentifier</key><string>" + std::string(70000, 'x') +
-                     "</string></dict>",
+        {"long",
+         "<dict><key>CFBundleIdentifier</key><string>" + std::string(70000, 'x') +
+             "</string></dict>",
          std::string(70000, 'x')},
         {"no text", "<dict><key>CFBundleIdentifier</key><integer>1</integer></dict>", {}},
         {"missing", "<dict><key>CFBundleIdentifiers</key><string>a</string></dict>", {}},
@@ -90,11 +94,10 @@ TEST(PropertyListTest, RefusesDepthHoweverItIsHidden)
     };
     EXPECT_EQ(propertyListString(nested(250, ""), kKey), "a");
     constexpr int kDeep = 400;
-    for (const std::string& hiding :
-         {std::string(), "<!--" + repeated("</array>", kDeep) + "-->",
-          "<?x \"?>" + repeated("</array>", kDeep) + "\"?>",
-          "<array a=\"" + repeated("</array>", kDeep) + "\">",
-          "<!DOCTYPE x [" + repeated("</array>", kDeep) + "]>"})
+    for (const std::string& hiding : {std::string(), "<!--" + repeated("</array>", kDeep) + "-->",
+                                      "<?x \"?>" + repeated("</array>", kDeep) + "\"?>",
+                                      "<array a=\"" + repeated("</array>", kDeep) + "\">",
+                                      "<!DOCTYPE x [" + repeated("</array>", kDeep) + "]>"})
         EXPECT_EQ(propertyListString(nested(kDeep, hiding), kKey), std::nullopt) << hiding;
     EXPECT_EQ(propertyListString(repeated("<a></", 2'000'000), kKey), std::nullopt);
     EXPECT_EQ(propertyListString(repeated("<dict><key>a</key>", 500'000), kKey), std::nullopt);
@@ -102,8 +105,9 @@ TEST(PropertyListTest, RefusesDepthHoweverItIsHidden)
 
 TEST(PropertyListTest, DamagedBytesAreNoListAndNoCrash)
 {
-    const std::string xml = xmlWith("<dict><key>a</key><array><integer>7</integer><data>AAAA</data>"
-                                    "</array><key>CFBundleIdentifier</key><string>é</string></dict>");
+    const std::string xml =
+        xmlWith("<dict><key>a</key><array><integer>7</integer><data>AAAA</data>"
+                "</array><key>CFBundleIdentifier</key><string>é</string></dict>");
     const std::string binary = binaryOf(xml);
     EXPECT_EQ(propertyListString("", kKey), std::nullopt);
     EXPECT_EQ(propertyListString("bplist00", kKey), std::nullopt);

@@ -1,6 +1,5 @@
 #include "platform/linux/PropertyList.h"
 
-
 #include <plist/plist.h>
 
 #include <algorithm>
@@ -150,8 +149,7 @@ private:
         for (std::uint64_t i = 0; i < found->count; ++i) {
             auto unit = static_cast<std::uint32_t>(*number(found->start + 2 * i, 2));
             if (unit >= 0xd800 && unit < 0xdc00 && i + 1 < found->count) {
-                const auto low =
-                    static_cast<std::uint32_t>(*number(found->start + 2 * (i + 1), 2));
+                const auto low = static_cast<std::uint32_t>(*number(found->start + 2 * (i + 1), 2));
                 if (low >= 0xdc00 && low < 0xe000) {
                     unit = 0x10000 + ((unit - 0xd800) << 10) + (low - 0xdc00);
                     ++i;
