@@ -172,7 +172,7 @@ bool CheckRunner::isPresent(const FileURL& url)
 {
     const Presence presence = m_disk.presence(url);
     if (presence == Presence::Unknown && m_untestable.insert(url.relativePath()).second)
-        m_coverage.refused.push_back({url.relativePath(), "a folder above it cannot be searched"});
+        m_coverage.refused.push_back({url.relativePath(), "could not be tested"});
     return presence == Presence::Present;
 }
 
