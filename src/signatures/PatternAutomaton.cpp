@@ -68,19 +68,19 @@ std::size_t PatternAutomaton::makeClasses(std::span<const std::string> patterns,
 void PatternAutomaton::makeTable(const std::vector<std::string>& patterns)
 {
     // A tree of the patterns; 0 stands for "no child", as the root is nobody's.
-    m_next.assign(m_classCount, kRoot);
-    std::vector<std::vector<std::uint32_t>> ending(1);
+    std::vector<Node> next(m_classCount, kRoot);
+    std::vector<Numbers> ending(1);
     for (std::uint32_t number = 0; number < patterns.size(); ++number) {
         Node node = kRoot;
         for (const char character : patterns[number]) {
             const std::size_t edge =
                 node * m_classCount + m_classes[static_cast<unsigned char>(character)];
-            if (m_next[edge] == kRoot) {
-                m_next[edge] = static_cast<Node>(ending.size());
-                m_next.resize(m_next.size() + m_classCount, kRoot);
+            if (next[edge] == kRoot) {
+                next[edge] = static_cast<Node>(ending.size());
+                next.resize(next.size() + m_classCount, kRoot);
                 ending.emplace_back();
             }
-            node = m_next[edge];
+            node = next[edge];
         }
         if (node != kRoot)
             ending[node].push_back(number);
@@ -94,9 +94,9 @@ void PatternAutomaton::makeTable(const std::vector<std::string>& patterns)
         std::vector<Node> below;
         for (const Node node : level) {
             for (std::size_t letter = 1; letter < m_classCount; ++letter) {
-                Node& child = m_next[node * m_classCount + letter];
+                Node& child = next[node * m_classCount + letter];
                 const Node fallback =
-                    node == kRoot ? kRoot : m_next[suffix[node] * m_classCount + letter];
+                    node == kRoot ? kRoot : next[suffix[node] * m_classCount + letter];
                 if (child == kRoot) {
                     child = fallback;
                     continue;
@@ -110,10 +110,34 @@ void PatternAutomaton::makeTable(const std::vector<std::string>& patterns)
         level = std::move(below);
     }
 
-    m_endingFrom.reserve(ending.size() + 1);
-    for (const auto& numbers : ending) {
+    layOut(next, ending);
+}
+
+void PatternAutomaton::layOut(const std::vector<Node>& next, const std::vector<Numbers>& ending)
+{
+    // Nodes at which nothing ends go first, so that one comparison tells most bytes off. No
+    // multiplication a byte either: a node is the place of its row.
+    std::vector<std::size_t> order;
+    for (const bool ends : {false, true}) {
+        for (std::size_t node = 0; node < ending.size(); ++node) {
+            if (ending[node].empty() != ends)
+                order.push_back(node);
+        }
+        if (!ends)
+            m_firstEnding = static_cast<Node>(order.size() * m_classCount);
+    }
+    std::vector<Node> rowOf(ending.size());
+    for (std::size_t place = 0; place < order.size(); ++place)
+        rowOf[order[place]] = static_cast<Node>(place * m_classCount);
+
+    m_next.reserve(next.size());
+    for (const std::size_t node : order) {
+        for (std::size_t letter = 0; letter < m_classCount; ++letter)
+            m_next.push_back(rowOf[next[node * m_classCount + letter]]);
+        if (ending[node].empty())
+            continue;
         m_endingFrom.push_back(static_cast<std::uint32_t>(m_ending.size()));
-        m_ending.insert(m_ending.end(), numbers.begin(), numbers.end());
+        m_ending.insert(m_ending.end(), ending[node].begin(), ending[node].end());
     }
     m_endingFrom.push_back(static_cast<std::uint32_t>(m_ending.size()));
 }

@@ -39,8 +39,9 @@ public:
     State advance(State state, std::string_view text, bool& ends) const;
 
 private:
-    using Node = std::uint32_t;
+    using Node = std::uint32_t; ///< where its row of the table begins
     using ByteClass = std::uint16_t;
+    using Numbers = std::vector<std::uint32_t>; ///< of patterns
 
     /// The bytes read so far of a character that may fold into a letter.
     enum Pending : std::uint8_t { None, KelvinOne, KelvinTwo, LongS };
@@ -49,24 +50,27 @@ private:
 
     [[nodiscard]] Node after(Node node, unsigned char byte) const
     {
-        return m_next[node * m_classCount + m_classes[byte]];
+        return m_next[node + m_classes[byte]];
     }
     [[nodiscard]] State afterSequenceByte(State state, unsigned char byte) const;
     [[nodiscard]] Node literal(State state) const;
     [[nodiscard]] std::span<const std::uint32_t> endingAt(Node node) const
     {
-        return {m_ending.data() + m_endingFrom[node], m_endingFrom[node + 1] - m_endingFrom[node]};
+        const std::size_t place = (node - m_firstEnding) / m_classCount;
+        return {m_ending.data() + m_endingFrom[place], m_ending.data() + m_endingFrom[place + 1]};
     }
 
     std::size_t makeClasses(std::span<const std::string> patterns, Letters letters);
     void makeTable(const std::vector<std::string>& patterns);
+    void layOut(const std::vector<Node>& next, const std::vector<Numbers>& ending);
 
     std::array<ByteClass, 256> m_classes{};   ///< 0: a byte that stands in no pattern
     std::array<bool, 256> m_beginsSequence{}; ///< of a character that may fold into a letter
     std::size_t m_classCount = 1;
-    std::vector<Node> m_next;                ///< by node and class
-    std::vector<std::uint32_t> m_endingFrom; ///< by node: where its part of m_ending begins
-    std::vector<std::uint32_t> m_ending;     ///< numbers of the patterns that end there
+    std::vector<Node> m_next;                ///< a row of classes for each node
+    Node m_firstEnding = 0;                  ///< from here on patterns end at every node
+    std::vector<std::uint32_t> m_endingFrom; ///< for each of those: where its part begins in
+    Numbers m_ending;                        ///< the patterns that end there
 };
 
 template <typename Found>
@@ -82,6 +86,8 @@ PatternAutomaton::State PatternAutomaton::advance(State state, std::string_view 
             state = afterSequenceByte(state, byte);
             reached = literal(state);
         }
+        if (reached < m_firstEnding)
+            continue;
         for (const std::uint32_t pattern : endingAt(reached))
             found(pattern);
     }
