@@ -32,10 +32,12 @@ constexpr std::string_view kSchema = "CREATE TABLE preference(key TEXT PRIMARY K
                                      "type TEXT NOT NULL, value NOT NULL) WITHOUT ROWID";
 constexpr std::int64_t kSchemaVersion = 1;
 
-/// The upper half of the file's application id ("Py"); the lower half repeats the schema version,
-/// so that a damaged version number cannot pass for a later program's file.
-constexpr std::int64_t kApplication = 0x5079;
-constexpr std::int64_t kApplicationShift = 16;
+/// The file's application id: "Py", and the schema version once more, so that a damaged version
+/// number cannot pass for a later program's file.
+constexpr std::int64_t applicationId(std::int64_t version)
+{
+    return 0x50790000 + version;
+}
 
 constexpr std::string_view kElsewhere = "or set PRYVANE_DATA_DIR to a folder of your own";
 
@@ -179,7 +181,7 @@ Attempt checked(SqliteConnection connection, const std::string& path)
         if (const int code = readInteger(connection, sql, *value); code != SQLITE_ROW)
             return failed(path, code);
     }
-    if (application != ((kApplication << kApplicationShift) | version))
+    if (application != applicationId(version))
         return {{}, "its header is not one of ours", {}};
     if (version > kSchemaVersion) {
         return {{},
@@ -251,8 +253,7 @@ Attempt create(const std::string& path)
         SqliteTransaction transaction(connection);
         const std::string setUp =
             std::string(kSchema) + "; PRAGMA user_version=" + std::to_string(kSchemaVersion) +
-            "; PRAGMA application_id=" +
-            std::to_string((kApplication << kApplicationShift) | kSchemaVersion);
+            "; PRAGMA application_id=" + std::to_string(applicationId(kSchemaVersion));
         code = transaction.code();
         if (code == SQLITE_OK)
             code = connection.execute(setUp.c_str());
@@ -398,6 +399,8 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log)
     const std::string given(dataFolder);
     if (stat(given.c_str(), &data) != 0 && (errno == ENOENT || errno == ENOTDIR))
         return OpenedStore{};
+    if (!S_ISDIR(data.st_mode))
+        return folderError(given, "it is not a folder");
     const auto folder = resolvedFolder(given);
     if (!folder)
         return folder.error();

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "reports/SpywareScanReport.h"
+
+namespace pryvane {
+
+/// What changed from one report to a later one. Findings at the same location are the same finding.
+struct ReportComparison {
+    SpywareList added; ///< in the later report only, in its order
+    SpywareList gone;  ///< in the earlier report only, in its order
+    SpywareList kept;  ///< in both, the later report's records, in its order
+};
+
+[[nodiscard]] ReportComparison compareReports(const SpywareScanReport& earlier,
+                                              const SpywareScanReport& later);
+
+} // namespace pryvane

@@ -1,0 +1,48 @@
+#include "core/Escape.h"
+#include "reports/ReportExport.h"
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::string_view kHeader = "item,name,infections,size,path,url,risk,isAvail\r\n";
+
+/// A cell of foreign text: harmless to look at, and no formula to any spreadsheet.
+std::string cell(std::string_view bytes)
+{
+    std::string text = forScreen(bytes);
+    // The first byte as it was counts too: a spreadsheet may undo an escape, but not an apostrophe.
+    constexpr std::string_view kFormula = "=+-@\t\r";
+    if (!bytes.empty() && kFormula.find(bytes.front()) != std::string_view::npos)
+        text.insert(text.begin(), '\'');
+    if (text.find_first_of(",\" ") == std::string::npos)
+        return text;
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"')
+            quoted += '"';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+} // namespace
+
+std::string reportAsCsv(const SpywareScanReport& report)
+{
+    std::string csv(kHeader);
+    std::size_t item = 0;
+    for (const auto& record : *report.spyWareList) {
+        csv += std::to_string(++item) + ',';
+        csv += cell(record->name) + ',';
+        csv += cell(record->infections) + ',';
+        csv += std::to_string(record->size) + ',';
+        csv += cell(record->url.relativePath()) + ',';
+        csv += cell(record->url.urlText()) + ',';
+        csv += cell(record->risk) + ',';
+        csv += record->isAvail ? "true\r\n" : "false\r\n";
+    }
+    return csv;
+}
+
+} // namespace pryvane

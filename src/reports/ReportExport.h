@@ -1,0 +1,20 @@
+#pragma once
+
+#include "reports/SpywareScanReport.h"
+
+#include <string>
+
+namespace pryvane {
+
+/// One report with its coverage as a JSON object, indented and ended by a newline. Paths stand
+/// there twice: as text, with everything deceptive escaped, and as a URL of their exact bytes.
+[[nodiscard]] std::string reportAsJson(const SpywareScanReport& report);
+
+/// Its findings as a table (RFC 4180) with a header row. No cell can pass for a formula: one that
+/// begins like a formula gets an apostrophe in front.
+[[nodiscard]] std::string reportAsCsv(const SpywareScanReport& report);
+
+/// One self-contained page without scripts and without anything from elsewhere.
+[[nodiscard]] std::string reportAsHtml(const SpywareScanReport& report);
+
+} // namespace pryvane

@@ -1,0 +1,133 @@
+#include "core/Escape.h"
+#include "reports/ReportExport.h"
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::string_view kHead = R"(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<meta name="referrer" content="no-referrer">
+<title>Pryvane scan report</title>
+<style>
+:root { color-scheme: light dark; --line: #d5d5da; --soft: #6b6b70; --red: #b52f35; --green: #2e7d38; }
+@media (prefers-color-scheme: dark) {
+  :root { --line: #47474c; --soft: #a0a0a8; --red: #ff8085; --green: #6fd47c; }
+}
+body { font: 15px/1.5 system-ui, sans-serif; max-width: 72rem; margin: 2rem auto; padding: 0 1rem; }
+h1 { font-size: 1.4rem; margin-bottom: 0; }
+h2 { font-size: 1.1rem; margin-top: 2rem; }
+.red { color: var(--red); } .green { color: var(--green); } .soft { color: var(--soft); }
+dl { display: grid; grid-template-columns: max-content 1fr; gap: .2rem 1.5rem; }
+dt { color: var(--soft); } dd { margin: 0; }
+.table { overflow-x: auto; }
+table { border-collapse: collapse; width: 100%; }
+th, td { text-align: left; vertical-align: top; padding: .4rem .8rem .4rem 0;
+         border-bottom: 1px solid var(--line); }
+td.path, li { font-family: ui-monospace, monospace; font-size: .9em; overflow-wrap: anywhere;
+              unicode-bidi: isolate; white-space: pre-wrap; }
+td.number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
+</style>
+</head>
+<body>
+)";
+
+/// All text that is not this page's own comes through here.
+void element(std::string& page, std::string_view tag, std::string_view bytes,
+             std::string_view classes = {})
+{
+    page += '<';
+    page += tag;
+    if (!classes.empty()) {
+        page += " class=\"";
+        page += classes;
+        page += '"';
+    }
+    page += '>';
+    page += forHtml(bytes);
+    page += "</";
+    page += tag;
+    page += '>';
+}
+
+void fact(std::string& page, std::string_view label, std::string_view bytes)
+{
+    element(page, "dt", label);
+    element(page, "dd", bytes);
+    page += '\n';
+}
+
+void summary(std::string& page, const SpywareScanReport& report)
+{
+    page += "<h1>Pryvane scan report</h1>\n";
+    element(page, "p", verdictLine(report.spyWareList->size(), report.coverage),
+            report.isRed ? "red" : "green");
+    page += "\n<dl>\n";
+    fact(page, "Scan type", report.reportType);
+    fact(page, "Scanned", localDateText(report.scanDate));
+    fact(page, "Duration", report.scanDuration);
+    fact(page, "Report", report.reportId);
+    page += "</dl>\n";
+}
+
+void findings(std::string& page, const SpywareList& list)
+{
+    if (list.empty())
+        return;
+    page += "<h2>Findings</h2>\n<div class=\"table\"><table>\n<thead><tr><th>#</th><th>Name</th>"
+            "<th>Threat</th><th>Risk</th><th>Size</th><th>Location</th><th>On disk</th></tr>"
+            "</thead>\n<tbody>\n";
+    std::size_t item = 0;
+    for (const auto& record : list) {
+        page += record->isAvail ? "<tr>" : "<tr class=\"soft\">";
+        element(page, "td", std::to_string(++item), "number");
+        element(page, "td", record->name, "path");
+        element(page, "td", record->infections);
+        element(page, "td", record->risk);
+        element(page, "td", sizeText(record->size), "number");
+        element(page, "td", record->url.relativePath(), "path");
+        element(page, "td", record->isAvail ? "yes" : "no");
+        page += "</tr>\n";
+    }
+    page += "</tbody>\n</table></div>\n";
+}
+
+void coverage(std::string& page, const ScanCoverage& coverage)
+{
+    page += "<h2>What was looked at</h2>\n<dl>\n";
+    fact(page, "Signatures tested", std::to_string(coverage.signaturesTested));
+    fact(page, "Folders listed", std::to_string(coverage.foldersListed));
+    fact(page, "Entries searched", std::to_string(coverage.entriesSearched));
+    fact(page, "Entries walked", std::to_string(coverage.entriesWalked));
+    page += "</dl>\n";
+    if (!coverage.refused.empty()) {
+        page += "<h2>What could not be read</h2>\n<ul>\n";
+        for (const Refusal& refusal : coverage.refused)
+            element(page, "li", refusal.path + ": " + refusal.reason), page += '\n';
+        page += "</ul>\n";
+    }
+    if (!coverage.heldBack.empty()) {
+        page += "<h2>Applications that were held back</h2>\n<ul>\n";
+        for (const auto& path : coverage.heldBack)
+            element(page, "li", path), page += '\n';
+        page += "</ul>\n";
+    }
+}
+
+} // namespace
+
+std::string reportAsHtml(const SpywareScanReport& report)
+{
+    std::string page(kHead);
+    summary(page, report);
+    findings(page, *report.spyWareList);
+    coverage(page, report.coverage);
+    page += "</body>\n</html>\n";
+    return page;
+}
+
+} // namespace pryvane

@@ -1,0 +1,183 @@
+#include "reports/ReportExport.h"
+
+#include "core/Escape.h"
+#include "reports/ReportCompare.h"
+#include "reports/ReportFixtures.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+namespace pryvane::test {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Cells = std::vector<std::vector<std::string>>;
+
+/// Reads RFC 4180 strictly; what breaks its rules fails the test.
+Cells parsedCsv(std::string_view csv)
+{
+    Cells rows;
+    std::size_t at = 0;
+    while (at < csv.size()) {
+        auto& row = rows.emplace_back();
+        for (;;) {
+            auto& cell = row.emplace_back();
+            if (csv[at] == '"') {
+                for (++at; csv[at] != '"' || csv.substr(at, 2) == "\"\""; ++at) {
+                    cell += csv[at];
+                    at += csv[at] == '"' ? 1 : 0;
+                }
+                ++at;
+            } else {
+                const auto end = csv.find_first_of(",\r", at);
+                cell = csv.substr(at, end - at);
+                at = end;
+            }
+            if (csv[at] != ',')
+                break;
+            ++at;
+        }
+        EXPECT_EQ(csv.substr(at, 2), "\r\n");
+        at += 2;
+    }
+    return rows;
+}
+
+std::vector<std::string> hostilePaths(std::size_t randomOnes)
+{
+    std::vector<std::string> paths;
+    for (const auto& name : hostileNames())
+        paths.push_back("/Library/" + name);
+    std::mt19937 random(5);
+    for (std::size_t i = 0; i < randomOnes; ++i)
+        paths.push_back("/Users/x/" + randomName(random));
+    return paths;
+}
+
+TEST(ReportJson, HasTheAgreedShape)
+{
+    auto report = reportOf({"/Library/a b"});
+    report->reportId = "ID";
+    report->coverage.refused = {{"/Users/x/\n", "permission denied"}};
+    report->coverage.heldBack = {"/Applications/T.app"};
+    report->coverage.seconds = 0.5;
+    EXPECT_EQ(Json::parse(reportAsJson(*report)).dump(), Json::parse(R"({
+        "report": {"reportId": "ID", "reportType": "Quick Scan",
+            "scanDate": "2023-11-14T22:13:20.123Z", "scanDuration": " 2 seconds",
+            "spyWareCount": 1, "isRed": true, "spyWareList": [
+                {"name": "a b", "infections": "Okaz Installer", "size": 4096,
+                 "path": "/Library/a b", "url": "file:///Library/a%20b", "risk": "High Risk",
+                 "isAvail": true, "isChecked": true, "isDeleted": false, "isNoAction": false}]},
+        "coverage": {"verdict": "found",
+            "verdictLine": "Found: 1 potential threat; not everything could be read: 1 location could not be read.",
+            "signaturesTested": 0, "foldersListed": 0, "entriesSearched": 0, "entriesWalked": 0,
+            "refused": [{"path": "/Users/x/\\n", "reason": "permission denied"}],
+            "heldBack": ["/Applications/T.app"], "missingHome": "", "homes": [], "seconds": 0.5}
+    })")
+                                                             .dump());
+}
+
+TEST(ReportJson, TellsTheThreeVerdictsApart)
+{
+    const auto verdict = [](const SpywareScanReport& report) {
+        return Json::parse(reportAsJson(report))["coverage"]["verdict"].get<std::string>();
+    };
+    auto report = reportOf({});
+    EXPECT_EQ(verdict(*report), "clean");
+    report->coverage.missingHome = "/Users/x";
+    EXPECT_EQ(verdict(*report), "cleanWhereRead");
+    EXPECT_EQ(verdict(*reportOf({"/tmp/x"})), "found");
+}
+
+TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
+{
+    const auto paths = hostilePaths(5000);
+    auto report = reportOf(paths);
+    const auto plain = reportOf(std::vector<std::string>(paths.size(), "/x/y"));
+    for (const auto& record : *report->spyWareList)
+        record->infections = record->name;
+    for (const auto& name : hostileNames()) {
+        report->coverage.refused.push_back({"/" + name, name});
+        report->coverage.heldBack.push_back(name);
+        plain->coverage.refused.push_back({"/x", "y"});
+        plain->coverage.heldBack.push_back("x");
+    }
+    report->coverage.missingHome = hostileNames()[0];
+    report->coverage.homes = hostileNames();
+    report->scanDuration = report->reportType = report->reportId = "<b>\x1b";
+
+    const std::string text = reportAsJson(*report);
+    EXPECT_TRUE(isHarmless(text, "\n"));
+    const Json json = Json::parse(text);
+    const Json& list = json["report"]["spyWareList"];
+    ASSERT_EQ(list.size(), paths.size());
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        EXPECT_EQ(FileURL::fromUrlText(list[i]["url"].get<std::string>()).relativePath(), paths[i]);
+        EXPECT_EQ(list[i]["path"], forJson(paths[i]));
+        EXPECT_TRUE(isHarmless(list[i]["name"].get<std::string>()));
+    }
+
+    const std::string csv = reportAsCsv(*report);
+    EXPECT_TRUE(isHarmless(csv, "\r\n"));
+    const Cells cells = parsedCsv(csv);
+    ASSERT_EQ(cells.size(), paths.size() + 1);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        ASSERT_EQ(cells[i].size(), 8U) << i;
+        for (const auto& cell : cells[i])
+            EXPECT_EQ(std::string("=+-@\t\r").find(cell[0]), std::string::npos) << cell;
+        const std::string url = FileURL::fromUrlText(cells[i][5]).relativePath();
+        EXPECT_EQ(url, i == 0 ? "url" : paths[i - 1]);
+    }
+
+    // As many tags and attributes as the same report with plain names.
+    const std::string html = reportAsHtml(*report), plainHtml = reportAsHtml(*plain);
+    EXPECT_TRUE(isHarmless(html, "\n"));
+    for (const char c : {'<', '>', '"'})
+        EXPECT_EQ(std::count(html.begin(), html.end(), c),
+                  std::count(plainHtml.begin(), plainHtml.end(), c))
+            << c;
+    EXPECT_EQ(html.find("http://"), html.find("http://example.invalid")) << "only inside a name";
+    EXPECT_NE(html.find("default-src 'none'"), std::string::npos);
+}
+
+TEST(ReportCsv, QuotesAndDisarms)
+{
+    auto report = reportOf({"/tmp/a"});
+    Spyware& record = *report->spyWareList->front();
+    const auto row = [&](std::string_view name) {
+        record.name = name;
+        const std::string csv = reportAsCsv(*report);
+        const auto start = csv.find("\r\n1,") + 4;
+        return csv.substr(start, csv.find(",\"Okaz Installer\"") - start);
+    };
+    EXPECT_EQ(row("plain"), "plain");
+    EXPECT_EQ(row("a,\"b\""), "\"a,\"\"b\"\"\"");
+    EXPECT_EQ(row("-rf"), "'-rf");
+    EXPECT_EQ(row("=1,2"), "\"'=1,2\"");
+    EXPECT_EQ(row("\t=1"), "'\\t=1");
+    EXPECT_EQ(row("a\nb"), "a\\nb");
+}
+
+TEST(ReportCompare, GoesByLocation)
+{
+    const auto paths = [](const SpywareList& list) {
+        std::vector<std::string> texts;
+        for (const auto& record : list)
+            texts.push_back(record->url.relativePath());
+        return texts;
+    };
+    using Texts = std::vector<std::string>;
+    const auto earlier = reportOf({"/a", "/b/", "c", "/gone2", "/gone1"});
+    const auto later = reportOf({"/new2", "/c", "/b", "/new1", "/a"});
+    const ReportComparison compared = compareReports(*earlier, *later);
+    EXPECT_EQ(paths(compared.added), (Texts{"/new2", "/new1"}));
+    EXPECT_EQ(paths(compared.kept), (Texts{"/c", "/b", "/a"}));
+    EXPECT_EQ(paths(compared.gone), (Texts{"/gone2", "/gone1"}));
+}
+
+} // namespace
+
+} // namespace pryvane::test

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/posix/SqliteUserDefaults.h"
+#include "support/TemporaryFolder.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane::test {
+
+inline constexpr std::string_view kStoreFile = "Pryvane.sqlite";
+
+/// A folder on a memory disk where the host has one: for tests that save thousands of times.
+[[nodiscard]] std::unique_ptr<TemporaryFolder> fastFolder();
+
+/// Opens the store there; a failure fails the test.
+[[nodiscard]] SqliteUserDefaults::Opened openedStore(const std::string& folder, Log& log);
+
+[[nodiscard]] std::string contentOf(const std::string& hostPath);
+void setContent(const std::string& hostPath, std::string_view content);
+
+/// Names in the folder, sorted.
+[[nodiscard]] std::vector<std::string> namesIn(const std::string& hostFolder);
+
+/// Runs the work in a process of its own and gives what it returned: an empty text when all was
+/// well, what was wrong otherwise. So a test can give up rights that its own process needs.
+[[nodiscard]] std::string inChild(const std::function<std::string()>& work);
+
+/// What `inChild` work returns where the host does not allow the test.
+inline constexpr std::string_view kSkip = "skip: ";
+
+} // namespace pryvane::test
+
+/// Passes on what a child found.
+#define PRYVANE_EXPECT_CHILD_OK(text)                                                              \
+    do {                                                                                           \
+        const std::string childText = (text);                                                      \
+        if (childText.starts_with(pryvane::test::kSkip))                                           \
+            GTEST_SKIP() << childText;                                                             \
+        EXPECT_EQ(childText, "");                                                                  \
+    } while (false)
