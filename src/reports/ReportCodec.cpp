@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace pryvane {
 
@@ -27,8 +28,8 @@ constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListe
                            kMissingHome = "missingHome", kHomes = "homes", kSeconds = "seconds";
 } // namespace key
 
-/// The years 1 to 9999, in which seconds as a double are exact to the millisecond.
-constexpr double kFirstSecond = -62135596800.0, kLastSecond = 253402300799.0;
+/// The years 1700 to 2199: no scan was ever made outside them, and every clock can count them.
+constexpr double kFirstSecond = -8520336000.0, kLastSecond = 7258118399.0;
 
 void writeDate(CborWriter& out, Date date)
 {
@@ -66,7 +67,8 @@ void writeRecord(CborWriter& out, const Spyware& record)
 std::shared_ptr<Spyware> readRecord(CborReader& in)
 {
     auto record = std::make_shared<Spyware>();
-    std::string_view path, url;
+    std::optional<std::string_view> path;
+    std::string_view url;
     auto fields = in.map();
     while (in.more(fields)) {
         const std::string_view key = in.key();
@@ -85,7 +87,7 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
         else
             in.skip();
     }
-    record->url = path.empty() ? FileURL::fromUrlText(url) : FileURL::fileURLWithPath(path);
+    record->url = path ? FileURL::fileURLWithPath(*path) : FileURL::fromUrlText(url);
     return record;
 }
 
