@@ -111,10 +111,11 @@ std::string withUnknownValue(std::string_view value)
     CborWriter out(bytes);
     out.array(1);
     out.map(4);
-    out.integer(7), out.text("a key that is a number");
-    out.text("later"), bytes += value;
-    out.text("reportId"), out.text("id");
-    out.text("spyWareList"), out.array(0);
+    out.integer(7).text("a key that is a number");
+    out.text("later");
+    bytes += value;
+    out.text("reportId").text("id");
+    out.text("spyWareList").array(0);
     return bytes;
 }
 

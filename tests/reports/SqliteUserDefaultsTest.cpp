@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <thread>
@@ -238,6 +239,17 @@ TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
     }
     EXPECT_FALSE(SqliteUserDefaults::open("", log).ok());
     EXPECT_EQ(contentOf(folder.hostPath("t")), "x");
+}
+
+TEST_F(SqliteUserDefaultsTest, NeverSavesIntoAFileThatWasMovedAway)
+{
+    const auto defaults = open();
+    ASSERT_TRUE(defaults->set(preferences::kScan, true).ok());
+    std::filesystem::rename(file(), folder.hostPath("moved"));
+    const auto saved = defaults->set(preferences::kScan, false);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_NE(saved.error().message.find("moved while the program ran"), std::string::npos)
+        << saved.error().message;
 }
 
 TEST_F(SqliteUserDefaultsTest, LeavesTheFileOfALaterVersionAlone)
