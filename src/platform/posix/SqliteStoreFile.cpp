@@ -44,6 +44,8 @@ Attempt failed(std::string_view path, int code)
 {
     if (meansDamage(code))
         return {{}, sqlite3_errstr(code), {}};
+    if (code == SQLITE_READONLY_ROLLBACK) // never where writing is allowed: then it is just undone
+        return {{}, "a save was interrupted, which the next start that may write undoes", {}};
     return {{}, {}, storeError("open the preferences", path, code)};
 }
 
@@ -252,8 +254,8 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log)
     Attempt attempt = openChecked(path, SQLITE_OPEN_READONLY);
     if (!attempt.damage)
         return outcome(std::move(attempt), path, {});
-    std::string notice = "The preferences in " + forScreen(path) + " are damaged (" +
-                         forScreen(*attempt.damage) + ") and were not read.";
+    std::string notice = "The preferences in " + forScreen(path) + " cannot be read (" +
+                         forScreen(*attempt.damage) + "); the built-in settings apply.";
     log.line(notice);
     return OpenedStore{{}, path, std::move(notice)};
 }
