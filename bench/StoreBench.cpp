@@ -39,6 +39,7 @@ public:
     FileKind kind(const FileURL&) override { return FileKind::Unknown; }
     FolderListing list(const FileURL&) override { return {}; }
     std::int64_t allocatedSize(const FileURL&) override { return 0; }
+    int openFolder(const FileURL&) override { return -1; }
     bool writable(const FileURL&) override { return false; }
     Result<std::string> readSmallFile(const FileURL&, std::size_t) override { return Error{}; }
     std::string identity() const override { return "host"; }

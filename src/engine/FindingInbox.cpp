@@ -35,6 +35,12 @@ void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::st
         push({std::move(record), {}, Admission::Tested});
 }
 
+void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::string_view type,
+                           std::string_view risk, std::int64_t size)
+{
+    push({Spyware::SpyWareSeen(name, type, size, url, risk), {}, Admission::Tested});
+}
+
 void FindingInbox::append(const FileURL& url, std::string_view name, std::string_view type,
                           std::string_view risk, std::int64_t size)
 {

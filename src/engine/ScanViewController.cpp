@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "engine/CheckSequence.h"
+#include "engine/DeepScan.h"
 #include "engine/DiskAccess.h"
 #include "engine/RootChoice.h"
 #include "platform/Clock.h"
@@ -43,15 +44,38 @@ ScanViewController::ScanViewController(const PlatformServices& services, ScanSta
       m_inbox(services, state, [this] { Q_EMIT stateChanged(); })
 {
     m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
-    m_observations.push_back(m_services.notifications.observe(
-        NotificationName::UpdateThreat, [this](const Notification&) { updateThreatBox(); }));
+    observe();
     makeAccessibleUIChanges();
+}
+
+/// Handlers run on the posting thread, so each goes over to the main thread.
+void ScanViewController::observe()
+{
+    using Delivery = NotificationCenter::Delivery;
+    const auto on = [this](NotificationName name, Delivery delivery, auto handler) {
+        m_observations.push_back(m_services.notifications.observe(name, handler, delivery));
+    };
+    on(NotificationName::UpdateThreat, Delivery::Each, [this](const Notification&) {
+        if (m_services.mainQueue.isMainThread())
+            updateThreatBox();
+        else
+            postToMain([this] { updateThreatBox(); });
+    });
+    on(NotificationName::ScanningProgress, Delivery::Each, [this](const Notification&) {
+        postToMain([this] { ScanningProgressUIChange(); });
+    });
+    on(NotificationName::ScanningProgressURL, Delivery::Sampled, [this](const Notification& note) {
+        if (const auto* location = std::get_if<std::string_view>(&note.object)) {
+            postToMain([this, text = std::string(*location)] { ScanningProgressURL(text); });
+        }
+    });
 }
 
 ScanViewController::~ScanViewController()
 {
     m_state.isScanStop.request();
     m_checkThread.join();
+    m_walkThread.join();
     if (m_isScanning)
         m_state.isScanStop.clear();
 }
@@ -99,44 +123,106 @@ void ScanViewController::scanInBGThread()
     m_state.arrSpywareList.clear();
     m_state.isScanning = true;
     m_root = RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
-    startChecks();
+    m_coverage = {};
+    if (m_state.isDeepScan) {
+        startDeepScan();
+    } else {
+        m_partsRunning = 1;
+        startChecks();
+    }
 }
 
 void ScanViewController::startChecks()
 {
-    m_services.disk.forgetListings();
-    m_checkThread.start([this] {
+    CheckSequence::StepShown shown;
+    if (!m_state.isDeepScan) {
+        shown = [this](std::string_view label, int step) {
+            postToMain([this, text = std::string(label), step] {
+                ScanningProgressChange(text, step);
+            });
+        };
+    }
+    m_checkThread.start([this, shown = std::move(shown)] {
         ScanCoverage coverage;
         CheckRunner checks(m_services.disk, m_services.defaults, m_options.user, m_inbox, coverage);
-        CheckSequence sequence(checks, m_services.clock, m_state.isScanStop,
-                               [this](std::string_view label, int step) {
-                                   postToMain([this, text = std::string(label), step] {
-                                       ScanningProgressChange(text, step);
-                                   });
-                               });
+        CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
         const auto outcome = sequence.scan4SpywareStart();
         noteHomes(m_services.disk, m_options.homePath(), coverage);
         const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
                                                                         : Ending::WithoutReport;
-        m_inbox.whenEmpty(
-            [this, ending, coverage = std::move(coverage)] { sequenceEnded(ending, coverage); });
+        m_inbox.whenEmpty([this, ending, coverage = std::move(coverage)] {
+            partEnded(Part::Checks, ending, coverage);
+        });
     });
 }
 
-void ScanViewController::sequenceEnded(Ending ending, ScanCoverage coverage)
+/// Counts, then runs the checks beside the walk. The walk decides about the report, and only where
+/// folders are gone through as nodes; a scan that is stopped while it counts has no checks.
+void ScanViewController::startDeepScan()
 {
-    m_checkThread.join();
-    finishCoverage(std::move(coverage));
-    if (ending == Ending::WithReport)
+    const bool flat = m_services.defaults.get(preferences::kCheckSubDir) == "n";
+    const auto folders = flat ? DeepScan::Folders::Flat : DeepScan::Folders::Nodes;
+    m_fileCountCompleted = false;
+    m_partsRunning = 1;
+    m_walkThread.start([this, folders] {
+        DeepScan walk(m_services, m_state, m_inbox, m_root, folders);
+        if (walk.count()) {
+            postToMain([this] { DeepScanStart(); });
+            walk.scan();
+        }
+        const auto ending = folders == DeepScan::Folders::Nodes ? Ending::WithReport
+                                                                : Ending::WithoutReport;
+        // Behind DeepScanStart() in the main queue, so that the checks are known to run by then.
+        postToMain([this, ending, coverage = walk.coverage()] {
+            m_inbox.whenEmpty([this, ending, coverage] {
+                partEnded(Part::Walk, ending, coverage);
+            });
+        });
+    });
+}
+
+void ScanViewController::DeepScanStart()
+{
+    m_fileCountCompleted = true;
+    m_display.activityIndicator = false;
+    m_display.scanTypeLabel = "Scanning Entry:";
+    ++m_partsRunning;
+    startChecks();
+    Q_EMIT stateChanged();
+}
+
+/// The scan is over when all its parts are: no finding of a slower one may be missing.
+void ScanViewController::partEnded(Part part, Ending ending, ScanCoverage coverage)
+{
+    const bool decides = part == Part::Walk || !m_state.isDeepScan;
+    if (decides)
+        m_ending = ending;
+    (part == Part::Walk ? m_walkThread : m_checkThread).join();
+    addCoverage(std::move(coverage));
+    if (--m_partsRunning > 0)
+        return;
+    finishCoverage();
+    if (m_ending == Ending::WithReport)
         doneScan();
     else
         backToIdle();
     Q_EMIT scanEnded();
 }
 
-void ScanViewController::finishCoverage(ScanCoverage coverage)
+void ScanViewController::addCoverage(ScanCoverage coverage)
 {
-    m_coverage = std::move(coverage);
+    // Only the checks know of signatures and homes, only the walk of walked entries.
+    const auto walked = m_coverage.entriesWalked + coverage.entriesWalked;
+    auto refused = std::move(m_coverage.refused);
+    refused.insert(refused.end(), coverage.refused.begin(), coverage.refused.end());
+    if (coverage.signaturesTested > 0)
+        m_coverage = std::move(coverage);
+    m_coverage.entriesWalked = walked;
+    m_coverage.refused = std::move(refused);
+}
+
+void ScanViewController::finishCoverage()
+{
     m_coverage.heldBack = m_inbox.heldBack();
     m_coverage.seconds =
         std::chrono::duration<double>(m_services.clock.steadyNow() - m_startedAt).count();
@@ -231,6 +317,31 @@ void ScanViewController::ScanningProgressChange(const std::string& label, int st
         showProgress(step + 1);
         Q_EMIT stateChanged();
     });
+}
+
+/// One more percent of a deep walk, whatever the number in the notification.
+void ScanViewController::ScanningProgressUIChange()
+{
+    if (!m_isScanning)
+        return;
+    m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
+    showProgress(std::min(static_cast<int>(m_display.progressBar) + 1, 100));
+    Q_EMIT stateChanged();
+}
+
+void ScanViewController::ScanningProgressURL(const std::string& location)
+{
+    if (!m_isScanning)
+        return;
+    if (m_state.totalScanCount >= 1) {
+        m_display.indeterminate = false;
+    } else if (!m_fileCountCompleted) {
+        m_display.progressText = "0%";
+        m_display.indeterminate = true;
+    }
+    m_display.location = forScreen(location);
+    m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
+    Q_EMIT stateChanged();
 }
 
 void ScanViewController::showProgress(int percent)

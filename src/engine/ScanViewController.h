@@ -70,18 +70,25 @@ Q_SIGNALS:
 
 private:
     enum class Ending : std::uint8_t { WithReport, WithoutReport };
+    enum class Part : std::uint8_t { Checks, Walk };
 
     void showStart();
     void scanInBGThread();
     void startChecks();
-    void sequenceEnded(Ending ending, ScanCoverage coverage);
+    void startDeepScan();
+    void DeepScanStart();
+    void partEnded(Part part, Ending ending, ScanCoverage coverage);
     void doneScan();
     void backToIdle();
     void endSession();
     void showProgress(int percent);
     void ScanningProgressChange(const std::string& label, int step);
+    void ScanningProgressUIChange();
+    void ScanningProgressURL(const std::string& location);
     void updateThreatBox();
-    void finishCoverage(ScanCoverage coverage);
+    void observe();
+    void addCoverage(ScanCoverage coverage);
+    void finishCoverage();
     [[nodiscard]] std::string durationText(Date now) const;
     void postToMain(std::function<void()> work);
     void postToMainAfter(std::chrono::milliseconds delay, std::function<void()> work);
@@ -106,11 +113,15 @@ private:
     ScanCoverage m_coverage;
     std::chrono::nanoseconds m_startedAt{0};
     std::optional<FileURL> m_root; ///< what a deep scan walks; none when making the grant failed
+    int m_partsRunning = 0;        ///< a quick scan has one part, a deep scan two
+    Ending m_ending = Ending::WithoutReport; ///< what the part that decides it has said
+    bool m_fileCountCompleted = false;
 
     std::vector<NotificationCenter::Observation> m_observations;
     std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
     FindingInbox m_inbox;
-    Worker m_checkThread; // last: it ends before anything it uses
+    Worker m_checkThread; // last: they end before anything they use
+    Worker m_walkThread;
 };
 
 } // namespace pryvane

@@ -48,6 +48,10 @@ public:
     /// counting 0, links not followed. What cannot be read counts 0.
     [[nodiscard]] virtual std::int64_t allocatedSize(const FileURL& url) = 0;
 
+    /// A descriptor of the folder, open for reading and now the caller's; -1 with errno set where
+    /// there is none to be had.
+    [[nodiscard]] virtual int openFolder(const FileURL& folder) = 0;
+
     [[nodiscard]] virtual bool writable(const FileURL& url) = 0;
 
     /// The content of a small regular file, or why it could not be had. Links, FIFOs and devices

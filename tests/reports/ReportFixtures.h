@@ -22,6 +22,7 @@ public:
     FileKind kind(const FileURL& url) override;
     FolderListing list(const FileURL&) override { return {}; }
     std::int64_t allocatedSize(const FileURL&) override { return 0; }
+    int openFolder(const FileURL&) override { return -1; }
     bool writable(const FileURL&) override { return false; }
     Result<std::string> readSmallFile(const FileURL&, std::size_t) override
     {

@@ -75,6 +75,7 @@ public:
     FolderListing list(const FileURL& folder) override;
     FileKind kind(const FileURL& url) override { return m_disk.kind(url); }
     std::int64_t allocatedSize(const FileURL& url) override { return m_disk.allocatedSize(url); }
+    int openFolder(const FileURL& url) override { return m_disk.openFolder(url); }
     bool writable(const FileURL& url) override { return m_disk.writable(url); }
     Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
     {

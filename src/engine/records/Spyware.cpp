@@ -9,13 +9,22 @@ std::shared_ptr<Spyware> Spyware::SpyWareWithName(std::string_view name, bool /*
                                                   const FileURL& url, std::string_view risk,
                                                   FileSystem& disk)
 {
+    auto record = SpyWareSeen(name, infections, size, url, risk);
+    record->setAvailability(disk.exists(url));
+    return record;
+}
+
+std::shared_ptr<Spyware> Spyware::SpyWareSeen(std::string_view name, std::string_view infections,
+                                              std::int64_t size, const FileURL& url,
+                                              std::string_view risk)
+{
     auto record = std::make_shared<Spyware>();
     record->name = name;
     record->infections = infections;
     record->size = size;
     record->url = url;
     record->risk = risk;
-    record->setAvailability(disk.exists(url));
+    record->setAvailability(true);
     return record;
 }
 

@@ -220,6 +220,18 @@ std::int64_t VolumeFileSystem::allocatedSize(const FileURL& url)
                         O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
 }
 
+int VolumeFileSystem::openFolder(const FileURL& folder)
+{
+    auto opened = m_root->openFolder(folder.relativePath(), FolderUse::Read);
+    if (meansAbsent(opened.error) && m_matching == NameMatching::AsOnMac) {
+        const auto spelled = m_spellings.resolve(folder.relativePath(), LeafLink::Follow);
+        if (spelled.presence == Presence::Present)
+            opened = m_root->openFolder("/" + spelled.path, FolderUse::Read);
+    }
+    errno = opened.error;
+    return opened.fd.release();
+}
+
 bool VolumeFileSystem::writable(const FileURL& url)
 {
     std::string path = url.relativePath();

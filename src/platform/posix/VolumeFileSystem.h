@@ -40,6 +40,7 @@ public:
     [[nodiscard]] FileKind kind(const FileURL& url) override;
     [[nodiscard]] FolderListing list(const FileURL& folder) override;
     [[nodiscard]] std::int64_t allocatedSize(const FileURL& url) override;
+    [[nodiscard]] int openFolder(const FileURL& folder) override;
     [[nodiscard]] bool writable(const FileURL& url) override;
     [[nodiscard]] Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override;
     [[nodiscard]] std::string identity() const override { return m_identity; }
