@@ -9,6 +9,15 @@ namespace {
 
 constexpr std::string_view kHexDigits = "0123456789abcdef";
 
+/// The bytes that a URL's path may hold as they are.
+constexpr std::array<bool, 256> kUnreserved = [] {
+    std::array<bool, 256> table{};
+    for (const char c : std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                         "0123456789/-._~"))
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}();
+
 void appendByteEscape(std::string& out, unsigned char byte)
 {
     out += "\\x";
@@ -200,20 +209,21 @@ std::string forHtml(std::string_view bytes)
 
 std::string percentEncoded(std::string_view bytes)
 {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string out;
-    out.reserve(bytes.size());
-    for (const char c : bytes) {
-        const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                           (c >= '0' && c <= '9') || c == '/' || c == '-' || c == '.' || c == '_' ||
-                           c == '~';
-        if (plain) {
-            out += c;
-            continue;
-        }
-        const auto byte = static_cast<unsigned char>(c);
+    out.reserve(bytes.size() + 8);
+    while (!bytes.empty()) {
+        std::size_t plain = 0;
+        while (plain < bytes.size() && kUnreserved[static_cast<unsigned char>(bytes[plain])])
+            ++plain;
+        out.append(bytes.substr(0, plain));
+        if (plain == bytes.size())
+            break;
+        const auto byte = static_cast<unsigned char>(bytes[plain]);
         out += '%';
-        out += "0123456789ABCDEF"[byte >> 4];
-        out += "0123456789ABCDEF"[byte & 0xf];
+        out += kDigits[byte >> 4];
+        out += kDigits[byte & 0xf];
+        bytes.remove_prefix(plain + 1);
     }
     return out;
 }

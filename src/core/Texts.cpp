@@ -28,7 +28,7 @@ struct CivilTime {
 std::tm localBrokenDown(Date date)
 {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(date);
-    const std::time_t time = std::chrono::system_clock::to_time_t(seconds);
+    const std::time_t time = seconds.time_since_epoch().count();
     std::tm parts{};
     localtime_r(&time, &parts);
     return parts;
@@ -129,7 +129,7 @@ std::string sizeText(std::int64_t bytes)
 std::string iso8601(Date date)
 {
     const auto second = std::chrono::floor<std::chrono::seconds>(date);
-    const std::time_t time = std::chrono::system_clock::to_time_t(second);
+    const std::time_t time = second.time_since_epoch().count();
     std::tm parts{};
     gmtime_r(&time, &parts);
     return formatted("%04d-%02d-%02dT%02d:%02d:%02d.%03dZ", parts.tm_year + 1900, parts.tm_mon + 1,

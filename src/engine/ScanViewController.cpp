@@ -61,9 +61,8 @@ void ScanViewController::observe()
         else
             postToMain([this] { updateThreatBox(); });
     });
-    on(NotificationName::ScanningProgress, Delivery::Each, [this](const Notification&) {
-        postToMain([this] { ScanningProgressUIChange(); });
-    });
+    on(NotificationName::ScanningProgress, Delivery::Each,
+       [this](const Notification&) { postToMain([this] { ScanningProgressUIChange(); }); });
     on(NotificationName::ScanningProgressURL, Delivery::Sampled, [this](const Notification& note) {
         if (const auto* location = std::get_if<std::string_view>(&note.object)) {
             postToMain([this, text = std::string(*location)] { ScanningProgressURL(text); });
@@ -137,9 +136,8 @@ void ScanViewController::startChecks()
     CheckSequence::StepShown shown;
     if (!m_state.isDeepScan) {
         shown = [this](std::string_view label, int step) {
-            postToMain([this, text = std::string(label), step] {
-                ScanningProgressChange(text, step);
-            });
+            postToMain(
+                [this, text = std::string(label), step] { ScanningProgressChange(text, step); });
         };
     }
     m_checkThread.start([this, shown = std::move(shown)] {
@@ -170,13 +168,12 @@ void ScanViewController::startDeepScan()
             postToMain([this] { DeepScanStart(); });
             walk.scan();
         }
-        const auto ending = folders == DeepScan::Folders::Nodes ? Ending::WithReport
-                                                                : Ending::WithoutReport;
+        const auto ending =
+            folders == DeepScan::Folders::Nodes ? Ending::WithReport : Ending::WithoutReport;
         // Behind DeepScanStart() in the main queue, so that the checks are known to run by then.
         postToMain([this, ending, coverage = walk.coverage()] {
-            m_inbox.whenEmpty([this, ending, coverage] {
-                partEnded(Part::Walk, ending, coverage);
-            });
+            m_inbox.whenEmpty(
+                [this, ending, coverage] { partEnded(Part::Walk, ending, coverage); });
         });
     });
 }

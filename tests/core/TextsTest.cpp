@@ -111,6 +111,7 @@ TEST(Texts, SizesAndDates)
     EXPECT_EQ(sizeText(123'456'789), "123 MB");
     EXPECT_EQ(iso8601(Date(std::chrono::milliseconds(1'700'000'000'007))),
               "2023-11-14T22:13:20.007Z");
+    EXPECT_EQ(iso8601(Date(std::chrono::seconds(32'503'680'000))), "3000-01-01T00:00:00.000Z");
     EXPECT_EQ(iso8601(Date(std::chrono::milliseconds(-1))), "1969-12-31T23:59:59.999Z");
 }
 

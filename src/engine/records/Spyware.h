@@ -29,9 +29,10 @@ public:
                     std::int64_t size, const FileURL& url, std::string_view risk, FileSystem& disk);
 
     /// The same for a location that is known to exist at this moment.
-    [[nodiscard]] static std::shared_ptr<Spyware>
-    SpyWareSeen(std::string_view name, std::string_view infections, std::int64_t size,
-                const FileURL& url, std::string_view risk);
+    [[nodiscard]] static std::shared_ptr<Spyware> SpyWareSeen(std::string_view name,
+                                                              std::string_view infections,
+                                                              std::int64_t size, const FileURL& url,
+                                                              std::string_view risk);
 
     /// Follows the disk: sets isAvail, and isChecked and the row's colour after it.
     void setAvailability(bool available);
