@@ -97,21 +97,35 @@ bool isInDefaultFolder(const std::string& path)
                                [&](std::string_view folder) { return forUser(folder) == parent; });
 }
 
-bool flags(const CatalogRow& row, const std::string& path)
-{
-    const std::string text = lowered(std::string(row.signature));
-    const std::string where = lowered(path);
-    const auto holds = [&](const std::string& part) {
-        return isInDefaultFolder(path) && where.find(part) != std::string::npos;
-    };
-    if (row.rule == RuleKind::NameFragment)
-        return holds(text + ".") || holds("." + text);
-    if (row.rule == RuleKind::BareWord)
-        return holds(text);
-    return std::ranges::any_of(locationsOf(row), [&](const std::string& location) {
-        return FileURL::fileURLWithPath(location) == FileURL::fileURLWithPath(path);
-    });
-}
+/// Whether a rule flags a path, decided for itself.
+class Judge {
+public:
+    explicit Judge(const CatalogRow& row)
+        : m_rule(row.rule), m_text(lowered(std::string(row.signature)))
+    {
+        for (const std::string& location : locationsOf(row))
+            m_locations.insert(FileURL::fileURLWithPath(location).absolutePath());
+    }
+
+    [[nodiscard]] bool flags(const std::string& path) const
+    {
+        if (m_rule == RuleKind::NameFragment)
+            return holds(path, m_text + ".") || holds(path, "." + m_text);
+        if (m_rule == RuleKind::BareWord)
+            return holds(path, m_text);
+        return m_locations.contains(FileURL::fileURLWithPath(path).absolutePath());
+    }
+
+private:
+    static bool holds(const std::string& path, const std::string& text)
+    {
+        return lowered(path).find(text) != std::string::npos && isInDefaultFolder(path);
+    }
+
+    RuleKind m_rule;
+    std::string m_text;
+    std::set<std::string> m_locations;
+};
 
 std::vector<CatalogRow> checkRows()
 {
@@ -159,19 +173,18 @@ TEST_F(SignaturesTest, AVolumeWithEverythingGivesEveryFindingAndNothingElse)
     for (const CatalogRow& row : checkRows())
         std::ranges::copy(plantsFor(row), std::back_inserter(plants));
     plantAll(plants);
-    std::set<std::string> entries;
     for (const std::string_view folder : catalogue::defaultFolders()) {
         for (const FolderEntry& e : disk.list(FileURL::fileURLWithPath(forUser(folder))).entries)
-            entries.insert(forUser(folder) + "/" + e.name);
+            plants.push_back(forUser(folder) + "/" + e.name);
     }
-    std::ranges::copy(entries, std::back_inserter(plants));
 
     std::set<Finding> expected;
     for (const CatalogRow& row : checkRows()) {
         if (row.rule == RuleKind::RemoteDesktop)
             continue;
+        const Judge judge(row);
         for (const std::string& path : plants) {
-            if (flags(row, path))
+            if (judge.flags(path))
                 expected.insert(
                     {FileURL::fileURLWithPath(path).absolutePath(), std::string(row.family)});
         }

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <set>
 
 namespace pryvane::test {
 
@@ -23,9 +22,10 @@ void RecordingSink::addIfAvail(const FileURL& url, std::string_view name, std::s
                                std::string_view risk, std::int64_t size)
 {
     calls.push_back({url, std::string(name), std::string(type), std::string(risk), size});
-    const bool isNew = std::ranges::none_of(listed, [&](const Call& c) { return c.url == url; });
-    if (isNew && m_disk.exists(url))
+    if (!m_listed.contains(url.absolutePath()) && m_disk.exists(url)) {
+        m_listed.insert(url.absolutePath());
         listed.push_back(calls.back());
+    }
 }
 
 void RecordingSink::append(const FileURL& url, std::string_view name, std::string_view type,

@@ -9,6 +9,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -59,6 +60,7 @@ public:
 
 private:
     FileSystem& m_disk;
+    std::set<std::string> m_listed; ///< absolute forms
 };
 
 /// Answers for a disk, except where the test says that it could not tell.
