@@ -1,160 +1,133 @@
 #include "signatures/PatternAutomaton.h"
 
+#include <bit>
+#include <stdexcept>
+
 namespace pryvane {
 
 namespace {
 
-constexpr std::string_view kKelvinSign = "\xE2\x84\xAA";
-constexpr std::string_view kLongS = "\xC5\xBF";
+constexpr std::size_t kMaxStates = 0x7fff;
 
-constexpr unsigned char byteOf(std::string_view sequence, std::size_t place)
+unsigned char lowered(unsigned char c)
 {
-    return static_cast<unsigned char>(sequence[place]);
-}
-
-std::string folded(std::string_view text)
-{
-    std::string result;
-    result.reserve(text.size());
-    while (!text.empty()) {
-        std::size_t length = 1;
-        if (text.starts_with(kKelvinSign)) {
-            result += 'k';
-            length = kKelvinSign.size();
-        } else if (text.starts_with(kLongS)) {
-            result += 's';
-            length = kLongS.size();
-        } else {
-            const char c = text.front();
-            result += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        }
-        text.remove_prefix(length);
-    }
-    return result;
+    return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c - 'A' + 'a') : c;
 }
 
 } // namespace
 
-PatternAutomaton::PatternAutomaton(std::span<const std::string> patterns, Letters letters)
-{
-    std::vector<std::string> texts(patterns.begin(), patterns.end());
-    if (letters == Letters::Folded) {
-        for (std::string& text : texts)
-            text = folded(text);
-        m_beginsSequence[byteOf(kKelvinSign, 0)] = true;
-        m_beginsSequence[byteOf(kLongS, 0)] = true;
+/// The tree of the patterns, until it has become the table. State 0 is the root and nobody's child,
+/// so 0 also stands for "no child yet".
+class PatternAutomaton::Builder {
+public:
+    Builder(std::size_t classes, unsigned rowBits) : m_classes(classes), m_rowBits(rowBits)
+    {
+        addState();
     }
-    m_classCount = makeClasses(texts, letters);
-    makeTable(texts);
-}
 
-std::size_t PatternAutomaton::makeClasses(std::span<const std::string> patterns, Letters letters)
-{
-    std::size_t count = 1;
-    for (const std::string& pattern : patterns) {
-        for (const char character : pattern) {
-            ByteClass& own = m_classes[static_cast<unsigned char>(character)];
-            if (own == 0)
-                own = static_cast<ByteClass>(count++);
-        }
-    }
-    if (letters == Letters::Folded) {
-        for (unsigned char capital = 'A'; capital <= 'Z'; ++capital)
-            m_classes[capital] = m_classes[static_cast<unsigned char>(capital - 'A' + 'a')];
-    }
-    return count;
-}
-
-void PatternAutomaton::makeTable(const std::vector<std::string>& patterns)
-{
-    // A tree of the patterns; 0 stands for "no child", as the root is nobody's.
-    m_next.assign(m_classCount, kRoot);
-    std::vector<std::vector<std::uint32_t>> ending(1);
-    for (std::uint32_t number = 0; number < patterns.size(); ++number) {
-        Node node = kRoot;
-        for (const char character : patterns[number]) {
-            const std::size_t edge =
-                node * m_classCount + m_classes[static_cast<unsigned char>(character)];
-            if (m_next[edge] == kRoot) {
-                m_next[edge] = static_cast<Node>(ending.size());
-                m_next.resize(m_next.size() + m_classCount, kRoot);
-                ending.emplace_back();
+    void add(std::uint32_t number, const std::vector<std::uint16_t>& pattern)
+    {
+        State state = 0;
+        for (const std::uint16_t letter : pattern) {
+            if (next(state, letter) == 0) {
+                const State made = addState(); // may move the table
+                next(state, letter) = made;
             }
-            node = m_next[edge];
+            state = next(state, letter);
         }
-        if (node != kRoot)
-            ending[node].push_back(number);
+        if (state != 0)
+            m_ending[state].push_back(number);
     }
 
-    // Level by level, each missing child becomes that of the longest proper suffix in the tree,
-    // and what ends at the suffix ends here too.
-    std::vector<Node> suffix(ending.size(), kRoot);
-    std::vector<Node> level = {kRoot};
-    while (!level.empty()) {
-        std::vector<Node> below;
-        for (const Node node : level) {
-            for (std::size_t letter = 1; letter < m_classCount; ++letter) {
-                Node& child = m_next[node * m_classCount + letter];
-                const Node fallback =
-                    node == kRoot ? kRoot : m_next[suffix[node] * m_classCount + letter];
-                if (child == kRoot) {
-                    child = fallback;
-                    continue;
+    /// Breadth first, gives every state the steps it lacks, which are those of its longest proper
+    /// suffix in the tree, and that suffix's ends.
+    void complete()
+    {
+        std::vector<State> suffix(m_ending.size(), 0);
+        std::vector<State> queue = {0};
+        queue.reserve(m_ending.size());
+        for (std::size_t head = 0; head < queue.size(); ++head) {
+            const State state = queue[head];
+            const auto& inherited = m_ending[suffix[state]];
+            if (state != 0)
+                m_ending[state].insert(m_ending[state].end(), inherited.begin(), inherited.end());
+            for (std::size_t letter = 1; letter < m_classes; ++letter) {
+                const State fallback = state == 0 ? State{0} : next(suffix[state], letter);
+                State& step = next(state, letter);
+                if (step == 0) {
+                    step = fallback;
+                } else {
+                    suffix[step] = fallback;
+                    queue.push_back(step);
                 }
-                suffix[child] = fallback;
-                ending[child].insert(ending[child].end(), ending[fallback].begin(),
-                                     ending[fallback].end());
-                below.push_back(child);
             }
         }
-        level = std::move(below);
     }
 
-    m_endingFrom.reserve(ending.size() + 1);
-    for (const auto& numbers : ending) {
-        m_endingFrom.push_back(static_cast<std::uint32_t>(m_ending.size()));
-        m_ending.insert(m_ending.end(), numbers.begin(), numbers.end());
+    void moveInto(PatternAutomaton& automaton)
+    {
+        for (State& entry : m_next) {
+            if (!m_ending[entry].empty())
+                entry |= kEnds;
+        }
+        automaton.m_table = std::move(m_next);
+        automaton.m_endingFrom.reserve(m_ending.size() + 1);
+        for (const auto& numbers : m_ending) {
+            automaton.m_endingFrom.push_back(static_cast<std::uint32_t>(automaton.m_ending.size()));
+            automaton.m_ending.insert(automaton.m_ending.end(), numbers.begin(), numbers.end());
+        }
+        automaton.m_endingFrom.push_back(static_cast<std::uint32_t>(automaton.m_ending.size()));
     }
-    m_endingFrom.push_back(static_cast<std::uint32_t>(m_ending.size()));
-}
 
-/// The node where the pending bytes, taken as nothing but bytes, lead.
-PatternAutomaton::Node PatternAutomaton::literal(State state) const
-{
-    switch (state.pending) {
-    case KelvinOne:
-        return after(state.node, byteOf(kKelvinSign, 0));
-    case KelvinTwo:
-        return after(after(state.node, byteOf(kKelvinSign, 0)), byteOf(kKelvinSign, 1));
-    case LongS:
-        return after(state.node, byteOf(kLongS, 0));
-    default:
-        return state.node;
+private:
+    [[nodiscard]] State& next(State state, std::size_t letter)
+    {
+        return m_next[(std::size_t{state} << m_rowBits) + letter];
     }
-}
 
-PatternAutomaton::State PatternAutomaton::afterSequenceByte(State state, unsigned char byte) const
+    State addState()
+    {
+        if (m_ending.size() >= kMaxStates)
+            throw std::length_error("too many patterns for one automaton");
+        m_next.resize(m_next.size() + (std::size_t{1} << m_rowBits), 0);
+        m_ending.emplace_back();
+        return static_cast<State>(m_ending.size() - 1);
+    }
+
+    std::size_t m_classes;
+    unsigned m_rowBits;
+    std::vector<State> m_next;
+    std::vector<std::vector<std::uint32_t>> m_ending; // by state
+};
+
+PatternAutomaton::PatternAutomaton(std::span<const std::string> patterns, Letters letters)
+    : m_folded(letters == Letters::Folded)
 {
-    if (state.pending == KelvinOne && byte == byteOf(kKelvinSign, 1))
-        return {state.node, KelvinTwo};
-    if (state.pending == KelvinTwo && byte == byteOf(kKelvinSign, 2))
-        return {after(state.node, 'k'), None};
-    if (state.pending == LongS && byte == byteOf(kLongS, 1))
-        return {after(state.node, 's'), None};
+    std::size_t classes = 1;
+    std::vector<std::vector<std::uint16_t>> texts(patterns.size());
+    for (std::size_t number = 0; number < patterns.size(); ++number) {
+        std::string_view pattern = patterns[number];
+        while (!pattern.empty()) {
+            const auto first = static_cast<unsigned char>(pattern.front());
+            const Fold fold = m_folded ? foldAt(pattern) : Fold{first, 1};
+            const unsigned char letter = m_folded ? lowered(fold.letter) : fold.letter;
+            if (m_classes[letter] == 0)
+                m_classes[letter] = static_cast<std::uint16_t>(classes++);
+            texts[number].push_back(m_classes[letter]);
+            pattern.remove_prefix(fold.length);
+        }
+    }
+    if (m_folded) {
+        for (unsigned char c = 'A'; c <= 'Z'; ++c)
+            m_classes[c] = m_classes[lowered(c)];
+    }
 
-    const Node node = literal(state); // it was no such character
-    if (byte == byteOf(kKelvinSign, 0))
-        return {node, KelvinOne};
-    if (byte == byteOf(kLongS, 0))
-        return {node, LongS};
-    return {after(node, byte), None};
-}
-
-PatternAutomaton::State PatternAutomaton::advance(State state, std::string_view text,
-                                                  bool& ends) const
-{
-    ends = false;
-    return advance(state, text, [&](std::uint32_t) { ends = true; });
+    m_rowBits = static_cast<unsigned>(std::bit_width(classes - 1));
+    Builder builder(classes, m_rowBits);
+    for (std::uint32_t number = 0; number < texts.size(); ++number)
+        builder.add(number, texts[number]);
+    builder.complete();
+    builder.moveInto(*this);
 }
 
 } // namespace pryvane

@@ -10,80 +10,95 @@
 
 namespace pryvane {
 
-/// Finds many patterns at once in text that may come in pieces: one table look-up a byte, however
-/// many patterns there are. Patterns and text are bytes; an empty pattern is never found. Immutable
-/// once made, so any thread may use it.
+/// Finds every pattern of a fixed set in one pass over a text (Aho-Corasick, as a dense table of
+/// states by byte classes). The state after a prefix can be kept, so that texts which share it cost
+/// only their own bytes. Immutable after construction; callable from any thread.
 class PatternAutomaton {
 public:
     enum class Letters : std::uint8_t {
         Exact,
-        Folded, ///< ASCII letters in either case; the kelvin sign is a k, the long s an s
+        Folded, ///< ASCII letters in either case; the kelvin sign is a k, the long s an s. Nothing
+                ///< else in Unicode folds into ASCII, so for ASCII patterns this is the full answer
     };
+    using State = std::uint16_t;
 
-    /// Where the reading of a text stands. Opaque; belongs to the automaton that gave it.
-    struct State {
-        std::uint32_t node = 0;   ///< before the pending bytes
-        std::uint8_t pending = 0; ///< a Pending
-    };
-
+    /// Throws std::length_error when the patterns need more than 32,767 states. An empty pattern is
+    /// never found.
     PatternAutomaton(std::span<const std::string> patterns, Letters letters);
 
-    [[nodiscard]] State start() const { return {}; }
+    [[nodiscard]] State start() const { return 0; }
 
-    /// Reads a piece of text and calls found(number of the pattern) at each end of a pattern in it,
-    /// in the order of the ends. Patterns may have begun in earlier pieces.
+    /// Reads a piece of text from `state` on and tells in `ends` whether any pattern ends in it.
+    /// Patterns may have begun in earlier pieces. A piece must not end inside a character.
+    [[nodiscard]] State advance(State state, std::string_view text, bool& ends) const
+    {
+        State seen = 0;
+        state = run(state, text, [&seen](State entry) { seen |= entry; });
+        ends = (seen & kEnds) != 0;
+        return state;
+    }
+
+    /// The same, calling found(number of the pattern) at each end of a pattern, in text order. A
+    /// pattern that ends twice is told twice.
     template <typename Found>
-    State advance(State state, std::string_view text, Found&& found) const;
-
-    /// The same where it only matters whether any pattern ends in the piece.
-    State advance(State state, std::string_view text, bool& ends) const;
+    State advance(State state, std::string_view text, Found&& found) const
+    {
+        return run(state, text, [&](State entry) {
+            if ((entry & kEnds) == 0)
+                return;
+            const auto at = static_cast<std::size_t>(entry & kStateBits);
+            for (std::uint32_t i = m_endingFrom[at]; i < m_endingFrom[at + 1]; ++i)
+                found(std::size_t{m_ending[i]});
+        });
+    }
 
 private:
-    using Node = std::uint32_t;
-    using ByteClass = std::uint16_t;
+    static constexpr State kEnds = 0x8000; ///< set in table entries whose state ends a pattern
+    static constexpr State kStateBits = 0x7fff;
 
-    /// The bytes read so far of a character that may fold into a letter.
-    enum Pending : std::uint8_t { None, KelvinOne, KelvinTwo, LongS };
+    class Builder;
 
-    static constexpr Node kRoot = 0;
+    template <typename Seen>
+    State run(State state, std::string_view text, Seen&& seen) const;
 
-    [[nodiscard]] Node after(Node node, unsigned char byte) const
-    {
-        return m_next[node * m_classCount + m_classes[byte]];
-    }
-    [[nodiscard]] State afterSequenceByte(State state, unsigned char byte) const;
-    [[nodiscard]] Node literal(State state) const;
-    [[nodiscard]] std::span<const std::uint32_t> endingAt(Node node) const
-    {
-        return {m_ending.data() + m_endingFrom[node], m_endingFrom[node + 1] - m_endingFrom[node]};
-    }
+    struct Fold {
+        unsigned char letter;
+        std::size_t length;
+    };
+    /// The ASCII letter that the character at the beginning folds into, or its first byte.
+    [[nodiscard]] static Fold foldAt(std::string_view text);
 
-    std::size_t makeClasses(std::span<const std::string> patterns, Letters letters);
-    void makeTable(const std::vector<std::string>& patterns);
-
-    std::array<ByteClass, 256> m_classes{};   ///< 0: a byte that stands in no pattern
-    std::array<bool, 256> m_beginsSequence{}; ///< of a character that may fold into a letter
-    std::size_t m_classCount = 1;
-    std::vector<Node> m_next;                ///< by node and class
-    std::vector<std::uint32_t> m_endingFrom; ///< by node: where its part of m_ending begins
-    std::vector<std::uint32_t> m_ending;     ///< numbers of the patterns that end there
+    bool m_folded;
+    unsigned m_rowBits = 0; ///< a state's row in the table has 2^m_rowBits entries
+    std::array<std::uint16_t, 256> m_classes{}; ///< class 0: a byte that stands in no pattern
+    std::vector<State> m_table;                 ///< state and class → next state, and kEnds
+    std::vector<std::uint32_t> m_endingFrom;    ///< by state: where its part of m_ending begins
+    std::vector<std::uint32_t> m_ending;        ///< numbers of the patterns that end there
 };
 
-template <typename Found>
-PatternAutomaton::State PatternAutomaton::advance(State state, std::string_view text,
-                                                  Found&& found) const
+inline PatternAutomaton::Fold PatternAutomaton::foldAt(std::string_view text)
 {
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        Node reached = 0;
-        if (state.pending == None && !m_beginsSequence[byte]) {
-            state.node = reached = after(state.node, byte);
-        } else {
-            state = afterSequenceByte(state, byte);
-            reached = literal(state);
+    if (text.starts_with("\xE2\x84\xAA"))
+        return {'k', 3};
+    if (text.starts_with("\xC5\xBF"))
+        return {'s', 2};
+    return {static_cast<unsigned char>(text.front()), 1};
+}
+
+template <typename Seen>
+PatternAutomaton::State PatternAutomaton::run(State state, std::string_view text, Seen&& seen) const
+{
+    const State* const table = m_table.data();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto byte = static_cast<unsigned char>(text[i]);
+        if (byte >= 0x80 && m_folded) {
+            const Fold fold = foldAt(text.substr(i));
+            byte = fold.letter;
+            i += fold.length - 1;
         }
-        for (const std::uint32_t pattern : endingAt(reached))
-            found(pattern);
+        const State entry = table[(std::size_t{state} << m_rowBits) + m_classes[byte]];
+        seen(entry);
+        state = entry & kStateBits;
     }
     return state;
 }
