@@ -86,6 +86,7 @@ void ScanViewController::SpywareScanStart()
         Q_EMIT stateChanged();
         return;
     }
+    m_state.isScanStop.clear(); // first, so that even a stop that the start provokes counts
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, true));
     m_services.notifications.post(NotificationName::ScanStatusChange, true);
     logFailure(m_services.log,
@@ -94,7 +95,6 @@ void ScanViewController::SpywareScanStart()
     m_display.scanBox = true;
     m_display.reportBox = false;
     m_isScanning = true;
-    m_state.isScanStop.clear();
     makeAccessibleUIChanges();
     m_state.arrSpywareList.clear();
     m_inbox.clear();

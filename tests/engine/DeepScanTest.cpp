@@ -110,7 +110,7 @@ TEST_F(DeepScanTest, AStopAnywhereEndsInOneStoppedReport)
         const std::size_t before = stored().size();
         std::atomic<int> seen{0};
         const auto stopping = notifications.observe(row.name, [&](const Notification&) {
-            if (++seen == row.nth || seen == row.nth + 1) {
+            if (++seen == row.nth) {
                 notifications.post(NotificationName::StopScan);
                 notifications.post(NotificationName::StopScan);
             }

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace pryvane {
+
+/// How much a pass tells of where it is.
+enum class Locations : std::uint8_t {
+    None,
+    Sampled, ///< about thirty times a second, for a display
+    Every,   ///< each entry, in order; the pass then keeps to one thread
+};
+
+/// What the two passes of a deep walk tell while they work. Calls come from the walk's threads, but
+/// never two at a time, and the walk waits for them: they should be short. Paths are raw bytes, as
+/// on the volume, and valid during the call only.
+class WalkObserver {
+public:
+    virtual ~WalkObserver() = default;
+
+    /// Asked once when a pass begins.
+    [[nodiscard]] virtual Locations locations() const = 0;
+
+    /// The counting pass is at an entry and has counted so many.
+    virtual void counting(std::int64_t totalCount) = 0;
+
+    /// The scanning pass is at this file or folder.
+    virtual void location(std::string_view path) = 0;
+
+    /// Another hundredth of the counted entries has been walked.
+    virtual void progress(std::int64_t steps) = 0;
+
+    /// A file's path holds a text of the full-system list. In the order of the walk, one file once.
+    virtual void match(std::string_view path, std::string_view name) = 0;
+
+    /// A folder that is there could not be read, or not to its end. In the order of the walk.
+    virtual void refused(std::string_view path, std::string_view reason) = 0;
+};
+
+} // namespace pryvane
