@@ -18,6 +18,7 @@ constexpr const char* kFooter =
     "First steps:\n"
     "  pryvane-cli scan                                  look through this Mac\n"
     "  pryvane-cli scan --volume /mnt/mac --user alice   look through a mounted Mac disk\n"
+    "  pryvane-cli scan --deep                           every file of the home as well\n"
     "  pryvane-cli report list                           earlier scans, newest first\n"
     "  pryvane-cli report show latest                    the last scan's findings\n"
     "  pryvane-cli explain /Library/LaunchAgents/x.plist why a path would be flagged\n"

@@ -20,7 +20,10 @@ public:
     void clear();
 
 private:
+    [[nodiscard]] std::string paceText(const ScanDisplay& display);
+
     const Console& m_console;
+    std::chrono::steady_clock::time_point m_walkStarted{};
     std::chrono::steady_clock::time_point m_lastDrawn{};
     bool m_drawn = false;
 };

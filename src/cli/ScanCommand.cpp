@@ -8,6 +8,7 @@
 #include "reports/DefaultMethods.h"
 #include "reports/ReportExport.h"
 
+#include <optional>
 #include <ostream>
 
 namespace pryvane::cli {
@@ -17,6 +18,9 @@ namespace {
 struct ScanArguments {
     VolumeArguments volume;
     bool quick = false;
+    bool deep = false;
+    bool wholeDisk = false;
+    std::optional<std::string> checkSubDir;
     bool paced = false;
     bool noPacing = false;
     bool store = false;
@@ -27,12 +31,13 @@ struct ScanArguments {
 /// One scan from start to report, on this thread's queue.
 class ScanRun {
 public:
-    ScanRun(const Console& console, Host& host)
+    ScanRun(const Console& console, Host& host, const ScanArguments& arguments)
         : m_console(console), m_host(host), m_access(host.disk()),
           m_store(host.defaults(), host.disk(), host.clock(), host.log()),
-          m_controller(host.services(), host.state(), m_access, m_store, options(host)),
+          m_controller(host.services(), host.state(), m_access, m_store, options(host, arguments)),
           m_bar(console)
     {
+        host.state().isDeepScan = arguments.deep;
         m_stopObservation =
             host.notifications().observe(NotificationName::StopScan, [this](const Notification&) {
                 m_host.state().isScanStop.request();
@@ -51,21 +56,37 @@ public:
     {
         m_controller.SpywareScanStart();
         bool stopAsked = false;
-        m_host.mainQueue().run([&] {
+        const auto obeyInterrupt = [&] {
             if (m_console.interrupted.requested() && !std::exchange(stopAsked, true))
                 m_controller.stopScan();
-        });
+        };
+        obeyInterrupt();
+        m_host.mainQueue().run(obeyInterrupt);
         m_bar.clear();
         return !stopAsked;
     }
 
     [[nodiscard]] const ScanViewController& controller() const { return m_controller; }
 
-private:
-    [[nodiscard]] static ScanOptions options(const Host& host)
+    /// The report that was made; or, as the flat kind of deep scan makes none, one for showing.
+    [[nodiscard]] std::shared_ptr<const SpywareScanReport> report() const
     {
-        ScanOptions options{host.user(), {}};
-        options.grantedRoot = options.homeRoot();
+        if (m_controller.report())
+            return m_controller.report();
+        const Date now = m_host.clock().now();
+        auto shown = SpywareScanReport::ScanReportWithSpywareList(
+            m_host.state().arrSpywareList.shared(), now,
+            stringFromTimeInterval(m_controller.coverage().seconds), "Deep Scan", now);
+        shown->coverage = m_controller.coverage();
+        return shown;
+    }
+
+private:
+    [[nodiscard]] static ScanOptions options(const Host& host, const ScanArguments& arguments)
+    {
+        ScanOptions options{host.user(), {}, arguments.checkSubDir};
+        options.grantedRoot =
+            arguments.wholeDisk ? FileURL::fileURLWithPath("/") : options.homeRoot();
         return options;
     }
 
@@ -99,21 +120,28 @@ int runScan(const ScanArguments& arguments, const Console& console)
     if (const auto writable = (*host)->defaults().set(preferences::kScan, false); !writable)
         return console.fail(writable.error().message + " (--no-store scans without a store)");
 
-    ScanRun scan(console, **host);
-    if (!scan.run()) {
-        console.say("interrupted; a quick scan that is stopped leaves no report");
-        return kInterrupted;
-    }
+    ScanRun scan(console, **host, arguments);
+    const bool finished = scan.run();
+    const bool madeReport = scan.controller().report() != nullptr;
     if (!scan.controller().storeError().empty()) {
         return console.fail("the report could not be stored: " + scan.controller().storeError() +
                             " (--no-store shows the findings without storing them)");
     }
-    const SpywareScanReport& report = *scan.controller().report();
+    if (!finished) {
+        const bool kept = madeReport && !arguments.noStore;
+        console.say(kept ? "interrupted; what was found so far is stored (pryvane-cli report show "
+                           "latest)"
+                         : "interrupted; no report was stored");
+        return kInterrupted;
+    }
+    const auto report = scan.report();
     if (arguments.format == "json")
-        console.out << reportAsJson(report);
+        console.out << reportAsJson(*report);
     else
-        writeText(console, report, !arguments.noStore);
-    return report.spyWareList->empty() ? kDone : kFindings;
+        writeText(console, *report, madeReport && !arguments.noStore);
+    if (!madeReport)
+        console.say("a deep scan with --check-sub-dir n leaves no report");
+    return report->spyWareList->empty() ? kDone : kFindings;
 }
 
 } // namespace
@@ -124,8 +152,21 @@ void addScanCommand(CommandLine& line, CLI::App& app)
     CLI::App* command = line.addCommand(
         app, "scan", "Look for spyware and store a report",
         [arguments](const Console& console) { return runScan(*arguments, console); });
-    command->add_flag("--quick", arguments->quick,
-                      "Look in the places that known spyware uses (the default)");
+    auto* quick = command->add_flag("--quick", arguments->quick,
+                                    "Look in the places that known spyware uses (the default)");
+    auto* deep = command->add_flag("--deep", arguments->deep,
+                                   "Look there and at every file below the user's home");
+    deep->excludes(quick);
+    command
+        ->add_flag("--whole-disk", arguments->wholeDisk,
+                   "With --deep: look at every file of the disk")
+        ->needs(deep);
+    command
+        ->add_option("--check-sub-dir", arguments->checkSubDir,
+                     "With --deep: n counts every entry beforehand and leaves no report")
+        ->check(CLI::IsMember({"y", "n"}))
+        ->type_name("y|n")
+        ->needs(deep);
     addVolumeOptions(*command, arguments->volume);
     auto* paced = command->add_flag("--paced", arguments->paced,
                                     "Pause after each check, as the window does");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace pryvane {
@@ -17,6 +18,7 @@ struct ScanDisplay {
     double progressBar = 0;   ///< 0 to 100
     bool indeterminate = false;
     std::string location;     ///< label or location being looked at; elide in the middle
+    std::int64_t entries = 0; ///< what a deep scan has to walk; 0 while that is being counted
     std::size_t findings = 0; ///< so far
 };
 

@@ -101,6 +101,7 @@ void ScanViewController::SpywareScanStart()
     m_arrSpyWarePath.clear();
     m_arrThreats.clear();
     m_display.findings = 0;
+    m_display.entries = 0;
     m_display.progressBar = 0;
     Q_EMIT stateChanged();
     postToMain([this] { scanInBGThread(); });
@@ -158,7 +159,10 @@ void ScanViewController::startChecks()
 /// folders are gone through as nodes; a scan that is stopped while it counts has no checks.
 void ScanViewController::startDeepScan()
 {
-    const bool flat = m_services.defaults.get(preferences::kCheckSubDir) == "n";
+    const std::string checkSubDir = m_options.checkSubDir
+                                        ? *m_options.checkSubDir
+                                        : m_services.defaults.get(preferences::kCheckSubDir);
+    const bool flat = checkSubDir == "n";
     const auto folders = flat ? DeepScan::Folders::Flat : DeepScan::Folders::Nodes;
     m_fileCountCompleted = false;
     m_partsRunning = 1;
@@ -321,6 +325,7 @@ void ScanViewController::ScanningProgressUIChange()
 {
     if (!m_isScanning)
         return;
+    m_display.entries = m_state.totalCount;
     m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
     showProgress(std::min(static_cast<int>(m_display.progressBar) + 1, 100));
     Q_EMIT stateChanged();

@@ -32,7 +32,6 @@ protected:
     {
         std::istringstream in(input);
         std::ostringstream out, err;
-        StopFlag interrupted;
         const cli::Console console{.in = in,
                                    .out = out,
                                    .err = err,
@@ -65,6 +64,7 @@ protected:
     TemporaryFolder data, volume;
     std::string input;
     bool terminal = false;
+    StopFlag interrupted;
 };
 
 } // namespace pryvane::test

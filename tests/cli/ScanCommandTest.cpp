@@ -45,6 +45,47 @@ TEST_F(ScanCommandTest, JsonHasItsShapeAndTheExitCodeTells)
     EXPECT_EQ(json::parse(again.out).at("report").at("reportId"), report.at("reportId"));
 }
 
+TEST_F(ScanCommandTest, DeepScansTheHomeOrTheWholeDisk)
+{
+    volume.file("/Users/alice/Music/Koobface/song.mp3");
+    volume.file("/opt/Koobface/x");
+    const auto found = [](const Outcome& outcome) {
+        std::vector<std::string> paths;
+        const json parsed = json::parse(outcome.out);
+        for (const json& record : parsed["report"]["spyWareList"])
+            paths.push_back(record["path"]);
+        return paths;
+    };
+    const Outcome home = scan({"--deep", "--format", "json"});
+    EXPECT_EQ(home.code, 1);
+    EXPECT_THAT(found(home), testing::ElementsAre("/Users/alice/Music/Koobface/song.mp3"));
+    EXPECT_EQ(json::parse(home.out)["report"]["reportType"], "Deep Scan");
+    const Outcome disk = scan({"--deep", "--whole-disk", "--format", "json"});
+    EXPECT_THAT(found(disk), testing::UnorderedElementsAre("/Users/alice/Music/Koobface/song.mp3",
+                                                           "/opt/Koobface/x"));
+    EXPECT_EQ(reportIds().size(), 2U);
+
+    const Outcome flat = scan({"--deep", "--check-sub-dir", "n", "--format", "json"});
+    EXPECT_EQ(flat.code, 1);
+    EXPECT_EQ(found(flat).size(), 1U);
+    EXPECT_EQ(reportIds().size(), 2U);
+    EXPECT_EQ(scan({"--deep", "--quick"}).code, 2);
+    EXPECT_EQ(scan({"--whole-disk"}).code, 2);
+}
+
+TEST_F(ScanCommandTest, AnInterruptedDeepScanIsKeptAndAQuickOneIsNot)
+{
+    volume.file("/tmp/.mdworker");
+    interrupted.request();
+    EXPECT_EQ(scan().code, 130);
+    EXPECT_TRUE(reportIds().empty());
+    const Outcome deep = scan({"--deep"});
+    EXPECT_EQ(deep.code, 130);
+    EXPECT_EQ(deep.out, "");
+    EXPECT_THAT(run({"report", "list"}).out, HasSubstr("Deep Scan"));
+    EXPECT_THAT(run({"report", "list"}).out, HasSubstr("Stopped"));
+}
+
 TEST_F(ScanCommandTest, ACleanVolumeIsCleanAndAMissingHomeSaysSo)
 {
     const Outcome clean = scan();
