@@ -1,0 +1,244 @@
+#include "engine/walker/WalkFixtures.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+namespace pryvane::test {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kHome = "/Users/alice/";
+
+/// Both passes over one folder.
+struct Walk {
+    Walk(const std::string& hostFolder, unsigned threads, Locations locations = Locations::None,
+         const std::string& path = kHome)
+        : counting(locations), scanning(locations)
+    {
+        const OpenRoot root(hostFolder, path);
+        FileCount(state, counting, {threads}).countNodes(root);
+        outcome = scanDirectory(state, listedAutomaton(), scanning, {threads}).scan(root);
+    }
+    ScanState state;
+    RecordingWalk counting;
+    RecordingWalk scanning;
+    WalkOutcome outcome;
+};
+
+} // namespace
+
+TEST(DeepWalk, TellsWhatANaiveWalkTellsInTheSameOrderOnAnyNumberOfThreads)
+{
+    std::mt19937 random(11);
+    for (int round = 0; round < 12; ++round) {
+        const TemporaryFolder folder;
+        // The host's names are none of the walk's business.
+        const std::string host = folder.hostPath("Sabpab/Users/alice/de Amac");
+        folder.folder("Sabpab/Users/alice/de Amac");
+        growRandomTree(host, random, round == 0 ? 20'000 : 60 * round * round);
+        const Expected expected = expectedWalk(host, kHome);
+
+        const Walk every(host, 8, Locations::Every);
+        ASSERT_EQ(every.counting.events, expected.counting);
+        ASSERT_EQ(every.scanning.events, expected.scanning);
+        ASSERT_EQ(every.outcome.entries, expected.walked);
+
+        RecordingWalk naive;
+        naive.events = expected.scanning;
+        for (const unsigned threads : {1u, 2u, 8u}) {
+            const Walk walk(host, threads);
+            ASSERT_EQ(walk.scanning.only("match"), naive.only("match")) << threads << " threads";
+            ASSERT_EQ(walk.scanning.only("progress"), naive.only("progress"));
+            ASSERT_THAT(walk.scanning.only("at"), IsEmpty());
+            ASSERT_EQ(walk.state.totalCount, expected.totalCount);
+            ASSERT_EQ(walk.state.totalScanCount, expected.totalScanCount);
+            ASSERT_EQ(walk.outcome.entries, expected.walked);
+        }
+    }
+}
+
+TEST(DeepWalk, ComparesPathsAndSkipsWhatIsNoPlainFile)
+{
+    const TemporaryFolder folder;
+    const struct {
+        const char* path;
+        bool isFound;
+    } rows[] = {
+        {"Library/mdsa1331", true},
+        {"Library/.A_o_b_o/x", true}, // the text ends in the folder's slash
+        {"Library/.A_o_b_o/.x", false},
+        {"dev/sub/any name", true}, // the home's path and "de"
+        {"devil/x", true},
+        {"d/ev", false},
+        {"x/OSX/iWorm/Sabpab", true}, // several texts, told once
+        {"x/OSX iWorm", false},
+        {"x/sabpab", false},
+        {"x/.Sabpab", false},
+        {".x/Sabpab", true},
+        {"x.framework/.y/Sabpab", true},
+        {"Sabpab.folder/", false},
+        {"Sabpab.folder/x", true},
+    };
+    std::vector<std::string> expected;
+    for (const auto& row : rows) {
+        folder.plant(row.path);
+        if (row.isFound)
+            expected.push_back("match " + (kHome + std::string(row.path)));
+    }
+    folder.link("x/Sabpab link", "Sabpab");
+    folder.link("x/link to folder", "../Library");
+    EXPECT_THAT(Walk(folder.path(), 2).scanning.only("match"),
+                ::testing::UnorderedElementsAreArray(expected));
+}
+
+TEST(DeepWalk, NamesLocationsAfterTheRoot)
+{
+    const TemporaryFolder folder;
+    folder.file("Sabpab");
+    const struct {
+        const char* root;
+        const char* location;
+    } rows[] = {
+        {"/", "/Sabpab"}, {"/Users/alice", "/Users/alice/Sabpab"}, {kHome, "/Users/alice/Sabpab"}};
+    for (const auto& row : rows) {
+        EXPECT_THAT(
+            Walk(folder.path(), 1, Locations::Every, row.root).scanning.events,
+            ElementsAre(std::string("at ") + row.location, std::string("match ") + row.location));
+    }
+}
+
+TEST(DeepWalk, EnumeratesHiddenRootsAndFrameworksWhole)
+{
+    const TemporaryFolder folder;
+    folder.file("a/.Sabpab");
+    folder.folder("empty");
+    folder.link("link", "a");
+    for (const char* root : {"/Users/.alice", "/Library/Some.framework/"}) {
+        for (const Locations locations : {Locations::None, Locations::Every}) {
+            const Walk walk(folder.path(), 2, locations, root);
+            EXPECT_EQ(walk.scanning.only("match").size(), 1u) << root;
+            EXPECT_EQ(walk.outcome.entries, 4);
+        }
+    }
+    EXPECT_THAT(Walk(folder.path(), 2).scanning.events, IsEmpty());
+}
+
+TEST(DeepWalk, CountsFlatWhateverThereIs)
+{
+    const TemporaryFolder folder;
+    folder.file("a/.hidden");
+    folder.file("a/b");
+    folder.link("link", "a");
+    const OpenRoot root(folder.path(), kHome);
+    ScanState flat;
+    ScanState nodes;
+    RecordingWalk observer(Locations::Every);
+    FileCount(flat, observer).countFlat(root);
+    EXPECT_THAT(observer.events, IsEmpty());
+    FileCount(nodes, observer).countNodes(root);
+    EXPECT_EQ(flat.totalCount, 4);
+    EXPECT_EQ(nodes.totalCount, 2);
+}
+
+TEST(DeepWalk, PostsAProgressStepForEachHundredth)
+{
+    const struct {
+        int files;
+        std::size_t steps;
+        const char* step;
+        std::int64_t left;
+    } rows[] = {
+        {0, 0, "", 1}, // an empty folder counts once
+        {1, 0, "", 1},
+        {2, 1, "progress 2", 0},
+        {99, 49, "progress 2", 1}, // one more than the step of one
+        {100, 50, "progress 2", 0},
+        {250, 83, "progress 1", 1},
+    };
+    for (const auto& row : rows) {
+        const TemporaryFolder folder;
+        for (int i = 0; i < row.files; ++i)
+            folder.file("f" + std::to_string(i), "");
+        for (const Locations locations : {Locations::None, Locations::Every}) {
+            const Walk walk(folder.path(), 8, locations);
+            EXPECT_EQ(walk.scanning.only("progress"), std::vector<std::string>(row.steps, row.step))
+                << row.files;
+            EXPECT_EQ(walk.state.totalScanCount, row.left) << row.files;
+        }
+    }
+}
+
+TEST(DeepWalk, SamplesWhereItIs)
+{
+    const TemporaryFolder folder;
+    folder.file("a/b/c");
+    const Walk walk(folder.path(), 1, Locations::Sampled);
+    EXPECT_THAT(walk.counting.events, ElementsAre("counted 1"));
+    EXPECT_THAT(walk.scanning.events, ElementsAre("at /Users/alice"));
+}
+
+TEST(DeepWalk, StopsAtTheNextEntry)
+{
+    const TemporaryFolder folder;
+    std::mt19937 random(5);
+    growRandomTree(folder.path(), random, 3'000);
+    const OpenRoot root(folder.path(), kHome);
+    const auto stopAfter = [](ScanState& state, RecordingWalk& walk, std::size_t events) {
+        walk.onEvent = [&state, &walk, events] {
+            if (walk.events.size() == events) {
+                state.isScanStop.request();
+                state.isScanStop.request(); // twice is once
+            }
+        };
+    };
+    for (const std::size_t events : {1u, 700u}) {
+        ScanState state;
+        RecordingWalk counting(Locations::Every);
+        stopAfter(state, counting, events);
+        EXPECT_TRUE(FileCount(state, counting).countNodes(root).stopped);
+        EXPECT_EQ(counting.events.size(), events);
+        // And the pass behind it does nothing more.
+        RecordingWalk scanning;
+        const WalkOutcome outcome = scanDirectory(state, listedAutomaton(), scanning).scan(root);
+        EXPECT_TRUE(outcome.stopped);
+        EXPECT_EQ(outcome.entries, 0);
+
+        ScanState other;
+        RecordingWalk walk(Locations::Every);
+        stopAfter(other, walk, events);
+        EXPECT_TRUE(scanDirectory(other, listedAutomaton(), walk).scan(root).stopped);
+        EXPECT_LE(walk.only("at").size(), events);
+        EXPECT_LE(walk.events.size(), events + 1); // the match of that very entry
+    }
+    ScanState state;
+    RecordingWalk walk;
+    stopAfter(state, walk, 3);
+    const WalkOutcome outcome = scanDirectory(state, listedAutomaton(), walk, {8}).scan(root);
+    EXPECT_TRUE(outcome.stopped);
+    EXPECT_EQ(walk.only("match").size(), walk.only("").size() - walk.only("progress").size());
+}
+
+TEST(DeepWalk, StopsFromAnotherThreadAtAnyMoment)
+{
+    const TemporaryFolder folder;
+    std::mt19937 random(6);
+    growRandomTree(folder.path(), random, 20'000);
+    const OpenRoot root(folder.path(), kHome);
+    for (int microseconds = 0; microseconds < 20'000; microseconds += 1'000) {
+        ScanState state;
+        RecordingWalk walk;
+        std::thread stopper([&] {
+            std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
+            state.isScanStop.request();
+        });
+        static_cast<void>(FileCount(state, walk, {8}).countNodes(root));
+        static_cast<void>(scanDirectory(state, listedAutomaton(), walk, {8}).scan(root));
+        stopper.join();
+    }
+}
+
+} // namespace pryvane::test

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "engine/records/ScanState.h"
+#include "engine/walker/DeepWalk.h"
+#include "signatures/PatternAutomaton.h"
+#include "support/TemporaryFolder.h"
+
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace pryvane::test {
+
+/// Keeps what a walk tells, one text an event: "at PATH", "match PATH", "progress N", "counted N",
+/// "refused PATH: REASON".
+class RecordingWalk final : public WalkObserver {
+public:
+    explicit RecordingWalk(Locations locations = Locations::None) : m_locations(locations) {}
+
+    std::vector<std::string> events;
+    std::function<void()> onEvent; ///< called behind each
+
+    [[nodiscard]] Locations locations() const override { return m_locations; }
+    void counting(std::int64_t count) override { note("counted " + std::to_string(count)); }
+    void location(std::string_view path) override { note("at " + std::string(path)); }
+    void progress(std::int64_t steps) override { note("progress " + std::to_string(steps)); }
+    void match(std::string_view path, std::string_view name) override;
+    void refused(std::string_view path, std::string_view reason) override
+    {
+        note("refused " + std::string(path) + ": " + std::string(reason));
+    }
+
+    /// Those that begin with the text.
+    [[nodiscard]] std::vector<std::string> only(std::string_view beginning) const;
+
+private:
+    void note(std::string event);
+    const Locations m_locations;
+};
+
+/// A root on a folder of the host, closed at its end.
+class OpenRoot {
+public:
+    OpenRoot(const std::string& hostFolder, std::string path);
+    ~OpenRoot();
+    OpenRoot(const OpenRoot&) = delete;
+    OpenRoot& operator=(const OpenRoot&) = delete;
+    operator const WalkRoot&() const { return m_root; }
+
+private:
+    WalkRoot m_root;
+};
+
+/// The full-system list of alice.
+[[nodiscard]] const std::vector<std::string>& listedTexts();
+[[nodiscard]] const PatternAutomaton& listedAutomaton();
+
+/// What a walk must tell and count, by the plainest of programs: recursion, whole lists, one
+/// substring search after the other.
+struct Expected {
+    std::vector<std::string> counting; ///< events of the counting pass
+    std::vector<std::string> scanning; ///< events of the scanning pass, in order
+    std::int64_t totalCount = 0;
+    std::int64_t totalScanCount = 0; ///< left at the end
+    std::int64_t walked = 0;
+};
+[[nodiscard]] Expected expectedWalk(const std::string& hostFolder, const std::string& path);
+
+/// Fills the folder with nested folders and files of names that tempt a walk: hidden, frameworks,
+/// parts of the list, links to anywhere, pipes.
+void growRandomTree(const std::string& hostFolder, std::mt19937& random, int entries);
+
+/// Makes a chain of nested folders of that name and, in the last, a file.
+void growChain(const std::string& hostFolder, const std::string& name, int depth,
+               const std::string& file);
+
+/// Removes what std::filesystem is not up to.
+void removeDeepTree(const std::string& hostFolder);
+
+} // namespace pryvane::test
