@@ -61,6 +61,9 @@ public:
     {
         const auto progress = m_center.observe(NotificationName::ScanningProgress,
                                                [this](const Notification&) { ++m_progress; });
+        const auto samples = m_center.observe(
+            NotificationName::ScanningProgressURL, [this](const Notification&) { ++m_samples; },
+            NotificationCenter::Delivery::Sampled);
         std::thread worker([this] {
             walk();
             m_inbox->whenEmpty([this] { m_mainQueue.quit(); });
@@ -71,8 +74,7 @@ public:
 
     void walk()
     {
-        WalkNotifications observer(m_center, *m_inbox, m_coverage,
-                                   [this](std::string_view) { ++m_samples; });
+        WalkNotifications observer(m_center, *m_inbox, m_coverage);
         const WalkRoot root{m_root, kHome};
         FileCount(m_state, observer, m_options).countNodes(root);
         const PatternAutomaton automaton(texts(), PatternAutomaton::Letters::Exact);

@@ -74,7 +74,7 @@ std::string coverageText(const ScanCoverage& coverage)
 std::string verdictText(const SpywareScanReport& report, const Console& console)
 {
     const std::size_t count = report.spyWareList->size();
-    const std::string line = verdictLine(count, report.coverage);
+    std::string line = verdictLine(count, report.coverage);
     if (!console.color)
         return line;
     switch (verdictOf(count, report.coverage)) {

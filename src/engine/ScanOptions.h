@@ -13,7 +13,7 @@ struct ScanOptions {
     std::optional<FileURL>
         grantedRoot; ///< a root that needs no question: the call itself grants it
 
-    std::optional<std::string> checkSubDir; ///< "y" or "n" in place of the preference
+    std::optional<std::string> checkSubDir = {}; ///< "y" or "n" in place of the preference
 
     [[nodiscard]] std::string homePath() const { return "/Users/" + user; }
     [[nodiscard]] FileURL homeRoot() const { return FileURL::fileURLWithPath(homePath() + "/"); }

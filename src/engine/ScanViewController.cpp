@@ -75,6 +75,7 @@ ScanViewController::~ScanViewController()
     m_state.isScanStop.request();
     m_checkThread.join();
     m_walkThread.join();
+    m_storeThread.join();
     if (m_isScanning)
         m_state.isScanStop.clear();
 }
@@ -82,7 +83,7 @@ ScanViewController::~ScanViewController()
 void ScanViewController::SpywareScanStart()
 {
     showStart();
-    if (m_isScanning) {
+    if (m_isScanning || m_isStoring) {
         Q_EMIT stateChanged();
         return;
     }
@@ -207,7 +208,6 @@ void ScanViewController::partEnded(Part part, Ending ending, ScanCoverage covera
         doneScan();
     else
         backToIdle();
-    Q_EMIT scanEnded();
 }
 
 void ScanViewController::addCoverage(ScanCoverage coverage)
@@ -252,16 +252,34 @@ void ScanViewController::doneScan()
     m_state.totalScanCount = 0;
     m_display.progressText = "0%";
 
-    const auto stored = m_store.updateReportInDefaults(m_report);
-    m_storeError = stored ? std::string() : stored.error().message;
+    // Encoding and storing a great many findings takes a while, which the main loop must not. Until
+    // it is told that this is over, the main thread leaves the report and the store alone.
+    m_isStoring = true;
+    Q_EMIT stateChanged();
+    m_storeThread.start([this, now] {
+        const auto stored = m_store.updateReportInDefaults(m_report);
+        logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
+        logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
+        postToMain([this, error = stored ? std::string() : stored.error().message] {
+            reportStored(error);
+        });
+    });
+}
 
+void ScanViewController::reportStored(const std::string& error)
+{
+    m_storeThread.join();
+    m_isStoring = false;
+    m_storeError = error;
+    m_display.progressText = "0%";
     endSession();
     m_services.notifications.post(NotificationName::ScanningChange, std::int64_t{0});
-    logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
+    m_arrSpyWarePath.reserve(m_state.arrSpywareList.records().size());
     for (const auto& record : m_state.arrSpywareList.records())
         m_arrSpyWarePath.push_back(record->url.relativePath());
     makeAccessibleUIChanges();
     Q_EMIT stateChanged();
+    Q_EMIT scanEnded();
 }
 
 /// The end of a scan that leaves no report behind.
@@ -271,9 +289,11 @@ void ScanViewController::backToIdle()
     m_state.isScanStop.clear();
     m_display.progressText = "0%";
     m_display.progressBar = 0;
+    logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
     endSession();
     makeAccessibleUIChanges();
     Q_EMIT stateChanged();
+    Q_EMIT scanEnded();
 }
 
 void ScanViewController::endSession()
@@ -282,7 +302,6 @@ void ScanViewController::endSession()
     m_display.activityIndicator = false;
     m_display.stopButton = false;
     m_display.scanBox = false;
-    logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
     m_services.notifications.post(NotificationName::ScanStatusChange, false);
 }
 

@@ -44,7 +44,7 @@ public:
     /// Brings the protection status up to date.
     void makeAccessibleUIChanges();
 
-    [[nodiscard]] bool isScanning() const { return m_isScanning; }
+    [[nodiscard]] bool isScanning() const { return m_isScanning || m_isStoring; }
     [[nodiscard]] const ScanDisplay& display() const { return m_display; }
     [[nodiscard]] const StatusPanel& statusPanel() const { return m_statusPanel; }
     [[nodiscard]] bool threatFound() const { return m_threatFound; }
@@ -79,6 +79,7 @@ private:
     void DeepScanStart();
     void partEnded(Part part, Ending ending, ScanCoverage coverage);
     void doneScan();
+    void reportStored(const std::string& error);
     void backToIdle();
     void endSession();
     void showProgress(int percent);
@@ -101,6 +102,7 @@ private:
     const Date m_launchDate;
 
     bool m_isScanning = false;
+    bool m_isStoring = false; ///< the store thread has the report and the store
     bool m_threatFound = false;
     std::string m_reportType;
     SpywareList m_arrThreats;
@@ -122,6 +124,7 @@ private:
     FindingInbox m_inbox;
     Worker m_checkThread; // last: they end before anything they use
     Worker m_walkThread;
+    Worker m_storeThread;
 };
 
 } // namespace pryvane

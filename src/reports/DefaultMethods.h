@@ -16,8 +16,8 @@ class Log;
 class UserDefaults;
 
 /// The report store: the newest-first list of all reports, kept whole under one preference key.
-/// Main thread only. Records that are read back follow the disk as it is now; those of another
-/// volume than `disk` are unavailable.
+/// One thread at a time: the main thread, or one that it waits for in turn. Records that are read
+/// back follow the disk as it is now; those of another volume than `disk` are unavailable.
 class DefaultMethods {
 public:
     DefaultMethods(UserDefaults& defaults, FileSystem& disk, Clock& clock, Log& log);
