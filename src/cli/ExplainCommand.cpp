@@ -32,7 +32,7 @@ int runExplain(const ExplainArguments& arguments, const Console& console)
     ExplainQuestion question;
     question.path = arguments.path;
     question.user = arguments.user.empty() ? loginUser() : arguments.user;
-    question.fold = [](std::string_view path) { return foldedName(path); };
+    question.foldedName = [](std::string_view name) { return foldedName(name); };
     const Explanation explanation = explain(question);
 
     const std::string shown = forTerminal(explanation.path);

@@ -140,7 +140,7 @@ int compareReports(const ReportArguments& arguments, const Console& console)
             return console.fail(older.error().message);
         if (!newer)
             return console.fail(newer.error().message);
-        const ReportChanges changes = compareReports(**older, **newer);
+        const ReportComparison changes = pryvane::compareReports(**older, **newer);
         printChanges(console, "+", changes.added);
         printChanges(console, "-", changes.gone);
         console.out << changes.added.size() << " new, " << changes.gone.size() << " gone, "

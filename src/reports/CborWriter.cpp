@@ -30,74 +30,78 @@ bool isAscii(std::string_view bytes)
 } // namespace
 
 template <typename Encode>
-void CborWriter::append(Encode encode)
+CborWriter& CborWriter::append(Encode encode)
 {
     std::array<unsigned char, 9> head; // no item's head is longer
     const std::size_t length = encode(head.data(), head.size());
     m_out.append(reinterpret_cast<const char*>(head.data()), length);
+    return *this;
 }
 
-void CborWriter::tag(std::uint64_t number)
+CborWriter& CborWriter::tag(std::uint64_t number)
 {
-    append([&](unsigned char* at, std::size_t size) { return cbor_encode_tag(number, at, size); });
+    return append(
+        [&](unsigned char* at, std::size_t size) { return cbor_encode_tag(number, at, size); });
 }
 
-void CborWriter::array(std::size_t count)
+CborWriter& CborWriter::array(std::size_t count)
 {
-    append([&](unsigned char* at, std::size_t size) {
+    return append([&](unsigned char* at, std::size_t size) {
         return cbor_encode_array_start(count, at, size);
     });
 }
 
-void CborWriter::map(std::size_t pairs)
+CborWriter& CborWriter::map(std::size_t pairs)
 {
-    append([&](unsigned char* at, std::size_t size) {
+    return append([&](unsigned char* at, std::size_t size) {
         return cbor_encode_map_start(pairs, at, size);
     });
 }
 
-void CborWriter::integer(std::int64_t number)
+CborWriter& CborWriter::integer(std::int64_t number)
 {
-    append([&](unsigned char* at, std::size_t size) {
+    return append([&](unsigned char* at, std::size_t size) {
         // A negative number n is stored as -1 - n.
         return number < 0 ? cbor_encode_negint(~static_cast<std::uint64_t>(number), at, size)
                           : cbor_encode_uint(static_cast<std::uint64_t>(number), at, size);
     });
 }
 
-void CborWriter::real(double number)
+CborWriter& CborWriter::real(double number)
 {
-    append(
+    return append(
         [&](unsigned char* at, std::size_t size) { return cbor_encode_double(number, at, size); });
 }
 
-void CborWriter::boolean(bool value)
+CborWriter& CborWriter::boolean(bool value)
 {
-    append([&](unsigned char* at, std::size_t size) { return cbor_encode_bool(value, at, size); });
+    return append(
+        [&](unsigned char* at, std::size_t size) { return cbor_encode_bool(value, at, size); });
 }
 
-void CborWriter::bytes(std::string_view value)
+CborWriter& CborWriter::bytes(std::string_view value)
 {
     append([&](unsigned char* at, std::size_t size) {
         return cbor_encode_bytestring_start(value.size(), at, size);
     });
     m_out.append(value);
+    return *this;
 }
 
-void CborWriter::text(std::string_view value)
+CborWriter& CborWriter::text(std::string_view value)
 {
     append([&](unsigned char* at, std::size_t size) {
         return cbor_encode_string_start(value.size(), at, size);
     });
     m_out.append(value);
+    return *this;
 }
 
-void CborWriter::textOrBytes(std::string_view value)
+CborWriter& CborWriter::textOrBytes(std::string_view value)
 {
     if (isAscii(value) || isUtf8(value))
-        text(value);
-    else
-        bytes(value);
+        return text(value);
+    return bytes(value);
 }
 
 } // namespace pryvane

@@ -6,28 +6,29 @@
 
 namespace pryvane {
 
-/// Appends CBOR (RFC 8949) items to a string. Containers state their length before their content.
+/// Appends CBOR (RFC 8949) items to a string, each call one. Containers state their length before
+/// their content.
 class CborWriter {
 public:
     explicit CborWriter(std::string& out) : m_out(out) {}
 
-    void tag(std::uint64_t number);
-    void array(std::size_t count);
-    void map(std::size_t pairs);
-    void integer(std::int64_t number);
-    void real(double number);
-    void boolean(bool value);
-    void bytes(std::string_view value);
+    CborWriter& tag(std::uint64_t number);
+    CborWriter& array(std::size_t count);
+    CborWriter& map(std::size_t pairs);
+    CborWriter& integer(std::int64_t number);
+    CborWriter& real(double number);
+    CborWriter& boolean(bool value);
+    CborWriter& bytes(std::string_view value);
 
     /// A text that is known to be UTF-8.
-    void text(std::string_view value);
+    CborWriter& text(std::string_view value);
 
     /// A text where the bytes are UTF-8, a byte string where not.
-    void textOrBytes(std::string_view value);
+    CborWriter& textOrBytes(std::string_view value);
 
 private:
     template <typename Encode>
-    void append(Encode encode);
+    CborWriter& append(Encode encode);
 
     std::string& m_out;
 };

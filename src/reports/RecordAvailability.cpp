@@ -21,8 +21,8 @@ void followDisk(const ReportList& reports, FileSystem& disk)
                 continue;
             }
             const auto [entry, isNew] = known.try_emplace(record->url.relativePath(), false);
-            if (isNew)
-                entry->second = disk.exists(record->url);
+            if (isNew) // an empty path, from a damaged value, would ask for the root
+                entry->second = !entry->first.empty() && disk.exists(record->url);
             record->setAvailability(entry->second);
         }
     }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace pryvane {
 
@@ -27,8 +28,8 @@ constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListe
                            kMissingHome = "missingHome", kHomes = "homes", kSeconds = "seconds";
 } // namespace key
 
-/// The years 1 to 9999, in which seconds as a double are exact to the millisecond.
-constexpr double kFirstSecond = -62135596800.0, kLastSecond = 253402300799.0;
+/// The years 1700 to 2199: no scan was ever made outside them, and every clock can count them.
+constexpr double kFirstSecond = -8520336000.0, kLastSecond = 7258118399.0;
 
 void writeDate(CborWriter& out, Date date)
 {
@@ -53,20 +54,21 @@ Date readDate(CborReader& in)
 void writeRecord(CborWriter& out, const Spyware& record)
 {
     out.map(7);
-    out.text(key::kName), out.textOrBytes(record.name);
-    out.text(key::kIsChecked), out.boolean(record.isChecked);
-    out.text(key::kInfections), out.textOrBytes(record.infections);
-    out.text(key::kSize), out.integer(record.size);
-    out.text(key::kUrl), out.text(record.url.urlText());
-    out.text(key::kRisk), out.textOrBytes(record.risk);
-    out.text(key::kPath), out.bytes(record.url.relativePath());
+    out.text(key::kName).textOrBytes(record.name);
+    out.text(key::kIsChecked).boolean(record.isChecked);
+    out.text(key::kInfections).textOrBytes(record.infections);
+    out.text(key::kSize).integer(record.size);
+    out.text(key::kUrl).text(record.url.urlText());
+    out.text(key::kRisk).textOrBytes(record.risk);
+    out.text(key::kPath).bytes(record.url.relativePath());
 }
 
 /// The stored "isChecked" is not read: whether a record is selected follows the disk.
 std::shared_ptr<Spyware> readRecord(CborReader& in)
 {
     auto record = std::make_shared<Spyware>();
-    std::string_view path, url;
+    std::optional<std::string_view> path;
+    std::string_view url;
     auto fields = in.map();
     while (in.more(fields)) {
         const std::string_view key = in.key();
@@ -85,7 +87,7 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
         else
             in.skip();
     }
-    record->url = path.empty() ? FileURL::fromUrlText(url) : FileURL::fileURLWithPath(path);
+    record->url = path ? FileURL::fileURLWithPath(*path) : FileURL::fromUrlText(url);
     return record;
 }
 
@@ -108,20 +110,22 @@ std::vector<std::string> readNames(CborReader& in)
 void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
 {
     out.map(9);
-    out.text(key::kSignaturesTested), out.integer(coverage.signaturesTested);
-    out.text(key::kFoldersListed), out.integer(coverage.foldersListed);
-    out.text(key::kEntriesSearched), out.integer(coverage.entriesSearched);
-    out.text(key::kEntriesWalked), out.integer(coverage.entriesWalked);
-    out.text(key::kRefused), out.array(coverage.refused.size());
+    out.text(key::kSignaturesTested).integer(coverage.signaturesTested);
+    out.text(key::kFoldersListed).integer(coverage.foldersListed);
+    out.text(key::kEntriesSearched).integer(coverage.entriesSearched);
+    out.text(key::kEntriesWalked).integer(coverage.entriesWalked);
+    out.text(key::kRefused).array(coverage.refused.size());
     for (const Refusal& refusal : coverage.refused) {
         out.map(2);
-        out.text(key::kPath), out.bytes(refusal.path);
-        out.text(key::kReason), out.textOrBytes(refusal.reason);
+        out.text(key::kPath).bytes(refusal.path);
+        out.text(key::kReason).textOrBytes(refusal.reason);
     }
-    out.text(key::kHeldBack), writeNames(out, coverage.heldBack);
-    out.text(key::kMissingHome), out.bytes(coverage.missingHome);
-    out.text(key::kHomes), writeNames(out, coverage.homes);
-    out.text(key::kSeconds), out.real(coverage.seconds);
+    out.text(key::kHeldBack);
+    writeNames(out, coverage.heldBack);
+    out.text(key::kMissingHome).bytes(coverage.missingHome);
+    out.text(key::kHomes);
+    writeNames(out, coverage.homes);
+    out.text(key::kSeconds).real(coverage.seconds);
 }
 
 Refusal readRefusal(CborReader& in)
@@ -184,18 +188,20 @@ ScanCoverage readCoverage(CborReader& in)
 void writeReport(CborWriter& out, const SpywareScanReport& report)
 {
     out.map(9);
-    out.text(key::kSpyWareCount);
-    out.integer(static_cast<std::int64_t>(report.spyWareCount & kCountMask));
-    out.text(key::kReportType), out.textOrBytes(report.reportType);
-    out.text(key::kScanDate), writeDate(out, report.scanDate);
-    out.text(key::kSpyWareList), out.array(report.spyWareList->size());
+    out.text(key::kSpyWareCount)
+        .integer(static_cast<std::int64_t>(report.spyWareCount & kCountMask));
+    out.text(key::kReportType).textOrBytes(report.reportType);
+    out.text(key::kScanDate);
+    writeDate(out, report.scanDate);
+    out.text(key::kSpyWareList).array(report.spyWareList->size());
     for (const auto& record : *report.spyWareList)
         writeRecord(out, *record);
-    out.text(key::kScanDuration), out.textOrBytes(report.scanDuration);
-    out.text(key::kReportId), out.textOrBytes(report.reportId);
-    out.text(key::kIsRed), out.boolean(report.isRed);
-    out.text(key::kVolume), out.bytes(report.volume);
-    out.text(key::kCoverage), writeCoverage(out, report.coverage);
+    out.text(key::kScanDuration).textOrBytes(report.scanDuration);
+    out.text(key::kReportId).textOrBytes(report.reportId);
+    out.text(key::kIsRed).boolean(report.isRed);
+    out.text(key::kVolume).bytes(report.volume);
+    out.text(key::kCoverage);
+    writeCoverage(out, report.coverage);
 }
 
 /// `complete` tells whether the map held what makes a report one.
@@ -255,8 +261,7 @@ std::string encodeReports(const ReportList& reports)
     std::string bytes;
     bytes.reserve(estimatedSize(reports));
     CborWriter out(bytes);
-    out.tag(kSelfDescribedTag);
-    out.array(reports.size());
+    out.tag(kSelfDescribedTag).array(reports.size());
     for (const auto& report : reports)
         writeReport(out, *report);
     return bytes;

@@ -7,6 +7,7 @@
 #include "signatures/Catalogue.h"
 #include "signatures/FindingSink.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -171,9 +172,20 @@ void CheckRunner::appendPresent(std::span<const std::string_view> patterns, Path
 bool CheckRunner::isPresent(const FileURL& url)
 {
     const Presence presence = m_disk.presence(url);
-    if (presence == Presence::Unknown && m_untestable.insert(url.relativePath()).second)
-        m_coverage.refused.push_back({url.relativePath(), "could not be tested"});
+    if (presence == Presence::Unknown)
+        noteUntestable(url);
     return presence == Presence::Present;
+}
+
+/// Names the folder that stands in the way, since one such folder hides many locations.
+void CheckRunner::noteUntestable(const FileURL& url)
+{
+    std::string folder = url.absolutePath();
+    do {
+        folder.resize(std::max<std::size_t>(folder.rfind('/'), 1));
+    } while (folder != "/" && !m_disk.exists(FileURL::fileURLWithPath(folder)));
+    if (m_untestable.insert(folder).second)
+        m_coverage.refused.push_back({folder, "locations below it could not be tested"});
 }
 
 void CheckRunner::report(const Paths& found, std::string_view type)

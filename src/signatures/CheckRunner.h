@@ -64,6 +64,7 @@ private:
     void appendIfPresent(std::string path, Paths& found);
     void appendPresent(std::span<const std::string_view> patterns, Paths& found);
     [[nodiscard]] bool isPresent(const FileURL& url);
+    void noteUntestable(const FileURL& url);
     void report(const Paths& found, std::string_view type);
 
     FileSystem& m_disk;
@@ -72,7 +73,7 @@ private:
     FindingSink& m_sink;
     ScanCoverage& m_coverage;
     NameSearch m_search;
-    std::unordered_set<std::string> m_untestable; ///< paths recorded as such in the coverage
+    std::unordered_set<std::string> m_untestable; ///< folders recorded in the coverage
     std::unordered_map<std::string, std::int64_t> m_sizes;
 };
 

@@ -113,7 +113,7 @@ TEST_F(ScanCommandTest, ADamagedStoreIsSetAsideOnceAndTheScanGoesOn)
     std::ofstream(data.hostPath("/Pryvane.sqlite"), std::ios::binary) << std::string(5000, '#');
     const Outcome told = scan();
     EXPECT_EQ(told.code, 0);
-    EXPECT_THAT(told.err, HasSubstr("set aside"));
+    EXPECT_THAT(told.err, HasSubstr("what was there is kept as"));
     const Outcome after = scan();
     EXPECT_EQ(after.err, "");
     EXPECT_EQ(reportIds().size(), 2U);
@@ -184,7 +184,8 @@ TEST_F(ScanCommandTest, HostileNamesComeThroughUnharmedAndEscaped)
 
     for (const std::string& text : {texts[0], texts[2]}) {
         std::set<std::string> decoded, expected;
-        for (const json& record : json::parse(text)["report"]["spyWareList"])
+        const json parsed = json::parse(text);
+        for (const json& record : parsed["report"]["spyWareList"])
             decoded.insert(percentDecoded(record["url"].get<std::string>()));
         for (const std::string& name : names)
             expected.insert("file:///Library/LaunchAgents/" + name);

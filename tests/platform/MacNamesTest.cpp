@@ -84,6 +84,9 @@ TEST_P(MacNamesTest, AnySpellingFindsWhatIsThere)
     disk.link("LOOP", "loop/x");
     disk.link("dangling", "Nowhere");
     disk.link("out", "/../ETC/passwd");
+    for (int i = 0; i < 45; ++i)
+        disk.link("Chain" + std::to_string(i), "cHAIN" + std::to_string(i + 1));
+    disk.file("chain45");
     disk.file("both/one");
     disk.file("Both/two");
     disk.file("same/NAME");
@@ -111,6 +114,8 @@ TEST_P(MacNamesTest, AnySpellingFindsWhatIsThere)
         {"/Loop", {}},
         {"/Dangling", {}},
         {"/OUT", {}},
+        {"/chain5", "/Chain5"}, // 40 links on
+        {"/chain4", {}},        // one too many
         {"/both/one", "/both/one"},
         {"/both/two", {}}, // the folder of exactly that name goes first
         {"/Both/TWO", "/Both/two"},

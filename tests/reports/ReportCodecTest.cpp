@@ -85,7 +85,7 @@ TEST(ReportCodec, KeepsDatesToTheMillisecondAndClampsImpossibleOnes)
     struct Row {
         std::int64_t stored, read;
     };
-    constexpr std::int64_t first = -62'135'596'800'000, last = 253'402'300'799'000;
+    constexpr std::int64_t first = -8'520'336'000'000, last = 7'258'118'399'000;
     constexpr auto lowest = std::numeric_limits<std::int64_t>::min();
     constexpr auto highest = std::numeric_limits<std::int64_t>::max();
     for (const Row& row : {Row{0, 0}, Row{1, 1}, Row{-1, -1},
@@ -111,10 +111,11 @@ std::string withUnknownValue(std::string_view value)
     CborWriter out(bytes);
     out.array(1);
     out.map(4);
-    out.integer(7), out.text("a key that is a number");
-    out.text("later"), bytes += value;
-    out.text("reportId"), out.text("id");
-    out.text("spyWareList"), out.array(0);
+    out.integer(7).text("a key that is a number");
+    out.text("later");
+    bytes += value;
+    out.text("reportId").text("id");
+    out.text("spyWareList").array(0);
     return bytes;
 }
 

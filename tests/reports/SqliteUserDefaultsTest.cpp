@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <thread>
@@ -187,6 +188,38 @@ TEST_F(SqliteUserDefaultsTest, ReadOnlyMakesAndChangesNothing)
     EXPECT_TRUE(open()->get(preferences::kScan));
 }
 
+TEST_F(SqliteUserDefaultsTest, UndoesASaveThatWasCutOff)
+{
+    const Bytes old{std::string(100'000, 'o')};
+    ASSERT_TRUE(open()->setObject("k", old).ok());
+    {
+        // Too small a cache makes SQLite write into the file before the end; copied now, the file
+        // and its journal are what a power cut would leave.
+        int code = SQLITE_OK;
+        const SqliteConnection connection(file(), SQLITE_OPEN_READWRITE, code);
+        ASSERT_EQ(connection.execute("PRAGMA cache_size=1; BEGIN IMMEDIATE;"
+                                     "UPDATE preference SET value=randomblob(400000)"),
+                  SQLITE_OK);
+        folder.folder("cut");
+        for (const char* name : {"Pryvane.sqlite", "Pryvane.sqlite-journal"})
+            std::filesystem::copy(data() + "/" + name, folder.hostPath("cut") + "/" + name);
+    }
+    const std::string cut = folder.hostPath("cut");
+    const std::string before = contentOf(cut + "/Pryvane.sqlite");
+    ASSERT_NE(before, contentOf(file()));
+    const auto reader = SqliteUserDefaults::openReadOnly(cut, log);
+    ASSERT_TRUE(reader.ok()) << reader.error().message;
+    ASSERT_TRUE(reader->notice.has_value());
+    EXPECT_NE(reader->notice->find("a save was interrupted"), std::string::npos);
+    EXPECT_EQ(contentOf(cut + "/Pryvane.sqlite"), before);
+    EXPECT_EQ(namesIn(cut).size(), 2U);
+
+    const auto opened = openedStore(cut, log);
+    EXPECT_EQ(opened.notice, std::nullopt);
+    EXPECT_EQ(opened.defaults->getBytes("k"), old);
+    EXPECT_EQ(namesIn(cut).size(), 1U);
+}
+
 TEST_F(SqliteUserDefaultsTest, ReachesItsFolderThroughALink)
 {
     folder.folder("real");
@@ -238,6 +271,17 @@ TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
     }
     EXPECT_FALSE(SqliteUserDefaults::open("", log).ok());
     EXPECT_EQ(contentOf(folder.hostPath("t")), "x");
+}
+
+TEST_F(SqliteUserDefaultsTest, NeverSavesIntoAFileThatWasMovedAway)
+{
+    const auto defaults = open();
+    ASSERT_TRUE(defaults->set(preferences::kScan, true).ok());
+    std::filesystem::rename(file(), folder.hostPath("moved"));
+    const auto saved = defaults->set(preferences::kScan, false);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_NE(saved.error().message.find("moved while the program ran"), std::string::npos)
+        << saved.error().message;
 }
 
 TEST_F(SqliteUserDefaultsTest, LeavesTheFileOfALaterVersionAlone)

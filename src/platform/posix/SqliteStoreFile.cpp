@@ -1,31 +1,18 @@
 #include "platform/posix/SqliteStoreFile.h"
 
 #include "core/Escape.h"
-#include "core/Texts.h"
 #include "platform/Log.h"
+#include "platform/posix/StoreFolder.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <chrono>
-#include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <system_error>
-#include <thread>
 #include <unistd.h>
-#include <vector>
 
 namespace pryvane {
 
 namespace {
-
-constexpr std::string_view kFileName = "Pryvane.sqlite";
-constexpr std::string_view kAsideMark = ".damaged-";
-constexpr std::array<std::string_view, 4> kSideFiles = {"-journal", "-wal", "-shm", ""};
-constexpr int kBusyMilliseconds = 5000;
 
 /// One tree holds everything, so that no index can disagree with its table.
 constexpr std::string_view kSchema = "CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, "
@@ -38,82 +25,6 @@ constexpr std::int64_t applicationId(std::int64_t version)
 {
     return 0x50790000 + version;
 }
-
-constexpr std::string_view kElsewhere = "or set PRYVANE_DATA_DIR to a folder of your own";
-
-Error folderError(std::string_view folder, std::string_view what)
-{
-    return Error{"Cannot keep the preferences in " + forScreen(folder) + ": " + std::string(what) +
-                 "; repair that, " + std::string(kElsewhere) + "."};
-}
-
-std::string reasonOf(int error)
-{
-    return std::generic_category().message(error);
-}
-
-/// Makes the folder and those above it where they are missing; for the user alone.
-Result<Done> makeFolders(const std::string& folder)
-{
-    std::size_t end = 0;
-    while (end != std::string::npos) {
-        end = folder.find('/', end + 1);
-        const std::string part = folder.substr(0, end);
-        struct stat data {};
-        if (stat(part.c_str(), &data) == 0) {
-            if (!S_ISDIR(data.st_mode))
-                return folderError(folder, forScreen(part) + " is not a folder");
-        } else if (mkdir(part.c_str(), 0700) != 0 && errno != EEXIST) {
-            return folderError(folder, reasonOf(errno));
-        }
-    }
-    return Done{};
-}
-
-/// The folder without any link on the way, because SQLite is told to follow none.
-Result<std::string> resolvedFolder(const std::string& folder)
-{
-    char* resolved = realpath(folder.c_str(), nullptr);
-    if (!resolved)
-        return folderError(folder, reasonOf(errno));
-    std::string path = resolved;
-    std::free(resolved);
-    return path;
-}
-
-/// Keeps two starting programs from both making, or both moving, the file. It locks the folder
-/// itself, so no file of its own is needed; where the file system cannot do that, it holds nothing.
-class FolderLock {
-public:
-    explicit FolderLock(const std::string& folder)
-        : m_folder(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-    {
-        constexpr std::chrono::milliseconds kStep{10};
-        int left = kBusyMilliseconds / static_cast<int>(kStep.count());
-        while (flock(m_folder, LOCK_EX | LOCK_NB) != 0) {
-            if (errno != EWOULDBLOCK)
-                return;
-            if (left-- == 0) {
-                m_timedOut = true;
-                return;
-            }
-            std::this_thread::sleep_for(kStep);
-        }
-    }
-    ~FolderLock()
-    {
-        if (m_folder >= 0)
-            ::close(m_folder);
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-    [[nodiscard]] bool timedOut() const { return m_timedOut; }
-
-private:
-    int m_folder;
-    bool m_timedOut = false;
-};
 
 /// What one attempt at opening came to: exactly one of the three is set.
 struct Attempt {
@@ -133,13 +44,16 @@ Attempt failed(std::string_view path, int code)
 {
     if (meansDamage(code))
         return {{}, sqlite3_errstr(code), {}};
+    if (code == SQLITE_READONLY_ROLLBACK) // never where writing is allowed: then it is just undone
+        return {{}, "a save was interrupted, which the next start that may write undoes", {}};
     return {{}, {}, storeError("open the preferences", path, code)};
 }
 
 int configure(const SqliteConnection& connection)
 {
     sqlite3* handle = connection.handle();
-    if (const int code = sqlite3_busy_timeout(handle, kBusyMilliseconds); code != SQLITE_OK)
+    if (const int code = sqlite3_busy_timeout(handle, static_cast<int>(kStorePatience.count()));
+        code != SQLITE_OK)
         return code;
     constexpr std::array<std::pair<int, int>, 4> switches = {{
         {SQLITE_DBCONFIG_DEFENSIVE, 1},
@@ -267,80 +181,6 @@ Attempt create(const std::string& path)
     return {{}, {}, storeError("make the preferences file", path, code)};
 }
 
-/// Drops all but the newest files that were set aside, with what belongs to them.
-void forgetOldAsides(const std::string& folder)
-{
-    const std::string prefix = std::string(kFileName) + std::string(kAsideMark);
-    std::vector<std::string> asides;
-    DIR* entries = opendir(folder.c_str());
-    if (!entries)
-        return;
-    while (const dirent* entry = readdir(entries)) {
-        const std::string_view name = entry->d_name;
-        const bool sideFile = std::any_of(kSideFiles.begin(), kSideFiles.end() - 1,
-                                          [&](auto suffix) { return name.ends_with(suffix); });
-        if (name.starts_with(prefix) && !sideFile)
-            asides.emplace_back(name);
-    }
-    closedir(entries);
-    std::sort(asides.rbegin(), asides.rend());
-    for (std::size_t i = kKeptAside; i < asides.size(); ++i) {
-        for (const auto suffix : kSideFiles)
-            ::unlink((folder + "/" + asides[i] + std::string(suffix)).c_str());
-    }
-}
-
-/// Renames the file, and first what SQLite would otherwise apply to the fresh one. Gives the new
-/// path.
-Result<std::string> moveAside(const std::string& folder, const std::string& path)
-{
-    const std::string base = path + std::string(kAsideMark) + asideStamp();
-    std::string aside = base;
-    struct stat data {};
-    for (int i = 2; lstat(aside.c_str(), &data) == 0; ++i)
-        aside = base + "-" + std::to_string(i);
-    for (const auto suffix : kSideFiles) {
-        const std::string from = path + std::string(suffix), to = aside + std::string(suffix);
-        if (rename(from.c_str(), to.c_str()) != 0 && (errno != ENOENT || suffix.empty()))
-            return Error{"The preferences in " + forScreen(path) +
-                         " are damaged and cannot be moved aside: " + reasonOf(errno) +
-                         "; move that file away, " + std::string(kElsewhere) + "."};
-    }
-    forgetOldAsides(folder);
-    return aside;
-}
-
-enum class InPlace : std::uint8_t { Nothing, EmptyFile, File };
-
-/// What stands where the file belongs; anything but a regular file is refused unopened.
-Result<InPlace> inPlace(const std::string& path)
-{
-    struct stat data {};
-    if (lstat(path.c_str(), &data) != 0) {
-        if (errno == ENOENT)
-            return InPlace::Nothing;
-        return folderError(path, reasonOf(errno));
-    }
-    if (!S_ISREG(data.st_mode))
-        return Error{"Cannot keep the preferences in " + forScreen(path) + ": " +
-                     (S_ISLNK(data.st_mode)   ? "a link"
-                      : S_ISDIR(data.st_mode) ? "a folder"
-                                              : "something that is no file") +
-                     " stands in its place; remove that, " + std::string(kElsewhere) + "."};
-    return data.st_size == 0 ? InPlace::EmptyFile : InPlace::File;
-}
-
-Result<Done> mayWrite(const std::string& folder, const std::string& path, InPlace found)
-{
-    if (faccessat(AT_FDCWD, folder.c_str(), R_OK | W_OK | X_OK, AT_EACCESS) != 0)
-        return folderError(folder, "the folder is not yours to write: " + reasonOf(errno));
-    if (found != InPlace::Nothing &&
-        faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0)
-        return folderError(folder,
-                           forScreen(kFileName) + " is not yours to write: " + reasonOf(errno));
-    return Done{};
-}
-
 Result<OpenedStore> outcome(Attempt attempt, const std::string& path,
                             std::optional<std::string> notice)
 {
@@ -361,7 +201,7 @@ Result<OpenedStore> openStore(std::string_view dataFolder, Log& log)
     const auto folder = resolvedFolder(given);
     if (!folder)
         return folder.error();
-    const std::string path = *folder + "/" + std::string(kFileName);
+    const std::string path = storePath(*folder);
     const FolderLock lock(*folder);
     if (lock.timedOut())
         return storeError("open the preferences", path, SQLITE_BUSY);
@@ -382,7 +222,7 @@ Result<OpenedStore> openStore(std::string_view dataFolder, Log& log)
     if (!attempt.damage)
         return outcome(std::move(attempt), path, {});
 
-    const auto aside = moveAside(*folder, path);
+    const auto aside = moveFileAside(*folder, path);
     if (!aside)
         return aside.error();
     std::string notice = "The preferences in " + forScreen(path) + " were damaged (" +
@@ -404,7 +244,7 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log)
     const auto folder = resolvedFolder(given);
     if (!folder)
         return folder.error();
-    const std::string path = *folder + "/" + std::string(kFileName);
+    const std::string path = storePath(*folder);
     const auto found = inPlace(path);
     if (!found)
         return found.error();
@@ -414,8 +254,8 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log)
     Attempt attempt = openChecked(path, SQLITE_OPEN_READONLY);
     if (!attempt.damage)
         return outcome(std::move(attempt), path, {});
-    std::string notice = "The preferences in " + forScreen(path) + " are damaged (" +
-                         forScreen(*attempt.damage) + ") and were not read.";
+    std::string notice = "The preferences in " + forScreen(path) + " cannot be read (" +
+                         forScreen(*attempt.damage) + "); the built-in settings apply.";
     log.line(notice);
     return OpenedStore{{}, path, std::move(notice)};
 }
@@ -451,14 +291,6 @@ Error storeError(std::string_view doing, std::string_view path, int sqliteCode)
         }
     };
     return Error{"Cannot " + std::string(doing) + " in " + forScreen(path) + ": " + reason() + "."};
-}
-
-std::string asideStamp()
-{
-    const auto now = std::chrono::time_point_cast<Date::duration>(std::chrono::system_clock::now());
-    std::string stamp = iso8601(now);
-    std::erase_if(stamp, [](char c) { return c == '-' || c == ':'; });
-    return stamp;
 }
 
 } // namespace pryvane

@@ -30,10 +30,4 @@ struct OpenedStore {
 /// Why SQLite refused, for a person: what was being done, with which file, and what helps.
 [[nodiscard]] Error storeError(std::string_view doing, std::string_view path, int sqliteCode);
 
-/// A moment for a file name or key, such that later ones sort later: "20261121T042623.000Z".
-[[nodiscard]] std::string asideStamp();
-
-/// How many things of one kind stay set aside.
-inline constexpr std::size_t kKeptAside = 3;
-
 } // namespace pryvane

@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "platform/Log.h"
 #include "platform/posix/SqliteStoreFile.h"
+#include "platform/posix/StoreFolder.h"
 
 #include <array>
 
@@ -13,8 +14,6 @@ namespace {
 /// Names of the stored types, in the order of PreferenceValue's alternatives.
 constexpr std::array<std::string_view, 5> kTypeNames = {"bool", "integer", "date", "text", "bytes"};
 static_assert(kTypeNames.size() == std::variant_size_v<PreferenceValue>);
-
-constexpr std::string_view kAsideMark = ".damaged-";
 
 void bindValue(SqliteStatement& statement, const PreferenceValue& value)
 {

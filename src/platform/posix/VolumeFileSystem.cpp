@@ -56,7 +56,8 @@ Error cannotOpen(std::string_view hostFolder, int error)
     constexpr std::string_view kAdvice = "give the folder at which the Mac disk is mounted";
     if (hostFolder.empty())
         return {"no volume was named; " + std::string(kAdvice)};
-    const std::string shown = "\"" + forScreen(hostFolder) + "\"";
+    std::string shown = "\"";
+    shown.append(forScreen(hostFolder)).append("\"");
     if (error == ENOTDIR)
         return {shown + " is not a folder; " + std::string(kAdvice)};
     if (meansAbsent(error))

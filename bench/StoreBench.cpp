@@ -1,0 +1,165 @@
+// Writing and reading the report list, 10,000 reports of 20 findings, against Qt's streaming CBOR
+// classes over the same bytes; both readers test each distinct path once.
+
+#include "StoreBenchPeer.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "platform/posix/SqliteUserDefaults.h"
+#include "platform/posix/SystemClock.h"
+#include "reports/DefaultMethods.h"
+#include "reports/RecordAvailability.h"
+#include "reports/ReportCodec.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <unistd.h>
+#include <vector>
+
+namespace pryvane::bench {
+
+namespace {
+
+constexpr int kReports = 10'000, kFindings = 20, kDistinctPaths = 10'000, kRuns = 9;
+
+bool existsOnHost(const char* path)
+{
+    return access(path, F_OK) == 0;
+}
+
+/// The host's root, for existence tests alone.
+class HostDisk final : public FileSystem {
+public:
+    Presence presence(const FileURL& url) override
+    {
+        return existsOnHost(url.relativePath().c_str()) ? Presence::Present : Presence::Absent;
+    }
+    FileKind kind(const FileURL&) override { return FileKind::Unknown; }
+    FolderListing list(const FileURL&) override { return {}; }
+    std::int64_t allocatedSize(const FileURL&) override { return 0; }
+    bool writable(const FileURL&) override { return false; }
+    Result<std::string> readSmallFile(const FileURL&, std::size_t) override { return Error{}; }
+    std::string identity() const override { return "host"; }
+    void forgetListings() override {}
+};
+
+ReportList sampleReports()
+{
+    const std::string_view families[] = {"Okaz Installer", "Backdoor.OSX.Mokes.a", "Spyware"};
+    ReportList reports;
+    int number = 0;
+    for (int i = 0; i < kReports; ++i) {
+        auto list = std::make_shared<SpywareList>();
+        for (int j = 0; j < kFindings; ++j) {
+            auto record = std::make_shared<Spyware>();
+            const std::string path = "/Users/jane/Library/Application Support/com.vendor.product-" +
+                                     std::to_string(number++ * 7919 % kDistinctPaths) + "/Helper";
+            record->url = FileURL::fileURLWithPath(path);
+            record->name = record->url.lastPathComponent();
+            record->infections = families[j % 3];
+            record->size = 4096L * j;
+            record->risk = kHighRisk;
+            list->push_back(std::move(record));
+        }
+        const Date date(std::chrono::milliseconds(1'700'000'000'123 + i * 60'000L));
+        reports.push_back(SpywareScanReport::ScanReportWithSpywareList(list, date, " 12 seconds",
+                                                                       "Quick Scan", date));
+        reports.back()->volume = "host";
+    }
+    return reports;
+}
+
+template <typename Work>
+double milliseconds(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+void require(bool condition, const char* what)
+{
+    if (condition)
+        return;
+    std::fprintf(stderr, "store_bench: %s\n", what);
+    std::exit(1);
+}
+
+void codecAgainstQt(const ReportList& reports)
+{
+    const QtPeer peer(reports);
+    HostDisk disk;
+    std::vector<double> write, peerWrite, read, peerRead;
+    std::string bytes, peerBytes;
+    for (int run = 0; run < kRuns; ++run) {
+        write.push_back(milliseconds([&] { bytes = encodeReports(reports); }));
+        peerWrite.push_back(milliseconds([&] { static_cast<void>(peer.write(peerBytes)); }));
+        require(bytes.size() == peerBytes.size(), "the two writers disagree");
+        read.push_back(milliseconds([&] {
+            const auto list = decodeReports(bytes);
+            require(list.ok(), "our own bytes cannot be read");
+            followDisk(*list, disk);
+        }));
+        peerRead.push_back(
+            milliseconds([&] { static_cast<void>(QtPeer::readAndFollow(bytes, existsOnHost)); }));
+    }
+    std::printf("%d reports x %d findings, %.1f MiB, %d runs\n", kReports, kFindings,
+                static_cast<double>(bytes.size()) / (1 << 20), kRuns);
+    std::printf("%-34s %8s %8s %7s\n", "median, ms", "ours", "Qt", "ratio");
+    const auto row = [](const char* name, double ours, double qt) {
+        std::printf("%-34s %8.1f %8.1f %7.2f\n", name, ours, qt, ours / qt);
+    };
+    row("write", median(write), median(peerWrite));
+    row("read + one test a distinct path", median(read), median(peerRead));
+    row("both", median(write) + median(read), median(peerWrite) + median(peerRead));
+}
+
+void wholeStore(const ReportList& reports)
+{
+    std::string folder = (std::filesystem::temp_directory_path() / "store-bench-XXXXXX").string();
+    require(mkdtemp(folder.data()) != nullptr, "cannot make a temporary folder");
+    {
+        SilentLog log;
+        HostDisk disk;
+        SystemClock clock;
+        auto opened = SqliteUserDefaults::open(folder, log);
+        require(opened.ok(), "cannot open the store");
+        DefaultMethods store(*opened->defaults, disk, clock, log);
+        std::vector<double> save, load, update;
+        for (int run = 0; run < kRuns; ++run) {
+            save.push_back(milliseconds([&] {
+                require(store.saveListReport(reports, preferences::kSaveReport).ok(), "no save");
+            }));
+            load.push_back(milliseconds([&] {
+                require(store.loadListReportWithKey(preferences::kSaveReport).size() == kReports,
+                        "no load");
+            }));
+            update.push_back(milliseconds([&] {
+                require(store.updateReportInDefaults(reports[kReports / 2]).ok(), "no update");
+            }));
+        }
+        std::printf("through SQLite, ms: save %.1f, load %.1f, update one %.1f\n", median(save),
+                    median(load), median(update));
+    }
+    std::filesystem::remove_all(folder);
+}
+
+} // namespace
+
+} // namespace pryvane::bench
+
+int main()
+{
+    const auto reports = pryvane::bench::sampleReports();
+    pryvane::bench::codecAgainstQt(reports);
+    pryvane::bench::wholeStore(reports);
+}
