@@ -176,7 +176,7 @@ TEST(HostileTrees, ChangingDuringTheWalk)
             }
         }
     });
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 8; ++round) {
         const auto found = scanned(folder.path(), round % 2 ? 8 : 1);
         std::multiset<std::string> matches;
         for (const std::string& match : found->walk.only("match"))
