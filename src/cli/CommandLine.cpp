@@ -43,7 +43,7 @@ CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
 {
     m_app.footer(kFooter);
     m_app.require_subcommand(1);
-    m_app.set_version_flag("--version", "pryvane-cli " PRYVANE_VERSION);
+    m_app.set_version_flag("--version", kVersionText);
     m_app.get_formatter()->column_width(34);
     addScanCommand(*this, m_app);
     addReportCommand(*this, m_app);

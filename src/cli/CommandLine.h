@@ -12,6 +12,9 @@ namespace pryvane::cli {
 
 struct VolumeArguments;
 
+/// What --version prints.
+inline constexpr const char* kVersionText = "pryvane-cli " PRYVANE_VERSION;
+
 /// What a parsed command does. It returns the exit code and writes to the console only.
 using Action = std::function<int(const Console&)>;
 

@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <string_view>
 #include <unistd.h>
 
 namespace {
@@ -18,6 +19,11 @@ extern "C" void onInterrupt(int)
 
 int main(int argc, char** argv)
 {
+    // Scripts ask for the version by itself; no parser need be built for that.
+    if (argc == 2 && std::string_view(argv[1]) == "--version") {
+        std::cout << pryvane::cli::kVersionText << std::endl;
+        return std::cout ? pryvane::cli::kDone : pryvane::cli::kFailed;
+    }
     struct sigaction action {};
     action.sa_handler = onInterrupt;
     action.sa_flags = static_cast<int>(SA_RESETHAND); // a second Ctrl+C ends the process at once
