@@ -41,6 +41,13 @@ struct DeepTree {
     ~DeepTree() { removeDeepTree(folder.path()); }
 };
 
+/// How large a tree is: PRYVANE_DEEP and PRYVANE_WIDE ask for other sizes than the quick ones.
+int sizeAsked(const char* variable, int otherwise)
+{
+    const char* const asked = std::getenv(variable);
+    return asked ? std::atoi(asked) : otherwise;
+}
+
 /// Runs `work` in a process without root's rights; whether it returned true there.
 template <typename Work>
 bool asNobody(Work work)
@@ -57,15 +64,17 @@ bool asNobody(Work work)
 
 } // namespace
 
-TEST(HostileTrees, HundredThousandNestedFolders)
+TEST(HostileTrees, VeryManyNestedFolders)
 {
+    const int depth = sizeAsked("PRYVANE_DEEP", 10'000);
     const DeepTree tree;
-    growChain(tree.folder.path(), "d", 100'000, "Sabpab");
+    growChain(tree.folder.path(), "d", depth, "Sabpab");
     const auto found = scanned(tree.folder.path());
-    EXPECT_EQ(found->state.totalCount, 100'001);
+    EXPECT_EQ(found->state.totalCount, depth + 1);
     const auto matches = found->walk.only("match");
     ASSERT_EQ(matches.size(), 1u);
-    EXPECT_EQ(matches[0].size(), std::string("match /Users/alice/").size() + 200'000 + 6);
+    EXPECT_EQ(matches[0].size(), std::string("match /Users/alice/Sabpab").size() +
+                                     2 * static_cast<std::size_t>(depth));
 }
 
 TEST(HostileTrees, NamesOfFullLengthNestedThreeThousandTimes)
@@ -103,12 +112,10 @@ TEST(HostileTrees, ComesBackToFoldersItHadToClose)
     EXPECT_EQ(many->walk.only("match"), one->walk.only("match"));
 }
 
-/// PRYVANE_WIDE=1000000 makes it as wide as disks get.
 TEST(HostileTrees, VeryManyEntriesInOneFolder)
 {
     const DeepTree tree;
-    const char* const asked = std::getenv("PRYVANE_WIDE");
-    const int width = asked ? std::atoi(asked) : 200'000;
+    const int width = sizeAsked("PRYVANE_WIDE", 20'000);
     const int at = open(tree.folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     for (int i = 0; i < width; ++i) {
         const std::string name = (i % 1'000 == 0 ? "Sabpab" : "entry") + std::to_string(i);
