@@ -1,6 +1,7 @@
 #include "cli/ProgressBar.h"
 
 #include <algorithm>
+#include <cmath>
 #include <ostream>
 
 namespace pryvane::cli {
@@ -57,7 +58,7 @@ std::string ProgressBar::paceText(const ScanDisplay& display)
     if (seconds < 0.2 || done <= 0)
         return {};
     const auto perSecond = static_cast<long>(static_cast<double>(display.entries) * done / seconds);
-    const auto left = static_cast<long>(seconds * (1 - done) / done + 0.5);
+    const long left = std::lround(seconds * (1 - done) / done);
     return "  " + std::to_string(perSecond) + "/s  " + std::to_string(left) + " s left";
 }
 

@@ -61,7 +61,15 @@ void DeepScan::scan()
     const auto started = m_services.clock.steadyNow();
     onRoot([this](const WalkRoot& root) {
         scanDirectory pass(m_state, m_texts, m_notifications);
-        m_coverage.entriesWalked += pass.scan(root).entries;
+        const auto told = m_coverage.refused.size();
+        const WalkOutcome outcome = pass.scan(root);
+        m_coverage.entriesWalked += outcome.entries;
+        // The walk names the first ones only, so that a hostile disk cannot fill the memory.
+        const auto named = static_cast<std::int64_t>(m_coverage.refused.size() - told);
+        if (outcome.refusals > named) {
+            m_coverage.refused.push_back(
+                {root.path, std::to_string(outcome.refusals - named) + " more folders below it"});
+        }
     });
     const std::chrono::duration<double> taken = m_services.clock.steadyNow() - started;
     m_services.log.line("scannig time " + std::to_string(taken.count()));

@@ -8,7 +8,8 @@ namespace pryvane {
 
 namespace {
 
-constexpr std::size_t kBytesAtOnce = 256 * 1024; // of one folder's entries that are kept
+constexpr std::size_t kBytesAtOnce =
+    std::size_t{256} * 1024; // of one folder's entries that are kept
 
 /// Whether the entry is simply no folder any more.
 bool meansGone(int error)
