@@ -41,6 +41,22 @@ std::vector<std::string> texts()
     return catalogue::fullSyatemScanPath(kUser);
 }
 
+/// This process's own peak, in kilobytes. What a parent is told of its children would hold the
+/// parent's size at the fork.
+long peakMemory()
+{
+    long kilobytes = 0;
+    if (std::FILE* status = std::fopen("/proc/self/status", "r")) {
+        char line[128];
+        while (std::fgets(line, sizeof line, status)) {
+            if (std::sscanf(line, "VmHWM: %ld", &kilobytes) == 1)
+                break;
+        }
+        std::fclose(status);
+    }
+    return kilobytes;
+}
+
 /// A process as the program is while it scans, with a display that takes samples.
 class Scan {
 public:
@@ -85,9 +101,9 @@ public:
 
     void print() const
     {
-        std::printf("%lld entries, %zu findings, %d steps, %d samples\n",
+        std::printf("%lld entries, %zu findings, %d steps, %d samples, peak %ld kB\n",
                     static_cast<long long>(m_state.totalCount.load()),
-                    m_state.arrSpywareList.records().size(), m_progress, m_samples);
+                    m_state.arrSpywareList.records().size(), m_progress, m_samples, peakMemory());
     }
 
 private:
