@@ -23,14 +23,12 @@ bool isShortName(std::string_view user)
 
 } // namespace
 
-Host::Host(const Console&) {}
-
 Host::~Host() = default;
 
 Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArguments& arguments,
                                          StoreUse use, Pacing pacing)
 {
-    std::unique_ptr<Host> host(new Host(console));
+    std::unique_ptr<Host> host(new Host);
     host->m_user = arguments.user.empty() ? loginUser() : arguments.user;
     if (!isShortName(host->m_user)) {
         return Error{"\"" + forTerminal(host->m_user) +

@@ -55,7 +55,7 @@ public:
     [[nodiscard]] Log& log() { return m_log; }
 
 private:
-    explicit Host(const Console& console);
+    Host() = default;
     [[nodiscard]] Result<Done> openStore(const Console& console, StoreUse use);
 
     NotificationCenter m_notifications;
