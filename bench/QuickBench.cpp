@@ -9,6 +9,7 @@
 #include "signatures/Catalogue.h"
 #include "signatures/CheckRunner.h"
 #include "signatures/FindingSink.h"
+#include "support/ForwardingDisk.h"
 #include "support/TemporaryFolder.h"
 
 #include <cstdlib>
@@ -55,29 +56,15 @@ void fill(const test::TemporaryFolder& volume, int entries, bool findings)
 }
 
 /// The locations that the floor asks for: one for each existence test of the scan.
-class RecordingDisk final : public FileSystem {
+class RecordingDisk final : public test::ForwardingDisk {
 public:
-    explicit RecordingDisk(FileSystem& disk) : m_disk(disk) {}
+    using ForwardingDisk::ForwardingDisk;
     std::vector<std::string> asked;
     Presence presence(const FileURL& url) override
     {
         asked.push_back(url.relativePath());
         return m_disk.presence(url);
     }
-    FileKind kind(const FileURL& url) override { return m_disk.kind(url); }
-    FolderListing list(const FileURL& folder) override { return m_disk.list(folder); }
-    std::int64_t allocatedSize(const FileURL& url) override { return m_disk.allocatedSize(url); }
-    int openFolder(const FileURL& url) override { return m_disk.openFolder(url); }
-    bool writable(const FileURL& url) override { return m_disk.writable(url); }
-    Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
-    {
-        return m_disk.readSmallFile(url, limit);
-    }
-    std::string identity() const override { return m_disk.identity(); }
-    void forgetListings() override { m_disk.forgetListings(); }
-
-private:
-    FileSystem& m_disk;
 };
 
 long scan(FileSystem& disk)

@@ -6,6 +6,7 @@
 #include "platform/posix/VolumeFileSystem.h"
 #include "signatures/CheckRunner.h"
 #include "signatures/FindingSink.h"
+#include "support/ForwardingDisk.h"
 #include "support/TemporaryFolder.h"
 
 #include <memory>
@@ -64,28 +65,15 @@ private:
 };
 
 /// Answers for a disk, except where the test says that it could not tell.
-class RefusingDisk final : public FileSystem {
+class RefusingDisk final : public ForwardingDisk {
 public:
-    explicit RefusingDisk(FileSystem& disk) : m_disk(disk) {}
+    using ForwardingDisk::ForwardingDisk;
 
     std::vector<std::string> untestable; ///< absolute forms
     std::vector<std::string> unlistable;
 
     Presence presence(const FileURL& url) override;
     FolderListing list(const FileURL& folder) override;
-    FileKind kind(const FileURL& url) override { return m_disk.kind(url); }
-    std::int64_t allocatedSize(const FileURL& url) override { return m_disk.allocatedSize(url); }
-    int openFolder(const FileURL& url) override { return m_disk.openFolder(url); }
-    bool writable(const FileURL& url) override { return m_disk.writable(url); }
-    Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
-    {
-        return m_disk.readSmallFile(url, limit);
-    }
-    std::string identity() const override { return m_disk.identity(); }
-    void forgetListings() override { m_disk.forgetListings(); }
-
-private:
-    FileSystem& m_disk;
 };
 
 /// One scan's worth of signatures over a disk, without a session.
