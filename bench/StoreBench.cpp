@@ -37,6 +37,7 @@ public:
         return existsOnHost(url.relativePath().c_str()) ? Presence::Present : Presence::Absent;
     }
     FileKind kind(const FileURL&) override { return FileKind::Unknown; }
+    std::optional<Sighting> sighting(const FileURL&) override { return {}; }
     FolderListing list(const FileURL&) override { return {}; }
     std::int64_t allocatedSize(const FileURL&) override { return 0; }
     int openFolder(const FileURL&) override { return -1; }

@@ -4,6 +4,7 @@
 #include "platform/FileURL.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,15 @@ struct FolderEntry {
 };
 
 enum class ListStatus : std::uint8_t { Listed, Missing, Refused };
+
+/// Which folder holds an item, links on the way followed, and what the item itself is: enough to
+/// notice later that a link was put, or turned, in between. Kept in memory only.
+struct Sighting {
+    std::uint64_t device = 0; ///< of the folder that holds it
+    std::uint64_t inode = 0;  ///< of the folder that holds it
+    FileKind kind = FileKind::Unknown;
+    friend bool operator==(const Sighting&, const Sighting&) = default;
+};
 
 /// The direct entries of one folder, in the order in which the file system lists them.
 struct FolderListing {
@@ -41,6 +51,9 @@ public:
 
     /// What stands at the location itself, links not followed at its end.
     [[nodiscard]] virtual FileKind kind(const FileURL& url) = 0;
+
+    /// Where the item is right now; none where nothing is or the folder cannot be searched.
+    [[nodiscard]] virtual std::optional<Sighting> sighting(const FileURL& url) = 0;
 
     [[nodiscard]] virtual FolderListing list(const FileURL& folder) = 0;
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pryvane {
 
@@ -18,6 +19,10 @@ public:
 
     /// The identifier in the property list of an application bundle, if it can be read.
     [[nodiscard]] virtual std::optional<std::string> bundleIdentifier(const FileURL& bundle) = 0;
+
+    /// The display names of the applications that run on this host now ("Google Chrome"), each
+    /// once. They have to do with the volume only where the volume is "/".
+    [[nodiscard]] virtual std::vector<std::string> runningApplications() = 0;
 };
 
 } // namespace pryvane

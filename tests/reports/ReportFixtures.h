@@ -20,6 +20,7 @@ public:
 
     Presence presence(const FileURL& url) override;
     FileKind kind(const FileURL& url) override;
+    std::optional<Sighting> sighting(const FileURL&) override { return {}; }
     FolderListing list(const FileURL&) override { return {}; }
     std::int64_t allocatedSize(const FileURL&) override { return 0; }
     int openFolder(const FileURL&) override { return -1; }

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "platform/FileSystem.h"
 #include "platform/FileURL.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace pryvane {
-
-class FileSystem;
 
 /// Colour of a finding's row text.
 enum class RowColor : std::uint8_t { Black, Grey };
@@ -47,6 +47,9 @@ public:
     bool isDeleted = false; ///< its removal succeeded
     bool isNoAction = false;
     RowColor redGreen = RowColor::Grey;
+
+    /// Where it was when a scan found it; none for a record that was read back from the store.
+    std::optional<Sighting> seen;
 };
 
 using SpywareList = std::vector<std::shared_ptr<Spyware>>;

@@ -27,4 +27,9 @@ std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundl
     return content ? propertyListString(*content, "CFBundleIdentifier") : std::nullopt;
 }
 
+std::vector<std::string> LinuxWorkspace::runningApplications()
+{
+    return {}; // filled from /proc next
+}
+
 } // namespace pryvane

@@ -13,6 +13,7 @@ public:
 
     [[nodiscard]] std::optional<FileURL> fullPathForApplication(std::string_view name) override;
     [[nodiscard]] std::optional<std::string> bundleIdentifier(const FileURL& bundle) override;
+    [[nodiscard]] std::vector<std::string> runningApplications() override;
 
 private:
     FileSystem& m_disk;

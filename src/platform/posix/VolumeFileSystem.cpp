@@ -184,6 +184,15 @@ FileKind VolumeFileSystem::kind(const FileURL& url)
     return kindOfMode(place.data.st_mode);
 }
 
+std::optional<Sighting> VolumeFileSystem::sighting(const FileURL& url)
+{
+    const Place place = locate(url);
+    struct stat parent {};
+    if (place.error || fstat(place.parent.get(), &parent) != 0)
+        return std::nullopt;
+    return Sighting{parent.st_dev, parent.st_ino, kindOfMode(place.data.st_mode)};
+}
+
 FolderListing VolumeFileSystem::list(const FileURL& folder)
 {
     const std::string& path = folder.relativePath();

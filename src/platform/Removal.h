@@ -1,0 +1,84 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/FileURL.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pryvane {
+
+/// How much of what stands at a location is to go.
+enum class RemovalScope : std::uint8_t {
+    Item,       ///< the file, the link itself, or the folder with all it holds
+    ContentsOf, ///< what a folder holds; the folder itself stays
+};
+
+/// Whether links on the way to an item may be followed.
+enum class LinkTrust : std::uint8_t {
+    AsSeen, ///< a link may be on the way where it leads to the folder in which the item was seen
+    SystemsOwn, ///< only the system's own links: etc, tmp and var into private
+};
+
+/// One location to remove.
+struct RemovalItem {
+    FileURL url;
+    std::optional<Sighting> seen; ///< none for what comes from a stored report
+    RemovalScope scope = RemovalScope::Item;
+
+    [[nodiscard]] LinkTrust linkTrust() const
+    {
+        return seen ? LinkTrust::AsSeen : LinkTrust::SystemsOwn;
+    }
+};
+
+/// Why an item cannot be, or was not, removed whole.
+enum class RemovalObstacle : std::uint8_t {
+    None,
+    ProtectedPlace, ///< the root, a home, a top-level folder, the program's own store, "", ".",
+                    ///< ".."
+    LinkOnTheWay,   ///< a link on the way leads elsewhere than when the item was found
+    KindChanged,    ///< running as root, what was a file is a folder now
+    MountPoint,     ///< it is one, or one lies inside
+    ReadOnlyVolume,
+    NotPermitted, ///< the folder that holds it, sticky or not, may not be changed by this user
+    Locked,       ///< carries the immutable or append-only mark
+    Busy,
+    KeepsRefilling, ///< something fills the folder as fast as it is emptied
+    Unreadable,     ///< its folder cannot be read or searched
+    OtherVolume,    ///< the report that lists it is of another volume
+    Confined,       ///< the kernel stopped a removal outside the volume
+    Stopped,        ///< the user stopped before it was whole
+    DeviceError,
+};
+
+/// The obstacle in a sentence for a person: what is in the way and what to do about it. `detail` is
+/// the system's own word for it, or empty. Empty for None.
+[[nodiscard]] std::string obstacleText(RemovalObstacle obstacle, std::string_view detail = {});
+
+/// What removing an item would take away, as far as it can be told beforehand.
+struct RemovalForecast {
+    FileKind kind = FileKind::Missing; ///< Missing: already gone
+    std::uint64_t entries = 0;         ///< files, links and folders, the item itself included
+    std::int64_t bytes = 0;            ///< allocated: 512-byte blocks × 512
+    RemovalObstacle obstacle = RemovalObstacle::None;
+    std::string detail;       ///< the system's word for the obstacle, where it has one
+    bool countedWhole = true; ///< false: the count stopped early or met something unreadable
+};
+
+enum class RemovalOutcome : std::uint8_t { Removed, AlreadyGone, Failed };
+
+/// What became of one item. `Removed` is only said once it would survive a power cut.
+struct RemovalResult {
+    RemovalOutcome outcome = RemovalOutcome::Failed;
+    RemovalObstacle obstacle = RemovalObstacle::None;
+    std::string detail;
+    std::uint64_t entriesRemoved = 0; ///< counts too what a failed removal took away
+    std::int64_t bytesRemoved = 0;
+
+    [[nodiscard]] std::string reason() const { return obstacleText(obstacle, detail); }
+};
+
+} // namespace pryvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/Result.h"
+#include "reports/SpywareScanReport.h"
+
+#include <string>
+
+namespace pryvane {
+
+class FileSystem;
+class MachineInfo;
+
+/// What stands on the page besides the report itself.
+struct PDFFacts {
+    std::string applicationName = "Pryvane"; ///< CFBundleName
+    std::string shortVersion;                ///< CFBundleShortVersionString
+    std::string buildVersion;                ///< CFBundleVersion
+    std::string cachesFolder; ///< host path, raw bytes; "Report.PDF" is written there
+};
+
+/// Writes a report as a PDF document: a pure layout first, then a painter. Needs no display. Two
+/// documents may be written at the same time.
+class PDFGenerate {
+public:
+    /// `disk` is the volume whose present state decides "Quarantined"; for a report of another
+    /// volume nothing is there.
+    PDFGenerate(PDFFacts facts, FileSystem& disk, MachineInfo& machine);
+
+    /// Writes "Report.PDF" into the caches folder, replacing an older one only once the new one is
+    /// whole, and returns its host path.
+    [[nodiscard]] Result<std::string> createPDFFileFor(const SpywareScanReport& report);
+
+    /// The same to a file of the caller's choice.
+    [[nodiscard]] Result<Done> createPDF(const SpywareScanReport& report, const std::string& path);
+
+    /// The folder in which "Report.PDF" is written, as a host path.
+    [[nodiscard]] const std::string& applicationCacheDirectory() const;
+
+private:
+    PDFFacts m_facts;
+    FileSystem& m_disk;
+    MachineInfo& m_machine;
+};
+
+} // namespace pryvane
