@@ -98,8 +98,7 @@ private:
     void showDeepBoxAndTitle();
     void createStatusItem();
     void updateStatusMenu(const std::string& realTimeTitle);
-    void applyDockIcon();
-    void statusItemChanged();
+    void applyDockIcon(bool show);
     void loadLastScans();
 
     PlatformServices m_services;

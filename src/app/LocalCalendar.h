@@ -2,6 +2,8 @@
 
 #include "core/Texts.h"
 
+#include <string>
+
 namespace pryvane {
 
 /// The same calendar day in the system's time zone with the clock set to h:m:s. A moment that the
@@ -11,6 +13,9 @@ namespace pryvane {
 
 /// The hour of the day, 0 to 23, in the system's time zone.
 [[nodiscard]] int localHour(Date date);
+
+/// "Tue 24 Nov, 09:00" in the system's time zone.
+[[nodiscard]] std::string localMomentText(Date date);
 
 /// A date of the years 1 to 9999, so that arithmetic on it cannot overflow.
 [[nodiscard]] Date clampedDate(Date date);

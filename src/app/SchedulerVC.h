@@ -70,6 +70,7 @@ public:
     [[nodiscard]] const ScheduleForm& form() const { return m_form; }
     [[nodiscard]] Date startDate() const { return m_startDate; }
     [[nodiscard]] Date endDate() const { return m_endDate; }
+    [[nodiscard]] Date currentDate() const { return m_currentDate; }
     [[nodiscard]] double time() const { return m_time; }
     [[nodiscard]] int scheduletype() const { return m_scheduletype; }
     [[nodiscard]] std::optional<Date> SchedulerDate() const { return m_SchedulerDate; }
@@ -85,8 +86,8 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] Result<Done> storeSchedule();
-    void refuse(std::string informativeText);
-    [[nodiscard]] Clock::Interval offset() const;
+    void tell(std::string informativeText);
+    [[nodiscard]] Clock::Interval timeOfDay() const;
 
     PlatformServices m_services;
     DesktopServices m_desktop;
@@ -94,7 +95,8 @@ private:
     ScheduleForm m_form;
     Date m_startDate{};
     Date m_endDate{};
-    Date m_currentDate{};
+    Date m_currentDate{};  ///< when the form was last filled
+    Date m_armedEndDate{}; ///< of the schedule that runs; a refused form does not change it
     double m_time = 0; ///< seconds after 00:00:01
     int m_scheduletype = 0;
     std::optional<Date> m_SchedulerDate;

@@ -53,7 +53,7 @@ Result<Bytes> FakeGrantTokens::make(const FileURL& folder)
 {
     if (makeFails)
         return Error{"no such folder"};
-    m_granted = true;
+    granted = true;
     valid.insert(folder.absolutePath());
     return Bytes{folder.absolutePath()};
 }
@@ -63,7 +63,7 @@ bool FakeGrantTokens::reopen(const Bytes& token)
     if (!valid.contains(token.data))
         return false;
     reopened.insert(token.data);
-    m_granted = true;
+    granted = true;
     return true;
 }
 

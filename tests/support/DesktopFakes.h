@@ -86,16 +86,14 @@ public:
     std::set<std::string> valid;        ///< tokens that reopen
     std::set<std::string> reopened;     ///< tokens that were
     bool makeFails = false;
+    bool granted = false; ///< whether a grant was made or reopened in this process
 
     Result<Bytes> make(const FileURL& folder) override;
     bool reopen(const Bytes& token) override;
     bool writable(const FileURL& folder) override
     {
-        return m_granted && hostWritable.contains(folder.absolutePath());
+        return granted && hostWritable.contains(folder.absolutePath());
     }
-
-private:
-    bool m_granted = false;
 };
 
 class FakeSettingsFile final : public SettingsFile {
