@@ -97,7 +97,7 @@ private:
     Date m_endDate{};
     Date m_currentDate{};  ///< when the form was last filled
     Date m_armedEndDate{}; ///< of the schedule that runs; a refused form does not change it
-    double m_time = 0; ///< seconds after 00:00:01
+    double m_time = 0;     ///< seconds after 00:00:01
     int m_scheduletype = 0;
     std::optional<Date> m_SchedulerDate;
     std::string m_reportType;

@@ -14,10 +14,10 @@ Date FireTimes::firstAfter(Date now) const
     return m_first + ((now - m_first) / m_interval + 1) * m_interval;
 }
 
-/// Pulls the next firing back when the clock was set to more than one interval before it.
+/// A program that fired under a clock far ahead must not wait for that time to come again.
 void FireTimes::followClock(Date now)
 {
-    if (m_next && m_interval.count() > 0 && *m_next > m_first && now < *m_next - m_interval)
+    if (m_next && m_interval.count() > 0 && *m_next > m_first && now < *m_next - 2 * m_interval)
         m_next = firstAfter(now);
 }
 

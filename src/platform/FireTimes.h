@@ -7,8 +7,9 @@
 namespace pryvane {
 
 /// When a repeating timer is due: at `first` and every `interval` after it, never in between.
-/// Firings that were missed are made up by one. When the clock is set back, the next firing is the
-/// first of these moments that lies ahead again. An interval of 0 fires once.
+/// Firings that were missed are made up by one. A clock that is set back by up to an interval makes
+/// no moment fire twice; set back further, it starts over with the first of these moments that lies
+/// ahead. An interval of 0 fires once.
 class FireTimes {
 public:
     FireTimes(Date first, Clock::Interval interval);
