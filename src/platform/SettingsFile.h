@@ -16,7 +16,7 @@ public:
     using Reply = std::function<void(Result<std::string> body)>;
 
     static constexpr std::chrono::seconds kTimeLimit{10};
-    static constexpr std::size_t kSizeLimit = 64U * 1024U;
+    static constexpr std::size_t kSizeLimit = std::size_t{64} * 1024;
 
     virtual ~SettingsFile() = default;
 

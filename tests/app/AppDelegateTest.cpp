@@ -15,6 +15,12 @@ TEST_F(AppDelegateTest, FirstStartAsksForAccessAndForTheSettingsFile)
     set(preferences::kScan, true);
     delegate.state().fullSystemScanPaths = {"left over"};
     delegate.setPrintAction([] {});
+    desktop.windows.onOpen = [this] { // nothing is settled before the window is chosen
+        EXPECT_EQ(desktop.settingsFile.asked, 0);
+        EXPECT_TRUE(flag(preferences::kScan));
+        EXPECT_TRUE(delegate.canPrint());
+        EXPECT_EQ(delegate.state().fullSystemScanPaths.size(), 1U);
+    };
     delegate.applicationDidFinishLaunching();
 
     EXPECT_THAT(desktop.windows.calls, ElementsAre("open access", "activate"));

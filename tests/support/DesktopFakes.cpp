@@ -134,6 +134,8 @@ void FakeWindowHost::open(ShellWindow window)
 {
     record("open", window);
     m_windows[window] = {true, false};
+    if (onOpen)
+        onOpen();
 }
 
 void FakeWindowHost::close(ShellWindow window)

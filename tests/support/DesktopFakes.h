@@ -160,6 +160,7 @@ private:
 class FakeWindowHost final : public WindowHost {
 public:
     std::vector<std::string> calls; ///< "open main", "activate", ...
+    std::function<void()> onOpen;   ///< called while a window opens
     void open(ShellWindow window) override;
     void close(ShellWindow window) override;
     void bringForward(ShellWindow window) override;
