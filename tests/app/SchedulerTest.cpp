@@ -148,15 +148,14 @@ TEST_F(SchedulerTest, FiresUntilTheFiringThatPassesTheEnd)
     EXPECT_EQ(scheduler->reportType(), "Scheduled Scan");
     EXPECT_EQ(delegate.state().reportType, "Quick Scan");
     EXPECT_THAT(at("2026-06-10 09:01"), IsEmpty());
-    notifications.post(NotificationName::ScanStatusChange, true);
-    EXPECT_THAT(at("2026-06-11 09:00"), IsEmpty()) << "a scan is running";
-    notifications.post(NotificationName::ScanStatusChange, false);
-    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-12 09:00"));
-
     // A form that is refused does not end what runs.
     scheduler->setEndDatePicker(local("2026-06-01 12:00"));
     alerts.answer(kAlertFirstButton);
     scheduler->saveSchudlerData();
+    notifications.post(NotificationName::ScanStatusChange, true);
+    EXPECT_THAT(at("2026-06-11 09:00"), IsEmpty()) << "a scan is running";
+    notifications.post(NotificationName::ScanStatusChange, false);
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-12 09:00"));
     EXPECT_EQ(at("2026-06-12 09:00"), kRequest) << "past the end, once";
     EXPECT_EQ(desktop.timers.running(), 0U);
     EXPECT_THAT(at("2026-06-13 09:00"), IsEmpty());
