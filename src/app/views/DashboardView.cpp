@@ -78,8 +78,8 @@ QWidget* DashboardView::makeScanCard()
 
 QWidget* DashboardView::makeSwitches()
 {
-    m_realTime = new ui::SwitchRow(
-        tr("Real-time scan"), tr("A quick scan every 30 minutes while Pryvane is running."));
+    m_realTime = new ui::SwitchRow(tr("Real-time scan"),
+                                   tr("A quick scan every 30 minutes while Pryvane is running."));
     m_realTime->box()->setObjectName(QStringLiteral("btnRealTimeScan"));
     m_dockIcon = new ui::SwitchRow(tr("Dock icon"),
                                    tr("Show Pryvane among the open applications of the desktop."));
@@ -138,7 +138,8 @@ void DashboardView::showStatement()
     const QString when = ui::text(m_controller.lastScanText());
     if (last.threatFound) {
         m_statement->setArtwork(QStringLiteral("threats_bg"), QStringLiteral("icn_white_cross"));
-        m_statement->setStatement(tr("The last scan found something"), tr("Last scan: %1").arg(when));
+        m_statement->setStatement(tr("The last scan found something"),
+                                  tr("Last scan: %1").arg(when));
     } else {
         m_statement->setArtwork(QStringLiteral("no_threats_bg"), QStringLiteral("icn_white_check"));
         m_statement->setStatement(tr("The last scan found nothing"), tr("Last scan: %1").arg(when));

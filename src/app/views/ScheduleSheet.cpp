@@ -95,7 +95,8 @@ void ScheduleSheet::showState()
         edit.setDateTime(toQt(value));
     };
     const QSignalBlocker quiet(m_startDatePicker), quietToo(m_endDatePicker);
-    m_startDatePicker->setMinimumDate(toQt(std::min(form.minimumStart, form.startDatePicker)).date());
+    m_startDatePicker->setMinimumDate(
+        toQt(std::min(form.minimumStart, form.startDatePicker)).date());
     m_endDatePicker->setMinimumDate(toQt(std::min(form.minimumEnd, form.endDatePicker)).date());
     show(*m_startDatePicker, form.startDatePicker);
     show(*m_endDatePicker, form.endDatePicker);
