@@ -23,7 +23,9 @@ constexpr int kFirstTop = 822, kNextTop = 802; // where the first page, and each
 constexpr int kBottom = 10;                    // no row reaches this low
 constexpr double kFrameX = 40, kFrameWidth = 523;
 constexpr double kMeasuredWidth = 220;
-constexpr double kRowPadding = 16, kCellDrop = 8;
+constexpr float kMeasuredHeight = 1000;        // what is taller is not measured any further
+constexpr std::size_t kMeasuredBytes = 16'384; // more than a page holds of any script
+constexpr float kRowPadding = 16, kCellDrop = 8;
 
 struct Column {
     double x, width;
@@ -35,6 +37,16 @@ constexpr Column kAvailableColumn{390, 65, Overflow::TruncatesMiddle};
 constexpr Column kStatusColumn{458, 100, Overflow::TruncatesMiddle};
 
 constexpr double kLeftFactX = 40, kRightFactX = 337, kFactWidth = 555, kFactGap = 10;
+
+/// As much of a UTF-8 text as so many bytes hold.
+std::string_view wholeCharacters(std::string_view text, std::size_t bytes)
+{
+    if (text.size() <= bytes)
+        return text;
+    while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xc0) == 0x80)
+        --bytes;
+    return text.substr(0, bytes);
+}
 
 /// Page by page from the top down. The position is a whole number that every step lowers.
 class ReportLayout {
@@ -61,11 +73,7 @@ private:
     {
         return m_measure.legible(forScreen(bytes));
     }
-    [[nodiscard]] float rowHeight(std::string_view path)
-    {
-        return m_measure.height(path, kHeaderFont, kMeasuredWidth) +
-               static_cast<float>(kRowPadding);
-    }
+    [[nodiscard]] float rowHeight(std::string_view path);
     /// Whether the current page has room for a row so tall.
     [[nodiscard]] bool fits(float height) const { return kBottom < double(m_position) - height; }
     void lower(double by) { m_position = static_cast<int>(m_position - by); }
@@ -176,22 +184,32 @@ double ReportLayout::factItem(const Fact& fact, double x, double room)
     return height;
 }
 
+float ReportLayout::rowHeight(std::string_view path)
+{
+    const float height = path.size() > kMeasuredBytes
+                             ? kMeasuredHeight
+                             : m_measure.height(path, kHeaderFont, kMeasuredWidth);
+    return std::min(height, kMeasuredHeight) + kRowPadding;
+}
+
 /// A row that no page has room for, from the top of a page on.
 void ReportLayout::printTallRow(TableRow row)
 {
-    constexpr float room = kNextTop - kBottom - 1 - static_cast<float>(kRowPadding);
-    std::string rest = std::move(row.url);
+    constexpr float room = kNextTop - kBottom - 1 - kRowPadding;
+    const std::string path = std::move(row.url);
+    std::string_view rest = path;
     while (true) {
-        const float height = rowHeight(rest);
-        const bool last = fits(height);
-        const std::size_t taken =
-            last ? rest.size() : m_measure.fitting(rest, kHeaderFont, kMeasuredWidth, room);
+        std::size_t taken = rest.size();
+        const bool last = fits(rowHeight(rest));
+        if (!last)
+            taken = m_measure.fitting(wholeCharacters(rest, kMeasuredBytes), kHeaderFont,
+                                      kMeasuredWidth, room);
         row.url = rest.substr(0, taken);
-        const float pieceHeight = last ? height : rowHeight(row.url);
-        lower(pieceHeight);
-        m_tableHeight += pieceHeight;
-        printRow(std::exchange(row, {}), false, pieceHeight);
-        rest.erase(0, taken);
+        const float height = rowHeight(row.url);
+        lower(height);
+        m_tableHeight += height;
+        printRow(std::exchange(row, {}), false, height);
+        rest.remove_prefix(taken);
         if (last)
             return;
         closePage();
@@ -215,7 +233,7 @@ void ReportLayout::cell(const Column& column, std::string text, Font font, float
     if (text.empty())
         return;
     add(TextOp{.text = std::move(text),
-               .rect = {column.x, m_position - kCellDrop, column.width, rowHeight},
+               .rect = {column.x, double(m_position) - kCellDrop, column.width, rowHeight},
                .font = font,
                .overflow = column.overflow,
                .roomWidth = column.width,

@@ -1,6 +1,8 @@
 #include "reports/pdf/painter/ShapedText.h"
 
 #include "core/Escape.h"
+#include "reports/pdf/PdfPainter.h"
+#include "reports/pdf/painter/RunPainter.h"
 #include "reports/pdf/painter/Shrinking.h"
 
 #include <algorithm>
@@ -9,10 +11,6 @@
 namespace pryvane::pdf {
 
 namespace {
-
-/// Keeps the names of a path in their order: without it two right-to-left names in a row would
-/// change places. The texts themselves hold no such mark, it would be escaped.
-constexpr std::string_view kLeftToRightMark = "\u200e";
 
 bool holdsRightToLeft(std::string_view text)
 {
@@ -23,7 +21,8 @@ bool holdsRightToLeft(std::string_view text)
             return false;
         // Hebrew to the Arabic extensions, presentation forms, and the right-to-left planes.
         if ((character >= 0x590 && character <= 0x8ff) ||
-            (character >= 0xfb1d && character <= 0xfefc) ||
+            (character >= 0xfb1d && character <= 0xfdff) ||
+            (character >= 0xfe70 && character <= 0xfefc) ||
             (character >= 0x10800 && character <= 0x10fff) ||
             (character >= 0x1e800 && character <= 0x1efff))
             return true;
@@ -52,7 +51,7 @@ PangoAlignment pangoAlignment(Alignment alignment)
 
 } // namespace
 
-ShapedText::ShapedText(Fonts& fonts) : m_layout(pango_layout_new(fonts.context()))
+ShapedText::ShapedText(Fonts& fonts) : m_fonts(fonts), m_layout(pango_layout_new(fonts.context()))
 {
     pango_layout_set_wrap(m_layout.get(), PANGO_WRAP_WORD_CHAR);
     pango_layout_set_auto_dir(m_layout.get(), FALSE);
@@ -95,7 +94,7 @@ double ShapedText::usedHeight() const
 {
     int height = 0;
     pango_layout_get_size(m_layout.get(), nullptr, &height);
-    return static_cast<double>(height) / PANGO_SCALE;
+    return inPoints(height);
 }
 
 double ShapedText::height(std::string_view text, Font font, double width)
@@ -149,7 +148,7 @@ void ShapedText::fitLine(const TextOp& op)
     setScaled(op, 1);
     int natural = 0;
     pango_layout_get_size(m_layout.get(), &natural, nullptr);
-    const double width = static_cast<double>(natural) / PANGO_SCALE;
+    const double width = inPoints(natural);
     if (width > op.roomWidth && op.overflow == Overflow::Shrinks)
         setScaled(op, std::max(smallest, op.roomWidth / width * 0.99));
     pango_layout_set_width(m_layout.get(), pangoUnits(op.roomWidth));
@@ -163,8 +162,20 @@ void ShapedText::draw(cairo_t* context, const TextOp& op)
     else
         fitLine(op);
     pango_layout_set_alignment(m_layout.get(), pangoAlignment(op.alignment));
-    cairo_move_to(context, op.rect.x, kPageHeight - op.rect.y - op.rect.height);
-    pango_cairo_show_layout(context, m_layout.get());
+    const double top = kPageHeight - op.rect.y - op.rect.height;
+    const RunPainter painter(context, pango_layout_get_text(m_layout.get()),
+                             m_fonts.ascii(op.font));
+    PangoLayoutIter* runs = pango_layout_get_iter(m_layout.get());
+    do {
+        PangoLayoutRun* run = pango_layout_iter_get_run_readonly(runs);
+        if (run == nullptr) // the end of a line
+            continue;
+        PangoRectangle box;
+        pango_layout_iter_get_run_extents(runs, nullptr, &box);
+        painter.draw(*run, op.rect.x + inPoints(box.x),
+                     top + inPoints(pango_layout_iter_get_baseline(runs)));
+    } while (pango_layout_iter_next_run(runs));
+    pango_layout_iter_free(runs);
 }
 
 } // namespace pryvane::pdf

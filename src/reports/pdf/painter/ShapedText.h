@@ -27,6 +27,7 @@ private:
     void fitLine(const TextOp& op);
     [[nodiscard]] double usedHeight() const;
 
+    Fonts& m_fonts;
     GObject<PangoLayout> m_layout;
     std::string m_text;
 };
