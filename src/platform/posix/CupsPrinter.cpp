@@ -41,6 +41,7 @@ public:
     explicit Connection(const CupsPrinter::Options& options) : m_patience(options.patience)
     {
         cupsSetPasswordCB2(noPassword, nullptr);
+        cupsSetServer(nullptr); // else the settings of the first call hold for ever
         const char* server = options.server.empty() ? cupsServer() : options.server.c_str();
         m_http.reset(httpConnect2(server, ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                                   static_cast<int>(m_patience.count()), nullptr));

@@ -1,38 +1,15 @@
 #include "reports/pdf/PainterModule.h"
 
-#include <dlfcn.h>
+#include "platform/LoadedModule.h"
 
 namespace pryvane::pdf {
 
-namespace {
-
-#ifdef __APPLE__
-constexpr const char* kModule = "@rpath/libpryvane-pdf.so";
-#else
-constexpr const char* kModule = "libpryvane-pdf.so"; // found by the program's own run path
-#endif
-
-Error loadError()
-{
-    // The caller's thread alone has loaded something in between.
-    const char* reason = dlerror();
-    return Error{std::string("the PDF module cannot be loaded (") +
-                 (reason != nullptr ? reason : "no reason given") +
-                 "); install Pryvane again, with the Pango and Cairo libraries"};
-}
-
-} // namespace
-
 Result<std::unique_ptr<PdfPainter>> loadPainter()
 {
-    // Never unloaded: GLib's types cannot be registered twice.
-    void* module = dlopen(kModule, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    if (module == nullptr)
-        return loadError();
-    const auto make = reinterpret_cast<MakePainter>(dlsym(module, kMakePainterSymbol));
-    if (make == nullptr)
-        return loadError();
-    return make();
+    const auto make = functionOfModule("libpryvane-pdf.so", kMakePainterSymbol);
+    if (!make)
+        return make.error();
+    return reinterpret_cast<MakePainter>(*make)();
 }
 
 } // namespace pryvane::pdf
