@@ -4,8 +4,8 @@
 
 #include <array>
 #include <cstdio>
-#include <regex>
 #include <sstream>
+#include <utility>
 
 namespace pryvane::test {
 
@@ -29,17 +29,20 @@ std::string joinedTextOf(const std::string& pdf)
 
 std::vector<Word> wordsOf(const std::string& pdf)
 {
-    static const std::regex pattern(
-        R"re(<word xMin="([-0-9.]+)" yMin="([-0-9.]+)" xMax="([-0-9.]+)" yMax="([-0-9.]+)">(.*)</word>)re");
     std::istringstream lines(outputOf("pdftotext -bbox '" + pdf + "' -"));
     std::vector<Word> words;
     int page = 0;
-    std::smatch match;
     for (std::string line; std::getline(lines, line);) {
         page += line.find("<page ") != std::string::npos ? 1 : 0;
-        if (std::regex_search(line, match, pattern))
-            words.push_back({page, std::stod(match[1]), std::stod(match[2]), std::stod(match[3]),
-                             std::stod(match[4]), match[5]});
+        Word word{page, 0, 0, 0, 0, ""};
+        int begin = 0;
+        if (std::sscanf(line.c_str(),
+                        " <word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\">%n", &word.left,
+                        &word.top, &word.right, &word.bottom, &begin) != 4)
+            continue;
+        const auto from = static_cast<std::size_t>(begin);
+        word.text = line.substr(from, line.find("</word>") - from);
+        words.push_back(std::move(word));
     }
     return words;
 }
