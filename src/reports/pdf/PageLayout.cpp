@@ -163,8 +163,8 @@ void ReportLayout::reportHeader()
     for (const auto& line : m_texts.facts) {
         if (&line != m_texts.facts.data())
             lower(height + 10);
-        height = std::max(factItem(line[0], kLeftFactX, leftRoom),
-                          factItem(line[1], kRightFactX, rightRoom));
+        const double left = factItem(line[0], kLeftFactX, leftRoom);
+        height = std::max(left, factItem(line[1], kRightFactX, rightRoom));
     }
     lower(height + 35);
 }
