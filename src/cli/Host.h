@@ -16,8 +16,10 @@
 #include <string>
 
 namespace pryvane {
+class PDFGenerate;
+class ReportPrinting;
 class Workspace;
-}
+} // namespace pryvane
 
 namespace pryvane::cli {
 
@@ -54,8 +56,15 @@ public:
     [[nodiscard]] ScanState& state() { return m_state; }
     [[nodiscard]] Log& log() { return m_log; }
 
+    /// Documents and printers, made when they are first asked for.
+    [[nodiscard]] PDFGenerate& pdf();
+    [[nodiscard]] ReportPrinting& printing();
+
 private:
-    Host() = default;
+    struct Documents;
+
+    Host();
+    [[nodiscard]] Documents& documents();
     [[nodiscard]] Result<Done> openStore(const Console& console, StoreUse use);
 
     NotificationCenter m_notifications;
@@ -69,6 +78,7 @@ private:
     std::unique_ptr<FileSystem> m_disk;
     std::unique_ptr<UserDefaults> m_defaults;
     std::unique_ptr<Workspace> m_workspace;
+    std::unique_ptr<Documents> m_documents;
     std::string m_user;
     std::string m_dataFolder;
 };
