@@ -39,6 +39,11 @@ std::vector<ChromeProfile> AdwareScan::chromeProfiles() const
 
 std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
 {
+    return measured(chromeExtensions());
+}
+
+std::vector<ExtensionEntry> AdwareScan::chromeExtensions() const
+{
     std::vector<ExtensionEntry> entries;
     for (const ChromeProfile& profile : chromeProfiles()) {
         const FileURL folder = in(m_home.at(HomeFolder::kChrome), profile.folder);
@@ -53,7 +58,6 @@ std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
             }
         }
     }
-    addSizes(entries);
     return entries;
 }
 
@@ -89,35 +93,70 @@ std::string AdwareScan::displayName(const std::string& name, const FileURL& fold
 
 std::vector<ExtensionEntry> AdwareScan::getFirefoxExtantionList() const
 {
+    return measured(firefoxAddOns());
+}
+
+std::vector<ExtensionEntry> AdwareScan::firefoxAddOns() const
+{
     std::vector<ExtensionEntry> entries;
     for (const FileURL& profile : getUrlListAt(m_home.at(HomeFolder::kFirefoxProfiles))) {
         const auto content = read(in(profile, "extensions.json"));
         if (!content || m_stop.requested())
             continue;
-        for (FirefoxAddOn& addOn : firefoxAddOns(*content)) {
+        for (FirefoxAddOn& addOn : pryvane::firefoxAddOns(*content)) {
             entries.push_back({FileURL::fileURLWithPath(addOn.location), std::move(addOn.version),
                                std::move(addOn.name), 0, "Default"});
         }
     }
-    addSizes(entries);
     return entries;
 }
 
-void AdwareScan::addSizes(std::vector<ExtensionEntry>& entries) const
+std::vector<ExtensionEntry> AdwareScan::measured(std::vector<ExtensionEntry> entries) const
 {
     std::vector<FileURL> locations;
     locations.reserve(entries.size());
     for (const ExtensionEntry& entry : entries)
         locations.push_back(entry.urlExt);
     SizeProgress progress;
-    m_sizes.measure(locations, m_stop, progress, [&](std::size_t location, std::int64_t bytes) {
-        entries[location].sizeExt = bytes;
-    });
+    m_services.sizes.measure(
+        locations, m_stop, progress,
+        [&](std::size_t location, std::int64_t bytes) { entries[location].sizeExt = bytes; });
+    return entries;
 }
 
 std::vector<FileURL> AdwareScan::getSafariExtantionList() const
 {
     return getUrlListAt(m_home.at(joinedPath(HomeFolder::kSafari, "Extensions")));
+}
+
+/// Safari's own list knows under which name it unpacked an extension's archive.
+std::vector<SafariExtension> AdwareScan::safariExtensions() const
+{
+    const FileURL folder = m_home.at(joinedPath(HomeFolder::kSafari, "Extensions"));
+    std::map<std::string, std::string, std::less<>> bundles;
+    if (const auto content = read(in(folder, "Extensions.plist"))) {
+        for (const PropertyTexts& extension :
+             m_services.propertyLists.dictionariesUnder(*content, "Installed Extensions")) {
+            const auto archive = extension.find("Archive File Name");
+            const auto bundle = extension.find("Bundle Directory Name");
+            if (archive != extension.end() && bundle != extension.end())
+                bundles.insert_or_assign(archive->second, bundle->second);
+        }
+    }
+    std::vector<SafariExtension> extensions;
+    for (FileURL& url : getSafariExtantionList()) {
+        const std::string_view file = url.lastPathComponent();
+        if (file == ".DS_Store" || file == "Extensions.plist")
+            continue;
+        const auto bundle = bundles.find(file);
+        const FileURL named =
+            bundle == bundles.end() ? url : FileURL::fileURLWithPath(bundle->second);
+        std::string name(named.lastPathComponent());
+        if (!named.pathExtension().empty())
+            name.resize(name.size() - named.pathExtension().size() - 1);
+        extensions.push_back({std::move(url), std::move(name)});
+    }
+    return extensions;
 }
 
 std::vector<FileURL> AdwareScan::getLaunchAgentsList() const

@@ -4,6 +4,7 @@
 #include "cleaner/HomeFolder.h"
 #include "core/StopFlag.h"
 #include "platform/FileSystem.h"
+#include "platform/PropertyLists.h"
 #include "platform/SizeMeter.h"
 
 #include <cstdint>
@@ -23,13 +24,25 @@ struct ExtensionEntry {
     std::string PersonExt;    ///< Chrome: the profile's name; Firefox: "Default"
 };
 
+struct SafariExtension {
+    FileURL url;
+    std::string name; ///< as shown to the user
+};
+
+/// What looking at a disk takes. The services outlive whoever holds this.
+struct CleanerServices {
+    FileSystem& disk;
+    SizeMeter& sizes;
+    const PropertyLists& propertyLists;
+};
+
 /// Lists what is installed around the browsers and at the system's start. Keeps nothing between two
 /// calls. What is missing, unreadable or broken gives fewer entries. Blocks: the sizes and the
 /// applications walk large trees. Callable from any thread; a stop makes for partial lists.
 class AdwareScan {
 public:
-    AdwareScan(FileSystem& disk, SizeMeter& sizes, std::string user, const StopFlag& stop)
-        : m_disk(disk), m_sizes(sizes), m_home(std::move(user)), m_stop(stop)
+    AdwareScan(const CleanerServices& services, std::string user, const StopFlag& stop)
+        : m_services(services), m_disk(services.disk), m_home(std::move(user)), m_stop(stop)
     {
     }
 
@@ -51,18 +64,21 @@ public:
     /// The profiles of Chrome on the disk.
     [[nodiscard]] std::vector<ChromeProfile> chromeProfiles() const;
 
-    /// A file of a browser's, by the rules for files of unknown origin.
-    [[nodiscard]] std::optional<std::string> read(const FileURL& file) const;
+    /// The extensions, not measured.
+    [[nodiscard]] std::vector<ExtensionEntry> chromeExtensions() const;
+    [[nodiscard]] std::vector<ExtensionEntry> firefoxAddOns() const;
+    [[nodiscard]] std::vector<SafariExtension> safariExtensions() const;
 
 private:
+    [[nodiscard]] std::optional<std::string> read(const FileURL& file) const;
     [[nodiscard]] std::vector<FileURL> inBothLibraries(std::string_view folder) const;
     [[nodiscard]] std::vector<FileURL> filledFoldersIn(const FileURL& folder) const;
     [[nodiscard]] std::optional<ExtensionEntry> chromeExtension(const FileURL& versionFolder) const;
     [[nodiscard]] std::string displayName(const std::string& name, const FileURL& folder) const;
-    void addSizes(std::vector<ExtensionEntry>& entries) const;
+    [[nodiscard]] std::vector<ExtensionEntry> measured(std::vector<ExtensionEntry> entries) const;
 
+    const CleanerServices m_services;
     FileSystem& m_disk;
-    SizeMeter& m_sizes;
     HomeFolder m_home;
     const StopFlag& m_stop;
 };
