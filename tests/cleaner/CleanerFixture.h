@@ -4,6 +4,7 @@
 #include "platform/Volumes.h"
 #include "platform/linux/PropertyList.h"
 #include "platform/posix/VolumeSizeMeter.h"
+#include "support/PlainRemover.h"
 
 #include <gtest/gtest.h>
 
@@ -35,6 +36,7 @@ protected:
         VolumeFileSystem& opened = disk();
         return {opened, *m_sizes, m_propertyLists};
     }
+    Remover& remover() { return m_remover; }
     AdwareScan inventory() { return {services(), "alice", stop}; }
 
     std::vector<ToolGroup> privacyGroups()
@@ -63,6 +65,7 @@ private:
     std::unique_ptr<VolumeFileSystem> m_disk;
     std::unique_ptr<VolumeSizeMeter> m_sizes;
     LinuxPropertyLists m_propertyLists;
+    PlainRemover m_remover{volume};
 };
 
 } // namespace pryvane::test
