@@ -36,7 +36,7 @@ protected:
         VolumeFileSystem& opened = disk();
         return {opened, *m_sizes, m_propertyLists};
     }
-    Remover& remover() { return m_remover; }
+    Remover& remover() { return plainRemover; }
     AdwareScan inventory() { return {services(), "alice", stop}; }
 
     std::vector<ToolGroup> privacyGroups()
@@ -59,13 +59,13 @@ protected:
     }
 
     TemporaryFolder volume;
+    PlainRemover plainRemover{volume};
     StopFlag stop;
 
 private:
     std::unique_ptr<VolumeFileSystem> m_disk;
     std::unique_ptr<VolumeSizeMeter> m_sizes;
     LinuxPropertyLists m_propertyLists;
-    PlainRemover m_remover{volume};
 };
 
 } // namespace pryvane::test
