@@ -2,16 +2,6 @@
 
 #include <sys/stat.h>
 
-namespace pryvane {
-
-// Until the library has its own.
-__attribute__((weak)) std::string obstacleText(RemovalObstacle, std::string_view)
-{
-    return "not permitted";
-}
-
-} // namespace pryvane
-
 namespace pryvane::test {
 
 void PlainRemover::add(const std::filesystem::path& path, RemovalForecast& forecast)
