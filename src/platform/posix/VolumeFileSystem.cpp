@@ -305,4 +305,16 @@ std::optional<std::string> VolumeFileSystem::spelledPath(const FileURL& url)
     return "/" + spelled.path;
 }
 
+VolumeFileSystem::Parent VolumeFileSystem::openParent(const FileURL& url) const
+{
+    Place place = placeOf(url.relativePath(), url.mustBeFolder());
+    if (m_matching == NameMatching::AsOnMac && meansAbsent(place.error)) {
+        SpellingResolver fresh(*m_root);
+        const auto spelled = fresh.resolve(url.identity(), LeafLink::Keep);
+        if (spelled.presence == Presence::Present)
+            place = placeOf("/" + spelled.path, url.mustBeFolder());
+    }
+    return {std::move(place.parent), std::move(place.name), place.error};
+}
+
 } // namespace pryvane

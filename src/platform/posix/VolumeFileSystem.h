@@ -56,6 +56,17 @@ public:
     /// none.
     [[nodiscard]] Measurable measurable(const FileURL& url);
 
+    [[nodiscard]] NameMatching nameMatching() const { return m_matching; }
+
+    /// The folder that holds what stands there, links on the way followed inside the volume, and
+    /// the item's name as the disk spells it; read anew, not from what is remembered.
+    struct Parent {
+        UniqueFd parent;
+        std::string name;
+        int error = 0; ///< errno, where there is none
+    };
+    [[nodiscard]] Parent openParent(const FileURL& url) const;
+
     /// The volume's folder, open for reading, for calls relative to it. Stays owned by this object.
     [[nodiscard]] int rootHandle() const { return m_rootFd.get(); }
 
