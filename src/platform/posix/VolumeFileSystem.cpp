@@ -117,14 +117,15 @@ Result<std::unique_ptr<VolumeFileSystem>> VolumeFileSystem::open(std::string_vie
         root = componentWalk(rootFd.get());
     if (const int error = root->probe("."))
         return cannotOpen(hostFolder, error);
-    const auto matching = isHostRoot(rootFd.get()) ? NameMatching::Exact : options.nameMatching;
     return std::unique_ptr<VolumeFileSystem>(
-        new VolumeFileSystem(std::move(rootFd), std::move(root), matching));
+        new VolumeFileSystem(std::move(rootFd), std::move(root), options.nameMatching));
 }
 
 VolumeFileSystem::VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root,
                                    NameMatching matching)
-    : m_rootFd(std::move(rootFd)), m_root(std::move(root)), m_matching(matching),
+    : m_rootFd(std::move(rootFd)), m_root(std::move(root)),
+      m_isHostRoot(pryvane::isHostRoot(m_rootFd.get())),
+      m_matching(m_isHostRoot ? NameMatching::Exact : matching),
       m_identity(identityOf(m_rootFd.get())), m_spellings(*m_root)
 {
 }

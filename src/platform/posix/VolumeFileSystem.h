@@ -67,6 +67,9 @@ public:
     };
     [[nodiscard]] Parent openParent(const FileURL& url) const;
 
+    /// Whether the volume is the very disk that this host runs from.
+    [[nodiscard]] bool isHostRoot() const { return m_isHostRoot; }
+
     /// The volume's folder, open for reading, for calls relative to it. Stays owned by this object.
     [[nodiscard]] int rootHandle() const { return m_rootFd.get(); }
 
@@ -79,6 +82,7 @@ private:
 
     UniqueFd m_rootFd;
     std::unique_ptr<ConfinedRoot> m_root;
+    bool m_isHostRoot;
     NameMatching m_matching;
     std::string m_identity;
     SpellingResolver m_spellings;
