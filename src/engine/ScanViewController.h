@@ -1,11 +1,11 @@
 #pragma once
 
 #include "core/NotificationCenter.h"
+#include "core/Worker.h"
 #include "engine/FindingInbox.h"
 #include "engine/ScanDisplay.h"
 #include "engine/ScanOptions.h"
 #include "engine/StatusPanel.h"
-#include "core/Worker.h"
 #include "engine/records/ScanCoverage.h"
 #include "engine/records/ScanState.h"
 #include "platform/PlatformServices.h"
