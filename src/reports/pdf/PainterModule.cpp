@@ -1,6 +1,8 @@
 #include "reports/pdf/PainterModule.h"
 
 #include <dlfcn.h>
+#include <string>
+#include <utility>
 
 namespace pryvane::pdf {
 
@@ -11,6 +13,10 @@ constexpr const char* kModule = "@rpath/libpryvane-pdf.so";
 #else
 constexpr const char* kModule = "libpryvane-pdf.so"; // found by the program's own run path
 #endif
+
+/// What the module exports: a painter, or nothing and the reason.
+using MakePainter = PdfPainter* (*)(std::string& whyNot);
+constexpr const char* kMakePainter = "pryvaneMakePdfPainter";
 
 Error loadError()
 {
@@ -29,10 +35,14 @@ Result<std::unique_ptr<PdfPainter>> loadPainter()
     void* module = dlopen(kModule, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (module == nullptr)
         return loadError();
-    const auto make = reinterpret_cast<MakePainter>(dlsym(module, kMakePainterSymbol));
+    const auto make = reinterpret_cast<MakePainter>(dlsym(module, kMakePainter));
     if (make == nullptr)
         return loadError();
-    return make();
+    std::string whyNot;
+    std::unique_ptr<PdfPainter> painter(make(whyNot));
+    if (!painter)
+        return Error{std::move(whyNot)};
+    return painter;
 }
 
 } // namespace pryvane::pdf
