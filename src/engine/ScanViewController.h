@@ -5,7 +5,7 @@
 #include "engine/ScanDisplay.h"
 #include "engine/ScanOptions.h"
 #include "engine/StatusPanel.h"
-#include "engine/Worker.h"
+#include "core/Worker.h"
 #include "engine/records/ScanCoverage.h"
 #include "engine/records/ScanState.h"
 #include "platform/PlatformServices.h"

@@ -23,10 +23,7 @@ Result<std::string> PDFGenerate::createPDFFileFor(const SpywareScanReport& repor
     std::filesystem::create_directories(std::filesystem::path(m_facts.cachesFolder).parent_path(),
                                         ignored);
     static_cast<void>(mkdir(m_facts.cachesFolder.c_str(), S_IRWXU));
-    std::string path = m_facts.cachesFolder;
-    if (!path.ends_with('/'))
-        path += '/';
-    path += "Report.PDF";
+    std::string path = reportFile();
     if (auto written = createPDF(report, path); !written)
         return written.error();
     return path;
@@ -42,6 +39,11 @@ Result<Done> PDFGenerate::createPDF(const SpywareScanReport& report, const std::
     if (!document)
         return document.error();
     return writeWholeFile(path, *document);
+}
+
+std::string PDFGenerate::reportFile() const
+{
+    return std::filesystem::path(m_facts.cachesFolder) / "Report.PDF";
 }
 
 const std::string& PDFGenerate::applicationCacheDirectory() const

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+#include <dirent.h>
+#include <memory>
+#include <string_view>
+#include <sys/types.h>
+#include <utility>
+
+namespace pryvane {
+
+/// Which folder of the host it is, whatever it is called.
+struct FolderId {
+    dev_t device = 0;
+    ino_t inode = 0;
+    friend bool operator==(const FolderId&, const FolderId&) = default;
+};
+
+/// One folder held open. Nothing is opened through a link. One thread at a time.
+class FolderHandle {
+public:
+    FolderHandle() = default;
+    /// Takes over a descriptor.
+    explicit FolderHandle(int fd) : m_fd(fd) {}
+    FolderHandle(FolderHandle&& other) noexcept
+        : m_fd(std::exchange(other.m_fd, -1)), m_stream(std::exchange(other.m_stream, nullptr))
+    {
+    }
+    FolderHandle& operator=(FolderHandle&& other) noexcept
+    {
+        close();
+        m_fd = std::exchange(other.m_fd, -1);
+        m_stream = std::exchange(other.m_stream, nullptr);
+        return *this;
+    }
+    ~FolderHandle() { close(); }
+
+    /// Opens the folder of that name, "." and ".." included; not open, with errno set, on failure.
+    [[nodiscard]] static FolderHandle openIn(int folder, const char* name);
+    [[nodiscard]] FolderHandle openChild(const char* name) const { return openIn(m_fd, name); }
+
+    /// Another handle of the same folder, not for reading: both would share their place in it.
+    [[nodiscard]] FolderHandle duplicate() const;
+
+    /// For calls relative to it; stays owned by this object.
+    [[nodiscard]] int fd() const { return m_fd; }
+    [[nodiscard]] bool isOpen() const { return m_fd >= 0; }
+    explicit operator bool() const { return isOpen(); }
+    [[nodiscard]] FolderId id() const; ///< a null device and inode where it cannot be told
+    void close();
+
+private:
+    friend class FolderBatch;
+    int m_fd = -1;
+    DIR* m_stream = nullptr; ///< where the host has no call that reads a descriptor directly
+};
+
+/// The buffer through which a thread reads folders, some thousand entries at a time.
+class FolderBatch {
+public:
+    struct Entry {
+        std::string_view name; ///< NUL-terminated; valid until the next fill()
+        FileKind kind = FileKind::Unknown;
+    };
+
+    FolderBatch();
+
+    /// Reads on where the folder's last fill stopped. False, with errno set, on failure.
+    [[nodiscard]] bool fill(FolderHandle& folder);
+
+    /// Whether nothing can follow the entries of the last fill().
+    [[nodiscard]] bool atEnd() const { return m_atEnd; }
+
+    /// The next entry in the file system's order, without "." and "..".
+    [[nodiscard]] bool next(Entry& entry);
+
+private:
+    const FolderHandle* m_folder = nullptr;
+    std::unique_ptr<char[]> m_buffer;
+    std::size_t m_filled = 0;
+    std::size_t m_at = 0;
+    bool m_atEnd = false;
+};
+
+[[nodiscard]] FileKind kindOfMode(mode_t mode);
+
+/// What stands there, links not followed; for entries whose kind the listing leaves out.
+[[nodiscard]] FileKind kindAt(int folder, const char* name);
+
+} // namespace pryvane

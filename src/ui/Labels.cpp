@@ -1,0 +1,107 @@
+#include "ui/Labels.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QStyle>
+
+namespace pryvane::ui {
+
+QString text(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QString buttonText(std::string_view utf8)
+{
+    return text(utf8).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+QLabel* makeLabel(TextRole role, const QString& content, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(content);
+    setTextRole(*label, role);
+    return label;
+}
+
+namespace {
+
+/// Keeps its colour right when the palette changes.
+class Note final : public QLabel {
+public:
+    using QLabel::QLabel;
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::ApplicationPaletteChange)
+            tint();
+    }
+    void showEvent(QShowEvent* event) override
+    {
+        tint();
+        QLabel::showEvent(event);
+    }
+
+private:
+    void tint()
+    {
+        QPalette own = palette();
+        const QColor color = secondaryText(own);
+        if (own.color(QPalette::Active, QPalette::WindowText) == color)
+            return;
+        own.setColor(QPalette::WindowText, color);
+        setPalette(own);
+    }
+};
+
+} // namespace
+
+QLabel* makeNote(const QString& content, QWidget* parent)
+{
+    auto* label = new Note(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(content);
+    label->setWordWrap(true);
+    setTextRole(*label, TextRole::Small);
+    return label;
+}
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void ElidedLabel::setText(const QString& text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    setAccessibleName(text);
+    setToolTip(text.isEmpty()
+                   ? QString()
+                   : QStringLiteral("<qt>") + text.toHtmlEscaped() + QStringLiteral("</qt>"));
+    update();
+}
+
+QSize ElidedLabel::sizeHint() const
+{
+    return {fontMetrics().horizontalAdvance(m_text), fontMetrics().height()};
+}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 12, fontMetrics().height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    style()->drawItemText(
+        &painter, rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, palette(),
+        isEnabled(), fontMetrics().elidedText(m_text, Qt::ElideMiddle, width()), foregroundRole());
+}
+
+} // namespace pryvane::ui

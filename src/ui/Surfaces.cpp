@@ -1,0 +1,166 @@
+#include "ui/Surfaces.h"
+
+#include "ui/Icons.h"
+#include "ui/Labels.h"
+#include "ui/Style.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPainterPath>
+#include <QVBoxLayout>
+
+namespace pryvane::ui {
+
+Card::Card(QWidget* parent) : QFrame(parent), m_column(new QVBoxLayout(this))
+{
+    m_column->setContentsMargins(kGroups, kGroups, kGroups, kGroups);
+    m_column->setSpacing(kRelated);
+}
+
+void Card::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(hairline(palette()), 1));
+    painter.setBrush(palette().color(QPalette::Base));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(.5, .5, -.5, -.5), kCorner, kCorner);
+}
+
+ColouredView::ColouredView(QWidget* parent)
+    : QWidget(parent), m_badge(new QLabel(this)), m_statement(makeLabel(TextRole::Statement)),
+      m_detail(makeLabel(TextRole::Body)), m_actions(new QHBoxLayout)
+{
+    QPalette white = palette();
+    for (const auto role : {QPalette::WindowText, QPalette::Text})
+        white.setColor(role, Qt::white);
+    for (QLabel* label : {m_statement, m_detail}) {
+        label->setPalette(white);
+        label->setWordWrap(true);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setFocusPolicy(Qt::NoFocus);
+    }
+    m_badge->hide();
+    auto* words = new QVBoxLayout;
+    words->setSpacing(4);
+    words->addStretch();
+    words->addWidget(m_statement);
+    words->addWidget(m_detail);
+    words->addStretch();
+    m_detail->hide();
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(kEdge, kGroups, kEdge, kGroups);
+    row->setSpacing(kGroups);
+    row->addWidget(m_badge);
+    row->addLayout(words, 1);
+    row->addLayout(m_actions);
+    setMinimumHeight(96);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+}
+
+void ColouredView::setArtwork(const QString& background, const QString& badge)
+{
+    const QString wanted = background.isEmpty() ? QStringLiteral("idle_bg") : background;
+    if (wanted != m_background) {
+        m_background = wanted;
+        m_drawn = QPixmap();
+    }
+    m_badge->setVisible(!badge.isEmpty());
+    if (!badge.isEmpty())
+        m_badge->setPixmap(iconPixmap(badge, Qt::white, 40, devicePixelRatioF()));
+    update();
+}
+
+void ColouredView::setStatement(const QString& statement, const QString& detail)
+{
+    m_statement->setText(statement);
+    m_detail->setText(detail);
+    m_detail->setVisible(!detail.isEmpty());
+    setAccessibleName(statement);
+    setAccessibleDescription(detail);
+}
+
+void ColouredView::paintEvent(QPaintEvent*)
+{
+    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (m_drawn.size() != pixels) { // the artwork is drawn once for each size
+        m_drawn = QPixmap(pixels);
+        m_drawn.fill(Qt::transparent);
+        QPainter art(&m_drawn);
+        art.setRenderHint(QPainter::Antialiasing);
+        QPainterPath corners;
+        corners.addRoundedRect(QRectF(QPointF(), QSizeF(pixels)), kCorner * devicePixelRatioF(),
+                               kCorner * devicePixelRatioF());
+        art.setClipPath(corners);
+        if (!drawArt(art, m_background, QRectF(QPointF(), QSizeF(pixels))))
+            art.fillRect(m_drawn.rect(), QColor(44, 74, 134));
+        art.end();
+        m_drawn.setDevicePixelRatio(devicePixelRatioF());
+    }
+    QPainter(this).drawPixmap(0, 0, m_drawn);
+}
+
+void ColouredView::resizeEvent(QResizeEvent*)
+{
+    m_drawn = QPixmap();
+}
+
+SwitchRow::SwitchRow(const QString& name, const QString& explanation, QWidget* parent)
+    : QWidget(parent), m_box(new QCheckBox(this))
+{
+    makeSwitch(*m_box);
+    m_box->setAccessibleName(name);
+    m_box->setAccessibleDescription(explanation);
+    m_box->setMinimumHeight(kTarget);
+    auto* title = makeLabel(TextRole::Body, name);
+    title->setBuddy(m_box);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(2);
+    words->addWidget(title);
+    words->addWidget(makeNote(explanation));
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 4, 0, 4);
+    row->setSpacing(kGroups);
+    row->addLayout(words, 1);
+    row->addWidget(m_box, 0, Qt::AlignVCenter);
+}
+
+EmptyState::EmptyState(const QString& iconName, const QString& sentence, QWidget* parent)
+    : QWidget(parent), m_iconName(iconName), m_icon(new QLabel), m_sentence(makeNote(sentence)),
+      m_column(new QVBoxLayout(this))
+{
+    setTextRole(*m_sentence, TextRole::Body);
+    m_sentence->setAlignment(Qt::AlignHCenter);
+    m_icon->setAlignment(Qt::AlignHCenter);
+    m_column->setSpacing(kGroups);
+    m_column->addStretch();
+    m_column->addWidget(m_icon);
+    m_column->addWidget(m_sentence);
+    m_column->addStretch();
+    drawIcon();
+}
+
+void EmptyState::setSentence(const QString& sentence)
+{
+    m_sentence->setText(sentence);
+}
+
+void EmptyState::setAction(QWidget* button)
+{
+    m_column->insertWidget(m_column->count() - 1, button, 0, Qt::AlignHCenter);
+}
+
+void EmptyState::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        drawIcon();
+}
+
+void EmptyState::drawIcon()
+{
+    m_icon->setPixmap(iconPixmap(m_iconName, secondaryText(palette()), 56, devicePixelRatioF()));
+}
+
+} // namespace pryvane::ui
