@@ -7,7 +7,6 @@
 #include "platform/posix/LoginUser.h"
 #include "platform/posix/MemoryUserDefaults.h"
 #include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/VolumeFileSystem.h"
 #include "signatures/MakersApplications.h"
 
 namespace pryvane::cli {

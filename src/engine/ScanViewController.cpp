@@ -15,24 +15,6 @@
 
 namespace pryvane {
 
-namespace {
-
-/// A scan that looks at no home must say so, and name the homes there are.
-void noteHomes(FileSystem& disk, const std::string& homePath, ScanCoverage& coverage)
-{
-    if (disk.presence(FileURL::fileURLWithPath(homePath + "/")) != Presence::Absent)
-        return;
-    coverage.missingHome = homePath;
-    for (const FolderEntry& entry : disk.list(FileURL::fileURLWithPath("/Users")).entries) {
-        const bool isHome = entry.kind == FileKind::Folder && entry.name != "Shared" &&
-                            !entry.name.starts_with('.');
-        if (isHome)
-            coverage.homes.push_back(entry.name);
-    }
-}
-
-} // namespace
-
 ScanViewController::ScanViewController(const PlatformServices& services, ScanState& state,
                                        DiskAccess& access, DefaultMethods& store, Remover& remover,
                                        ScanOptions options, QObject* parent)

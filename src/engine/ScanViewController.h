@@ -1,13 +1,13 @@
 #pragma once
 
 #include "core/NotificationCenter.h"
+#include "core/Worker.h"
 #include "engine/FindingInbox.h"
 #include "engine/ScanDisplay.h"
 #include "engine/ScanOptions.h"
 #include "engine/StatusPanel.h"
 #include "engine/ThreatLists.h"
 #include "engine/ThreatRemoval.h"
-#include "engine/Worker.h"
 #include "engine/records/ScanCoverage.h"
 #include "engine/records/ScanState.h"
 #include "platform/PlatformServices.h"

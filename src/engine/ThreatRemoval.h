@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/StopFlag.h"
+#include "core/Worker.h"
 #include "engine/FourceQuitBrowserView.h"
 #include "engine/ThreatLists.h"
-#include "engine/Worker.h"
 #include "engine/removal/RecordRemoval.h"
 #include "engine/removal/RemovalSummary.h"
 #include "platform/PlatformServices.h"
