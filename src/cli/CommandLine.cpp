@@ -48,6 +48,8 @@ CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
     addScanCommand(*this, m_app);
     addReportCommand(*this, m_app);
     addExplainCommand(*this, m_app);
+    addInventoryCommand(*this, m_app);
+    addPrivacyCommand(*this, m_app);
     addCatalogCommand(*this, m_app);
     addGenerateCommand(*this, m_app);
 }

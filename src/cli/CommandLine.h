@@ -46,6 +46,8 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments);
 void addScanCommand(CommandLine& line, CLI::App& app);
 void addReportCommand(CommandLine& line, CLI::App& app);
 void addExplainCommand(CommandLine& line, CLI::App& app);
+void addInventoryCommand(CommandLine& line, CLI::App& app);
+void addPrivacyCommand(CommandLine& line, CLI::App& app);
 void addCatalogCommand(CommandLine& line, CLI::App& app);
 void addGenerateCommand(CommandLine& line, CLI::App& app);
 

@@ -9,7 +9,6 @@
 #include "platform/posix/LoginUser.h"
 #include "platform/posix/MemoryUserDefaults.h"
 #include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/VolumeFileSystem.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
 #include "signatures/MakersApplications.h"

@@ -4,13 +4,13 @@
 #include "core/NotificationCenter.h"
 #include "core/Result.h"
 #include "engine/records/ScanState.h"
-#include "platform/FileSystem.h"
 #include "platform/Log.h"
 #include "platform/PlatformServices.h"
 #include "platform/UserDefaults.h"
 #include "platform/UserNotifier.h"
 #include "platform/posix/BlockingMainQueue.h"
 #include "platform/posix/SystemClock.h"
+#include "platform/posix/VolumeFileSystem.h"
 
 #include <memory>
 #include <string>
@@ -48,7 +48,8 @@ public:
     [[nodiscard]] PlatformServices services();
     [[nodiscard]] const std::string& user() const { return m_user; }
     [[nodiscard]] const std::string& dataFolder() const { return m_dataFolder; }
-    [[nodiscard]] FileSystem& disk() { return *m_disk; }
+    [[nodiscard]] VolumeFileSystem& disk() { return *m_disk; }
+    [[nodiscard]] Workspace& workspace() { return *m_workspace; }
     [[nodiscard]] UserDefaults& defaults() { return *m_defaults; }
     [[nodiscard]] Clock& clock() { return *m_clock; }
     [[nodiscard]] BlockingMainQueue& mainQueue() { return m_mainQueue; }
@@ -75,7 +76,7 @@ private:
     std::unique_ptr<Alerts> m_alerts;
     std::unique_ptr<FolderPicker> m_folderPicker;
     std::unique_ptr<Clock> m_clock;
-    std::unique_ptr<FileSystem> m_disk;
+    std::unique_ptr<VolumeFileSystem> m_disk;
     std::unique_ptr<UserDefaults> m_defaults;
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<Documents> m_documents;

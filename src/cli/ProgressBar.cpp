@@ -26,13 +26,27 @@ std::string shortened(const std::string& text)
 
 } // namespace
 
-void ProgressBar::show(const ScanDisplay& display)
+/// Whether a line is to be drawn now.
+bool ProgressBar::isDue()
 {
     const auto now = std::chrono::steady_clock::now();
     if (!m_console.errIsTerminal || now - m_lastDrawn < kFrame)
-        return;
+        return false;
     m_lastDrawn = now;
     m_drawn = true;
+    return true;
+}
+
+void ProgressBar::show(const std::string& line)
+{
+    if (isDue())
+        m_console.err << kEraseLine << line << std::flush;
+}
+
+void ProgressBar::show(const ScanDisplay& display)
+{
+    if (!isDue())
+        return;
     if (display.indeterminate) {
         m_console.err << kEraseLine << "counting: " << display.location << " entries" << std::flush;
         return;

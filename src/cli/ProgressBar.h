@@ -17,9 +17,11 @@ public:
     ProgressBar& operator=(const ProgressBar&) = delete;
 
     void show(const ScanDisplay& display);
+    void show(const std::string& line);
     void clear();
 
 private:
+    [[nodiscard]] bool isDue();
     [[nodiscard]] std::string paceText(const ScanDisplay& display);
 
     const Console& m_console;

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdlib>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -30,6 +31,14 @@ protected:
 
     Outcome run(std::vector<std::string> arguments)
     {
+        return with([&](const cli::Console& console) {
+            return cli::CommandLine().run(std::move(arguments), console);
+        });
+    }
+
+    /// What the work writes to a console, and the code it returns.
+    Outcome with(const std::function<int(const cli::Console&)>& work)
+    {
         std::istringstream in(input);
         std::ostringstream out, err;
         const cli::Console console{.in = in,
@@ -40,8 +49,7 @@ protected:
                                    .errIsTerminal = terminal,
                                    .color = false,
                                    .interrupted = interrupted};
-        cli::CommandLine line;
-        const int code = line.run(std::move(arguments), console);
+        const int code = work(console);
         return {code, out.str(), err.str()};
     }
 

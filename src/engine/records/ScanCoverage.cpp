@@ -11,6 +11,21 @@ std::string counted(std::size_t count, const char* one, const char* many)
     return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+} // namespace
+
+void noteHomes(FileSystem& disk, const std::string& homePath, ScanCoverage& coverage)
+{
+    if (disk.presence(FileURL::fileURLWithPath(homePath + "/")) != Presence::Absent)
+        return;
+    coverage.missingHome = homePath;
+    for (const FolderEntry& entry : disk.list(FileURL::fileURLWithPath("/Users")).entries) {
+        const bool isHome = entry.kind == FileKind::Folder && entry.name != "Shared" &&
+                            !entry.name.starts_with('.');
+        if (isHome)
+            coverage.homes.push_back(entry.name);
+    }
+}
+
 std::string missingHomeText(const ScanCoverage& coverage)
 {
     std::string text = "no home at " + forScreen(coverage.missingHome) + ", ";
@@ -21,8 +36,6 @@ std::string missingHomeText(const ScanCoverage& coverage)
         text += (i ? ", " : "") + forScreen(coverage.homes[i]);
     return text;
 }
-
-} // namespace
 
 Verdict verdictOf(std::size_t findings, const ScanCoverage& coverage)
 {

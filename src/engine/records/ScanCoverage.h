@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileSystem.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -25,6 +27,12 @@ struct ScanCoverage {
     std::vector<std::string> homes;    ///< then: the names of the homes there are
     double seconds = 0;
 };
+
+/// Where the volume has no folder of that home, notes that and the homes there are.
+void noteHomes(FileSystem& disk, const std::string& homePath, ScanCoverage& coverage);
+
+/// What noteHomes() noted, in words escaped for display.
+[[nodiscard]] std::string missingHomeText(const ScanCoverage& coverage);
 
 enum class Verdict : std::uint8_t { Clean, CleanWhereRead, Found };
 

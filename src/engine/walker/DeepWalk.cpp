@@ -8,18 +8,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <sys/resource.h>
 #include <system_error>
-#include <thread>
 #include <unistd.h>
 
 namespace pryvane {
 
 namespace {
 
-constexpr std::size_t kHandlesOfOthers = 24; // left to the rest of the process
-constexpr std::size_t kFewestHandles = 4;    // with which a thread gets anywhere
-constexpr std::size_t kMostHandles = 32;
 constexpr std::chrono::milliseconds kBetweenSamples{33};
 
 std::atomic<std::int64_t> walkedByAll{0};
@@ -128,40 +123,6 @@ private:
     const std::int64_t m_step;
 };
 
-struct Crew {
-    std::size_t threads;
-    std::size_t handles; ///< of each
-};
-
-/// As many threads as asked for, if the process may open enough for them.
-Crew crewFor(unsigned asked)
-{
-    rlimit limit{};
-    std::size_t free = kFewestHandles;
-    if (getrlimit(RLIMIT_NOFILE, &limit) == 0 && limit.rlim_cur > kHandlesOfOthers)
-        free = static_cast<std::size_t>(limit.rlim_cur) - kHandlesOfOthers;
-    const std::size_t most = std::max<std::size_t>(free / kFewestHandles, 1);
-    const std::size_t threads = std::clamp<std::size_t>(asked, 1, most);
-    return {threads, std::clamp(free / threads, kFewestHandles, kMostHandles)};
-}
-
-/// Runs the same work on the calling thread and on as many others as can be had.
-template <typename Work>
-void onThreads(std::size_t count, Work work)
-{
-    std::vector<std::thread> helpers;
-    helpers.reserve(count);
-    try {
-        while (helpers.size() + 1 < count)
-            helpers.emplace_back(work);
-    } catch (const std::system_error&) {
-        // Fewer will do.
-    }
-    work();
-    for (std::thread& helper : helpers)
-        helper.join();
-}
-
 void walkTree(const WalkRoot& root, const WalkRules& rules, unsigned threads, const StopFlag& stop,
               WalkReport& report, WalkTally& tally)
 {
@@ -186,7 +147,7 @@ void walkTree(const WalkRoot& root, const WalkRules& rules, unsigned threads, co
     WalkCrew crew;
     crew.begin(std::move(task));
     // In order means one after the other.
-    const Crew size = crewFor(rules.tellEvery ? 1 : threads);
+    const CrewSize size = CrewSize::forThreads(rules.tellEvery ? 1 : threads);
     onThreads(size.threads, [&] {
         TreeWalker({rules, stop, crew, report, tally, size.handles}).run();
     });

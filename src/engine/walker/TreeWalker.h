@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/StopFlag.h"
-#include "engine/walker/WalkCrew.h"
 #include "engine/walker/WalkTally.h"
 #include "engine/walker/WalkTask.h"
+#include "platform/posix/folders/WorkCrew.h"
 
 #include <cstdint>
 #include <optional>
@@ -12,6 +12,8 @@
 #include <vector>
 
 namespace pryvane {
+
+using WalkCrew = WorkCrew<WalkTask>;
 
 /// What a walk counts and compares.
 struct WalkRules {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "engine/walker/Ancestry.h"
 #include "engine/walker/EntryList.h"
-#include "engine/walker/FolderHandle.h"
 #include "engine/walker/WalkReport.h"
+#include "platform/posix/folders/Ancestry.h"
+#include "platform/posix/folders/FolderHandle.h"
 #include "signatures/PatternAutomaton.h"
 
 #include <string>

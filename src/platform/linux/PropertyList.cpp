@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace pryvane {
 
@@ -41,28 +43,33 @@ public:
 
     [[nodiscard]] std::optional<std::string> stringForKey(std::string_view key)
     {
-        if (!readTrailer())
-            return std::nullopt;
-        const auto dictionary = object(m_top);
-        if (!dictionary || dictionary->type != kDictionary)
-            return std::nullopt;
-        const std::uint64_t pairs = dictionary->count;
-        for (std::uint64_t i = 0; i < pairs; ++i) {
-            const auto keyNumber = number(dictionary->start + i * m_referenceSize, m_referenceSize);
-            const auto valueNumber =
-                number(dictionary->start + (pairs + i) * m_referenceSize, m_referenceSize);
-            if (!keyNumber || !valueNumber)
-                return std::nullopt;
-            if (isString(*keyNumber, key))
-                return string(*valueNumber);
+        const auto value = valueForKey(key);
+        return value ? string(*value) : std::nullopt;
+    }
+
+    [[nodiscard]] std::vector<PropertyTexts> dictionariesForKey(std::string_view key)
+    {
+        const auto value = valueForKey(key);
+        const auto array = value ? object(*value) : std::nullopt;
+        std::vector<PropertyTexts> dictionaries;
+        if (!array || array->type != kArray)
+            return dictionaries;
+        // Many elements may refer to the same large dictionary.
+        std::uint64_t budget = m_data.size();
+        for (std::uint64_t i = 0; i < array->count && budget > 0; ++i) {
+            const auto element = number(array->start + i * m_referenceSize, m_referenceSize);
+            const auto dictionary = element ? object(*element) : std::nullopt;
+            if (dictionary && dictionary->type == kDictionary)
+                dictionaries.push_back(texts(*dictionary, budget));
         }
-        return std::nullopt;
+        return dictionaries;
     }
 
 private:
     static constexpr unsigned kInteger = 1;
     static constexpr unsigned kAsciiString = 5;
     static constexpr unsigned kUtf16String = 6;
+    static constexpr unsigned kArray = 10;
     static constexpr unsigned kDictionary = 13;
 
     struct Object {
@@ -70,6 +77,53 @@ private:
         std::uint64_t count = 0; // characters or pairs
         std::uint64_t start = 0; // of its content
     };
+
+    /// The number of the object that stands under a key in the outermost dictionary.
+    [[nodiscard]] std::optional<std::uint64_t> valueForKey(std::string_view key)
+    {
+        const auto dictionary = readTrailer() ? object(m_top) : std::nullopt;
+        if (!dictionary || dictionary->type != kDictionary)
+            return std::nullopt;
+        for (std::uint64_t i = 0; i < dictionary->count; ++i) {
+            const auto [keyNumber, valueNumber] = pair(*dictionary, i);
+            if (!keyNumber || !valueNumber)
+                return std::nullopt;
+            if (isString(*keyNumber, key))
+                return valueNumber;
+        }
+        return std::nullopt;
+    }
+
+    /// The numbers of a pair's key and value.
+    [[nodiscard]] std::pair<std::optional<std::uint64_t>, std::optional<std::uint64_t>>
+    pair(const Object& dictionary, std::uint64_t i) const
+    {
+        return {
+            number(dictionary.start + i * m_referenceSize, m_referenceSize),
+            number(dictionary.start + (dictionary.count + i) * m_referenceSize, m_referenceSize)};
+    }
+
+    /// The texts of a dictionary. Each pair and each byte of text takes one from the budget; what
+    /// exceeds it is left out.
+    [[nodiscard]] PropertyTexts texts(const Object& dictionary, std::uint64_t& budget) const
+    {
+        PropertyTexts texts;
+        for (std::uint64_t i = 0; i < dictionary.count && budget > 0; ++i) {
+            --budget;
+            const auto [keyNumber, valueNumber] = pair(dictionary, i);
+            const auto key = keyNumber ? object(*keyNumber) : std::nullopt;
+            const auto value = valueNumber ? object(*valueNumber) : std::nullopt;
+            if (!key || !value || key->count + value->count > budget)
+                continue;
+            auto name = string(*keyNumber);
+            auto text = string(*valueNumber);
+            if (!name || !text)
+                continue;
+            budget -= key->count + value->count;
+            texts.insert_or_assign(std::move(*name), std::move(*text));
+        }
+        return texts;
+    }
 
     [[nodiscard]] bool readTrailer()
     {
@@ -124,6 +178,7 @@ private:
             found.start += 1 + bytes;
         }
         const std::uint64_t unit = found.type == kDictionary    ? 2 * m_referenceSize
+                                   : found.type == kArray       ? m_referenceSize
                                    : found.type == kUtf16String ? 2
                                                                 : 1;
         if (found.count > m_data.size() || !holds(found.start, found.count * unit))
@@ -198,21 +253,71 @@ bool isShallow(std::string_view xml)
     return true;
 }
 
-std::optional<std::string> stringInXml(std::string_view xml, const std::string& key)
+using OwnedNode = std::unique_ptr<void, decltype(&plist_free)>;
+
+/// The outermost dictionary, or null.
+OwnedNode dictionaryInXml(std::string_view xml)
 {
-    if (xml.size() > UINT32_MAX || !isShallow(xml))
-        return std::nullopt;
     plist_t parsed = nullptr;
-    plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &parsed);
-    const std::unique_ptr<void, decltype(&plist_free)> root(parsed, &plist_free);
-    if (!parsed || plist_get_node_type(parsed) != PLIST_DICT)
-        return std::nullopt;
-    const plist_t value = plist_dict_get_item(parsed, key.c_str());
-    if (!value || plist_get_node_type(value) != PLIST_STRING)
+    if (xml.size() <= UINT32_MAX && isShallow(xml))
+        plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &parsed);
+    OwnedNode root(parsed, &plist_free);
+    if (parsed && plist_get_node_type(parsed) != PLIST_DICT)
+        root.reset();
+    return root;
+}
+
+std::optional<std::string> textOf(plist_t node)
+{
+    if (!node || plist_get_node_type(node) != PLIST_STRING)
         return std::nullopt;
     std::uint64_t length = 0;
-    const char* text = plist_get_string_ptr(value, &length);
+    const char* text = plist_get_string_ptr(node, &length);
     return text ? std::optional(std::string(text, length)) : std::nullopt;
+}
+
+std::optional<std::string> stringInXml(std::string_view xml, const std::string& key)
+{
+    const OwnedNode root = dictionaryInXml(xml);
+    return root ? textOf(plist_dict_get_item(root.get(), key.c_str())) : std::nullopt;
+}
+
+PropertyTexts textsIn(plist_t dictionary)
+{
+    PropertyTexts texts;
+    plist_dict_iter made = nullptr;
+    plist_dict_new_iter(dictionary, &made);
+    const std::unique_ptr<void, decltype(&std::free)> iterator(made, &std::free);
+    while (true) {
+        char* key = nullptr;
+        plist_t value = nullptr;
+        plist_dict_next_item(dictionary, iterator.get(), &key, &value);
+        const std::unique_ptr<char, decltype(&std::free)> owned(key, &std::free);
+        if (!value)
+            return texts;
+        if (auto text = textOf(value); text && key)
+            texts.insert_or_assign(key, std::move(*text));
+    }
+}
+
+std::vector<PropertyTexts> dictionariesInXml(std::string_view xml, const std::string& key)
+{
+    std::vector<PropertyTexts> dictionaries;
+    const OwnedNode root = dictionaryInXml(xml);
+    const plist_t array = root ? plist_dict_get_item(root.get(), key.c_str()) : nullptr;
+    if (!array || plist_get_node_type(array) != PLIST_ARRAY)
+        return dictionaries;
+    plist_array_iter made = nullptr;
+    plist_array_new_iter(array, &made);
+    const std::unique_ptr<void, decltype(&std::free)> iterator(made, &std::free);
+    while (true) {
+        plist_t element = nullptr;
+        plist_array_next_item(array, iterator.get(), &element);
+        if (!element)
+            return dictionaries;
+        if (plist_get_node_type(element) == PLIST_DICT)
+            dictionaries.push_back(textsIn(element));
+    }
 }
 
 } // namespace
@@ -221,6 +326,13 @@ std::optional<std::string> propertyListString(std::string_view data, std::string
 {
     return data.starts_with(kBinaryMagic) ? BinaryPropertyList(data).stringForKey(key)
                                           : stringInXml(data, std::string(key));
+}
+
+std::vector<PropertyTexts> LinuxPropertyLists::dictionariesUnder(std::string_view data,
+                                                                 std::string_view key) const
+{
+    return data.starts_with(kBinaryMagic) ? BinaryPropertyList(data).dictionariesForKey(key)
+                                          : dictionariesInXml(data, std::string(key));
 }
 
 } // namespace pryvane

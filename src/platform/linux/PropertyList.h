@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/PropertyLists.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,5 +13,12 @@ namespace pryvane {
 /// origin: whatever they say, time and memory stay in proportion to their number.
 [[nodiscard]] std::optional<std::string> propertyListString(std::string_view data,
                                                             std::string_view key);
+
+/// What libplist reads.
+class LinuxPropertyLists final : public PropertyLists {
+public:
+    [[nodiscard]] std::vector<PropertyTexts> dictionariesUnder(std::string_view data,
+                                                               std::string_view key) const override;
+};
 
 } // namespace pryvane

@@ -2,21 +2,15 @@
 
 #include "platform/FileSystem.h"
 #include "platform/posix/UniqueFd.h"
-
-#include <dirent.h>
-#include <memory>
-#include <string_view>
-#include <sys/stat.h>
+#include "platform/posix/folders/FolderHandle.h"
 
 namespace pryvane {
-
-[[nodiscard]] FileKind kindOfMode(mode_t mode);
 
 /// Reads the entries of one open folder, in the file system's order, without "." and "..".
 class FolderStream {
 public:
     /// Takes over a descriptor that was opened for reading.
-    explicit FolderStream(UniqueFd fd);
+    explicit FolderStream(UniqueFd fd) : m_folder(fd.release()) {}
 
     struct Entry {
         const char* name = nullptr; ///< valid until the next call
@@ -29,14 +23,12 @@ public:
     /// The errno that ended the reading early, or 0.
     [[nodiscard]] int error() const { return m_error; }
 
-    /// The folder's descriptor, for calls relative to it; -1 if it could not be read at all.
-    [[nodiscard]] int fd() const { return m_stream ? dirfd(m_stream.get()) : -1; }
+    /// The folder's descriptor, for calls relative to it; -1 if there was none.
+    [[nodiscard]] int fd() const { return m_folder.fd(); }
 
 private:
-    struct Closer {
-        void operator()(DIR* stream) const { closedir(stream); }
-    };
-    std::unique_ptr<DIR, Closer> m_stream;
+    FolderHandle m_folder;
+    FolderBatch m_batch;
     int m_error = 0;
 };
 

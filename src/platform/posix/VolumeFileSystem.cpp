@@ -1,7 +1,6 @@
 #include "platform/posix/VolumeFileSystem.h"
 
 #include "core/Escape.h"
-#include "platform/posix/AllocatedSize.h"
 #include "platform/posix/ErrorText.h"
 #include "platform/posix/FolderStream.h"
 #include "platform/posix/HostVolume.h"
@@ -217,16 +216,22 @@ FolderListing VolumeFileSystem::list(const FileURL& folder)
     return listing;
 }
 
-std::int64_t VolumeFileSystem::allocatedSize(const FileURL& url)
+Measurable VolumeFileSystem::measurable(const FileURL& url)
 {
     const Place place = locate(url);
     if (place.error)
-        return 0;
+        return {};
     if (!S_ISDIR(place.data.st_mode))
-        return std::int64_t{place.data.st_blocks} * 512;
-    return allocatedSizeBelow(
-        UniqueFd(openat(place.parent.get(), place.name.c_str(),
-                        O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
+        return {{}, std::int64_t{place.data.st_blocks} * 512};
+    return {UniqueFd(openat(place.parent.get(), place.name.c_str(),
+                            O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)),
+            0};
+}
+
+std::int64_t VolumeFileSystem::allocatedSize(const FileURL& url)
+{
+    Measurable place = measurable(url);
+    return place.folder ? allocatedSizeBelow(std::move(place.folder)) : place.bytes;
 }
 
 int VolumeFileSystem::openFolder(const FileURL& folder)

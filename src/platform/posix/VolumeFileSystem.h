@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/posix/AllocatedSize.h"
 #include "platform/posix/SpellingResolver.h"
 
 #include <memory>
@@ -50,6 +51,10 @@ public:
     /// The absolute path under which the disk itself has what stands there, links not followed at
     /// its end; none when nothing does. The same as the asked path where that is spelled exactly.
     [[nodiscard]] std::optional<std::string> spelledPath(const FileURL& url);
+
+    /// What allocatedSize() measures there: a folder open for reading, or the bytes of what is
+    /// none.
+    [[nodiscard]] Measurable measurable(const FileURL& url);
 
     /// The volume's folder, open for reading, for calls relative to it. Stays owned by this object.
     [[nodiscard]] int rootHandle() const { return m_rootFd.get(); }

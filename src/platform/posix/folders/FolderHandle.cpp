@@ -1,4 +1,4 @@
-#include "engine/walker/FolderHandle.h"
+#include "platform/posix/folders/FolderHandle.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,16 +33,21 @@ void FolderHandle::close()
     m_fd = -1;
 }
 
+FileKind kindOfMode(mode_t mode)
+{
+    if (S_ISDIR(mode))
+        return FileKind::Folder;
+    if (S_ISREG(mode))
+        return FileKind::RegularFile;
+    return S_ISLNK(mode) ? FileKind::SymbolicLink : FileKind::Other;
+}
+
 FileKind kindAt(int folder, const char* name)
 {
     struct stat data {};
     if (fstatat(folder, name, &data, AT_SYMLINK_NOFOLLOW) != 0)
         return FileKind::Missing;
-    if (S_ISDIR(data.st_mode))
-        return FileKind::Folder;
-    if (S_ISREG(data.st_mode))
-        return FileKind::RegularFile;
-    return S_ISLNK(data.st_mode) ? FileKind::SymbolicLink : FileKind::Other;
+    return kindOfMode(data.st_mode);
 }
 
 } // namespace pryvane

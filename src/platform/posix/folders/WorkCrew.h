@@ -1,18 +1,22 @@
 #pragma once
 
-#include "engine/walker/WalkTask.h"
-
 #include <atomic>
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
 #include <mutex>
 #include <optional>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
 
 namespace pryvane {
 
 /// Where threads without work wait for others to give some of theirs away. A task is only given
-/// when a thread waits for it, so every task is at work at once. Callable from any thread.
-class WalkCrew {
+/// when a thread waits for it, so every task given is at work at once. Callable from any thread.
+template <typename Task>
+class WorkCrew {
 public:
     /// Whether some thread waits. One atomic read, meant for hot loops.
     [[nodiscard]] bool wantsWork() const { return m_wanted.load(std::memory_order_relaxed) > 0; }
@@ -24,22 +28,22 @@ public:
         const std::lock_guard lock(m_mutex);
         if (m_wanted.load(std::memory_order_relaxed) <= 0)
             return;
-        if (std::optional<WalkTask> task = make()) {
+        if (std::optional<Task> task = make()) {
             m_tasks.push_back(std::move(*task));
             m_wanted.fetch_sub(1, std::memory_order_relaxed);
             m_changed.notify_one();
         }
     }
 
-    /// Hands in the first task, before any thread asks.
-    void begin(WalkTask task)
+    /// Hands in a first task, before any thread asks.
+    void begin(Task task)
     {
         m_tasks.push_back(std::move(task));
         m_wanted.fetch_sub(1, std::memory_order_relaxed);
     }
 
     /// The next task, or none when all is walked.
-    [[nodiscard]] std::optional<WalkTask> take()
+    [[nodiscard]] std::optional<Task> take()
     {
         std::unique_lock lock(m_mutex);
         m_wanted.fetch_add(1, std::memory_order_relaxed);
@@ -48,7 +52,7 @@ public:
             m_changed.notify_all();
             return std::nullopt;
         }
-        std::optional<WalkTask> task(std::move(m_tasks.front()));
+        std::optional<Task> task(std::move(m_tasks.front()));
         m_tasks.pop_front();
         ++m_working;
         return task;
@@ -65,9 +69,39 @@ public:
 private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<WalkTask> m_tasks; // guarded by m_mutex
+    std::deque<Task> m_tasks;     // guarded by m_mutex
     int m_working = 0;            // guarded by m_mutex
     std::atomic<int> m_wanted{0}; ///< waiting threads less tasks on their way to them
 };
+
+/// How many threads walk, and how many folders each may hold open.
+struct CrewSize {
+    std::size_t threads;
+    std::size_t handles; ///< of each
+
+    /// As many threads as asked for, if the process may open enough for them.
+    [[nodiscard]] static CrewSize forThreads(unsigned asked);
+
+    /// More than there are cores: while one waits for the disk, others walk on, and where nothing
+    /// waits the surplus costs nothing.
+    [[nodiscard]] static unsigned usualThreads();
+};
+
+/// Runs the same work on the calling thread and on as many others as can be had.
+template <typename Work>
+void onThreads(std::size_t count, Work work)
+{
+    std::vector<std::thread> helpers;
+    helpers.reserve(count);
+    try {
+        while (helpers.size() + 1 < count)
+            helpers.emplace_back(work);
+    } catch (const std::system_error&) {
+        // Fewer will do.
+    }
+    work();
+    for (std::thread& helper : helpers)
+        helper.join();
+}
 
 } // namespace pryvane

@@ -44,6 +44,8 @@ public:
     /// Another handle of the same folder, not for reading: both would share their place in it.
     [[nodiscard]] FolderHandle duplicate() const;
 
+    /// For calls relative to it; stays owned by this object.
+    [[nodiscard]] int fd() const { return m_fd; }
     [[nodiscard]] bool isOpen() const { return m_fd >= 0; }
     explicit operator bool() const { return isOpen(); }
     [[nodiscard]] FolderId id() const; ///< a null device and inode where it cannot be told
@@ -81,6 +83,8 @@ private:
     std::size_t m_at = 0;
     bool m_atEnd = false;
 };
+
+[[nodiscard]] FileKind kindOfMode(mode_t mode);
 
 /// What stands there, links not followed; for entries whose kind the listing leaves out.
 [[nodiscard]] FileKind kindAt(int folder, const char* name);

@@ -1,4 +1,4 @@
-#include "engine/walker/FolderHandle.h"
+#include "platform/posix/folders/FolderHandle.h"
 
 #include <cerrno>
 #include <cstring>

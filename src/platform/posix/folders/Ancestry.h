@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/walker/FolderHandle.h"
+#include "platform/posix/folders/FolderHandle.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,0 +1,242 @@
+#include "cleaner/AdwareScan.h"
+
+#include "cleaner/Packages.h"
+
+#include <iterator>
+#include <utility>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::size_t kLongestFile = std::size_t{16} * 1024 * 1024;
+constexpr std::size_t kDeepestFolder = 512; // below which no application is looked for
+
+FileURL in(const FileURL& folder, std::string_view name)
+{
+    return FileURL::fileURLWithPath(joinedPath(folder.absolutePath(), name));
+}
+
+void append(std::vector<FileURL>& list, std::vector<FileURL> more)
+{
+    list.insert(list.end(), std::make_move_iterator(more.begin()),
+                std::make_move_iterator(more.end()));
+}
+
+} // namespace
+
+std::optional<std::string> AdwareScan::read(const FileURL& file) const
+{
+    auto content = m_disk.readSmallFile(file, kLongestFile);
+    return content ? std::optional(std::move(content).value()) : std::nullopt;
+}
+
+std::vector<ChromeProfile> AdwareScan::chromeProfiles() const
+{
+    const auto content = read(m_home.at(joinedPath(HomeFolder::kChrome, "Local State")));
+    return content ? pryvane::chromeProfiles(*content) : std::vector<ChromeProfile>();
+}
+
+std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
+{
+    return measured(chromeExtensions());
+}
+
+std::vector<ExtensionEntry> AdwareScan::chromeExtensions() const
+{
+    std::vector<ExtensionEntry> entries;
+    for (const ChromeProfile& profile : chromeProfiles()) {
+        const FileURL folder = in(m_home.at(HomeFolder::kChrome), profile.folder);
+        for (const FileURL& identifier : filledFoldersIn(in(folder, "Extensions"))) {
+            for (const FileURL& version : filledFoldersIn(identifier)) {
+                if (m_stop.requested())
+                    return entries;
+                if (auto entry = chromeExtension(version)) {
+                    entry->PersonExt = profile.name;
+                    entries.push_back(std::move(*entry));
+                }
+            }
+        }
+    }
+    return entries;
+}
+
+std::optional<ExtensionEntry> AdwareScan::chromeExtension(const FileURL& versionFolder) const
+{
+    const auto content = read(in(versionFolder, "manifest.json"));
+    const auto manifest = content ? extensionManifest(*content) : std::nullopt;
+    if (!manifest)
+        return std::nullopt;
+    ExtensionEntry entry;
+    entry.urlExt = versionFolder;
+    entry.verExt = manifest->version;
+    entry.nameExt = displayName(manifest->name, versionFolder);
+    return entry;
+}
+
+/// The name that a reference stands for; the reference itself where no message is to be had.
+std::string AdwareScan::displayName(const std::string& name, const FileURL& folder) const
+{
+    const auto key = messageKey(name);
+    if (!key)
+        return name;
+    for (const std::string_view locale : {"en", "en_US", "en_GB"}) {
+        const std::string messages = "_locales/" + std::string(locale);
+        if (!m_disk.exists(in(folder, messages + "/")))
+            continue;
+        const auto content = read(in(folder, messages + "/messages.json"));
+        const auto text = content ? messageText(*content, *key) : std::nullopt;
+        return text.value_or(name);
+    }
+    return name;
+}
+
+std::vector<ExtensionEntry> AdwareScan::getFirefoxExtantionList() const
+{
+    return measured(firefoxAddOns());
+}
+
+std::vector<ExtensionEntry> AdwareScan::firefoxAddOns() const
+{
+    std::vector<ExtensionEntry> entries;
+    for (const FileURL& profile : getUrlListAt(m_home.at(HomeFolder::kFirefoxProfiles))) {
+        const auto content = read(in(profile, "extensions.json"));
+        if (!content || m_stop.requested())
+            continue;
+        for (FirefoxAddOn& addOn : pryvane::firefoxAddOns(*content)) {
+            entries.push_back({FileURL::fileURLWithPath(addOn.location), std::move(addOn.version),
+                               std::move(addOn.name), 0, "Default"});
+        }
+    }
+    return entries;
+}
+
+std::vector<ExtensionEntry> AdwareScan::measured(std::vector<ExtensionEntry> entries) const
+{
+    std::vector<FileURL> locations;
+    locations.reserve(entries.size());
+    for (const ExtensionEntry& entry : entries)
+        locations.push_back(entry.urlExt);
+    SizeProgress progress;
+    m_services.sizes.measure(
+        locations, m_stop, progress,
+        [&](std::size_t location, std::int64_t bytes) { entries[location].sizeExt = bytes; });
+    return entries;
+}
+
+std::vector<FileURL> AdwareScan::getSafariExtantionList() const
+{
+    return getUrlListAt(m_home.at(joinedPath(HomeFolder::kSafari, "Extensions")));
+}
+
+/// Safari's own list knows under which name it unpacked an extension's archive.
+std::vector<SafariExtension> AdwareScan::safariExtensions() const
+{
+    const FileURL folder = m_home.at(joinedPath(HomeFolder::kSafari, "Extensions"));
+    std::map<std::string, std::string, std::less<>> bundles;
+    if (const auto content = read(in(folder, "Extensions.plist"))) {
+        for (const PropertyTexts& extension :
+             m_services.propertyLists.dictionariesUnder(*content, "Installed Extensions")) {
+            const auto archive = extension.find("Archive File Name");
+            const auto bundle = extension.find("Bundle Directory Name");
+            if (archive != extension.end() && bundle != extension.end())
+                bundles.insert_or_assign(archive->second, bundle->second);
+        }
+    }
+    std::vector<SafariExtension> extensions;
+    for (FileURL& url : getSafariExtantionList()) {
+        const std::string_view file = url.lastPathComponent();
+        if (file == ".DS_Store" || file == "Extensions.plist")
+            continue;
+        const auto bundle = bundles.find(file);
+        const FileURL named =
+            bundle == bundles.end() ? url : FileURL::fileURLWithPath(bundle->second);
+        std::string name(named.lastPathComponent());
+        if (!named.pathExtension().empty())
+            name.resize(name.size() - named.pathExtension().size() - 1);
+        extensions.push_back({std::move(url), std::move(name)});
+    }
+    return extensions;
+}
+
+std::vector<FileURL> AdwareScan::getLaunchAgentsList() const
+{
+    return inBothLibraries("Library/LaunchAgents");
+}
+
+std::vector<FileURL> AdwareScan::getLaunchDaemonsList() const
+{
+    return inBothLibraries("Library/LaunchDaemons");
+}
+
+std::vector<FileURL> AdwareScan::getApplicationSupportList() const
+{
+    return inBothLibraries("Library/Application Support");
+}
+
+std::vector<FileURL> AdwareScan::inBothLibraries(std::string_view folder) const
+{
+    auto urls = getUrlListAt(FileURL::fileURLWithPath(joinedPath("/", folder)));
+    append(urls, getUrlListAt(m_home.at(folder)));
+    return urls;
+}
+
+std::vector<FileURL> AdwareScan::getAppList() const
+{
+    auto urls = getApplicationList(FileURL::fileURLWithPath("/Applications"));
+    append(urls, getApplicationList(FileURL::fileURLWithPath(m_home.path())));
+    return urls;
+}
+
+std::vector<FileURL> AdwareScan::getUrlListAt(const FileURL& folder) const
+{
+    std::vector<FileURL> urls;
+    for (const FolderEntry& entry : m_disk.list(folder).entries)
+        urls.push_back(in(folder, entry.name));
+    return urls;
+}
+
+/// The children that are folders and hold something.
+std::vector<FileURL> AdwareScan::filledFoldersIn(const FileURL& folder) const
+{
+    std::vector<FileURL> urls = getUrlListAt(folder);
+    std::erase_if(urls, [this](const FileURL& url) { return m_disk.list(url).entries.empty(); });
+    return urls;
+}
+
+std::vector<FileURL> AdwareScan::getApplicationList(const FileURL& folder) const
+{
+    /// The folders on the way down, each with the entries still to be visited, the last first.
+    struct Level {
+        FileURL folder;
+        std::vector<FolderEntry> entries;
+    };
+    std::vector<FileURL> applications;
+    std::vector<Level> levels;
+    const auto enter = [&](FileURL at) {
+        auto entries = m_disk.list(at).entries;
+        std::erase_if(entries, [](const FolderEntry& entry) {
+            return entry.kind != FileKind::Folder || entry.name.starts_with('.');
+        });
+        levels.push_back(
+            {std::move(at),
+             {std::make_move_iterator(entries.rbegin()), std::make_move_iterator(entries.rend())}});
+    };
+    enter(folder);
+    while (!levels.empty() && !m_stop.requested()) {
+        Level& level = levels.back();
+        if (level.entries.empty()) {
+            levels.pop_back();
+            continue;
+        }
+        FileURL url = in(level.folder, level.entries.back().name);
+        level.entries.pop_back();
+        if (isApplication(url))
+            applications.push_back(std::move(url));
+        else if (!isPackage(url) && levels.size() <= kDeepestFolder)
+            enter(std::move(url));
+    }
+    return applications;
+}
+
+} // namespace pryvane

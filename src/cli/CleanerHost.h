@@ -1,0 +1,52 @@
+#pragma once
+
+#include "cleaner/AdwareScan.h"
+#include "cli/Host.h"
+#include "cli/ProgressBar.h"
+#include "engine/records/ScanCoverage.h"
+#include "platform/linux/PropertyList.h"
+#include "platform/posix/VolumeSizeMeter.h"
+
+#include <chrono>
+#include <functional>
+#include <future>
+#include <string>
+
+namespace pryvane::cli {
+
+/// What the commands around the privacy tools have in common.
+class CleanerHost {
+public:
+    explicit CleanerHost(Host& host) : m_host(host), m_sizes(host.disk()) {}
+
+    [[nodiscard]] const std::string& user() const { return m_host.user(); }
+    [[nodiscard]] CleanerServices services() { return {m_host.disk(), m_sizes, m_propertyLists}; }
+
+    /// Says so where the volume does not hold the user's home.
+    void sayMissingHome(const Console& console)
+    {
+        ScanCoverage coverage;
+        noteHomes(m_host.disk(), "/Users/" + user(), coverage);
+        if (!coverage.missingHome.empty())
+            console.say(missingHomeText(coverage));
+    }
+
+private:
+    Host& m_host;
+    VolumeSizeMeter m_sizes;
+    LinuxPropertyLists m_propertyLists;
+};
+
+/// Does the work on a thread of its own and meanwhile shows the line, where there is a terminal.
+inline void withProgress(const Console& console, const std::function<std::string()>& line,
+                         const std::function<void()>& work)
+{
+    constexpr std::chrono::milliseconds kBetween{40};
+    ProgressBar bar(console);
+    auto done = std::async(std::launch::async, work);
+    while (done.wait_for(kBetween) != std::future_status::ready)
+        bar.show(line());
+    done.get();
+}
+
+} // namespace pryvane::cli

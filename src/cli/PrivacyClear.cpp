@@ -1,0 +1,201 @@
+#include "cli/PrivacyClear.h"
+
+#include "cleaner/PrivacyCatalogue.h"
+#include "cli/CleanerHost.h"
+#include "cli/TextTable.h"
+#include "core/Escape.h"
+#include "core/Result.h"
+#include "core/Texts.h"
+
+#include <nlohmann/json.hpp>
+
+#include <ostream>
+
+namespace pryvane::cli {
+
+std::string shownName(const ToolGroup& group)
+{
+    return group.kind == ToolGroupKind::BrowserExtensions ? "Browser Extensions" : group.Name;
+}
+
+namespace {
+
+std::string noteOf(const CleaningRow& row)
+{
+    if (!row.blockedBy.empty())
+        return row.blockedBy + " is running";
+    return obstacleText(row.forecast.obstacle, row.forecast.detail);
+}
+
+std::string countText(const CleaningPreview::Totals& totals)
+{
+    return std::to_string(totals.entries) + (totals.entries == 1 ? " entry, " : " entries, ") +
+           sizeText(totals.bytes);
+}
+
+std::string previewText(const CleaningPreview& preview)
+{
+    using Align = TextTable::Align;
+    TextTable table({Align::Left, Align::Right, Align::Right, Align::Left});
+    for (const CleaningRow& row : preview.rows) {
+        const std::string note = noteOf(row);
+        table.addRow({forTerminal(row.group + "/" + row.item), std::to_string(row.forecast.entries),
+                      sizeText(row.forecast.bytes),
+                      forTerminal(row.location.url.relativePath()) +
+                          (note.empty() ? "" : "  (stays: " + forTerminal(note) + ")")});
+    }
+    return table.text("  ");
+}
+
+nlohmann::ordered_json locationJson(const FileURL& url)
+{
+    return {{"path", forJson(url.relativePath())}, {"url", url.urlText()}};
+}
+
+nlohmann::ordered_json previewJson(const CleaningPreview& preview)
+{
+    auto rows = nlohmann::ordered_json::array();
+    for (const CleaningRow& row : preview.rows) {
+        nlohmann::ordered_json one{{"group", row.group}, {"item", forJson(row.item)}};
+        one.update(locationJson(row.location.url));
+        one.update({{"entries", row.forecast.entries},
+                    {"bytes", row.forecast.bytes},
+                    {"blockedBy", row.blockedBy},
+                    {"note", forJson(noteOf(row))}});
+        rows.push_back(std::move(one));
+    }
+    const auto totals = preview.totals();
+    return {{"entries", totals.entries},
+            {"bytes", totals.bytes},
+            {"openBrowsers", preview.openBrowsers()},
+            {"locations", std::move(rows)}};
+}
+
+void writeOutcome(const CleaningOutcome& outcome, bool json, const Console& console)
+{
+    if (!json) {
+        console.out << kCleanedText
+                    << "\nRemoved: " << countText({outcome.entriesRemoved, outcome.bytesRemoved})
+                    << "\n";
+        for (const LeftOver& left : outcome.stayed) {
+            console.out << "  stayed: " << forTerminal(left.url.relativePath()) << " ("
+                        << forTerminal(left.reason) << ")\n";
+        }
+        return;
+    }
+    auto stayed = nlohmann::ordered_json::array();
+    for (const LeftOver& left : outcome.stayed) {
+        nlohmann::ordered_json one{{"item", forJson(left.item)}};
+        one.update(locationJson(left.url));
+        one["reason"] = forJson(left.reason);
+        stayed.push_back(std::move(one));
+    }
+    console.out << nlohmann::ordered_json{{"entriesRemoved", outcome.entriesRemoved},
+                                          {"bytesRemoved", outcome.bytesRemoved},
+                                          {"stayed", std::move(stayed)}}
+                       .dump(2)
+                << "\n";
+}
+
+/// The items that a name may stand for.
+struct Candidates {
+    std::vector<ToolItem*> whole;    ///< by group and item
+    std::vector<ToolItem*> alone;    ///< by the item's name only
+    std::vector<std::string> groups; ///< of those
+};
+
+Candidates candidates(std::span<ToolGroup> groups, const std::string& name)
+{
+    // An item may be given as a terminal shows it.
+    const auto is = [&name](const std::string& text) {
+        return name == text || name == forTerminal(text);
+    };
+    Candidates found;
+    for (ToolGroup& group : groups) {
+        for (ToolItem& item : group.List) {
+            if (item.isHeader)
+                continue;
+            if (is(group.Name + "/" + item.NameText) ||
+                is(shownName(group) + "/" + item.NameText)) {
+                found.whole.push_back(&item);
+            } else if (is(item.NameText)) {
+                found.alone.push_back(&item);
+                if (found.groups.empty() || found.groups.back() != group.Name)
+                    found.groups.push_back(group.Name);
+            }
+        }
+    }
+    return found;
+}
+
+/// Ticks the named items. The error says which name no item has, or several groups' have.
+Result<Done> tickItems(std::span<ToolGroup> groups, std::span<const std::string> names)
+{
+    for (const std::string& name : names) {
+        const Candidates found = candidates(groups, name);
+        const std::string shown = forTerminal(name);
+        if (found.whole.empty() && found.groups.size() > 1) {
+            std::string choice;
+            for (const std::string& group : found.groups)
+                choice.append(choice.empty() ? "\"" : ", \"").append(group + "/" + shown + "\"");
+            return Error{"several groups have an item \"" + shown + "\"; give one of " + choice};
+        }
+        if (found.whole.empty() && found.alone.empty())
+            return Error{"there is no item \"" + shown +
+                         "\" on this volume; pryvane-cli privacy list shows those there are"};
+        for (ToolItem* item : found.whole.empty() ? found.alone : found.whole)
+            item->isChecked = true;
+    }
+    return Done{};
+}
+
+void showPreview(const CleaningPreview& preview, const ClearArguments& arguments,
+                 const Console& console)
+{
+    for (const std::string& browser : preview.openBrowsers())
+        console.say(forTerminal(browser) + " is running and keeps its data open; close it first");
+    if (arguments.format != "json")
+        console.out << previewText(preview)
+                    << (arguments.dryRun ? "Would remove: " : "To be removed: ")
+                    << countText(preview.totals()) << "\n";
+    else if (arguments.dryRun)
+        console.out << previewJson(preview).dump(2) << "\n";
+}
+
+} // namespace
+
+int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remover& remover,
+               const ClearArguments& arguments, const Console& console)
+{
+    auto groups =
+        PrivacyCatalogue(cleaner.services(), cleaner.user(), console.interrupted).groups();
+    if (const auto ticked = tickItems(groups, arguments.items); !ticked)
+        return console.fail(ticked.error().message);
+    CleaningPreview preview;
+    withProgress(
+        console, [] { return std::string("looking"); },
+        [&] {
+            preview = previewCleaning(selectedRows(groups), running, remover, console.interrupted);
+        });
+    if (console.interrupted.requested()) {
+        console.say("interrupted; nothing was removed");
+        return kInterrupted;
+    }
+    showPreview(preview, arguments, console);
+    if (arguments.dryRun)
+        return kDone;
+    const auto totals = preview.totals();
+    if (totals.entries > 0 &&
+        !console.confirmed("Remove " + countText(totals) + " for good?", arguments.yes))
+        return kFailed;
+    CleaningOutcome outcome;
+    withProgress(
+        console, [] { return std::string("removing"); },
+        [&] { outcome = cleanSelected(preview, remover, console.interrupted); });
+    writeOutcome(outcome, arguments.format == "json", console);
+    if (console.interrupted.requested())
+        return kInterrupted;
+    return outcome.stayed.empty() ? kDone : kFindings;
+}
+
+} // namespace pryvane::cli

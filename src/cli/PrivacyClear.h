@@ -1,0 +1,29 @@
+#pragma once
+
+#include "cleaner/PrivacyCleaning.h"
+#include "cli/Console.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace pryvane::cli {
+
+class CleanerHost;
+
+struct ClearArguments {
+    std::vector<std::string> items; ///< "GROUP/ITEM", or "ITEM" where only one group has it
+    bool dryRun = false;
+    bool yes = false;
+    std::string format = "text";
+};
+
+/// The group's name as the user is shown it.
+[[nodiscard]] std::string shownName(const ToolGroup& group);
+
+/// Shows what clearing the named items would remove; removes it where that is wanted and agreed to.
+/// `running` are the applications that run on the volume. Returns the exit code.
+int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remover& remover,
+               const ClearArguments& arguments, const Console& console);
+
+} // namespace pryvane::cli

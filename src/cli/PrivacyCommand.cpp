@@ -1,0 +1,117 @@
+#include "cleaner/PrivacyScan.h"
+#include "cli/CleanerHost.h"
+#include "cli/CommandLine.h"
+#include "cli/PrivacyClear.h"
+#include "cli/TextTable.h"
+#include "core/Escape.h"
+
+#include <nlohmann/json.hpp>
+
+#include <ostream>
+
+namespace pryvane::cli {
+
+namespace {
+
+struct PrivacyArguments {
+    VolumeArguments volume;
+    ClearArguments clear;
+    std::string format = "text";
+};
+
+using Arguments = std::shared_ptr<PrivacyArguments>;
+
+nlohmann::ordered_json asJson(const ToolItem& item)
+{
+    auto paths = nlohmann::ordered_json::array();
+    for (const ToolLocation& location : item.AllList)
+        paths.push_back(forJson(location.url.relativePath()));
+    return {{"NameText", forJson(item.NameText)}, {"bytes", item.bytes},
+            {"sizeText", item.sizeText},          {"isExt", item.isExt},
+            {"isHeader", item.isHeader},          {"AllList", std::move(paths)}};
+}
+
+void writeJson(const std::vector<ToolGroup>& groups, const Console& console)
+{
+    auto list = nlohmann::ordered_json::array();
+    for (const ToolGroup& group : groups) {
+        auto items = nlohmann::ordered_json::array();
+        for (const ToolItem& item : group.List)
+            items.push_back(asJson(item));
+        list.push_back({{"Name", group.Name},
+                        {"Size", group.Size},
+                        {"bytes", group.bytes},
+                        {"isEnabled", group.isEnabled},
+                        {"items", std::move(items)}});
+    }
+    console.out << list.dump(2) << "\n";
+}
+
+void writeText(const std::vector<ToolGroup>& groups, const Console& console)
+{
+    using Align = TextTable::Align;
+    for (const ToolGroup& group : groups) {
+        console.out << shownName(group) << "  " << group.Size << "\n";
+        TextTable table({Align::Left, Align::Right});
+        for (const ToolItem& item : group.List) {
+            const std::string indent = group.isFromAdware && item.isExt ? "  " : "";
+            table.addRow({indent + forTerminal(item.NameText), item.sizeText});
+        }
+        console.out << table.text("  ");
+    }
+}
+
+int listPrivacy(const PrivacyArguments& arguments, const Console& console)
+{
+    auto host = Host::open(console, arguments.volume, StoreUse::None);
+    if (!host)
+        return console.fail(host.error().message);
+    CleanerHost cleaner(**host);
+    cleaner.sayMissingHome(console);
+    std::vector<ToolGroup> groups;
+    PrivacyProgress progress;
+    withProgress(
+        console,
+        [&] {
+            return "measuring: " + std::to_string(progress.measured) + " of " +
+                   std::to_string(progress.locations) + " locations, " +
+                   std::to_string(progress.sizes.entries) + " entries";
+        },
+        [&] {
+            scanPrivacy(cleaner.services(), (*host)->user(), console.interrupted, progress,
+                        [&](ToolGroup group) { groups.push_back(std::move(group)); });
+        });
+    if (console.interrupted.requested()) {
+        console.say("interrupted; nothing was listed");
+        return kInterrupted;
+    }
+    if (arguments.format == "json")
+        writeJson(groups, console);
+    else
+        writeText(groups, console);
+    return kDone;
+}
+
+void addFormat(CLI::App& command, std::string& format)
+{
+    command.add_option("--format", format, "text or json")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->type_name("FORMAT");
+}
+
+} // namespace
+
+void addPrivacyCommand(CommandLine& line, CLI::App& app)
+{
+    CLI::App* parent =
+        app.add_subcommand("privacy", "Measure private data of browsers, mail and system");
+    parent->require_subcommand(1);
+    const auto arguments = std::make_shared<PrivacyArguments>();
+    CLI::App* list = line.addCommand(
+        *parent, "list", "What there is to be cleaned, by application, with its size",
+        [arguments](const Console& console) { return listPrivacy(*arguments, console); });
+    addVolumeOptions(*list, arguments->volume);
+    addFormat(*list, arguments->format);
+}
+
+} // namespace pryvane::cli

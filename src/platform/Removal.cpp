@@ -1,0 +1,55 @@
+#include "platform/Removal.h"
+
+namespace pryvane {
+
+namespace {
+
+std::string_view sentence(RemovalObstacle obstacle)
+{
+    switch (obstacle) {
+    case RemovalObstacle::None:
+        return {};
+    case RemovalObstacle::ProtectedPlace:
+        return "this folder is never removed; choose what lies inside it";
+    case RemovalObstacle::LinkOnTheWay:
+        return "a link on the way leads elsewhere than when it was found; look again first";
+    case RemovalObstacle::KindChanged:
+        return "what was a file is a folder now; look again first";
+    case RemovalObstacle::MountPoint:
+        return "another disk is mounted there; eject it first";
+    case RemovalObstacle::ReadOnlyVolume:
+        return "the volume is mounted read-only; mount it for writing first";
+    case RemovalObstacle::NotPermitted:
+        return "the folder that holds it may not be changed; ask its owner, or run this with the "
+               "rights to";
+    case RemovalObstacle::Locked:
+        return "it is locked against changes; unlock it first";
+    case RemovalObstacle::Busy:
+        return "it is in use; close what uses it and try again";
+    case RemovalObstacle::KeepsRefilling:
+        return "something keeps filling the folder; stop that first";
+    case RemovalObstacle::Unreadable:
+        return "its folder cannot be read; run this with the rights to";
+    case RemovalObstacle::OtherVolume:
+        return "the report is of another volume; connect that one";
+    case RemovalObstacle::Confined:
+        return "the system stopped a removal outside the volume";
+    case RemovalObstacle::Stopped:
+        return "stopped before it was done";
+    case RemovalObstacle::DeviceError:
+        return "the disk reports an error; check the disk";
+    }
+    return {};
+}
+
+} // namespace
+
+std::string obstacleText(RemovalObstacle obstacle, std::string_view detail)
+{
+    std::string text(sentence(obstacle));
+    if (!text.empty() && !detail.empty())
+        text.append(" (").append(detail).append(")");
+    return text;
+}
+
+} // namespace pryvane

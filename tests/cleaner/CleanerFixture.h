@@ -1,0 +1,71 @@
+#pragma once
+
+#include "cleaner/PrivacyScan.h"
+#include "platform/Volumes.h"
+#include "platform/linux/PropertyList.h"
+#include "platform/posix/VolumeSizeMeter.h"
+#include "support/PlainRemover.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace pryvane::test {
+
+inline const std::string kHome = "/Users/alice";
+inline const std::string kChromeFolder = kHome + "/Library/Application Support/Google/Chrome";
+inline const std::string kFirefoxFolder = kHome + "/Library/Application Support/Firefox/Profiles";
+
+/// A volume with alice's home, and what looks at it.
+class CleanerFixture : public testing::Test {
+protected:
+    CleanerFixture() { volume.folder(kHome + "/Library"); }
+
+    VolumeFileSystem& disk()
+    {
+        if (!m_disk) {
+            m_disk = volumeAt(volume, NameMatching::AsOnMac);
+            m_sizes = std::make_unique<VolumeSizeMeter>(*m_disk);
+        }
+        return *m_disk;
+    }
+    CleanerServices services()
+    {
+        VolumeFileSystem& opened = disk();
+        return {opened, *m_sizes, m_propertyLists};
+    }
+    Remover& remover() { return plainRemover; }
+    AdwareScan inventory() { return {services(), "alice", stop}; }
+
+    std::vector<ToolGroup> privacyGroups()
+    {
+        std::vector<ToolGroup> groups;
+        PrivacyProgress progress;
+        scanPrivacy(services(), "alice", stop, progress,
+                    [&](ToolGroup group) { groups.push_back(std::move(group)); });
+        EXPECT_EQ(progress.measured, progress.locations);
+        return groups;
+    }
+
+    /// The absolute paths, in order.
+    static std::vector<std::string> paths(const std::vector<FileURL>& urls)
+    {
+        std::vector<std::string> list;
+        for (const FileURL& url : urls)
+            list.push_back(url.absolutePath());
+        return list;
+    }
+
+    TemporaryFolder volume;
+    PlainRemover plainRemover{volume};
+    StopFlag stop;
+
+private:
+    std::unique_ptr<VolumeFileSystem> m_disk;
+    std::unique_ptr<VolumeSizeMeter> m_sizes;
+    LinuxPropertyLists m_propertyLists;
+};
+
+} // namespace pryvane::test

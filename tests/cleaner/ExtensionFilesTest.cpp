@@ -1,0 +1,158 @@
+// What browsers' files say, and that broken ones say nothing.
+#include "cleaner/ExtensionFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace pryvane::test {
+
+namespace {
+
+std::string nested(int levels, const std::string& core)
+{
+    std::string text = core;
+    for (int i = 0; i < levels; ++i)
+        text = i % 2 ? "[" + text + "]" : R"({"a":)" + text + "}";
+    return text;
+}
+
+/// "folder=name" of each profile, joined with commas.
+std::string profiles(std::string_view localState)
+{
+    std::string text;
+    for (const ChromeProfile& profile : chromeProfiles(localState))
+        text += (text.empty() ? "" : ",") + profile.folder + "=" + profile.name;
+    return text;
+}
+
+std::string addOns(std::string_view extensions)
+{
+    std::string text;
+    for (const FirefoxAddOn& addOn : firefoxAddOns(extensions))
+        text += (text.empty() ? "" : ",") + addOn.name + "|" + addOn.version + "|" + addOn.location;
+    return text;
+}
+
+const std::string kTwo =
+    R"({"Default":{"name":"Alice","x":[1,{"name":"no"}]},"Profile 1":{"name":"Work"}})";
+
+std::string cache(const std::string& value)
+{
+    return R"({"a":[{}],"profile":{"x":1,"info_cache":)" + value + R"(,"last":null},"z":"name"})";
+}
+
+} // namespace
+
+TEST(ExtensionFiles, ChromeProfiles)
+{
+    const struct {
+        const char* what;
+        std::string json;
+        const char* expected;
+    } rows[] = {
+        {"in the file's order", cache(kTwo), "Default=Alice,Profile 1=Work"},
+        {"behind a byte-order mark", "\xef\xbb\xbf" + cache(kTwo), "Default=Alice,Profile 1=Work"},
+        {"empty cache", cache("{}"), ""},
+        {"a list instead", cache("[" + kTwo + "]"), ""},
+        {"a text instead", cache("\"Default\""), ""},
+        {"not a dictionary", "[" + cache(kTwo) + "]", ""},
+        {"names missing, null or no text",
+         cache(R"({"A":{},"B":{"name":null},"C":{"name":7},"D":{"name":["x"]},"E":[{"name":"x"}],)"
+               R"("F":{"name":""}})"),
+         "F="},
+        {"the last of the same keys", cache(R"({"A":{"name":"x","name":"y"}})"), "A=y"},
+        {"folders that lead elsewhere",
+         cache(R"({"..":{"name":"a"},"":{"name":"b"},"a/b":{"name":"c"},".":{"name":"d"},)"
+               R"("n\u0000l":{"name":"e"},"..x":{"name":"f"}})"),
+         "..x=f"},
+        {"100 levels beside it", cache(R"({"A":{"deep":)" + nested(100, "1") + R"(,"name":"x"}})"),
+         "A=x"},
+        {"511 levels", cache(R"({"A":{"deep":)" + nested(508, "1") + R"(,"name":"x"}})"), "A=x"},
+        {"513 levels", cache(R"({"A":{"deep":)" + nested(509, "[]") + R"(,"name":"x"}})"), ""},
+        {"a million levels", std::string(1'000'000, '['), ""},
+        {"cut off", cache(kTwo).substr(0, cache(kTwo).size() - 1), ""},
+        {"more behind it", cache(kTwo) + "{}", ""},
+        {"a comment", cache(kTwo) + "// x", ""},
+        {"a trailing comma", cache(R"({"A":{"name":"x"},})"), ""},
+        {"not UTF-8", cache("{\"A\":{\"name\":\"\xff\"}}"), ""},
+        {"UTF-8 elsewhere broken",
+         cache(R"({"A":{"name":"x","y":")"
+               "\xc3"
+               R"("}})"),
+         ""},
+        {"nothing", "", ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(profiles(row.json), row.expected) << row.what;
+    std::string many;
+    for (int i = 0; i < 5000; ++i)
+        many += (i ? ",\"" : "\"") + std::to_string(i) + R"(":{"name":"x"})";
+    EXPECT_LE(chromeProfiles(cache("{" + many + "}")).size(), 1000U);
+}
+
+TEST(ExtensionFiles, FirefoxAddOns)
+{
+    const struct {
+        const char* what;
+        std::string list;
+        const char* expected;
+    } rows[] = {
+        {"descriptor before path, path else",
+         R"({"version":"1","path":"/p","descriptor":"/d","defaultLocale":{"name":"A"}},)"
+         R"({"defaultLocale":{"name":"B","creator":"x"},"path":"/q","version":"2"})",
+         "A|1|/d,B|2|/q"},
+        {"as today: built-in ones without a path",
+         R"({"id":"formautofill@mozilla.org","path":null,"version":"1","defaultLocale":{"name":"F"}},)"
+         R"({"descriptor":null,"path":"/q","version":"2","defaultLocale":{"name":"B"},)"
+         R"("locales":[{"name":"Nein","locales":["de"]}],"targetApplications":[{"version":"9"}]})",
+         "B|2|/q"},
+        {"the default theme", R"({"path":"/p","version":"1","defaultLocale":{"name":"Default"}})",
+         ""},
+        {"missing or null",
+         R"({"path":"/p","defaultLocale":{"name":"A"}},)"
+         R"({"path":"/p","version":null,"defaultLocale":{"name":"A"}},{"path":"/p","version":"1"},)"
+         R"({"path":"/p","version":"1","defaultLocale":null},{"version":"1","defaultLocale":{"name":"A"}},)"
+         R"({"path":"","version":"1","defaultLocale":{"name":"A"}},7,null,"x",[{"path":"/p"}])",
+         ""},
+    };
+    for (const auto& row : rows) {
+        const std::string list = "[" + std::string(row.list) + "]";
+        EXPECT_EQ(addOns(R"({"schemaVersion":36,"addons":)" + list + "}"), row.expected)
+            << row.what;
+        EXPECT_EQ(addOns(list), "") << row.what;
+        EXPECT_EQ(addOns(R"({"addons":{"0":)" + list + "}}"), "") << row.what;
+    }
+}
+
+TEST(ExtensionFiles, ManifestsAndMessages)
+{
+    const auto manifest = extensionManifest(R"({"version":"1.2","x":{"name":"no"},"name":"Ad"})");
+    ASSERT_TRUE(manifest);
+    EXPECT_EQ(manifest->name + " " + manifest->version, "Ad 1.2");
+    for (const char* broken : {R"({"name":"Ad"})", R"({"name":null,"version":"1"})",
+                               R"({"name":"Ad","version":1})", "[]", "{", ""})
+        EXPECT_FALSE(extensionManifest(broken)) << broken;
+
+    const struct {
+        const char* name;
+        std::optional<std::string> key;
+    } keys[] = {
+        {"Plain", std::nullopt},        {"X__MSG_a__", std::nullopt},
+        {"__MSG_appName__", "appName"}, {"__MSG_App_Name__", "app_name"},
+        {"__MSG_MSG_App__", "App"},     {"__MSG___", ""},
+        {"__MSG_A__B__", "AB"},
+    };
+    for (const auto& row : keys)
+        EXPECT_EQ(messageKey(row.name), row.key) << row.name;
+    const std::string huge = "__MSG_" + std::string(8'000'000, '_');
+    EXPECT_LT(messageKey(huge)->size(), huge.size()); // in time that grows with the length only
+
+    const char* messages =
+        R"({"a":{"message":"one","description":"x"},"b":"text","c":{"message":1}})";
+    EXPECT_EQ(messageText(messages, "a"), "one");
+    for (const char* key : {"b", "c", "d", "message", ""})
+        EXPECT_EQ(messageText(messages, key), std::nullopt) << key;
+}
+
+} // namespace pryvane::test

@@ -1,0 +1,162 @@
+// inventory and privacy on the command line: their words, their JSON, their exit codes.
+#include "cli/CleanerHost.h"
+#include "cli/CliFixture.h"
+#include "cli/PrivacyClear.h"
+#include "support/PlainRemover.h"
+
+#include <gmock/gmock.h>
+
+namespace pryvane::test {
+
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+class PrivacyCommandTest : public CliFixture {
+protected:
+    PrivacyCommandTest()
+    {
+        volume.folder("/Applications/Google Chrome.app");
+        volume.folder("/Applications/Safari.app");
+        volume.file(chrome + "/Local State",
+                    R"({"profile":{"info_cache":{"Default":{"name":"A\nB"}}}})");
+        volume.file(chrome + "/Default/Cookies", std::string(5000, 'x'));
+        volume.file(chrome + "/Default/Extensions/aaa/1_0/manifest.json",
+                    R"({"name":"Ad \u001b[31m","version":"1.0"})");
+        volume.file("/Users/alice/Library/Cookies/Cookies.binarycookies", "x");
+        volume.file("/Users/alice/Library/Logs/a.log", std::string(5000, 'x'));
+        volume.file("/Library/LaunchDaemons/d.plist");
+    }
+    Outcome on(std::vector<std::string> arguments)
+    {
+        arguments.insert(arguments.end(), {"--volume", volume.path(), "--user", "alice"});
+        return run(std::move(arguments));
+    }
+
+    const std::string chrome = "/Users/alice/Library/Application Support/Google/Chrome";
+};
+
+std::vector<std::string> keysOf(const json& object)
+{
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : object.items())
+        keys.push_back(key);
+    return keys;
+}
+
+} // namespace
+
+TEST_F(PrivacyCommandTest, InventoryHasEveryListInJsonAndText)
+{
+    const auto outcome = on({"inventory", "--format", "json"});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    const json lists = json::parse(outcome.out);
+    EXPECT_THAT(keysOf(lists), testing::UnorderedElementsAre("chrome", "firefox", "safari",
+                                                             "launchAgents", "launchDaemons",
+                                                             "applicationSupport", "applications"));
+    ASSERT_EQ(lists["chrome"].size(), 1U);
+    const json& entry = lists["chrome"][0];
+    EXPECT_EQ(entry["urlExt"], chrome + "/Default/Extensions/aaa/1_0");
+    EXPECT_EQ(entry["verExt"], "1.0");
+    EXPECT_EQ(entry["nameExt"], "Ad \\x1b[31m");
+    EXPECT_EQ(entry["PersonExt"], "A\\nB");
+    EXPECT_GT(entry["sizeExt"], 0);
+    EXPECT_EQ(lists["launchDaemons"], json::array({"/Library/LaunchDaemons/d.plist"}));
+    EXPECT_EQ(lists["applications"].size(), 2U);
+
+    const auto text = on({"inventory", "--kind", "chrome", "--kind", "safari"});
+    EXPECT_THAT(text.out, HasSubstr("Google Chrome extensions: 1\n  Ad \\x1b[31m"));
+    EXPECT_THAT(text.out, HasSubstr("Safari extensions: 0"));
+    EXPECT_THAT(text.out, testing::Not(HasSubstr("Applications")));
+    EXPECT_EQ(text.out.find('\x1b'), std::string::npos);
+    EXPECT_EQ(on({"inventory", "--kind", "nonsense"}).code, 2);
+}
+
+TEST_F(PrivacyCommandTest, ListTellsGroupsItemsAndPaths)
+{
+    const auto outcome = on({"privacy", "list", "--format", "json"});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    const json groups = json::parse(outcome.out);
+    std::vector<std::string> names;
+    for (const json& group : groups) {
+        names.push_back(group["Name"]);
+        EXPECT_EQ(keysOf(group).size(), 5U);
+        for (const json& item : group["items"]) {
+            EXPECT_THAT(keysOf(item),
+                        testing::UnorderedElementsAre("NameText", "bytes", "sizeText", "isExt",
+                                                      "isHeader", "AllList"));
+        }
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"Safari", "Chrome", "Browser_ext", "System"}));
+    const json& cookies = groups[1]["items"][0];
+    EXPECT_EQ(cookies["NameText"], "Cookies (A\\nB)");
+    EXPECT_EQ(cookies["AllList"], json::array({chrome + "/Default/Cookies"}));
+    EXPECT_GT(cookies["bytes"], 0);
+    EXPECT_EQ(groups[3]["items"][2]["AllList"], json::array({"/Users/alice/Library/Logs/"}));
+
+    const auto text = on({"privacy", "list"});
+    EXPECT_THAT(text.out, HasSubstr("Browser Extensions  "));
+    EXPECT_THAT(text.out, HasSubstr("0 byte"));
+    EXPECT_THAT(run({"privacy", "list", "--volume", volume.path(), "--user", "bob"}).err,
+                HasSubstr("homes there are: alice"));
+    interrupted.request();
+    EXPECT_EQ(on({"privacy", "list"}).code, 130);
+    EXPECT_EQ(on({"inventory"}).code, 130);
+}
+
+TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
+{
+    const std::string cookies = chrome + "/Default/Cookies";
+    const std::string log = "/Users/alice/Library/Logs/a.log";
+    PlainRemover remover(volume);
+    const auto clear = [&](cli::ClearArguments arguments, std::vector<std::string> running = {}) {
+        return with([&](const cli::Console& console) {
+            auto host = std::move(
+                cli::Host::open(console, {volume.path(), "alice", false}, cli::StoreUse::None)
+                    .value());
+            cli::CleanerHost cleaner(*host);
+            return cli::clearItems(cleaner, running, remover, arguments, console);
+        });
+    };
+    const struct {
+        const char* name;
+        const char* complaint;
+    } wrong[] = {{"Nonsense", "there is no item \"Nonsense\""},
+                 {"Cookies ", "there is no item"},
+                 {"User preferences", ""},
+                 {"Browser Caches", "\"Safari/Browser Caches\", \"Chrome/Browser Caches\""},
+                 {"Google Chrome Extensions", "there is no item"}};
+    for (const auto& row : wrong) {
+        const auto outcome = clear({{row.name}, true, false, "text"});
+        EXPECT_EQ(outcome.code, *row.complaint ? 2 : 0) << row.name;
+        EXPECT_THAT(outcome.err, HasSubstr(row.complaint));
+    }
+    const std::vector<std::string> both{"Cookies (A\\nB)", "System/System Log Files"};
+    const auto dry = clear({both, true, false, "json"}, {"Google Chrome"});
+    EXPECT_EQ(dry.code, 0);
+    const json preview = json::parse(dry.out);
+    EXPECT_EQ(preview["entries"], 1);
+    EXPECT_EQ(preview["openBrowsers"], json::array({"Google Chrome"}));
+    EXPECT_EQ(preview["locations"][0]["path"], cookies);
+    EXPECT_THAT(dry.err, HasSubstr("Google Chrome is running"));
+    EXPECT_EQ(clear({both, false, false, "text"}).code, 2); // nobody to ask
+    terminal = true;
+    input = "n\n";
+    EXPECT_EQ(clear({both, false, false, "text"}).code, 2);
+    EXPECT_TRUE(volume.contains(cookies) && volume.contains(log));
+
+    input = "y\n";
+    const auto partly = clear({both, false, false, "text"}, {"Google Chrome"});
+    EXPECT_EQ(partly.code, 1);
+    EXPECT_THAT(partly.out, HasSubstr("You have successfully cleared selected data."));
+    EXPECT_THAT(partly.out, HasSubstr("stayed: " + cookies + " (Google Chrome is running"));
+    EXPECT_TRUE(volume.contains(cookies) && !volume.contains(log));
+    EXPECT_TRUE(volume.contains("/Users/alice/Library/Logs"));
+    const auto done = clear({both, false, true, "json"});
+    EXPECT_EQ(done.code, 0);
+    EXPECT_TRUE(json::parse(done.out)["stayed"].empty());
+    EXPECT_FALSE(volume.contains(cookies));
+}
+
+} // namespace pryvane::test
