@@ -31,22 +31,27 @@ void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::st
                               std::string_view risk, std::int64_t size)
 {
     auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
-    if (record->isAvail)
-        push({std::move(record), {}, Admission::Tested});
+    if (!record->isAvail)
+        return;
+    record->seen = m_services.disk.sighting(url);
+    push({std::move(record), {}, Admission::Tested});
 }
 
 void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::string_view type,
-                           std::string_view risk, std::int64_t size)
+                           std::string_view risk, std::int64_t size, const Sighting& seen)
 {
-    push({Spyware::SpyWareSeen(name, type, size, url, risk), {}, Admission::Tested});
+    auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
+    if (seen.inode != 0) // else the walk could not tell
+        record->seen = seen;
+    push({std::move(record), {}, Admission::Tested});
 }
 
 void FindingInbox::append(const FileURL& url, std::string_view name, std::string_view type,
                           std::string_view risk, std::int64_t size)
 {
-    push({Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk),
-          {},
-          Admission::AsItIs});
+    auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
+    record->seen = m_services.disk.sighting(url);
+    push({std::move(record), {}, Admission::AsItIs});
 }
 
 void FindingInbox::whenEmpty(std::function<void()> done)

@@ -29,7 +29,7 @@ public:
     void addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
                     std::string_view risk, std::int64_t size) override;
     void addSeen(const FileURL& url, std::string_view name, std::string_view type,
-                 std::string_view risk, std::int64_t size) override;
+                 std::string_view risk, std::int64_t size, const Sighting& seen) override;
     void append(const FileURL& url, std::string_view name, std::string_view type,
                 std::string_view risk, std::int64_t size) override;
 

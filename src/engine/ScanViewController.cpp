@@ -16,11 +16,15 @@
 namespace pryvane {
 
 ScanViewController::ScanViewController(const PlatformServices& services, ScanState& state,
-                                       DiskAccess& access, DefaultMethods& store,
+                                       DiskAccess& access, DefaultMethods& store, Remover& remover,
                                        ScanOptions options, QObject* parent)
     : QObject(parent), m_services(services), m_state(state), m_access(access), m_store(store),
       m_options(std::move(options)), m_launchDate(services.clock.now()),
-      m_inbox(services, state, [this] { Q_EMIT stateChanged(); })
+      m_inbox(services, state, [this] { Q_EMIT stateChanged(); }),
+      m_removal(services, remover,
+                {state, m_display, m_lists, m_options.user, [this] { return isScanning(); },
+                 [this] { makeAccessibleUIChanges(); }, [this] { Q_EMIT stateChanged(); },
+                 [this] { Q_EMIT removalEnded(); }})
 {
     m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
     observe();
@@ -39,6 +43,8 @@ ScanViewController::~ScanViewController()
 
 void ScanViewController::SpywareScanStart()
 {
+    if (m_removal.isRemoving())
+        return;
     showStart();
     if (m_isScanning || m_isStoring) {
         Q_EMIT stateChanged();
@@ -56,8 +62,10 @@ void ScanViewController::SpywareScanStart()
     makeAccessibleUIChanges();
     m_state.arrSpywareList.clear();
     m_inbox.clear();
-    m_arrSpyWarePath.clear();
-    m_arrThreats.clear();
+    const bool threatFound = m_lists.threatFound; // stays what the last report said
+    m_lists = {};
+    m_lists.threatFound = threatFound;
+    m_removal.forgetSummary();
     m_display.findings = 0;
     m_display.entries = 0;
     m_display.progressBar = 0;
@@ -193,8 +201,8 @@ void ScanViewController::doneScan()
                    : m_state.isRealTimeProtectionON ? "Real Time Scan"
                                                     : "Quick Scan";
     m_isScanning = false;
-    m_threatFound = !m_state.arrSpywareList.records().empty();
-    m_arrThreats = m_state.arrSpywareList.records();
+    m_lists.threatFound = !m_state.arrSpywareList.records().empty();
+    m_lists.arrThreats = m_state.arrSpywareList.records();
     makeAccessibleUIChanges();
 
     const Date now = m_services.clock.now();
@@ -202,7 +210,7 @@ void ScanViewController::doneScan()
                                                             durationText(now), m_reportType, now);
     m_report->volume = m_services.disk.identity();
     m_report->coverage = m_coverage;
-    m_tempReport = m_report;
+    m_lists.tempReport = m_report;
 
     m_state.isScanStop.clear();
     m_state.totalCount = 0;
@@ -231,9 +239,7 @@ void ScanViewController::reportStored(const std::string& error)
     m_display.progressText = "0%";
     endSession();
     m_services.notifications.post(NotificationName::ScanningChange, std::int64_t{0});
-    m_arrSpyWarePath.reserve(m_state.arrSpywareList.records().size());
-    for (const auto& record : m_state.arrSpywareList.records())
-        m_arrSpyWarePath.push_back(record->url.relativePath());
+    listFindings();
     makeAccessibleUIChanges();
     Q_EMIT stateChanged();
     Q_EMIT scanEnded();
@@ -248,9 +254,22 @@ void ScanViewController::backToIdle()
     m_display.progressBar = 0;
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
     endSession();
+    listFindings();
     makeAccessibleUIChanges();
     Q_EMIT stateChanged();
     Q_EMIT scanEnded();
+}
+
+/// What a removal asks of the findings; those of a stopped scan can be removed, too.
+void ScanViewController::listFindings()
+{
+    m_lists.volume = m_services.disk.identity();
+    const SpywareList& records = m_state.arrSpywareList.records();
+    m_lists.arrSpyWarePath.reserve(records.size());
+    for (const auto& record : records) {
+        m_lists.arrSpyWarePath.push_back(record->url.relativePath());
+        m_lists.ARDDetect = m_lists.ARDDetect || record->infections == catalogue::kRemoteDesktop;
+    }
 }
 
 void ScanViewController::endSession()

@@ -6,6 +6,8 @@
 #include "engine/ScanDisplay.h"
 #include "engine/ScanOptions.h"
 #include "engine/StatusPanel.h"
+#include "engine/ThreatLists.h"
+#include "engine/ThreatRemoval.h"
 #include "engine/records/ScanCoverage.h"
 #include "engine/records/ScanState.h"
 #include "platform/PlatformServices.h"
@@ -15,6 +17,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -22,19 +25,22 @@ namespace pryvane {
 
 class DefaultMethods;
 class DiskAccess;
+class Remover;
 
-/// The scan screen without its widgets: drives a scan from its start to its stored report, and says
-/// what to show meanwhile. Main thread only; its background threads end with it.
+/// The scan screen without its widgets: drives a scan from its start to its stored report, removes
+/// what the user selects of its findings, and says what to show meanwhile. Main thread only; its
+/// background threads end with it.
 class ScanViewController final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ScanViewController)
 
 public:
     ScanViewController(const PlatformServices& services, ScanState& state, DiskAccess& access,
-                       DefaultMethods& store, ScanOptions options, QObject* parent = nullptr);
+                       DefaultMethods& store, Remover& remover, ScanOptions options,
+                       QObject* parent = nullptr);
     ~ScanViewController() override;
 
-    /// Starts a scan; does nothing while one runs.
+    /// Starts a scan; does nothing while one runs or findings are being removed.
     void SpywareScanStart();
     void scanningStartAction() { SpywareScanStart(); }
 
@@ -44,14 +50,30 @@ public:
     /// Brings the protection status up to date.
     void makeAccessibleUIChanges();
 
+    // The removal of findings; see ThreatRemoval for what each does.
+    void deleteSelectedThreat() { m_removal.deleteSelectedThreat(); }
+    [[nodiscard]] bool forceQuitBrowsers() { return m_removal.forceQuitBrowsers(); }
+    void removeThisSpyware(const SpywareList& list) { m_removal.removeThisSpyware(list); }
+    void removeSpyware() { m_removal.removeSpyware(); }
+    [[nodiscard]] bool tryAgain() { return m_removal.tryAgain(); }
+    bool retryActionForWebBrowser() { return m_removal.retryActionForWebBrowser(); }
+    void displayPanel(std::vector<BrowserEntry> list) { m_removal.displayPanel(std::move(list)); }
+    void reloadPanel(std::vector<BrowserEntry> list) { m_removal.reloadPanel(std::move(list)); }
+    void disMissPanel() { m_removal.disMissPanel(); }
+    void reloadThreatDetails() { m_removal.reloadThreatDetails(); }
+    void selectThreat(std::size_t row, bool on) { m_removal.selectThreats(std::span(&row, 1), on); }
+    [[nodiscard]] ThreatRemoval& removal() { return m_removal; }
+    [[nodiscard]] const ThreatRemoval& removal() const { return m_removal; }
+    [[nodiscard]] const ThreatLists& lists() const { return m_lists; }
+
     [[nodiscard]] bool isScanning() const { return m_isScanning || m_isStoring; }
     [[nodiscard]] const ScanDisplay& display() const { return m_display; }
     [[nodiscard]] const StatusPanel& statusPanel() const { return m_statusPanel; }
-    [[nodiscard]] bool threatFound() const { return m_threatFound; }
-    [[nodiscard]] const SpywareList& arrThreats() const { return m_arrThreats; }
+    [[nodiscard]] bool threatFound() const { return m_lists.threatFound; }
+    [[nodiscard]] const SpywareList& arrThreats() const { return m_lists.arrThreats; }
     [[nodiscard]] const std::vector<std::string>& arrSpyWarePath() const
     {
-        return m_arrSpyWarePath;
+        return m_lists.arrSpyWarePath;
     }
     [[nodiscard]] const std::string& reportType() const { return m_reportType; }
 
@@ -67,6 +89,8 @@ Q_SIGNALS:
     void stateChanged();
     /// A scan has ended, with a report or, when it was stopped, without.
     void scanEnded();
+    /// A removal has ended, whole or not.
+    void removalEnded();
 
 private:
     enum class Ending : std::uint8_t { WithReport, WithoutReport };
@@ -88,6 +112,7 @@ private:
     void ScanningProgressURL(const std::string& location);
     void updateThreatBox();
     void observe();
+    void listFindings();
     void addCoverage(ScanCoverage coverage);
     void finishCoverage();
     [[nodiscard]] std::string durationText(Date now) const;
@@ -103,12 +128,9 @@ private:
 
     bool m_isScanning = false;
     bool m_isStoring = false; ///< the store thread has the report and the store
-    bool m_threatFound = false;
+    ThreatLists m_lists;
     std::string m_reportType;
-    SpywareList m_arrThreats;
-    std::vector<std::string> m_arrSpyWarePath;
     std::shared_ptr<SpywareScanReport> m_report;
-    std::shared_ptr<SpywareScanReport> m_tempReport;
     std::string m_storeError;
     ScanDisplay m_display;
     StatusPanel m_statusPanel;
@@ -122,6 +144,7 @@ private:
     std::vector<NotificationCenter::Observation> m_observations;
     std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
     FindingInbox m_inbox;
+    ThreatRemoval m_removal;
     Worker m_checkThread; // last: they end before anything they use
     Worker m_walkThread;
     Worker m_storeThread;

@@ -101,7 +101,7 @@ void ScanViewController::makeAccessibleUIChanges()
     StatusFacts facts;
     facts.homeWritable = m_access.isWritable(m_options.homeRoot());
     facts.scanRunning = m_isScanning;
-    facts.threatFound = m_threatFound;
+    facts.threatFound = m_lists.threatFound;
     if (defaults.contains(preferences::kLastScanDate))
         facts.lastScan = defaults.get(preferences::kLastScanDate);
     facts.launch = m_launchDate;

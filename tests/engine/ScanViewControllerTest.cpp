@@ -131,8 +131,9 @@ TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
 
 TEST_F(ScanViewControllerTest, DestroyingTheControllerEndsARunningScan)
 {
-    auto passing = std::make_unique<ScanViewController>(
-        services(), state, access, store, ScanOptions{"alice", FileURL::fileURLWithPath("/")});
+    auto passing =
+        std::make_unique<ScanViewController>(services(), state, access, store, remover,
+                                             ScanOptions{"alice", FileURL::fileURLWithPath("/")});
     passing->SpywareScanStart();
     mainQueue.drain();
     passing.reset();

@@ -3,6 +3,7 @@
 #include "engine/EngineFixture.h"
 #include "engine/ScanViewController.h"
 #include "reports/DefaultMethods.h"
+#include "support/PlainRemover.h"
 
 #include <mutex>
 
@@ -44,9 +45,11 @@ protected:
     }
     ReportList stored() { return store.loadListReportWithKey(preferences::kSaveReport); }
 
+    PlainRemover remover{volume};
     DefaultMethods store{defaults, *disk, clock, log};
-    ScanViewController controller{services(), state, access, store,
-                                  ScanOptions{"alice", FileURL::fileURLWithPath("/")}};
+    ScanViewController controller{services(), state,
+                                  access,     store,
+                                  remover,    ScanOptions{"alice", FileURL::fileURLWithPath("/")}};
     std::vector<std::string> notes, steps, labels;
     std::mutex notesMutex; ///< checks post from their thread too
     int ended = 0;

@@ -46,6 +46,7 @@ public:
     bool isAvail = false;   ///< the location existed when the record was made or read back
     bool isDeleted = false; ///< its removal succeeded
     bool isNoAction = false;
+    std::string removalFailure; ///< why it could not be removed, for a person; not stored
     RowColor redGreen = RowColor::Grey;
 
     /// Where it was when a scan found it; none for a record that was read back from the store.

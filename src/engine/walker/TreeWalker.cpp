@@ -257,7 +257,11 @@ bool TreeWalker::isMatch(const Level& level, std::string_view name) const
 
 void TreeWalker::addMatch(std::string_view name)
 {
-    m_shared.report.add(m_place, {m_path + std::string(name), m_path.size(), {}});
+    const FolderId& folder = m_ancestry[m_ancestry.size() - 1];
+    m_shared.report.add(m_place, {m_path + std::string(name),
+                                  m_path.size(),
+                                  {},
+                                  {folder.device, folder.inode, FileKind::RegularFile}});
 }
 
 void TreeWalker::tellPath(std::string_view name)

@@ -36,9 +36,10 @@ void WalkNotifications::progress(std::int64_t steps)
     m_center.post(NotificationName::ScanningProgress, steps);
 }
 
-void WalkNotifications::match(std::string_view path, std::string_view name)
+void WalkNotifications::match(std::string_view path, std::string_view name, const Sighting& seen)
 {
-    m_findings.addSeen(FileURL::fileURLWithPath(path), name, catalogue::kFullSystem, kHighRisk, 0);
+    m_findings.addSeen(FileURL::fileURLWithPath(path), name, catalogue::kFullSystem, kHighRisk, 0,
+                       seen);
 }
 
 void WalkNotifications::refused(std::string_view path, std::string_view reason)

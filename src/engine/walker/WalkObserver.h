@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileSystem.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -32,7 +34,8 @@ public:
     virtual void progress(std::int64_t steps) = 0;
 
     /// A file's path holds a text of the full-system list. In the order of the walk, one file once.
-    virtual void match(std::string_view path, std::string_view name) = 0;
+    /// `seen` is the file as the walk met it.
+    virtual void match(std::string_view path, std::string_view name, const Sighting& seen) = 0;
 
     /// A folder that is there could not be read, or not to its end. In the order of the walk.
     virtual void refused(std::string_view path, std::string_view reason) = 0;

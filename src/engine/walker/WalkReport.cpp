@@ -66,7 +66,7 @@ void WalkReport::tellWaiting(Stretch& stretch)
 void WalkReport::tell(const Item& item)
 {
     if (item.reason.empty())
-        m_observer.match(item.path, std::string_view(item.path).substr(item.nameAt));
+        m_observer.match(item.path, std::string_view(item.path).substr(item.nameAt), item.seen);
     else if (++m_refusals <= kMostRefusals)
         m_observer.refused(item.path, item.reason);
 }

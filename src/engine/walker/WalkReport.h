@@ -24,6 +24,7 @@ public:
         std::string path;
         std::size_t nameAt = 0; ///< where the last name begins
         std::string reason;     ///< of a refusal; empty for a match
+        Sighting seen = {};     ///< of a match
     };
     struct Stretch {
         std::vector<Item> waiting;

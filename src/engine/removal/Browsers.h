@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane {
+
+/// A browser that keeps its profile's files open while it runs.
+struct Browser {
+    std::string_view applicationName; ///< as a running application
+    std::string_view displayName;
+    std::string_view profileLocation; ///< "%@" stands for the user's short name
+    std::string_view applicationPath; ///< whose icon is shown
+};
+
+/// All of them, in the order in which they are looked at and listed.
+[[nodiscard]] std::span<const Browser> browsers();
+
+/// A browser that must be quit before removal may go on.
+struct BrowserEntry {
+    std::string NameBrowser;
+    std::string iconBrowser; ///< the application whose icon to show: a path of the volume
+    friend bool operator==(const BrowserEntry&, const BrowserEntry&) = default;
+};
+
+/// Which browsers must be quit: those that run while at least one of the paths contains their
+/// profile location, by a plain substring test. Pure.
+[[nodiscard]] std::vector<BrowserEntry> browsersToQuit(std::span<const std::string> paths,
+                                                       std::span<const std::string> running,
+                                                       std::string_view user);
+
+} // namespace pryvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace pryvane {
+
+/// How the count of failures is written: a retry and the scan screen indent it by two blanks.
+enum class FailedText : std::uint8_t { Indented, Plain };
+
+/// What a removal comes to, for the banner above the outcome table. Texts and image names are shown
+/// as they stand; the result text centred, white, in the bold system font of size 12.
+struct RemovalSummary {
+    std::string resultText; ///< "  2 Failed", or empty
+    std::string background;
+    std::string informationText;
+    std::string icon;
+    friend bool operator==(const RemovalSummary&, const RemovalSummary&) = default;
+};
+
+inline constexpr int kRemovalResultPoints = 12;
+
+[[nodiscard]] RemovalSummary removalSummary(std::size_t failed,
+                                            FailedText form = FailedText::Indented);
+
+} // namespace pryvane
