@@ -2,6 +2,7 @@
 
 #include "cli/TerminalQuestions.h"
 #include "core/Escape.h"
+#include "platform/Remover.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/posix/DataFolder.h"
 #include "platform/posix/LoginUser.h"
@@ -79,6 +80,13 @@ PlatformServices Host::services()
 {
     return {*m_disk,   *m_defaults,     m_notifications, m_mainQueue,    *m_clock,
             *m_alerts, *m_folderPicker, *m_workspace,    m_userNotifier, m_log};
+}
+
+Result<Remover*> Host::remover()
+{
+    if (!m_remover)
+        m_remover = std::make_unique<NoRemover>();
+    return m_remover.get();
 }
 
 } // namespace pryvane::cli

@@ -16,8 +16,9 @@
 #include <string>
 
 namespace pryvane {
+class Remover;
 class Workspace;
-}
+} // namespace pryvane
 
 namespace pryvane::cli {
 
@@ -50,6 +51,8 @@ public:
     [[nodiscard]] Workspace& workspace() { return *m_workspace; }
     [[nodiscard]] UserDefaults& defaults() { return *m_defaults; }
     [[nodiscard]] Clock& clock() { return *m_clock; }
+    /// What removes for good on this volume and keeps the account of it; made on first use.
+    [[nodiscard]] Result<Remover*> remover();
     [[nodiscard]] BlockingMainQueue& mainQueue() { return m_mainQueue; }
     [[nodiscard]] NotificationCenter& notifications() { return m_notifications; }
     [[nodiscard]] ScanState& state() { return m_state; }
@@ -70,6 +73,7 @@ private:
     std::unique_ptr<VolumeFileSystem> m_disk;
     std::unique_ptr<UserDefaults> m_defaults;
     std::unique_ptr<Workspace> m_workspace;
+    std::unique_ptr<Remover> m_remover;
     std::string m_user;
     std::string m_dataFolder;
 };

@@ -1,6 +1,9 @@
 #include "platform/linux/LinuxWorkspace.h"
 
 #include "platform/linux/PropertyList.h"
+#include "platform/linux/RunningApplications.h"
+#include "platform/posix/HostRoot.h"
+#include "platform/posix/UniqueFd.h"
 
 namespace pryvane {
 
@@ -29,7 +32,10 @@ std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundl
 
 std::vector<std::string> LinuxWorkspace::runningApplications()
 {
-    return {}; // filled from /proc next
+    // Those of this host have nothing to do with a disk that is mounted on it.
+    const UniqueFd root(m_disk.openFolder(FileURL::fileURLWithPath("/")));
+    return root && isHostRoot(root.get()) ? runningApplicationsOfHost()
+                                          : std::vector<std::string>();
 }
 
 } // namespace pryvane

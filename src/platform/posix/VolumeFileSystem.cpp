@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "platform/posix/ErrorText.h"
 #include "platform/posix/FolderStream.h"
+#include "platform/posix/HostRoot.h"
 #include "platform/posix/HostVolume.h"
 #include "platform/posix/PathParts.h"
 
@@ -22,14 +23,6 @@ Presence presenceOf(int error)
     if (error == 0)
         return Presence::Present;
     return meansAbsent(error) ? Presence::Absent : Presence::Unknown;
-}
-
-bool isHostRoot(int rootFd)
-{
-    struct stat volume {};
-    struct stat host {};
-    return fstat(rootFd, &volume) == 0 && stat("/", &host) == 0 && volume.st_dev == host.st_dev &&
-           volume.st_ino == host.st_ino;
 }
 
 /// File system, root folder and its birth: what stays the same when a disk is mounted again, and
