@@ -1,4 +1,5 @@
 #include "platform/linux/RunningApplications.h"
+
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/posix/VolumeFileSystem.h"
 #include "support/RunningProgram.h"
@@ -37,7 +38,7 @@ TEST(RunningApplications, TellsEachOnceAndIsNotLedAstray)
     };
     process("10", "10 (firefox) S" + kRest);
     process("11", "11 (firefox) S" + kRest);
-    process("12", "12 (chrome) Z" + kRest);             // a zombie
+    process("12", "12 (chrome) Z" + kRest);              // a zombie
     process("13", "13 (chrome) S 2 0 0 0 -1 2129984 0"); // a thread of the kernel
     process("14", "14 (x) S 1 2 2 0 -1 0 (chrome) R" + kRest);
     process("15", "15 (\n\xff\x1b[2J) R 1) S" + kRest);
