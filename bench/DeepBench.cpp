@@ -3,6 +3,7 @@
 //   deep_bench stop VOLUME             the longest of some waits between a stop and the end
 //   deep_bench strings                 the full-system list, one a line
 //   deep_bench idle VOLUME               nothing, for its memory
+#include "PeakMemory.h"
 #include "core/NotificationCenter.h"
 #include "engine/FindingInbox.h"
 #include "engine/records/ScanCoverage.h"
@@ -39,22 +40,6 @@ constexpr const char* kHome = "/Users/alice/";
 std::vector<std::string> texts()
 {
     return catalogue::fullSyatemScanPath(kUser);
-}
-
-/// This process's own peak, in kilobytes. What a parent is told of its children would hold the
-/// parent's size at the fork.
-long peakMemory()
-{
-    long kilobytes = 0;
-    if (std::FILE* status = std::fopen("/proc/self/status", "r")) {
-        char line[128];
-        while (std::fgets(line, sizeof line, status)) {
-            if (std::sscanf(line, "VmHWM: %ld", &kilobytes) == 1)
-                break;
-        }
-        std::fclose(status);
-    }
-    return kilobytes;
 }
 
 /// A process as the program is while it scans, with a display that takes samples.
@@ -103,7 +88,8 @@ public:
     {
         std::printf("%lld entries, %zu findings, %d steps, %d samples, peak %ld kB\n",
                     static_cast<long long>(m_state.totalCount.load()),
-                    m_state.arrSpywareList.records().size(), m_progress, m_samples, peakMemory());
+                    m_state.arrSpywareList.records().size(), m_progress, m_samples,
+                    bench::peakMemory());
     }
 
 private:

@@ -15,7 +15,7 @@ target_link_options(pryvane_flags INTERFACE
     $<$<PLATFORM_ID:Linux>:-Wl,-z,relro,-z,now> $<$<PLATFORM_ID:Linux>:-Wl,--as-needed>)
 target_compile_definitions(pryvane_flags INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
-    PRYVANE_VERSION="${PROJECT_VERSION}"
+    PRYVANE_VERSION="${PROJECT_VERSION}" PRYVANE_BUILD="${PRYVANE_BUILD}"
     $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 
 if(PRYVANE_SANITIZE)

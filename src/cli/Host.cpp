@@ -2,12 +2,16 @@
 
 #include "cli/TerminalQuestions.h"
 #include "core/Escape.h"
-#include "platform/Remover.h"
+#include "platform/linux/LinuxMachineInfo.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/posix/DataFolder.h"
+#include "platform/posix/LoadedPrinter.h"
 #include "platform/posix/LoginUser.h"
 #include "platform/posix/MemoryUserDefaults.h"
 #include "platform/posix/SqliteUserDefaults.h"
+#include "platform/posix/removal/VolumeRemover.h"
+#include "reports/pdf/PDFGenerate.h"
+#include "reports/pdf/ReportPrinting.h"
 #include "signatures/MakersApplications.h"
 
 namespace pryvane::cli {
@@ -23,7 +27,42 @@ bool isShortName(std::string_view user)
 
 } // namespace
 
+/// What a report on paper takes.
+struct Host::Documents {
+    LinuxMachineInfo machine;
+    PDFGenerate pdf;
+    LoadedPrinter printer;
+    ReportPrinting printing;
+
+    explicit Documents(Host& host)
+        : pdf({.shortVersion = PRYVANE_VERSION,
+               .buildVersion = PRYVANE_BUILD,
+               .cachesFolder = defaultCachesFolder()},
+              host.disk(), machine),
+          printing(pdf, printer, host.log())
+    {
+    }
+};
+
+Host::Host() = default;
 Host::~Host() = default;
+
+Host::Documents& Host::documents()
+{
+    if (!m_documents)
+        m_documents = std::make_unique<Documents>(*this);
+    return *m_documents;
+}
+
+PDFGenerate& Host::pdf()
+{
+    return documents().pdf;
+}
+
+ReportPrinting& Host::printing()
+{
+    return documents().printing;
+}
 
 Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArguments& arguments,
                                          StoreUse use, Pacing pacing)
@@ -85,7 +124,8 @@ PlatformServices Host::services()
 Result<Remover*> Host::remover()
 {
     if (!m_remover)
-        m_remover = std::make_unique<NoRemover>();
+        m_remover = std::make_unique<VolumeRemover>(*m_disk, m_journal,
+                                                    std::vector<std::string>{m_dataFolder});
     return m_remover.get();
 }
 

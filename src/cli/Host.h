@@ -6,6 +6,7 @@
 #include "engine/records/ScanState.h"
 #include "platform/Log.h"
 #include "platform/PlatformServices.h"
+#include "platform/RemovalJournal.h"
 #include "platform/UserDefaults.h"
 #include "platform/UserNotifier.h"
 #include "platform/posix/BlockingMainQueue.h"
@@ -16,6 +17,8 @@
 #include <string>
 
 namespace pryvane {
+class PDFGenerate;
+class ReportPrinting;
 class Remover;
 class Workspace;
 } // namespace pryvane
@@ -58,8 +61,15 @@ public:
     [[nodiscard]] ScanState& state() { return m_state; }
     [[nodiscard]] Log& log() { return m_log; }
 
+    /// Documents and printers, made when they are first asked for.
+    [[nodiscard]] PDFGenerate& pdf();
+    [[nodiscard]] ReportPrinting& printing();
+
 private:
-    Host() = default;
+    struct Documents;
+
+    Host();
+    [[nodiscard]] Documents& documents();
     [[nodiscard]] Result<Done> openStore(const Console& console, StoreUse use);
 
     NotificationCenter m_notifications;
@@ -73,6 +83,8 @@ private:
     std::unique_ptr<VolumeFileSystem> m_disk;
     std::unique_ptr<UserDefaults> m_defaults;
     std::unique_ptr<Workspace> m_workspace;
+    std::unique_ptr<Documents> m_documents;
+    NoRemovalJournal m_journal;
     std::unique_ptr<Remover> m_remover;
     std::string m_user;
     std::string m_dataFolder;

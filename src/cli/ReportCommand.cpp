@@ -7,6 +7,8 @@
 #include "reports/DefaultMethods.h"
 #include "reports/ReportCompare.h"
 #include "reports/ReportExport.h"
+#include "reports/pdf/PDFGenerate.h"
+#include "reports/pdf/ReportPrinting.h"
 
 #include <ostream>
 
@@ -19,6 +21,8 @@ struct ReportArguments {
     std::string id;
     std::string otherId;
     std::string format = "json";
+    std::string file;
+    std::string printer;
     bool yes = false;
 };
 
@@ -80,15 +84,23 @@ void writeReport(const Console& console, const SpywareScanReport& report, DiskSt
     console.out << "\n" << coverageText(report.coverage);
 }
 
+/// Says so where what is still there cannot be known; true where it can.
+bool isOfThisVolume(const Console& console, Host& host, const SpywareScanReport& report)
+{
+    if (report.volume == host.disk().identity())
+        return true;
+    if (!report.spyWareList->empty()) {
+        console.say("this report is of another volume, so what is still there is not known; name "
+                    "the volume with --volume DIR");
+    }
+    return false;
+}
+
 int showReport(const ReportArguments& arguments, const Console& console)
 {
     const auto show = [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
-        const bool sameVolume = report.volume == host.disk().identity();
-        writeReport(console, report, sameVolume ? DiskState::Asked : DiskState::NotAsked);
-        if (!report.spyWareList->empty() && !sameVolume) {
-            console.say("this report is of another volume, so what is still there is not known; "
-                        "name the volume with --volume DIR");
-        }
+        const bool known = isOfThisVolume(console, host, report);
+        writeReport(console, report, known ? DiskState::Asked : DiskState::NotAsked);
         return int{kDone};
     };
     return withReport(console, arguments, show);
@@ -106,6 +118,37 @@ int exportReport(const ReportArguments& arguments, const Console& console)
                               console.out << reportAsJson(report);
                           return int{kDone};
                       });
+}
+
+int writePdf(const ReportArguments& arguments, const Console& console)
+{
+    const auto write = [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
+        const auto written = host.pdf().createPDF(report, arguments.file);
+        if (!written)
+            return console.fail(written.error().message);
+        isOfThisVolume(console, host, report);
+        return int{kDone};
+    };
+    return withReport(console, arguments, write);
+}
+
+int printReport(const ReportArguments& arguments, const Console& console)
+{
+    const auto print = [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
+        const PrintOutcome outcome = host.printing().makeAndPrintPDF(report, arguments.printer);
+        switch (outcome.state) {
+        case PrintOutcome::State::Failed:
+            return console.fail(outcome.reason);
+        case PrintOutcome::State::NothingToPrint:
+            return console.fail("the document is gone; nothing was printed");
+        case PrintOutcome::State::Sent:
+            break;
+        }
+        isOfThisVolume(console, host, report);
+        console.out << "Print job " << outcome.job << "\n";
+        return int{kDone};
+    };
+    return withReport(console, arguments, print);
 }
 
 int deleteReport(const ReportArguments& arguments, const Console& console)
@@ -171,7 +214,8 @@ void addId(CLI::App& command, std::string& target, const char* name = "ID")
 
 void addReportCommand(CommandLine& line, CLI::App& app)
 {
-    CLI::App* parent = app.add_subcommand("report", "Show, export, compare and delete reports");
+    CLI::App* parent =
+        app.add_subcommand("report", "Show, export, print, compare and delete reports");
     parent->require_subcommand(1);
     const auto arguments = std::make_shared<ReportArguments>();
 
@@ -187,6 +231,18 @@ void addReportCommand(CommandLine& line, CLI::App& app)
     exported->add_option("--format", arguments->format, "json, csv or html")
         ->check(CLI::IsMember({"json", "csv", "html"}))
         ->type_name("FORMAT");
+
+    CLI::App* pdf =
+        addOne(line, *parent, "pdf", "One report as a PDF document", writePdf, arguments);
+    addId(*pdf, arguments->id);
+    pdf->add_option("FILE", arguments->file, "Where to write it; an older file is replaced")
+        ->required();
+
+    CLI::App* printed =
+        addOne(line, *parent, "print", "One report on paper", printReport, arguments);
+    addId(*printed, arguments->id);
+    printed->add_option("--printer", arguments->printer, "The queue (default: the default printer)")
+        ->type_name("NAME");
 
     CLI::App* deleted =
         addOne(line, *parent, "delete", "Delete one report", deleteReport, arguments);

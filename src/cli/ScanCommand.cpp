@@ -3,14 +3,20 @@
 #include "cli/Host.h"
 #include "cli/ProgressBar.h"
 #include "cli/ReportText.h"
+#include "core/Escape.h"
 #include "engine/ScanViewController.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/Remover.h"
+#include "platform/posix/ErrorText.h"
 #include "reports/DefaultMethods.h"
 #include "reports/ReportExport.h"
+#include "reports/pdf/PDFGenerate.h"
 
+#include <cerrno>
+#include <filesystem>
 #include <optional>
 #include <ostream>
+#include <unistd.h>
 
 namespace pryvane::cli {
 
@@ -27,6 +33,7 @@ struct ScanArguments {
     bool store = false;
     bool noStore = false;
     std::string format = "text";
+    std::string pdf;
 };
 
 /// One scan from start to report, on this thread's queue.
@@ -80,6 +87,7 @@ public:
             m_host.state().arrSpywareList.shared(), now,
             stringFromTimeInterval(m_controller.coverage().seconds), "Deep Scan", now);
         shown->coverage = m_controller.coverage();
+        shown->volume = m_host.disk().identity();
         return shown;
     }
 
@@ -112,6 +120,27 @@ void writeText(const Console& console, const SpywareScanReport& report, bool sto
         console.out << "Report: " << report.reportId << "  (pryvane-cli report show latest)\n";
 }
 
+/// A document that cannot be written is better known before the scan than after it.
+Result<Done> mayWriteDocument(const std::string& path)
+{
+    const std::string folder = std::filesystem::path(path).parent_path();
+    if (path.empty() || access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0)
+        return Done{};
+    return Error{"cannot write " + forTerminal(path) + ": " + errorText(errno)};
+}
+
+/// The document, where one is wanted; false where it could not be written, which has been said.
+bool writeDocument(const Console& console, Host& host, const ScanArguments& arguments,
+                   const SpywareScanReport& report)
+{
+    if (arguments.pdf.empty())
+        return true;
+    const auto written = host.pdf().createPDF(report, arguments.pdf);
+    if (!written)
+        console.fail(written.error().message);
+    return written.ok();
+}
+
 int runScan(const ScanArguments& arguments, const Console& console)
 {
     auto host =
@@ -123,6 +152,9 @@ int runScan(const ScanArguments& arguments, const Console& console)
     if (const auto writable = (*host)->defaults().set(preferences::kScan, false); !writable)
         return console.fail(writable.error().message + " (--no-store scans without a store)");
 
+    if (const auto writable = mayWriteDocument(arguments.pdf); !writable)
+        return console.fail(writable.error().message);
+
     ScanRun scan(console, **host, arguments);
     const bool finished = scan.run();
     const bool madeReport = scan.controller().report() != nullptr;
@@ -130,20 +162,24 @@ int runScan(const ScanArguments& arguments, const Console& console)
         return console.fail("the report could not be stored: " + scan.controller().storeError() +
                             " (--no-store shows the findings without storing them)");
     }
+    const auto report = scan.report();
     if (!finished) {
         const bool kept = madeReport && !arguments.noStore;
         console.say(kept ? "interrupted; what was found so far is stored (pryvane-cli report show "
                            "latest)"
                          : "interrupted; no report was stored");
+        if (madeReport)
+            writeDocument(console, **host, arguments, *report);
         return kInterrupted;
     }
-    const auto report = scan.report();
     if (arguments.format == "json")
         console.out << reportAsJson(*report);
     else
         writeText(console, *report, madeReport && !arguments.noStore);
     if (!madeReport)
         console.say("a deep scan with --check-sub-dir n leaves no report");
+    if (!writeDocument(console, **host, arguments, *report))
+        return kFailed;
     return report->spyWareList->empty() ? kDone : kFindings;
 }
 
@@ -181,6 +217,8 @@ void addScanCommand(CommandLine& line, CLI::App& app)
     command->add_option("--format", arguments->format, "text or json")
         ->check(CLI::IsMember({"text", "json"}))
         ->type_name("FORMAT");
+    command->add_option("--pdf", arguments->pdf, "Write the report as a PDF document as well")
+        ->type_name("FILE");
     command->footer("Exit code: 0 nothing found, 1 findings, 2 error, 130 interrupted.\n"
                     "Example: pryvane-cli scan --volume /mnt/mac --user alice --format json");
 }

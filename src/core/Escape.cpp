@@ -25,20 +25,6 @@ void appendByteEscape(std::string& out, unsigned char byte)
     out += kHexDigits[byte & 0xf];
 }
 
-void appendCodePointEscape(std::string& out, char32_t codePoint)
-{
-    std::array<char, 8> digits{};
-    std::size_t count = 0;
-    do {
-        digits[count++] = kHexDigits[codePoint & 0xf];
-        codePoint >>= 4;
-    } while (codePoint != 0);
-    out += "\\u{";
-    while (count > 0)
-        out += digits[--count];
-    out += '}';
-}
-
 /// Characters above ASCII that change how their neighbours look, or show nothing at all. The zero
 /// width joiners stay: emoji and several scripts need them.
 bool isDeceptive(char32_t c)
@@ -179,11 +165,26 @@ std::string forScreen(std::string_view bytes)
         if (length == 1)
             appendAscii(out, bytes[0]);
         else if (isDeceptive(c))
-            appendCodePointEscape(out, c);
+            out += escapedCodePoint(c);
         else
             out.append(bytes.substr(0, length));
         bytes.remove_prefix(length);
     }
+    return out;
+}
+
+std::string escapedCodePoint(char32_t codePoint)
+{
+    std::array<char, 8> digits{};
+    std::size_t count = 0;
+    do {
+        digits[count++] = kHexDigits[codePoint & 0xf];
+        codePoint >>= 4;
+    } while (codePoint != 0);
+    std::string out = "\\u{";
+    while (count > 0)
+        out += digits[--count];
+    out += '}';
     return out;
 }
 

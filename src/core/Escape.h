@@ -23,6 +23,9 @@ namespace pryvane {
 /// The same inside HTML text or a quoted attribute: & < > " ' become entities.
 [[nodiscard]] std::string forHtml(std::string_view bytes);
 
+/// How a character that cannot be shown is written: \u{202e}.
+[[nodiscard]] std::string escapedCodePoint(char32_t codePoint);
+
 /// Percent-encodes all bytes but unreserved characters and "/"; decoding gives the bytes back.
 [[nodiscard]] std::string percentEncoded(std::string_view bytes);
 

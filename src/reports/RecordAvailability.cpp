@@ -1,30 +1,24 @@
 #include "reports/RecordAvailability.h"
 
-#include "platform/FileSystem.h"
-
-#include <string_view>
-#include <unordered_map>
-
 namespace pryvane {
+
+Presence DiskPresence::of(const SpywareScanReport& report, const Spyware& record)
+{
+    const std::string& path = record.url.relativePath();
+    if (report.volume != m_volume || path.empty()) // an empty path would ask for the root
+        return Presence::Unknown;
+    const auto [entry, isNew] = m_known.try_emplace(path, Presence::Unknown);
+    if (isNew)
+        entry->second = m_disk.presence(record.url);
+    return entry->second;
+}
 
 void followDisk(const ReportList& reports, FileSystem& disk)
 {
-    const std::string volume = disk.identity();
-    // By the path as given: a trailing slash asks for a folder, which is a test of its own. The
-    // views stay valid because a record's location never changes.
-    std::unordered_map<std::string_view, bool> known;
+    DiskPresence presence(disk);
     for (const auto& report : reports) {
-        const bool sameVolume = report->volume == volume;
-        for (const auto& record : *report->spyWareList) {
-            if (!sameVolume) {
-                record->setAvailability(false);
-                continue;
-            }
-            const auto [entry, isNew] = known.try_emplace(record->url.relativePath(), false);
-            if (isNew) // an empty path, from a damaged value, would ask for the root
-                entry->second = !entry->first.empty() && disk.exists(record->url);
-            record->setAvailability(entry->second);
-        }
+        for (const auto& record : *report->spyWareList)
+            record->setAvailability(presence.of(*report, *record) == Presence::Present);
     }
 }
 

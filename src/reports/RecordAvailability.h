@@ -1,13 +1,33 @@
 #pragma once
 
+#include "platform/FileSystem.h"
 #include "reports/SpywareScanReport.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace pryvane {
 
-class FileSystem;
+/// What a disk holds of the findings of stored reports. Tests each distinct path once; the reports
+/// must outlive it.
+class DiskPresence {
+public:
+    explicit DiskPresence(FileSystem& disk) : m_disk(disk), m_volume(disk.identity()) {}
 
-/// Makes the records of all reports follow the disk as it is now. Each distinct path is tested
-/// once; the records of another volume than `disk` are unavailable.
+    /// Unknown for a report of another volume, and for a damaged record without a path.
+    [[nodiscard]] Presence of(const SpywareScanReport& report, const Spyware& record);
+
+private:
+    FileSystem& m_disk;
+    std::string m_volume;
+    /// By the path as given: a trailing slash asks for a folder, which is a test of its own. The
+    /// views stay valid because a record's location never changes.
+    std::unordered_map<std::string_view, Presence> m_known;
+};
+
+/// Makes the records of all reports follow the disk as it is now. The records of another volume
+/// than `disk` are unavailable.
 void followDisk(const ReportList& reports, FileSystem& disk);
 
 } // namespace pryvane

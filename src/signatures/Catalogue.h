@@ -24,6 +24,10 @@ inline constexpr std::string_view kRemoteDesktopMethod = "checkForARD";
 /// The one remote-desktop finding carries this name, and the first remote-desktop path.
 inline constexpr std::string_view kRemoteDesktopName = "ARD";
 
+/// Apple's support article on switching remote management on and off, for whoever finds it on.
+inline constexpr std::string_view kRemoteDesktopArticle =
+    "https://support.apple.com/guide/remote-desktop/apd8b1c65bd/mac";
+
 [[nodiscard]] std::span<const ThreatCheck> threatChecks();
 [[nodiscard]] const ThreatCheck* threatCheck(std::string_view method);
 [[nodiscard]] std::span<const SequenceRow> sequence();

@@ -2,8 +2,6 @@
 
 #include "platform/linux/PropertyList.h"
 #include "platform/linux/RunningApplications.h"
-#include "platform/posix/HostRoot.h"
-#include "platform/posix/UniqueFd.h"
 
 namespace pryvane {
 
@@ -33,9 +31,7 @@ std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundl
 std::vector<std::string> LinuxWorkspace::runningApplications()
 {
     // Those of this host have nothing to do with a disk that is mounted on it.
-    const UniqueFd root(m_disk.openFolder(FileURL::fileURLWithPath("/")));
-    return root && isHostRoot(root.get()) ? runningApplicationsOfHost()
-                                          : std::vector<std::string>();
+    return m_disk.isHostRoot() ? runningApplicationsOfHost() : std::vector<std::string>();
 }
 
 } // namespace pryvane

@@ -22,16 +22,28 @@ std::string homeFolder()
     return entry && entry->pw_dir ? entry->pw_dir : "";
 }
 
+/// The program's folder in the base directory that the variable names.
+std::string folderBelow(const char* variable, const char* placeInHome)
+{
+    // An empty or relative value is to be ignored by the base directory rules.
+    std::string base = fromEnvironment(variable);
+    if (!base.starts_with('/'))
+        base = homeFolder() + placeInHome;
+    return base + "/pryvane";
+}
+
 } // namespace
 
 std::string defaultDataFolder()
 {
     if (std::string folder = fromEnvironment("PRYVANE_DATA_DIR"); !folder.empty())
         return folder;
-    // An empty or relative value is to be ignored by the base directory rules.
-    if (std::string base = fromEnvironment("XDG_DATA_HOME"); base.starts_with('/'))
-        return base + "/pryvane";
-    return homeFolder() + "/.local/share/pryvane";
+    return folderBelow("XDG_DATA_HOME", "/.local/share");
+}
+
+std::string defaultCachesFolder()
+{
+    return folderBelow("XDG_CACHE_HOME", "/.cache");
 }
 
 } // namespace pryvane

@@ -8,4 +8,7 @@ namespace pryvane {
 /// that the host's customs give. Not created by asking.
 [[nodiscard]] std::string defaultDataFolder();
 
+/// Where files are kept that can be made again; made when the first of them is.
+[[nodiscard]] std::string defaultCachesFolder();
+
 } // namespace pryvane

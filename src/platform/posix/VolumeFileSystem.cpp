@@ -3,7 +3,6 @@
 #include "core/Escape.h"
 #include "platform/posix/ErrorText.h"
 #include "platform/posix/FolderStream.h"
-#include "platform/posix/HostRoot.h"
 #include "platform/posix/HostVolume.h"
 #include "platform/posix/PathParts.h"
 
@@ -23,6 +22,14 @@ Presence presenceOf(int error)
     if (error == 0)
         return Presence::Present;
     return meansAbsent(error) ? Presence::Absent : Presence::Unknown;
+}
+
+bool isHostRoot(int rootFd)
+{
+    struct stat volume {};
+    struct stat host {};
+    return fstat(rootFd, &volume) == 0 && stat("/", &host) == 0 && volume.st_dev == host.st_dev &&
+           volume.st_ino == host.st_ino;
 }
 
 /// File system, root folder and its birth: what stays the same when a disk is mounted again, and
@@ -110,14 +117,15 @@ Result<std::unique_ptr<VolumeFileSystem>> VolumeFileSystem::open(std::string_vie
         root = componentWalk(rootFd.get());
     if (const int error = root->probe("."))
         return cannotOpen(hostFolder, error);
-    const auto matching = isHostRoot(rootFd.get()) ? NameMatching::Exact : options.nameMatching;
     return std::unique_ptr<VolumeFileSystem>(
-        new VolumeFileSystem(std::move(rootFd), std::move(root), matching));
+        new VolumeFileSystem(std::move(rootFd), std::move(root), options.nameMatching));
 }
 
 VolumeFileSystem::VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root,
                                    NameMatching matching)
-    : m_rootFd(std::move(rootFd)), m_root(std::move(root)), m_matching(matching),
+    : m_rootFd(std::move(rootFd)), m_root(std::move(root)),
+      m_isHostRoot(pryvane::isHostRoot(m_rootFd.get())),
+      m_matching(m_isHostRoot ? NameMatching::Exact : matching),
       m_identity(identityOf(m_rootFd.get())), m_spellings(*m_root)
 {
 }
@@ -296,6 +304,18 @@ std::optional<std::string> VolumeFileSystem::spelledPath(const FileURL& url)
         placeOf("/" + spelled.path, url.mustBeFolder()).error != 0)
         return std::nullopt;
     return "/" + spelled.path;
+}
+
+VolumeFileSystem::Parent VolumeFileSystem::openParent(const FileURL& url) const
+{
+    Place place = placeOf(url.relativePath(), url.mustBeFolder());
+    if (m_matching == NameMatching::AsOnMac && meansAbsent(place.error)) {
+        SpellingResolver fresh(*m_root);
+        const auto spelled = fresh.resolve(url.identity(), LeafLink::Keep);
+        if (spelled.presence == Presence::Present)
+            place = placeOf("/" + spelled.path, url.mustBeFolder());
+    }
+    return {std::move(place.parent), std::move(place.name), place.error};
 }
 
 } // namespace pryvane

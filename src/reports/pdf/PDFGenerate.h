@@ -33,6 +33,9 @@ public:
     /// The same to a file of the caller's choice.
     [[nodiscard]] Result<Done> createPDF(const SpywareScanReport& report, const std::string& path);
 
+    /// The host path of "Report.PDF", whether it is there or not.
+    [[nodiscard]] std::string reportFile() const;
+
     /// The folder in which "Report.PDF" is written, as a host path.
     [[nodiscard]] const std::string& applicationCacheDirectory() const;
 

@@ -1,0 +1,31 @@
+#include "platform/posix/LoadedPrinter.h"
+
+#include "platform/LoadedModule.h"
+
+namespace pryvane {
+
+Result<Done> LoadedPrinter::load()
+{
+    if (m_printer)
+        return Done{};
+    const auto make = functionOfModule(kPrintModule, kMakePrinterFunction);
+    if (!make)
+        return make.error();
+    m_printer.reset(reinterpret_cast<MakePrinter>(*make)());
+    return Done{};
+}
+
+Result<std::vector<PrinterName>> LoadedPrinter::printers()
+{
+    const auto loaded = load();
+    return loaded ? m_printer->printers() : loaded.error();
+}
+
+Result<int> LoadedPrinter::printFile(const std::string& hostPath, std::string_view title,
+                                     std::string_view queue, const PrintSettings& settings)
+{
+    const auto loaded = load();
+    return loaded ? m_printer->printFile(hostPath, title, queue, settings) : loaded.error();
+}
+
+} // namespace pryvane

@@ -1,0 +1,54 @@
+#include "core/DateText.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+
+namespace pryvane {
+namespace {
+
+std::string in(const char* locale, const char* zone, Date date, DateStyle day, TimeStyle time)
+{
+    setenv("LC_ALL", locale, 1);
+    setenv("TZ", zone, 1);
+    tzset();
+    return localizedDate(date, day, time);
+}
+
+TEST(DateText, FollowsStylesZoneAndLocale)
+{
+    constexpr Date evening{std::chrono::milliseconds(1'699'999'400'999)}; // 2023-11-14 22:03:20 UTC
+    constexpr Date early{std::chrono::milliseconds(1'699'142'700'000)};   // 2023-11-05 00:05:00 UTC
+    struct Row {
+        const char *locale, *zone;
+        Date date;
+        DateStyle day;
+        TimeStyle time;
+        const char* text;
+    };
+    const Row rows[] = {
+        {"C", "UTC", evening, DateStyle::Short, TimeStyle::Medium, "11/14/23, 22:03:20"},
+        {"C", "UTC", evening, DateStyle::Medium, TimeStyle::Short, "Nov 14, 2023, 22:03"},
+        {"C", "JST-9", evening, DateStyle::Short, TimeStyle::Short, "11/15/23, 07:03"},
+        {"C", "UTC", early, DateStyle::Medium, TimeStyle::Medium, "Nov 5, 2023, 00:05:00"},
+        {"xx_XX.none", "UTC", evening, DateStyle::Short, TimeStyle::Medium, "11/14/23, 22:03:20"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(in(row.locale, row.zone, row.date, row.day, row.time), row.text) << row.locale;
+
+    // Where the host has them: the order and the clock of the language.
+    if (locale_t german = newlocale(LC_TIME_MASK, "de_DE.UTF-8", nullptr)) {
+        freelocale(german);
+        EXPECT_EQ(in("de_DE.UTF-8", "UTC", early, DateStyle::Medium, TimeStyle::Short),
+                  "5 Nov 2023, 00:05");
+    }
+    if (locale_t american = newlocale(LC_TIME_MASK, "en_US.UTF-8", nullptr)) {
+        freelocale(american);
+        EXPECT_EQ(in("en_US.UTF-8", "UTC", evening, DateStyle::Medium, TimeStyle::Short),
+                  "Nov 14, 2023, 10:03 PM");
+    }
+}
+
+} // namespace
+} // namespace pryvane

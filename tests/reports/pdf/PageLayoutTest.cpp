@@ -1,0 +1,253 @@
+#include "reports/pdf/PageLayout.h"
+
+#include "reports/pdf/PdfPainter.h"
+#include "reports/pdf/ReportTexts.h"
+#include "signatures/Catalogue.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+namespace pryvane::test {
+
+namespace {
+
+using namespace pdf;
+
+/// Each byte is 10 points wide, a line two points higher than its font.
+class SquareLetters final : public TextMeasure {
+public:
+    long measuredBytes = 0;
+
+    std::string legible(std::string text) override { return text; }
+    float height(std::string_view text, Font font, double width) override
+    {
+        measuredBytes += static_cast<long>(text.size());
+        const double lines = std::ceil(10.0 * static_cast<double>(text.size()) / width);
+        return static_cast<float>(std::max(1.0, lines) * (font.size + 2));
+    }
+    std::size_t fitting(std::string_view text, Font font, double width, double height) override
+    {
+        measuredBytes += static_cast<long>(text.size());
+        const double bytes = std::floor(height / (font.size + 2)) * std::floor(width / 10);
+        return std::min(text.size(), static_cast<std::size_t>(bytes));
+    }
+};
+
+ReportTexts textsWith(std::vector<TableRow> rows)
+{
+    ReportTexts texts;
+    texts.application = "Pryvane 1.2 (34)";
+    texts.scanDate = "today";
+    texts.rows = std::move(rows);
+    for (auto& line : texts.facts)
+        line = {Fact{"Left :", "1"}, Fact{"Right :", "2"}};
+    return texts;
+}
+
+TableRow rowOf(const std::string& path)
+{
+    return {path, "Okaz Installer", "High Risk", kQuarantined};
+}
+
+std::vector<Page> pagesOf(std::vector<TableRow> rows)
+{
+    SquareLetters letters;
+    return layOut(textsWith(std::move(rows)), letters);
+}
+
+/// The path column's texts of a page, without the header.
+std::vector<std::string> pathsOn(const Page& page)
+{
+    std::vector<std::string> paths;
+    for (const PageOp& op : page) {
+        const auto* text = std::get_if<TextOp>(&op);
+        if (text && text->rect.x == 50 && text->text != "Scan Path")
+            paths.push_back(text->text);
+    }
+    return paths;
+}
+
+Rect frameOf(const Page& page)
+{
+    const auto* frame = std::get_if<FrameOp>(&page.at(page.size() - 2));
+    return frame ? frame->rect : Rect{};
+}
+
+std::string numberOf(const Page& page)
+{
+    return std::get<TextOp>(page.back()).text;
+}
+
+} // namespace
+
+TEST(PageLayout, PutsEveryPartOfAnEmptyReportAtItsPlace)
+{
+    const auto pages = pagesOf({});
+    ASSERT_EQ(pages.size(), 1U);
+    struct Expected {
+        std::string text; // empty: the shaded band; "frame": the frame
+        Rect rect;
+        Font font = {FontRole::System, 13};
+        Alignment alignment = Alignment::Left;
+        Ink ink = Ink::Black;
+    };
+    constexpr Font small{FontRole::TitleBar, 10}, header{FontRole::TitleBar, 13};
+    const std::vector<Expected> expected = {
+        {"Pryvane 1.2 (34)", {18, 806, 525, 12}, small, Alignment::Left, Ink::DarkGrey},
+        {"SPYWARE REPORT", {20, 765, 555, 27}, {FontRole::TitleBar, 25}, Alignment::Centre},
+        {"today", {460, 807, 555, 12}, small, Alignment::Right, Ink::DarkGrey},
+        {"Left : 1", {40, 740, 555, 15}},
+        {"Right : 2", {337, 740, 555, 15}},
+        {"Left : 1", {40, 715, 555, 15}},
+        {"Right : 2", {337, 715, 555, 15}},
+        {"Left : 1", {40, 690, 555, 15}},
+        {"Right : 2", {337, 690, 555, 15}},
+        {"Left : 1", {40, 665, 555, 15}},
+        {"Right : 2", {337, 665, 555, 15}},
+        {"", {40, 609, 523, 31}},
+        {"Scan Path", {50, 601, 210, 31}, header},
+        {"Infection Details", {268, 601, 115, 31}, header},
+        {"Available", {390, 601, 65, 31}, header},
+        {"Status", {458, 601, 100, 31}, header},
+        {"frame", {40, 609, 523, 31}},
+        {"1", {525, 8, 50, 10}, {FontRole::TitleBar, 8}, Alignment::Right, Ink::DarkGrey},
+    };
+    ASSERT_EQ(pages[0].size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        SCOPED_TRACE(expected[i].text);
+        if (expected[i].text.empty()) {
+            EXPECT_EQ(std::get<BandOp>(pages[0][i]).rect, expected[i].rect);
+        } else if (expected[i].text == "frame") {
+            EXPECT_EQ(std::get<FrameOp>(pages[0][i]).rect, expected[i].rect);
+        } else {
+            const auto& op = std::get<TextOp>(pages[0][i]);
+            EXPECT_EQ(op.text, expected[i].text);
+            EXPECT_EQ(op.rect, expected[i].rect);
+            EXPECT_EQ(op.font, expected[i].font);
+            EXPECT_EQ(op.alignment, expected[i].alignment);
+            EXPECT_EQ(op.ink, expected[i].ink);
+        }
+    }
+    EXPECT_EQ(std::get<TextOp>(pages[0][3]).boldPrefix, std::string("Left :").size());
+}
+
+TEST(PageLayout, PlacesTheCellsOfARow)
+{
+    const auto pages = pagesOf({rowOf("/tmp/x")});
+    std::vector<TextOp> cells;
+    for (const PageOp& op : pages.at(0)) {
+        const auto* text = std::get_if<TextOp>(&op);
+        if (text && text->rect.y == 570) // eight below the row, which lies below the header at 609
+            cells.push_back(*text);
+    }
+    ASSERT_EQ(cells.size(), 4U);
+    const std::vector<std::pair<std::string, Rect>> expected = {
+        {"/tmp/x", {50, 570, 210, 31}},
+        {"Okaz Installer", {268, 570, 115, 31}},
+        {"High Risk", {390, 570, 65, 31}},
+        {"Quarantined", {458, 570, 100, 31}}};
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        EXPECT_EQ(cells[i].text, expected[i].first);
+        EXPECT_EQ(cells[i].rect, expected[i].second);
+        EXPECT_EQ(cells[i].overflow, i == 0 ? Overflow::Wraps : Overflow::TruncatesMiddle);
+        EXPECT_EQ(cells[i].font, Font{});
+    }
+    EXPECT_EQ(frameOf(pages[0]), (Rect{40, 578, 523, 62}));
+}
+
+TEST(PageLayout, BreaksPagesWhereARowWouldReachTheMargin)
+{
+    const std::string one(22, 'x'),
+        two(44, 'x'); // rows of 31 and 46 points below the header at 609
+    const auto rows = [&](int ones, int twos) {
+        std::vector<TableRow> all(static_cast<std::size_t>(twos), rowOf(two));
+        all.insert(all.end(), static_cast<std::size_t>(ones), rowOf(one));
+        return all;
+    };
+    struct Case {
+        const char* what;
+        int ones, twos;
+        std::vector<Rect> frames;
+    };
+    const std::vector<Case> cases = {
+        {"full to within ten points of the margin", 19, 0, {{40, 20, 523, 620}}},
+        {"one over", 20, 0, {{40, 20, 523, 620}, {40, 771, 523, 31}}},
+        {"would end exactly at the margin", 3, 11, {{40, 41, 523, 599}, {40, 771, 523, 31}}},
+        {"would end one point above it", 15, 0, {{40, 144, 523, 496}}},
+        {"three pages",
+         19 + 25 + 1,
+         0,
+         {{40, 20, 523, 620}, {40, 27, 523, 775}, {40, 771, 523, 31}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const auto pages = pagesOf(rows(c.ones, c.twos));
+        ASSERT_EQ(pages.size(), c.frames.size());
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            EXPECT_EQ(frameOf(pages[i]), c.frames[i]);
+            EXPECT_EQ(numberOf(pages[i]), std::to_string(i + 1));
+        }
+    }
+}
+
+TEST(PageLayout, MakesARowAsTallAsItsWrappedPath)
+{
+    const auto pages = pagesOf({rowOf(std::string(100, 'x')), rowOf("/after")});
+    EXPECT_EQ(frameOf(pages.at(0)), (Rect{40, 609 - 91 - 31, 523, 31 + 91 + 31}));
+}
+
+TEST(PageLayout, ShowsTheArticleForRemoteDesktopInARowOfThePathsHeight)
+{
+    TableRow row = rowOf(std::string(100, 'x'));
+    row.infection = catalogue::kRemoteDesktop;
+    const auto pages = pagesOf({row});
+    EXPECT_THAT(pathsOn(pages.at(0)),
+                testing::ElementsAre(std::string(catalogue::kRemoteDesktopArticle)));
+    EXPECT_EQ(frameOf(pages[0]), (Rect{40, 518, 523, 122}));
+}
+
+TEST(PageLayout, ContinuesARowThatIsTallerThanAnyPage)
+{
+    std::string path;
+    while (path.size() < 40'000)
+        path += "/" + std::to_string(path.size());
+    const auto pages = pagesOf({rowOf("/before"), rowOf(path), rowOf("/after")});
+    ASSERT_GT(pages.size(), 30U);
+    EXPECT_THAT(pathsOn(pages[0]), testing::ElementsAre("/before"));
+    EXPECT_THAT(pathsOn(pages.back()), testing::Contains("/after"));
+    std::string shown;
+    int statuses = 0;
+    for (std::size_t i = 1; i < pages.size(); ++i) {
+        shown += pathsOn(pages[i]).at(0);
+        const Rect frame = frameOf(pages[i]);
+        EXPECT_GT(frame.y, 10);
+        EXPECT_EQ(frame.y + frame.height, 802);
+        for (const PageOp& op : pages[i]) {
+            const auto* text = std::get_if<TextOp>(&op);
+            statuses += text && text->rect.x == 458 ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(shown, path);
+    EXPECT_EQ(statuses, 2); // of this row and of the one after it
+}
+
+TEST(PageLayout, EscapesWhatIsShown)
+{
+    TableRow row = rowOf("/tmp/a\n\x1b[31m\xff\xe2\x80\xae");
+    row.infection = "two\nlines";
+    const auto pages = pagesOf({row});
+    EXPECT_THAT(pathsOn(pages.at(0)), testing::ElementsAre("/tmp/a\\n\\x1b[31m\\xff\\u{202e}"));
+}
+
+TEST(PageLayout, MeasuresEachRowOnce)
+{
+    SquareLetters letters;
+    const auto texts = textsWith(std::vector<TableRow>(10'000, rowOf(std::string(100, 'x'))));
+    const auto pages = layOut(texts, letters);
+    EXPECT_EQ(pages.size(), 1U + (10'000 - 6 + 7) / 8); // 91 points each: 6, then 8 to a page
+    // Paths and page numbers, and the few texts at the top.
+    EXPECT_LT(letters.measuredBytes, 10'000 * 100 + 4 * static_cast<long>(pages.size()) + 200);
+}
+
+} // namespace pryvane::test

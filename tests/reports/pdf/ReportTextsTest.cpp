@@ -1,0 +1,90 @@
+#include "reports/pdf/ReportTexts.h"
+
+#include "reports/pdf/PdfFixtures.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <ctime>
+
+namespace pryvane::test {
+
+namespace {
+
+/// A disk on which one path cannot be told.
+class DimDisk final : public FileSystem {
+public:
+    CountingDisk disk;
+    Presence presence(const FileURL& url) override
+    {
+        const Presence seen = disk.presence(url);
+        return url.relativePath() == "/refused/x" ? Presence::Unknown : seen;
+    }
+    FileKind kind(const FileURL& url) override { return disk.kind(url); }
+    std::optional<Sighting> sighting(const FileURL&) override { return {}; }
+    FolderListing list(const FileURL&) override { return {}; }
+    std::int64_t allocatedSize(const FileURL&) override { return 0; }
+    int openFolder(const FileURL&) override { return -1; }
+    bool writable(const FileURL&) override { return false; }
+    Result<std::string> readSmallFile(const FileURL&, std::size_t) override { return Error{}; }
+    std::string identity() const override { return disk.identity(); }
+    void forgetListings() override {}
+};
+
+std::vector<std::string> statuses(const pdf::ReportTexts& texts)
+{
+    std::vector<std::string> all;
+    for (const auto& row : texts.rows)
+        all.push_back(row.status);
+    return all;
+}
+
+} // namespace
+
+TEST(ReportTexts, StatusFollowsTheDiskAtTheMomentOfPrinting)
+{
+    DimDisk dim;
+    dim.disk.paths = {"/there"};
+    FakeMachine machine;
+    const auto report = reportOf({"/there", "/gone", "/there", "/refused/x", ""});
+    for (const auto& record : *report->spyWareList)
+        record->isDeleted = true; // what the record says of its removal does not count
+    const auto printed = [&] { return statuses(pdf::reportTexts(*report, {}, dim, machine)); };
+    EXPECT_THAT(printed(), testing::ElementsAre("Not Quarantined", "Quarantined", "Not Quarantined",
+                                                "Not Checked", "Not Checked"));
+    EXPECT_EQ(dim.disk.asked["/there"], 1);
+
+    dim.disk.paths.clear();
+    EXPECT_THAT(printed().front(), "Quarantined");
+
+    report->volume = "another volume";
+    dim.disk.asked.clear();
+    EXPECT_THAT(printed(), testing::Each("Not Checked"));
+    EXPECT_TRUE(dim.disk.asked.empty());
+}
+
+TEST(ReportTexts, FactsAboutMachineAndScan)
+{
+    setenv("TZ", "UTC", 1);
+    tzset();
+    setenv("LC_ALL", "C", 1);
+    CountingDisk disk;
+    FakeMachine machine;
+    machine.serial.reset();
+    const auto report = reportOf({"/a", "/b"});
+    const auto texts = pdf::reportTexts(*report, factsIn("/x"), disk, machine);
+    EXPECT_EQ(texts.application, "Pryvane 1.2 (34)");
+    EXPECT_EQ(texts.scanDate, "Nov 14, 2023, 22:13");
+    std::vector<std::string> facts;
+    for (const auto& line : texts.facts) {
+        for (const auto& fact : line)
+            facts.push_back(fact.label + " " + fact.value);
+    }
+    EXPECT_THAT(facts,
+                testing::ElementsAre("Mac Name : Alice's Mac", "Scan Type : Quick Scan",
+                                     "Current User : alice", "Scan Started : 11/14/23, 22:13:20",
+                                     "Machine Name : MacBookPro18,3", "Scan Duration :  2 seconds",
+                                     "Machine Serial Number : (null)", "Infections : 2"));
+}
+
+} // namespace pryvane::test
