@@ -4,6 +4,7 @@
 #include "engine/DiskAccess.h"
 #include "engine/ScanViewController.h"
 #include "engine/records/ScanState.h"
+#include "platform/Remover.h"
 #include "platform/UserNotifier.h"
 #include "platform/posix/BlockingMainQueue.h"
 #include "platform/posix/SqliteUserDefaults.h"
@@ -76,10 +77,11 @@ int main()
     ScanState state;
     state.isDeepScan = true;
     EverythingGranted access;
+    NoRemover remover;
     DefaultMethods reports(*store->defaults, **disk, clock, log);
     ScanViewController controller({**disk, *store->defaults, notifications, queue, clock, alerts,
                                    picker, workspace, notifier, log},
-                                  state, access, reports,
+                                  state, access, reports, remover,
                                   {"alice", FileURL::fileURLWithPath("/"), {}});
     QObject::connect(&controller, &ScanViewController::scanEnded, &controller,
                      [&] { queue.inner.quit(); });

@@ -4,9 +4,8 @@
 #include "cli/PrivacyClear.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
-#include "platform/RemovalJournal.h"
+#include "platform/Remover.h"
 #include "platform/Workspace.h"
-#include "platform/posix/removal/VolumeRemover.h"
 
 #include <nlohmann/json.hpp>
 
@@ -102,12 +101,11 @@ int clearPrivacy(const PrivacyArguments& arguments, const Console& console)
         return console.fail(host.error().message);
     CleanerHost cleaner(**host);
     cleaner.sayMissingHome(console);
-    // What runs here has the volume's files open only where this is the volume that runs.
-    const auto running = (*host)->disk().isHostRoot() ? (*host)->workspace().runningApplications()
-                                                      : std::vector<std::string>();
-    NoRemovalJournal journal;
-    VolumeRemover remover((*host)->disk(), journal, {(*host)->dataFolder()});
-    return clearItems(cleaner, running, remover, arguments.clear, console);
+    const auto running = (*host)->workspace().runningApplications();
+    const auto remover = (*host)->remover();
+    if (!remover)
+        return console.fail(remover.error().message);
+    return clearItems(cleaner, running, **remover, arguments.clear, console);
 }
 
 void addFormat(CLI::App& command, std::string& format)
