@@ -48,6 +48,7 @@ wait $pid
 finding=$work/demo/Users/alice/Library/.A_o_b_o
 for i in $(seq 300); do mkdir -p "$finding/$i" && (cd "$finding/$i" && touch $(seq 200)); done
 before=$(find "$finding" | wc -l)
+"$cli" scan --volume "$work/demo" --user alice >/dev/null
 item=$("$cli" report show latest | awk '/A_o_b_o/ { print $1 }')
 "$cli" remove latest --item "$item" --yes --volume "$work/demo" --user alice >"$work/removed.txt" 2>"$work/removed.err" &
 pid=$!
