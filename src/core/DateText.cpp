@@ -40,15 +40,16 @@ private:
     locale_t m_locale;
 };
 
-/// POSIX knows no medium date: it is spelled in the order of the short one.
-std::string mediumDate(std::string_view shortDate)
+/// POSIX knows no medium or long date: they are spelled in the order of the short one.
+std::string spelledDate(std::string_view shortDate, const std::string& monthName)
 {
     const auto day = std::min(shortDate.find("%d"), shortDate.find("%e"));
     const auto month = std::min(shortDate.find("%m"), shortDate.find("%b"));
     const auto year = std::min(shortDate.find("%Y"), shortDate.find("%y"));
     if (year < day && year < month)
         return "%x";
-    return day < month && day != std::string_view::npos ? "%e %b %Y" : "%b %e, %Y";
+    return day < month && day != std::string_view::npos ? "%e " + monthName + " %Y"
+                                                        : monthName + " %e, %Y";
 }
 
 std::string shortTime(std::string_view mediumTime)
@@ -59,16 +60,30 @@ std::string shortTime(std::string_view mediumTime)
     return twelveHours ? "%I:%M %p" : "%H:%M";
 }
 
-} // namespace
-
-std::string localizedDate(Date date, DateStyle dateStyle, TimeStyle timeStyle)
+std::tm localParts(Date date)
 {
     const std::time_t seconds =
         std::chrono::floor<std::chrono::seconds>(date).time_since_epoch().count();
     std::tm parts{};
     localtime_r(&seconds, &parts);
+    return parts;
+}
+
+bool isSameDay(const std::tm& a, const std::tm& b)
+{
+    return a.tm_year == b.tm_year && a.tm_yday == b.tm_yday;
+}
+
+} // namespace
+
+std::string localizedDate(Date date, DateStyle dateStyle, TimeStyle timeStyle)
+{
+    const std::tm parts = localParts(date);
     const DateLocale locale;
-    const std::string day = dateStyle == DateStyle::Short ? "%x" : mediumDate(locale.format(D_FMT));
+    const std::string day =
+        dateStyle == DateStyle::Short
+            ? "%x"
+            : spelledDate(locale.format(D_FMT), dateStyle == DateStyle::Medium ? "%b" : "%B");
     const std::string time =
         timeStyle == TimeStyle::Medium ? "%X" : shortTime(locale.format(T_FMT));
     std::string text = locale.text(parts, day + ", " + time);
@@ -78,6 +93,23 @@ std::string localizedDate(Date date, DateStyle dateStyle, TimeStyle timeStyle)
     if (const auto twice = text.find("  "); twice != std::string::npos)
         text.erase(twice, 1);
     return text;
+}
+
+std::string relativeLocalizedDate(Date date, Date now)
+{
+    const std::tm parts = localParts(date);
+    const std::tm today = localParts(now);
+    std::tm dayBefore = today;
+    dayBefore.tm_mday -= 1;
+    dayBefore.tm_hour = 12; // a day may be an hour shorter or longer
+    dayBefore.tm_isdst = -1;
+    std::mktime(&dayBefore);
+    const char* name = isSameDay(parts, today)       ? "Today, "
+                       : isSameDay(parts, dayBefore) ? "Yesterday, "
+                                                     : nullptr;
+    if (!name)
+        return localizedDate(date, DateStyle::Long, TimeStyle::Medium);
+    return name + DateLocale().text(parts, "%X");
 }
 
 } // namespace pryvane

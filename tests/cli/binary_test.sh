@@ -9,7 +9,8 @@ trap 'rm -rf "$work"' EXIT
 export PRYVANE_DATA_DIR=$work/data
 fail() { echo "FAILED: $*"; exit 1; }
 
-ldd "$cli" | grep -E 'Qt6(Gui|Widgets)|libX11' && fail "a window library is linked"
+ldd "$cli" | grep -E 'Qt6(Gui|Widgets)|libX11|libcairo|libpango|libcups' &&
+    fail "a library is linked that every start would pay for"
 [[ $("$cli" --version) == pryvane-cli\ * ]] || fail "--version"
 "$cli" --help | grep -q 'pryvane-cli scan --volume' || fail "--help gives no first step"
 

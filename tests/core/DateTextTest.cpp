@@ -50,5 +50,27 @@ TEST(DateText, FollowsStylesZoneAndLocale)
     }
 }
 
+TEST(DateText, NamesTheDaysNextToNow)
+{
+    setenv("LC_ALL", "C", 1);
+    setenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3", 1);
+    tzset();
+    // Monday 2023-10-30 00:30, the night after a day of 25 hours.
+    constexpr Date now{std::chrono::milliseconds(1'698'622'200'000)};
+    const struct {
+        std::chrono::minutes before;
+        const char* text;
+    } rows[] = {
+        {std::chrono::minutes(10), "Today, 00:20:00"},
+        {std::chrono::minutes(40), "Yesterday, 23:50:00"},
+        {std::chrono::minutes(25 * 60 + 20), "Yesterday, 00:10:00"},
+        {std::chrono::minutes(25 * 60 + 40), "October 28, 2023, 23:50:00"},
+        {std::chrono::minutes(-60), "Today, 01:30:00"},
+        {std::chrono::minutes(-24 * 60), "October 31, 2023, 00:30:00"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(relativeLocalizedDate(now - row.before, now), row.text);
+}
+
 } // namespace
 } // namespace pryvane

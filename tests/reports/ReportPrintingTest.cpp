@@ -1,9 +1,7 @@
 #include "reports/pdf/ReportPrinting.h"
 
-#include "platform/MachineInfo.h"
 #include "platform/Printer.h"
-#include "reports/ReportFixtures.h"
-#include "reports/pdf/PDFGenerate.h"
+#include "reports/pdf/PdfFixtures.h"
 #include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
 
@@ -13,14 +11,6 @@ namespace pryvane {
 namespace {
 
 using State = PrintOutcome::State;
-
-class NamelessMachine final : public MachineInfo {
-public:
-    std::optional<std::string> computerName() override { return std::nullopt; }
-    std::string loginName() override { return "alice"; }
-    std::string machineModel() override { return "Just an Apple Computer"; }
-    std::optional<std::string> serialNumber() override { return std::nullopt; }
-};
 
 class RecordingPrinter final : public Printer {
 public:
@@ -42,10 +32,9 @@ protected:
     test::TemporaryFolder folder;
     test::CountingDisk disk;
     test::RecordingLog log;
-    NamelessMachine machine;
+    test::FakeMachine machine;
     RecordingPrinter printer;
-    PDFFacts facts{"Pryvane", "1.0", "1", folder.hostPath("caches")};
-    PDFGenerate pdf{facts, disk, machine};
+    PDFGenerate pdf{test::factsIn(folder.hostPath("caches")), disk, machine};
     ReportPrinting printing{pdf, printer, log};
     const std::shared_ptr<SpywareScanReport> report = test::reportOf({"/tmp/.mdworker"});
 };

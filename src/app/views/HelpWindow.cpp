@@ -4,6 +4,7 @@
 #include "ui/Labels.h"
 #include "ui/Surfaces.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QVBoxLayout>

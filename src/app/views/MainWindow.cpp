@@ -8,6 +8,7 @@
 #include "ui/Navigation.h"
 #include "ui/TitleBar.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
@@ -79,7 +80,7 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
             &TableViewController::selectRow);
 
     auto* chip = new QPushButton(ui::icon(QStringLiteral("volume")),
-                                 (volume.volume + QStringLiteral("   ") + volume.user)
+                                 QString(volume.volume + QStringLiteral("   ") + volume.user)
                                      .replace(QLatin1Char('&'), QStringLiteral("&&")));
     chip->setObjectName(QStringLiteral("openVolume"));
     chip->setIconSize(QSize(20, 20));

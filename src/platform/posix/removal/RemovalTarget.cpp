@@ -4,22 +4,27 @@
 #include "platform/posix/FoldedName.h"
 #include "platform/posix/PathParts.h"
 #include "platform/posix/VolumeFileSystem.h"
-#include "platform/posix/folders/FolderHandle.h"
-#include "platform/posix/removal/RemovalErrors.h"
+#include "platform/posix/removal/ProtectedPlaces.h"
 
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <optional>
 #include <string_view>
+#include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace pryvane {
 
 namespace {
 
+struct Spelling {
+    std::string name;
+    int error = ENOENT; ///< errno, where there is no such name in any spelling
+};
+
 /// The name under which the disk keeps `wanted`, where letter case and normal form do not matter.
-std::optional<std::string> spelledIn(int folder, std::string_view wanted)
+Spelling spelledIn(int folder, std::string_view wanted)
 {
     FolderHandle handle = FolderHandle::openIn(folder, ".");
     FolderBatch batch;
@@ -27,28 +32,17 @@ std::optional<std::string> spelledIn(int folder, std::string_view wanted)
     while (handle && batch.fill(handle)) {
         while (batch.next(entry))
             if (sameFoldedName(entry.name, wanted))
-                return std::string(entry.name);
+                return {std::string(entry.name), 0};
         if (batch.atEnd())
-            break;
+            return {};
     }
-    return std::nullopt;
+    return {{}, errno};
 }
 
-/// The names of a path with "." and ".." taken out, ".." stopping at the root. Only right where no
-/// link is on the way, which the walk makes sure of.
-std::vector<std::string> namesOf(std::string_view path)
+/// A handle that looks and leads on, and needs no right to read.
+UniqueFd openStep(int folder, const std::string& name)
 {
-    std::vector<std::string> names;
-    std::size_t at = 0;
-    while (const auto name = nextName(path, at)) {
-        if (*name == "..") {
-            if (!names.empty())
-                names.pop_back();
-        } else if (*name != ".") {
-            names.emplace_back(*name);
-        }
-    }
-    return names;
+    return UniqueFd(openat(folder, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 class TargetWalk {
@@ -59,37 +53,34 @@ public:
 
     RemovalTarget target()
     {
-        RemovalTarget target;
-        const std::string path(m_item.url.identity());
-        std::vector<std::string> names = namesOf(path);
-        // "a/.." and the like name a folder other than they seem to; nothing of ours does that.
-        if (names.empty() || path.ends_with("/..") || path.ends_with("/.") || path == "..")
+        const std::string_view path = m_item.url.identity();
+        if (parentAndName(path).name == ".") // "", ".", "a/.." and the like name no entry
             return refused(RemovalObstacle::ProtectedPlace);
-        if (m_item.linkTrust() == LinkTrust::SystemsOwn)
-            followSystemsLink(names);
-        std::string leaf = std::move(names.back());
-        names.pop_back();
-        const Step parent = openWithoutLinks(names);
-        if (parent.isLink)
-            return behindLink();
-        if (parent.error)
-            return failed(parent.error);
-        target.parent = UniqueFd(fcntl(parent.fd.get(), F_DUPFD_CLOEXEC, 0));
-        target.name = std::move(leaf);
-        return looked(std::move(target));
+        std::vector<std::string> names;
+        Step parent = parse(path, names);
+        if (parent.error == 0) {
+            if (m_item.linkTrust() == LinkTrust::SystemsOwn)
+                followSystemsLink(names);
+            std::string leaf = std::move(names.back());
+            names.pop_back();
+            parent = openWithoutLinks(names);
+            if (parent.error == 0)
+                return looked(std::move(parent.fd), std::move(leaf));
+        }
+        return parent.isLink ? behindLink() : failed(parent.error);
     }
 
 private:
     struct Step {
         UniqueFd fd;
         int error = 0;
-        bool isLink = false;
+        bool isLink = false; ///< the error is that a link stands there
     };
 
     [[nodiscard]] static RemovalTarget refused(RemovalObstacle obstacle)
     {
         RemovalTarget target;
-        target.obstacle = obstacle;
+        target.failure.obstacle = obstacle;
         return target;
     }
 
@@ -97,45 +88,57 @@ private:
     {
         RemovalTarget target;
         target.isGone = meansAbsent(error);
-        if (!target.isGone) {
-            target.obstacle =
-                error == EACCES ? RemovalObstacle::Unreadable : RemovalObstacle::DeviceError;
-            target.detail = errorText(error);
-        }
+        if (!target.isGone)
+            target.failure = unreadable(error);
         return target;
+    }
+
+    /// Takes the path apart. A ".." takes back the name before it, once it is sure that no link
+    /// stands there, behind which ".." would lead elsewhere; above the root it stays there.
+    [[nodiscard]] Step parse(std::string_view path, std::vector<std::string>& names) const
+    {
+        std::size_t at = 0;
+        while (const auto name = nextName(path, at)) {
+            if (*name == "..") {
+                if (Step there = openWithoutLinks(names); there.error)
+                    return there;
+                if (!names.empty())
+                    names.pop_back();
+            } else if (*name != ".") {
+                names.emplace_back(*name);
+            }
+        }
+        return {};
     }
 
     /// One name further down, in the disk's spelling; `name` is set to it.
     [[nodiscard]] Step enter(int folder, std::string& name) const
     {
-        constexpr int kFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
         Step step;
-        step.fd = UniqueFd(openat(folder, name.c_str(), kFlags));
+        step.fd = openStep(folder, name);
         step.error = step.fd ? 0 : errno;
         if (step.error == ENOENT && m_disk.nameMatching() == NameMatching::AsOnMac) {
-            if (auto spelled = spelledIn(folder, name)) {
-                name = std::move(*spelled);
-                step.fd = UniqueFd(openat(folder, name.c_str(), kFlags));
+            Spelling spelled = spelledIn(folder, name);
+            step.error = spelled.error;
+            if (spelled.error == 0) {
+                name = std::move(spelled.name);
+                step.fd = openStep(folder, name);
                 step.error = step.fd ? 0 : errno;
             }
         }
-        struct stat data {};
-        step.isLink = (step.error == ENOTDIR || step.error == ELOOP) &&
-                      fstatat(folder, name.c_str(), &data, AT_SYMLINK_NOFOLLOW) == 0 &&
-                      S_ISLNK(data.st_mode);
+        const auto facts =
+            step.error == ENOTDIR || step.error == ELOOP ? factsOf(folder, name) : std::nullopt;
+        step.isLink = facts && facts->kind == FileKind::SymbolicLink;
         return step;
     }
 
     [[nodiscard]] Step openWithoutLinks(std::vector<std::string>& names) const
     {
         Step at;
-        at.fd = UniqueFd(openat(m_disk.rootHandle(), ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
+        at.fd = openStep(m_disk.rootHandle(), ".");
         at.error = at.fd ? 0 : errno;
-        for (std::string& name : names) {
-            if (at.error)
-                break;
-            at = enter(at.fd.get(), name);
-        }
+        for (auto name = names.begin(); name != names.end() && at.error == 0; ++name)
+            at = enter(at.fd.get(), *name);
         return at;
     }
 
@@ -152,7 +155,7 @@ private:
         for (const std::string_view link : kLinks) {
             const std::string own = "private/" + std::string(link);
             if (sameFoldedName(first, link) && target && (*target == own || *target == "/" + own)) {
-                names.front() = std::string(link);
+                names.front() = link;
                 names.insert(names.begin(), "private");
                 return;
             }
@@ -167,36 +170,37 @@ private:
         auto place = m_disk.openParent(m_item.url);
         if (place.error)
             return failed(place.error);
-        struct stat folder {};
-        if (fstat(place.parent.get(), &folder) != 0)
+        const auto folder = factsOf(place.parent.get(), {});
+        if (!folder)
             return failed(errno);
-        if (folder.st_dev != m_item.seen->device || folder.st_ino != m_item.seen->inode)
+        if (folder->id.device != m_item.seen->device || folder->id.inode != m_item.seen->inode)
             return refused(RemovalObstacle::LinkOnTheWay);
-        RemovalTarget target;
-        target.parent = std::move(place.parent);
-        target.name = std::move(place.name);
-        return looked(std::move(target));
+        return looked(std::move(place.parent), std::move(place.name));
     }
 
-    /// Looks at the leaf itself, links not followed.
-    [[nodiscard]] RemovalTarget looked(RemovalTarget target) const
+    /// Looks at the leaf itself. Without a link on the way the parent is not compared with the one
+    /// in which the item was seen: what a threat made anew at the place of its finding is still
+    /// that finding, also where its folder was made anew.
+    [[nodiscard]] RemovalTarget looked(UniqueFd parent, std::string name) const
     {
-        const int parent = target.parent.get();
-        const auto look = [&] {
-            return fstatat(parent, target.name.c_str(), &target.leaf, AT_SYMLINK_NOFOLLOW) == 0;
-        };
-        bool found = look();
-        if (!found && errno == ENOENT && m_disk.nameMatching() == NameMatching::AsOnMac) {
-            if (auto spelled = spelledIn(parent, target.name)) {
-                target.name = std::move(*spelled);
-                found = look();
+        auto facts = factsOf(parent.get(), name);
+        int error = facts ? 0 : errno;
+        if (error == ENOENT && m_disk.nameMatching() == NameMatching::AsOnMac) {
+            Spelling spelled = spelledIn(parent.get(), name);
+            error = spelled.error;
+            if (error == 0) {
+                name = std::move(spelled.name);
+                facts = factsOf(parent.get(), name);
+                error = facts ? 0 : errno;
             }
         }
-        if (!found)
-            return failed(errno);
-        // "must be a folder" never follows: a link is removed itself, a file is not what was meant.
-        if (m_item.url.mustBeFolder() && !target.isFolder() && !S_ISLNK(target.leaf.st_mode))
-            target.isGone = true;
+        if (error)
+            return failed(error);
+        RemovalTarget target;
+        target.parent = std::move(parent);
+        target.name = std::move(name);
+        target.leaf = *facts;
+        target.isGone = isOtherThanAsked(m_item, *facts);
         return target;
     }
 
@@ -209,6 +213,32 @@ private:
 RemovalTarget findTarget(const VolumeFileSystem& disk, const RemovalItem& item)
 {
     return TargetWalk(disk, item).target();
+}
+
+RemovalFailure refusalOf(const RemovalItem& item, const RemovalTarget& target,
+                         const EntryFacts& standing, const ProtectedPlaces& places)
+{
+    const auto parent = factsOf(target.parent.get(), {});
+    if (!parent)
+        return unreadable(errno);
+    if (places.contains(standing.id) || places.keepsIn(parent->id, target.name, standing.kind))
+        return {RemovalObstacle::ProtectedPlace, {}};
+    if (standing.isMountRoot)
+        return {RemovalObstacle::MountPoint, {}};
+    const bool isFolder = standing.kind == FileKind::Folder;
+    if (!isFolder && item.scope == RemovalScope::ContentsOf)
+        return {RemovalObstacle::KindChanged, {}};
+    // Whoever could only trick root into removing a file might have it remove a whole tree.
+    if (isFolder && geteuid() == 0 && item.seen && item.seen->kind != FileKind::Folder &&
+        item.seen->kind != FileKind::Unknown)
+        return {RemovalObstacle::KindChanged, {}};
+    return {};
+}
+
+bool isOtherThanAsked(const RemovalItem& item, const EntryFacts& standing)
+{
+    return item.url.mustBeFolder() && standing.kind != FileKind::Folder &&
+           standing.kind != FileKind::SymbolicLink;
 }
 
 } // namespace pryvane

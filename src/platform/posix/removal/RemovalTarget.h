@@ -2,12 +2,13 @@
 
 #include "platform/Removal.h"
 #include "platform/posix/UniqueFd.h"
+#include "platform/posix/removal/RemovalErrors.h"
 
 #include <string>
-#include <sys/stat.h>
 
 namespace pryvane {
 
+class ProtectedPlaces;
 class VolumeFileSystem;
 
 /// Where an item really is at this moment: a name in a folder that is held open. All that follows
@@ -16,17 +17,24 @@ class VolumeFileSystem;
 struct RemovalTarget {
     UniqueFd parent;
     std::string name; ///< as the disk spells it
-    struct stat leaf {};
-    bool isGone = false; ///< nothing is there
-    RemovalObstacle obstacle = RemovalObstacle::None;
-    std::string detail;
+    EntryFacts leaf;
+    bool isGone = false;    ///< nothing is there
+    RemovalFailure failure; ///< why it could not be found
 
-    [[nodiscard]] bool isFolder() const { return S_ISDIR(leaf.st_mode); }
+    [[nodiscard]] bool found() const { return !isGone && !failure; }
 };
 
 /// Finds the item below the volume. Walks name by name without following a link; only where a link
 /// is on the way does the item's trust decide whether it may be followed. Reads the disk as it is
 /// now, never what was remembered of it.
 [[nodiscard]] RemovalTarget findTarget(const VolumeFileSystem& disk, const RemovalItem& item);
+
+/// Why what stands at the target is not to be removed; none where it may be.
+[[nodiscard]] RemovalFailure refusalOf(const RemovalItem& item, const RemovalTarget& target,
+                                       const EntryFacts& standing, const ProtectedPlaces& places);
+
+/// Whether what stands at the target is something else than was asked for: not the folder that a
+/// trailing slash names. A link there is what is meant, and goes itself.
+[[nodiscard]] bool isOtherThanAsked(const RemovalItem& item, const EntryFacts& standing);
 
 } // namespace pryvane

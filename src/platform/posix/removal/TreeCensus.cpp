@@ -1,13 +1,11 @@
 #include "platform/posix/removal/TreeCensus.h"
 
-#include "platform/posix/ErrorText.h"
-#include "platform/posix/removal/HostRemoval.h"
+#include "platform/posix/removal/NameList.h"
+#include "platform/posix/removal/ProtectedPlaces.h"
 #include "platform/posix/removal/RemovalErrors.h"
 
 #include <cerrno>
-#include <fcntl.h>
-#include <string>
-#include <sys/stat.h>
+#include <utility>
 #include <vector>
 
 namespace pryvane {
@@ -23,14 +21,14 @@ public:
     {
     }
 
-    void count(FolderHandle folder)
+    void count(int parent, const std::string& name)
     {
-        enter(std::move(folder));
+        visit(parent, name);
         while (!m_levels.empty() && !m_stop.requested()) {
             if (m_levels.back().subfolders.empty())
                 leave();
             else
-                descend(m_levels.back());
+                visit(m_levels.back().folder.fd(), m_levels.back().subfolders.take());
         }
         if (m_stop.requested())
             m_forecast.countedWhole = false;
@@ -40,7 +38,7 @@ private:
     struct Level {
         FolderHandle folder;
         FolderId id;
-        std::vector<std::string> subfolders;
+        NameList subfolders; ///< still to be visited
     };
 
     void foresee(RemovalFailure failure)
@@ -51,58 +49,49 @@ private:
         m_forecast.detail = std::move(failure.detail);
     }
 
-    void enter(FolderHandle folder)
+    void visit(int parent, const std::string& name)
     {
-        m_levels.push_back({std::move(folder), {}, {}});
-        Level& level = m_levels.back();
-        level.id = level.folder.id();
-        FolderBatch::Entry entry;
-        bool first = true;
-        do {
-            if (!m_batch.fill(level.folder)) {
-                m_forecast.countedWhole = false;
-                foresee({RemovalObstacle::Unreadable, errorText(errno)});
-                break;
-            }
-            while (m_batch.next(entry) && !m_stop.requested()) {
-                // What one entry's folder forbids it forbids for all, but marks are each one's own.
-                const std::string name(entry.name);
-                if (std::exchange(first, false))
-                    foresee(foreseenFailure(level.folder.fd(), name));
-                note(level, name);
-            }
-        } while (!m_batch.atEnd() && !m_stop.requested());
+        FolderHandle folder = openBelow(parent, name);
+        if (!folder) {
+            if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP)
+                return; // gone or exchanged meanwhile
+            m_forecast.countedWhole = false;
+            return foresee(unreadable(errno));
+        }
+        if (m_places.contains(folder.id())) {
+            m_forecast.countedWhole = false;
+            return foresee({RemovalObstacle::ProtectedPlace, {}});
+        }
+        Level level;
+        level.id = folder.id();
+        level.folder = std::move(folder);
+        read(level);
+        m_levels.push_back(std::move(level));
+        // The topmost stays open, as the one to fall back to.
         if (m_levels.size() > kMostHandles)
             m_levels[m_levels.size() - kMostHandles].folder.close();
     }
 
-    void note(Level& level, const std::string& name)
+    void read(Level& level)
     {
-        struct stat data {};
-        if (fstatat(level.folder.fd(), name.c_str(), &data, AT_SYMLINK_NOFOLLOW) != 0)
-            return;
-        ++m_forecast.entries;
-        if (S_ISDIR(data.st_mode))
-            level.subfolders.push_back(name);
-        else
-            m_forecast.bytes += std::int64_t{data.st_blocks} * 512;
-        if (isLocked(level.folder.fd(), name))
-            foresee({RemovalObstacle::Locked, {}});
-    }
-
-    void descend(Level& level)
-    {
-        const std::string name = std::move(level.subfolders.back());
-        level.subfolders.pop_back();
-        FolderHandle child = openBelow(level.folder.fd(), name);
-        if (!child) {
-            m_forecast.countedWhole = false;
-            return foresee(errno == EACCES ? RemovalFailure{RemovalObstacle::Unreadable, {}}
-                                           : failureOf(errno, level.folder.fd(), name));
-        }
-        if (m_places.contains(child.id()))
-            return foresee({RemovalObstacle::ProtectedPlace, {}});
-        enter(std::move(child));
+        const FolderRules rules(level.folder.fd());
+        FolderBatch::Entry entry;
+        do {
+            if (!m_batch.fill(level.folder)) {
+                m_forecast.countedWhole = false;
+                return foresee(unreadable(errno));
+            }
+            while (m_batch.next(entry) && !m_stop.requested()) {
+                const auto facts = factsOf(level.folder.fd(), std::string(entry.name));
+                if (!facts)
+                    continue; // gone meanwhile
+                foresee(rules.foreseen(*facts));
+                ++m_forecast.entries;
+                m_forecast.bytes += facts->bytes;
+                if (facts->kind == FileKind::Folder)
+                    level.subfolders.add(entry.name);
+            }
+        } while (!m_batch.atEnd() && !m_stop.requested());
     }
 
     void leave()
@@ -116,7 +105,7 @@ private:
             m_levels.back().folder = std::move(above);
             return;
         }
-        m_forecast.countedWhole = false;
+        m_forecast.countedWhole = false; // moved away meanwhile
         while (!m_levels.back().folder)
             m_levels.pop_back();
     }
@@ -130,10 +119,10 @@ private:
 
 } // namespace
 
-void countBelow(FolderHandle folder, const ProtectedPlaces& places, const StopFlag& stop,
-                RemovalForecast& forecast)
+void countBelow(int parent, const std::string& name, const ProtectedPlaces& places,
+                const StopFlag& stop, RemovalForecast& forecast)
 {
-    Census(places, stop, forecast).count(std::move(folder));
+    Census(places, stop, forecast).count(parent, name);
 }
 
 } // namespace pryvane

@@ -1,7 +1,5 @@
 #include "platform/posix/removal/TreeRemoval.h"
 
-#include "platform/posix/removal/HostRemoval.h"
-
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
@@ -13,15 +11,14 @@ namespace {
 
 constexpr std::size_t kMostHandles = 32;
 
-// A folder is read again when it turns out not to be empty. Whoever fills it faster than this many
-// readings empty it could go on for ever.
-constexpr int kMostReadings = 64;
+// As much of a folder's names as is read at once; what stands behind comes with another reading.
+constexpr std::size_t kMostNames = std::size_t{16} * 1024 * 1024;
 
 } // namespace
 
-void TreeRemoval::empty(FolderHandle folder)
+bool TreeRemoval::empty(FolderHandle folder)
 {
-    enter(std::move(folder), {});
+    const bool heldAny = enter(std::move(folder), {});
     while (!m_levels.empty()) {
         if (m_stop.requested()) {
             failed({RemovalObstacle::Stopped, {}});
@@ -32,6 +29,16 @@ void TreeRemoval::empty(FolderHandle folder)
             descend(m_levels.back());
         }
     }
+    return heldAny;
+}
+
+void TreeRemoval::failed(int error, int folder, const std::string& name)
+{
+    if (m_failure)
+        return;
+    m_failure = failureOf(error, folder, name);
+    if (m_failure.obstacle == RemovalObstacle::NotPermitted && !m_places.reaches(folder))
+        m_failure.obstacle = RemovalObstacle::Confined;
 }
 
 void TreeRemoval::failed(RemovalFailure failure)
@@ -40,156 +47,153 @@ void TreeRemoval::failed(RemovalFailure failure)
         m_failure = std::move(failure);
 }
 
-void TreeRemoval::enter(FolderHandle folder, std::string name)
+bool TreeRemoval::enter(FolderHandle folder, std::string name)
 {
     Level level;
     level.id = folder.id();
     level.folder = std::move(folder);
     level.name = std::move(name);
-    read(level);
+    const bool heldAny = read(level);
     m_levels.push_back(std::move(level));
     // The topmost stays open, as the one to fall back to.
     if (m_levels.size() > kMostHandles)
         m_levels[m_levels.size() - kMostHandles].folder.close();
+    return heldAny;
 }
 
-/// Removes what is no folder, and notes what is.
-void TreeRemoval::read(Level& level)
+/// Notes the folders in a folder and removes the rest, but only when all is read: reading is
+/// quicker than making, so that it comes to an end even where somebody fills the folder meanwhile.
+bool TreeRemoval::read(Level& level)
 {
-    ++level.readings;
-    if (level.readings > 1) {
-        // Reading starts over at a handle of its own.
-        FolderHandle again = level.folder.openChild(".");
-        if (!again) {
-            level.holdsRest = true;
-            return failed(failureOf(errno, level.folder.fd(), "."));
-        }
-        level.folder = std::move(again);
-    }
     FolderBatch::Entry entry;
     do {
         if (!m_batch.fill(level.folder)) {
             level.holdsRest = true;
-            return failed(
-                {RemovalObstacle::Unreadable, failureOf(errno, level.folder.fd(), ".").detail});
+            failed(unreadable(errno));
+            break;
         }
-        while (m_batch.next(entry) && !m_stop.requested()) {
-            std::string name(entry.name);
-            if (entry.kind == FileKind::Folder || !removeFile(level.folder.fd(), name))
-                level.subfolders.push_back(std::move(name));
-        }
-    } while (!m_batch.atEnd() && !m_stop.requested());
+        while (m_batch.next(entry))
+            (entry.kind == FileKind::Folder ? level.subfolders : m_files).add(entry.name);
+    } while (!m_batch.atEnd() && level.subfolders.bytes() + m_files.bytes() < kMostNames);
+    const bool heldAny = !m_files.empty() || !level.subfolders.empty();
+    while (!m_files.empty() && !m_stop.requested()) {
+        const std::string name = m_files.take();
+        if (!removeFile(level.folder.fd(), name))
+            level.subfolders.add(name);
+    }
+    m_files.clear();
+    return heldAny;
 }
 
 bool TreeRemoval::removeFile(int folder, const std::string& name)
 {
-    struct stat data {};
-    if (fstatat(folder, name.c_str(), &data, AT_SYMLINK_NOFOLLOW) != 0) {
-        if (errno != ENOENT)
-            failed(failureOf(errno, folder, name));
-        return true;
-    }
-    if (S_ISDIR(data.st_mode))
+    const auto facts = factsOf(folder, name);
+    if (facts && facts->kind == FileKind::Folder)
         return false;
-    if (unlinkat(folder, name.c_str(), 0) == 0) {
+    if (facts && unlinkat(folder, name.c_str(), 0) == 0) {
         ++m_entries;
-        m_bytes += std::int64_t{data.st_blocks} * 512;
+        m_bytes += facts->bytes;
         return true;
     }
-    if (errno == EISDIR || (errno == EPERM && kindAt(folder, name.c_str()) == FileKind::Folder))
-        return false; // it has been exchanged
-    if (errno != ENOENT)
-        failed(failureOf(errno, folder, name));
+    const int error = errno;
+    // Exchanged for a folder since it was looked at; hosts tell that in two ways.
+    if (error == EISDIR || (error == EPERM && kindAt(folder, name.c_str()) == FileKind::Folder))
+        return false;
+    if (error != ENOENT)
+        failed(error, folder, name);
     return true;
+}
+
+int TreeRemoval::removeFolder(int folder, const std::string& name)
+{
+    if (unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0)
+        ++m_entries;
+    else if (errno != ENOENT)
+        return errno;
+    return 0;
 }
 
 void TreeRemoval::descend(Level& level)
 {
-    std::string name = std::move(level.subfolders.back());
-    level.subfolders.pop_back();
-    FolderHandle child = openBelow(level.folder.fd(), name);
-    if (!child) {
-        const int error = errno;
-        if (error == ENOENT)
-            return;
-        if (error == ENOTDIR || error == ELOOP) { // exchanged meanwhile: a link goes, unfollowed
-            if (!removeFile(level.folder.fd(), name))
-                level.subfolders.push_back(std::move(name));
-            return;
-        }
-        level.holdsRest = true;
-        // An empty folder can be removed without being read.
-        if (error == EACCES && unlinkat(level.folder.fd(), name.c_str(), AT_REMOVEDIR) == 0) {
-            level.holdsRest = false;
-            ++m_entries;
-            return;
-        }
-        return failed(error == EACCES ? RemovalFailure{RemovalObstacle::Unreadable, {}}
-                                      : failureOf(error, level.folder.fd(), name));
+    const std::string name = level.subfolders.take();
+    const int above = level.folder.fd();
+    FolderHandle child = openBelow(above, name);
+    if (child && !m_places.contains(child.id())) {
+        enter(std::move(child), name);
+        return;
     }
-    if (m_places.contains(child.id())) {
-        level.holdsRest = true;
-        return failed({RemovalObstacle::ProtectedPlace, {}});
+    const int error = child ? 0 : errno;
+    if (error == ENOENT)
+        return;
+    if (error == ENOTDIR || error == ELOOP) { // exchanged meanwhile; a link goes unfollowed
+        if (!removeFile(above, name))
+            retry(level, name);
+        return;
     }
-    enter(std::move(child), std::move(name));
+    if (error == EACCES && removeFolder(above, name) == 0)
+        return; // an empty folder goes without being read
+    level.holdsRest = true;
+    if (error == 0)
+        failed({RemovalObstacle::ProtectedPlace, {}});
+    else if (error == EACCES)
+        failed(unreadable(error));
+    else
+        failed(error, above, name);
 }
 
-/// Removes the emptied folder from the one above it, or reads it once more.
+/// Removes the emptied folder from the one above it.
 void TreeRemoval::leave()
 {
-    Level level = std::move(m_levels.back());
+    const Level level = std::move(m_levels.back());
     m_levels.pop_back();
-    if (m_levels.empty())
-        return; // the caller's own folder
-    if (!reopenAbove(level.folder))
-        return;
+    if (m_levels.empty() || !reopen(level.folder))
+        return; // the folder itself is the caller's
     Level& above = m_levels.back();
     if (level.holdsRest) {
         above.holdsRest = true;
         return;
     }
-    if (unlinkat(above.folder.fd(), level.name.c_str(), AT_REMOVEDIR) == 0) {
-        ++m_entries;
+    const int error = removeFolder(above.folder.fd(), level.name);
+    if (error == ENOTEMPTY || error == EEXIST || error == ENOTDIR) {
+        retry(above, level.name); // filled again, or exchanged for something else
+    } else if (error) {
+        above.holdsRest = true;
+        failed(error, above.folder.fd(), level.name);
+    }
+}
+
+void TreeRemoval::retry(Level& level, const std::string& name)
+{
+    if (mayRetry()) {
+        level.subfolders.add(name);
         return;
     }
-    const int error = errno;
-    const bool filled = error == ENOTEMPTY || error == EEXIST;
-    if (error == ENOENT)
-        return;
-    if ((filled || error == ENOTDIR) && level.readings < kMostReadings) {
-        // Filled again, or exchanged for something else: looked at anew from above.
-        const FolderHandle same =
-            filled ? openBelow(above.folder.fd(), level.name) : FolderHandle();
-        if (same && same.id() == level.id) {
-            read(level);
-            m_levels.push_back(std::move(level));
-        } else if (++above.readings < kMostReadings) {
-            above.subfolders.push_back(std::move(level.name));
-        } else {
-            above.holdsRest = true;
-            failed({RemovalObstacle::KeepsRefilling, {}});
-        }
-        return;
-    }
-    above.holdsRest = true;
-    failed(failureOf(error, above.folder.fd(), level.name));
+    level.holdsRest = true;
+    failed({RemovalObstacle::KeepsRefilling, {}});
 }
 
 /// A folder whose handle was closed is opened again through its child. Where the child was moved
-/// away meanwhile, everything up to the next open handle is given up.
-bool TreeRemoval::reopenAbove(const FolderHandle& child)
+/// away meanwhile, the next folder above that is still open is read anew; false then.
+bool TreeRemoval::reopen(const FolderHandle& child)
 {
     if (m_levels.back().folder)
         return true;
-    FolderHandle above = child.openChild("..");
-    if (above && above.id() == m_levels.back().id) {
+    if (FolderHandle above = child.openChild(".."); above && above.id() == m_levels.back().id) {
         m_levels.back().folder = std::move(above);
         return true;
     }
-    failed({RemovalObstacle::DeviceError, "its folders were moved meanwhile"});
     while (!m_levels.back().folder)
         m_levels.pop_back();
-    m_levels.back().holdsRest = true;
+    Level& level = m_levels.back();
+    FolderHandle again = mayRetry() ? level.folder.openChild(".") : FolderHandle();
+    if (again) {
+        level.folder = std::move(again);
+        level.subfolders.clear();
+        read(level);
+    } else {
+        level.holdsRest = true;
+        failed({RemovalObstacle::KeepsRefilling, "its folders are moved meanwhile"});
+    }
     return false;
 }
 

@@ -10,13 +10,13 @@ namespace pryvane {
 class ProtectedPlaces;
 class RemovalJournal;
 class VolumeFileSystem;
-struct RemovalTarget;
 
 /// Removes below one volume. See Remover for the contract.
 class VolumeRemover final : public Remover {
 public:
     /// `ownFolders` are host folders of the program's own, such as the one of its store; neither
-    /// they nor anything above them is ever removed. All that is passed must outlive this.
+    /// they nor what lies in them nor anything above them is ever removed. Disk and journal must
+    /// outlive this.
     VolumeRemover(const VolumeFileSystem& disk, RemovalJournal& journal,
                   std::vector<std::string> ownFolders);
 
@@ -28,12 +28,10 @@ public:
 private:
     void removeSome(std::span<const RemovalItem> items, std::size_t first, const StopFlag& stop,
                     const ProtectedPlaces& places, const RemovalResults& told);
-    [[nodiscard]] RemovalForecast forecastOf(const RemovalItem& item, const StopFlag& stop,
-                                             const ProtectedPlaces& places) const;
     [[nodiscard]] RemovalResult removed(const RemovalItem& item, const StopFlag& stop,
                                         const ProtectedPlaces& places) const;
-    [[nodiscard]] RemovalTarget target(const RemovalItem& item,
-                                       const ProtectedPlaces& places) const;
+    [[nodiscard]] RemovalForecast forecastOf(const RemovalItem& item, const StopFlag& stop,
+                                             const ProtectedPlaces& places) const;
 
     const VolumeFileSystem& m_disk;
     RemovalJournal& m_journal;

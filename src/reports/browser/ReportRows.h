@@ -1,0 +1,66 @@
+#pragma once
+
+#include "reports/SpywareScanReport.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane {
+
+enum class ReportFilter : std::uint8_t { All, Found, Clean };
+
+/// What a row of the report list shows; texts are escaped for display.
+struct ReportRow {
+    std::string when; ///< relative to now
+    std::string date; ///< the same as date and time
+    std::string kind;
+    std::uint64_t spyWareCount = 0;
+    std::string duration;
+    Rgba redGreen;
+    std::string openTrash; ///< name of the action icon
+};
+
+/// The stored reports, and which of them are shown. Texts are made for the rows that are looked at
+/// only, so that ten thousand reports cost no more than a screenful. Main thread only.
+class ReportRows {
+public:
+    /// The list, newest first; `now` is what relative dates are relative to.
+    void setReports(ReportList reports, Date now);
+    void remove(std::string_view reportId);
+    void setNow(Date now) { m_now = now; }
+
+    void setFilter(ReportFilter filter);
+    [[nodiscard]] ReportFilter filter() const { return m_filter; }
+
+    /// Shows only reports that have all these words in their kind, date or threat names; letter
+    /// case does not matter.
+    void setSearch(std::string_view words);
+
+    [[nodiscard]] const ReportList& reports() const { return m_reports; }
+    [[nodiscard]] std::size_t size() const { return m_shown.size(); }
+    [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report(std::size_t row) const
+    {
+        return m_reports[m_shown[row]];
+    }
+    /// Where the row's report stands in reports().
+    [[nodiscard]] std::size_t listIndex(std::size_t row) const { return m_shown[row]; }
+
+    /// Brings the report's relative date up to date.
+    [[nodiscard]] ReportRow row(std::size_t row) const;
+
+private:
+    void choose();
+    [[nodiscard]] bool isFound(std::size_t index);
+
+    ReportList m_reports;
+    Date m_now{};
+    ReportFilter m_filter = ReportFilter::All;
+    std::vector<std::string> m_words;      ///< folded
+    std::vector<std::string> m_searchable; ///< folded, one a report, made by the first search
+    std::vector<std::size_t> m_shown;
+};
+
+} // namespace pryvane
