@@ -104,6 +104,7 @@ TEST_F(RemoveCommandTest, AsksAndRemovesOnlyWhatWasChosen)
     EXPECT_THAT(removed.out, HasSubstr("Removed: 2 findings, 3 entries, 8.2 KB in all\n"));
     EXPECT_FALSE(volume.contains(kAobo) || volume.contains(kMdworker));
     EXPECT_TRUE(volume.contains(kRefog) && volume.contains(kMdsa));
+    EXPECT_TRUE(data.contains("Removals.jsonl"));
     // The report tells what is left.
     const Outcome shown = run({"report", "show", "latest", "--volume", volume.path()});
     EXPECT_THAT(shown.out,
