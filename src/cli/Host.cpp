@@ -9,6 +9,7 @@
 #include "platform/posix/LoginUser.h"
 #include "platform/posix/MemoryUserDefaults.h"
 #include "platform/posix/SqliteUserDefaults.h"
+#include "platform/posix/removal/RemovalJournalFile.h"
 #include "platform/posix/removal/VolumeRemover.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
@@ -123,9 +124,11 @@ PlatformServices Host::services()
 
 Result<Remover*> Host::remover()
 {
-    if (!m_remover)
-        m_remover = std::make_unique<VolumeRemover>(*m_disk, m_journal,
+    if (!m_remover) {
+        m_journal = std::make_unique<RemovalJournalFile>(m_dataFolder, *m_disk, *m_clock);
+        m_remover = std::make_unique<VolumeRemover>(*m_disk, *m_journal,
                                                     std::vector<std::string>{m_dataFolder});
+    }
     return m_remover.get();
 }
 

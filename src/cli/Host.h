@@ -6,7 +6,6 @@
 #include "engine/records/ScanState.h"
 #include "platform/Log.h"
 #include "platform/PlatformServices.h"
-#include "platform/RemovalJournal.h"
 #include "platform/UserDefaults.h"
 #include "platform/UserNotifier.h"
 #include "platform/posix/BlockingMainQueue.h"
@@ -19,6 +18,7 @@
 namespace pryvane {
 class PDFGenerate;
 class ReportPrinting;
+class RemovalJournal;
 class Remover;
 class Workspace;
 } // namespace pryvane
@@ -84,7 +84,7 @@ private:
     std::unique_ptr<UserDefaults> m_defaults;
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<Documents> m_documents;
-    NoRemovalJournal m_journal;
+    std::unique_ptr<RemovalJournal> m_journal;
     std::unique_ptr<Remover> m_remover;
     std::string m_user;
     std::string m_dataFolder;
