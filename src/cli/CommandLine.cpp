@@ -2,6 +2,7 @@
 
 #include "cli/Host.h"
 #include "core/Escape.h"
+#include "platform/posix/removal/ConfinedWork.h"
 
 #include <iostream>
 #include <sstream>
@@ -41,11 +42,16 @@ std::string oneLine(const std::string& message)
 
 } // namespace
 
+std::string versionText()
+{
+    return "pryvane-cli " PRYVANE_VERSION "\nRemoval is " + std::string(kernelConfinementText());
+}
+
 CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
 {
     m_app.footer(kFooter);
     m_app.require_subcommand(1);
-    m_app.set_version_flag("--version", kVersionText);
+    m_app.set_version_flag("--version", versionText);
     m_app.get_formatter()->column_width(34);
     addScanCommand(*this, m_app);
     addRemoveCommand(*this, m_app);

@@ -74,7 +74,11 @@ void forEachLine(int file, const std::function<void(std::string_view line)>& tol
 
 std::optional<JournalLine> parsedJournalLine(std::string_view line)
 {
-    const auto object = nlohmann::json::parse(line, nullptr, false);
+    // Ours are flat. What is nested deeper is dropped as it is read, or it could take all memory.
+    const auto isFlat = [](int depth, nlohmann::json::parse_event_t, nlohmann::json&) {
+        return depth <= 1;
+    };
+    const auto object = nlohmann::json::parse(line, isFlat, false);
     if (!object.is_object())
         return std::nullopt;
     const std::string event = textOf(object, "event");
