@@ -141,7 +141,7 @@ void ReportViewController::openThisReport(std::size_t row)
         return;
     const auto report = m_rows.report(row);
     if (report->spyWareCount == 0) {
-        deleteReport(report);
+        deleteReport(report->reportId);
         return;
     }
     const auto index = static_cast<std::int64_t>(m_rows.listIndex(row));
@@ -286,10 +286,10 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
 void ReportViewController::trashReport()
 {
     if (m_report)
-        deleteReport(m_report);
+        deleteReport(m_report->reportId);
 }
 
-void ReportViewController::deleteReport(std::shared_ptr<SpywareScanReport> report)
+void ReportViewController::deleteReport(std::string reportId)
 {
     const int answer = m_services.alerts.runModal(
         {"Alert", "Are you sure you want to delete this report?", {"Yes", "No"}});
@@ -298,10 +298,10 @@ void ReportViewController::deleteReport(std::shared_ptr<SpywareScanReport> repor
     closeDetails();
     m_selectedRow.reset();
     m_rows.setNow(m_services.clock.now());
-    m_rows.remove(report->reportId);
+    m_rows.remove(reportId);
     m_storeTasks.run(
-        [this, id = report->reportId](const StopFlag&) { return m_store.deleteReport(id); },
-        [this, id = report->reportId](const Result<bool>& outcome) { deleted(id, outcome); });
+        [this, reportId](const StopFlag&) { return m_store.deleteReport(reportId); },
+        [this, id = std::move(reportId)](const Result<bool>& outcome) { deleted(id, outcome); });
     Q_EMIT listChanged();
     Q_EMIT stateChanged();
 }

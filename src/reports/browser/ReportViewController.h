@@ -108,7 +108,7 @@ private:
     void hideDetailsOfEmptyList();
     void reloadThreatDetails();
     void ChangeSelection();
-    void deleteReport(std::shared_ptr<SpywareScanReport> report);
+    void deleteReport(std::string reportId);
     void deleted(const std::string& reportId, const Result<bool>& outcome);
     void printed(const PrintOutcome& outcome);
     void say(std::string notice);
