@@ -7,9 +7,6 @@
 #include "platform/linux/PropertyList.h"
 #include "platform/posix/VolumeSizeMeter.h"
 
-#include <chrono>
-#include <functional>
-#include <future>
 #include <string>
 
 namespace pryvane::cli {
@@ -36,17 +33,5 @@ private:
     VolumeSizeMeter m_sizes;
     LinuxPropertyLists m_propertyLists;
 };
-
-/// Does the work on a thread of its own and meanwhile shows the line, where there is a terminal.
-inline void withProgress(const Console& console, const std::function<std::string()>& line,
-                         const std::function<void()>& work)
-{
-    constexpr std::chrono::milliseconds kBetween{40};
-    ProgressBar bar(console);
-    auto done = std::async(std::launch::async, work);
-    while (done.wait_for(kBetween) != std::future_status::ready)
-        bar.show(line());
-    done.get();
-}
 
 } // namespace pryvane::cli

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kDescription =
     "Looks on a Mac's disk for the files, launch agents, extensions and applications that known\n"
-    "spyware leaves behind. Only names are looked at; nothing is read, uploaded or downloaded.";
+    "spyware leaves behind. A scan looks at names only; nothing is uploaded or downloaded.";
 
 constexpr const char* kFooter =
     "First steps:\n"
@@ -21,6 +21,8 @@ constexpr const char* kFooter =
     "  pryvane-cli scan --deep                           every file of the home as well\n"
     "  pryvane-cli report list                           earlier scans, newest first\n"
     "  pryvane-cli report show latest                    the last scan's findings\n"
+    "  pryvane-cli remove latest --all --dry-run         what removing them would do\n"
+    "  pryvane-cli privacy list                          private data, with its size\n"
     "  pryvane-cli explain /Library/LaunchAgents/x.plist why a path would be flagged\n"
     "\n"
     "Exit codes: 0 clean or done, 1 findings, 2 error or bad usage, 130 interrupted.\n"
@@ -46,6 +48,7 @@ CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
     m_app.set_version_flag("--version", kVersionText);
     m_app.get_formatter()->column_width(34);
     addScanCommand(*this, m_app);
+    addRemoveCommand(*this, m_app);
     addReportCommand(*this, m_app);
     addExplainCommand(*this, m_app);
     addInventoryCommand(*this, m_app);

@@ -45,6 +45,7 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments);
 // One function a command; each adds itself to the parser.
 void addScanCommand(CommandLine& line, CLI::App& app);
 void addReportCommand(CommandLine& line, CLI::App& app);
+void addRemoveCommand(CommandLine& line, CLI::App& app);
 void addExplainCommand(CommandLine& line, CLI::App& app);
 void addInventoryCommand(CommandLine& line, CLI::App& app);
 void addPrivacyCommand(CommandLine& line, CLI::App& app);

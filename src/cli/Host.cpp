@@ -9,6 +9,8 @@
 #include "platform/posix/LoginUser.h"
 #include "platform/posix/MemoryUserDefaults.h"
 #include "platform/posix/SqliteUserDefaults.h"
+#include "platform/posix/removal/RemovalJournalFile.h"
+#include "platform/posix/removal/VolumeRemover.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
 #include "signatures/MakersApplications.h"
@@ -118,6 +120,19 @@ PlatformServices Host::services()
 {
     return {*m_disk,   *m_defaults,     m_notifications, m_mainQueue,    *m_clock,
             *m_alerts, *m_folderPicker, *m_workspace,    m_userNotifier, m_log};
+}
+
+Result<Remover*> Host::remover()
+{
+    if (m_remover)
+        return m_remover.get();
+    auto journal = RemovalJournalFile::open(m_dataFolder, *m_disk, *m_clock);
+    if (!journal)
+        return journal.error();
+    m_journal = std::move(journal).value();
+    m_remover = std::make_unique<VolumeRemover>(*m_disk, *m_journal,
+                                                std::vector<std::string>{m_dataFolder});
+    return m_remover.get();
 }
 
 } // namespace pryvane::cli

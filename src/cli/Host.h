@@ -18,6 +18,8 @@
 namespace pryvane {
 class PDFGenerate;
 class ReportPrinting;
+class RemovalJournal;
+class Remover;
 class Workspace;
 } // namespace pryvane
 
@@ -52,6 +54,8 @@ public:
     [[nodiscard]] Workspace& workspace() { return *m_workspace; }
     [[nodiscard]] UserDefaults& defaults() { return *m_defaults; }
     [[nodiscard]] Clock& clock() { return *m_clock; }
+    /// What removes for good on this volume and keeps the account of it; made on first use.
+    [[nodiscard]] Result<Remover*> remover();
     [[nodiscard]] BlockingMainQueue& mainQueue() { return m_mainQueue; }
     [[nodiscard]] NotificationCenter& notifications() { return m_notifications; }
     [[nodiscard]] ScanState& state() { return m_state; }
@@ -80,6 +84,8 @@ private:
     std::unique_ptr<UserDefaults> m_defaults;
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<Documents> m_documents;
+    std::unique_ptr<RemovalJournal> m_journal;
+    std::unique_ptr<Remover> m_remover;
     std::string m_user;
     std::string m_dataFolder;
 };

@@ -135,10 +135,12 @@ Result<Done> tickItems(std::span<ToolGroup> groups, std::span<const std::string>
         const Candidates found = candidates(groups, name);
         const std::string shown = forTerminal(name);
         if (found.whole.empty() && found.groups.size() > 1) {
-            std::string choice;
-            for (const std::string& group : found.groups)
-                choice.append(choice.empty() ? "\"" : ", \"").append(group + "/" + shown + "\"");
-            return Error{"several groups have an item \"" + shown + "\"; give one of " + choice};
+            std::string message = "several groups have an item \"" + shown + "\"; give one of ";
+            for (std::size_t i = 0; i < found.groups.size(); ++i)
+                message.append(i ? ", \"" : "\"")
+                    .append(found.groups[i])
+                    .append("/" + shown + "\"");
+            return Error{std::move(message)};
         }
         if (found.whole.empty() && found.alone.empty())
             return Error{"there is no item \"" + shown +

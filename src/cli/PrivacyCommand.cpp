@@ -4,6 +4,8 @@
 #include "cli/PrivacyClear.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
+#include "platform/Remover.h"
+#include "platform/Workspace.h"
 
 #include <nlohmann/json.hpp>
 
@@ -92,6 +94,20 @@ int listPrivacy(const PrivacyArguments& arguments, const Console& console)
     return kDone;
 }
 
+int clearPrivacy(const PrivacyArguments& arguments, const Console& console)
+{
+    auto host = Host::open(console, arguments.volume, StoreUse::None);
+    if (!host)
+        return console.fail(host.error().message);
+    CleanerHost cleaner(**host);
+    cleaner.sayMissingHome(console);
+    const auto running = (*host)->workspace().runningApplications();
+    const auto remover = (*host)->remover();
+    if (!remover)
+        return console.fail(remover.error().message);
+    return clearItems(cleaner, running, **remover, arguments.clear, console);
+}
+
 void addFormat(CLI::App& command, std::string& format)
 {
     command.add_option("--format", format, "text or json")
@@ -103,8 +119,8 @@ void addFormat(CLI::App& command, std::string& format)
 
 void addPrivacyCommand(CommandLine& line, CLI::App& app)
 {
-    CLI::App* parent =
-        app.add_subcommand("privacy", "Measure private data of browsers, mail and system");
+    CLI::App* parent = app.add_subcommand(
+        "privacy", "Measure and clear private data of browsers, mail and system");
     parent->require_subcommand(1);
     const auto arguments = std::make_shared<PrivacyArguments>();
     CLI::App* list = line.addCommand(
@@ -112,6 +128,21 @@ void addPrivacyCommand(CommandLine& line, CLI::App& app)
         [arguments](const Console& console) { return listPrivacy(*arguments, console); });
     addVolumeOptions(*list, arguments->volume);
     addFormat(*list, arguments->format);
+
+    CLI::App* clear = line.addCommand(
+        *parent, "clear", "Remove the data of some items for good, after a preview",
+        [arguments](const Console& console) { return clearPrivacy(*arguments, console); });
+    clear
+        ->add_option("--item", arguments->clear.items,
+                     "GROUP/ITEM as privacy list names them, or ITEM where one group has it")
+        ->required()
+        ->type_name("NAME");
+    clear->add_flag("--dry-run", arguments->clear.dryRun, "Only show what would be removed");
+    clear->add_flag("--yes", arguments->clear.yes, "Do not ask");
+    addVolumeOptions(*clear, arguments->volume);
+    addFormat(*clear, arguments->clear.format);
+    clear->footer("Exit code: 0 done, 1 something stayed, 2 error, 130 interrupted.\n"
+                  "Example: pryvane-cli privacy clear --item Safari/History --dry-run");
 }
 
 } // namespace pryvane::cli

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <future>
 #include <ostream>
 
 namespace pryvane::cli {
@@ -81,6 +82,17 @@ void ProgressBar::clear()
     if (m_drawn)
         m_console.err << kEraseLine << std::flush;
     m_drawn = false;
+}
+
+void withProgress(const Console& console, const std::function<std::string()>& line,
+                  const std::function<void()>& work)
+{
+    constexpr std::chrono::milliseconds kBetween{40};
+    ProgressBar bar(console);
+    auto done = std::async(std::launch::async, work);
+    while (done.wait_for(kBetween) != std::future_status::ready)
+        bar.show(line());
+    done.get();
 }
 
 } // namespace pryvane::cli

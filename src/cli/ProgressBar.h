@@ -4,6 +4,7 @@
 #include "engine/ScanDisplay.h"
 
 #include <chrono>
+#include <functional>
 #include <string>
 
 namespace pryvane::cli {
@@ -29,5 +30,9 @@ private:
     std::chrono::steady_clock::time_point m_lastDrawn{};
     bool m_drawn = false;
 };
+
+/// Does the work on a thread of its own and meanwhile shows the line, where there is a terminal.
+void withProgress(const Console& console, const std::function<std::string()>& line,
+                  const std::function<void()>& work);
 
 } // namespace pryvane::cli

@@ -6,6 +6,7 @@
 #include "core/Escape.h"
 #include "engine/ScanViewController.h"
 #include "platform/PreferenceKeys.h"
+#include "platform/Remover.h"
 #include "platform/posix/ErrorText.h"
 #include "reports/DefaultMethods.h"
 #include "reports/ReportExport.h"
@@ -41,7 +42,8 @@ public:
     ScanRun(const Console& console, Host& host, const ScanArguments& arguments)
         : m_console(console), m_host(host), m_access(host.disk()),
           m_store(host.defaults(), host.disk(), host.clock(), host.log()),
-          m_controller(host.services(), host.state(), m_access, m_store, options(host, arguments)),
+          m_controller(host.services(), host.state(), m_access, m_store, m_remover,
+                       options(host, arguments)),
           m_bar(console)
     {
         host.state().isDeepScan = arguments.deep;
@@ -102,6 +104,7 @@ private:
     Host& m_host;
     GrantedAccess m_access;
     DefaultMethods m_store;
+    NoRemover m_remover;
     ScanViewController m_controller;
     ProgressBar m_bar;
     NotificationCenter::Observation m_stopObservation;

@@ -110,6 +110,11 @@ std::string relativeDateStringForDate(Date date, Date now)
     return "In few seconds";
 }
 
+std::string countedText(std::uint64_t count, const char* one, const char* many)
+{
+    return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
 std::string sizeText(std::int64_t bytes)
 {
     if (bytes <= 0)

@@ -18,6 +18,9 @@ using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::mil
 /// "1 hour ago", "In few seconds"; "Not scan yet" where `now` is not later than `date`.
 [[nodiscard]] std::string relativeDateStringForDate(Date date, Date now);
 
+/// A count with its noun: "1 entry", "3 entries".
+[[nodiscard]] std::string countedText(std::uint64_t count, const char* one, const char* many);
+
 /// A byte count for a person, in decimal units: "0 byte", "812 bytes", "1.4 MB".
 [[nodiscard]] std::string sizeText(std::int64_t bytes);
 

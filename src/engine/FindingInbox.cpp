@@ -102,7 +102,6 @@ void FindingInbox::drainSlice()
 {
     const auto end = m_services.clock.steadyNow() + kSlice;
     const auto before = m_state.arrSpywareList.records().size();
-    const std::weak_ptr alive(m_alive);
     std::deque<Pending> slice;
     bool more = true;
     while (more && m_services.clock.steadyNow() < end) {
@@ -112,15 +111,22 @@ void FindingInbox::drainSlice()
             if (pending.record)
                 admit(pending);
             else
-                pending.done();
-            if (alive.expired()) // what was told may have ended the session
-                return;
+                postDone(pending.done);
         }
     }
     if (m_state.arrSpywareList.records().size() != before)
         m_listChanged();
     if (more)
         schedule();
+}
+
+/// Behind what the scan's threads had posted to the main thread before, such as their last steps.
+void FindingInbox::postDone(const std::function<void()>& done)
+{
+    m_services.mainQueue.post([done, alive = std::weak_ptr(m_alive)] {
+        if (!alive.expired())
+            done();
+    });
 }
 
 void FindingInbox::admit(const Pending& pending)

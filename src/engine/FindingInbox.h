@@ -54,6 +54,7 @@ private:
     void schedule();
     void drainSlice();
     [[nodiscard]] bool take(std::deque<Pending>& slice);
+    void postDone(const std::function<void()>& done);
     void admit(const Pending& pending);
     void holdBack(const FileURL& url);
     void list(const std::shared_ptr<Spyware>& record);

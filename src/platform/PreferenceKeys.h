@@ -37,10 +37,11 @@ inline constexpr PreferenceKey<bool> kARD{"ARD", true};
 inline constexpr PreferenceKey<bool> kRealTimeScan{"RealTimeScanONOFF", true};
 inline constexpr PreferenceKey<bool> kIsRunOnStart{"IsRunOnStart", false};
 inline constexpr PreferenceKey<bool> kIsDockIcon{"IsDockIcon", true};
-inline constexpr PreferenceKey<bool> kScheduleOn{"ScheduleOn", false};
+inline constexpr PreferenceKey<std::string_view> kScheduleOn{"ScheduleOn", "No"}; // or "Yes"
 inline constexpr PreferenceKey<Date> kScheduleStartDate{"ScheduleStartDate", Date{}};
 inline constexpr PreferenceKey<Date> kScheduleEndDate{"ScheduleEndDate", Date{}};
-inline constexpr PreferenceKey<Date> kScheduleTime{"ScheduleTime", Date{}};
+inline constexpr PreferenceKey<double> kScheduleTime{"ScheduleTime", 0.0}; // s after 00:00:01
+inline constexpr PreferenceKey<std::int64_t> kScheduleType{"ScheduleType", 0};
 inline constexpr PreferenceKey<bool> kLayoutDiagnostics{
     "NSConstraintBasedLayoutVisualizeMutuallyExclusiveConstraints", false};
 

@@ -14,7 +14,7 @@ std::string_view sentence(RemovalObstacle obstacle)
     case RemovalObstacle::LinkOnTheWay:
         return "a link on the way leads elsewhere than when it was found; look again first";
     case RemovalObstacle::KindChanged:
-        return "what was a file is a folder now; look again first";
+        return "it is no longer what it was when it was found; look again first";
     case RemovalObstacle::MountPoint:
         return "another disk is mounted there; eject it first";
     case RemovalObstacle::ReadOnlyVolume:
@@ -35,9 +35,9 @@ std::string_view sentence(RemovalObstacle obstacle)
     case RemovalObstacle::Confined:
         return "the system stopped a removal outside the volume";
     case RemovalObstacle::Stopped:
-        return "stopped before it was done";
+        return "stopped before it was done; remove it again to finish";
     case RemovalObstacle::DeviceError:
-        return "the disk reports an error; check the disk";
+        return "the system reports an error; check the disk, then try again";
     }
     return {};
 }

@@ -33,4 +33,27 @@ public:
                         const RemovalResults& told) = 0;
 };
 
+/// For executables and tests that remove nothing: every item fails.
+class NoRemover final : public Remover {
+public:
+    void plan(std::span<const RemovalItem> items, const StopFlag&,
+              const RemovalForecasts& told) override
+    {
+        RemovalForecast forecast;
+        forecast.kind = FileKind::Unknown;
+        forecast.obstacle = RemovalObstacle::NotPermitted;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            told(i, forecast);
+    }
+
+    void remove(std::span<const RemovalItem> items, const StopFlag&,
+                const RemovalResults& told) override
+    {
+        RemovalResult result;
+        result.obstacle = RemovalObstacle::NotPermitted;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            told(i, result);
+    }
+};
+
 } // namespace pryvane

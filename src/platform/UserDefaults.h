@@ -12,7 +12,7 @@
 namespace pryvane {
 
 /// A preference as stored.
-using PreferenceValue = std::variant<bool, std::int64_t, Date, std::string, Bytes>;
+using PreferenceValue = std::variant<bool, std::int64_t, Date, std::string, Bytes, double>;
 
 /// The per-user preferences store. Each write is whole and durable when it returns success: a crash
 /// at any moment leaves the old value or the new one. Callable from any thread; the main thread
@@ -42,6 +42,10 @@ public:
     /// The value of a typed key, or the key's fallback while it is absent or of another type.
     [[nodiscard]] bool get(const PreferenceKey<bool>& key) { return typed(key.name, key.fallback); }
     [[nodiscard]] std::int64_t get(const PreferenceKey<std::int64_t>& key)
+    {
+        return typed(key.name, key.fallback);
+    }
+    [[nodiscard]] double get(const PreferenceKey<double>& key)
     {
         return typed(key.name, key.fallback);
     }

@@ -21,7 +21,8 @@ public:
     [[nodiscard]] virtual std::optional<std::string> bundleIdentifier(const FileURL& bundle) = 0;
 
     /// The display names of the applications that run on this host now ("Google Chrome"), each
-    /// once. They have to do with the volume only where the volume is "/".
+    /// once; those that could keep files of the volume open are enough. None where the volume is
+    /// not this host's own "/": then they have nothing to do with it.
     [[nodiscard]] virtual std::vector<std::string> runningApplications() = 0;
 };
 

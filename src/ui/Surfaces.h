@@ -12,7 +12,7 @@ class QVBoxLayout;
 namespace pryvane::ui {
 
 /// A white (or dark) card with a hairline and round corners, holding one group of things.
-class Card final : public QFrame {
+class Card : public QFrame {
     Q_OBJECT
 
 public:

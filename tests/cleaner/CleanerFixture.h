@@ -4,7 +4,7 @@
 #include "platform/Volumes.h"
 #include "platform/linux/PropertyList.h"
 #include "platform/posix/VolumeSizeMeter.h"
-#include "support/PlainRemover.h"
+#include "support/StubbornRemover.h"
 
 #include <gtest/gtest.h>
 
@@ -36,7 +36,13 @@ protected:
         VolumeFileSystem& opened = disk();
         return {opened, *m_sizes, m_propertyLists};
     }
-    Remover& remover() { return plainRemover; }
+    StubbornRemover& remover()
+    {
+        VolumeFileSystem& opened = disk();
+        if (!m_remover)
+            m_remover = std::make_unique<StubbornRemover>(opened);
+        return *m_remover;
+    }
     AdwareScan inventory() { return {services(), "alice", stop}; }
 
     std::vector<ToolGroup> privacyGroups()
@@ -59,12 +65,12 @@ protected:
     }
 
     TemporaryFolder volume;
-    PlainRemover plainRemover{volume};
     StopFlag stop;
 
 private:
     std::unique_ptr<VolumeFileSystem> m_disk;
     std::unique_ptr<VolumeSizeMeter> m_sizes;
+    std::unique_ptr<StubbornRemover> m_remover;
     LinuxPropertyLists m_propertyLists;
 };
 

@@ -2,7 +2,8 @@
 #include "cli/CleanerHost.h"
 #include "cli/CliFixture.h"
 #include "cli/PrivacyClear.h"
-#include "support/PlainRemover.h"
+#include "platform/RemovalJournal.h"
+#include "platform/posix/removal/VolumeRemover.h"
 
 #include <gmock/gmock.h>
 
@@ -109,13 +110,14 @@ TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
 {
     const std::string cookies = chrome + "/Default/Cookies";
     const std::string log = "/Users/alice/Library/Logs/a.log";
-    PlainRemover remover(volume);
     const auto clear = [&](cli::ClearArguments arguments, std::vector<std::string> running = {}) {
         return with([&](const cli::Console& console) {
             auto host = std::move(
                 cli::Host::open(console, {volume.path(), "alice", false}, cli::StoreUse::None)
                     .value());
             cli::CleanerHost cleaner(*host);
+            NoRemovalJournal journal;
+            VolumeRemover remover(host->disk(), journal, {});
             return cli::clearItems(cleaner, running, remover, arguments, console);
         });
     };
@@ -157,6 +159,12 @@ TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
     EXPECT_EQ(done.code, 0);
     EXPECT_TRUE(json::parse(done.out)["stayed"].empty());
     EXPECT_FALSE(volume.contains(cookies));
+
+    volume.file(cookies, "again");
+    EXPECT_EQ(on({"privacy", "clear", "--item", both[0], "--dry-run"}).code, 0);
+    EXPECT_EQ(on({"privacy", "clear", "--item", both[0], both[1], "--yes"}).code, 0);
+    EXPECT_FALSE(volume.contains(cookies));
+    EXPECT_EQ(on({"privacy", "clear", "--yes"}).code, 2);
 }
 
 } // namespace pryvane::test

@@ -62,7 +62,7 @@ protected:
     }
 
     TemporaryFolder volume;
-    std::unique_ptr<FileSystem> disk;
+    std::unique_ptr<VolumeFileSystem> disk;
     MemoryUserDefaults defaults;
     NotificationCenter notifications;
     ManualMainQueue mainQueue;

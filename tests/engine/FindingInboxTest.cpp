@@ -48,6 +48,7 @@ TEST_F(FindingInboxTest, ListsOneRecordForOneExistingLocation)
     EXPECT_EQ(record.size, 12);
     EXPECT_TRUE(record.isAvail && record.isChecked);
     EXPECT_FALSE(record.isDeleted || record.isNoAction);
+    EXPECT_EQ(record.seen, disk->sighting(record.url));
     EXPECT_EQ(updates, 2);
     EXPECT_EQ(userNotifier.delivered,
               (std::vector<std::string>{"Pryvane: Spyware Found: .mdworker",

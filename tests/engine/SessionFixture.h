@@ -2,8 +2,9 @@
 
 #include "engine/EngineFixture.h"
 #include "engine/ScanViewController.h"
+#include "platform/RemovalJournal.h"
+#include "platform/posix/removal/VolumeRemover.h"
 #include "reports/DefaultMethods.h"
-#include "support/PlainRemover.h"
 
 #include <mutex>
 
@@ -45,7 +46,8 @@ protected:
     }
     ReportList stored() { return store.loadListReportWithKey(preferences::kSaveReport); }
 
-    PlainRemover remover{volume};
+    NoRemovalJournal journal;
+    VolumeRemover remover{*disk, journal, {}};
     DefaultMethods store{defaults, *disk, clock, log};
     ScanViewController controller{services(), state,
                                   access,     store,

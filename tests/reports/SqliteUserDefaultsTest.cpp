@@ -46,6 +46,8 @@ TEST_F(SqliteUserDefaultsTest, KeepsValuesOfEveryTypeOverARestart)
         {"no", false},
         {"integer", std::int64_t{-1} << 62},
         {"date", Date(std::chrono::milliseconds(-1))},
+        {"number", 32399.25},
+        {"whole number", 32400.0},
         {"text", "caf\xc3\xa9"s},
         {"raw text", "a\0b\xff"s},
         {"no text", ""s},

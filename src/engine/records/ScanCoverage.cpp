@@ -1,15 +1,11 @@
 #include "engine/records/ScanCoverage.h"
 
 #include "core/Escape.h"
+#include "core/Texts.h"
 
 namespace pryvane {
 
 namespace {
-
-std::string counted(std::size_t count, const char* one, const char* many)
-{
-    return std::to_string(count) + " " + (count == 1 ? one : many);
-}
 
 } // namespace
 
@@ -49,7 +45,7 @@ std::string verdictLine(std::size_t findings, const ScanCoverage& coverage)
 {
     std::string gaps;
     if (!coverage.refused.empty())
-        gaps = counted(coverage.refused.size(), "location", "locations") + " could not be read";
+        gaps = countedText(coverage.refused.size(), "location", "locations") + " could not be read";
     if (!coverage.missingHome.empty())
         gaps += (gaps.empty() ? "" : "; ") + missingHomeText(coverage);
     switch (verdictOf(findings, coverage)) {
@@ -60,7 +56,7 @@ std::string verdictLine(std::size_t findings, const ScanCoverage& coverage)
     case Verdict::Found:
         break;
     }
-    return "Found: " + counted(findings, "potential threat", "potential threats") +
+    return "Found: " + countedText(findings, "potential threat", "potential threats") +
            (gaps.empty() ? "." : "; not everything could be read: " + gaps + ".");
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxWorkspace.h"
 
 #include "platform/linux/PropertyList.h"
+#include "platform/linux/RunningApplications.h"
 
 namespace pryvane {
 
@@ -29,7 +30,8 @@ std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundl
 
 std::vector<std::string> LinuxWorkspace::runningApplications()
 {
-    return {}; // filled from /proc next
+    // Those of this host have nothing to do with a disk that is mounted on it.
+    return m_disk.isHostRoot() ? runningApplicationsOfHost() : std::vector<std::string>();
 }
 
 } // namespace pryvane

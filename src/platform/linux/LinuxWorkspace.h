@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/FileSystem.h"
 #include "platform/Workspace.h"
+#include "platform/posix/VolumeFileSystem.h"
 
 namespace pryvane {
 
@@ -9,14 +9,16 @@ namespace pryvane {
 class LinuxWorkspace final : public Workspace {
 public:
     /// `user` is the short name of the account on the volume. The file system must outlive this.
-    LinuxWorkspace(FileSystem& disk, std::string user) : m_disk(disk), m_user(std::move(user)) {}
+    LinuxWorkspace(VolumeFileSystem& disk, std::string user) : m_disk(disk), m_user(std::move(user))
+    {
+    }
 
     [[nodiscard]] std::optional<FileURL> fullPathForApplication(std::string_view name) override;
     [[nodiscard]] std::optional<std::string> bundleIdentifier(const FileURL& bundle) override;
     [[nodiscard]] std::vector<std::string> runningApplications() override;
 
 private:
-    FileSystem& m_disk;
+    VolumeFileSystem& m_disk;
     std::string m_user;
 };
 

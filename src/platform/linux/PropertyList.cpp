@@ -103,6 +103,13 @@ private:
             number(dictionary.start + (dictionary.count + i) * m_referenceSize, m_referenceSize)};
     }
 
+    /// The characters or pairs of that object; 0 where there is none.
+    [[nodiscard]] std::uint64_t countOf(std::uint64_t index) const
+    {
+        const auto found = object(index);
+        return found ? found->count : 0;
+    }
+
     /// The texts of a dictionary. Each pair and each byte of text takes one from the budget; what
     /// exceeds it is left out.
     [[nodiscard]] PropertyTexts texts(const Object& dictionary, std::uint64_t& budget) const
@@ -111,15 +118,16 @@ private:
         for (std::uint64_t i = 0; i < dictionary.count && budget > 0; ++i) {
             --budget;
             const auto [keyNumber, valueNumber] = pair(dictionary, i);
-            const auto key = keyNumber ? object(*keyNumber) : std::nullopt;
-            const auto value = valueNumber ? object(*valueNumber) : std::nullopt;
-            if (!key || !value || key->count + value->count > budget)
+            if (!keyNumber || !valueNumber)
+                break;
+            const std::uint64_t cost = countOf(*keyNumber) + countOf(*valueNumber);
+            if (cost > budget)
                 continue;
             auto name = string(*keyNumber);
             auto text = string(*valueNumber);
             if (!name || !text)
                 continue;
-            budget -= key->count + value->count;
+            budget -= cost;
             texts.insert_or_assign(std::move(*name), std::move(*text));
         }
         return texts;

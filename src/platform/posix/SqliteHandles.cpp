@@ -50,6 +50,13 @@ SqliteStatement& SqliteStatement::integer(std::int64_t value)
     return *this;
 }
 
+SqliteStatement& SqliteStatement::real(double value)
+{
+    if (m_code == SQLITE_OK)
+        m_code = sqlite3_bind_double(m_statement.get(), ++m_bound, value);
+    return *this;
+}
+
 int SqliteStatement::step()
 {
     return m_code == SQLITE_OK ? sqlite3_step(m_statement.get()) : m_code;
@@ -63,6 +70,11 @@ int SqliteStatement::columnType(int column) const
 std::int64_t SqliteStatement::integerColumn(int column) const
 {
     return sqlite3_column_int64(m_statement.get(), column);
+}
+
+double SqliteStatement::realColumn(int column) const
+{
+    return sqlite3_column_double(m_statement.get(), column);
 }
 
 bool SqliteStatement::bytesColumn(int column, std::string& bytes) const

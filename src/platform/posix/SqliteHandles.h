@@ -40,12 +40,14 @@ public:
     SqliteStatement& text(std::string_view value);
     SqliteStatement& blob(std::string_view value);
     SqliteStatement& integer(std::int64_t value);
+    SqliteStatement& real(double value);
 
     /// SQLITE_ROW, SQLITE_DONE, or what went wrong.
     [[nodiscard]] int step();
 
     [[nodiscard]] int columnType(int column) const;
     [[nodiscard]] std::int64_t integerColumn(int column) const;
+    [[nodiscard]] double realColumn(int column) const;
     /// The bytes of a text or blob column. None where memory ran out; step() cannot tell that.
     [[nodiscard]] bool bytesColumn(int column, std::string& bytes) const;
 

@@ -12,7 +12,8 @@ namespace pryvane {
 namespace {
 
 /// Names of the stored types, in the order of PreferenceValue's alternatives.
-constexpr std::array<std::string_view, 5> kTypeNames = {"bool", "integer", "date", "text", "bytes"};
+constexpr std::array<std::string_view, 6> kTypeNames = {"bool", "integer", "date",
+                                                        "text", "bytes",   "number"};
 static_assert(kTypeNames.size() == std::variant_size_v<PreferenceValue>);
 
 void bindValue(SqliteStatement& statement, const PreferenceValue& value)
@@ -25,6 +26,8 @@ void bindValue(SqliteStatement& statement, const PreferenceValue& value)
         statement.integer(date->time_since_epoch().count());
     else if (const auto* text = std::get_if<std::string>(&value))
         statement.text(*text);
+    else if (const auto* real = std::get_if<double>(&value))
+        statement.real(*real);
     else
         statement.blob(std::get<Bytes>(value).data);
 }
@@ -46,6 +49,9 @@ std::optional<PreferenceValue> valueColumns(const SqliteStatement& statement)
             return PreferenceValue(Date(Date::duration(number)));
         return std::nullopt;
     }
+    case SQLITE_FLOAT:
+        return type == kTypeNames[5] ? std::optional<PreferenceValue>(statement.realColumn(1))
+                                     : std::nullopt;
     case SQLITE_TEXT:
         if (type != kTypeNames[3] || !statement.bytesColumn(1, bytes))
             return std::nullopt;

@@ -117,14 +117,15 @@ Result<std::unique_ptr<VolumeFileSystem>> VolumeFileSystem::open(std::string_vie
         root = componentWalk(rootFd.get());
     if (const int error = root->probe("."))
         return cannotOpen(hostFolder, error);
-    const auto matching = isHostRoot(rootFd.get()) ? NameMatching::Exact : options.nameMatching;
     return std::unique_ptr<VolumeFileSystem>(
-        new VolumeFileSystem(std::move(rootFd), std::move(root), matching));
+        new VolumeFileSystem(std::move(rootFd), std::move(root), options.nameMatching));
 }
 
 VolumeFileSystem::VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root,
                                    NameMatching matching)
-    : m_rootFd(std::move(rootFd)), m_root(std::move(root)), m_matching(matching),
+    : m_rootFd(std::move(rootFd)), m_root(std::move(root)),
+      m_isHostRoot(pryvane::isHostRoot(m_rootFd.get())),
+      m_matching(m_isHostRoot ? NameMatching::Exact : matching),
       m_identity(identityOf(m_rootFd.get())), m_spellings(*m_root)
 {
 }
@@ -303,6 +304,18 @@ std::optional<std::string> VolumeFileSystem::spelledPath(const FileURL& url)
         placeOf("/" + spelled.path, url.mustBeFolder()).error != 0)
         return std::nullopt;
     return "/" + spelled.path;
+}
+
+VolumeFileSystem::Parent VolumeFileSystem::openParent(const FileURL& url) const
+{
+    Place place = placeOf(url.relativePath(), url.mustBeFolder());
+    if (m_matching == NameMatching::AsOnMac && meansAbsent(place.error)) {
+        SpellingResolver fresh(*m_root);
+        const auto spelled = fresh.resolve(url.identity(), LeafLink::Keep);
+        if (spelled.presence == Presence::Present)
+            place = placeOf("/" + spelled.path, url.mustBeFolder());
+    }
+    return {std::move(place.parent), std::move(place.name), place.error};
 }
 
 } // namespace pryvane

@@ -56,6 +56,20 @@ public:
     /// none.
     [[nodiscard]] Measurable measurable(const FileURL& url);
 
+    [[nodiscard]] NameMatching nameMatching() const { return m_matching; }
+
+    /// The folder that holds what stands there, links on the way followed inside the volume, and
+    /// the item's name as the disk spells it; read anew, not from what is remembered.
+    struct Parent {
+        UniqueFd parent;
+        std::string name;
+        int error = 0; ///< errno, where there is none
+    };
+    [[nodiscard]] Parent openParent(const FileURL& url) const;
+
+    /// Whether the volume is the very disk that this host runs from.
+    [[nodiscard]] bool isHostRoot() const { return m_isHostRoot; }
+
     /// The volume's folder, open for reading, for calls relative to it. Stays owned by this object.
     [[nodiscard]] int rootHandle() const { return m_rootFd.get(); }
 
@@ -68,6 +82,7 @@ private:
 
     UniqueFd m_rootFd;
     std::unique_ptr<ConfinedRoot> m_root;
+    bool m_isHostRoot;
     NameMatching m_matching;
     std::string m_identity;
     SpellingResolver m_spellings;

@@ -19,15 +19,17 @@ struct PDFFacts {
 };
 
 /// Writes a report as a PDF document: a pure layout first, then a painter. Needs no display. Two
-/// documents may be written at the same time.
+/// documents may be written at the same time, each by its own PDFGenerate. Programs that link this
+/// are passed to the build's pryvane_prints(), so that they find the painter.
 class PDFGenerate {
 public:
-    /// `disk` is the volume whose present state decides "Quarantined"; for a report of another
-    /// volume nothing is there.
+    /// `disk` is the volume whose present state decides between "Quarantined" and "Not
+    /// Quarantined". Of a report of another volume, and of locations that it cannot search, it says
+    /// "Not Checked".
     PDFGenerate(PDFFacts facts, FileSystem& disk, MachineInfo& machine);
 
-    /// Writes "Report.PDF" into the caches folder, replacing an older one only once the new one is
-    /// whole, and returns its host path.
+    /// Writes "Report.PDF" into the caches folder, which is made where it is missing, and returns
+    /// its host path. An older one is replaced only once the new one is whole.
     [[nodiscard]] Result<std::string> createPDFFileFor(const SpywareScanReport& report);
 
     /// The same to a file of the caller's choice.

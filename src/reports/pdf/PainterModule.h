@@ -11,8 +11,4 @@ namespace pryvane::pdf {
 /// because binding its forty libraries takes longer than all the rest of a program's start.
 [[nodiscard]] Result<std::unique_ptr<PdfPainter>> loadPainter();
 
-/// What the module exports: a painter, or the reason why there is none.
-using MakePainter = Result<std::unique_ptr<PdfPainter>> (*)();
-inline constexpr const char* kMakePainterSymbol = "pryvaneMakePdfPainter";
-
 } // namespace pryvane::pdf

@@ -1,12 +1,15 @@
-#include "reports/pdf/PainterModule.h"
 #include "reports/pdf/painter/CairoPainter.h"
 
-// The one name that the module shows.
-extern "C" __attribute__((visibility("default")))
-pryvane::Result<std::unique_ptr<pryvane::pdf::PdfPainter>>
-pryvaneMakePdfPainter();
+#include <utility>
 
-pryvane::Result<std::unique_ptr<pryvane::pdf::PdfPainter>> pryvaneMakePdfPainter()
+// The one name that the program asks the module for.
+extern "C" __attribute__((visibility("default"))) pryvane::pdf::PdfPainter*
+pryvaneMakePdfPainter(std::string& whyNot)
 {
-    return pryvane::pdf::CairoPainter::make();
+    auto painter = pryvane::pdf::CairoPainter::make();
+    if (!painter) {
+        whyNot = painter.error().message;
+        return nullptr;
+    }
+    return std::move(*painter).release();
 }

@@ -1,0 +1,104 @@
+#include "app/AppDelegate.h"
+#include "app/FolderGrant.h"
+#include "platform/Alerts.h"
+#include "platform/FolderPicker.h"
+#include "platform/GrantTokens.h"
+#include "platform/UserDefaults.h"
+
+#include <array>
+
+namespace pryvane {
+
+namespace {
+
+FileURL wholeDisk()
+{
+    return FileURL::fileURLWithPath("/");
+}
+
+} // namespace
+
+FileURL AppDelegate::homeFolder() const
+{
+    return FileURL::fileURLWithPath("/Users/" + m_facts.user);
+}
+
+bool AppDelegate::isWritable(const FileURL& folder)
+{
+    return m_desktop.grantTokens.writable(folder);
+}
+
+Result<Bytes> AppDelegate::makeBookmark(const FileURL& folder)
+{
+    return m_desktop.grantTokens.make(folder);
+}
+
+bool AppDelegate::makeBookMarkURLAccessible(std::string_view key)
+{
+    const auto token = m_services.defaults.getBytes(key);
+    return token && m_desktop.grantTokens.reopen(*token);
+}
+
+/// A folder that can be written without a grant counts as not granted, on purpose.
+bool AppDelegate::grantReopens(const FileURL& folder, std::string_view key)
+{
+    return !isWritable(folder) && makeBookMarkURLAccessible(key);
+}
+
+bool AppDelegate::isUserDirAccessible()
+{
+    return grantReopens(homeFolder(), preferences::kSaveDirectory);
+}
+
+bool AppDelegate::isHDAccessible()
+{
+    const bool accessible = grantReopens(wholeDisk(), preferences::kSaveDirectoryForHD);
+    m_state.isHDAccessible = accessible;
+    return accessible;
+}
+
+bool AppDelegate::isUserAccessible()
+{
+    const bool accessible =
+        isWritable(homeFolder()) || makeBookMarkURLAccessible(preferences::kSaveDirectory);
+    m_state.isUserDirAccessible = accessible;
+    return accessible;
+}
+
+void AppDelegate::checkForHDAccess()
+{
+    if (!m_services.defaults.get(preferences::kSandboxingDone) || isHDAccessible())
+        return;
+    const int answer = m_services.alerts.runModal(
+        {"Access Alert",
+         "Pryvane does not have permission to scan your entire mac. Please grant root access or "
+         "continue to only scan your user directory.",
+         {"Continue", "Confirm Access"}});
+    if (answer != kAlertFirstButton)
+        confirmAccessAction();
+}
+
+void AppDelegate::confirmAccessAction()
+{
+    constexpr std::array kKeys = {preferences::kSaveDirectory, preferences::kSaveDirectoryForHD};
+    const auto outcome = askForGrant(m_services, m_desktop.grantTokens,
+                                     {"Confirm Access", "Give access for scanning in your HardDisk",
+                                      wholeDisk(), &AppDelegate::panelShouldEnableURL},
+                                     kKeys);
+    if (outcome == GrantOutcome::Granted)
+        Q_EMIT stateChanged();
+}
+
+bool AppDelegate::panelShouldEnableURL(const FileURL& url)
+{
+    return url.absolutePath() == "/";
+}
+
+Result<Done> AppDelegate::panelValidateURL(const FileURL& url)
+{
+    if (panelShouldEnableURL(url))
+        return Done{};
+    return Error{"choose the whole disk, \"/\", here"};
+}
+
+} // namespace pryvane

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/BoundQueue.h"
+#include "app/Navigation.h"
+#include "core/NotificationCenter.h"
+#include "platform/PlatformServices.h"
+
+#include <QObject>
+
+#include <array>
+#include <memory>
+
+namespace pryvane {
+
+class AppDelegate;
+
+/// One screen of the main window.
+class Screen {
+public:
+    virtual ~Screen() = default;
+
+    /// It has come to the front; the print command is disabled until the screen gives it an action.
+    virtual void viewWillAppear() {}
+
+    /// Only the scan screen does something.
+    virtual void SpywareScanStart() {}
+};
+
+/// Makes the screens, each together with its widgets.
+class ScreenFactory {
+public:
+    virtual ~ScreenFactory() = default;
+
+    /// Called once for each row, when it is first shown. Never none.
+    [[nodiscard]] virtual std::unique_ptr<Screen> makeScreen(Row row) = 0;
+};
+
+/// The content of the main window without its widgets: which screen is shown, and when a requested
+/// scan starts. Screens are made on first use and then kept. Main thread only.
+class DetailsViewController final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(DetailsViewController)
+
+public:
+    DetailsViewController(const PlatformServices& services, AppDelegate& delegate,
+                          ScreenFactory& factory, QObject* parent = nullptr);
+    ~DetailsViewController() override;
+
+    /// Shows the dashboard, which applies the preferences.
+    void viewDidLoad();
+
+    [[nodiscard]] Row currentRow() const { return m_current; }
+
+Q_SIGNALS:
+    /// Another screen is shown.
+    void stateChanged();
+
+private:
+    void selectionChange(const SelectionChange& change);
+    Screen& show(Row row);
+
+    AppDelegate& m_delegate;
+    ScreenFactory& m_factory;
+    Row m_current = Row::Dashboard;
+    std::array<std::unique_ptr<Screen>, kRowTitles.size()> m_screens;
+    NotificationCenter::Observation m_selectionChange;
+    BoundQueue m_later;
+};
+
+} // namespace pryvane

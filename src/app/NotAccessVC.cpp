@@ -1,0 +1,57 @@
+#include "app/NotAccessVC.h"
+
+#include "app/AppDelegate.h"
+#include "app/FolderGrant.h"
+#include "platform/FolderPicker.h"
+
+#include <array>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds kFollowUp{300};
+
+} // namespace
+
+NotAccessVC::NotAccessVC(const PlatformServices& services, GrantTokens& tokens,
+                         AppDelegate& delegate, QObject* parent)
+    : QObject(parent), m_services(services), m_tokens(tokens), m_delegate(delegate),
+      m_later(services.mainQueue)
+{
+}
+
+void NotAccessVC::confirmAccessAction()
+{
+    constexpr std::array kKeys = {preferences::kSaveDirectory};
+    const auto outcome = askForGrant(
+        m_services, m_tokens,
+        {"Confirm Access", "Give access for scanning in your Home Directory",
+         m_delegate.homeFolder(), [this](const FileURL& url) { return panelShouldEnableURL(url); }},
+        kKeys);
+    if (outcome != GrantOutcome::Granted)
+        return;
+    m_isGranted = true;
+    Q_EMIT stateChanged();
+    m_later.postAfter(kFollowUp, [this] { m_delegate.openMainWindow(); });
+}
+
+void NotAccessVC::closeAppAction()
+{
+    m_delegate.terminateSelf();
+}
+
+bool NotAccessVC::panelShouldEnableURL(const FileURL& url) const
+{
+    const std::string path = url.absolutePath();
+    return path == m_delegate.homeFolder().absolutePath() || path == "/Users" || path == "/";
+}
+
+Result<Done> NotAccessVC::panelValidateURL(const FileURL& url) const
+{
+    if (panelShouldEnableURL(url))
+        return Done{};
+    return Error{"choose your home folder, \"/Users\" or \"/\" here"};
+}
+
+} // namespace pryvane

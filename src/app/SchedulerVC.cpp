@@ -1,0 +1,238 @@
+#include "app/SchedulerVC.h"
+
+#include "app/AppDelegate.h"
+#include "app/LocalCalendar.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::array<std::chrono::seconds, kScheduleTypeTitles.size()> kIntervals = {
+    std::chrono::seconds(86'400), std::chrono::seconds(604'800), std::chrono::seconds(2'592'000),
+    std::chrono::seconds(31'536'000)};
+
+/// 0 for an index that the pop-up does not have.
+Clock::Interval interval(int scheduletype)
+{
+    const bool known = scheduletype >= 0 && scheduletype < static_cast<int>(kIntervals.size());
+    return known ? kIntervals.at(static_cast<std::size_t>(scheduletype)) : Clock::Interval(0);
+}
+
+/// A stored time of day, which may be anything, within one day of 25 hours.
+double sensibleTime(double seconds)
+{
+    return std::isfinite(seconds) ? std::clamp(seconds, 0.0, 90'000.0) : 0.0;
+}
+
+} // namespace
+
+SchedulerVC::SchedulerVC(const PlatformServices& services, const DesktopServices& desktop,
+                         AppDelegate& delegate, QObject* parent)
+    : QObject(parent), m_services(services), m_desktop(desktop), m_delegate(delegate),
+      m_scanStatusChange(services.notifications.observe(
+          NotificationName::ScanStatusChange, [this](const Notification& note) {
+              const auto* running = std::get_if<bool>(&note.object);
+              m_isScanning = running && *running;
+          }))
+{
+}
+
+SchedulerVC::~SchedulerVC() = default;
+
+void SchedulerVC::viewDidLoad()
+{
+    const Date now = m_services.clock.now();
+    m_form.minimumStart = m_form.minimumEnd = m_form.minimumTime = now;
+    getDataFromDefaultsorSetCurrentTime();
+    static_cast<void>(isSchduleDateAvailble()); // what it finds is what gets armed
+    startSchudlerIfAvailble();
+}
+
+void SchedulerVC::schudlerAction()
+{
+    m_form.minimumStart = m_form.minimumEnd = m_services.clock.now();
+    getDataFromDefaultsorSetCurrentTime();
+}
+
+void SchedulerVC::getDataFromDefaultsorSetCurrentTime()
+{
+    UserDefaults& defaults = m_services.defaults;
+    const Date now = m_services.clock.now();
+    m_form.isScheduleOn = defaults.get(preferences::kScheduleOn) == "Yes";
+    if (m_form.isScheduleOn) {
+        m_currentDate = now;
+        m_startDate = clampedDate(defaults.get(preferences::kScheduleStartDate));
+        m_endDate = clampedDate(defaults.get(preferences::kScheduleEndDate));
+        m_time = sensibleTime(defaults.get(preferences::kScheduleTime));
+        m_scheduletype = m_form.scheduleTypePopUp; // the stored kind is not read back, on purpose
+        m_form.startDatePicker = m_startDate;
+        m_form.endDatePicker = m_endDate;
+        m_form.timePicker = getTimeDateAdding(now, 0, 0, 1) + timeOfDay();
+    } else {
+        m_form.startDatePicker = m_form.endDatePicker = now;
+        m_form.timePicker =
+            localHour(now) == 23 ? getTimeDateAdding(now, 23, 59, 59) : now + std::chrono::hours(1);
+    }
+    Q_EMIT stateChanged();
+}
+
+void SchedulerVC::saveSchudlerData()
+{
+    m_startDate = getTimeDateAdding(m_form.startDatePicker, 0, 0, 1);
+    m_endDate = getTimeDateAdding(m_form.endDatePicker, 23, 59, 59);
+    m_time = getTimeAt0Date(m_form.timePicker);
+    m_scheduletype = m_form.scheduleTypePopUp;
+    m_currentDate = m_services.clock.now();
+    if (m_startDate > m_endDate) {
+        m_form.isScheduleOn = false;
+        return tell("Start Date should not be greater then End Date.");
+    }
+    if (!isSchduleDateAvailble())
+        return tell("Scheduler time already expired.");
+    if (const auto stored = storeSchedule(); !stored) {
+        m_services.log.line(stored.error().message);
+        return tell("The schedule could not be kept: " + stored.error().message);
+    }
+    startSchudlerIfAvailble();
+    tell("Spyware scan scheduled successfully");
+}
+
+/// "ScheduleOn" comes last, so that a schedule that is on is whole.
+Result<Done> SchedulerVC::storeSchedule()
+{
+    UserDefaults& defaults = m_services.defaults;
+    auto stored = defaults.set(preferences::kScheduleStartDate, m_startDate);
+    if (stored)
+        stored = defaults.set(preferences::kScheduleEndDate, m_endDate);
+    if (stored)
+        stored = defaults.set(preferences::kScheduleTime, m_time);
+    if (stored)
+        stored = defaults.set(preferences::kScheduleType, m_scheduletype);
+    if (stored)
+        stored = defaults.set(preferences::kScheduleOn, "Yes");
+    return stored;
+}
+
+void SchedulerVC::tell(std::string informativeText)
+{
+    Q_EMIT stateChanged();
+    m_delegate.createAlertForInformativeText(std::move(informativeText), "Alert",
+                                             AppDelegate::RunModal::Yes);
+}
+
+void SchedulerVC::removeSchudlerData(bool checked)
+{
+    m_form.isScheduleOn = checked;
+    if (checked)
+        return saveSchudlerData();
+    m_timerSchedule.reset();
+    logFailure(m_services.log, m_services.defaults.set(preferences::kScheduleOn, "No"));
+    getDataFromDefaultsorSetCurrentTime();
+}
+
+bool SchedulerVC::isSchduleDateAvailble()
+{
+    m_SchedulerDate.reset();
+    const Clock::Interval step = interval(m_scheduletype);
+    Date candidate = m_startDate;
+    // Days whose time has passed hold no firing; with them skipped the search is short.
+    const Date now = m_services.clock.now();
+    if (step.count() > 0 && now > candidate + timeOfDay())
+        candidate += (now - candidate - timeOfDay()) / step * step;
+    while (candidate < m_endDate) {
+        if (getNextSchduleDate(candidate))
+            return true;
+        if (step.count() == 0)
+            return false;
+        candidate += step;
+    }
+    return false;
+}
+
+std::optional<Date> SchedulerVC::getNextSchduleDate(Date day)
+{
+    const Date moment = day + timeOfDay();
+    const bool isInside = m_startDate < moment && moment < m_endDate;
+    if (!isInside || moment <= m_services.clock.now())
+        return std::nullopt;
+    m_SchedulerDate = moment;
+    return moment;
+}
+
+void SchedulerVC::startSchudlerIfAvailble()
+{
+    m_timerSchedule.reset();
+    if (m_services.defaults.get(preferences::kScheduleOn) != "Yes" || !m_SchedulerDate)
+        return removeSchudlerData(false);
+    m_armedEndDate = m_endDate;
+    m_timerSchedule = m_desktop.timers.at(*m_SchedulerDate, interval(m_scheduletype),
+                                          [this] { schudlerScanAction(); });
+    Q_EMIT stateChanged();
+}
+
+void SchedulerVC::schudlerScanAction()
+{
+    m_reportType = "Scheduled Scan";
+    if (!m_isScanning)
+        m_delegate.requestScan();
+    if (m_services.clock.now() > m_armedEndDate)
+        m_timerSchedule.reset();
+    Q_EMIT stateChanged();
+}
+
+Date SchedulerVC::getTimeDateAdding(Date date, int hours, int min, int sec)
+{
+    return localClock(date, hours, min, sec);
+}
+
+double SchedulerVC::getTimeAt0Date(Date date)
+{
+    return std::chrono::duration<double>(date - getTimeDateAdding(date, 0, 0, 1)).count();
+}
+
+Clock::Interval SchedulerVC::timeOfDay() const
+{
+    return Clock::Interval(std::llround(m_time * 1000.0));
+}
+
+void SchedulerVC::setStartDatePicker(Date date)
+{
+    m_form.startDatePicker = date;
+    Q_EMIT stateChanged();
+}
+
+void SchedulerVC::setEndDatePicker(Date date)
+{
+    m_form.endDatePicker = date;
+    Q_EMIT stateChanged();
+}
+
+void SchedulerVC::setTimePicker(Date date)
+{
+    m_form.timePicker = date;
+    Q_EMIT stateChanged();
+}
+
+void SchedulerVC::setScheduleTypePopUp(int index)
+{
+    m_form.scheduleTypePopUp = index;
+    Q_EMIT stateChanged();
+}
+
+std::optional<Date> SchedulerVC::nextFiring() const
+{
+    return m_timerSchedule ? m_timerSchedule->nextFireDate() : std::nullopt;
+}
+
+std::string SchedulerVC::nextFiringText() const
+{
+    const auto next = nextFiring();
+    return next ? "next: " + localMomentText(*next) : std::string();
+}
+
+} // namespace pryvane

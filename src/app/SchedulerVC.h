@@ -1,0 +1,109 @@
+#pragma once
+
+#include "core/NotificationCenter.h"
+#include "core/Result.h"
+#include "platform/DesktopServices.h"
+#include "platform/PlatformServices.h"
+#include "platform/Timers.h"
+
+#include <QObject>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pryvane {
+
+class AppDelegate;
+
+/// The entries of the repeat pop-up; their order is that of the intervals.
+inline constexpr std::array<std::string_view, 4> kScheduleTypeTitles = {
+    "Every day", "Every 7 days", "Every 30 days", "Every 365 days"};
+
+/// What the schedule form shows and what the user has set in it.
+struct ScheduleForm {
+    bool isScheduleOn = false;
+    Date startDatePicker{};
+    Date endDatePicker{};
+    Date timePicker{}; ///< only its time of day counts
+    int scheduleTypePopUp = 0;
+    Date minimumStart{};
+    Date minimumEnd{};
+    Date minimumTime{};
+};
+
+/// The schedule form without its widgets, and the timer of the scheduled scans, which lives as long
+/// as this does. Main thread only.
+class SchedulerVC final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(SchedulerVC)
+
+public:
+    SchedulerVC(const PlatformServices& services, const DesktopServices& desktop,
+                AppDelegate& delegate, QObject* parent = nullptr);
+    ~SchedulerVC() override;
+
+    void viewDidLoad();
+
+    /// Shows the stored schedule again.
+    void schudlerAction();
+    void getDataFromDefaultsorSetCurrentTime();
+    void saveSchudlerData();
+    /// The check box: checked saves the form, unchecked ends the schedule.
+    void removeSchudlerData(bool checked);
+    void startSchudlerIfAvailble();
+    void schudlerScanAction();
+    [[nodiscard]] bool isSchduleDateAvailble();
+    std::optional<Date> getNextSchduleDate(Date day);
+    [[nodiscard]] static Date getTimeDateAdding(Date date, int hours, int min, int sec);
+    /// Seconds from 00:00:01 of that day.
+    [[nodiscard]] static double getTimeAt0Date(Date date);
+
+    // What the user sets in the form
+    void setStartDatePicker(Date date);
+    void setEndDatePicker(Date date);
+    void setTimePicker(Date date);
+    void setScheduleTypePopUp(int index);
+
+    [[nodiscard]] const ScheduleForm& form() const { return m_form; }
+    [[nodiscard]] Date startDate() const { return m_startDate; }
+    [[nodiscard]] Date endDate() const { return m_endDate; }
+    [[nodiscard]] Date currentDate() const { return m_currentDate; }
+    [[nodiscard]] double time() const { return m_time; }
+    [[nodiscard]] int scheduletype() const { return m_scheduletype; }
+    [[nodiscard]] std::optional<Date> SchedulerDate() const { return m_SchedulerDate; }
+    [[nodiscard]] const std::string& reportType() const { return m_reportType; }
+
+    /// When the armed timer fires next; none while nothing is scheduled.
+    [[nodiscard]] std::optional<Date> nextFiring() const;
+    /// "next: Tue 24 Nov, 09:00", or empty while nothing is scheduled.
+    [[nodiscard]] std::string nextFiringText() const;
+
+Q_SIGNALS:
+    void stateChanged();
+
+private:
+    [[nodiscard]] Result<Done> storeSchedule();
+    void tell(std::string informativeText);
+    [[nodiscard]] Clock::Interval timeOfDay() const;
+
+    PlatformServices m_services;
+    DesktopServices m_desktop;
+    AppDelegate& m_delegate;
+    ScheduleForm m_form;
+    Date m_startDate{};
+    Date m_endDate{};
+    Date m_currentDate{};  ///< when the form was last filled
+    Date m_armedEndDate{}; ///< of the schedule that runs; a refused form does not change it
+    double m_time = 0;     ///< seconds after 00:00:01
+    int m_scheduletype = 0;
+    std::optional<Date> m_SchedulerDate;
+    std::string m_reportType;
+    bool m_isScanning = false;
+    std::unique_ptr<Timers::Timer> m_timerSchedule;
+    NotificationCenter::Observation m_scanStatusChange;
+};
+
+} // namespace pryvane

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+
+namespace pryvane::ui {
+class ButtonWithSpinner;
+class ColouredView;
+class SwitchRow;
+} // namespace pryvane::ui
+
+namespace pryvane {
+
+class DashBoardViewController;
+class SchedulerVC;
+
+/// The first screen: how protected one is, the scan button, the switches, and the schedule.
+class DashboardView final : public QWidget {
+    Q_OBJECT
+
+public:
+    DashboardView(DashBoardViewController& controller, SchedulerVC& scheduler,
+                  QWidget* parent = nullptr);
+
+private:
+    [[nodiscard]] QWidget* makeScanCard();
+    [[nodiscard]] QWidget* makeSwitches();
+    [[nodiscard]] QWidget* makeScheduleCard();
+    void showState();
+    void showStatement();
+    void showScanButton();
+    void showSwitches();
+    void showSchedule();
+    void openSchedule();
+
+    DashBoardViewController& m_controller;
+    SchedulerVC& m_scheduler;
+    ui::ColouredView* m_statement;
+    ui::ButtonWithSpinner* m_scan = nullptr;
+    QCheckBox* m_deep = nullptr;
+    QLabel* m_explanation = nullptr;
+    ui::SwitchRow* m_realTime = nullptr;
+    ui::SwitchRow* m_dockIcon = nullptr;
+    ui::SwitchRow* m_runStartUp = nullptr;
+    QLabel* m_next = nullptr;
+    QPushButton* m_schedule = nullptr;
+};
+
+} // namespace pryvane

@@ -1,0 +1,80 @@
+#include "app/views/FramedWindow.h"
+
+#include "ui/Icons.h"
+#include "ui/Theme.h"
+#include "ui/TitleBar.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace pryvane {
+
+namespace {
+
+bool wantsOwnFrame()
+{
+    if (qgetenv("PRYVANE_FRAME") == "desktop")
+        return false;
+#ifdef PRYVANE_DESKTOP_FRAME
+    return false;
+#else
+    return true;
+#endif
+}
+
+} // namespace
+
+FramedWindow::FramedWindow(const QString& title, int tag)
+    : m_tag(tag), m_ownFrame(wantsOwnFrame()), m_column(new QVBoxLayout(this))
+{
+    setWindowTitle(title);
+    setWindowIcon(ui::applicationIcon());
+    m_column->setSpacing(0);
+    m_column->setContentsMargins(0, 0, 0, 0);
+    if (!m_ownFrame)
+        return;
+    setWindowFlag(Qt::FramelessWindowHint);
+    m_column->setContentsMargins(1, 1, 1, 1); // the hairline
+    m_titleBar = new ui::TitleBar(title);
+    m_column->addWidget(m_titleBar);
+    connect(m_titleBar->closeButton(), &QAbstractButton::clicked, this,
+            [this] { Q_EMIT closeAsked(m_tag); });
+    new ui::ResizableEdges(this);
+}
+
+void FramedWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore(); // hiding is its controller's business
+    Q_EMIT closeAsked(m_tag);
+}
+
+void FramedWindow::paintEvent(QPaintEvent*)
+{
+    if (!m_ownFrame)
+        return;
+    QPainter painter(this);
+    painter.setPen(ui::hairline(palette()));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void FramedWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        Q_EMIT visibilityChanged();
+}
+
+void FramedWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    Q_EMIT visibilityChanged();
+}
+
+void FramedWindow::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    Q_EMIT visibilityChanged();
+}
+
+} // namespace pryvane

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/views/FramedWindow.h"
+
+#include <QString>
+
+class QMenu;
+class QStackedWidget;
+class QToolButton;
+
+namespace pryvane::ui {
+class Navigation;
+}
+
+namespace pryvane {
+
+class AppDelegate;
+class TableViewController;
+
+/// Which Mac is looked at, in words that are always in sight.
+struct VolumeWords {
+    QString volume; ///< its name: the last part of the folder, or "This computer"
+    QString folder; ///< the whole host folder
+    QString user;
+};
+
+/// The main window: title bar with menu, navigation, the screens, and what is being looked at.
+class MainWindow final : public FramedWindow {
+    Q_OBJECT
+
+public:
+    /// The stack holds the screens and is shown at the right; the window takes it over.
+    MainWindow(AppDelegate& delegate, TableViewController& table, QStackedWidget* screens,
+               const VolumeWords& volume);
+
+Q_SIGNALS:
+    void openVolumeWanted();
+    void filterWanted();
+
+private:
+    [[nodiscard]] QWidget* makeSidebar(const VolumeWords& volume);
+    void makeMenu();
+    void makeShortcuts();
+    void showMenu();
+    void followSelection();
+
+    AppDelegate& m_delegate;
+    TableViewController& m_table;
+    ui::Navigation* m_navigation;
+    QToolButton* m_menuButton;
+    QMenu* m_menu;
+};
+
+} // namespace pryvane

@@ -1,0 +1,96 @@
+#include "app/views/Windows.h"
+
+#include <QCoreApplication>
+
+namespace pryvane {
+
+Windows::~Windows()
+{
+    for (Known& window : m_windows)
+        delete window.widget;
+}
+
+void Windows::setMaker(ShellWindow window, Maker maker)
+{
+    known(window).maker = std::move(maker);
+}
+
+QWidget* Windows::widget(ShellWindow window) const
+{
+    return m_windows[static_cast<std::size_t>(window)].widget;
+}
+
+Windows::Known& Windows::known(ShellWindow window)
+{
+    return m_windows[static_cast<std::size_t>(window)];
+}
+
+void Windows::open(ShellWindow window)
+{
+    Known& wanted = known(window);
+    if (!wanted.widget && wanted.maker)
+        wanted.widget = wanted.maker();
+    bringForward(window);
+}
+
+void Windows::close(ShellWindow window)
+{
+    if (QWidget* const closing = known(window).widget) {
+        known(window).widget = nullptr;
+        closing->hide();
+        closing->deleteLater(); // its own button may be what called
+    }
+}
+
+void Windows::bringForward(ShellWindow window)
+{
+    QWidget* const wanted = widget(window);
+    if (!wanted)
+        return;
+    if (wanted->isMinimized())
+        wanted->setWindowState(wanted->windowState() & ~Qt::WindowMinimized);
+    wanted->show();
+    wanted->raise();
+    wanted->activateWindow();
+}
+
+void Windows::orderOut(ShellWindow window)
+{
+    if (QWidget* const wanted = widget(window))
+        wanted->hide();
+}
+
+void Windows::setMinimised(ShellWindow window, bool minimised)
+{
+    QWidget* const wanted = widget(window);
+    if (!wanted)
+        return;
+    if (minimised)
+        wanted->showMinimized();
+    else
+        bringForward(window);
+}
+
+bool Windows::isMinimised(ShellWindow window) const
+{
+    return widget(window) && widget(window)->isMinimized();
+}
+
+bool Windows::isVisible(ShellWindow window) const
+{
+    return widget(window) && widget(window)->isVisible();
+}
+
+void Windows::activate()
+{
+    for (const auto window : {ShellWindow::Main, ShellWindow::Access})
+        if (isVisible(window))
+            return widget(window)->activateWindow();
+}
+
+void Windows::terminate()
+{
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+} // namespace pryvane

@@ -1,0 +1,236 @@
+#include "cli/CommandLine.h"
+#include "cli/Host.h"
+#include "cli/ProgressBar.h"
+#include "cli/RemoveText.h"
+#include "cli/ReportLookup.h"
+#include "core/Escape.h"
+#include "core/Texts.h"
+#include "engine/removal/Browsers.h"
+#include "engine/removal/RecordRemoval.h"
+#include "platform/Workspace.h"
+#include "platform/posix/FoldedName.h"
+#include "reports/DefaultMethods.h"
+
+#include <algorithm>
+#include <atomic>
+#include <charconv>
+#include <ostream>
+#include <set>
+
+namespace pryvane::cli {
+
+namespace {
+
+struct RemoveArguments {
+    VolumeArguments volume;
+    std::string id;
+    std::vector<std::string> items;
+    bool all = false;
+    bool dryRun = false;
+    bool yes = false;
+};
+
+/// What was chosen of a report, with the items' numbers.
+struct Choice {
+    RecordSelection selection;
+    std::vector<std::size_t> numbers;
+};
+
+Result<std::size_t> itemNumber(const std::string& text, std::size_t count)
+{
+    std::size_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number);
+    const std::string shown = "\"" + forTerminal(text) + "\"";
+    if (error == std::errc::invalid_argument || parsed != end)
+        return Error{shown + " is no item's number; pryvane-cli report show lists the items with "
+                             "their numbers"};
+    if (error != std::errc() || number < 1 || number > count)
+        return Error{"there is no item " + shown + "; the report's items are numbered from 1 to " +
+                     std::to_string(count)};
+    return number;
+}
+
+Result<std::vector<std::size_t>> itemNumbers(const RemoveArguments& arguments, std::size_t count)
+{
+    std::vector<std::size_t> numbers;
+    if (arguments.all) {
+        for (std::size_t number = 1; number <= count; ++number)
+            numbers.push_back(number);
+        return numbers;
+    }
+    std::set<std::size_t> named;
+    for (const std::string& text : arguments.items) {
+        const auto number = itemNumber(text, count);
+        if (!number)
+            return number.error();
+        if (!named.insert(*number).second)
+            return Error{"item " + std::to_string(*number) + " is named twice; name it once"};
+        numbers.push_back(*number);
+    }
+    return numbers;
+}
+
+Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& arguments,
+                      const std::string& user)
+{
+    auto numbers = itemNumbers(arguments, report.spyWareList->size());
+    if (!numbers)
+        return numbers.error();
+    Choice choice;
+    choice.selection.volume = report.volume;
+    choice.selection.user = user;
+    if (!arguments.volume.caseSensitive)
+        choice.selection.foldedName = [](std::string_view name) { return foldedName(name); };
+    for (const std::size_t number : *numbers)
+        choice.selection.records.push_back((*report.spyWareList)[number - 1]);
+    choice.numbers = std::move(numbers).value();
+    return choice;
+}
+
+/// Whether a browser that runs has findings among its files; each is named.
+bool browsersBlock(Host& host, const SpywareList& records, const Console& console)
+{
+    std::vector<std::string> paths;
+    for (const auto& record : records)
+        paths.push_back(record->url.relativePath());
+    const auto entries = browsersToQuit(paths, host.workspace().runningApplications(), host.user());
+    for (const BrowserEntry& entry : entries)
+        console.say(entry.NameBrowser +
+                    " is running and keeps its data open, in which there are findings; quit it "
+                    "first");
+    return !entries.empty();
+}
+
+int interruptedBefore(const Console& console)
+{
+    console.say("interrupted; nothing was removed");
+    return kInterrupted;
+}
+
+/// Shows what would happen; false when the user stopped it.
+bool showPlan(RecordRemoval& removal, const Choice& choice, bool dryRun, const Console& console)
+{
+    RemovalPlan plan;
+    withProgress(
+        console, [] { return std::string("looking"); },
+        [&] { plan = removal.plan(choice.selection, console.interrupted); });
+    if (plan.stopped)
+        return false;
+    console.out << planText(plan, choice.numbers) << (dryRun ? "Would remove: " : "To be removed: ")
+                << planTotalText(plan) << "\n"
+                << std::flush;
+    return true;
+}
+
+int carryOut(RecordRemoval& removal, const Choice& choice, const Console& console)
+{
+    const SpywareList& records = choice.selection.records;
+    std::vector<RemovalResult> results(records.size());
+    std::atomic<std::size_t> done{0};
+    withProgress(
+        console,
+        [&] {
+            return "removing: " + std::to_string(done) + " of " + std::to_string(records.size());
+        },
+        [&] {
+            removal.remove(choice.selection, console.interrupted,
+                           [&](std::size_t item, const RemovalResult& result) {
+                               results[item] = result;
+                               ++done;
+                           });
+        });
+    console.out << outcomeText(records, results, choice.numbers);
+    const auto isStopped = [](const RemovalResult& result) {
+        return result.obstacle == RemovalObstacle::Stopped;
+    };
+    if (std::ranges::any_of(results, isStopped)) {
+        console.say("interrupted; the lines above tell what was removed by then");
+        return kInterrupted;
+    }
+    const bool whole = std::ranges::none_of(results, [](const RemovalResult& result) {
+        return result.outcome == RemovalOutcome::Failed;
+    });
+    return whole ? kDone : kFindings;
+}
+
+int removeChosen(Host& host, const Choice& choice, const RemoveArguments& arguments,
+                 const Console& console)
+{
+    if (choice.selection.volume != host.disk().identity()) {
+        return console.fail("the report is of another volume, so nothing was removed; name its "
+                            "volume with --volume DIR");
+    }
+    const auto remover = host.remover();
+    if (!remover)
+        return console.fail(remover.error().message);
+    RecordRemoval removal(host.disk(), **remover);
+    const bool blocked = browsersBlock(host, choice.selection.records, console);
+    if (blocked && !arguments.dryRun)
+        return kFindings;
+    if (!arguments.yes || arguments.dryRun) {
+        if (!showPlan(removal, choice, arguments.dryRun, console))
+            return interruptedBefore(console);
+    }
+    if (arguments.dryRun)
+        return kDone;
+    const std::string question =
+        "Remove " + countedText(choice.numbers.size(), "finding", "findings") + " for good?";
+    const bool confirmed = console.confirmed(question, arguments.yes);
+    if (console.interrupted.requested())
+        return interruptedBefore(console);
+    return confirmed ? carryOut(removal, choice, console) : int{kFailed};
+}
+
+int runRemove(const RemoveArguments& arguments, const Console& console)
+{
+    if (!arguments.all && arguments.items.empty())
+        return console.fail("name what to remove: --item N for an item of the report, or --all");
+    auto host = Host::open(console, arguments.volume, StoreUse::Open);
+    if (!host)
+        return console.fail(host.error().message);
+    DefaultMethods store((*host)->defaults(), (*host)->disk(), (*host)->clock(), (*host)->log());
+    const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
+    const auto report = findReport(list, arguments.id);
+    if (!report)
+        return console.fail(report.error().message);
+    if ((*report)->spyWareList->empty()) {
+        console.say("the report has no findings; there is nothing to remove");
+        return arguments.items.empty() ? kDone : kFailed;
+    }
+    const auto choice = choose(**report, arguments, (*host)->user());
+    if (!choice)
+        return console.fail(choice.error().message);
+    return removeChosen(**host, *choice, arguments, console);
+}
+
+} // namespace
+
+void addRemoveCommand(CommandLine& line, CLI::App& app)
+{
+    auto arguments = std::make_shared<RemoveArguments>();
+    CLI::App* command = line.addCommand(
+        app, "remove", "Remove findings of a report for good",
+        [arguments](const Console& console) { return runRemove(*arguments, console); });
+    command
+        ->add_option("REPORT-ID", arguments->id,
+                     "A report's identity, or the beginning of it, or \"latest\"")
+        ->required();
+    auto* items = command
+                      ->add_option("--item", arguments->items,
+                                   "Number of a finding in the report, from 1; may be repeated")
+                      ->type_name("N")
+                      ->allow_extra_args(false);
+    command->add_flag("--all", arguments->all, "Every finding of the report")->excludes(items);
+    command->add_flag("--dry-run", arguments->dryRun, "Show what would happen, and remove nothing");
+    command->add_flag("--yes", arguments->yes, "Do not ask");
+    addVolumeOptions(*command, arguments->volume);
+    command->footer(
+        "Nothing goes to a trash: what is removed is gone. Ctrl+C stops between two entries, and\n"
+        "what was removed by then is told.\n"
+        "Exit code: 0 all of it is gone, 1 something stayed or a browser must be quit first,\n"
+        "2 error, 130 interrupted.\n"
+        "Example: pryvane-cli remove latest --item 2 --item 5 --volume /mnt/mac --user alice");
+}
+
+} // namespace pryvane::cli

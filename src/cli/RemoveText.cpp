@@ -1,0 +1,128 @@
+#include "cli/RemoveText.h"
+
+#include "cli/TextTable.h"
+#include "core/Escape.h"
+#include "core/Texts.h"
+
+#include <algorithm>
+
+namespace pryvane::cli {
+
+namespace {
+
+using Align = TextTable::Align;
+
+const char* kindWord(FileKind kind)
+{
+    switch (kind) {
+    case FileKind::Missing:
+        return "gone";
+    case FileKind::Folder:
+        return "folder";
+    case FileKind::RegularFile:
+        return "file";
+    case FileKind::SymbolicLink:
+        return "link";
+    case FileKind::Other:
+        return "other";
+    case FileKind::Unknown:
+        break;
+    }
+    return "unknown";
+}
+
+const char* outcomeWord(RemovalOutcome outcome)
+{
+    switch (outcome) {
+    case RemovalOutcome::Removed:
+        return "removed";
+    case RemovalOutcome::AlreadyGone:
+        return "gone";
+    case RemovalOutcome::Failed:
+        break;
+    }
+    return "failed";
+}
+
+std::string withNote(const Spyware& record, const std::string& note)
+{
+    return forTerminal(record.url.relativePath()) +
+           (note.empty() ? "" : "  (" + forTerminal(note) + ")");
+}
+
+std::string amountText(std::uint64_t entries, std::int64_t bytes)
+{
+    return countedText(entries, "entry", "entries") + ", " + sizeText(bytes);
+}
+
+} // namespace
+
+std::string planText(const RemovalPlan& plan, std::span<const std::size_t> numbers)
+{
+    TextTable table({Align::Right, Align::Left, Align::Right, Align::Right, Align::Left,
+                     Align::Left, Align::Left});
+    table.addRow({"#", "Kind", "Entries", "Size", "Threat", "Evidence", "Location"});
+    for (std::size_t i = 0; i < plan.rows.size(); ++i) {
+        const PlannedRecord& row = plan.rows[i];
+        const RemovalForecast& forecast = row.forecast;
+        const std::string obstacle = obstacleText(forecast.obstacle, forecast.detail);
+        const char* more = forecast.countedWhole ? "" : "+";
+        table.addRow({std::to_string(numbers[i]), kindWord(forecast.kind),
+                      std::to_string(forecast.entries) + more, sizeText(forecast.bytes) + more,
+                      forTerminal(row.record->infections),
+                      std::string(evidenceText(row.flaggedBy.evidence)),
+                      withNote(*row.record, obstacle.empty() ? "" : "stays: " + obstacle)});
+    }
+    return table.text("  ");
+}
+
+std::string planTotalText(const RemovalPlan& plan)
+{
+    const auto totals = plan.totals();
+    const std::size_t going = plan.rows.size() - totals.gone - totals.hindered;
+    std::string text = countedText(going, "finding", "findings") + " with " +
+                       (totals.countedWhole ? "" : "at least ") +
+                       amountText(totals.entries, totals.bytes);
+    if (totals.gone > 0)
+        text += "; " + std::to_string(totals.gone) + (totals.gone == 1 ? " is" : " are") +
+                " gone already";
+    if (totals.hindered > 0)
+        text +=
+            "; " + std::to_string(totals.hindered) + (totals.hindered == 1 ? " stays" : " stay");
+    return text;
+}
+
+std::string outcomeText(const SpywareList& records, std::span<const RemovalResult> results,
+                        std::span<const std::size_t> numbers)
+{
+    TextTable table({Align::Right, Align::Left, Align::Right, Align::Right, Align::Left});
+    table.addRow({"#", "Outcome", "Entries", "Size", "Location"});
+    std::size_t counts[3] = {};
+    std::uint64_t entries = 0;
+    std::int64_t bytes = 0;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        const RemovalResult& result = results[i];
+        ++counts[static_cast<std::size_t>(result.outcome)];
+        entries += result.entriesRemoved;
+        bytes += result.bytesRemoved;
+        const bool failed = result.outcome == RemovalOutcome::Failed;
+        table.addRow({std::to_string(numbers[i]), outcomeWord(result.outcome),
+                      std::to_string(result.entriesRemoved), sizeText(result.bytesRemoved),
+                      withNote(*records[i], failed ? result.reason() : "")});
+    }
+    const auto of = [&](RemovalOutcome outcome) {
+        return counts[static_cast<std::size_t>(outcome)];
+    };
+    const std::size_t gone = of(RemovalOutcome::AlreadyGone);
+    const std::size_t failed = of(RemovalOutcome::Failed);
+    std::string text = table.text("  ") + "Removed: " +
+                       countedText(of(RemovalOutcome::Removed), "finding", "findings") + ", " +
+                       amountText(entries, bytes) + " in all";
+    if (gone > 0)
+        text += "; " + std::to_string(gone) + (gone == 1 ? " was" : " were") + " gone already";
+    if (failed > 0)
+        text += "; " + std::to_string(failed) + " failed";
+    return text + "\n";
+}
+
+} // namespace pryvane::cli

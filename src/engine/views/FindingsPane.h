@@ -1,0 +1,55 @@
+#pragma once
+
+#include "engine/views/FindingsSource.h"
+#include "ui/Surfaces.h"
+
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QStackedWidget;
+
+namespace pryvane::ui {
+class RowTable;
+}
+
+namespace pryvane {
+
+/// The findings with what finds one's way among them: select all, filter, grouping, the count of
+/// what is selected, and a menu for each row.
+class FindingsPane final : public ui::Card {
+    Q_OBJECT
+
+public:
+    FindingsPane(std::string user, FindingsSource::Ticked ticked, QWidget* parent = nullptr);
+
+    /// Shows this list from its start; it must outlive the next call.
+    void setRecords(const SpywareList* records);
+    /// The list has grown at its end.
+    void takeAppended();
+    /// Ticks or outcomes have changed.
+    void refresh();
+    void setEmptyText(const QString& sentence);
+    void focusFilter();
+
+Q_SIGNALS:
+    void revealWanted(const FileURL& location);
+
+private:
+    [[nodiscard]] QWidget* makeToolbar();
+    void showSelection();
+    void showMenu(int row, const QPoint& place);
+    void explainRow(int row);
+    void copyPath(int row) const;
+
+    FindingsSource m_source;
+    ui::RowModel m_model;
+    ui::RowTable* m_table;
+    ui::EmptyState* m_empty;
+    QStackedWidget* m_list;
+    QCheckBox* m_selectAll;
+    QLineEdit* m_filter;
+    QComboBox* m_grouping;
+    QLabel* m_selected;
+};
+
+} // namespace pryvane

@@ -1,0 +1,140 @@
+#include "engine/views/FindingsSource.h"
+
+#include "core/Escape.h"
+#include "core/Texts.h"
+#include "ui/Labels.h"
+
+#include <QObject>
+
+namespace pryvane {
+
+FindingsSource::FindingsSource(std::string user, Ticked ticked)
+    : m_user(std::move(user)), m_ticked(std::move(ticked))
+{
+}
+
+std::vector<ui::Column> FindingsSource::columns()
+{
+    return {{.title = QObject::tr("Selected"), .width = 40},
+            {.title = QObject::tr("Name"), .width = 190},
+            {.title = QObject::tr("Threat"), .width = 170},
+            {.title = QObject::tr("Evidence"), .width = 150},
+            {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
+            {.title = QObject::tr("Size"), .width = 90, .isNumber = true}};
+}
+
+void FindingsSource::setRecords(const SpywareList* records)
+{
+    m_records = records;
+    m_evidence.clear();
+}
+
+const Spyware& FindingsSource::record(int row) const
+{
+    return *m_records->at(static_cast<std::size_t>(row));
+}
+
+Explanation FindingsSource::explained(int row) const
+{
+    ExplainQuestion question;
+    question.path = record(row).url.relativePath();
+    question.user = m_user;
+    return explain(question);
+}
+
+Evidence FindingsSource::evidence(int row) const
+{
+    const auto [known, isNew] = m_evidence.try_emplace(&record(row), Evidence::BareSubstring);
+    if (isNew) {
+        // The record's own family goes first; a disk that ignores letter case may leave none.
+        for (const ExplainMatch& match : explained(row).matches)
+            if (match.row.family == record(row).infections && match.evidence < known->second)
+                known->second = match.evidence;
+    }
+    return known->second;
+}
+
+QString FindingsSource::whyFound(int row) const
+{
+    QStringList lines;
+    for (const ExplainMatch& match : explained(row).matches)
+        lines +=
+            QObject::tr("%1: %2, %3 \"%4\"")
+                .arg(ui::text(forScreen(match.row.family)), ui::text(evidenceText(match.evidence)),
+                     ui::text(ruleText(match.row.rule)), ui::text(forScreen(match.location)));
+    return lines.join(QLatin1Char('\n'));
+}
+
+int FindingsSource::count() const
+{
+    return m_records ? static_cast<int>(m_records->size()) : 0;
+}
+
+ui::Cell FindingsSource::cell(int row, int column) const
+{
+    const Spyware& found = record(row);
+    switch (column) {
+    case Name: {
+        const bool folder = found.url.mustBeFolder();
+        return {.text = ui::text(forScreen(found.name)),
+                .iconName = folder ? QStringLiteral("folder") : QStringLiteral("file")};
+    }
+    case Threat:
+        return {.text = ui::text(forScreen(found.infections))};
+    case EvidenceColumn:
+        return evidenceCell(evidence(row));
+    case Location:
+        return {.text = ui::text(forScreen(found.url.relativePath()))};
+    case Size:
+        return {.text = ui::text(sizeText(found.size)), .number = found.size};
+    default:
+        return {};
+    }
+}
+
+std::optional<bool> FindingsSource::ticked(int row) const
+{
+    return record(row).isChecked;
+}
+
+void FindingsSource::tick(const std::vector<int>& rows, bool on)
+{
+    m_ticked(rows, on);
+}
+
+QString FindingsSource::group(int row, int grouping) const
+{
+    if (grouping == ByThreat)
+        return ui::text(forScreen(record(row).infections));
+    const std::string path = record(row).url.absolutePath();
+    return ui::text(forScreen(path.substr(0, std::max<std::size_t>(1, path.rfind('/')))));
+}
+
+QString FindingsSource::searchText(int row) const
+{
+    const Spyware& found = record(row);
+    return ui::text(forScreen(found.infections) + '\n' + forScreen(found.url.relativePath()));
+}
+
+bool FindingsSource::faded(int row) const
+{
+    return !record(row).isAvail;
+}
+
+bool isRemoteDesktop(const Spyware& record)
+{
+    return record.name == "ARD";
+}
+
+ui::Cell evidenceCell(Evidence evidence)
+{
+    static const char* const icons[] = {"exact-path", "launch-folder", "name-fragment",
+                                        "bare-substring"};
+    return {.text = ui::text(evidenceText(evidence)),
+            .iconName = QLatin1String(icons[static_cast<int>(evidence)]),
+            .meaning =
+                evidence == Evidence::BareSubstring ? ui::Meaning::Attention : ui::Meaning::Neutral,
+            .number = static_cast<qint64>(evidence)};
+}
+
+} // namespace pryvane

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "engine/records/Spyware.h"
+#include "signatures/Explain.h"
+#include "ui/RowModel.h"
+
+#include <functional>
+#include <string>
+#include <unordered_map>
+
+namespace pryvane {
+
+/// The findings of a scan as rows of a table: tick, name, threat, evidence, location, size.
+class FindingsSource final : public ui::RowSource {
+public:
+    enum Column : int { Tick, Name, Threat, EvidenceColumn, Location, Size, ColumnCount };
+    enum Grouping : int { None, ByThreat, ByFolder };
+
+    /// Tells which rows were ticked or unticked.
+    using Ticked = std::function<void(const std::vector<int>& rows, bool on)>;
+
+    /// `user` is the short name for which the rules are filled in.
+    FindingsSource(std::string user, Ticked ticked);
+
+    [[nodiscard]] static std::vector<ui::Column> columns();
+
+    /// The list to show; it must outlive the next call. Empty: nothing.
+    void setRecords(const SpywareList* records);
+    [[nodiscard]] const Spyware& record(int row) const;
+
+    /// The strongest evidence against the record, and all of it in words.
+    [[nodiscard]] Evidence evidence(int row) const;
+    [[nodiscard]] QString whyFound(int row) const;
+
+    [[nodiscard]] int count() const override;
+    [[nodiscard]] ui::Cell cell(int row, int column) const override;
+    [[nodiscard]] std::optional<bool> ticked(int row) const override;
+    void tick(const std::vector<int>& rows, bool on) override;
+    [[nodiscard]] QString group(int row, int grouping) const override;
+    [[nodiscard]] QString searchText(int row) const override;
+    [[nodiscard]] bool faded(int row) const override;
+
+private:
+    [[nodiscard]] Explanation explained(int row) const;
+
+    std::string m_user;
+    Ticked m_ticked;
+    const SpywareList* m_records = nullptr;
+    mutable std::unordered_map<const Spyware*, Evidence> m_evidence; ///< what was asked for already
+};
+
+/// Whether the record stands for remote desktop, which is switched off rather than removed.
+[[nodiscard]] bool isRemoteDesktop(const Spyware& record);
+
+/// Icon and word of that evidence.
+[[nodiscard]] ui::Cell evidenceCell(Evidence evidence);
+
+} // namespace pryvane

@@ -1,0 +1,20 @@
+#include "platform/posix/removal/HostConfinement.h"
+
+namespace pryvane {
+
+KernelConfinement kernelConfinementOfRemoval()
+{
+    return KernelConfinement::NotAvailable;
+}
+
+std::string_view kernelConfinementText()
+{
+    return "not confined: this system has no Landlock";
+}
+
+KernelConfinement confineThisThread(std::span<const int>)
+{
+    return KernelConfinement::NotAvailable;
+}
+
+} // namespace pryvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/posix/removal/RemovalTarget.h"
+#include "platform/posix/removal/TreeRemoval.h"
+
+namespace pryvane {
+
+/// Carries out the removal of one item at its target.
+class TargetRemoval {
+public:
+    TargetRemoval(const RemovalItem& item, const RemovalTarget& target,
+                  const ProtectedPlaces& places, const StopFlag& stop)
+        : m_item(item), m_target(target), m_places(places), m_stop(stop), m_tree(places, stop)
+    {
+    }
+
+    [[nodiscard]] RemovalResult run();
+
+private:
+    /// Whether nothing is left to do, or nothing more can be done.
+    [[nodiscard]] bool act();
+    [[nodiscard]] bool actOnFolder();
+    void sync();
+
+    const RemovalItem& m_item;
+    const RemovalTarget& m_target;
+    const ProtectedPlaces& m_places;
+    const StopFlag& m_stop;
+    TreeRemoval m_tree;
+    FolderHandle m_emptied; ///< the folder whose content was removed
+};
+
+} // namespace pryvane

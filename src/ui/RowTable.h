@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ui/RowModel.h"
+
+#include <QTableView>
+
+namespace pryvane::ui {
+
+/// The table of a RowModel: whole rows, Space ticks, Ctrl+A ticks all that is shown, Return and a
+/// double click activate, the menu key opens the row's menu.
+class RowTable final : public QTableView {
+    Q_OBJECT
+
+public:
+    RowTable(RowModel& model, const QString& accessibleName, QWidget* parent = nullptr);
+
+    /// Keeps the pointer's row where it is while the source grows.
+    void takeAppended();
+
+Q_SIGNALS:
+    void rowActivated(int sourceRow);
+    void menuWanted(int sourceRow, const QPoint& globalPlace);
+
+protected:
+    void keyPressEvent(QKeyEvent*) override;
+    void contextMenuEvent(QContextMenuEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+
+private:
+    void fitColumns();
+
+    RowModel& m_model;
+};
+
+} // namespace pryvane::ui

@@ -1,0 +1,151 @@
+#include "app/AppFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace pryvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class AppDelegateTest : public test::AppFixture {};
+
+TEST_F(AppDelegateTest, FirstStartAsksForAccessAndForTheSettingsFile)
+{
+    set(preferences::kScan, true);
+    delegate.state().fullSystemScanPaths = {"left over"};
+    delegate.setPrintAction([] {});
+    desktop.windows.onOpen = [this] { // nothing is settled before the window is chosen
+        EXPECT_EQ(desktop.settingsFile.asked, 0);
+        EXPECT_TRUE(flag(preferences::kScan));
+        EXPECT_TRUE(delegate.canPrint());
+        EXPECT_EQ(delegate.state().fullSystemScanPaths.size(), 1U);
+    };
+    delegate.applicationDidFinishLaunching();
+
+    EXPECT_THAT(desktop.windows.calls, ElementsAre("open access", "activate"));
+    EXPECT_EQ(desktop.settingsFile.asked, 1);
+    EXPECT_FALSE(flag(preferences::kScan));
+    EXPECT_TRUE(flag(preferences::kLayoutDiagnostics));
+    EXPECT_THAT(delegate.state().fullSystemScanPaths, IsEmpty());
+    EXPECT_EQ(delegate.state().arrDefaultTorvellApp.size(), 4U);
+    EXPECT_FALSE(delegate.canPrint());
+    EXPECT_FALSE(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
+
+    set(preferences::kScan, true);
+    delegate.applicationWillTerminate();
+    EXPECT_FALSE(flag(preferences::kScan));
+}
+
+TEST_F(AppDelegateTest, OnlyAGrantThatReopensLeadsToTheMainWindow)
+{
+    struct Row {
+        const char* name;
+        bool stored, reopens, granted;
+        const char* window;
+    };
+    const std::vector<Row> rows = {
+        {"nothing stored", false, false, false, "open access"},
+        {"stale token", true, false, false, "open access"},
+        {"token of this home", true, true, false, "open main"},
+        {"home writable already", true, true, true, "open access"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        test::FakeDesktop fresh(clock);
+        fresh.grantTokens.hostWritable = {"/Users/alice"};
+        fresh.grantTokens.granted = row.granted;
+        if (row.reopens)
+            fresh.grantTokens.valid = {"token"};
+        ASSERT_TRUE(defaults.removeObject(preferences::kSaveDirectory).ok());
+        if (row.stored) {
+            ASSERT_TRUE(defaults.setObject(preferences::kSaveDirectory, Bytes{"token"}).ok());
+        }
+        AppDelegate started(services(), fresh.services(), facts);
+        started.applicationDidFinishLaunching();
+        EXPECT_THAT(fresh.windows.calls, ElementsAre(row.window, "activate"));
+    }
+}
+
+TEST_F(AppDelegateTest, OnlyTheExactBodyTurnsTheWholeDiskQuestionOn)
+{
+    const std::vector<std::pair<Result<std::string>, bool>> rows = {
+        {std::string("true\n"), false},
+        {std::string("TRUE"), false},
+        {std::string(), false},
+        {Error{"no network"}, false},
+        {std::string("\xef\xbb\xbftrue"), false},
+        {std::string("true"), true},
+    };
+    for (const auto& [body, expected] : rows) {
+        delegate.applicationDidFinishLaunching();
+        desktop.settingsFile.answer(body);
+        EXPECT_TRUE(defaults.contains(preferences::kSandboxingDone));
+        EXPECT_EQ(flag(preferences::kSandboxingDone), expected) << (body ? *body : "error");
+    }
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(desktop.settingsFile.asked, static_cast<int>(rows.size())) << "asked though YES";
+}
+
+TEST_F(AppDelegateTest, ALateSettingsReplyMeetsNobody)
+{
+    {
+        AppDelegate gone(services(), desktop.services(), facts);
+        gone.applicationDidFinishLaunching();
+    }
+    desktop.settingsFile.answer(std::string("true"));
+    EXPECT_FALSE(flag(preferences::kSandboxingDone));
+}
+
+TEST_F(AppDelegateTest, TheWindowMenuHoldsFiveOrSixEntries)
+{
+    delegate.applicationDidFinishLaunching();
+    delegate.openMainWindow();
+    notifications.post(NotificationName::RemoveMenuItem);
+    EXPECT_EQ(delegate.windowMenu().size(), 5U);
+    notifications.post(NotificationName::RemoveMenuItem);
+    EXPECT_EQ(delegate.windowMenu().size(), 5U);
+
+    takeWindowCalls();
+    EXPECT_TRUE(delegate.applicationShouldHandleReopen());
+    EXPECT_THAT(takeWindowCalls(), ElementsAre("front main", "activate"));
+    EXPECT_EQ(delegate.windowMenu().size(), 6U);
+    delegate.applicationShouldHandleReopen();
+    EXPECT_EQ(delegate.windowMenu().size(), 6U);
+    EXPECT_FALSE(delegate.windowMenu().back().checked);
+    delegate.bringAllAppToFront();
+    EXPECT_EQ(delegate.windowMenu().size(), 6U);
+    EXPECT_TRUE(delegate.windowMenu().back().checked);
+}
+
+TEST_F(AppDelegateTest, AWindowIsHiddenOnlyWhereTheStatusItemCanBringItBack)
+{
+    delegate.applicationDidFinishLaunching();
+    delegate.closeButtonClicked(0);
+    EXPECT_TRUE(desktop.windows.isMinimised(ShellWindow::Access)) << "there is no item yet";
+
+    delegate.openMainWindow();
+    desktop.statusItem.create("spywareStatus", 18);
+    delegate.closeButtonClicked(0);
+    EXPECT_FALSE(desktop.windows.isVisible(ShellWindow::Main));
+    EXPECT_EQ(delegate.windowMenu().size(), 5U);
+    delegate.keepReachable();
+    EXPECT_FALSE(desktop.windows.isVisible(ShellWindow::Main));
+
+    desktop.statusItem.setHasPlace(false);
+    delegate.keepReachable();
+    EXPECT_TRUE(desktop.windows.isVisible(ShellWindow::Main));
+    delegate.closeButtonClicked(0);
+    EXPECT_TRUE(desktop.windows.isVisible(ShellWindow::Main));
+    EXPECT_TRUE(desktop.windows.isMinimised(ShellWindow::Main));
+    delegate.minimizeTo();
+    EXPECT_FALSE(desktop.windows.isMinimised(ShellWindow::Main));
+
+    delegate.getHelp();
+    delegate.closeButtonClicked(1);
+    EXPECT_FALSE(desktop.windows.isVisible(ShellWindow::Help));
+    EXPECT_TRUE(desktop.windows.isVisible(ShellWindow::Main));
+}
+
+} // namespace
+} // namespace pryvane

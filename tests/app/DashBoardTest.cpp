@@ -1,0 +1,276 @@
+#include "app/AppFixture.h"
+#include "app/DashBoardViewController.h"
+#include "reports/DefaultMethods.h"
+
+#include <gmock/gmock.h>
+
+namespace pryvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using namespace std::chrono_literals;
+
+class DashBoardTest : public test::AppFixture {
+protected:
+    DashBoardTest()
+    {
+        delegate.openMainWindow();
+        takeWindowCalls();
+    }
+    void load()
+    {
+        board->viewDidLoad();
+        mainQueue.drain();
+    }
+    void choose(std::size_t entry)
+    {
+        const auto action = desktop.statusItem.menu.at(entry).action;
+        action();
+    }
+    void pass(Clock::Interval interval)
+    {
+        clock.advance(interval);
+        desktop.timers.run();
+    }
+
+    std::unique_ptr<DashBoardViewController> board =
+        std::make_unique<DashBoardViewController>(services(), desktop.services(), delegate, facts);
+};
+
+TEST_F(DashBoardTest, FirstLaunchAppliesTheDefaults)
+{
+    load();
+    board->makeAppChanges();
+    EXPECT_TRUE(board->isRealTimeProtectionON());
+    EXPECT_TRUE(delegate.state().isRealTimeProtectionON);
+    EXPECT_TRUE(board->showDockIcon());
+    EXPECT_FALSE(board->loginStart());
+    EXPECT_EQ(desktop.statusItem.created, 1);
+    EXPECT_EQ(desktop.statusItem.image, "spywareStatus 18");
+    EXPECT_EQ(desktop.statusItem.menu[0].title, "Real-time Scan Enabled");
+    EXPECT_EQ(desktop.statusItem.menu[0].checked, true);
+    EXPECT_THAT(desktop.dockIcon.set, IsEmpty());
+    EXPECT_THAT(desktop.loginItem.asked, ElementsAre(false, false));
+    EXPECT_THAT(desktop.distributedNotifications.posted, IsEmpty());
+    EXPECT_EQ(desktop.timers.running(), 1U);
+    EXPECT_EQ(board->lastScanText(), "Not scan yet");
+    EXPECT_FALSE(board->lastScans().date);
+}
+
+TEST_F(DashBoardTest, TheRealTimeTickSelectsTheScanRowAndRaisesNoWindow)
+{
+    load();
+    delegate.state().reportType = "Deep Scan";
+    takeNotes();
+    pass(30min - 1ms);
+    EXPECT_THAT(takeNotes(), IsEmpty());
+    pass(1ms);
+    EXPECT_EQ(takeNotes(), kRequest);
+    clock.setNow(clock.now() - 24h * 365); // a wall clock set back does not hold the timer up
+    pass(30min);
+    EXPECT_EQ(takeNotes(), kRequest);
+    EXPECT_EQ(delegate.state().reportType, "Deep Scan");
+    mainQueue.drain();
+    EXPECT_THAT(takeWindowCalls(), IsEmpty());
+
+    board.reset();
+    EXPECT_EQ(desktop.timers.running(), 0U);
+}
+
+TEST_F(DashBoardTest, TogglingTwiceRestartsTheHalfHour)
+{
+    load();
+    pass(20min);
+    desktop.statusItem.titles.clear();
+    choose(0);
+    EXPECT_FALSE(flag(preferences::kRealTimeScan));
+    EXPECT_EQ(desktop.timers.running(), 0U);
+    EXPECT_FALSE(board->nextRealTimeScan());
+    choose(0);
+    EXPECT_TRUE(flag(preferences::kRealTimeScan));
+    EXPECT_THAT(desktop.statusItem.titles,
+                ElementsAre("Enabled Real-time Scan", "Real-time Scan Disabled",
+                            "Disabled Real-time Scan", "Real-time Scan Enabled"));
+    EXPECT_EQ(board->nextRealTimeScan(), clock.now() + 30min);
+    takeNotes();
+    pass(29min);
+    EXPECT_THAT(takeNotes(), IsEmpty());
+    pass(1min);
+    EXPECT_EQ(takeNotes(), kRequest);
+
+    board->btnRealTimeScanClicked(false);
+    EXPECT_FALSE(flag(preferences::kRealTimeScan));
+    EXPECT_FALSE(delegate.state().isRealTimeProtectionON);
+    EXPECT_EQ(desktop.statusItem.menu[0].checked, false);
+    EXPECT_EQ(desktop.timers.running(), 0U);
+}
+
+TEST_F(DashBoardTest, ARunningHelperTurnsStartAtLoginOnAndIsToldToQuit)
+{
+    desktop.loginItem.helperRuns = true;
+    load();
+    EXPECT_TRUE(board->loginStart());
+    EXPECT_TRUE(flag(preferences::kIsRunOnStart));
+    EXPECT_THAT(desktop.distributedNotifications.posted,
+                ElementsAre("TERMINATEHELPERPryvane com.torvell.Pryvane"));
+    EXPECT_THAT(desktop.loginItem.asked, ElementsAre(true));
+}
+
+TEST_F(DashBoardTest, AFailingLoginItemIsToldOnceOrTwiceAndStillRemembered)
+{
+    load();
+    desktop.loginItem.fails = true;
+    alerts.answer(kAlertFirstButton);
+    board->runStartUpAction(true);
+    EXPECT_TRUE(flag(preferences::kIsRunOnStart));
+    EXPECT_EQ(alerts.asked().size(), 1U);
+    alerts.answer(kAlertFirstButton);
+    alerts.answer(kAlertFirstButton);
+    board->runStartUpAction(false);
+    EXPECT_FALSE(flag(preferences::kIsRunOnStart));
+    ASSERT_EQ(alerts.asked().size(), 3U);
+    for (const Alert& alert : alerts.asked()) {
+        EXPECT_EQ(alert.messageText, "Error");
+        EXPECT_EQ(alert.informativeText, "Error in removing from start at login");
+    }
+}
+
+TEST_F(DashBoardTest, TheDockIconGoesOnlyWhileTheStatusItemIsThere)
+{
+    load();
+    desktop.statusItem.setHasPlace(false);
+    board->dockIconAction(false);
+    EXPECT_FALSE(flag(preferences::kIsDockIcon));
+    EXPECT_EQ(desktop.dockIcon.policy(), ActivationPolicy::Regular);
+
+    desktop.statusItem.setHasPlace(true);
+    EXPECT_EQ(desktop.dockIcon.policy(), ActivationPolicy::Accessory);
+    EXPECT_THAT(takeWindowCalls(), IsEmpty());
+    mainQueue.drain();
+    EXPECT_THAT(takeWindowCalls(), ElementsAre("front main", "activate"));
+
+    delegate.closeButtonClicked(0);
+    EXPECT_FALSE(desktop.windows.isVisible(ShellWindow::Main));
+    desktop.statusItem.setHasPlace(false);
+    EXPECT_TRUE(desktop.windows.isVisible(ShellWindow::Main));
+    EXPECT_EQ(desktop.dockIcon.policy(), ActivationPolicy::Regular);
+    board->dockIconAction(true);
+    EXPECT_TRUE(flag(preferences::kIsDockIcon));
+}
+
+TEST_F(DashBoardTest, TheReportKindFollowsTheSwitches)
+{
+    struct Row {
+        bool delegateRealTime, deep, boardRealTime;
+        const char* kind;
+    };
+    const std::vector<Row> rows = {
+        {true, true, true, "Real Time Scan"}, {true, false, false, "Real Time Scan"},
+        {false, true, true, "Deep Scan"},     {false, false, true, "Real Time Scan"},
+        {false, false, false, "Quick Scan"},
+    };
+    load();
+    for (const Row& row : rows) {
+        set(preferences::kRealTimeScan, row.boardRealTime);
+        notifications.post(NotificationName::ChangeUI);
+        delegate.state().isRealTimeProtectionON = row.delegateRealTime;
+        board->btnDeepScanClicked(row.deep);
+        takeNotes();
+        board->scanningStartAction();
+        EXPECT_EQ(delegate.state().reportType, row.kind);
+        EXPECT_FALSE(board->scanButton().deepShown || board->scanButton().deepEnabled);
+        auto expected = kRequest;
+        expected.emplace_back("UpdateThreat");
+        EXPECT_EQ(takeNotes(), expected);
+    }
+}
+
+TEST_F(DashBoardTest, TheScanButtonFollowsTheScan)
+{
+    load();
+    const auto shown = [this] {
+        const ScanButton& button = board->scanButton();
+        return button.title + (button.spinner ? " spinner" : "") +
+               (button.colour == TitleColour::White ? " white" : "") +
+               (button.deepShown ? " shown" : "") + (button.deepEnabled ? " enabled" : "");
+    };
+    EXPECT_EQ(shown(), "Quick Scan > shown enabled");
+    notifications.post(NotificationName::ScanStatusChange, true);
+    EXPECT_EQ(shown(), " spinner shown");
+    notifications.post(NotificationName::ScanStatusChange, false);
+    EXPECT_EQ(shown(), "Quick Scan > shown enabled");
+
+    board->btnDeepScanClicked(true);
+    EXPECT_TRUE(delegate.state().isDeepScan);
+    notifications.post(NotificationName::ScanStatusChange, true);
+    EXPECT_EQ(shown(), " spinner");
+    delegate.state().isScanning = true;
+    delegate.state().totalCount = 7;
+    delegate.state().totalScanCount = 7;
+    notifications.post(NotificationName::StopScan);
+    EXPECT_EQ(shown(), "Deep Scan > white shown enabled");
+    EXPECT_TRUE(delegate.state().isScanStop.requested());
+    EXPECT_FALSE(delegate.state().isScanning);
+    EXPECT_EQ(delegate.state().totalCount + delegate.state().totalScanCount, 0);
+    board->btnDeepScanClicked(false);
+    EXPECT_EQ(shown(), "Quick Scan > shown enabled");
+}
+
+TEST_F(DashBoardTest, TheStatusMenuActs)
+{
+    load();
+    takeNotes();
+    choose(1);
+    EXPECT_EQ(takeNotes(), kRequest);
+    EXPECT_THAT(takeWindowCalls(), ElementsAre("front main", "activate"));
+    choose(3);
+    choose(3);
+    EXPECT_TRUE(board->isCheckingForUpdate());
+    alerts.answer(kAlertFirstButton);
+    mainQueue.drain();
+    ASSERT_EQ(alerts.asked().size(), 1U);
+    EXPECT_EQ(alerts.asked()[0].messageText, "No Update is Available");
+    EXPECT_EQ(alerts.asked()[0].informativeText, "You are currently running Pryvane version 1.2");
+    choose(4);
+    choose(5);
+    choose(7);
+    EXPECT_THAT(takeWindowCalls(), ElementsAre("front main", "activate", "terminate"));
+    EXPECT_THAT(desktop.webBrowser.opened, ElementsAre("https://pryvane.example/"));
+
+    board.reset();
+    choose(7); // the item outlives the dashboard
+    EXPECT_THAT(takeWindowCalls(), IsEmpty());
+}
+
+TEST_F(DashBoardTest, TellsHowLongAgoTheLastScanWasAndHowLongItTook)
+{
+    load();
+    EXPECT_EQ(board->scanExplanation(), "Looks in every place that known spyware settles in.");
+    DefaultMethods store(defaults, *disk, clock, log);
+    const auto add = [&](const char* kind, const char* duration, bool red) {
+        auto list = std::make_shared<SpywareList>();
+        if (red)
+            list->push_back(std::make_shared<Spyware>());
+        ASSERT_TRUE(store
+                        .updateReportInDefaults(SpywareScanReport::ScanReportWithSpywareList(
+                            list, clock.now(), duration, kind, clock.now()))
+                        .ok());
+    };
+    add("Quick Scan", " 3 seconds", false);
+    add("Real Time Scan", " 1 minute  1 second", false);
+    add("Deep Scan", "Stopped", true);
+    ASSERT_TRUE(defaults.set(preferences::kLastScanDate, clock.now()).ok());
+    clock.advance(30h);
+    notifications.post(NotificationName::ScanStatusChange, false);
+    ASSERT_TRUE(mainQueue.runUntil([&] { return board->lastScans().date.has_value(); }));
+    EXPECT_TRUE(board->lastScans().threatFound);
+    EXPECT_EQ(board->scanExplanation(), "Looks in every place that known spyware settles in. Last "
+                                        "time: 1 minute 1 second.");
+    board->btnDeepScanClicked(true);
+    EXPECT_THAT(board->scanExplanation(), testing::Not(testing::HasSubstr("Last time")));
+    EXPECT_EQ(board->lastScanText(), "Yesterday");
+}
+
+} // namespace
+} // namespace pryvane

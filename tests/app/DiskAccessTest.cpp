@@ -1,0 +1,133 @@
+#include "app/AppFixture.h"
+#include "app/NotAccessVC.h"
+
+#include <gmock/gmock.h>
+
+namespace pryvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+FileURL url(const char* path)
+{
+    return FileURL::fileURLWithPath(path);
+}
+
+class DiskAccessTest : public test::AppFixture {
+protected:
+    NotAccessVC access{services(), desktop.grantTokens, delegate};
+};
+
+TEST_F(DiskAccessTest, PanelsAllowOnlyTheirFolders)
+{
+    struct Row {
+        const char* path;
+        bool home, disk;
+    };
+    const std::vector<Row> rows = {
+        {"/", true, true},
+        {"/Users", true, false},
+        {"/Users/", true, false},
+        {"/Users/alice", true, false},
+        {"/Users/alice/", true, false},
+        {"/Users/bob", false, false},
+        {"/Users/alice/Library", false, false},
+        {"/Users/..", false, false},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(access.panelShouldEnableURL(url(row.path)), row.home) << row.path;
+        EXPECT_EQ(access.panelValidateURL(url(row.path)).ok(), row.home) << row.path;
+        EXPECT_EQ(AppDelegate::panelShouldEnableURL(url(row.path)), row.disk) << row.path;
+        EXPECT_EQ(AppDelegate::panelValidateURL(url(row.path)).ok(), row.disk) << row.path;
+    }
+}
+
+TEST_F(DiskAccessTest, AHomeGrantOpensTheMainWindow)
+{
+    delegate.applicationDidFinishLaunching();
+    takeWindowCalls();
+    folderPicker.answer(std::nullopt);
+    access.confirmAccessAction();
+    folderPicker.answer(url("/Users/bob")); // a panel that lets it through all the same
+    access.confirmAccessAction();
+    mainQueue.drain();
+    EXPECT_FALSE(defaults.contains(preferences::kSaveDirectory));
+    EXPECT_THAT(takeWindowCalls(), IsEmpty());
+
+    folderPicker.answer(url("/Users"));
+    access.confirmAccessAction();
+    EXPECT_TRUE(access.isGranted());
+    EXPECT_EQ(defaults.getBytes(preferences::kSaveDirectory), Bytes{"/Users"});
+    EXPECT_FALSE(defaults.contains(preferences::kSaveDirectoryForHD));
+    EXPECT_THAT(takeWindowCalls(), IsEmpty()) << "the window follows 0.3 s later";
+    mainQueue.drain();
+    EXPECT_THAT(takeWindowCalls(), ElementsAre("close access", "open main", "activate"));
+    EXPECT_EQ(folderPicker.asked()[0].message, "Give access for scanning in your Home Directory");
+    EXPECT_EQ(folderPicker.asked()[0].directory.relativePath(), "/Users/alice");
+
+    EXPECT_TRUE(delegate.isWritable(url("/Users/alice")));
+    EXPECT_FALSE(delegate.isUserDirAccessible()) << "a writable home answers NO";
+    EXPECT_TRUE(delegate.isUserAccessible());
+    EXPECT_TRUE(delegate.state().isUserDirAccessible);
+}
+
+TEST_F(DiskAccessTest, AGrantThatCannotBeMadeClearsItsKeysAndIsTold)
+{
+    ASSERT_TRUE(defaults.setObject(preferences::kSaveDirectory, Bytes{"old"}).ok());
+    ASSERT_TRUE(defaults.setObject(preferences::kSaveDirectoryForHD, Bytes{"old"}).ok());
+    desktop.grantTokens.makeFails = true;
+    alerts.answer(kAlertFirstButton);
+    folderPicker.answer(url("/Users/alice"));
+    access.confirmAccessAction();
+    EXPECT_FALSE(defaults.contains(preferences::kSaveDirectory));
+    EXPECT_TRUE(defaults.contains(preferences::kSaveDirectoryForHD));
+
+    alerts.answer(kAlertFirstButton);
+    folderPicker.answer(url("/"));
+    delegate.confirmAccessAction();
+    EXPECT_FALSE(defaults.contains(preferences::kSaveDirectoryForHD));
+    mainQueue.drain();
+    EXPECT_THAT(desktop.windows.calls, IsEmpty());
+    EXPECT_EQ(alerts.asked()[1].informativeText, "Access Denied");
+    EXPECT_EQ(alerts.asked()[1].messageText, "");
+    EXPECT_THAT(log.lines(), testing::Contains("Error bookmarking selected URL: no such folder"));
+}
+
+TEST_F(DiskAccessTest, TheWholeDiskIsAskedForBeforeAScanUntilItIsGranted)
+{
+    delegate.requestScan();
+    EXPECT_EQ(takeNotes(), kRequest);
+    EXPECT_THAT(alerts.asked(), IsEmpty()) << "not while SandboxingDone is NO";
+
+    set(preferences::kSandboxingDone, true);
+    alerts.answer(kAlertFirstButton);
+    delegate.requestScan();
+    EXPECT_THAT(folderPicker.asked(), IsEmpty());
+    EXPECT_EQ(takeNotes(), kRequest);
+    EXPECT_EQ(alerts.asked()[0].messageText, "Access Alert");
+    EXPECT_EQ(alerts.asked()[0].informativeText,
+              "Pryvane does not have permission to scan your entire mac. Please grant root access "
+              "or continue to only scan your user directory.");
+    EXPECT_THAT(alerts.asked()[0].buttons, ElementsAre("Continue", "Confirm Access"));
+
+    alerts.answer(kAlertFirstButton + 1);
+    folderPicker.answer(url("/"));
+    delegate.requestScan();
+    EXPECT_EQ(takeNotes(), kRequest);
+    EXPECT_EQ(defaults.getBytes(preferences::kSaveDirectory), Bytes{"/"});
+    EXPECT_EQ(defaults.getBytes(preferences::kSaveDirectoryForHD), Bytes{"/"});
+    EXPECT_TRUE(delegate.isHDAccessible());
+    delegate.requestScan();
+    EXPECT_EQ(alerts.asked().size(), 2U);
+
+    desktop.grantTokens.valid.clear();
+    EXPECT_FALSE(delegate.isHDAccessible());
+    desktop.grantTokens.valid = {"/"};
+    desktop.grantTokens.hostWritable.insert("/");
+    EXPECT_FALSE(delegate.isHDAccessible()) << "a writable disk answers NO";
+    EXPECT_FALSE(delegate.state().isHDAccessible);
+}
+
+} // namespace
+} // namespace pryvane

@@ -1,0 +1,232 @@
+#include "app/AppFixture.h"
+#include "app/LocalCalendar.h"
+#include "app/SchedulerVC.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <limits>
+
+namespace pryvane {
+namespace {
+
+using testing::IsEmpty;
+using namespace std::chrono_literals;
+
+/// "2026-03-28 10:00" or with seconds, in the zone of the test.
+Date local(const std::string& text)
+{
+    std::tm parts{};
+    const char* end = strptime(text.c_str(), "%Y-%m-%d %H:%M:%S", &parts);
+    if (!end)
+        end = strptime((text + ":00").c_str(), "%Y-%m-%d %H:%M:%S", &parts);
+    EXPECT_TRUE(end) << text;
+    parts.tm_isdst = -1;
+    return Date(std::chrono::seconds(std::mktime(&parts)));
+}
+
+/// In Berlin, where summer time begins on 2026-03-29 and ends on 2026-10-25.
+class SchedulerTest : public test::AppFixture {
+protected:
+    SchedulerTest()
+    {
+        const char* zone = std::getenv("TZ");
+        m_zone = zone ? std::optional<std::string>(zone) : std::nullopt;
+        setenv("TZ", "Europe/Berlin", 1);
+        tzset();
+    }
+    ~SchedulerTest() override
+    {
+        if (m_zone)
+            setenv("TZ", m_zone->c_str(), 1);
+        else
+            unsetenv("TZ");
+        tzset();
+    }
+
+    void load()
+    {
+        scheduler = std::make_unique<SchedulerVC>(services(), desktop.services(), delegate);
+        scheduler->viewDidLoad();
+    }
+
+    /// Fills the form at `now`, ticks the box, and gives what the user was told.
+    std::string save(const std::string& now, const std::string& start, const std::string& end,
+                     const std::string& time, int type = 0)
+    {
+        clock.setNow(local(now));
+        load();
+        scheduler->setStartDatePicker(local(start + " 12:34"));
+        scheduler->setEndDatePicker(local(end + " 12:34"));
+        scheduler->setTimePicker(local(now.substr(0, 11) + time));
+        scheduler->setScheduleTypePopUp(type);
+        alerts.answer(kAlertFirstButton);
+        scheduler->removeSchudlerData(true);
+        EXPECT_EQ(alerts.asked().back().messageText, "Alert");
+        return alerts.asked().back().informativeText;
+    }
+    /// Moves the wall clock and tells what fired.
+    std::vector<std::string> at(const std::string& now)
+    {
+        clock.setNow(local(now));
+        takeNotes();
+        desktop.timers.run();
+        return takeNotes();
+    }
+    [[nodiscard]] bool isOn() { return defaults.get(preferences::kScheduleOn) == "Yes"; }
+
+    std::unique_ptr<SchedulerVC> scheduler;
+
+private:
+    std::optional<std::string> m_zone;
+};
+
+constexpr auto kScheduled = "Spyware scan scheduled successfully";
+constexpr auto kExpired = "Scheduler time already expired.";
+constexpr auto kBackwards = "Start Date should not be greater then End Date.";
+
+TEST_F(SchedulerTest, FindsTheNextFiringOrSaysWhyThereIsNone)
+{
+    struct Row {
+        const char *name, *now, *start, *end, *time;
+        int type;
+        const char *told, *next;
+    };
+    const std::vector<Row> rows = {
+        {"daily, still ahead", "2026-06-10 08:00", "2026-06-10", "2026-06-20", "09:00", 0,
+         kScheduled, "2026-06-10 09:00"},
+        {"daily, already past", "2026-06-10 10:00", "2026-06-10", "2026-06-20", "09:00", 0,
+         kScheduled, "2026-06-11 09:00"},
+        {"daily, this very second", "2026-06-10 09:00", "2026-06-10", "2026-06-20", "09:00", 0,
+         kScheduled, "2026-06-11 09:00"},
+        {"weekly", "2026-06-10 10:00", "2026-06-08", "2026-06-20", "09:00", 1, kScheduled,
+         "2026-06-15 09:00"},
+        {"30 days, not a month", "2026-06-10 10:00", "2026-06-10", "2026-08-20", "09:00", 2,
+         kScheduled, "2026-07-10 09:00"},
+        {"365 days over a leap day", "2027-06-10 10:00", "2027-06-10", "2028-12-31", "09:00", 3,
+         kScheduled, "2028-06-09 09:00"},
+        {"starts long ago", "2026-06-10 10:00", "2001-06-10", "2026-06-20", "09:00", 0, kScheduled,
+         "2026-06-11 09:00"},
+        {"starts later", "2026-06-10 10:00", "2026-07-01", "2026-07-02", "09:00", 1, kScheduled,
+         "2026-07-01 09:00"},
+        {"same day, past", "2026-06-10 10:00", "2026-06-10", "2026-06-10", "09:00", 0, kExpired,
+         nullptr},
+        {"no firing left before the end", "2026-06-10 10:00", "2026-06-09", "2026-06-15", "09:00",
+         1, kExpired, nullptr},
+        {"the start itself is no firing", "2026-06-09 10:00", "2026-06-10", "2026-06-10",
+         "00:00:01", 0, kExpired, nullptr},
+        {"no such kind", "2026-06-10 10:00", "2026-06-10", "2026-06-20", "09:00", 4, kExpired,
+         nullptr},
+        {"backwards", "2026-06-10 10:00", "2026-06-12", "2026-06-11", "09:00", 0, kBackwards,
+         nullptr},
+        {"today is 23 hours long", "2026-03-29 01:00", "2026-03-29", "2026-04-20", "09:00", 0,
+         kScheduled, "2026-03-29 09:00"},
+        {"steps are seconds: an hour later in summer", "2026-03-28 10:00", "2026-03-28",
+         "2026-04-20", "09:00", 0, kScheduled, "2026-03-29 10:00"},
+        {"and an hour earlier in winter", "2026-10-24 10:00", "2026-10-24", "2026-11-20", "09:00",
+         0, kScheduled, "2026-10-25 08:00"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        ASSERT_TRUE(defaults.removeObject("ScheduleOn").ok());
+        EXPECT_EQ(save(row.now, row.start, row.end, row.time, row.type), row.told);
+        const auto expected = row.next ? std::optional(local(row.next)) : std::nullopt;
+        EXPECT_EQ(scheduler->nextFiring(), expected) << scheduler->nextFiringText();
+        EXPECT_EQ(isOn(), row.next != nullptr);
+        EXPECT_EQ(desktop.timers.running(), row.next ? 1U : 0U);
+    }
+}
+
+TEST_F(SchedulerTest, FiresUntilTheFiringThatPassesTheEnd)
+{
+    save("2026-06-10 08:00", "2026-06-10", "2026-06-11", "09:00");
+    EXPECT_EQ(scheduler->nextFiringText(), "next: Wed 10 Jun, 09:00");
+    delegate.state().reportType = "Quick Scan";
+    EXPECT_THAT(at("2026-06-10 08:59:59"), IsEmpty());
+    EXPECT_EQ(at("2026-06-10 09:00"), kRequest);
+    EXPECT_EQ(scheduler->reportType(), "Scheduled Scan");
+    EXPECT_EQ(delegate.state().reportType, "Quick Scan");
+    EXPECT_THAT(at("2026-06-10 09:01"), IsEmpty());
+    // A form that is refused does not end what runs.
+    scheduler->setEndDatePicker(local("2026-06-01 12:00"));
+    alerts.answer(kAlertFirstButton);
+    scheduler->saveSchudlerData();
+    notifications.post(NotificationName::ScanStatusChange, true);
+    EXPECT_THAT(at("2026-06-11 09:00"), IsEmpty()) << "a scan is running";
+    notifications.post(NotificationName::ScanStatusChange, false);
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-12 09:00"));
+    EXPECT_EQ(at("2026-06-12 09:00"), kRequest) << "past the end, once";
+    EXPECT_EQ(desktop.timers.running(), 0U);
+    EXPECT_THAT(at("2026-06-13 09:00"), IsEmpty());
+    EXPECT_TRUE(isOn());
+    load();
+    EXPECT_FALSE(isOn()) << "an expired schedule is switched off at load";
+    EXPECT_EQ(alerts.asked().size(), 2U) << "silently";
+    EXPECT_THAT(takeWindowCalls(), IsEmpty());
+}
+
+TEST_F(SchedulerTest, FollowsAWallClockThatIsSet)
+{
+    save("2026-06-10 08:00", "2026-06-10", "2026-12-31", "09:00");
+    EXPECT_EQ(at("2026-06-15 12:00"), kRequest) << "missed firings are made up by one";
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-16 09:00"));
+    EXPECT_THAT(at("2026-06-12 08:00"), IsEmpty());
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-12 09:00"));
+    EXPECT_EQ(at("2026-06-12 09:00"), kRequest);
+    EXPECT_THAT(at("2026-06-12 08:30"), IsEmpty());
+    EXPECT_THAT(at("2026-06-12 09:00"), IsEmpty()) << "the same moment does not fire twice";
+    EXPECT_THAT(at("2020-01-01 12:00"), IsEmpty()) << "not before the schedule begins";
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-10 09:00"));
+}
+
+TEST_F(SchedulerTest, AStoredScheduleIsArmedAgainExceptForItsKind)
+{
+    save("2026-06-10 10:00", "2026-06-10", "2026-08-20", "09:00", 1);
+    EXPECT_EQ(defaults.objectForKey("ScheduleTime"), PreferenceValue(32399.0));
+    EXPECT_EQ(defaults.objectForKey("ScheduleType"), PreferenceValue(std::int64_t{1}));
+    EXPECT_EQ(defaults.get(preferences::kScheduleStartDate), local("2026-06-10 00:00:01"));
+    EXPECT_EQ(defaults.get(preferences::kScheduleEndDate), local("2026-08-20 23:59:59"));
+    load();
+    EXPECT_TRUE(scheduler->form().isScheduleOn);
+    EXPECT_EQ(scheduler->form().timePicker, local("2026-06-10 09:00"));
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-11 09:00")) << "the pop-up says daily";
+
+    scheduler->removeSchudlerData(false);
+    EXPECT_FALSE(isOn());
+    EXPECT_FALSE(scheduler->nextFiring());
+    EXPECT_EQ(scheduler->nextFiringText(), "");
+    EXPECT_EQ(scheduler->form().timePicker, local("2026-06-10 11:00"));
+    clock.setNow(local("2026-06-10 23:10"));
+    scheduler->schudlerAction();
+    EXPECT_EQ(scheduler->form().timePicker, local("2026-06-10 23:59:59"));
+    EXPECT_EQ(scheduler->form().minimumStart, clock.now());
+}
+
+TEST_F(SchedulerTest, DamagedValuesNeitherHangNorOverflow)
+{
+    const std::vector<std::pair<Date, Date>> dates = {
+        {Date::min(), Date::max()}, {Date::max(), Date::min()}, {Date::min(), Date::min()}};
+    const std::vector<double> times = {-1e300, std::numeric_limits<double>::infinity(),
+                                       std::numeric_limits<double>::quiet_NaN()};
+    for (const auto& [start, end] : dates) {
+        for (const double time : times) {
+            ASSERT_TRUE(defaults.set(preferences::kScheduleOn, "Yes").ok());
+            ASSERT_TRUE(defaults.set(preferences::kScheduleStartDate, start).ok());
+            ASSERT_TRUE(defaults.set(preferences::kScheduleEndDate, end).ok());
+            ASSERT_TRUE(defaults.set(preferences::kScheduleTime, time).ok());
+            load();
+            EXPECT_EQ(isOn(), end == Date::max() && start == Date::min());
+        }
+    }
+}
+
+TEST_F(SchedulerTest, AClockTimeThatSummerTimeLeavesOutComesLater)
+{
+    EXPECT_EQ(localClock(local("2026-03-29 12:00"), 2, 30, 0), local("2026-03-29 03:30"));
+    EXPECT_EQ(localHour(local("2026-10-25 23:59:59")), 23);
+    EXPECT_EQ(SchedulerVC::getTimeAt0Date(local("2026-06-10 00:00")), -1.0);
+}
+
+} // namespace
+} // namespace pryvane

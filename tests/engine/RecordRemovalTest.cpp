@@ -1,0 +1,116 @@
+#include "engine/removal/Browsers.h"
+#include "engine/removal/RemovalPlan.h"
+#include "engine/removal/RemovalSummary.h"
+
+#include <gmock/gmock.h>
+
+namespace pryvane {
+namespace {
+
+using testing::ElementsAre;
+
+const std::string kChrome = "/Users/al/Library/Application Support/Google/Chrome/x";
+const std::string kFirefox = "/Users/al/Library/Application Support/Firefox/Profiles/x";
+const std::string kSafari = "/Users/al/Library/Safari/ x";
+
+TEST(BrowsersToQuit, AreThoseThatRunWithAFindingAmongTheirFiles)
+{
+    struct Row {
+        const char* what;
+        std::vector<std::string> paths, running, expected;
+    };
+    const std::vector<std::string> all{"Firefox", "Google Chrome", "Safari", "Mail"};
+    const Row rows[] = {
+        {"in the order of the table",
+         {kFirefox, kChrome, kSafari},
+         all,
+         {"Safari", "Chrome", "Firefox"}},
+        {"only those that run", {kFirefox, kChrome}, {"Firefox"}, {"Firefox"}},
+        {"nothing runs", {kFirefox, kChrome}, {}, {}},
+        {"each once", {kChrome, kChrome + "y"}, all, {"Chrome"}},
+        {"elsewhere", {"/Users/al/Library/Application Support/Google/Chromf/x", "/tmp/x"}, all, {}},
+        {"anywhere in the path", {"/Volumes/old" + kFirefox}, all, {"Firefox"}},
+        {"another user", {"/Users/bo/Library/Application Support/Firefox/Profiles/x"}, all, {}},
+        {"Safari's location ends with a blank", {"/Users/al/Library/Safari/x"}, all, {}},
+        {"the display name does not count", {kChrome}, {"Chrome"}, {}},
+    };
+    for (const Row& row : rows) {
+        std::vector<std::string> names;
+        for (const BrowserEntry& entry : browsersToQuit(row.paths, row.running, "al"))
+            names.push_back(entry.NameBrowser);
+        EXPECT_EQ(names, row.expected) << row.what;
+    }
+    EXPECT_THAT(browsersToQuit(std::span(&kChrome, 1), all, "al"),
+                ElementsAre(BrowserEntry{"Chrome", "/Applications/Google Chrome.app"}));
+}
+
+TEST(RemovalSummary, SaysWhatRemains)
+{
+    const RemovalSummary none{"", "no_threats_bg", "All threats are Removed", "icn_white_check"};
+    EXPECT_EQ(removalSummary(0), none);
+    const RemovalSummary one{"  1 Failed", "report_bg", "One Threat Remaining", "icn_white"};
+    EXPECT_EQ(removalSummary(1), one);
+    const RemovalSummary two{"2 Failed", "report_bg", "Multiple Threats Remaining", "icn_white"};
+    EXPECT_EQ(removalSummary(2, FailedText::Plain), two);
+}
+
+RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findings)
+{
+    RemovalPlan plan;
+    for (const auto& [path, threat] : findings) {
+        const auto record =
+            Spyware::SpyWareSeen("x", threat, 0, FileURL::fileURLWithPath(path), kHighRisk);
+        RemovalForecast forecast;
+        forecast.kind = FileKind::RegularFile;
+        forecast.entries = 1;
+        forecast.bytes = 512;
+        plan.rows.push_back({record, flaggedBy(*record, "al", {}), forecast});
+    }
+    return plan;
+}
+
+TEST(RemovalPlan, GroupsByRuleAndFolderWithWeakEvidenceApart)
+{
+    RemovalPlan plan =
+        planOf({{"/Users/al/src/Koobface/1", "Spyware"},
+                {"/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"},
+                {"/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor"},
+                {"/tmp/.mdworker", "Revir"},
+                {"/Users/al/src/Koobface/2", "Spyware"},
+                {"/no/such/rule", "Revir"}});
+    const std::vector<Evidence> expected{Evidence::BareSubstring,      Evidence::NameInLaunchFolder,
+                                         Evidence::NameInLaunchFolder, Evidence::ExactPath,
+                                         Evidence::BareSubstring,      Evidence::BareSubstring};
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(plan.rows[i].flaggedBy.evidence, expected[i]) << i;
+
+    const auto rows = [&](PlanGrouping grouping) {
+        std::vector<std::string> texts;
+        for (const PlanGroup& group : grouped(plan, grouping)) {
+            EXPECT_EQ(group.entries, group.rows.size());
+            EXPECT_EQ(group.bytes, static_cast<std::int64_t>(512 * group.rows.size()));
+            texts.push_back(group.title + (group.weak ? " (weak) " : " ") +
+                            std::to_string(group.rows.size()));
+        }
+        return texts;
+    };
+    EXPECT_THAT(rows(PlanGrouping::ByFolder),
+                ElementsAre("/Library/LaunchAgents 2", "/tmp 1", "/Users/al/src/Koobface (weak) 2",
+                            "/no/such (weak) 1"));
+    EXPECT_THAT(rows(PlanGrouping::ByRule),
+                ElementsAre("Refog Personal Monitor: name touching a dot in a default location 2",
+                            "Revir: exact path 1",
+                            "Spyware: text in the path of a file (deep scan only) (weak) 2",
+                            "Revir: no rule of this catalogue (weak) 1"));
+
+    plan.rows[0].forecast.obstacle = RemovalObstacle::ReadOnlyVolume;
+    plan.rows[1].forecast = {};
+    const auto totals = plan.totals();
+    EXPECT_EQ(totals.entries, 4U);
+    EXPECT_EQ(totals.bytes, 4 * 512);
+    EXPECT_EQ(totals.hindered, 1U);
+    EXPECT_EQ(totals.gone, 1U);
+}
+
+} // namespace
+} // namespace pryvane

@@ -1,0 +1,204 @@
+#pragma once
+
+#include "platform/DesktopServices.h"
+#include "platform/DistributedNotifications.h"
+#include "platform/DockIcon.h"
+#include "platform/FileViewer.h"
+#include "platform/FireTimes.h"
+#include "platform/GrantTokens.h"
+#include "platform/LoginItem.h"
+#include "platform/SettingsFile.h"
+#include "platform/StatusItem.h"
+#include "platform/Timers.h"
+#include "platform/WebBrowser.h"
+#include "platform/WindowHost.h"
+
+#include <list>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+/// Fakes of the desktop: each does what its interface says in memory and records what it was asked.
+/// Main thread only.
+namespace pryvane::test {
+
+class FakeLoginItem final : public LoginItem {
+public:
+    bool fails = false;
+    bool helperRuns = false;
+    std::vector<bool> asked;
+    Result<Done> setEnabled(bool enabled) override
+    {
+        asked.push_back(enabled);
+        return fails ? Result<Done>(Error{"no autostart folder"}) : Result<Done>(Done{});
+    }
+    bool helperIsRunning() override { return helperRuns; }
+};
+
+/// Delivers to its own observers at once.
+class FakeDistributedNotifications final : public DistributedNotifications {
+public:
+    std::vector<std::string> posted; ///< "NAME OBJECT"
+    void post(std::string_view name, std::string_view object) override;
+    std::unique_ptr<Observation> observe(std::string_view name, Handler handler) override;
+
+private:
+    std::multimap<std::string, std::shared_ptr<Handler>, std::less<>> m_handlers;
+};
+
+class FakeDockIcon final : public DockIcon {
+public:
+    std::vector<ActivationPolicy> set;
+    ActivationPolicy policy() const override
+    {
+        return set.empty() ? ActivationPolicy::Regular : set.back();
+    }
+    void setPolicy(ActivationPolicy policy) override { set.push_back(policy); }
+};
+
+class FakeStatusItem final : public StatusItem {
+public:
+    int created = 0;
+    std::string image;
+    std::vector<StatusMenuEntry> menu;
+    std::vector<std::string> titles; ///< of the first entry, as they changed
+
+    void create(std::string_view name, int points) override;
+    bool available() const override { return created > 0 && m_hasPlace; }
+    void whenAvailabilityChanges(std::function<void()> changed) override
+    {
+        m_changed = std::move(changed);
+    }
+    void setMenu(std::vector<StatusMenuEntry> entries) override;
+
+    /// The desktop gets or loses its status bar.
+    void setHasPlace(bool hasPlace);
+
+private:
+    bool m_hasPlace = true;
+    std::function<void()> m_changed;
+};
+
+class FakeGrantTokens final : public GrantTokens {
+public:
+    std::set<std::string> hostWritable; ///< absolute paths that the host lets this user write
+    std::set<std::string> valid;        ///< tokens that reopen
+    std::set<std::string> reopened;     ///< tokens that were
+    bool makeFails = false;
+    bool granted = false; ///< whether a grant was made or reopened in this process
+
+    Result<Bytes> make(const FileURL& folder) override;
+    bool reopen(const Bytes& token) override;
+    bool writable(const FileURL& folder) override
+    {
+        return granted && hostWritable.contains(folder.absolutePath());
+    }
+};
+
+class FakeSettingsFile final : public SettingsFile {
+public:
+    int asked = 0;
+    void fetch(Reply reply) override
+    {
+        ++asked;
+        m_reply = std::move(reply);
+    }
+    void answer(Result<std::string> body);
+
+private:
+    Reply m_reply;
+};
+
+class FakeFileViewer final : public FileViewer {
+public:
+    std::vector<FileURL> revealed;
+    Result<Done> reveal(const FileURL& item) override
+    {
+        revealed.push_back(item);
+        return Done{};
+    }
+};
+
+class FakeWebBrowser final : public WebBrowser {
+public:
+    std::vector<std::string> opened;
+    Result<Done> open(const std::string& address) override
+    {
+        opened.push_back(address);
+        return Done{};
+    }
+};
+
+/// Timers of a fake clock. Moving the clock fires nothing; run() does, as a main loop would.
+class FakeTimers final : public Timers {
+public:
+    explicit FakeTimers(Clock& clock) : m_clock(clock) {}
+
+    std::unique_ptr<Timer> every(Clock::Interval interval, Fire fire) override;
+    std::unique_ptr<Timer> at(Date first, Clock::Interval interval, Fire fire) override;
+
+    /// Fires once each timer that is due.
+    void run();
+    [[nodiscard]] std::size_t running() const { return m_timers.size(); }
+
+private:
+    struct Entry {
+        FireTimes times;
+        bool steady;
+        Fire fire;
+    };
+    class Handle;
+    [[nodiscard]] Date now(bool steady) const;
+    std::unique_ptr<Timer> add(Entry entry);
+
+    Clock& m_clock;
+    std::list<std::shared_ptr<Entry>> m_timers;
+};
+
+/// Windows as they would stand; `calls` tells in which order they were ordered about.
+class FakeWindowHost final : public WindowHost {
+public:
+    std::vector<std::string> calls; ///< "open main", "activate", ...
+    std::function<void()> onOpen;   ///< called while a window opens
+    void open(ShellWindow window) override;
+    void close(ShellWindow window) override;
+    void bringForward(ShellWindow window) override;
+    void orderOut(ShellWindow window) override;
+    void setMinimised(ShellWindow window, bool minimised) override;
+    bool isMinimised(ShellWindow window) const override;
+    bool isVisible(ShellWindow window) const override;
+    void activate() override { calls.emplace_back("activate"); }
+    void terminate() override { calls.emplace_back("terminate"); }
+
+private:
+    struct State {
+        bool visible = false;
+        bool minimised = false;
+    };
+    State* record(const char* what, ShellWindow window);
+    std::map<ShellWindow, State> m_windows;
+};
+
+/// A whole desktop.
+struct FakeDesktop {
+    explicit FakeDesktop(Clock& clock) : timers(clock) {}
+
+    FakeWindowHost windows;
+    FakeDockIcon dockIcon;
+    FakeStatusItem statusItem;
+    FakeLoginItem loginItem;
+    FakeDistributedNotifications distributedNotifications;
+    FakeGrantTokens grantTokens;
+    FakeSettingsFile settingsFile;
+    FakeWebBrowser webBrowser;
+    FakeTimers timers;
+
+    DesktopServices services()
+    {
+        return {windows,     dockIcon,     statusItem, loginItem, distributedNotifications,
+                grantTokens, settingsFile, webBrowser, timers};
+    }
+};
+
+} // namespace pryvane::test

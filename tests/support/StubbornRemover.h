@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/RemovalJournal.h"
+#include "platform/posix/VolumeFileSystem.h"
+#include "platform/posix/removal/VolumeRemover.h"
+
+#include <string>
+
+namespace pryvane::test {
+
+/// The volume's own remover, but for one location that fails as not permitted.
+class StubbornRemover final : public Remover {
+public:
+    explicit StubbornRemover(const VolumeFileSystem& disk) : m_remover(disk, m_journal, {}) {}
+
+    std::string stubborn; ///< absolute path
+
+    void plan(std::span<const RemovalItem> items, const StopFlag& stop,
+              const RemovalForecasts& told) override
+    {
+        m_remover.plan(items, stop, told);
+    }
+
+    void remove(std::span<const RemovalItem> items, const StopFlag& stop,
+                const RemovalResults& told) override
+    {
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            if (items[i].url.absolutePath() == stubborn) {
+                RemovalResult failed;
+                failed.obstacle = RemovalObstacle::NotPermitted;
+                told(i, failed);
+            } else {
+                m_remover.remove(
+                    items.subspan(i, 1), stop,
+                    [&](std::size_t, const RemovalResult& result) { told(i, result); });
+            }
+        }
+    }
+
+private:
+    NoRemovalJournal m_journal;
+    VolumeRemover m_remover;
+};
+
+} // namespace pryvane::test
