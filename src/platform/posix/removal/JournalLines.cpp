@@ -4,12 +4,13 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <unistd.h>
 
 namespace pryvane {
 
 namespace {
-
-constexpr std::size_t kLongestLine = std::size_t{256} * 1024;
 
 std::string textOf(const nlohmann::json& object, const char* key)
 {
@@ -22,6 +23,20 @@ Number numberOf(const nlohmann::json& object, const char* key)
 {
     const auto found = object.find(key);
     return found != object.end() && found->is_number_integer() ? found->get<Number>() : Number{0};
+}
+
+/// The moment that iso8601() wrote; the beginning of 1970 for anything else.
+Date dateOf(const std::string& text)
+{
+    std::tm parts{};
+    int milliseconds = 0;
+    if (std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d.%3dZ", &parts.tm_year, &parts.tm_mon,
+                    &parts.tm_mday, &parts.tm_hour, &parts.tm_min, &parts.tm_sec,
+                    &milliseconds) != 7)
+        return {};
+    parts.tm_year -= 1900;
+    parts.tm_mon -= 1;
+    return Date(std::chrono::seconds(timegm(&parts)) + std::chrono::milliseconds(milliseconds));
 }
 
 } // namespace
@@ -43,7 +58,7 @@ void forEachLine(int file, const std::function<void(std::string_view line)>& tol
         while (!rest.empty()) {
             const auto end = rest.find('\n');
             const std::string_view part = rest.substr(0, end);
-            tooLong = tooLong || line.size() + part.size() > kLongestLine;
+            tooLong = tooLong || line.size() + part.size() > kLongestJournalLine;
             if (!tooLong)
                 line.append(part);
             if (end == std::string_view::npos)
@@ -70,11 +85,13 @@ std::optional<JournalLine> parsedJournalLine(std::string_view line)
     parsed.id = textOf(object, "id");
     parsed.volume = textOf(object, "volume");
     parsed.url = textOf(object, "url");
-    parsed.time = textOf(object, "time");
+    parsed.time = dateOf(textOf(object, "time"));
     parsed.outcome = textOf(object, "outcome");
     parsed.reason = textOf(object, "reason");
     parsed.bytes = numberOf<std::int64_t>(object, "bytes");
     parsed.entries = numberOf<std::uint64_t>(object, "entries");
+    parsed.countedWhole = object.value("countedWhole", nlohmann::json()) == true;
+    parsed.ofContents = textOf(object, "scope") == "contents";
     if (parsed.id.empty() || parsed.url.empty())
         return std::nullopt;
     return parsed;
