@@ -289,8 +289,9 @@ void ReportViewController::trashReport()
         deleteReport(m_report->reportId);
 }
 
-void ReportViewController::deleteReport(std::string reportId)
+void ReportViewController::deleteReport(const std::string& id)
 {
+    const std::string reportId = id; // the report it belongs to may end while the question stands
     const int answer = m_services.alerts.runModal(
         {"Alert", "Are you sure you want to delete this report?", {"Yes", "No"}});
     if (answer != kAlertFirstButton)
@@ -299,9 +300,8 @@ void ReportViewController::deleteReport(std::string reportId)
     m_selectedRow.reset();
     m_rows.setNow(m_services.clock.now());
     m_rows.remove(reportId);
-    m_storeTasks.run(
-        [this, reportId](const StopFlag&) { return m_store.deleteReport(reportId); },
-        [this, id = std::move(reportId)](const Result<bool>& outcome) { deleted(id, outcome); });
+    m_storeTasks.run([this, reportId](const StopFlag&) { return m_store.deleteReport(reportId); },
+                     [this, reportId](const Result<bool>& outcome) { deleted(reportId, outcome); });
     Q_EMIT listChanged();
     Q_EMIT stateChanged();
 }

@@ -108,7 +108,7 @@ private:
     void hideDetailsOfEmptyList();
     void reloadThreatDetails();
     void ChangeSelection();
-    void deleteReport(std::string reportId);
+    void deleteReport(const std::string& id);
     void deleted(const std::string& reportId, const Result<bool>& outcome);
     void printed(const PrintOutcome& outcome);
     void say(std::string notice);
