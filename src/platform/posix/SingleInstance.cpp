@@ -41,10 +41,6 @@ UniqueFd localSocket()
         return fd;
     fcntl(fd.get(), F_SETFD, FD_CLOEXEC);
     fcntl(fd.get(), F_SETFL, O_NONBLOCK);
-#ifdef SO_NOSIGPIPE
-    const int on = 1;
-    setsockopt(fd.get(), SOL_SOCKET, SO_NOSIGPIPE, &on, sizeof on);
-#endif
     return fd;
 }
 
@@ -101,6 +97,16 @@ bool answersBefore(int fd, Moment end)
 
 } // namespace
 
+bool sendOnSocket(int socket, std::string_view bytes)
+{
+#ifdef SO_NOSIGPIPE
+    const int on = 1;
+    setsockopt(socket, SOL_SOCKET, SO_NOSIGPIPE, &on, sizeof on);
+#endif
+    return send(socket, bytes.data(), bytes.size(), kNoSignal) ==
+           static_cast<ssize_t>(bytes.size());
+}
+
 Result<SingleInstance> SingleInstance::claim(const std::string& dataFolder,
                                              const std::string& runtimeFolder)
 {
@@ -156,8 +162,7 @@ Result<Done> SingleInstance::handOver(const InstanceRequest& request,
         return notAnswering("it cannot be reached");
     if (peerUser(fd.get()) != geteuid())
         return notAnswering("another user listens in its place");
-    const ssize_t sent = send(fd.get(), message->data(), message->size(), kNoSignal);
-    if (sent != static_cast<ssize_t>(message->size()) || shutdown(fd.get(), SHUT_WR) != 0 ||
+    if (!sendOnSocket(fd.get(), *message) || shutdown(fd.get(), SHUT_WR) != 0 ||
         !answersBefore(fd.get(), end))
         return notAnswering("it does not answer");
     return Done{};

@@ -53,4 +53,7 @@ private:
 /// What the first answers once it has understood.
 inline constexpr std::string_view kInstanceAnswer = "ok\n";
 
+/// Whether all of the bytes were taken. Raises no signal where the other end has gone.
+bool sendOnSocket(int socket, std::string_view bytes);
+
 } // namespace pryvane
