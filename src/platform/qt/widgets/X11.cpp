@@ -32,7 +32,7 @@ xcb_atom_t atom(const char* name)
         xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(std::strlen(name)), name);
     const Answer<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection(), cookie, nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 xcb_window_t selectionOwner(xcb_atom_t selection)
@@ -40,7 +40,7 @@ xcb_window_t selectionOwner(xcb_atom_t selection)
     const auto cookie = xcb_get_selection_owner(connection(), selection);
     const Answer<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(connection(), cookie, nullptr));
-    return reply ? reply->owner : XCB_WINDOW_NONE;
+    return reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 void setSkipTaskbar(xcb_window_t window, bool skip)
