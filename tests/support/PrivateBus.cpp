@@ -12,11 +12,11 @@ namespace pryvane::test {
 std::unique_ptr<PrivateBus> PrivateBus::start()
 {
     std::unique_ptr<PrivateBus> bus(new PrivateBus);
-    bus->m_folder.file("bus.conf", "<busconfig><type>session</type><listen>unix:path=" +
-                                       bus->m_folder.hostPath("bus") +
-                                       "</listen><policy context=\"default\"><allow "
-                                       "send_destination=\"*\"/><allow own=\"*\"/></policy>"
-                                       "</busconfig>");
+    bus->m_folder.file(
+        "bus.conf",
+        "<busconfig><type>session</type><listen>unix:path=" + bus->m_folder.hostPath("bus") +
+            "</listen><policy context=\"default\"><allow send_destination=\"*\"/>"
+            "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>");
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         return nullptr;

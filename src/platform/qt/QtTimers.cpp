@@ -96,8 +96,9 @@ std::unique_ptr<Timers::Timer> QtTimers::every(Clock::Interval interval, Fire fi
     constexpr auto kSteady = QtTimer::Time::Steady;
     // Nothing sets this clock, so only a timer's own range limits its sleep.
     constexpr milliseconds kLongest = std::chrono::hours(24);
-    return std::make_unique<QtTimer>(m_clock, kSteady, kLongest,
-                                     QtTimer::timeOf(m_clock, kSteady) + interval, interval,
+    // The next whole millisecond, so that no firing comes early by a part of one.
+    const Date first = QtTimer::timeOf(m_clock, kSteady) + milliseconds(1);
+    return std::make_unique<QtTimer>(m_clock, kSteady, kLongest, first + interval, interval,
                                      std::move(fire));
 }
 

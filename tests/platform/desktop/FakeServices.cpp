@@ -29,7 +29,7 @@ QDBusConnection connectionToBus()
 FakeNotifications::FakeNotifications(QStringList capabilities)
     : m_capabilities(std::move(capabilities))
 {
-    offer(m_bus, "org.freedesktop.Notifications", "/org/freedesktop/Notifications", this);
+    offer(m_own.bus, "org.freedesktop.Notifications", "/org/freedesktop/Notifications", this);
 }
 
 void FakeNotifications::sayNothing()
@@ -55,12 +55,12 @@ uint FakeNotifications::Notify(const QString&, uint, const QString&, const QStri
 
 FakeFileManager::FakeFileManager()
 {
-    offer(m_bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", this);
+    offer(m_own.bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", this);
 }
 
 FakeItemWatcher::FakeItemWatcher()
 {
-    offer(m_bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", this);
+    offer(m_own.bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", this);
 }
 
 } // namespace pryvane::test

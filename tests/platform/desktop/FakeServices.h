@@ -11,6 +11,12 @@ namespace pryvane::test {
 /// A connection of its own to the bus that the environment names.
 [[nodiscard]] QDBusConnection connectionToBus();
 
+/// The same, given up at the end with every name that it owns.
+struct OwnConnection {
+    QDBusConnection bus = connectionToBus();
+    ~OwnConnection() { QDBusConnection::disconnectFromBus(bus.name()); }
+};
+
 /// A notification service that records what it is to show.
 class FakeNotifications final : public QObject, protected QDBusContext {
     Q_OBJECT
@@ -31,7 +37,7 @@ public Q_SLOTS:
 private:
     void sayNothing();
 
-    QDBusConnection m_bus = connectionToBus();
+    OwnConnection m_own;
     QStringList m_capabilities;
 };
 
@@ -55,7 +61,7 @@ public Q_SLOTS:
     }
 
 private:
-    QDBusConnection m_bus = connectionToBus();
+    OwnConnection m_own;
 };
 
 /// The service that knows the hosts of status items.
@@ -74,7 +80,7 @@ public Q_SLOTS:
     void RegisterStatusNotifierItem(const QString& item) { items << item; }
 
 private:
-    QDBusConnection m_bus = connectionToBus();
+    OwnConnection m_own;
 };
 
 } // namespace pryvane::test

@@ -121,8 +121,10 @@ TEST(DesktopWebBrowserTest, opensOnlyWebAddresses)
     for (const char* refused : {"", "file:///etc/passwd", "/bin/sh", "javascript:1", "https://",
                                 "mailto:a@b", "https://exa mple/"})
         EXPECT_FALSE(browser.open(refused).ok()) << refused;
+    const QByteArray path = qgetenv("PATH");
     qputenv("PATH", "/nowhere");
     EXPECT_FALSE(browser.open("https://www.pryvane.example/").ok()) << "no browser there";
+    qputenv("PATH", path);
 }
 
 /// The states that the window manager keeps for the window.

@@ -4,6 +4,7 @@
 #include "platform/DistributedNotifications.h"
 #include "platform/linux/SessionBusNames.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <dbus/dbus.h>
 #include <string>
@@ -14,7 +15,7 @@ namespace pryvane {
 
 namespace {
 
-constexpr int kPatience = 1000; // ms for each of the two calls
+constexpr int kPatience = 1000; // ms for each step
 
 struct Unref {
     void operator()(DBusMessage* message) const { dbus_message_unref(message); }
@@ -50,6 +51,20 @@ std::string sessionBusAddress()
     return socket.starts_with("//") || access(socket.c_str(), F_OK) != 0 || !runtime
                ? ""
                : "unix:path=" + socket;
+}
+
+/// libdbus waits for ever for a bus that takes the connection and then says nothing, unless the
+/// introduction is over before the first call.
+bool isIntroduced(DBusConnection* bus)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kPatience);
+    while (!dbus_connection_get_is_authenticated(bus)) {
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+        if (left.count() <= 0 || !dbus_connection_read_write(bus, static_cast<int>(left.count())))
+            return false;
+    }
+    return true;
 }
 
 /// One call of the bus itself; false with the error set where it fails or takes too long.
@@ -95,7 +110,7 @@ Result<TerminationWatch> TerminationWatch::start()
     const std::string rule = std::string("type='signal',interface='") + bus::kMessageInterface +
                              "',member='" + bus::kMessageMember + "',arg0='" +
                              std::string(kTerminateHelper) + "'";
-    if (!callBus(bus.get(), "Hello", nullptr, error) ||
+    if (!isIntroduced(bus.get()) || !callBus(bus.get(), "Hello", nullptr, error) ||
         !callBus(bus.get(), "AddMatch", rule.c_str(), error))
         return error.told("the session bus does not answer");
     return TerminationWatch(std::move(bus));

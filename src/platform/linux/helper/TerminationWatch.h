@@ -12,7 +12,7 @@ namespace pryvane {
 /// Hears on the session bus that the login helper is to quit.
 class TerminationWatch {
 public:
-    /// Listens from now on. Waits for the bus no longer than a second or two, and starts none. The
+    /// Listens from now on. Waits for the bus no longer than a few seconds, and starts none. The
     /// error says why there is nothing to listen to.
     [[nodiscard]] static Result<TerminationWatch> start();
 
