@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <unistd.h>
 
 namespace pryvane::test {
 
@@ -12,6 +13,22 @@ int sizeAsked(const char* variable, int otherwise)
 {
     const char* const asked = std::getenv(variable);
     return asked ? std::atoi(asked) : otherwise;
+}
+
+InMemory::InMemory()
+{
+    if (const char* folder = std::getenv("TMPDIR"))
+        m_before = folder;
+    if (access("/dev/shm", W_OK) == 0)
+        setenv("TMPDIR", "/dev/shm", 1);
+}
+
+InMemory::~InMemory()
+{
+    if (m_before)
+        setenv("TMPDIR", m_before->c_str(), 1);
+    else
+        unsetenv("TMPDIR");
 }
 
 RemovalResult RemovalDisk::remove(const RemovalItem& item) const

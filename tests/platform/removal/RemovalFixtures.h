@@ -15,6 +15,19 @@ namespace pryvane::test {
 /// A number from the environment, for sizes that sanitizers and slow machines want smaller.
 [[nodiscard]] int sizeAsked(const char* variable, int otherwise);
 
+/// Lets temporary folders that are made during its life lie in memory, where the host has such a
+/// place: there calls take microseconds, so that an attacker meets thousands of them.
+class InMemory {
+public:
+    InMemory();
+    ~InMemory();
+    InMemory(const InMemory&) = delete;
+    InMemory& operator=(const InMemory&) = delete;
+
+private:
+    std::optional<std::string> m_before;
+};
+
 /// A temporary folder that is opened as a volume and removed from.
 struct RemovalDisk {
     explicit RemovalDisk(NameMatching matching = NameMatching::AsOnMac,

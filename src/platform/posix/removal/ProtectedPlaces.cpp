@@ -117,18 +117,4 @@ bool ProtectedPlaces::keepsIn(const FolderId& folder, const std::string& name, F
            (kind == FileKind::Folder || (leadsOn && isAnyOf(name, kSystemsLinks)));
 }
 
-bool ProtectedPlaces::reaches(int folder) const
-{
-    FolderId below;
-    for (UniqueFd at = openToSearch(folder, "."); at; at = openToSearch(at.get(), "..")) {
-        const FolderId id = idOf(at.get());
-        if (id == m_root)
-            return true;
-        if (id == below)
-            return false;
-        below = id;
-    }
-    return false;
-}
-
 } // namespace pryvane

@@ -26,9 +26,6 @@ public:
     [[nodiscard]] bool keepsIn(const FolderId& folder, const std::string& name,
                                FileKind kind) const;
 
-    /// Whether the open folder still lies in the volume, not moved out of it.
-    [[nodiscard]] bool reaches(int folder) const;
-
 private:
     void addEntriesOf(const VolumeFileSystem& disk, const std::string& path, UniqueFd folder);
     void addWithAllAbove(UniqueFd folder);

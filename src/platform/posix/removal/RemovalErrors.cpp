@@ -1,6 +1,7 @@
 #include "platform/posix/removal/RemovalErrors.h"
 
 #include "platform/posix/ErrorText.h"
+#include "platform/posix/removal/ConfinedWork.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -37,6 +38,10 @@ RemovalFailure forbidden(int error, int folder, const std::string& name)
         return {RemovalObstacle::NotPermitted, std::string(kSticky)};
     if (entry && isSwappedTo(entry->id))
         return {RemovalObstacle::Busy, "the system swaps to it"};
+    // What the permissions allow and the kernel still denies, it denies because of the confinement.
+    if (error == EACCES && faccessat(folder, ".", W_OK | X_OK, AT_EACCESS) == 0 &&
+        kernelConfinementOfRemoval() == KernelConfinement::Enforced)
+        return {RemovalObstacle::Confined, errorText(error)};
     return {RemovalObstacle::NotPermitted, errorText(error)};
 }
 

@@ -129,8 +129,8 @@ private:
         if (step.error == ENOTDIR || step.error == ELOOP) {
             // A folder by now: it was a link a moment ago.
             const auto facts = factsOf(folder, name);
-            step.isLink = facts && (facts->kind == FileKind::SymbolicLink ||
-                                    facts->kind == FileKind::Folder);
+            step.isLink =
+                facts && (facts->kind == FileKind::SymbolicLink || facts->kind == FileKind::Folder);
         }
         return step;
     }

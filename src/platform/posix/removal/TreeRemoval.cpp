@@ -1,6 +1,7 @@
 #include "platform/posix/removal/TreeRemoval.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -13,6 +14,14 @@ constexpr std::size_t kMostHandles = 32;
 
 // As much of a folder's names as is read at once; what stands behind comes with another reading.
 constexpr std::size_t kMostNames = std::size_t{16} * 1024 * 1024;
+
+// So many entries may turn up in folders that had already been emptied. Whoever makes more will
+// hardly stop at that.
+constexpr std::size_t kMostRefill = 20'000;
+
+// No honest tree is deeper. Below that a confined thread gets ever slower, since the kernel climbs
+// to the volume's root at each of its calls.
+constexpr std::size_t kDeepest = 256;
 
 } // namespace
 
@@ -34,11 +43,8 @@ bool TreeRemoval::empty(FolderHandle folder)
 
 void TreeRemoval::failed(int error, int folder, const std::string& name)
 {
-    if (m_failure)
-        return;
-    m_failure = failureOf(error, folder, name);
-    if (m_failure.obstacle == RemovalObstacle::NotPermitted && !m_places.reaches(folder))
-        m_failure.obstacle = RemovalObstacle::Confined;
+    if (!m_failure)
+        m_failure = failureOf(error, folder, name);
 }
 
 void TreeRemoval::failed(RemovalFailure failure)
@@ -51,6 +57,7 @@ bool TreeRemoval::enter(FolderHandle folder, std::string name)
 {
     Level level;
     level.id = folder.id();
+    level.refilled = level.id == m_lastEmptied || (!m_levels.empty() && m_levels.back().refilled);
     level.folder = std::move(folder);
     level.name = std::move(name);
     const bool heldAny = read(level);
@@ -65,24 +72,37 @@ bool TreeRemoval::enter(FolderHandle folder, std::string name)
 /// quicker than making, so that it comes to an end even where somebody fills the folder meanwhile.
 bool TreeRemoval::read(Level& level)
 {
-    FolderBatch::Entry entry;
-    do {
-        if (!m_batch.fill(level.folder)) {
-            level.holdsRest = true;
-            failed(unreadable(errno));
-            break;
-        }
-        while (m_batch.next(entry))
-            (entry.kind == FileKind::Folder ? level.subfolders : m_files).add(entry.name);
-    } while (!m_batch.atEnd() && level.subfolders.bytes() + m_files.bytes() < kMostNames);
-    const bool heldAny = !m_files.empty() || !level.subfolders.empty();
+    const std::size_t found = readNames(level);
+    if (level.refilled && (m_refill += found) > kMostRefill) {
+        level.holdsRest = true;
+        level.subfolders.clear();
+        m_files.clear();
+        failed({RemovalObstacle::KeepsRefilling, {}});
+    }
     while (!m_files.empty() && !m_stop.requested()) {
         const std::string name = m_files.take();
         if (!removeFile(level.folder.fd(), name))
             level.subfolders.add(name);
     }
     m_files.clear();
-    return heldAny;
+    return found > 0;
+}
+
+std::size_t TreeRemoval::readNames(Level& level)
+{
+    std::size_t found = 0;
+    FolderBatch::Entry entry;
+    do {
+        if (!m_batch.fill(level.folder)) {
+            level.holdsRest = true;
+            failed(unreadable(errno));
+            return found;
+        }
+        for (; m_batch.next(entry); ++found)
+            (entry.kind == FileKind::Folder ? level.subfolders : m_files).add(entry.name);
+    } while (!m_batch.atEnd() && level.subfolders.bytes() + m_files.bytes() < kMostNames);
+    level.readWhole = m_batch.atEnd();
+    return found;
 }
 
 bool TreeRemoval::removeFile(int folder, const std::string& name)
@@ -119,7 +139,8 @@ void TreeRemoval::descend(Level& level)
     const int above = level.folder.fd();
     FolderHandle child = openBelow(above, name);
     if (child && !m_places.contains(child.id())) {
-        enter(std::move(child), name);
+        if (m_levels.size() < kDeepest || !hoist(name))
+            enter(std::move(child), name);
         return;
     }
     const int error = child ? 0 : errno;
@@ -141,11 +162,24 @@ void TreeRemoval::descend(Level& level)
         failed(error, above, name);
 }
 
+/// Moves a folder that lies very deep to the top, where its turn comes later. Whatever stands there
+/// by now, it belongs to what is being removed.
+bool TreeRemoval::hoist(const std::string& name)
+{
+    Level& top = m_levels.front();
+    const std::string free = "pryvane-removes-" + std::to_string(++m_hoisted);
+    if (renameat(m_levels.back().folder.fd(), name.c_str(), top.folder.fd(), free.c_str()) != 0)
+        return false;
+    top.subfolders.add(free);
+    return true;
+}
+
 /// Removes the emptied folder from the one above it.
 void TreeRemoval::leave()
 {
     const Level level = std::move(m_levels.back());
     m_levels.pop_back();
+    m_lastEmptied = level.readWhole ? level.id : FolderId();
     if (m_levels.empty() || !reopen(level.folder))
         return; // the folder itself is the caller's
     Level& above = m_levels.back();

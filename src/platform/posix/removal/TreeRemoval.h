@@ -54,11 +54,15 @@ private:
         FolderId id;
         NameList subfolders;    ///< still to be removed
         bool holdsRest = false; ///< something in it could not be removed
+        bool readWhole = false;
+        bool refilled = false; ///< it, or one above it, was read whole before
     };
 
     bool enter(FolderHandle folder, std::string name);
     bool read(Level& level);
+    [[nodiscard]] std::size_t readNames(Level& level);
     void descend(Level& level);
+    [[nodiscard]] bool hoist(const std::string& name);
     void leave();
     [[nodiscard]] bool reopen(const FolderHandle& child);
     void retry(Level& level, const std::string& name);
@@ -68,7 +72,10 @@ private:
     FolderBatch m_batch;
     NameList m_files;
     std::vector<Level> m_levels;
+    std::uint64_t m_hoisted = 0;
     int m_retries = 0;
+    std::size_t m_refill = 0; ///< entries found in folders that had been read whole
+    FolderId m_lastEmptied;   ///< the last folder that was read whole
     RemovalFailure m_failure;
     std::uint64_t m_entries = 0;
     std::int64_t m_bytes = 0;
