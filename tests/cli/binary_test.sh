@@ -45,6 +45,25 @@ wait $pid
 [[ -s $work/paced.txt ]] && fail "an interrupted quick scan must print no report"
 [[ $("$cli" report list | wc -l) == 2 ]] || fail "an interrupted quick scan must store nothing"
 
+# A removal that is interrupted tells exactly what it took away.
+finding=$work/demo/Users/alice/Library/.A_o_b_o
+for i in $(seq 200); do mkdir "$finding/$i" && (cd "$finding/$i" && touch $(seq 30)); done
+before=$(find "$finding" | wc -l)
+"$cli" scan --volume "$work/demo" --user alice >/dev/null
+item=$("$cli" report show latest 2>/dev/null | awk '/A_o_b_o/ { print $1 }')
+"$cli" remove latest --item "$item" --yes --volume "$work/demo" --user alice >"$work/removed.txt" 2>"$work/removed.err" &
+pid=$!
+while kill -0 $pid 2>/dev/null && (($(ls -U "$finding" | wc -l) > 197)); do :; done
+kill -INT $pid
+wait $pid
+[[ $? == 130 ]] || fail "SIGINT must end a removal with exit code 130: $(cat "$work/removed.err")"
+told=$(awk '$2 == "failed" { print $3 }' "$work/removed.txt")
+left=$(find "$finding" | wc -l)
+((told > 0 && told == before - left)) || fail "told $told of $((before - left)) entries"
+grep -q 'stopped before it was done' "$work/removed.txt" || fail "an interrupted removal must say so"
+"$cli" remove latest --item "$item" --yes --volume "$work/demo" --user alice >/dev/null || fail "removing the rest"
+[[ -e $finding ]] && fail "the rest is still there"
+
 "$cli" report export latest >/dev/full 2>"$work/full.err"
 [[ $? == 2 ]] || fail "an output that cannot be written must give exit code 2"
 

@@ -1,0 +1,190 @@
+#include "cli/CliFixture.h"
+#include "platform/Log.h"
+#include "platform/posix/SqliteUserDefaults.h"
+#include "platform/posix/SystemClock.h"
+#include "platform/posix/VolumeFileSystem.h"
+#include "reports/DefaultMethods.h"
+#include "support/RunningProgram.h"
+
+#include <gmock/gmock.h>
+
+namespace pryvane {
+namespace {
+
+using testing::AllOf;
+using testing::ContainsRegex;
+using testing::HasSubstr;
+using testing::Not;
+
+// The report's items 1 to 4.
+constexpr const char* kAobo = "/Users/alice/Library/.A_o_b_o/";
+constexpr const char* kRefog = "/Library/LaunchAgents/com.refog.agent.plist";
+constexpr const char* kMdsa = "/Users/alice/Library/mdsa1331";
+constexpr const char* kMdworker = "/tmp/.mdworker";
+
+class RemoveCommandTest : public test::CliFixture {
+protected:
+    RemoveCommandTest()
+    {
+        volume.link("/tmp", "private/tmp"); // as on every Mac
+        volume.file("/private/tmp/.mdworker");
+        for (const char* path : {kAobo, kRefog, kMdsa})
+            volume.plant(path);
+        volume.file("/Users/alice/Library/.A_o_b_o/inside");
+        EXPECT_EQ(scan().code, 1);
+    }
+    Outcome remove(std::vector<std::string> more, const std::string& from = {})
+    {
+        std::vector<std::string> arguments{
+            "remove", "latest", "--user", "alice", "--volume", from.empty() ? volume.path() : from};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return run(arguments);
+    }
+    void expectAllThere()
+    {
+        for (const char* path : {kAobo, kRefog, kMdsa, kMdworker})
+            EXPECT_TRUE(volume.contains(path)) << path;
+    }
+};
+
+TEST_F(RemoveCommandTest, SaysWhatIsWrongWithTheArguments)
+{
+    const struct {
+        std::vector<std::string> arguments;
+        const char* complaint;
+    } rows[] = {
+        {{}, "name what to remove: --item N"},
+        {{"--item", "0"}, "there is no item \"0\"; the report's items are numbered from 1 to 4"},
+        {{"--item", "2", "--item", "5"}, "there is no item \"5\""},
+        {{"--item", "99999999999999999999"}, "there is no item"},
+        {{"--item", "x\x1b[2J"}, "\"x\\x1b[2J\" is no item's number"},
+        {{"--item=-1"}, "is no item's number"},
+        {{"--item", "2", "--item", "3", "--item", "2"}, "item 2 is named twice"},
+        {{"--item", "2", "--all"}, "excludes"},
+        {{"--item", "2", "3"}, "3"},
+    };
+    for (auto row : rows) {
+        row.arguments.push_back("--yes");
+        const Outcome outcome = remove(row.arguments);
+        EXPECT_EQ(outcome.code, 2) << outcome.err;
+        EXPECT_THAT(outcome.err, HasSubstr(row.complaint));
+        EXPECT_EQ(outcome.out, "");
+    }
+    EXPECT_THAT(run({"remove", "nosuch", "--all", "--yes"}).err, HasSubstr("no report \"nosuch\""));
+    expectAllThere();
+}
+
+TEST_F(RemoveCommandTest, ADryRunShowsThePlanAndRemovesNothing)
+{
+    volume.remove(kMdsa);
+    const Outcome plan = remove({"--all", "--dry-run", "--yes"});
+    EXPECT_EQ(plan.code, 0) << plan.err;
+    EXPECT_THAT(plan.out, ContainsRegex("1  folder +2 +4.1 KB  Aobo Keylogger Pro +exact path"));
+    EXPECT_THAT(plan.out, ContainsRegex("2  file +1 .*known name in a launch folder  /Library"));
+    EXPECT_THAT(plan.out, ContainsRegex("3  gone +0 +0 byte "));
+    EXPECT_THAT(plan.out,
+                HasSubstr("Would remove: 3 findings with 4 entries, 12.3 KB; 1 is gone already\n"));
+    volume.plant(kMdsa);
+    expectAllThere();
+}
+
+TEST_F(RemoveCommandTest, AsksAndRemovesOnlyWhatWasChosen)
+{
+    EXPECT_EQ(remove({"--item", "1"}).code, 2);
+    terminal = true;
+    input = "n\n";
+    EXPECT_EQ(remove({"--item", "1"}).code, 2);
+    expectAllThere();
+    input = "y\n";
+    const Outcome removed = remove({"--item", "4", "--item", "1"});
+    EXPECT_EQ(removed.code, 0) << removed.err;
+    EXPECT_THAT(removed.err, HasSubstr("Remove 2 findings for good? [y/N]"));
+    EXPECT_THAT(removed.out, ContainsRegex("4  removed +1 +4.1 KB  /tmp/.mdworker\n"));
+    EXPECT_THAT(removed.out, ContainsRegex("1  removed +2 +4.1 KB  /Users/alice/Library/.A_o_b_o"));
+    EXPECT_THAT(removed.out, HasSubstr("Removed: 2 findings, 3 entries, 8.2 KB in all\n"));
+    EXPECT_FALSE(volume.contains(kAobo) || volume.contains(kMdworker));
+    EXPECT_TRUE(volume.contains(kRefog) && volume.contains(kMdsa));
+    EXPECT_TRUE(data.contains("Removals.jsonl"));
+    // The report tells what is left.
+    const Outcome shown = run({"report", "show", "latest", "--volume", volume.path()});
+    EXPECT_THAT(shown.out,
+                AllOf(ContainsRegex("1  Aobo.* gone "), ContainsRegex("4  Revir.* gone "),
+                      ContainsRegex("2  Refog.* present ")));
+    EXPECT_EQ(reportIds().size(), 1U);
+}
+
+TEST_F(RemoveCommandTest, EachOutcomeHasItsLineAndItsReason)
+{
+    volume.remove(kMdsa);
+    volume.file("/Users/alice/Agents/com.refog.agent.plist");
+    volume.remove("/Library/LaunchAgents");
+    volume.link("/Library/LaunchAgents", "/Users/alice/Agents");
+    const Outcome outcome = remove({"--all", "--yes"});
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_THAT(outcome.out, ContainsRegex("2  failed +0 +0 byte  .*refog.agent.plist  \\(a link"));
+    EXPECT_THAT(outcome.out, ContainsRegex("3  gone +0 +0 byte  .*mdsa1331\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("in all; 1 was gone already; 1 failed\n"));
+    EXPECT_THAT(outcome.out, Not(HasSubstr("To be removed")));
+    EXPECT_TRUE(volume.contains("/Users/alice/Agents/com.refog.agent.plist"));
+    EXPECT_FALSE(volume.contains(kMdworker));
+    EXPECT_EQ(remove({"--item", "1", "--item", "3", "--yes"}).code, 0); // both are gone
+}
+
+TEST_F(RemoveCommandTest, AReportOfAnotherVolumeRemovesNothing)
+{
+    const test::TemporaryFolder other;
+    for (const char* path : {kAobo, kRefog, kMdsa, kMdworker})
+        other.plant(path);
+    const Outcome outcome = remove({"--all", "--yes"}, other.path());
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_THAT(outcome.err, HasSubstr("name its volume with --volume DIR"));
+    EXPECT_EQ(remove({"--all", "--dry-run"}, "/").code, 2);
+    for (const char* path : {kAobo, kRefog, kMdsa, kMdworker})
+        EXPECT_TRUE(other.contains(path)) << path;
+    expectAllThere();
+}
+
+TEST_F(RemoveCommandTest, AnInterruptBeforehandRemovesNothing)
+{
+    interrupted.request();
+    EXPECT_EQ(remove({"--all", "--dry-run"}).code, 130);
+    const Outcome outcome = remove({"--all", "--yes"});
+    EXPECT_EQ(outcome.code, 130);
+    EXPECT_THAT(outcome.err, HasSubstr("interrupted"));
+    expectAllThere();
+}
+
+TEST_F(RemoveCommandTest, ABrowserThatRunsBlocksOnItsOwnVolume)
+{
+    // A report of this host's own disk, with a finding that is not there.
+    const auto host = VolumeFileSystem::open("/");
+    SilentLog log;
+    SystemClock clock;
+    const auto list = std::make_shared<SpywareList>();
+    const auto place = FileURL::fileURLWithPath("/Users/alice/Library/Safari/ pryvane-test/none");
+    list->push_back(Spyware::SpyWareSeen("none", "Revir", 0, place, kHighRisk));
+    const auto report =
+        SpywareScanReport::ScanReportWithSpywareList(list, clock.now(), "", "", clock.now());
+    report->volume = (*host)->identity();
+    {
+        const auto store = SqliteUserDefaults::open(data.path(), log);
+        ASSERT_TRUE(store);
+        DefaultMethods reports(*store->defaults, **host, clock, log);
+        ASSERT_TRUE(reports.updateReportInDefaults(report));
+    }
+    test::RunningProgram safari("Safari");
+    const Outcome blocked = remove({"--all", "--yes"}, "/");
+    EXPECT_EQ(blocked.code, 1);
+    EXPECT_THAT(blocked.err, HasSubstr("Safari is running"));
+    EXPECT_EQ(blocked.out, "");
+    const Outcome plan = remove({"--all", "--dry-run"}, "/");
+    EXPECT_EQ(plan.code, 0);
+    EXPECT_THAT(plan.err, HasSubstr("Safari is running"));
+    safari.quit();
+    const Outcome free = remove({"--all", "--yes"}, "/");
+    EXPECT_EQ(free.code, 0) << free.err;
+    EXPECT_THAT(free.out, HasSubstr("1 was gone already"));
+}
+
+} // namespace
+} // namespace pryvane
