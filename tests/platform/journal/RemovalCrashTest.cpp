@@ -27,7 +27,8 @@ End killedAt(int step, const std::function<void()>& work, int& taken)
     if (child == 0) {
         if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0)
             _exit(77);
-        raise(SIGSTOP);
+        if (raise(SIGSTOP) != 0)
+            _exit(77);
         work();
         _exit(0);
     }

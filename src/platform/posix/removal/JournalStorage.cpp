@@ -56,7 +56,7 @@ std::vector<std::string> olderJournals(int folder)
 
 Result<Done> JournalStorage::open()
 {
-    if (const auto made = makeFolders(m_dataFolder); !made)
+    if (auto made = makeFolders(m_dataFolder); !made)
         return made;
     const auto resolved = resolvedFolder(m_dataFolder);
     if (!resolved)
@@ -112,10 +112,10 @@ Result<Done> JournalStorage::hold()
     constexpr int kTries = 16;
     for (int tries = 0; tries < kTries; ++tries) {
         if (!isInPlace()) {
-            if (const auto opened = open(); !opened)
+            if (auto opened = open(); !opened)
                 return opened;
         }
-        if (const auto locked = lock(); !locked)
+        if (auto locked = lock(); !locked)
             return locked;
         if (isInPlace())
             return append({});

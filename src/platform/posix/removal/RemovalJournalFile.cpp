@@ -104,7 +104,7 @@ Result<std::unique_ptr<RemovalJournalFile>> RemovalJournalFile::open(const std::
 
 Result<Done> RemovalJournalFile::settle()
 {
-    const auto held = hold();
+    auto held = hold();
     m_storage.release();
     return held;
 }
@@ -112,11 +112,11 @@ Result<Done> RemovalJournalFile::settle()
 /// Holds the file, with nothing open in it of this volume when it is held for the first time.
 Result<Done> RemovalJournalFile::hold()
 {
-    if (const auto held = m_storage.hold(); !held)
+    if (auto held = m_storage.hold(); !held)
         return held;
     const bool large = m_storage.size() > kLarge;
     if (!m_settled || large) {
-        if (const auto settled = settleOpen(large ? Others::Ended : Others::Left); !settled)
+        if (auto settled = settleOpen(large ? Others::Ended : Others::Left); !settled)
             return settled;
         m_settled = true;
     }
@@ -230,7 +230,7 @@ Result<Done> RemovalJournalFile::settleOpen(Others otherVolumes)
     std::string lines;
     for (const auto& [id, begun] : open)
         lines += interruption(begun);
-    if (const auto written = m_storage.append(lines); !written)
+    if (auto written = m_storage.append(lines); !written)
         return written;
     return m_storage.sync();
 }
