@@ -72,7 +72,8 @@ void ProtectedPlaces::addEntriesOf(const VolumeFileSystem& disk, const std::stri
             if ((entry.kind != FileKind::Folder && !isLink) ||
                 (isLink && path.empty() && !isAnyOf(name, kSystemsLinks)))
                 continue;
-            const std::string behind = path + "/" + name + "/.";
+            std::string behind = path;
+            behind.append("/").append(name).append("/.");
             UniqueFd child = isLink
                                  ? disk.openParent(FileURL::fileURLWithPath(behind)).parent
                                  : UniqueFd(openat(folder.get(), name.c_str(),
@@ -92,11 +93,13 @@ void ProtectedPlaces::addEntriesOf(const VolumeFileSystem& disk, const std::stri
 
 void ProtectedPlaces::addWithAllAbove(UniqueFd folder)
 {
+    FolderId below;
     while (folder) {
         const FolderId id = idOf(folder.get());
-        if (!m_places.empty() && m_places.back() == id)
+        if (id == below)
             break; // the host's root is above itself
         m_places.push_back(id);
+        below = id;
         folder = openToSearch(folder.get(), "..");
     }
 }

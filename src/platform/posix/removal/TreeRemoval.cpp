@@ -1,7 +1,6 @@
 #include "platform/posix/removal/TreeRemoval.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
