@@ -1,12 +1,12 @@
 // How long the main thread is held at a time during a deep scan with 100,000 findings, from its
 // start to its stored report, and then while all of them are planned and removed.
+#include "TimedMainQueue.h"
 #include "core/NotificationCenter.h"
 #include "engine/DiskAccess.h"
 #include "engine/ScanViewController.h"
 #include "engine/records/ScanState.h"
 #include "platform/RemovalJournal.h"
 #include "platform/UserNotifier.h"
-#include "platform/posix/BlockingMainQueue.h"
 #include "platform/posix/SqliteUserDefaults.h"
 #include "platform/posix/SystemClock.h"
 #include "platform/posix/VolumeFileSystem.h"
@@ -25,26 +25,6 @@ namespace {
 using namespace pryvane;
 
 constexpr int kFindings = 100'000;
-
-/// The main queue, with the time that each piece of work takes.
-class TimedMainQueue final : public MainQueue {
-public:
-    void post(Work work) override { postAfter(std::chrono::milliseconds(0), std::move(work)); }
-    void postAfter(std::chrono::milliseconds delay, Work work) override
-    {
-        inner.postAfter(delay, [this, work = std::move(work)] {
-            const auto start = std::chrono::steady_clock::now();
-            work();
-            const std::chrono::duration<double, std::milli> taken =
-                std::chrono::steady_clock::now() - start;
-            held.push_back(taken.count());
-        });
-    }
-    bool isMainThread() const override { return inner.isMainThread(); }
-
-    BlockingMainQueue inner;
-    std::vector<double> held; ///< milliseconds
-};
 
 class EverythingGranted final : public DiskAccess {
 public:

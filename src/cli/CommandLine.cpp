@@ -2,6 +2,7 @@
 
 #include "cli/Host.h"
 #include "core/Escape.h"
+#include "platform/posix/removal/ConfinedWork.h"
 
 #include <iostream>
 #include <sstream>
@@ -21,8 +22,8 @@ constexpr const char* kFooter =
     "  pryvane-cli scan --deep                           every file of the home as well\n"
     "  pryvane-cli report list                           earlier scans, newest first\n"
     "  pryvane-cli report show latest                    the last scan's findings\n"
-    "  pryvane-cli remove latest --all --dry-run         what removing them would do\n"
     "  pryvane-cli privacy list                          private data, with its size\n"
+    "  pryvane-cli remove latest --all --dry-run         what removing them would do\n"
     "  pryvane-cli explain /Library/LaunchAgents/x.plist why a path would be flagged\n"
     "\n"
     "Exit codes: 0 clean or done, 1 findings, 2 error or bad usage, 130 interrupted.\n"
@@ -41,11 +42,16 @@ std::string oneLine(const std::string& message)
 
 } // namespace
 
+std::string versionText()
+{
+    return "pryvane-cli " PRYVANE_VERSION "\nRemoval is " + std::string(kernelConfinementText());
+}
+
 CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
 {
     m_app.footer(kFooter);
     m_app.require_subcommand(1);
-    m_app.set_version_flag("--version", kVersionText);
+    m_app.set_version_flag("--version", versionText);
     m_app.get_formatter()->column_width(34);
     addScanCommand(*this, m_app);
     addRemoveCommand(*this, m_app);

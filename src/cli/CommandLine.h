@@ -12,8 +12,8 @@ namespace pryvane::cli {
 
 struct VolumeArguments;
 
-/// What --version prints.
-inline constexpr const char* kVersionText = "pryvane-cli " PRYVANE_VERSION;
+/// What --version prints: the version, and how far the kernel holds a removal to its volume.
+[[nodiscard]] std::string versionText();
 
 /// What a parsed command does. It returns the exit code and writes to the console only.
 using Action = std::function<int(const Console&)>;

@@ -124,14 +124,11 @@ PlatformServices Host::services()
 
 Result<Remover*> Host::remover()
 {
-    if (m_remover)
-        return m_remover.get();
-    auto journal = RemovalJournalFile::open(m_dataFolder, *m_disk, *m_clock);
-    if (!journal)
-        return journal.error();
-    m_journal = std::move(journal).value();
-    m_remover = std::make_unique<VolumeRemover>(*m_disk, *m_journal,
-                                                std::vector<std::string>{m_dataFolder});
+    if (!m_remover) {
+        m_journal = std::make_unique<RemovalJournalFile>(m_dataFolder, *m_disk, *m_clock);
+        m_remover = std::make_unique<VolumeRemover>(*m_disk, *m_journal,
+                                                    std::vector<std::string>{m_dataFolder});
+    }
     return m_remover.get();
 }
 

@@ -4,6 +4,7 @@
 #include "cli/ReportText.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
+#include "platform/posix/removal/RemovalJournalFile.h"
 #include "reports/DefaultMethods.h"
 #include "reports/ReportCompare.h"
 #include "reports/ReportExport.h"
@@ -11,6 +12,8 @@
 #include "reports/pdf/ReportPrinting.h"
 
 #include <ostream>
+#include <string_view>
+#include <unordered_map>
 
 namespace pryvane::cli {
 
@@ -71,7 +74,33 @@ int listReports(const ReportArguments& arguments, const Console& console)
     });
 }
 
-void writeReport(const Console& console, const SpywareScanReport& report, DiskState state)
+/// What the journal last said of each record of the report since that was made.
+RemovalRecords removalsOf(const SpywareScanReport& report, const std::string& dataFolder)
+{
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (std::size_t i = 0; i < report.spyWareList->size(); ++i)
+        places.emplace((*report.spyWareList)[i]->url.identity(), i);
+    RemovalRecords records;
+    readRemovalJournal(dataFolder, [&](const RemovalRecord& record) {
+        const auto place = places.find(record.url.identity());
+        if (place != places.end() && record.volume == report.volume &&
+            record.time >= report.scanDate)
+            records.insert_or_assign(place->second, record);
+    });
+    return records;
+}
+
+void writeRemovals(const Console& console, const SpywareScanReport& report,
+                   const std::string& dataFolder)
+{
+    const std::string text = removalsText(removalsOf(report, dataFolder));
+    if (!text.empty())
+        console.out << "\nRemovals since:\n"
+                    << text << "Journal:  " << forTerminal(removalJournalPath(dataFolder)) << "\n";
+}
+
+void writeReport(const Console& console, const SpywareScanReport& report, DiskState state,
+                 const std::string& dataFolder)
 {
     console.out << "Report:   " << report.reportId << "\n"
                 << "Date:     " << localDateText(report.scanDate) << " ("
@@ -81,6 +110,7 @@ void writeReport(const Console& console, const SpywareScanReport& report, DiskSt
                 << verdictText(report, console) << "\n";
     if (!report.spyWareList->empty())
         console.out << "\n" << findingsText(*report.spyWareList, state);
+    writeRemovals(console, report, dataFolder);
     console.out << "\n" << coverageText(report.coverage);
 }
 
@@ -100,7 +130,8 @@ int showReport(const ReportArguments& arguments, const Console& console)
 {
     const auto show = [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
         const bool known = isOfThisVolume(console, host, report);
-        writeReport(console, report, known ? DiskState::Asked : DiskState::NotAsked);
+        writeReport(console, report, known ? DiskState::Asked : DiskState::NotAsked,
+                    host.dataFolder());
         return int{kDone};
     };
     return withReport(console, arguments, show);

@@ -2,6 +2,7 @@
 
 #include "cli/TextTable.h"
 #include "core/Escape.h"
+#include "platform/posix/removal/RemovalJournalFile.h"
 
 #include <cstdio>
 
@@ -45,6 +46,22 @@ std::string findingsText(const SpywareList& list, DiskState state)
                       forTerminal(record.url.relativePath())});
     }
     return table.text("  ");
+}
+
+std::string removalsText(const RemovalRecords& records)
+{
+    using Align = TextTable::Align;
+    TextTable table({Align::Right, Align::Left, Align::Left, Align::Left});
+    for (const auto& [place, record] : records) {
+        std::string what = forTerminal(record.reason);
+        if (record.outcome == "begun")
+            what = "its end is not on record: it goes on at this moment, or was interrupted";
+        else if (what.empty() && record.entries > 0)
+            what = countedText(record.entries, "entry", "entries") + ", " + sizeText(record.bytes);
+        table.addRow({std::to_string(place + 1), forTerminal(record.outcome),
+                      localDateText(record.time), what});
+    }
+    return records.empty() ? std::string() : table.text("  ");
 }
 
 std::string coverageText(const ScanCoverage& coverage)

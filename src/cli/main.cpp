@@ -21,7 +21,7 @@ int main(int argc, char** argv)
 {
     // Scripts ask for the version by itself; no parser need be built for that.
     if (argc == 2 && std::string_view(argv[1]) == "--version") {
-        std::cout << pryvane::cli::kVersionText << std::endl;
+        std::cout << pryvane::cli::versionText() << std::endl;
         return std::cout ? pryvane::cli::kDone : pryvane::cli::kFailed;
     }
     struct sigaction action {};

@@ -97,7 +97,7 @@ TEST_F(ToolsViewControllerTest, CleansWhatIsTickedSaysSoAndMeasuresAnew)
 
 TEST_F(ToolsViewControllerTest, ListsWhatStayedAndWhy)
 {
-    remover().stubborn = m_history;
+    remover().stubborn = {m_history};
     for (const auto kind : {VolumeKind::Mounted, VolumeKind::HostRoot}) {
         makeController(kind);
         tick();

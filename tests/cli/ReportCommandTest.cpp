@@ -1,4 +1,7 @@
 #include "cli/CliFixture.h"
+#include "platform/posix/SystemClock.h"
+#include "platform/posix/VolumeFileSystem.h"
+#include "platform/posix/removal/RemovalJournalFile.h"
 
 #include <gmock/gmock.h>
 
@@ -37,6 +40,39 @@ TEST_F(ReportCommandTest, AnotherVolumeMakesEveryFindingUnavailable)
     const Outcome shown = run({"report", "show", "latest"});
     EXPECT_THAT(shown.out, testing::ContainsRegex("BlackHole RAT +High Risk +unknown"));
     EXPECT_THAT(shown.err, HasSubstr("--volume DIR"));
+}
+
+TEST_F(ReportCommandTest, TellsWhatBecameOfEachFindingAndWhereTheJournalLies)
+{
+    volume.file("/tmp/.mdworker");
+    ASSERT_EQ(scan().code, 1); // finds both
+    const Outcome before = run({"report", "show", "latest", onVolume});
+    EXPECT_THAT(before.out, testing::Not(HasSubstr("Journal:")));
+    EXPECT_EQ(run({"remove", "latest", "--all", "--yes", onVolume}).code, 0);
+    const Outcome removed = run({"report", "show", "latest", onVolume});
+    EXPECT_THAT(removed.out, testing::ContainsRegex("1  removed +[0-9]+.* 1 entry"));
+    EXPECT_THAT(removed.out, testing::ContainsRegex("2  removed"));
+    EXPECT_THAT(removed.out, HasSubstr("Journal:  " + data.path() + "/Removals.jsonl"));
+
+    const auto disk = std::move(VolumeFileSystem::open(volume.path()).value());
+    SystemClock clock;
+    RemovalJournalFile journal(data.path(), *disk, clock);
+    const RemovalItem item{FileURL::fileURLWithPath("/tmp/.mdworker"), std::nullopt};
+    ASSERT_TRUE(journal.begin({&item, 1}));
+    EXPECT_THAT(run({"report", "show", "latest", onVolume}).out, HasSubstr("goes on"));
+    RemovalResult failed;
+    failed.obstacle = RemovalObstacle::Locked;
+    journal.ended(0, failed);
+    ASSERT_TRUE(journal.flush());
+    const Outcome shown = run({"report", "show", "latest", onVolume});
+    EXPECT_THAT(shown.out, testing::ContainsRegex("  failed +[0-9]+"));
+    EXPECT_THAT(shown.out, HasSubstr(failed.reason()));
+
+    // A report's findings are not those of an earlier one at the same places.
+    volume.file("/tmp/.mdworker");
+    ASSERT_EQ(scan().code, 1);
+    EXPECT_THAT(run({"report", "show", "latest", onVolume}).out,
+                testing::Not(HasSubstr("Journal:")));
 }
 
 TEST_F(ReportCommandTest, ComparesByLocation)

@@ -11,7 +11,7 @@ fail() { echo "FAILED: $*"; exit 1; }
 
 ldd "$cli" | grep -E 'Qt6(Gui|Widgets)|libX11|libcairo|libpango|libcups' &&
     fail "a library is linked that every start would pay for"
-[[ $("$cli" --version) == pryvane-cli\ * ]] || fail "--version"
+[[ $("$cli" --version) == pryvane-cli\ *Removal\ is\ *confined* ]] || fail "--version"
 "$cli" --help | grep -q 'pryvane-cli scan --volume' || fail "--help gives no first step"
 
 "$scripts/make-demo-volume" "$work/demo" >/dev/null || fail "the demonstration volume"

@@ -4,16 +4,17 @@
 #include "platform/posix/VolumeFileSystem.h"
 #include "platform/posix/removal/VolumeRemover.h"
 
+#include <set>
 #include <string>
 
 namespace pryvane::test {
 
-/// The volume's own remover, but for one location that fails as not permitted.
+/// The volume's own remover, but for the locations that fail as not permitted.
 class StubbornRemover final : public Remover {
 public:
     explicit StubbornRemover(const VolumeFileSystem& disk) : m_remover(disk, m_journal, {}) {}
 
-    std::string stubborn; ///< absolute path
+    std::set<std::string> stubborn; ///< absolute paths
 
     void plan(std::span<const RemovalItem> items, const StopFlag& stop,
               const RemovalForecasts& told) override
@@ -25,7 +26,7 @@ public:
                 const RemovalResults& told) override
     {
         for (std::size_t i = 0; i < items.size(); ++i) {
-            if (items[i].url.absolutePath() == stubborn) {
+            if (stubborn.contains(items[i].url.absolutePath())) {
                 RemovalResult failed;
                 failed.obstacle = RemovalObstacle::NotPermitted;
                 told(i, failed);

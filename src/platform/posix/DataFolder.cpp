@@ -22,14 +22,14 @@ std::string homeFolder()
     return entry && entry->pw_dir ? entry->pw_dir : "";
 }
 
-/// The program's folder in the base directory that the variable names.
-std::string folderBelow(const char* variable, const char* placeInHome)
+/// The base directory that the variable names.
+std::string baseFolder(const char* variable, const char* placeInHome)
 {
     // An empty or relative value is to be ignored by the base directory rules.
     std::string base = fromEnvironment(variable);
     if (!base.starts_with('/'))
         base = homeFolder() + placeInHome;
-    return base + "/pryvane";
+    return base;
 }
 
 } // namespace
@@ -38,12 +38,17 @@ std::string defaultDataFolder()
 {
     if (std::string folder = fromEnvironment("PRYVANE_DATA_DIR"); !folder.empty())
         return folder;
-    return folderBelow("XDG_DATA_HOME", "/.local/share");
+    return baseFolder("XDG_DATA_HOME", "/.local/share") + "/pryvane";
 }
 
 std::string defaultCachesFolder()
 {
-    return folderBelow("XDG_CACHE_HOME", "/.cache");
+    return baseFolder("XDG_CACHE_HOME", "/.cache") + "/pryvane";
+}
+
+std::string defaultAutostartFolder()
+{
+    return baseFolder("XDG_CONFIG_HOME", "/.config") + "/autostart";
 }
 
 } // namespace pryvane

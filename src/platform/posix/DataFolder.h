@@ -11,4 +11,7 @@ namespace pryvane {
 /// Where files are kept that can be made again; made when the first of them is.
 [[nodiscard]] std::string defaultCachesFolder();
 
+/// Where desktops look for the programs to start at login.
+[[nodiscard]] std::string defaultAutostartFolder();
+
 } // namespace pryvane

@@ -32,24 +32,31 @@ std::string searchableText(const SpywareScanReport& report)
 
 } // namespace
 
-void ReportRows::setReports(ReportList reports, Date now)
+SearchableReports::SearchableReports(ReportList list) : reports(std::move(list))
 {
-    m_reports = std::move(reports);
+    texts.reserve(reports.size());
+    for (const auto& report : reports)
+        texts.push_back(searchableText(*report));
+}
+
+SearchableReports ReportRows::setReports(SearchableReports reports, Date now)
+{
+    std::swap(m_list, reports);
     m_now = now;
-    m_searchable.clear();
     choose();
+    return reports;
 }
 
 void ReportRows::remove(std::string_view reportId)
 {
-    const auto gone = std::find_if(m_reports.begin(), m_reports.end(), [&](const auto& report) {
+    ReportList& reports = m_list.reports;
+    const auto gone = std::find_if(reports.begin(), reports.end(), [&](const auto& report) {
         return report->reportId == reportId;
     });
-    if (gone == m_reports.end())
+    if (gone == reports.end())
         return;
-    if (!m_searchable.empty())
-        m_searchable.erase(m_searchable.begin() + (gone - m_reports.begin()));
-    m_reports.erase(gone);
+    m_list.texts.erase(m_list.texts.begin() + (gone - reports.begin()));
+    reports.erase(gone);
     choose();
 }
 
@@ -68,9 +75,9 @@ void ReportRows::setSearch(std::string_view words)
     choose();
 }
 
-bool ReportRows::isFound(std::size_t index)
+bool ReportRows::isFound(std::size_t index) const
 {
-    const std::string& text = m_searchable[index];
+    const std::string& text = m_list.texts[index];
     return std::all_of(m_words.begin(), m_words.end(), [&](const std::string& word) {
         return text.find(word) != std::string::npos;
     });
@@ -78,18 +85,13 @@ bool ReportRows::isFound(std::size_t index)
 
 void ReportRows::choose()
 {
-    if (!m_words.empty() && m_searchable.empty()) {
-        m_searchable.reserve(m_reports.size());
-        for (const auto& report : m_reports)
-            m_searchable.push_back(searchableText(*report));
-    }
     m_shown.clear();
-    for (std::size_t i = 0; i < m_reports.size(); ++i) {
+    for (std::size_t i = 0; i < m_list.reports.size(); ++i) {
         // The stored count is only its low eight bits; isRed is whole.
         if (m_filter != ReportFilter::All &&
-            m_reports[i]->isRed != (m_filter == ReportFilter::Found))
+            m_list.reports[i]->isRed != (m_filter == ReportFilter::Found))
             continue;
-        if (m_words.empty() || isFound(i))
+        if (isFound(i))
             m_shown.push_back(i);
     }
 }

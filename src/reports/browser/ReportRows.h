@@ -23,12 +23,20 @@ struct ReportRow {
     std::string openTrash; ///< name of the action icon
 };
 
+/// A list of reports with what a search looks through, one text a report. Made on any thread.
+struct SearchableReports {
+    explicit SearchableReports(ReportList list = {});
+
+    ReportList reports;             ///< newest first
+    std::vector<std::string> texts; ///< letter case folded
+};
+
 /// The stored reports, and which of them are shown. Texts are made for the rows that are looked at
 /// only, so that ten thousand reports cost no more than a screenful. Main thread only.
 class ReportRows {
 public:
-    /// The list, newest first; `now` is what relative dates are relative to.
-    void setReports(ReportList reports, Date now);
+    /// `now` is what relative dates are relative to. Returns the list before.
+    SearchableReports setReports(SearchableReports reports, Date now);
     void remove(std::string_view reportId);
     void setNow(Date now) { m_now = now; }
 
@@ -39,11 +47,11 @@ public:
     /// case does not matter.
     void setSearch(std::string_view words);
 
-    [[nodiscard]] const ReportList& reports() const { return m_reports; }
+    [[nodiscard]] const ReportList& reports() const { return m_list.reports; }
     [[nodiscard]] std::size_t size() const { return m_shown.size(); }
     [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report(std::size_t row) const
     {
-        return m_reports[m_shown[row]];
+        return m_list.reports[m_shown[row]];
     }
     /// Where the row's report stands in reports().
     [[nodiscard]] std::size_t listIndex(std::size_t row) const { return m_shown[row]; }
@@ -53,13 +61,12 @@ public:
 
 private:
     void choose();
-    [[nodiscard]] bool isFound(std::size_t index);
+    [[nodiscard]] bool isFound(std::size_t index) const;
 
-    ReportList m_reports;
+    SearchableReports m_list;
     Date m_now{};
     ReportFilter m_filter = ReportFilter::All;
-    std::vector<std::string> m_words;      ///< folded
-    std::vector<std::string> m_searchable; ///< folded, one a report, made by the first search
+    std::vector<std::string> m_words; ///< folded
     std::vector<std::size_t> m_shown;
 };
 

@@ -45,6 +45,7 @@ ReportViewController::ReportViewController(const PlatformServices& services, con
       m_store(services.defaults, services.disk, services.clock, services.log),
       m_storeTasks(services.mainQueue), m_diskTasks(services.mainQueue),
       m_printTasks(services.mainQueue, std::chrono::milliseconds(0)),
+      m_releaseTasks(services.mainQueue, std::chrono::milliseconds(0)),
       m_removal(services, parts.remover,
                 {parts.user, [this] { return m_report; },
                  [this] { m_parts.host.openRemoteDesktopInstructions(); },
@@ -96,16 +97,24 @@ void ReportViewController::load()
 {
     ++m_loads;
     m_storeTasks.run(
-        [this](const StopFlag&) { return m_store.loadListReportWithKey(preferences::kSaveReport); },
-        [this](ReportList list) { loaded(std::move(list)); });
+        [this](const StopFlag&) {
+            return SearchableReports(m_store.loadListReportWithKey(preferences::kSaveReport));
+        },
+        [this](SearchableReports list) { loaded(std::move(list)); });
     Q_EMIT stateChanged();
 }
 
-void ReportViewController::loaded(ReportList list)
+void ReportViewController::loaded(SearchableReports list)
 {
     --m_loads;
     m_selectedRow.reset();
-    m_rows.setReports(std::move(list), m_services.clock.now());
+    m_releaseTasks.run(
+        [old =
+             m_rows.setReports(std::move(list), m_services.clock.now())](const StopFlag&) mutable {
+            old = SearchableReports();
+            return Done{};
+        },
+        [](Done) {});
     if (std::exchange(m_detailsNeedAList, false))
         hideDetailsOfEmptyList();
     Q_EMIT listChanged();
@@ -132,12 +141,14 @@ void ReportViewController::openThisReport(std::size_t row)
         return;
     const auto report = m_rows.report(row);
     if (report->spyWareCount == 0) {
-        deleteReport(report);
+        deleteReport(report->reportId);
         return;
     }
     const auto index = static_cast<std::int64_t>(m_rows.listIndex(row));
     openDetails(report);
-    logFailure(m_services.log, m_services.defaults.set(preferences::kIndex, index));
+    m_storeTasks.run([&defaults = m_services.defaults,
+                      index](const StopFlag&) { return defaults.set(preferences::kIndex, index); },
+                     [this](const Result<Done>& stored) { logFailure(m_services.log, stored); });
 }
 
 void ReportViewController::viewReport()
@@ -275,11 +286,12 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
 void ReportViewController::trashReport()
 {
     if (m_report)
-        deleteReport(m_report);
+        deleteReport(m_report->reportId);
 }
 
-void ReportViewController::deleteReport(std::shared_ptr<SpywareScanReport> report)
+void ReportViewController::deleteReport(const std::string& id)
 {
+    const std::string reportId = id; // the report it belongs to may end while the question stands
     const int answer = m_services.alerts.runModal(
         {"Alert", "Are you sure you want to delete this report?", {"Yes", "No"}});
     if (answer != kAlertFirstButton)
@@ -287,10 +299,9 @@ void ReportViewController::deleteReport(std::shared_ptr<SpywareScanReport> repor
     closeDetails();
     m_selectedRow.reset();
     m_rows.setNow(m_services.clock.now());
-    m_rows.remove(report->reportId);
-    m_storeTasks.run(
-        [this, id = report->reportId](const StopFlag&) { return m_store.deleteReport(id); },
-        [this, id = report->reportId](const Result<bool>& outcome) { deleted(id, outcome); });
+    m_rows.remove(reportId);
+    m_storeTasks.run([this, reportId](const StopFlag&) { return m_store.deleteReport(reportId); },
+                     [this, reportId](const Result<bool>& outcome) { deleted(reportId, outcome); });
     Q_EMIT listChanged();
     Q_EMIT stateChanged();
 }

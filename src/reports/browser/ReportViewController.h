@@ -102,13 +102,13 @@ private:
     void scanStatusChange(bool started);
     void refreshReport(const std::shared_ptr<SpywareScanReport>& report);
     void load();
-    void loaded(ReportList list);
+    void loaded(SearchableReports list);
     void openDetails(std::shared_ptr<SpywareScanReport> report);
     void closeDetails();
     void hideDetailsOfEmptyList();
     void reloadThreatDetails();
     void ChangeSelection();
-    void deleteReport(std::shared_ptr<SpywareScanReport> report);
+    void deleteReport(const std::string& id);
     void deleted(const std::string& reportId, const Result<bool>& outcome);
     void printed(const PrintOutcome& outcome);
     void say(std::string notice);
@@ -130,6 +130,7 @@ private:
     TaskQueue m_storeTasks; // they end before anything they use
     TaskQueue m_diskTasks;
     TaskQueue m_printTasks;
+    TaskQueue m_releaseTasks; ///< frees what would hold the main thread too long
     ReportRemoval m_removal;
 };
 

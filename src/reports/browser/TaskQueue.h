@@ -18,7 +18,7 @@ class MainQueue;
 class TaskQueue {
 public:
     explicit TaskQueue(MainQueue& queue,
-                       std::chrono::milliseconds patience = std::chrono::milliseconds(30))
+                       std::chrono::milliseconds patience = std::chrono::milliseconds(10))
         : m_queue(queue), m_patience(patience)
     {
     }

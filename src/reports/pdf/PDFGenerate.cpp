@@ -1,9 +1,9 @@
 #include "reports/pdf/PDFGenerate.h"
 
+#include "platform/WholeFile.h"
 #include "reports/pdf/PageLayout.h"
 #include "reports/pdf/PainterModule.h"
 #include "reports/pdf/ReportTexts.h"
-#include "reports/pdf/WholeFile.h"
 
 #include <filesystem>
 #include <sys/stat.h>

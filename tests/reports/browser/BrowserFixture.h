@@ -9,11 +9,9 @@
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/PdfFixtures.h"
 #include "reports/pdf/ReportPrinting.h"
-#include "support/PlainRemover.h"
+#include "support/StubbornRemover.h"
 
 #include <gmock/gmock.h>
-
-#include <set>
 
 namespace pryvane::test {
 
@@ -37,31 +35,6 @@ public:
 
     std::function<void()> print;
     std::vector<std::string> asked;
-};
-
-/// Removes really, but for the paths it was told to fail at.
-class PickyRemover final : public Remover {
-public:
-    explicit PickyRemover(const TemporaryFolder& volume) : m_remover(volume) {}
-    std::set<std::string> stubborn;
-
-    void plan(std::span<const RemovalItem>, const StopFlag&, const RemovalForecasts&) override {}
-    void remove(std::span<const RemovalItem> items, const StopFlag& stop,
-                const RemovalResults& told) override
-    {
-        for (std::size_t i = 0; i < items.size(); ++i) {
-            RemovalResult result;
-            result.obstacle = RemovalObstacle::NotPermitted;
-            if (!stubborn.contains(items[i].url.absolutePath()))
-                m_remover.remove(
-                    items.subspan(i, 1), stop,
-                    [&](std::size_t, const RemovalResult& removed) { result = removed; });
-            told(i, result);
-        }
-    }
-
-private:
-    PlainRemover m_remover;
 };
 
 /// A report browser over a volume of real files and a store in memory.
@@ -118,7 +91,7 @@ protected:
 
     DefaultMethods methods{defaults, *disk, clock, log};
     RecordingHost host;
-    PickyRemover remover{volume};
+    StubbornRemover remover{*disk};
     TemporaryFolder caches;
     FakeMachine machine;
     PDFGenerate pdf{factsIn(caches.path()), *disk, machine};

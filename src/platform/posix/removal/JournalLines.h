@@ -1,13 +1,18 @@
 #pragma once
 
-#include "platform/posix/UniqueFd.h"
+#include "core/Texts.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace pryvane {
+
+/// No line of the journal is longer, so that a damaged one cannot take all memory.
+inline constexpr std::size_t kLongestJournalLine = std::size_t{2} * 1024 * 1024;
 
 /// Reads a file line by line with a bounded buffer. A line that is longer than any of ours is left
 /// out, and so is one without an end.
@@ -16,9 +21,12 @@ void forEachLine(int file, const std::function<void(std::string_view line)>& tol
 /// A line of the journal taken apart; none for anything else.
 struct JournalLine {
     bool isOutcome = false;
-    std::string id, volume, url, time, outcome, reason;
+    std::string id, volume, url, outcome, reason;
+    Date time{};
     std::int64_t bytes = 0;
-    std::uint64_t entries = 0;
+    std::uint64_t entries = 0; ///< of an intention: those that were there
+    bool countedWhole = false; ///< of an intention: there were no more
+    bool ofContents = false;   ///< of an intention: the folder itself was to stay
 };
 [[nodiscard]] std::optional<JournalLine> parsedJournalLine(std::string_view line);
 

@@ -1,35 +1,25 @@
 #include "platform/posix/removal/RemovalJournalFile.h"
 
 #include "core/Escape.h"
-#include "core/Texts.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "platform/posix/StoreFolder.h"
+#include "platform/posix/removal/EntryCount.h"
 #include "platform/posix/removal/JournalLines.h"
 
 #include <nlohmann/json.hpp>
 
-#include <cerrno>
 #include <fcntl.h>
 #include <map>
 #include <random>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace pryvane {
 
 namespace {
 
-// A journal that has grown past this is set aside, with the store's other things of the past.
-constexpr off_t kLargest = off_t{8} * 1024 * 1024;
-
-Error journalError(const std::string& what)
-{
-    return {"the journal of removals " + what + "; make room in its folder, " +
-            std::string(kElsewhere)};
-}
+// A journal that has grown past this is set aside, and a fresh one begun.
+constexpr off_t kLarge = off_t{8} * 1024 * 1024;
 
 /// Tells this begin() from all others, of other processes too.
 std::string freshId()
@@ -54,225 +44,224 @@ std::string_view outcomeText(RemovalOutcome outcome)
     return "failed";
 }
 
-Result<UniqueFd> openedFile(const std::string& path)
+struct LineHead {
+    std::string_view event, id, volume;
+    const FileURL& url;
+    Date time;
+};
+
+nlohmann::ordered_json lineWith(const LineHead& head)
 {
-    UniqueFd file(::open(path.c_str(),
-                         O_RDWR | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600));
-    struct stat data {};
-    if (!file || fstat(file.get(), &data) != 0)
-        return journalError("cannot be opened (" + reasonOf(errno) + ")");
-    if (!S_ISREG(data.st_mode))
-        return journalError("is not a regular file");
-    return file;
+    return {{"event", head.event},
+            {"time", iso8601(head.time)},
+            {"id", head.id},
+            {"volume", head.volume},
+            {"path", forJson(head.url.relativePath())},
+            {"url", head.url.urlText()}};
 }
 
-/// Held while intentions are open, so that no other program takes them for interrupted ones.
-Result<Done> locked(int file)
+std::string textOf(const nlohmann::ordered_json& line)
 {
-    const auto until = std::chrono::steady_clock::now() + kStorePatience;
-    while (flock(file, LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR)
-            return Done{}; // a file system without locks
-        if (std::chrono::steady_clock::now() > until)
-            return Error{"another program is removing at this moment; try again when it is done"};
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    using Json = nlohmann::ordered_json;
+    return line.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+/// What the disk says of an item whose removal was begun and not ended.
+std::string whatIsLeft(const JournalLine& begun, const EntryCount& now)
+{
+    switch (now.state) {
+    case EntryCount::State::Unknown:
+        return "interrupted; it cannot be looked at";
+    case EntryCount::State::Missing:
+        return begun.entries == 0 ? "interrupted; nothing was there" : "interrupted; it is gone";
+    case EntryCount::State::There:
+        break;
     }
-    return Done{};
+    const std::string count = std::to_string(now.entries) + " of " + std::to_string(begun.entries);
+    if (now.entries < begun.entries)
+        return "interrupted; it is partly removed: " + count + " entries are left";
+    if (now.whole && begun.countedWhole && now.entries == begun.entries)
+        return "interrupted; it is untouched";
+    return "interrupted; it is still there, perhaps not whole";
 }
 
 } // namespace
 
-std::string removalJournalPath(const std::string& dataFolder)
+RemovalJournalFile::RemovalJournalFile(const std::string& dataFolder, FileSystem& disk,
+                                       Clock& clock)
+    : m_storage(dataFolder), m_disk(disk), m_clock(clock), m_volume(percentEncoded(disk.identity()))
 {
-    return dataFolder + "/Removals.jsonl";
 }
 
 Result<std::unique_ptr<RemovalJournalFile>> RemovalJournalFile::open(const std::string& dataFolder,
                                                                      FileSystem& disk, Clock& clock)
 {
-    if (const auto made = makeFolders(dataFolder); !made)
-        return made.error();
-    const auto folder = resolvedFolder(dataFolder);
-    if (!folder)
-        return folder.error();
-    const std::string path = removalJournalPath(*folder);
-    auto file = openedFile(path);
-    if (!file)
-        return file.error();
-    std::unique_ptr<RemovalJournalFile> journal(
-        new RemovalJournalFile(std::move(*file), disk, clock));
-    if (const auto lock = locked(journal->m_file.get()); !lock)
-        return lock.error();
-    if (const auto ended = journal->endTornLine(); !ended)
-        return ended.error();
-    if (const auto settled = journal->settleInterrupted(); !settled)
+    auto journal = std::make_unique<RemovalJournalFile>(dataFolder, disk, clock);
+    if (const auto settled = journal->settle(); !settled)
         return settled.error();
-    struct stat data {};
-    if (fstat(journal->m_file.get(), &data) == 0 && data.st_size > kLargest) {
-        if (const auto moved = moveFileAside(*folder, path); !moved)
-            return moved.error();
-        auto fresh = openedFile(path);
-        if (!fresh)
-            return fresh.error();
-        journal->m_file = std::move(*fresh);
-    }
-    flock(journal->m_file.get(), LOCK_UN);
     return journal;
 }
 
-RemovalJournalFile::RemovalJournalFile(UniqueFd file, FileSystem& disk, Clock& clock)
-    : m_file(std::move(file)), m_disk(disk), m_clock(clock),
-      m_volume(percentEncoded(disk.identity()))
+Result<Done> RemovalJournalFile::settle()
 {
+    const auto held = hold();
+    m_storage.release();
+    return held;
 }
 
-std::string RemovalJournalFile::line(const char* event, const Begun& item,
-                                     const RemovalResult* result) const
+/// Holds the file, with nothing open in it of this volume when it is held for the first time.
+Result<Done> RemovalJournalFile::hold()
 {
-    nlohmann::ordered_json object;
-    object["event"] = event;
-    object["time"] = iso8601(m_clock.now());
-    object["id"] = item.id;
-    object["volume"] = m_volume;
-    object["path"] = forJson(item.url.relativePath());
-    object["url"] = item.url.urlText();
-    if (result) {
-        object["bytes"] = result->bytesRemoved;
-        object["entries"] = result->entriesRemoved;
-        object["outcome"] = outcomeText(result->outcome);
-        object["reason"] = result->reason();
+    if (const auto held = m_storage.hold(); !held)
+        return held;
+    const bool large = m_storage.size() > kLarge;
+    if (!m_settled || large) {
+        if (const auto settled = settleOpen(large ? Others::Ended : Others::Left); !settled)
+            return settled;
+        m_settled = true;
     }
-    return object.dump() + "\n";
+    return large ? m_storage.startAnew() : Done{};
 }
 
-/// Writes whole lines or nothing.
-Result<Done> RemovalJournalFile::write(const std::string& lines)
+Result<std::string> RemovalJournalFile::intentions(std::span<const RemovalItem> items)
 {
-    struct stat before {};
-    if (fstat(m_file.get(), &before) != 0)
-        return journalError("cannot be written (" + reasonOf(errno) + ")");
-    std::size_t written = 0;
-    while (written < lines.size()) {
-        const ssize_t count = ::write(m_file.get(), lines.data() + written, lines.size() - written);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0) {
-            const int error = errno;
-            if (written > 0 && ftruncate(m_file.get(), before.st_size) != 0)
-                m_unwritten.insert(0, "\n"); // so that what comes next is a line of its own
-            return journalError("cannot be written (" + reasonOf(error) + ")");
-        }
-        written += static_cast<std::size_t>(count);
+    const std::string run = freshId();
+    m_begun.clear();
+    std::string lines;
+    for (const RemovalItem& item : items) {
+        m_begun.push_back({run + "/" + std::to_string(m_begun.size()), item.url});
+        const EntryCount count = countEntries(m_disk, item.url, item.scope);
+        auto line =
+            lineWith({"intent", m_begun.back().id, m_volume, m_begun.back().url, m_clock.now()});
+        line["scope"] = item.scope == RemovalScope::ContentsOf ? "contents" : "item";
+        line["entries"] = count.entries;
+        line["countedWhole"] = count.whole;
+        const std::string text = textOf(line);
+        if (text.size() > kLongestJournalLine)
+            return Error{"a path is too long to be put on record: " +
+                         forScreen(item.url.relativePath().substr(0, 200)) + "..."};
+        lines += text;
     }
-    return Done{};
+    return lines;
 }
 
 Result<Done> RemovalJournalFile::begin(std::span<const RemovalItem> items)
 {
-    if (const auto lock = locked(m_file.get()); !lock)
-        return lock;
-    const std::string run = freshId();
-    m_begun.clear();
-    std::string lines = std::exchange(m_unwritten, {});
-    for (const RemovalItem& item : items) {
-        m_begun.push_back({run + "/" + std::to_string(m_begun.size()), item.url});
-        lines += line("intent", m_begun.back(), nullptr);
+    const auto lines = intentions(items);
+    if (!lines)
+        return lines.error();
+    auto held = hold();
+    if (!held) {
+        m_storage.release();
+        return held;
     }
-    auto written = write(lines);
-    if (written && fdatasync(m_file.get()) != 0)
-        written = journalError("cannot be put on the device (" + reasonOf(errno) + ")");
-    if (!written)
-        flock(m_file.get(), LOCK_UN);
+    const off_t before = m_storage.size();
+    auto written = m_storage.append(m_unwritten + *lines);
+    if (written) {
+        written = m_storage.sync();
+        if (!written)
+            m_storage.takeBack(before); // nothing is going to be removed
+    }
+    if (written)
+        m_unwritten.clear();
+    else
+        m_storage.release();
     return written;
+}
+
+std::string RemovalJournalFile::outcome(const Begun& item, const RemovalResult& result) const
+{
+    auto line = lineWith({"outcome", item.id, m_volume, item.url, m_clock.now()});
+    line["bytes"] = result.bytesRemoved;
+    line["entries"] = result.entriesRemoved;
+    line["outcome"] = outcomeText(result.outcome);
+    line["reason"] = forJson(result.reason());
+    return textOf(line);
 }
 
 void RemovalJournalFile::ended(std::size_t item, const RemovalResult& result)
 {
-    const std::string outcome = line("outcome", m_begun.at(item), &result);
-    if (!m_unwritten.empty() || !write(outcome))
-        m_unwritten += outcome; // flush() tries once more
+    const std::string line = outcome(m_begun.at(item), result);
+    if (!m_unwritten.empty() || !m_storage.append(line))
+        m_unwritten += line; // flush() tries once more
 }
 
 Result<Done> RemovalJournalFile::flush()
 {
-    Result<Done> done = Done{};
-    if (!m_unwritten.empty()) {
-        done = write(m_unwritten);
-        if (done)
-            m_unwritten.clear();
+    Result<Done> done = m_unwritten.empty() ? Done{} : m_storage.append(m_unwritten);
+    if (done) {
+        m_unwritten.clear();
+        done = m_storage.sync();
     }
-    if (done && fdatasync(m_file.get()) != 0)
-        done = journalError("cannot be put on the device (" + reasonOf(errno) + ")");
-    flock(m_file.get(), LOCK_UN);
+    m_storage.release();
     return done;
 }
 
-/// A crash in the middle of a write leaves a line without its end.
-Result<Done> RemovalJournalFile::endTornLine()
+std::string RemovalJournalFile::interruption(const JournalLine& begun) const
 {
-    struct stat data {};
-    char last = '\n';
-    if (fstat(m_file.get(), &data) == 0 && data.st_size > 0 &&
-        pread(m_file.get(), &last, 1, data.st_size - 1) == 1 && last != '\n')
-        return write("\n");
-    return Done{};
+    const auto url = FileURL::fromUrlText(begun.url);
+    auto line = lineWith({"outcome", begun.id, begun.volume, url, m_clock.now()});
+    line["outcome"] = "interrupted";
+    line["reason"] =
+        begun.volume == m_volume
+            ? whatIsLeft(begun, countEntries(m_disk, url,
+                                             begun.ofContents ? RemovalScope::ContentsOf
+                                                              : RemovalScope::Item))
+            : "interrupted; its volume was not there to be looked at";
+    return textOf(line);
 }
 
-/// What was begun and never ended is told from the disk, where it is the same volume's.
-Result<Done> RemovalJournalFile::settleInterrupted()
+/// Ends what was begun and never ended. What was begun on another volume waits until that is
+/// there, unless this journal comes to its end.
+Result<Done> RemovalJournalFile::settleOpen(Others otherVolumes)
 {
     std::map<std::string, JournalLine> open;
-    forEachLine(m_file.get(), [&](std::string_view text) {
-        auto parsed = parsedJournalLine(text);
-        if (!parsed)
+    forEachLine(m_storage.file(), [&](std::string_view text) {
+        auto line = parsedJournalLine(text);
+        if (!line)
             return;
-        if (parsed->isOutcome)
-            open.erase(parsed->id);
-        else if (parsed->volume == m_volume)
-            open.insert_or_assign(parsed->id, std::move(*parsed));
+        if (line->isOutcome)
+            open.erase(line->id);
+        else if (line->volume == m_volume || otherVolumes == Others::Ended)
+            open.insert_or_assign(line->id, std::move(*line));
     });
-    std::string lines;
-    for (const auto& [id, begun] : open) {
-        const auto url = FileURL::fromUrlText(begun.url);
-        const FileKind kind = m_disk.kind(url);
-        nlohmann::ordered_json object;
-        object["event"] = "outcome";
-        object["time"] = iso8601(m_clock.now());
-        object["id"] = id;
-        object["volume"] = m_volume;
-        object["path"] = forJson(url.relativePath());
-        object["url"] = begun.url;
-        object["outcome"] = "interrupted";
-        object["reason"] = kind == FileKind::Missing   ? "interrupted; it is gone"
-                           : kind == FileKind::Unknown ? "interrupted; it cannot be looked at"
-                           : kind == FileKind::Folder
-                               ? "interrupted; it is still there, perhaps not whole"
-                               : "interrupted; it is still there";
-        lines += object.dump() + "\n";
-    }
-    if (lines.empty())
+    if (open.empty())
         return Done{};
-    auto written = write(lines);
-    if (written && fdatasync(m_file.get()) != 0)
-        written = journalError("cannot be put on the device (" + reasonOf(errno) + ")");
-    return written;
+    std::string lines;
+    for (const auto& [id, begun] : open)
+        lines += interruption(begun);
+    if (const auto written = m_storage.append(lines); !written)
+        return written;
+    return m_storage.sync();
+}
+
+std::string removalJournalPath(const std::string& dataFolder)
+{
+    return dataFolder + "/" + kJournalName;
 }
 
 void readRemovalJournal(const std::string& dataFolder,
                         const std::function<void(const RemovalRecord&)>& told)
 {
-    const UniqueFd file(::open(removalJournalPath(dataFolder).c_str(),
-                               O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    struct stat data {};
-    if (!file || fstat(file.get(), &data) != 0 || !S_ISREG(data.st_mode))
+    const UniqueFd folder(::open(dataFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder)
         return;
-    forEachLine(file.get(), [&](std::string_view text) {
-        const auto parsed = parsedJournalLine(text);
-        if (!parsed || !parsed->isOutcome)
-            return;
-        told({FileURL::fromUrlText(parsed->url), percentDecoded(parsed->volume), parsed->time,
-              parsed->outcome, parsed->reason, parsed->bytes, parsed->entries});
-    });
+    auto names = olderJournals(folder.get());
+    names.emplace_back(kJournalName);
+    for (const std::string& name : names) {
+        const UniqueFd file(
+            openat(folder.get(), name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        struct stat data {};
+        if (!file || fstat(file.get(), &data) != 0 || !S_ISREG(data.st_mode))
+            continue;
+        forEachLine(file.get(), [&](std::string_view text) {
+            const auto line = parsedJournalLine(text);
+            if (line)
+                told({FileURL::fromUrlText(line->url), percentDecoded(line->volume), line->time,
+                      line->isOutcome ? line->outcome : "begun", line->reason, line->bytes,
+                      line->entries});
+        });
+    }
 }
 
 } // namespace pryvane

@@ -126,9 +126,12 @@ private:
                 step.error = step.fd ? 0 : errno;
             }
         }
-        const auto facts =
-            step.error == ENOTDIR || step.error == ELOOP ? factsOf(folder, name) : std::nullopt;
-        step.isLink = facts && facts->kind == FileKind::SymbolicLink;
+        if (step.error == ENOTDIR || step.error == ELOOP) {
+            // A folder by now: it was a link a moment ago.
+            const auto facts = factsOf(folder, name);
+            step.isLink = facts && (facts->kind == FileKind::SymbolicLink ||
+                                    facts->kind == FileKind::Folder);
+        }
         return step;
     }
 
@@ -168,12 +171,12 @@ private:
         if (m_item.linkTrust() != LinkTrust::AsSeen)
             return refused(RemovalObstacle::LinkOnTheWay);
         auto place = m_disk.openParent(m_item.url);
-        if (place.error)
-            return failed(place.error);
-        const auto folder = factsOf(place.parent.get(), {});
-        if (!folder)
-            return failed(errno);
-        if (folder->id.device != m_item.seen->device || folder->id.inode != m_item.seen->inode)
+        const auto folder = place.parent ? factsOf(place.parent.get(), {}) : std::nullopt;
+        if (!folder && !meansAbsent(place.error))
+            return failed(place.error ? place.error : errno);
+        // Also where it leads nowhere: what was seen may well be somewhere still.
+        if (!folder || folder->id.device != m_item.seen->device ||
+            folder->id.inode != m_item.seen->inode)
             return refused(RemovalObstacle::LinkOnTheWay);
         return looked(std::move(place.parent), std::move(place.name));
     }

@@ -1,4 +1,4 @@
-#include "reports/pdf/WholeFile.h"
+#include "platform/WholeFile.h"
 
 #include "core/Escape.h"
 

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/Removal.h"
+
+#include <cstdint>
+
+namespace pryvane {
+
+/// How many entries there are to be removed, itself included, counted only as far as is quick.
+struct EntryCount {
+    enum class State : std::uint8_t { Missing, There, Unknown };
+    State state = State::Unknown;
+    std::uint64_t entries = 0;
+    bool whole = true; ///< false: there may be more
+};
+
+/// Counts what a removal of that scope would take away: at most some thousand entries, few levels
+/// deep, on no other mounted file system. Links are not followed.
+[[nodiscard]] EntryCount countEntries(FileSystem& disk, const FileURL& url, RemovalScope scope);
+
+} // namespace pryvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/SettingsFile.h"
+
+#include <QNetworkAccessManager>
+#include <QUrl>
+
+#include <string_view>
+
+namespace pryvane {
+
+/// The settings file over HTTP. The request names the program's version and nothing else: no
+/// cookies, no language, no cache. A redirect is followed only on the same server.
+class NetworkSettingsFile final : public SettingsFile {
+public:
+    explicit NetworkSettingsFile(std::string_view address,
+                                 std::chrono::milliseconds timeLimit = kTimeLimit);
+
+    void fetch(Reply reply) override;
+
+    /// The address that this build asks.
+    [[nodiscard]] static std::string_view builtInAddress();
+
+private:
+    QUrl m_address;
+    std::chrono::milliseconds m_timeLimit;
+    QNetworkAccessManager m_network; // its end ends the requests, before anything of them is told
+};
+
+} // namespace pryvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Timers.h"
+
+namespace pryvane {
+
+/// Timers on Qt's event loop. They sleep until they are due, those of the wall clock no longer than
+/// a minute at a time: the loop's own clock stands still while a machine sleeps, and does not
+/// notice when the wall clock is set.
+class QtTimers final : public Timers {
+public:
+    static constexpr std::chrono::milliseconds kRecheck{60'000};
+
+    explicit QtTimers(Clock& clock, std::chrono::milliseconds recheck = kRecheck)
+        : m_clock(clock), m_recheck(recheck)
+    {
+    }
+
+    [[nodiscard]] std::unique_ptr<Timer> every(Clock::Interval interval, Fire fire) override;
+    [[nodiscard]] std::unique_ptr<Timer> at(Date first, Clock::Interval interval,
+                                            Fire fire) override;
+
+private:
+    Clock& m_clock;
+    std::chrono::milliseconds m_recheck;
+};
+
+} // namespace pryvane

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace pryvane::test {
+
+/// A connection of its own to the bus that the environment names.
+[[nodiscard]] QDBusConnection connectionToBus();
+
+/// The same, given up at the end with every name that it owns.
+struct OwnConnection {
+    QDBusConnection bus = connectionToBus();
+    ~OwnConnection() { QDBusConnection::disconnectFromBus(bus.name()); }
+};
+
+/// A notification service that records what it is to show.
+class FakeNotifications final : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    explicit FakeNotifications(QStringList capabilities);
+
+    bool silent = false;
+    QStringList shown; ///< "summary|body"
+
+public Q_SLOTS:
+    QStringList GetCapabilities();
+    uint Notify(const QString& application, uint replaces, const QString& icon,
+                const QString& summary, const QString& body, const QStringList& actions,
+                const QVariantMap& hints, int expires);
+
+private:
+    void sayNothing();
+
+    OwnConnection m_own;
+    QStringList m_capabilities;
+};
+
+/// A file viewer that records what it is to show.
+class FakeFileManager final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+
+public:
+    FakeFileManager();
+    QStringList shown; ///< "items|folders ADDRESS"
+
+public Q_SLOTS:
+    void ShowItems(const QStringList& addresses, const QString&)
+    {
+        shown << QLatin1String("items ") + addresses[0];
+    }
+    void ShowFolders(const QStringList& addresses, const QString&)
+    {
+        shown << QLatin1String("folders ") + addresses[0];
+    }
+
+private:
+    OwnConnection m_own;
+};
+
+/// The service that knows the hosts of status items.
+class FakeItemWatcher final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+    Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hosted)
+
+public:
+    /// To be made in the thread that shall answer: Qt asks this service waiting.
+    FakeItemWatcher();
+    [[nodiscard]] bool hosted() const { return true; }
+    QStringList items;
+
+public Q_SLOTS:
+    void RegisterStatusNotifierItem(const QString& item) { items << item; }
+
+private:
+    OwnConnection m_own;
+};
+
+} // namespace pryvane::test
