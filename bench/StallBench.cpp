@@ -83,7 +83,7 @@ int main()
     const bool scanned = report("scan", queue.held);
 
     ThreatRemoval& removal = controller.removal();
-    QObject::connect(&controller, &ScanViewController::stateChanged, &controller, [&] {
+    const auto planTold = QObject::connect(&controller, &ScanViewController::stateChanged, [&] {
         if (!removal.plan().rows.empty())
             queue.inner.quit();
     });
@@ -91,7 +91,7 @@ int main()
     queue.inner.run();
     const bool planned = report("plan", queue.held);
 
-    controller.disconnect(SIGNAL(stateChanged()));
+    QObject::disconnect(planTold);
     QObject::connect(&controller, &ScanViewController::removalEnded, &controller,
                      [&] { queue.inner.quit(); });
     alerts.answer(kAlertFirstButton);

@@ -15,6 +15,19 @@
 
 namespace pryvane {
 
+/// Takes a while where there are many; reads only what never changes in a record.
+ScanViewController::FindingFacts ScanViewController::factsOf(const SpywareList& records)
+{
+    FindingFacts facts;
+    facts.paths.reserve(records.size());
+    for (const auto& record : records) {
+        facts.paths.push_back(record->url.relativePath());
+        facts.hasRemoteDesktop =
+            facts.hasRemoteDesktop || record->infections == catalogue::kRemoteDesktop;
+    }
+    return facts;
+}
+
 ScanViewController::ScanViewController(const PlatformServices& services, ScanState& state,
                                        DiskAccess& access, DefaultMethods& store, Remover& remover,
                                        ScanOptions options, QObject* parent)
@@ -222,16 +235,19 @@ void ScanViewController::doneScan()
     m_isStoring = true;
     Q_EMIT stateChanged();
     m_storeThread.start([this, now] {
-        const auto stored = m_store.updateReportInDefaults(m_report);
+        std::string error;
+        if (const auto stored = m_store.updateReportInDefaults(m_report); !stored)
+            error = stored.error().message;
         logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
         logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
-        postToMain([this, error = stored ? std::string() : stored.error().message] {
-            reportStored(error);
+        auto findings = factsOf(*m_report->spyWareList);
+        postToMain([this, error, findings = std::move(findings)]() mutable {
+            reportStored(error, std::move(findings));
         });
     });
 }
 
-void ScanViewController::reportStored(const std::string& error)
+void ScanViewController::reportStored(const std::string& error, FindingFacts findings)
 {
     m_storeThread.join();
     m_isStoring = false;
@@ -239,7 +255,7 @@ void ScanViewController::reportStored(const std::string& error)
     m_display.progressText = "0%";
     endSession();
     m_services.notifications.post(NotificationName::ScanningChange, std::int64_t{0});
-    listFindings();
+    keepFacts(std::move(findings));
     makeAccessibleUIChanges();
     Q_EMIT stateChanged();
     Q_EMIT scanEnded();
@@ -254,22 +270,18 @@ void ScanViewController::backToIdle()
     m_display.progressBar = 0;
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
     endSession();
-    listFindings();
+    keepFacts(factsOf(m_state.arrSpywareList.records()));
     makeAccessibleUIChanges();
     Q_EMIT stateChanged();
     Q_EMIT scanEnded();
 }
 
 /// What a removal asks of the findings; those of a stopped scan can be removed, too.
-void ScanViewController::listFindings()
+void ScanViewController::keepFacts(FindingFacts findings)
 {
     m_lists.volume = m_services.disk.identity();
-    const SpywareList& records = m_state.arrSpywareList.records();
-    m_lists.arrSpyWarePath.reserve(records.size());
-    for (const auto& record : records) {
-        m_lists.arrSpyWarePath.push_back(record->url.relativePath());
-        m_lists.ARDDetect = m_lists.ARDDetect || record->infections == catalogue::kRemoteDesktop;
-    }
+    m_lists.arrSpyWarePath = std::move(findings.paths);
+    m_lists.ARDDetect = findings.hasRemoteDesktop;
 }
 
 void ScanViewController::endSession()

@@ -95,6 +95,12 @@ Q_SIGNALS:
 private:
     enum class Ending : std::uint8_t { WithReport, WithoutReport };
     enum class Part : std::uint8_t { Checks, Walk };
+    struct FindingFacts {
+        std::vector<std::string> paths;
+        bool hasRemoteDesktop = false;
+    };
+
+    [[nodiscard]] static FindingFacts factsOf(const SpywareList& records);
 
     void showStart();
     void scanInBGThread();
@@ -103,7 +109,7 @@ private:
     void DeepScanStart();
     void partEnded(Part part, Ending ending, ScanCoverage coverage);
     void doneScan();
-    void reportStored(const std::string& error);
+    void reportStored(const std::string& error, FindingFacts findings);
     void backToIdle();
     void endSession();
     void showProgress(int percent);
@@ -112,7 +118,7 @@ private:
     void ScanningProgressURL(const std::string& location);
     void updateThreatBox();
     void observe();
-    void listFindings();
+    void keepFacts(FindingFacts findings);
     void addCoverage(ScanCoverage coverage);
     void finishCoverage();
     [[nodiscard]] std::string durationText(Date now) const;
