@@ -47,6 +47,8 @@ public:
         result.isKnownGood = m_isKnownGood;
         result.applicationRule = applicationRule();
         for (const CatalogRow& row : catalogRows()) {
+            if (!m_question.family.empty() && row.family != m_question.family)
+                continue;
             const bool repeated =
                 std::ranges::find(result.matches, row, &ExplainMatch::row) != result.matches.end();
             if (auto match = repeated ? std::nullopt : matched(row))

@@ -28,6 +28,7 @@ struct ExplainQuestion {
     /// How a disk that ignores letter case and normal form folds one name; none where it ignores
     /// neither. Name fragments and deep-scan texts are compared as they are either way.
     std::function<std::string(std::string_view)> foldedName;
+    std::string_view family = {}; ///< of this threat's rules alone; empty: of all
 };
 
 struct ExplainMatch {

@@ -34,14 +34,9 @@ FlaggedBy flaggedBy(const Spyware& record, std::string_view user,
     if (record.infections == catalogue::kFullSystem)
         return {ruleText(RuleKind::FullSystemSubstring), {}, Evidence::BareSubstring};
     const Explanation explanation =
-        explain({record.url.relativePath(), std::string(user), foldedName});
-    const ExplainMatch* best = nullptr;
-    for (const ExplainMatch& match : explanation.matches) {
-        const bool isOfThreat = match.row.family == record.infections;
-        if (isOfThreat && (!best || match.evidence < best->evidence))
-            best = &match;
-    }
-    if (!best)
+        explain({record.url.relativePath(), std::string(user), foldedName, record.infections});
+    const auto best = std::ranges::min_element(explanation.matches, {}, &ExplainMatch::evidence);
+    if (best == explanation.matches.end())
         return {kNoRule, {}, Evidence::BareSubstring};
     return {ruleText(best->row.rule), best->location, best->evidence};
 }
