@@ -227,7 +227,6 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     case PM_IndicatorHeight:
         return isSwitch(widget) ? kSwitchHeight : kIndicator;
     case PM_CheckBoxLabelSpacing:
-        return kRelated;
     case PM_LayoutHorizontalSpacing:
     case PM_LayoutVerticalSpacing:
         return kRelated;
@@ -245,7 +244,6 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
 {
     switch (hint) {
     case SH_EtchDisabledText:
-        return 0;
     case SH_DialogButtonBox_ButtonsHaveIcons:
         return 0;
     case SH_ItemView_ShowDecorationSelected:

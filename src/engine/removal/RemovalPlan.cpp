@@ -74,7 +74,8 @@ std::vector<PlanGroup> grouped(const RemovalPlan& plan, PlanGrouping grouping)
         group.entries += row.forecast.entries;
         group.bytes += row.forecast.bytes;
     }
-    std::ranges::stable_partition(groups, [](const PlanGroup& group) { return !group.weak; });
+    std::stable_partition(groups.begin(), groups.end(),
+                          [](const PlanGroup& group) { return !group.weak; });
     return groups;
 }
 

@@ -291,7 +291,9 @@ void ReportViewController::trashReport()
 
 void ReportViewController::deleteReport(const std::string& id)
 {
-    const std::string reportId = id; // the report it belongs to may end while the question stands
+    // The report it belongs to may end while the question stands.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const std::string reportId = id;
     const int answer = m_services.alerts.runModal(
         {"Alert", "Are you sure you want to delete this report?", {"Yes", "No"}});
     if (answer != kAlertFirstButton)

@@ -8,11 +8,12 @@
 #include <cstddef>
 #include <fcntl.h>
 #include <fstream>
-#include <linux/audit.h>
 #include <linux/filter.h>
 #include <linux/fs.h>
 #include <linux/seccomp.h>
+#include <optional>
 #include <sched.h>
+#include <set>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
@@ -26,7 +27,6 @@ namespace pryvane {
 namespace {
 
 using namespace test;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr const char* kSkipped = "skipped: ";
@@ -47,13 +47,17 @@ bool bindMount(const std::string& from, const std::string& to)
     return mount(from.c_str(), to.c_str(), nullptr, MS_BIND, nullptr) == 0;
 }
 
-/// From here on this process is one whose kernel does not know openat2.
-bool forgetOpenat2()
+/// From here on that system call fails in this process; with a third argument only where it is
+/// that.
+bool fails(unsigned call, unsigned error, std::optional<unsigned> third = std::nullopt)
 {
+    const auto value = static_cast<unsigned>(offsetof(seccomp_data, args) + 2 * sizeof(__u64));
     sock_filter rules[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat2, 0, 1),
-        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, value),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, third.value_or(0), 0, static_cast<__u8>(third ? 1 : 0)),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
     };
     const sock_fprog program = {std::size(rules), rules};
@@ -211,7 +215,7 @@ TEST_P(ObstacleTest, IsToldForeseenAndLeavesTheRest)
             return std::string(kSkipped) + "no mounts of its own";
         if (!row.prepare(disk))
             return std::string(kSkipped) + "not possible on this file system";
-        if (!openat2Known && !forgetOpenat2())
+        if (!openat2Known && !fails(SYS_openat2, ENOSYS))
             return std::string(kSkipped) + "no filter of system calls";
         constexpr unsigned kNobody = 65534;
         if (row.asNobody && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
@@ -231,6 +235,49 @@ TEST_P(ObstacleTest, IsToldForeseenAndLeavesTheRest)
     EXPECT_EQ(stayed, row.stay);
     for (const char* path : {"victim/f", "victim/in/g"})
         EXPECT_TRUE(disk.folder.contains(path)) << path;
+}
+
+struct FailingCall {
+    unsigned call;
+    unsigned error;
+    std::optional<unsigned> third;
+    std::string told; ///< the beginning
+};
+
+TEST(FailingCalls, AreToldAndNeverAsRemoved)
+{
+    const std::string device = "the system reports an error; check the disk, then try again (";
+    const FailingCall rows[] = {
+        // a folder that is never empty, however often it is emptied
+        {SYS_unlinkat, ENOTEMPTY, AT_REMOVEDIR, "failed after 2: something keeps filling"},
+        {SYS_unlinkat, EBUSY, 0, "failed after 0: it is in use; close what uses it"},
+        {SYS_unlinkat, EIO, AT_REMOVEDIR, "failed after 2: " + device + "input/output error)"},
+        {SYS_unlinkat, EPERM, 0, "failed after 0: the folder that holds it may not be changed"},
+        {SYS_unlinkat, EACCES, 0,
+         kernelConfinementOfRemoval() == KernelConfinement::Enforced
+             ? "failed after 0: the system stopped a removal outside"
+             : "failed after 0: the folder that holds it may not be changed"},
+        {SYS_unlinkat, EROFS, 0, "failed after 0: the volume is mounted read-only"},
+        {SYS_getdents64, EIO, {}, "failed after 0: " + device + "input/output error)"},
+        {SYS_openat2, EMFILE, {}, "failed after 0: " + device + "too many open files)"},
+        {SYS_fsync, EIO, {}, "failed after 4: " + device + "input/output error)"},
+        {SYS_fsync, EINVAL, {}, "removed 4"}, // a file system that has nothing to sync
+        {SYS_clone3, EAGAIN, {}, "failed after 0: " + device},
+    };
+    for (const FailingCall& row : rows) {
+        const RemovalDisk disk;
+        disk.folder.file("a/finding/f");
+        disk.folder.file("a/finding/in/g");
+        const std::string answer = inChild([&] {
+            if (!fails(row.call, row.error, row.third) ||
+                (row.call == SYS_clone3 && !fails(SYS_clone, row.error)))
+                return std::string(kSkipped) + "no filter of system calls";
+            return inWords(disk.remove(disk.seen("/a/finding")));
+        });
+        if (answer.starts_with(kSkipped))
+            GTEST_SKIP() << answer;
+        EXPECT_THAT(answer, StartsWith(row.told)) << "call " << row.call << " error " << row.error;
+    }
 }
 
 /// A folder that is renamed out of the volume while its content is removed stays as it is from then

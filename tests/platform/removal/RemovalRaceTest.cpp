@@ -27,6 +27,7 @@ struct Arena {
             for (const char* name : {"f", "inner/f", "z/f"})
                 victim->file((victim == &outside ? "finding/" : "other/finding/") +
                              std::string(name));
+        disk.folder.file("other/y/f");
         disk.folder.file("other/z/f");
         disk.folder.folder("other/a");
         lib = UniqueFd(open(disk.folder.hostPath("lib").c_str(), O_PATH));
@@ -37,6 +38,7 @@ struct Arena {
     [[nodiscard]] std::string victims() const
     {
         return treeBelow(outside.path()) + treeBelow(disk.folder.hostPath("other/finding")) +
+               treeBelow(disk.folder.hostPath("other/y")) +
                treeBelow(disk.folder.hostPath("other/z"));
     }
 
@@ -153,8 +155,9 @@ const Race kRaces[] = {
          std::string path = "finding";
          mkdirat(arena.place.get(), path.c_str(), 0755);
          for (int level = 0; level < kLevels; ++level) {
-             mkdirat(arena.place.get(), (path + "/z").c_str(), 0755);
-             mkdirat(arena.place.get(), (path += "/a").c_str(), 0755);
+             for (const char* name : {"/y", "/a", "/z"}) // one before and one behind in any order
+                 mkdirat(arena.place.get(), (path + name).c_str(), 0755);
+             path += "/a";
          }
          mkdirat(arena.other.get(), "a", 0755);
      },

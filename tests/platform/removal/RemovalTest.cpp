@@ -25,7 +25,7 @@ TEST(Refusals, KnowFoldersByWhatTheyAre)
     for (const char* path :
          {"Users/alice/Documents/letter", "Users/bob/x", "Users/Shared/x", "Library/Evil/x",
           "home/carol/x", "private/etc/hosts", "private/tmp/x", "private/var/db/x",
-          "Users/alice/Library/Pryvane/data/store", "System/x"})
+          "Users/alice/Library/Pryvane/data/store", "System/x", "Users/alice/Library/other"})
         disk.folder.file(path);
     disk.folder.link("etc", "private/etc");
     disk.folder.link("tmp", "/private/tmp");
