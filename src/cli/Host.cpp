@@ -17,17 +17,6 @@
 
 namespace pryvane::cli {
 
-namespace {
-
-/// A short name is one path component; anything else would point a scan somewhere else.
-bool isShortName(std::string_view user)
-{
-    return !user.empty() && user != "." && user != ".." &&
-           user.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
-}
-
-} // namespace
-
 /// What a report on paper takes.
 struct Host::Documents {
     LinuxMachineInfo machine;
@@ -70,11 +59,8 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
 {
     std::unique_ptr<Host> host(new Host);
     host->m_user = arguments.user.empty() ? loginUser() : arguments.user;
-    if (!isShortName(host->m_user)) {
-        return Error{"\"" + forTerminal(host->m_user) +
-                     "\" is not a user's short name; give the name of a folder in /Users, such as "
-                     "--user alice"};
-    }
+    if (!isShortName(host->m_user))
+        return Error{forTerminal(notAShortName(host->m_user))};
     VolumeFileSystem::Options options;
     if (arguments.caseSensitive)
         options.nameMatching = NameMatching::Exact;

@@ -85,7 +85,7 @@ QWidget* DashboardView::makeSwitches()
                                    tr("Show Pryvane among the open applications of the desktop."));
     m_dockIcon->box()->setObjectName(QStringLiteral("dockIcon"));
     m_runStartUp = new ui::SwitchRow(tr("Start at login"),
-                                     tr("Start Pryvane in the status area when you log in."));
+                                     tr("Start Pryvane when you log in."));
     m_runStartUp->box()->setObjectName(QStringLiteral("runStartUp"));
     connect(m_realTime->box(), &QCheckBox::clicked, &m_controller,
             &DashBoardViewController::btnRealTimeScanClicked);

@@ -46,6 +46,7 @@ QWidget* Screens::makeWidgets(Row row)
 {
     switch (row) {
     case Row::Dashboard:
+        m_controllers.dashboard.viewDidLoad();
         return new DashboardView(m_controllers.dashboard, m_controllers.scheduler);
     case Row::Scan:
         m_scanView = new ScanView(m_controllers.scan, m_controllers.user);

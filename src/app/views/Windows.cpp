@@ -6,6 +6,11 @@ namespace pryvane {
 
 Windows::~Windows()
 {
+    closeAll();
+}
+
+void Windows::closeAll()
+{
     for (Known& window : m_windows)
         delete window.widget;
 }

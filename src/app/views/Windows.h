@@ -24,6 +24,9 @@ public:
     void setMaker(ShellWindow window, Maker maker);
     [[nodiscard]] QWidget* widget(ShellWindow window) const;
 
+    /// Drops them all, at once.
+    void closeAll();
+
     void open(ShellWindow window) override;
     void close(ShellWindow window) override;
     void bringForward(ShellWindow window) override;

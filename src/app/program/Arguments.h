@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/Result.h"
+
+#include <optional>
+#include <string>
+
+namespace pryvane {
+
+/// Which Mac the window looks at, and as whom. Raw bytes.
+struct VolumeChoice {
+    std::string folder = "/"; ///< host folder that stands for the Mac's root, absolute
+    std::string user;         ///< login short name
+    bool caseSensitive = false;
+
+    friend bool operator==(const VolumeChoice&, const VolumeChoice&) = default;
+};
+
+/// What the program was started with.
+struct Arguments {
+    std::optional<std::string> volume; ///< absolute
+    std::optional<std::string> user;
+    bool caseSensitive = false;
+    bool scan = false; ///< start a scan at once
+
+    [[nodiscard]] VolumeChoice choice() const;
+};
+
+/// The arguments, or the exit code of a call that only wanted to be told something.
+struct ParsedArguments {
+    std::optional<Arguments> arguments;
+    int exitCode = 0;
+};
+
+/// Writes help and version to standard output, mistakes to standard error.
+[[nodiscard]] ParsedArguments parseArguments(int argc, char** argv);
+
+} // namespace pryvane

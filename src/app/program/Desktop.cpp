@@ -1,0 +1,46 @@
+#include "app/program/Desktop.h"
+
+#include "platform/linux/XdgLoginItem.h"
+#include "platform/posix/DataFolder.h"
+#include "platform/posix/RuntimeFolder.h"
+#include "platform/posix/SqliteUserDefaults.h"
+
+#include <filesystem>
+
+namespace pryvane {
+
+namespace {
+
+XdgLoginItem::Places loginPlaces(const std::string& dataFolder)
+{
+    std::error_code ignored;
+    const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    const auto runtime = runtimeFolder(dataFolder);
+    return {.autostartFolder = defaultAutostartFolder(),
+            .helper = (own.parent_path() / "pryvane-login-helper").string(),
+            .application = own.string(),
+            .runtimeFolder = runtime ? *runtime : std::string()};
+}
+
+} // namespace
+
+Desktop::Desktop(std::string dataFolder)
+    : bus(QDBusConnection::sessionBus()), m_dataFolder(std::move(dataFolder)),
+      m_loginItem(std::make_unique<XdgLoginItem>(loginPlaces(m_dataFolder)))
+{
+}
+
+Desktop::~Desktop() = default;
+
+Result<std::unique_ptr<Desktop>> Desktop::open(const std::string& dataFolder)
+{
+    std::unique_ptr<Desktop> desktop(new Desktop(dataFolder));
+    auto opened = SqliteUserDefaults::open(dataFolder, desktop->log);
+    if (!opened)
+        return opened.error();
+    desktop->m_notice = opened->notice.value_or("");
+    desktop->m_defaults = std::move(opened->defaults);
+    return desktop;
+}
+
+} // namespace pryvane

@@ -1,0 +1,242 @@
+#include "app/program/Session.h"
+
+#include "app/program/Desktop.h"
+#include "app/program/MainWindowParts.h"
+#include "app/views/AccessWindow.h"
+#include "app/views/HelpWindow.h"
+#include "app/views/VolumeSheet.h"
+#include "core/Escape.h"
+#include "platform/Alerts.h"
+#include "platform/posix/InstanceRequest.h"
+#include "platform/posix/LoginUser.h"
+#include "ui/Icons.h"
+#include "ui/Labels.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QUrl>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace pryvane {
+
+namespace {
+
+constexpr const char* kBundleIdentifier = "com.torvell.Pryvane";
+
+Result<std::unique_ptr<VolumeFileSystem>> openDisk(const VolumeChoice& choice)
+{
+    VolumeFileSystem::Options options;
+    if (choice.caseSensitive)
+        options.nameMatching = NameMatching::Exact;
+    return VolumeFileSystem::open(choice.folder, options);
+}
+
+VolumeWords wordsFor(const VolumeChoice& choice)
+{
+    const FileURL folder = FileURL::fileURLWithPath(choice.folder);
+    const bool own = folder.absolutePath() == "/";
+    return {.volume = own ? QObject::tr("This computer")
+                          : ui::text(forScreen(folder.lastPathComponent())),
+            .folder = ui::text(forScreen(choice.folder)),
+            .user = ui::text(forScreen(choice.user))};
+}
+
+/// Without any link on the way, as panels show it; empty for "/".
+std::string panelRoot(const std::string& folder)
+{
+    std::error_code ignored;
+    const std::string path = std::filesystem::canonical(folder, ignored).string();
+    return path == "/" ? std::string() : path;
+}
+
+ApplicationFacts factsFor(const VolumeChoice& choice)
+{
+    return {choice.user, kBundleIdentifier, PRYVANE_VERSION, PRYVANE_HOME_PAGE};
+}
+
+/// The accounts of a Mac's disk, by the folders in which they live.
+std::optional<std::string> usersOf(const std::string& folder, std::vector<std::string>& users)
+{
+    auto disk = VolumeFileSystem::open(folder);
+    if (!disk)
+        return disk.error().message;
+    const FileURL homes = FileURL::fileURLWithPath("/Users");
+    for (const auto& entry : (*disk)->list(homes).entries)
+        if (entry.kind == FileKind::Folder && entry.name != "Shared" &&
+            !entry.name.starts_with('.'))
+            users.push_back(entry.name);
+    std::sort(users.begin(), users.end());
+    return std::nullopt;
+}
+
+} // namespace
+
+Result<std::unique_ptr<Session>> Session::open(Desktop& desktop, const VolumeChoice& choice)
+{
+    auto disk = openDisk(choice);
+    if (!disk)
+        return disk.error();
+    return std::unique_ptr<Session>(new Session(desktop, choice, std::move(disk).value()));
+}
+
+Session::Session(Desktop& desktop, VolumeChoice choice, std::unique_ptr<VolumeFileSystem> disk)
+    : m_desktop(desktop), m_choice(std::move(choice)), m_words(wordsFor(m_choice)),
+      m_disk(std::move(disk)), m_folderPicker(panelRoot(m_choice.folder)),
+      m_workspace(*m_disk, m_choice.user), m_grants(*m_disk),
+      m_journal(desktop.dataFolder(), *m_disk, desktop.clock),
+      m_remover(*m_disk, m_journal, {desktop.dataFolder()}), m_sharedRemover(m_remover),
+      m_fileViewer(desktop.bus, *m_disk, desktop.log, &QDesktopServices::openUrl),
+      m_statusItem(desktop.bus,
+                   [](std::string_view image, int) { return ui::icon(ui::text(image)); }),
+      m_delegate(services(), desktopServices(), factsFor(m_choice)),
+      m_access(services(), m_grants, m_delegate)
+{
+    m_windows.setMaker(ShellWindow::Main, [this] { return makeMainWindow(); });
+    m_windows.setMaker(ShellWindow::Access, [this] { return makeAccessWindow(); });
+    m_windows.setMaker(ShellWindow::Help, [this] { return makeHelpWindow(); });
+}
+
+Session::~Session()
+{
+    m_windows.closeAll(); // widgets refer to what they show
+}
+
+PlatformServices Session::services()
+{
+    return {*m_disk,
+            m_desktop.defaults(),
+            m_notifications,
+            m_desktop.mainQueue,
+            m_desktop.clock,
+            m_desktop.alerts,
+            m_folderPicker,
+            m_workspace,
+            m_desktop.userNotifier,
+            m_desktop.log};
+}
+
+DesktopServices Session::desktopServices()
+{
+    return {m_windows,
+            m_desktop.dockIcon,
+            m_statusItem,
+            m_desktop.loginItem(),
+            m_desktop.distributedNotifications,
+            m_grants,
+            m_desktop.settingsFile,
+            m_desktop.webBrowser,
+            m_desktop.timers};
+}
+
+void Session::start()
+{
+    m_delegate.applicationDidFinishLaunching();
+    // What a crash left open of an earlier removal is looked into while nobody waits for it.
+    m_settling.start([this] { logFailure(m_desktop.log, m_journal.settle()); });
+}
+
+void Session::end()
+{
+    m_delegate.applicationWillTerminate();
+}
+
+void Session::requestScan()
+{
+    m_delegate.requestScan();
+}
+
+void Session::follow(FramedWindow& window)
+{
+    QObject::connect(&window, &FramedWindow::closeAsked, &m_delegate,
+                     &AppDelegate::closeButtonClicked);
+}
+
+QWidget* Session::makeMainWindow()
+{
+    m_main = std::make_unique<MainWindowParts>(
+        services(), desktopServices(), m_delegate, factsFor(m_choice), m_sharedRemover,
+        [this](const FileURL& location) { reveal(location); });
+    auto* window = new MainWindow(m_delegate, m_main->table, m_main->screens.stack(), m_words);
+    follow(*window);
+    QObject::connect(window, &MainWindow::openVolumeWanted, window,
+                     [this, window] { askForVolume(window); });
+    m_main->show(*window);
+    return window;
+}
+
+QWidget* Session::makeAccessWindow()
+{
+    auto* window = new AccessWindow(m_access, m_words);
+    QObject::connect(window, &AccessWindow::openVolumeWanted, window,
+                     [this, window] { askForVolume(window); });
+    return window;
+}
+
+QWidget* Session::makeHelpWindow()
+{
+    auto* window = new HelpWindow;
+    follow(*window);
+    return window;
+}
+
+void Session::reveal(const FileURL& location)
+{
+    if (const auto shown = m_fileViewer.reveal(location); !shown)
+        m_desktop.alerts.runModal({"", shown.error().message, {"OK"}});
+}
+
+void Session::askForVolume(QWidget* over)
+{
+    const auto pick = [](const std::string& from) -> std::optional<std::string> {
+        WidgetFolderPicker host({});
+        const auto folder =
+            host.pickFolder({"Choose",
+                             "Choose the folder that stands for the root of a Mac's disk",
+                             FileURL::fileURLWithPath(from),
+                             {}});
+        return folder ? std::optional(folder->absolutePath()) : std::nullopt;
+    };
+    const auto open = [this](const std::string& folder, const std::string& user) {
+        change({folder, user, m_choice.caseSensitive});
+    };
+    (new VolumeSheet(over, {pick, usersOf, open}, m_choice.folder, m_choice.user))->present();
+}
+
+/// Everything on the screen belongs to the volume, so another one begins anew.
+void Session::change(const VolumeChoice& choice)
+{
+    std::string refusal;
+    if (m_delegate.state().isScanning)
+        refusal = "A scan is running. Stop it first, or wait for its end.";
+    else if (m_main && m_main->isBusy())
+        refusal = "Something is being removed. Wait for its end.";
+    else if (!isShortName(choice.user))
+        refusal = notAShortName(choice.user);
+    else if (const auto disk = openDisk(choice); !disk)
+        refusal = disk.error().message;
+    if (!refusal.empty()) {
+        m_desktop.alerts.runModal({"Open Volume", refusal, {"OK"}});
+        return;
+    }
+    if (choice == m_choice)
+        return;
+    m_next = choice;
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+void Session::take(const InstanceRequest& request)
+{
+    if (!request.activationToken.empty())
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.activationToken));
+    m_delegate.applicationShouldHandleReopen();
+    const VolumeChoice wanted{request.volume.value_or(m_choice.folder),
+                              request.user.value_or(m_choice.user), m_choice.caseSensitive};
+    if (wanted != m_choice)
+        change(wanted);
+    else if (request.scan && m_main)
+        m_delegate.requestScan();
+}
+
+} // namespace pryvane

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/NotAccessVC.h"
+#include "app/program/Arguments.h"
+#include "app/program/SharedRemover.h"
+#include "app/views/MainWindow.h"
+#include "app/views/Windows.h"
+#include "core/NotificationCenter.h"
+#include "core/Worker.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/posix/FolderGrants.h"
+#include "platform/posix/VolumeFileSystem.h"
+#include "platform/posix/removal/RemovalJournalFile.h"
+#include "platform/posix/removal/VolumeRemover.h"
+#include "platform/qt/bus/BusFileViewer.h"
+#include "platform/qt/widgets/TrayStatusItem.h"
+#include "platform/qt/widgets/WidgetFolderPicker.h"
+
+#include <memory>
+#include <optional>
+
+namespace pryvane {
+
+class Desktop;
+struct InstanceRequest;
+
+/// The program while it looks at one volume as one user: services of that volume, controllers,
+/// windows. Another volume takes another session. Main thread only.
+class Session final {
+public:
+    /// The error says why the volume cannot be looked at.
+    [[nodiscard]] static Result<std::unique_ptr<Session>> open(Desktop& desktop,
+                                                               const VolumeChoice& choice);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    void start();
+    /// Once the main loop has ended.
+    void end();
+
+    /// A second start of the program: comes to the front and does what it asked for.
+    void take(const InstanceRequest& request);
+    void requestScan();
+
+    /// What to look at after this one has ended; none: the program ends.
+    [[nodiscard]] const std::optional<VolumeChoice>& next() const { return m_next; }
+
+private:
+    struct MainWindowParts;
+
+    Session(Desktop& desktop, VolumeChoice choice, std::unique_ptr<VolumeFileSystem> disk);
+
+    [[nodiscard]] PlatformServices services();
+    [[nodiscard]] DesktopServices desktopServices();
+    [[nodiscard]] QWidget* makeMainWindow();
+    [[nodiscard]] QWidget* makeAccessWindow();
+    [[nodiscard]] QWidget* makeHelpWindow();
+    void follow(FramedWindow& window);
+    void reveal(const FileURL& location);
+    void askForVolume(QWidget* over);
+    void change(const VolumeChoice& choice);
+
+    Desktop& m_desktop;
+    const VolumeChoice m_choice;
+    const VolumeWords m_words;
+    std::optional<VolumeChoice> m_next;
+
+    std::unique_ptr<VolumeFileSystem> m_disk;
+    NotificationCenter m_notifications;
+    WidgetFolderPicker m_folderPicker;
+    LinuxWorkspace m_workspace;
+    FolderGrants m_grants;
+    RemovalJournalFile m_journal;
+    VolumeRemover m_remover;
+    SharedRemover m_sharedRemover;
+    BusFileViewer m_fileViewer;
+    TrayStatusItem m_statusItem;
+    Windows m_windows;
+    AppDelegate m_delegate;
+    NotAccessVC m_access;
+    std::unique_ptr<MainWindowParts> m_main;
+    Worker m_settling; ///< of the journal
+};
+
+} // namespace pryvane

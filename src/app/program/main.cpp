@@ -1,0 +1,115 @@
+#include "app/program/Arguments.h"
+#include "app/program/Desktop.h"
+#include "app/program/Session.h"
+#include "core/Escape.h"
+#include "platform/posix/DataFolder.h"
+#include "platform/posix/RuntimeFolder.h"
+#include "platform/posix/SingleInstance.h"
+#include "platform/posix/StoreFolder.h"
+#include "platform/qt/InstanceServer.h"
+#include "ui/Labels.h"
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+using namespace pryvane;
+
+constexpr int kFailed = 2;
+
+int fail(const std::string& message)
+{
+    std::cerr << "pryvane: " << forTerminal(message) << std::endl;
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Pryvane"), ui::text(forScreen(message)));
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+    return kFailed;
+}
+
+/// One program a store. None where it cannot be told: the store guards itself.
+std::optional<SingleInstance> claim(const std::string& dataFolder)
+{
+    if (!makeFolders(dataFolder))
+        return std::nullopt; // what opens the store says why
+    const auto runtime = runtimeFolder(dataFolder);
+    if (!runtime)
+        return std::nullopt;
+    auto claimed = SingleInstance::claim(dataFolder, *runtime);
+    if (!claimed)
+        return std::nullopt;
+    return std::move(claimed).value();
+}
+
+int handOver(const SingleInstance& instance, const Arguments& arguments)
+{
+    const char* token = std::getenv("XDG_ACTIVATION_TOKEN");
+    const auto taken =
+        instance.handOver({arguments.volume, arguments.user, arguments.scan, token ? token : ""});
+    if (taken)
+        return 0;
+    std::cerr << "pryvane: " << forTerminal(taken.error().message) << std::endl;
+    return kFailed;
+}
+
+/// One session after the other, until one ends the program.
+int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* instance)
+{
+    Session* current = nullptr;
+    std::unique_ptr<InstanceServer> server;
+    if (instance) {
+        if (auto socket = instance->listen())
+            server = std::make_unique<InstanceServer>(std::move(socket).value(),
+                                                      [&current](const InstanceRequest& request) {
+                                                          if (current)
+                                                              current->take(request);
+                                                      });
+        else
+            desktop.log.line(socket.error().message);
+    }
+    std::optional<VolumeChoice> choice = arguments.choice();
+    for (bool isFirst = true; choice; isFirst = false) {
+        const auto session = Session::open(desktop, *choice);
+        if (!session)
+            return fail(session.error().message);
+        current = session->get();
+        current->start();
+        if (isFirst && arguments.scan)
+            current->requestScan();
+        if (isFirst && !desktop.notice().empty())
+            desktop.alerts.runModal({"", desktop.notice(), {"OK"}});
+        QApplication::exec();
+        current->end();
+        choice = current->next();
+        current = nullptr;
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const ParsedArguments parsed = parseArguments(argc, argv);
+    if (!parsed.arguments)
+        return parsed.exitCode;
+    const std::string dataFolder = defaultDataFolder();
+    auto instance = claim(dataFolder);
+    if (instance && !instance->isFirst())
+        return handOver(*instance, *parsed.arguments);
+
+    int qtArgumentCount = 1; // the rest has been read
+    QApplication application(qtArgumentCount, argv);
+    QApplication::setApplicationName(QStringLiteral("Pryvane"));
+    QApplication::setDesktopFileName(QStringLiteral("pryvane"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    ui::applyTheme(application);
+    auto desktop = Desktop::open(dataFolder);
+    if (!desktop)
+        return fail(desktop.error().message);
+    return runSessions(**desktop, *parsed.arguments, instance ? &*instance : nullptr);
+}
