@@ -50,6 +50,9 @@ public:
     /// Brings the protection status up to date.
     void makeAccessibleUIChanges();
 
+    /// The box of the remote-desktop finding: whether it is ignored from now on.
+    void ignoreARD(bool ignore);
+
     // The removal of findings; see ThreatRemoval for what each does.
     void deleteSelectedThreat() { m_removal.deleteSelectedThreat(); }
     [[nodiscard]] bool forceQuitBrowsers() { return m_removal.forceQuitBrowsers(); }
@@ -65,6 +68,8 @@ public:
     [[nodiscard]] ThreatRemoval& removal() { return m_removal; }
     [[nodiscard]] const ThreatRemoval& removal() const { return m_removal; }
     [[nodiscard]] const ThreatLists& lists() const { return m_lists; }
+    /// All findings of the running or last scan; a scan that starts begins a list of its own.
+    [[nodiscard]] const ResultList& results() const { return m_state.arrSpywareList; }
 
     [[nodiscard]] bool isScanning() const { return m_isScanning || m_isStoring; }
     [[nodiscard]] const ScanDisplay& display() const { return m_display; }

@@ -88,6 +88,11 @@ void ScanViewController::showProgress(int percent)
     m_display.progressBar = percent;
 }
 
+void ScanViewController::ignoreARD(bool ignore)
+{
+    logFailure(m_services.log, m_services.defaults.set(preferences::kARD, !ignore));
+}
+
 void ScanViewController::updateThreatBox()
 {
     m_display.findings = m_state.arrSpywareList.records().size();

@@ -229,7 +229,8 @@ void RowModel::rebuild()
 
 bool RowModel::passes(int row) const
 {
-    return m_filter.isEmpty() || m_source.searchText(row).contains(m_filter, Qt::CaseInsensitive);
+    return !m_source.hidden(row) &&
+           (m_filter.isEmpty() || m_source.searchText(row).contains(m_filter, Qt::CaseInsensitive));
 }
 
 void RowModel::sortRows(std::vector<int>& rows) const

@@ -41,6 +41,9 @@ public:
     /// The group of the row under that grouping (1, 2, …); grouping 0 has no groups.
     [[nodiscard]] virtual QString group(int row, int grouping) const = 0;
 
+    /// Whether the row is left out, because it is shown elsewhere.
+    [[nodiscard]] virtual bool hidden(int /*row*/) const { return false; }
+
     /// What the filter looks in.
     [[nodiscard]] virtual QString searchText(int row) const = 0;
 

@@ -13,9 +13,14 @@ namespace pryvane {
 
 /// The controllers behind the main window; they live as long as it does.
 struct Session::MainWindowParts {
+    struct Deeds {
+        std::function<std::string(std::string_view)> foldedName;
+        std::function<void(const FileURL&)> reveal;
+    };
+
     MainWindowParts(const PlatformServices& services, const DesktopServices& desktop,
                     AppDelegate& delegate, const ApplicationFacts& facts, Remover& remover,
-                    std::function<void(const FileURL&)> reveal);
+                    Deeds deeds);
 
     /// Shows the first screen in the window made for these.
     void show(MainWindow& window);

@@ -7,6 +7,7 @@
 #include "app/views/VolumeSheet.h"
 #include "core/Escape.h"
 #include "platform/Alerts.h"
+#include "platform/posix/FoldedName.h"
 #include "platform/posix/InstanceRequest.h"
 #include "platform/posix/LoginUser.h"
 #include "ui/Icons.h"
@@ -155,9 +156,13 @@ void Session::follow(FramedWindow& window)
 
 QWidget* Session::makeMainWindow()
 {
-    m_main = std::make_unique<MainWindowParts>(
-        services(), desktopServices(), m_delegate, factsFor(m_choice), m_sharedRemover,
-        [this](const FileURL& location) { reveal(location); });
+    MainWindowParts::Deeds deeds;
+    if (!m_choice.caseSensitive)
+        deeds.foldedName = [](std::string_view name) { return foldedName(name); };
+    deeds.reveal = [this](const FileURL& location) { reveal(location); };
+    m_main =
+        std::make_unique<MainWindowParts>(services(), desktopServices(), m_delegate,
+                                          factsFor(m_choice), m_sharedRemover, std::move(deeds));
     auto* window = new MainWindow(m_delegate, m_main->table, m_main->screens.stack(), m_words);
     follow(*window);
     QObject::connect(window, &MainWindow::openVolumeWanted, window,

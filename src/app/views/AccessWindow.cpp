@@ -27,6 +27,7 @@ AccessWindow::AccessWindow(NotAccessVC& controller, const VolumeWords& volume)
     auto* welcome = ui::makeLabel(TextRole::Statement, tr("Welcome to Pryvane"));
     auto* looking =
         ui::makeNote(tr("It will look at %1, user %2.").arg(volume.volume, volume.user));
+    looking->setWordWrap(false);
     looking->setToolTip(QStringLiteral("<qt>") + volume.folder.toHtmlEscaped() +
                         QStringLiteral("</qt>"));
     auto* card = new ui::Card;

@@ -84,8 +84,7 @@ QWidget* DashboardView::makeSwitches()
     m_dockIcon = new ui::SwitchRow(tr("Dock icon"),
                                    tr("Show Pryvane among the open applications of the desktop."));
     m_dockIcon->box()->setObjectName(QStringLiteral("dockIcon"));
-    m_runStartUp = new ui::SwitchRow(tr("Start at login"),
-                                     tr("Start Pryvane when you log in."));
+    m_runStartUp = new ui::SwitchRow(tr("Start at login"), tr("Start Pryvane when you log in."));
     m_runStartUp->box()->setObjectName(QStringLiteral("runStartUp"));
     connect(m_realTime->box(), &QCheckBox::clicked, &m_controller,
             &DashBoardViewController::btnRealTimeScanClicked);

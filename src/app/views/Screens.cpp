@@ -49,10 +49,11 @@ QWidget* Screens::makeWidgets(Row row)
         m_controllers.dashboard.viewDidLoad();
         return new DashboardView(m_controllers.dashboard, m_controllers.scheduler);
     case Row::Scan:
-        m_scanView = new ScanView(m_controllers.scan, m_controllers.user);
-        QObject::connect(m_scanView, &ScanView::scanWanted, m_scanView, m_controllers.scanWanted);
-        QObject::connect(m_scanView, &ScanView::revealWanted, m_scanView,
-                         m_controllers.revealWanted);
+        m_scanView =
+            new ScanView(m_controllers.scan, {m_controllers.user, m_controllers.foldedName});
+        QObject::connect(m_scanView, &ScanView::revealWanted, m_scanView, m_controllers.reveal);
+        QObject::connect(m_scanView, &ScanView::remoteDesktopHelpWanted, m_scanView,
+                         m_controllers.openRemoteDesktopInstructions);
         return m_scanView;
     case Row::Tools:
         return new PlaceholderView(

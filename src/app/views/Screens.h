@@ -23,8 +23,9 @@ public:
         SchedulerVC& scheduler;
         ScanViewController& scan;
         std::string user;
-        std::function<void()> scanWanted;
-        std::function<void(const FileURL&)> revealWanted;
+        std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk
+        std::function<void(const FileURL&)> reveal;
+        std::function<void()> openRemoteDesktopInstructions;
     };
 
     explicit Screens(Controllers controllers);

@@ -1,6 +1,7 @@
 #include "engine/views/FindingsPane.h"
 
 #include "core/Escape.h"
+#include "engine/views/RemoteDesktopCell.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/RowTable.h"
@@ -27,13 +28,20 @@ FindingsPane::FindingsPane(std::string user, FindingsSource::Ticked ticked, QWid
     : Card(parent), m_source(std::move(user), std::move(ticked)),
       m_model(m_source, FindingsSource::columns()),
       m_table(new ui::RowTable(m_model, tr("Findings"))),
-      m_empty(new ui::EmptyState(QStringLiteral("scan"), {})), m_list(new QStackedWidget)
+      m_empty(new ui::EmptyState(QStringLiteral("scan"), {})), m_list(new QStackedWidget),
+      m_remoteDesktop(new RemoteDesktopCell)
 {
     m_table->setObjectName(QStringLiteral("findings"));
     m_list->addWidget(m_empty);
     m_list->addWidget(m_table);
     column()->addWidget(makeToolbar());
+    column()->addWidget(m_remoteDesktop);
     column()->addWidget(m_list, 1);
+    m_remoteDesktop->hide();
+    connect(m_remoteDesktop, &RemoteDesktopCell::removeARD, this,
+            &FindingsPane::remoteDesktopHelpWanted);
+    connect(m_remoteDesktop, &RemoteDesktopCell::ignoreARD, this,
+            &FindingsPane::ignoreRemoteDesktopWanted);
     connect(m_table, &ui::RowTable::rowActivated, this, &FindingsPane::explainRow);
     connect(m_table, &ui::RowTable::menuWanted, this, &FindingsPane::showMenu);
     connect(&m_model, &QAbstractItemModel::dataChanged, this, &FindingsPane::showSelection);
@@ -76,15 +84,20 @@ QWidget* FindingsPane::makeToolbar()
     return bar;
 }
 
-void FindingsPane::setRecords(const SpywareList* records)
+void FindingsPane::showRecords(const std::shared_ptr<const SpywareList>& records)
 {
-    m_source.setRecords(records);
-    m_model.reset();
+    if (m_source.records() != records) {
+        m_source.setRecords(records);
+        m_model.reset();
+    } else {
+        m_table->takeAppended();
+    }
+    m_remoteDesktop->setVisible(m_source.remoteDesktopRow().has_value());
 }
 
-void FindingsPane::takeAppended()
+void FindingsPane::setSelectable(bool selectable)
 {
-    m_table->takeAppended();
+    m_source.setSelectable(selectable);
 }
 
 void FindingsPane::refresh()
@@ -106,7 +119,7 @@ void FindingsPane::focusFilter()
 
 void FindingsPane::showSelection()
 {
-    const int count = m_source.count();
+    const int count = m_source.selectableCount();
     const bool filtered = !m_filter->text().isEmpty();
     if (filtered && m_model.rowCount() == 0)
         m_empty->setSentence(tr("Nothing fits the filter."));

@@ -14,6 +14,8 @@ class RowTable;
 
 namespace pryvane {
 
+class RemoteDesktopCell;
+
 /// The findings with what finds one's way among them: select all, filter, grouping, the count of
 /// what is selected, and a menu for each row.
 class FindingsPane final : public ui::Card {
@@ -22,10 +24,9 @@ class FindingsPane final : public ui::Card {
 public:
     FindingsPane(std::string user, FindingsSource::Ticked ticked, QWidget* parent = nullptr);
 
-    /// Shows this list from its start; it must outlive the next call.
-    void setRecords(const SpywareList* records);
-    /// The list has grown at its end.
-    void takeAppended();
+    /// Shows this list, which may have grown at its end since it was last given.
+    void showRecords(const std::shared_ptr<const SpywareList>& records);
+    void setSelectable(bool selectable);
     /// Ticks or outcomes have changed.
     void refresh();
     void setEmptyText(const QString& sentence);
@@ -33,6 +34,8 @@ public:
 
 Q_SIGNALS:
     void revealWanted(const FileURL& location);
+    void remoteDesktopHelpWanted();
+    void ignoreRemoteDesktopWanted(bool ignore);
 
 private:
     [[nodiscard]] QWidget* makeToolbar();
@@ -50,6 +53,7 @@ private:
     QLineEdit* m_filter;
     QComboBox* m_grouping;
     QLabel* m_selected;
+    RemoteDesktopCell* m_remoteDesktop;
 };
 
 } // namespace pryvane

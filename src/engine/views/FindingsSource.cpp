@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/Texts.h"
+#include "signatures/Catalogue.h"
 #include "ui/Labels.h"
 
 #include <QObject>
@@ -23,10 +24,26 @@ std::vector<ui::Column> FindingsSource::columns()
             {.title = QObject::tr("Size"), .width = 90, .isNumber = true}};
 }
 
-void FindingsSource::setRecords(const SpywareList* records)
+void FindingsSource::setRecords(std::shared_ptr<const SpywareList> records)
 {
-    m_records = records;
+    m_records = std::move(records);
     m_evidence.clear();
+    m_lookedAt = 0;
+    m_remoteDesktop.reset();
+}
+
+int FindingsSource::selectableCount() const
+{
+    return count() - (remoteDesktopRow() ? 1 : 0);
+}
+
+/// Looks at each row once only: the list may be long, and grow.
+std::optional<int> FindingsSource::remoteDesktopRow() const
+{
+    for (; m_lookedAt < count(); ++m_lookedAt)
+        if (hidden(m_lookedAt))
+            m_remoteDesktop = m_lookedAt;
+    return m_remoteDesktop;
 }
 
 const Spyware& FindingsSource::record(int row) const
@@ -82,7 +99,7 @@ ui::Cell FindingsSource::cell(int row, int column) const
     case Threat:
         return {.text = ui::text(forScreen(found.infections))};
     case EvidenceColumn:
-        return evidenceCell(evidence(row));
+        return evidenceOrOutcome(row);
     case Location:
         return {.text = ui::text(forScreen(found.url.relativePath()))};
     case Size:
@@ -92,9 +109,35 @@ ui::Cell FindingsSource::cell(int row, int column) const
     }
 }
 
+/// What became of a finding is of more interest than why it was found.
+ui::Cell FindingsSource::evidenceOrOutcome(int row) const
+{
+    const Spyware& found = record(row);
+    if (found.isDeleted)
+        return {.text = QObject::tr("removed"),
+                .iconName = QStringLiteral("clean"),
+                .meaning = ui::Meaning::Clean,
+                .number = -1};
+    if (!found.removalFailure.empty())
+        return {.text = QObject::tr("not removed"),
+                .iconName = QStringLiteral("attention"),
+                .meaning = ui::Meaning::Found,
+                .number = -2,
+                .tooltip = ui::text(forScreen(found.removalFailure))};
+    return evidenceCell(evidence(row));
+}
+
 std::optional<bool> FindingsSource::ticked(int row) const
 {
-    return record(row).isChecked;
+    const Spyware& found = record(row);
+    if (!m_selectable || found.isDeleted || isRemoteDesktop(found))
+        return std::nullopt;
+    return found.isChecked;
+}
+
+bool FindingsSource::hidden(int row) const
+{
+    return isRemoteDesktop(record(row));
 }
 
 void FindingsSource::tick(const std::vector<int>& rows, bool on)
@@ -118,12 +161,12 @@ QString FindingsSource::searchText(int row) const
 
 bool FindingsSource::faded(int row) const
 {
-    return !record(row).isAvail;
+    return !record(row).isAvail || record(row).isDeleted;
 }
 
 bool isRemoteDesktop(const Spyware& record)
 {
-    return record.name == "ARD";
+    return record.name == catalogue::kRemoteDesktopName;
 }
 
 ui::Cell evidenceCell(Evidence evidence)

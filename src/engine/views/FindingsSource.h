@@ -5,6 +5,8 @@
 #include "ui/RowModel.h"
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -24,8 +26,15 @@ public:
 
     [[nodiscard]] static std::vector<ui::Column> columns();
 
-    /// The list to show; it must outlive the next call. Empty: nothing.
-    void setRecords(const SpywareList* records);
+    /// The list to show. Null: nothing.
+    void setRecords(std::shared_ptr<const SpywareList> records);
+    [[nodiscard]] const std::shared_ptr<const SpywareList>& records() const { return m_records; }
+    /// Whether rows can be ticked now.
+    void setSelectable(bool selectable) { m_selectable = selectable; }
+    /// Rows that can be selected, at the best of times.
+    [[nodiscard]] int selectableCount() const;
+    /// The row of the remote-desktop finding, which is shown apart; none without.
+    [[nodiscard]] std::optional<int> remoteDesktopRow() const;
     [[nodiscard]] const Spyware& record(int row) const;
 
     /// The strongest evidence against the record, and all of it in words.
@@ -37,15 +46,20 @@ public:
     [[nodiscard]] std::optional<bool> ticked(int row) const override;
     void tick(const std::vector<int>& rows, bool on) override;
     [[nodiscard]] QString group(int row, int grouping) const override;
+    [[nodiscard]] bool hidden(int row) const override;
     [[nodiscard]] QString searchText(int row) const override;
     [[nodiscard]] bool faded(int row) const override;
 
 private:
+    [[nodiscard]] ui::Cell evidenceOrOutcome(int row) const;
     [[nodiscard]] Explanation explained(int row) const;
 
     std::string m_user;
     Ticked m_ticked;
-    const SpywareList* m_records = nullptr;
+    std::shared_ptr<const SpywareList> m_records;
+    bool m_selectable = true;
+    mutable int m_lookedAt = 0; ///< the first row not yet looked at for the next one
+    mutable std::optional<int> m_remoteDesktop;
     mutable std::unordered_map<const Spyware*, Evidence> m_evidence; ///< what was asked for already
 };
 

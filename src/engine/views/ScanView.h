@@ -2,12 +2,15 @@
 
 #include "platform/FileURL.h"
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <string>
-#include <vector>
+#include <string_view>
 
+class QLabel;
 class QPushButton;
 
 namespace pryvane::ui {
@@ -18,39 +21,60 @@ namespace pryvane {
 
 class CoverageView;
 class FindingsPane;
+class PlanSheet;
+class RemovalProgressView;
 class ScanProgressView;
 class ScanViewController;
-class Spyware;
 
-/// The scan screen: the statement, the running scan, and its findings.
+/// The scan screen: the statement, the running scan, its findings, and their removal.
 class ScanView final : public QWidget {
     Q_OBJECT
 
 public:
-    ScanView(ScanViewController& controller, std::string user, QWidget* parent = nullptr);
+    struct Options {
+        std::string user; ///< short name for which the rules are filled in
+        /// How the volume's disk folds a name; empty: it does not.
+        std::function<std::string(std::string_view)> foldedName;
+    };
+
+    ScanView(ScanViewController& controller, Options options, QWidget* parent = nullptr);
 
     /// Puts the keyboard into the filter box.
     void focusFilter();
 
 Q_SIGNALS:
-    void scanWanted();
     void revealWanted(const FileURL& location);
+    void remoteDesktopHelpWanted();
+    void reportWanted();
 
 private:
     void layOut();
+    void followController();
     void showState();
     void showStatement();
+    void showCoverage();
     void showFindings();
+    void showFailures();
+    void openPlan();
+    void takeBackRemoved();
+    [[nodiscard]] bool isBusy() const;
 
     ScanViewController& m_controller;
+    const Options m_options;
     QTimer m_liveUpdate; ///< gathers what a scan tells, so that the screen is redrawn in peace
     bool m_wasScanning = false;
+    QPointer<PlanSheet> m_plan;
+    bool m_planPending = false;
 
     ui::ColouredView* m_statement;
     QPushButton* m_scanNow;
     QPushButton* m_remove;
+    QPushButton* m_failures;
+    QPushButton* m_report;
     ScanProgressView* m_progress;
+    RemovalProgressView* m_removal;
     CoverageView* m_coverage;
+    QLabel* m_notice;
     FindingsPane* m_findings;
 };
 

@@ -1,0 +1,203 @@
+"""Drives the real program on a display and a bus of their own, as a person would.
+
+Widgets are found by name through the accessibility tree (AT-SPI), so whatever a screen reader cannot
+find, a test cannot either; keys and mouse clicks are real X events.
+"""
+import contextlib
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+PATIENCE = float(os.environ.get("PRYVANE_TEST_PATIENCE", "40"))
+SKIPPED = 77
+
+
+def wait_for(what, condition, patience=PATIENCE):
+    """The first true value of the condition."""
+    end = time.monotonic() + patience
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise AssertionError(f"waited in vain for {what}")
+        time.sleep(0.05)
+
+
+def need(*tools):
+    for tool in tools:
+        if not shutil.which(tool):
+            print(f"skipped: {tool} is not installed")
+            sys.exit(SKIPPED)
+
+
+@contextlib.contextmanager
+def started(command, **more):
+    process = subprocess.Popen(command, stdout=more.pop("stdout", subprocess.DEVNULL), **more)
+    try:
+        yield process
+    finally:
+        if process.poll() is None:
+            process.send_signal(signal.SIGTERM)
+            with contextlib.suppress(subprocess.TimeoutExpired):
+                process.wait(5)
+        if process.poll() is None:
+            process.kill()
+            process.wait()
+
+
+@contextlib.contextmanager
+def desktop(size="1280x900"):
+    """An X display with a window manager and a session bus; gives the folder of the session."""
+    need("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "import")
+    with contextlib.ExitStack() as stack:
+        folder = pathlib.Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="pryvane-window-")))
+        read, write = os.pipe()
+        stack.enter_context(started(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
+            pass_fds=[write], stderr=subprocess.DEVNULL))
+        os.close(write)
+        for name in ("WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORMTHEME", "GTK_MODULES"):
+            os.environ.pop(name, None)
+        os.environ.update(DISPLAY=":" + os.fdopen(read).readline().strip(), QT_QPA_PLATFORM="xcb",
+                          XDG_RUNTIME_DIR=str(folder / "run"), HOME=str(folder / "home"), LC_ALL="C.UTF-8",
+                          XDG_CONFIG_HOME=str(folder / "home/.config"), XDG_CACHE_HOME=str(folder / "home/.cache"),
+                          PRYVANE_DATA_DIR=str(folder / "data"), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        (folder / "run").mkdir(mode=0o700)
+        (folder / "home").mkdir()
+        bus = stack.enter_context(started(["dbus-daemon", "--session", "--nofork", "--print-address"],
+                                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL))
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+        stack.enter_context(started(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL))
+        wait_for("the window manager", lambda: "window id" in output(
+            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+        yield folder
+
+
+def output(*command):
+    return subprocess.run(command, capture_output=True, text=True).stdout
+
+
+class Pilot:
+    """One running program."""
+
+    def __init__(self, program, *arguments, screenshots=None):
+        import pyatspi  # connects to the bus of the desktop
+
+        self.atspi = pyatspi
+        self.shots = pathlib.Path(screenshots) if screenshots else None
+        self.process = subprocess.Popen([program, *arguments])
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.terminate()
+            try:
+                self.process.wait(10)
+            except subprocess.TimeoutExpired:
+                self.process.kill()
+                self.process.wait()
+
+    # What there is
+
+    def application(self):
+        for application in self.atspi.Registry.getDesktop(0):
+            with contextlib.suppress(Exception):
+                if application and application.get_process_id() == self.process.pid:
+                    return application
+        return None
+
+    def walk(self, node=None, depth=0):
+        """Everything that shows, from the top."""
+        node = node or self.application()
+        if node is None or depth > 40:
+            return
+        try:
+            children = list(node)
+        except Exception:  # it has just gone
+            return
+        for child in children:
+            if child is None:
+                continue
+            with contextlib.suppress(Exception):
+                if depth > 0 and not child.getState().contains(self.atspi.STATE_SHOWING):
+                    continue
+                yield child
+                if child.getRoleName() != "table":
+                    yield from self.walk(child, depth + 1)
+
+    def look(self, name, role=None):
+        for node in self.walk():
+            with contextlib.suppress(Exception):
+                if node.name == name and role in (None, node.getRoleName()):
+                    return node
+        return None
+
+    def find(self, name, role=None):
+        return wait_for(f'"{name}" ({role or "any role"})', lambda: self.look(name, role))
+
+    def gone(self, name, role=None):
+        wait_for(f'"{name}" to go', lambda: not self.look(name, role))
+
+    def texts(self):
+        return [node.name for node in self.walk() if node.name]
+
+    def read(self, fragment):
+        """The first text on the screen that holds the fragment."""
+        return wait_for(f'a text with "{fragment}"',
+                        lambda: next((text for text in self.texts() if fragment in text), None))
+
+    def focused(self):
+        for node in self.walk():
+            with contextlib.suppress(Exception):
+                if node.getState().contains(self.atspi.STATE_FOCUSED):
+                    return node
+        return None
+
+    def cells(self, table):
+        """Rows of a table, as lists of texts."""
+        view = table.queryTable()
+        return [[view.getAccessibleAt(row, column).name for column in range(view.nColumns)]
+                for row in range(view.nRows)]
+
+    # What a person does
+
+    def click(self, name, role=None, button=1):
+        node = self.find(name, role)
+        wait_for(f'"{name}" to be enabled', lambda: node.getState().contains(self.atspi.STATE_ENABLED))
+        self.click_node(node, button)
+
+    def click_node(self, node, button=1):
+        box = node.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+        # A box is ticked at its left end, where it is drawn.
+        x = box.x + (12 if node.getRoleName() == "check box" else box.width // 2)
+        subprocess.run(["xdotool", "mousemove", str(x), str(box.y + box.height // 2), "click", str(button)],
+                       check=True)
+
+    def keys(self, *names):
+        for name in names:
+            subprocess.run(["xdotool", "key", "--clearmodifiers", name], check=True)
+            time.sleep(0.05)
+
+    def type(self, text):
+        subprocess.run(["xdotool", "type", "--delay", "15", text], check=True)
+
+    def tab_to(self, name, limit=60, key="Tab"):
+        """Goes there by keyboard alone."""
+        for _ in range(limit):
+            node = self.focused()
+            if node and node.name == name:
+                return node
+            self.keys(key)
+            time.sleep(0.05)
+        raise AssertionError(f'the {key} key does not reach "{name}"')
+
+    def shot(self, name):
+        if self.shots:
+            time.sleep(0.4)  # fades end
+            self.shots.mkdir(parents=True, exist_ok=True)
+            subprocess.run(["import", "-window", "root", str(self.shots / f"{name}.png")], check=True)
