@@ -161,6 +161,7 @@ void RowModel::takeAppended()
         if (passes(row))
             added.push_back({row, -1});
     m_taken = count;
+    refresh();
     if (added.empty())
         return;
     const int first = rowCount();

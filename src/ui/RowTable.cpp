@@ -12,6 +12,7 @@ namespace pryvane::ui {
 namespace {
 
 constexpr int kRowHeight = 34;
+constexpr std::size_t kHeadingsSpanned = 500;
 
 /// Rows parted by a hairline, ticks centred in their column, and one ring around the current row.
 class RowDelegate final : public QStyledItemDelegate {
@@ -70,6 +71,7 @@ RowTable::RowTable(RowModel& model, const QString& accessibleName, QWidget* pare
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     horizontalHeader()->setMinimumHeight(kTarget);
     setSortingEnabled(true);
+    connect(&m_model, &QAbstractItemModel::modelReset, this, &RowTable::spanHeadings);
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
         if (const int row = m_model.sourceRow(index); row >= 0 && index.column() != 0)
             Q_EMIT rowActivated(row);
@@ -113,6 +115,19 @@ void RowTable::contextMenuEvent(QContextMenuEvent* event)
     setCurrentIndex(index);
     Q_EMIT menuWanted(row, byKey ? viewport()->mapToGlobal(visualRect(index).center())
                                  : event->globalPos());
+}
+
+/// A heading has its row to itself. A table with very many of them would grow slow by that.
+void RowTable::spanHeadings()
+{
+    clearSpans();
+    std::vector<int> headings;
+    for (int row = 0; row < m_model.rowCount() && headings.size() <= kHeadingsSpanned; ++row)
+        if (m_model.isHeading(m_model.index(row, 0)))
+            headings.push_back(row);
+    if (headings.size() <= kHeadingsSpanned)
+        for (const int row : headings)
+            setSpan(row, 1, 1, m_model.columnCount() - 1);
 }
 
 void RowTable::resizeEvent(QResizeEvent* event)

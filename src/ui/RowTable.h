@@ -28,6 +28,7 @@ protected:
 
 private:
     void fitColumns();
+    void spanHeadings();
 
     RowModel& m_model;
 };

@@ -1,9 +1,8 @@
 #include "ui/Style.h"
 
+#include "ui/StylePainting.h"
 #include "ui/Theme.h"
 
-#include <QPainter>
-#include <QPainterPath>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QWidget>
@@ -16,7 +15,7 @@ namespace {
 
 constexpr char kTone[] = "pryvaneTone";
 constexpr char kSwitch[] = "pryvaneSwitch";
-constexpr int kIndicator = 18, kSwitchWidth = 36, kSwitchHeight = 20;
+constexpr int kIndicator = 18, kScrollBar = 12, kShortestThumb = 28;
 
 bool has(QStyle::State state, QStyle::StateFlag flag)
 {
@@ -33,140 +32,19 @@ bool isSwitch(const QWidget* widget)
     return widget && widget->property(kSwitch).toBool();
 }
 
-QColor mixed(const QColor& from, const QColor& to, float part)
+/// Whose frame is drawn by what is around it.
+bool isInsideAnotherField(const QWidget* widget)
 {
-    const auto between = [part](float a, float b) { return a + (b - a) * part; };
-    return QColor::fromRgbF(between(from.redF(), to.redF()), between(from.greenF(), to.greenF()),
-                            between(from.blueF(), to.blueF()));
+    const QWidget* around = widget ? widget->parentWidget() : nullptr;
+    return around && (around->inherits("QAbstractSpinBox") || around->inherits("QComboBox"));
 }
 
-void drawButton(const QStyleOption& option, QPainter& painter, const QWidget* widget)
+ButtonTone toneFor(const QWidget* widget)
 {
-    const QPalette& palette = option.palette;
     const QString tone = toneOf(widget);
-    QColor fill = palette.color(QPalette::Button);
-    QColor edge = hairline(palette);
-    if (!tone.isEmpty() && has(option.state, QStyle::State_Enabled)) {
-        fill = tone == QLatin1String("primary") ? palette.color(QPalette::Highlight)
-                                                : QColor(181, 47, 53);
-        edge = fill;
-    }
-    const QColor ink = palette.color(QPalette::ButtonText);
-    if (has(option.state, QStyle::State_Sunken) || has(option.state, QStyle::State_On))
-        fill = mixed(fill, ink, 0.16F);
-    else if (has(option.state, QStyle::State_MouseOver) && has(option.state, QStyle::State_Enabled))
-        fill = mixed(fill, ink, 0.07F);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edge, 1));
-    painter.setBrush(fill);
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(.5, .5, -.5, -.5), 6, 6);
-    painter.restore();
-}
-
-void drawFocusRing(const QStyleOption& option, QPainter& painter)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(option.palette.color(QPalette::Highlight), 2));
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), 6, 6);
-    painter.restore();
-}
-
-void drawSwitch(const QStyleOption& option, QPainter& painter)
-{
-    const bool on = has(option.state, QStyle::State_On);
-    const bool enabled = has(option.state, QStyle::State_Enabled);
-    QRectF track(option.rect.x(), option.rect.center().y() - kSwitchHeight / 2.0 + .5, kSwitchWidth,
-                 kSwitchHeight);
-    track.adjust(.5, .5, -.5, -.5);
-    const QColor accent = option.palette.color(QPalette::Highlight);
-    QColor fill =
-        on ? accent
-           : mixed(option.palette.color(QPalette::Window), secondaryText(option.palette), 0.35F);
-    if (!enabled)
-        fill = mixed(fill, option.palette.color(QPalette::Window), 0.6F);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(isHighContrast() ? QPen(option.palette.color(QPalette::WindowText), 1)
-                                    : QPen(Qt::NoPen));
-    painter.setBrush(fill);
-    painter.drawRoundedRect(track, track.height() / 2, track.height() / 2);
-    const double size = track.height() - 5;
-    const double x = on ? track.right() - size - 2.5 : track.left() + 2.5;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(on ? option.palette.color(QPalette::HighlightedText) : QColor(Qt::white));
-    painter.drawEllipse(QRectF(x, track.top() + 2.5, size, size));
-    painter.restore();
-}
-
-void drawTickBox(const QStyleOption& option, QPainter& painter)
-{
-    const bool on = has(option.state, QStyle::State_On);
-    const bool partly = has(option.state, QStyle::State_NoChange);
-    const bool enabled = has(option.state, QStyle::State_Enabled);
-    const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
-    QColor accent = option.palette.color(QPalette::Highlight);
-    QColor edge = secondaryText(option.palette);
-    if (!enabled) {
-        accent = mixed(accent, option.palette.color(QPalette::Window), 0.6F);
-        edge = mixed(edge, option.palette.color(QPalette::Window), 0.6F);
-    }
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(on || partly ? accent : edge, 1.2));
-    painter.setBrush(on || partly ? accent : option.palette.color(QPalette::Base));
-    painter.drawRoundedRect(box, 4, 4);
-    painter.setPen(QPen(option.palette.color(QPalette::HighlightedText), 1.8, Qt::SolidLine,
-                        Qt::RoundCap, Qt::RoundJoin));
-    const QPointF middle = box.center();
-    if (partly) {
-        painter.drawLine(middle - QPointF(3.4, 0), middle + QPointF(3.4, 0));
-    } else if (on) {
-        QPainterPath tick(middle + QPointF(-3.6, .2));
-        tick.lineTo(middle + QPointF(-1, 2.8));
-        tick.lineTo(middle + QPointF(3.8, -2.8));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawPath(tick);
-    }
-    painter.restore();
-}
-
-/// A flat bar; a moving piece of it where no amount is known.
-void drawProgress(const QStyleOptionProgressBar& bar, QPainter& painter)
-{
-    const QRectF groove(bar.rect.x(), bar.rect.center().y() - 2.5, bar.rect.width(), 6);
-    QColor track = bar.palette.color(QPalette::WindowText);
-    track.setAlphaF(isHighContrast() ? 0.4F : 0.12F);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(track);
-    painter.drawRoundedRect(groove, 3, 3);
-    painter.setBrush(bar.palette.color(QPalette::Highlight));
-    const double range = double(bar.maximum) - bar.minimum;
-    QRectF filled = groove;
-    if (range > 0)
-        filled.setWidth(groove.width() * std::clamp((bar.progress - bar.minimum) / range, 0., 1.));
-    else
-        filled.adjust(groove.width() / 3, 0, -groove.width() / 3, 0);
-    if (filled.width() >= 1)
-        painter.drawRoundedRect(filled, 3, 3);
-    painter.restore();
-}
-
-void drawField(const QStyleOption& option, QPainter& painter)
-{
-    const bool focused = has(option.state, QStyle::State_HasFocus);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(focused ? QPen(option.palette.color(QPalette::Highlight), 2)
-                           : QPen(hairline(option.palette), 1));
-    painter.setBrush(option.palette.color(QPalette::Base));
-    const double inset = focused ? 1 : .5;
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), 6, 6);
-    painter.restore();
+    return tone.isEmpty()                     ? ButtonTone::Plain
+           : tone == QLatin1String("primary") ? ButtonTone::Primary
+                                              : ButtonTone::Destructive;
 }
 
 } // namespace
@@ -178,7 +56,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
 {
     switch (element) {
     case PE_PanelButtonCommand:
-        return drawButton(*option, *painter, widget);
+        return drawButton(*option, *painter, toneFor(widget));
     case PE_FrameFocusRect:
         if (has(option->state, State_KeyboardFocusChange) || !widget ||
             widget->testAttribute(Qt::WA_KeyboardFocusChange))
@@ -189,9 +67,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_IndicatorItemViewItemCheck:
         return drawTickBox(*option, *painter);
     case PE_PanelLineEdit:
-        if (!widget || !widget->inherits("QAbstractSpinBox"))
-            return drawField(*option, *painter);
-        break;
+        if (isInsideAnotherField(widget))
+            return;
+        return drawField(*option, *painter);
     default:
         break;
     }
@@ -216,7 +94,59 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
         if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option))
             return drawProgress(*bar, *painter);
     }
+    if (element == CE_HeaderSection)
+        return drawHeaderSection(*option, *painter);
     QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                               QPainter* painter, const QWidget* widget) const
+{
+    if (control == CC_ScrollBar) {
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
+            if (bar->maximum > bar->minimum)
+                drawScrollBar(*bar, subControlRect(control, bar, SC_ScrollBarSlider, widget),
+                              *painter);
+            return;
+        }
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+/// Scroll bars are a thumb and nothing else.
+QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                            SubControl part, const QWidget* widget) const
+{
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || !bar)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    const bool upright = bar->orientation == Qt::Vertical;
+    const int length = upright ? bar->rect.height() : bar->rect.width();
+    const qint64 range = qint64(bar->maximum) - bar->minimum;
+    const int thumb = range <= 0
+                          ? length
+                          : std::clamp(static_cast<int>(qint64(length) * bar->pageStep /
+                                                        std::max<qint64>(1, range + bar->pageStep)),
+                                       std::min(kShortestThumb, length), length);
+    const int at = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
+                                           length - thumb, bar->upsideDown);
+    const auto piece = [&](int from, int size) {
+        const QRect along = upright ? QRect(0, from, bar->rect.width(), size)
+                                    : QRect(from, 0, size, bar->rect.height());
+        return visualRect(bar->direction, bar->rect, along.translated(bar->rect.topLeft()));
+    };
+    switch (part) {
+    case SC_ScrollBarSlider:
+        return piece(at, thumb);
+    case SC_ScrollBarSubPage:
+        return piece(0, at);
+    case SC_ScrollBarAddPage:
+        return piece(at + thumb, length - at - thumb);
+    case SC_ScrollBarGroove:
+        return piece(0, length);
+    default:
+        return {};
+    }
 }
 
 int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
@@ -230,6 +160,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     case PM_LayoutHorizontalSpacing:
     case PM_LayoutVerticalSpacing:
         return kRelated;
+    case PM_ScrollBarExtent:
+        return kScrollBar;
     case PM_ButtonDefaultIndicator:
         return 0;
     case PM_FocusFrameHMargin:

@@ -152,9 +152,10 @@ class Pilot:
                         lambda: next((text for text in self.texts() if fragment in text), None))
 
     def focused(self):
+        """What has the keyboard. A list's current item says so even when the list has it not."""
         for node in self.walk():
             with contextlib.suppress(Exception):
-                if node.getState().contains(self.atspi.STATE_FOCUSED):
+                if node.getState().contains(self.atspi.STATE_FOCUSED) and node.getRoleName() != "list item":
                     return node
         return None
 

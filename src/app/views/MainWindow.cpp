@@ -111,8 +111,9 @@ void MainWindow::makeMenu()
     m_menuButton->setToolTip(tr("Menu"));
     m_menuButton->setAutoRaise(true);
     m_menuButton->setMinimumSize(ui::kTarget, ui::kTarget);
-    m_menuButton->setPopupMode(QToolButton::InstantPopup);
-    m_menuButton->setMenu(m_menu);
+    connect(m_menuButton, &QToolButton::clicked, this, [this] {
+        m_menu->popup(m_menuButton->mapToGlobal(m_menuButton->rect().bottomLeft()));
+    });
     connect(m_menu, &QMenu::aboutToShow, this, &MainWindow::showMenu);
     if (titleBar()) {
         titleBar()->layout()->addWidget(m_menuButton);
@@ -173,6 +174,7 @@ void MainWindow::makeShortcuts()
 void MainWindow::followSelection()
 {
     m_navigation->setCurrentRow(rowIndex(m_table.selectedRow()));
+    m_navigation->setFocus(Qt::OtherFocusReason); // what had it may be on a screen that has gone
 }
 
 } // namespace pryvane

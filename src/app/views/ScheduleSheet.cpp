@@ -9,6 +9,7 @@
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTimeEdit>
 #include <QVBoxLayout>
@@ -27,12 +28,19 @@ Date fromQt(const QDateTime& date)
     return Date(std::chrono::milliseconds(date.toMSecsSinceEpoch()));
 }
 
-QDateEdit* makeDateEdit(const QString& name)
+void name(QAbstractSpinBox& edit, const QString& title)
+{
+    edit.setAccessibleName(title);
+    edit.setMinimumHeight(ui::kTarget);
+    if (auto* field = edit.findChild<QLineEdit*>())
+        field->setAccessibleName(title);
+}
+
+QDateEdit* makeDateEdit(const QString& title)
 {
     auto* edit = new QDateEdit;
     edit->setCalendarPopup(true);
-    edit->setAccessibleName(name);
-    edit->setMinimumHeight(ui::kTarget);
+    name(*edit, title);
     return edit;
 }
 
@@ -47,8 +55,7 @@ ScheduleSheet::ScheduleSheet(QWidget* over, SchedulerVC& scheduler)
 {
     setObjectName(QStringLiteral("schedulerVC"));
     m_isScheduleOn->setObjectName(QStringLiteral("isScheduleOn"));
-    m_timePicker->setAccessibleName(tr("Time of day"));
-    m_timePicker->setMinimumHeight(ui::kTarget);
+    name(*m_timePicker, tr("Time of day"));
     m_scheduleTypePopUp->setAccessibleName(tr("Repeat"));
     for (const std::string_view title : kScheduleTypeTitles)
         m_scheduleTypePopUp->addItem(ui::text(title));

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -25,6 +26,7 @@ VolumeSheet::VolumeSheet(QWidget* over, Asks asks, std::string folder, std::stri
     m_account->setObjectName(QStringLiteral("account"));
     m_account->setAccessibleName(tr("User"));
     m_account->setEditable(true);
+    m_account->lineEdit()->setAccessibleName(tr("User"));
     m_account->setMinimumHeight(ui::kTarget);
     m_open->setObjectName(QStringLiteral("openChosen"));
     ui::makePrimary(*m_open);

@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "engine/views/RemoteDesktopCell.h"
+#include "ui/FilterField.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/RowTable.h"
@@ -13,7 +14,6 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QPushButton>
@@ -58,12 +58,7 @@ QWidget* FindingsPane::makeToolbar()
         m_model.tickAll(m_model.allTicked() != Qt::Checked);
         showSelection();
     });
-    m_filter = new QLineEdit;
-    m_filter->setObjectName(QStringLiteral("filter"));
-    m_filter->setPlaceholderText(tr("Filter by threat or location"));
-    m_filter->setAccessibleName(tr("Filter"));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->addAction(ui::icon(QStringLiteral("filter")), QLineEdit::LeadingPosition);
+    m_filter = ui::makeFilterField(tr("Filter by threat or location"));
     connect(m_filter, &QLineEdit::textChanged, &m_model, &ui::RowModel::setFilter);
     m_grouping = new QComboBox;
     m_grouping->setAccessibleName(tr("Group by"));
@@ -92,7 +87,8 @@ void FindingsPane::showRecords(const std::shared_ptr<const SpywareList>& records
     } else {
         m_table->takeAppended();
     }
-    m_remoteDesktop->setVisible(m_source.remoteDesktopRow().has_value());
+    const auto remoteDesktop = m_source.remoteDesktopRow();
+    m_remoteDesktop->setVisible(remoteDesktop && !m_source.record(*remoteDesktop).isDeleted);
 }
 
 void FindingsPane::setSelectable(bool selectable)

@@ -17,11 +17,11 @@ FindingsSource::FindingsSource(std::string user, Ticked ticked)
 std::vector<ui::Column> FindingsSource::columns()
 {
     return {{.title = QObject::tr("Selected"), .width = 40},
-            {.title = QObject::tr("Name"), .width = 190},
-            {.title = QObject::tr("Threat"), .width = 170},
-            {.title = QObject::tr("Evidence"), .width = 150},
+            {.title = QObject::tr("Name"), .width = 150},
+            {.title = QObject::tr("Threat"), .width = 150},
+            {.title = QObject::tr("Evidence"), .width = 136},
             {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
-            {.title = QObject::tr("Size"), .width = 90, .isNumber = true}};
+            {.title = QObject::tr("Size"), .width = 80, .isNumber = true}};
 }
 
 void FindingsSource::setRecords(std::shared_ptr<const SpywareList> records)

@@ -145,7 +145,7 @@ void ScanView::showState()
 void ScanView::showCoverage()
 {
     const bool shown = !isBusy() && m_controller.report() != nullptr;
-    m_coverage->setVisible(shown);
+    m_coverage->setVisible(shown && !m_controller.removal().summary());
     if (shown && m_wasScanning)
         m_coverage->show(m_controller.report()->spyWareList->size(), m_controller.coverage());
     const std::string& error = m_controller.storeError();
@@ -174,7 +174,7 @@ void ScanView::showStatement()
     }
     const bool canRemove = removal.removeButtonEnabled();
     m_scanNow->setVisible(idle && (panel.showsScanNow || removed));
-    m_remove->setVisible(idle && (panel.showsRemove || (removed && canRemove)));
+    m_remove->setVisible(idle && (removed ? canRemove : panel.showsRemove));
     m_remove->setEnabled(canRemove);
     m_failures->setVisible(removed && !m_controller.lists().unDeletedSpyware.empty());
     m_report->setVisible(idle && m_controller.report() != nullptr);

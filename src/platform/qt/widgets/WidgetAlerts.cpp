@@ -21,6 +21,13 @@ void setTexts(QMessageBox& box, const Alert& alert)
     box.setText(qt::text(both ? alert.messageText : alert.informativeText));
     if (both)
         box.setInformativeText(qt::text(alert.informativeText));
+    if (both) {
+        if (auto* title = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+            QFont font = title->font();
+            font.setWeight(QFont::DemiBold);
+            title->setFont(font);
+        }
+    }
     // The box guesses the format of its second text whatever it was told.
     for (QLabel* label : box.findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText);

@@ -1,0 +1,178 @@
+#!/usr/bin/python3
+"""Welcome, grant, dashboard, quick scan, findings, removal of some, summary: with the real program.
+
+    flow_test.py mouse|keyboard PROGRAM MAKE-DEMO-VOLUME [KEPT-TEXT]
+
+With the mouse, what a screen reader finds on each screen is compared with the kept text; PRYVANE_KEEP=1
+writes it anew. PRYVANE_SCREENSHOTS=DIR keeps pictures.
+"""
+import difflib
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from pilot import Pilot, desktop, started, wait_for  # noqa: E402
+
+KEPT_BACK = "Library/.A_o_b_o"  # the finding that is not to be removed
+REMOVED = ["Users/alice/Library/mdsa1331", "Library/LaunchAgents/com.refog.agent.plist"]
+WEAK = "MyCodecPack"
+
+
+class Screens:
+    """What there is on each screen, in words."""
+
+    def __init__(self, pilot, folder):
+        self.pilot = pilot
+        self.folder = str(folder)
+        self.text = ""
+
+    def note(self, title):
+        self.text += f"== {title}\n"
+        for node in self.pilot.walk():
+            role, name = node.getRoleName(), node.name
+            if role in ("filler", "unknown", "layered pane", "panel") and not name:
+                continue
+            self.text += re.sub(r"\d+", "#", f"{role} | {name.replace(self.folder, 'DIR')}") + "\n"
+            if role in ("push button", "check box", "combo box", "text", "table", "list", "progress bar"):
+                assert name, f"a {role} on \"{title}\" has no name"
+
+
+def by_mouse(pilot, screens):
+    pilot.find("Confirm Access")
+    screens.note("welcome")
+    pilot.shot("1-welcome")
+    pilot.click("Confirm Access")
+    pilot.find("Confirm Access", "dialog")
+    pilot.shot("2-grant")
+    buttons = [node for node in pilot.walk(pilot.find("Confirm Access", "dialog"))
+               if node.name == "Confirm Access" and node.getRoleName() == "push button"]
+    pilot.click_node(buttons[-1])
+    pilot.find("Quick Scan >")
+    screens.note("dashboard")
+    pilot.shot("3-dashboard")
+    pilot.click("Quick Scan >")
+    pilot.read("found")
+    pilot.shot("4-scanning")
+    pilot.find("Remove…", "push button")
+    pilot.read("Found: 11 potential threats.")
+    screens.note("findings")
+    pilot.shot("5-findings")
+    table = pilot.find("Findings", "table")
+    row = next(i for i, cells in enumerate(pilot.cells(table)) if KEPT_BACK in cells[4])
+    pilot.click_node(table.queryTable().getAccessibleAt(row, 0))
+    pilot.find("9 of 10 selected")
+    pilot.click("Remove…", "push button")
+    pilot.click("Leave these out")
+    pilot.read("9 selected:")
+    screens.note("plan")
+    pilot.shot("6-plan")
+    pilot.click("Remove for good…")
+    pilot.find("Are you sure you want to delete selected threats?")
+    screens.note("question")
+    pilot.shot("7-question")
+    pilot.click("Yes")
+
+
+def by_keyboard(pilot, screens):
+    pilot.find("Confirm Access")
+    pilot.tab_to("Confirm Access")
+    pilot.keys("Return")
+    pilot.find("Confirm Access", "dialog")
+    pilot.keys("Return")
+    pilot.find("Quick Scan >")
+    pilot.tab_to("Quick Scan >")
+    pilot.keys("space")
+    pilot.find("Remove…", "push button")
+    pilot.keys("ctrl+f")
+    pilot.type("A_o_b_o")
+    table = pilot.find("Findings", "table")
+    wait_for("the filter", lambda: len(pilot.cells(table)) == 1)
+    pilot.tab_to("Findings")
+    pilot.keys("Down", "space")
+    pilot.find("9 of 10 selected")
+    pilot.keys("ctrl+f", "Escape", "ctrl+a", "BackSpace")
+    wait_for("the filter to go", lambda: len(pilot.cells(table)) == 10)
+    pilot.tab_to("Remove…", key="shift+Tab")
+    pilot.keys("space")
+    pilot.read("1 of these rest")
+    assert pilot.focused().name == "Cancel", "the plan's default is not to remove"
+    pilot.tab_to("Leave these out")
+    pilot.keys("space")
+    pilot.tab_to("Remove for good…")
+    pilot.keys("space")
+    pilot.find("Are you sure you want to delete selected threats?")
+    pilot.keys("Return")
+
+
+def check_summary(pilot, volume):
+    pilot.find("All threats are Removed")
+    for path in REMOVED:
+        assert not (volume / path).exists(), f"{path} is still there"
+    assert (volume / "Users/alice" / KEPT_BACK).exists(), "what was not selected is gone"
+    assert list(volume.rglob(WEAK)), "what was left out of the plan is gone"
+    rows = {cells[1]: cells[3] for cells in pilot.cells(pilot.find("Findings", "table"))}
+    assert rows["mdsa1331"] == "removed", rows
+    assert rows[".A_o_b_o"] == "exact path", rows
+
+
+def other_screens(pilot, screens):
+    screens.note("summary")
+    pilot.keys("ctrl+o")
+    pilot.find("Choose Folder…")
+    screens.note("open volume")
+    pilot.shot("9-open-volume")
+    pilot.keys("Escape")
+    pilot.keys("ctrl+1")
+    pilot.click("Schedule…")
+    pilot.find("Scan on a schedule")
+    screens.note("schedule")
+    pilot.shot("10-schedule")
+    pilot.keys("Escape")
+    pilot.keys("F1")
+    pilot.find("How Pryvane works")
+    screens.note("help")
+    pilot.shot("11-help")
+
+
+def compare(text, kept):
+    if os.environ.get("PRYVANE_KEEP"):
+        kept.write_text(text, encoding="utf-8")
+        return
+    difference = list(difflib.unified_diff(
+        kept.read_text(encoding="utf-8").splitlines(), text.splitlines(), "kept", "found", lineterm=""))
+    assert not difference, "what a screen reader finds has changed; PRYVANE_KEEP=1 keeps it\n" + \
+        "\n".join(difference)
+
+
+def main(way, program, make_volume, kept=None):
+    with desktop() as folder:
+        volume = folder / "MacintoshHD"
+        subprocess.run([make_volume, str(volume)], check=True, stdout=subprocess.DEVNULL)
+        heard = open(folder / "heard", "w+", encoding="utf-8")
+        listener = pathlib.Path(__file__).with_name("listener.py")
+        with started([str(listener)], stdout=heard):
+            wait_for("the listener", lambda: "listening" in (folder / "heard").read_text())
+            pilot = Pilot(program, "--volume", str(volume), "--user", "alice",
+                          screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
+            screens = Screens(pilot, folder)
+            try:
+                (by_mouse if way == "mouse" else by_keyboard)(pilot, screens)
+                check_summary(pilot, volume)
+                pilot.shot("8-summary")
+                if way == "mouse":
+                    other_screens(pilot, screens)
+            finally:
+                pilot.close()
+        told = (folder / "heard").read_text(encoding="utf-8")
+        for words in ("Potential Threats Detected", "Found: 11 potential threats.", "All threats are Removed",
+                      "Alert"):
+            assert words in told, f'a screen reader was not told "{words}":\n{told}'
+        if kept:
+            compare(screens.text, pathlib.Path(kept))
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
