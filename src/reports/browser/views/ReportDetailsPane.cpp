@@ -67,7 +67,8 @@ ReportDetailsPane::ReportDetailsPane(ReportViewController& controller, std::stri
     column->addWidget(m_notice);
     column->addWidget(m_banner);
     column->addWidget(m_progress);
-    column->addWidget(makeRemovalRow());
+    makeRemovalRow();
+    column->addWidget(m_removalRow);
     makeFindings(std::move(user));
     column->addWidget(m_findings, 1);
     m_progressUpdate.setInterval(kProgressUpdate);
@@ -80,7 +81,7 @@ QWidget* ReportDetailsPane::makeHead()
 {
     auto* back = makeButton("backToReports", tr("Reports"), "back");
     back->setAccessibleName(tr("Back to the reports"));
-    back->setShortcut(QKeySequence::Back);
+    back->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Left));
     m_type = ui::makeLabel(TextRole::Statement);
     m_type->setObjectName(QStringLiteral("reportKind"));
     m_print = makeButton("printReport", tr("Print…"), "print");
@@ -140,23 +141,21 @@ QLabel* ReportDetailsPane::addFact(QGridLayout& grid, int column, QLabel* title)
     return value;
 }
 
-QWidget* ReportDetailsPane::makeRemovalRow()
+void ReportDetailsPane::makeRemovalRow()
 {
     m_coverage = new CoverageView;
     m_failures = makeButton("reportFailures", tr("What stayed…"));
     m_remove = makeButton("quarantineBtn", tr("Remove…"));
-    ui::makeDestructive(*m_remove);
     connect(m_failures, &QPushButton::clicked, this, &ReportDetailsPane::failuresWanted);
     connect(m_remove, &QPushButton::clicked, this, &ReportDetailsPane::removeWanted);
-    auto* line = new QWidget;
-    auto* row = new QHBoxLayout(line);
+    m_banner->actions()->setSpacing(ui::kRelated);
+    m_banner->actions()->addWidget(m_failures);
+    m_removalRow = new QWidget;
+    auto* row = new QHBoxLayout(m_removalRow);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(ui::kRelated);
     row->addWidget(m_coverage, 1);
-    row->addStretch();
-    row->addWidget(m_failures);
     row->addWidget(m_remove);
-    return line;
 }
 
 void ReportDetailsPane::makeFindings(std::string user)
@@ -213,18 +212,26 @@ void ReportDetailsPane::showRemoval()
     m_progress->setVisible(removing);
     if (removing)
         m_progress->show(removal.progress());
-    const auto& banner = removal.banner();
-    const bool tells = banner && !m_banner->isVisibleTo(this);
-    m_banner->setVisible(banner.has_value());
-    if (banner) {
-        m_banner->setArtwork(ui::text(banner->background), ui::text(banner->icon));
-        m_banner->setStatement(ui::text(banner->informationText), ui::text(banner->resultText));
-    }
-    m_coverage->setVisible(!banner && !removing);
-    m_failures->setVisible(!removal.listUnDeleted().empty() && !removing);
+    m_removalRow->setVisible(!removal.banner() && !removing);
+    m_failures->setVisible(!removal.listUnDeleted().empty());
     m_remove->setVisible(!selection.quarantineBtnHide && !removing);
     m_remove->setEnabled(selection.quarantineBtn);
-    if (tells) {
+    showBanner();
+}
+
+/// The banner takes the place of the coverage, and the remove button with it.
+void ReportDetailsPane::showBanner()
+{
+    const auto& banner = m_controller.removal().banner();
+    const bool turns = banner.has_value() == m_banner->isHidden();
+    m_banner->setVisible(banner.has_value());
+    if (turns)
+        (banner ? m_banner->actions() : m_removalRow->layout())->addWidget(m_remove);
+    if (!banner)
+        return;
+    m_banner->setArtwork(ui::text(banner->background), ui::text(banner->icon));
+    m_banner->setStatement(ui::text(banner->informationText), ui::text(banner->resultText));
+    if (turns) {
         QAccessibleEvent told(m_banner, QAccessible::Alert);
         QAccessible::updateAccessibility(&told);
     }

@@ -48,10 +48,11 @@ private:
     void makeFindings(std::string user);
     [[nodiscard]] QWidget* makeHead();
     [[nodiscard]] QWidget* makeFacts();
-    [[nodiscard]] QWidget* makeRemovalRow();
+    void makeRemovalRow();
     QLabel* addFact(QGridLayout& grid, int column, QLabel* title);
     void showFacts();
     void showRemoval();
+    void showBanner();
     void showFindings();
 
     ReportViewController& m_controller;
@@ -67,6 +68,7 @@ private:
     ui::ColouredView* m_banner;
     RemovalProgressView* m_progress;
     CoverageView* m_coverage;
+    QWidget* m_removalRow;
     QPushButton* m_failures;
     QPushButton* m_remove;
     FindingsPane* m_findings;

@@ -45,9 +45,9 @@ std::vector<ui::Column> ReportsSource::columns()
             {.title = QObject::tr("State"), .width = 88},
             {.title = QObject::tr("When"), .width = 124},
             {.title = QObject::tr("Kind"), .stretches = true},
-            {.title = QObject::tr("Findings"), .width = 76, .isNumber = true},
-            {.title = QObject::tr("Duration"), .width = 136},
-            {.title = QObject::tr("Action"), .width = 88}};
+            {.title = QObject::tr("Duration"), .width = 140},
+            {.title = QObject::tr("Findings"), .width = 72, .isNumber = true},
+            {.title = QObject::tr("Action"), .width = 92}};
 }
 
 const ReportRow& ReportsSource::texts(int row) const

@@ -5,10 +5,10 @@
 
 namespace pryvane {
 
-/// The reports of the list as rows of a table: state, date, kind, findings, duration, action.
+/// The reports of the list as rows of a table: state, date, kind, duration, findings, action.
 class ReportsSource final : public ui::RowSource {
 public:
-    enum Column : int { Edge, State, When, Kind, Findings, Duration, Action };
+    enum Column : int { Edge, State, When, Kind, Duration, Findings, Action };
 
     explicit ReportsSource(const ReportRows& rows) : m_rows(rows) {}
 
