@@ -47,7 +47,7 @@ std::vector<ui::Column> ReportsSource::columns()
             {.title = QObject::tr("Kind"), .stretches = true},
             {.title = QObject::tr("Duration"), .width = 140},
             {.title = QObject::tr("Findings"), .width = 72, .isNumber = true},
-            {.title = QObject::tr("Action"), .width = 92}};
+            {.width = 92}};
 }
 
 const ReportRow& ReportsSource::texts(int row) const
