@@ -68,17 +68,15 @@ ReportBrowserView::ReportBrowserView(ReportViewController& controller, Services 
     showState();
 }
 
-ReportBrowserView::~ReportBrowserView()
-{
-    m_controller.setPrintQuestion({});
-}
-
 void ReportBrowserView::followController()
 {
     connect(&m_controller, &ReportViewController::listChanged, m_list, &ReportListPane::showRows);
     connect(&m_controller, &ReportViewController::stateChanged, this,
             &ReportBrowserView::showState);
-    m_controller.setPrintQuestion([this] { openPreview(); });
+    m_controller.setPrintQuestion([view = QPointer(this)] {
+        if (view)
+            view->openPreview();
+    });
     BrowserPanelSheet::follow(this, m_controller.removal().panel());
 }
 

@@ -34,7 +34,6 @@ public:
     /// From now on the controller's print action opens the preview.
     ReportBrowserView(ReportViewController& controller, Services services,
                       QWidget* parent = nullptr);
-    ~ReportBrowserView() override;
 
     /// Puts the keyboard into the search box of the list, or the filter of the details.
     void focusFilter();

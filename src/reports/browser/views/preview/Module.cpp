@@ -42,6 +42,12 @@ private:
     QPdfDocument m_document; // before its buffer goes
 };
 
+/// Whether it ends as a document does. The library loses memory over one that was cut short.
+bool isWhole(const std::string& pdf)
+{
+    return pdf.starts_with("%PDF-") && pdf.find("%%EOF") != std::string::npos;
+}
+
 /// The document is made already: what would change its pages is not offered.
 void hidePageOptions(const QPrintDialog& dialog)
 {
@@ -60,6 +66,8 @@ extern "C" {
 
 __attribute__((visibility("default"))) DocumentPages* pryvaneOpenDocument(const std::string& pdf)
 {
+    if (!isWhole(pdf))
+        return nullptr;
     auto pages = std::make_unique<PdfPages>(pdf);
     return pages->count() > 0 ? pages.release() : nullptr;
 }
