@@ -85,6 +85,14 @@ std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups)
     return rows;
 }
 
+std::int64_t selectedBytes(std::span<const ToolGroup> groups)
+{
+    std::int64_t bytes = 0;
+    for (const CleaningRow& row : selectedRows(groups))
+        bytes += row.location.bytes;
+    return bytes;
+}
+
 CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const std::string> running,
                                 Remover& remover, const StopFlag& stop)
 {
@@ -93,6 +101,7 @@ CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const s
     std::vector<const CleaningRow*> all;
     for (CleaningRow& row : preview.rows) {
         all.push_back(&row);
+        row.blockedBy.clear();
         if (!row.location.browser.empty() &&
             std::find(running.begin(), running.end(), row.location.browser) != running.end())
             row.blockedBy = row.location.browser;

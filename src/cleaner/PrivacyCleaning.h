@@ -58,8 +58,12 @@ inline constexpr const char* kCleanedText = "You have successfully cleared selec
 /// The locations of the ticked items of all groups; each location once.
 [[nodiscard]] std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups);
 
-/// Looks at what the rows would take away. `running` are the display names of the applications
-/// that run on the volume. Blocks. After a stop the rows not reached have an empty forecast.
+/// What those locations take, as measured; one below another counts twice.
+[[nodiscard]] std::int64_t selectedBytes(std::span<const ToolGroup> groups);
+
+/// Looks at what the rows would take away; their ticks stay. `running` are the display names of the
+/// applications that run on the volume. Blocks. After a stop the rows not reached have an empty
+/// forecast.
 [[nodiscard]] CleaningPreview previewCleaning(std::vector<CleaningRow> rows,
                                               std::span<const std::string> running,
                                               Remover& remover, const StopFlag& stop);
