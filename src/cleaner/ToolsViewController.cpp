@@ -86,7 +86,7 @@ void ToolsViewController::BGscanDone()
 
 void ToolsViewController::setChecked(std::size_t group, std::size_t item, bool checked)
 {
-    if (group >= m_availbleApp.size() || item >= m_availbleApp[group].List.size())
+    if (!canTick() || group >= m_availbleApp.size() || item >= m_availbleApp[group].List.size())
         return;
     ToolGroup& owner = m_availbleApp[group];
     owner.List[item].isChecked = checked && owner.List[item].isEnabled;
@@ -98,7 +98,7 @@ void ToolsViewController::setChecked(std::size_t group, std::size_t item, bool c
 
 void ToolsViewController::setGroupChecked(std::size_t group, bool checked)
 {
-    if (group >= m_availbleApp.size())
+    if (!canTick() || group >= m_availbleApp.size())
         return;
     ToolGroup& owner = m_availbleApp[group];
     owner.isChecked = checked && owner.isEnabled;

@@ -57,7 +57,8 @@ public:
     /// Ends what is under way as soon as it can; what was found or removed by then stands.
     void stop() { m_stop.request(); }
 
-    /// Ticks what can be ticked: items with something to clean.
+    /// Ticks what can be ticked: items with something to clean. Groups that have arrived may be
+    /// ticked while others still do.
     void setChecked(std::size_t group, std::size_t item, bool checked);
     void setGroupChecked(std::size_t group, bool checked);
 
@@ -75,6 +76,10 @@ public:
     void cleanAndReloadData();
 
     [[nodiscard]] State state() const { return m_state; }
+    [[nodiscard]] bool canTick() const
+    {
+        return m_state == State::Idle || m_state == State::Scanning;
+    }
     /// Whether a scan has ended by itself; one that was stopped left groups out.
     [[nodiscard]] bool isMeasured() const { return m_isMeasured; }
     [[nodiscard]] const std::vector<ToolGroup>& availbleApp() const { return m_availbleApp; }

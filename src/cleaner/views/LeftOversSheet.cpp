@@ -1,0 +1,60 @@
+#include "cleaner/views/LeftOversSheet.h"
+
+#include "core/Escape.h"
+#include "ui/Labels.h"
+#include "ui/RowTable.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace pryvane {
+
+namespace {
+
+constexpr int kRowsInSight = 8;
+
+} // namespace
+
+ui::Cell LeftOversSheet::Source::cell(int row, int column) const
+{
+    const LeftOver& left = m_stayed[static_cast<std::size_t>(row)];
+    switch (column) {
+    case 1:
+        return {.text = ui::text(forScreen(left.item))};
+    case 2:
+        return {.text = ui::text(forScreen(left.url.relativePath()))};
+    case 3:
+        return {.text = ui::text(forScreen(left.reason)),
+                .iconName = QStringLiteral("attention"),
+                .meaning = ui::Meaning::Attention};
+    default:
+        return {};
+    }
+}
+
+LeftOversSheet::LeftOversSheet(QWidget* over, std::vector<LeftOver> stayed)
+    : Sheet(over, tr("What stayed")), m_source(std::move(stayed)),
+      m_model(m_source, {{.width = 8},
+                         {.title = tr("Item"), .width = 150},
+                         {.title = tr("Location"), .stretches = true, .isPath = true},
+                         {.title = tr("Why it stayed, and what to do"), .stretches = true}}),
+      m_table(new ui::RowTable(m_model, tr("What stayed")))
+{
+    setObjectName(QStringLiteral("leftOversSheet"));
+    m_table->setObjectName(QStringLiteral("leftOvers"));
+    m_table->setMinimumHeight(ui::kTarget * (2 + std::min(kRowsInSight, m_source.count())));
+    body()->addWidget(m_table, 1);
+    auto* close = new QPushButton(tr("Close"));
+    connect(close, &QPushButton::clicked, this, &Sheet::dismiss);
+    buttons()->addWidget(close);
+    setWidth(860);
+}
+
+void LeftOversSheet::present()
+{
+    Sheet::present(m_table);
+}
+
+} // namespace pryvane
