@@ -275,6 +275,7 @@ GroupList::GroupList(ToolsViewController& controller, QWidget* parent)
 
 GroupList::~GroupList()
 {
+    m_refreshing = true; // nobody is left to be told
     setModel(nullptr);
 }
 
