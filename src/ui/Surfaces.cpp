@@ -74,6 +74,8 @@ void ColouredView::setArtwork(const QString& background, const QString& badge)
 
 void ColouredView::setStatement(const QString& statement, const QString& detail)
 {
+    if (m_statement->text() == statement && m_detail->text() == detail)
+        return; // a screen reader would say it again
     m_statement->setText(statement);
     m_detail->setText(detail);
     m_detail->setVisible(!detail.isEmpty());

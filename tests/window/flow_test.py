@@ -164,6 +164,9 @@ def main(way, program, make_volume, kept=None):
                 pilot.shot("8-summary")
                 if way == "mouse":
                     other_screens(pilot, screens)
+            except Exception:
+                pilot.shot("failure"); print((folder / "heard").read_text()[-1500:])
+                raise
             finally:
                 pilot.close()
         told = (folder / "heard").read_text(encoding="utf-8")

@@ -128,7 +128,9 @@ def main(program, make_volume):
         volume = folder / "MacintoshHD"
         subprocess.run([make_volume, str(volume)], check=True, stdout=subprocess.DEVNULL)
         hosted = folder / "hosted"
-        with started(["dunst"], stderr=subprocess.DEVNULL), \
+        placed = folder / "dunstrc"  # where nothing is clicked
+        placed.write_text("[global]\norigin = bottom-left\nnotification_limit = 1\n")
+        with started(["dunst", "-config", str(placed)], stderr=subprocess.DEVNULL), \
                 started([str(HERE / "status_host.py")], stdout=open(hosted, "w", encoding="utf-8")):
             wait_for("the status host", lambda: "watching" in hosted.read_text())
             check_login(program, folder)

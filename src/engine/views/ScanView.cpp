@@ -183,11 +183,12 @@ void ScanView::showStatement()
 void ScanView::showFindings()
 {
     const bool scanning = m_controller.isScanning();
-    m_findings->setEmptyText(scanning ? tr("Nothing found so far.")
-                             : m_controller.report()
-                                 ? tr("The last scan found nothing.")
-                                 : tr("Findings are listed here, each with the reason why it was "
-                                      "found."));
+    if (m_controller.results().records().empty())
+        m_findings->setEmptyText(scanning ? tr("Nothing found so far.")
+                                 : m_controller.report()
+                                     ? tr("The last scan found nothing.")
+                                     : tr("Findings are listed here, each with the reason why it "
+                                          "was found."));
     m_findings->setSelectable(!isBusy());
     m_findings->showRecords(m_controller.results().shared());
 }
