@@ -4,6 +4,8 @@
 #include "ui/Labels.h"
 #include "ui/RowTable.h"
 
+#include <QItemSelectionModel>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -37,15 +39,25 @@ ui::Cell LeftOversSheet::Source::cell(int row, int column) const
 LeftOversSheet::LeftOversSheet(QWidget* over, std::vector<LeftOver> stayed)
     : Sheet(over, tr("What stayed")), m_source(std::move(stayed)),
       m_model(m_source, {{.width = 8},
-                         {.title = tr("Item"), .width = 150},
+                         {.title = tr("Item"), .width = 120},
                          {.title = tr("Location"), .stretches = true, .isPath = true},
                          {.title = tr("Why it stayed, and what to do"), .stretches = true}}),
-      m_table(new ui::RowTable(m_model, tr("What stayed")))
+      m_table(new ui::RowTable(m_model, tr("What stayed"))),
+      m_reason(ui::makeLabel(ui::TextRole::Body))
 {
     setObjectName(QStringLiteral("leftOversSheet"));
     m_table->setObjectName(QStringLiteral("leftOvers"));
     m_table->setMinimumHeight(ui::kTarget * (2 + std::min(kRowsInSight, m_source.count())));
+    m_reason->setObjectName(QStringLiteral("leftOverReason"));
+    m_reason->setWordWrap(true);
+    m_reason->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_reason->setFocusPolicy(Qt::NoFocus);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& index) {
+                m_reason->setText(index.siblingAtColumn(3).data().toString());
+            });
     body()->addWidget(m_table, 1);
+    body()->addWidget(m_reason);
     auto* close = new QPushButton(tr("Close"));
     connect(close, &QPushButton::clicked, this, &Sheet::dismiss);
     buttons()->addWidget(close);
@@ -54,6 +66,7 @@ LeftOversSheet::LeftOversSheet(QWidget* over, std::vector<LeftOver> stayed)
 
 void LeftOversSheet::present()
 {
+    m_table->setCurrentIndex(m_model.index(0, 1));
     Sheet::present(m_table);
 }
 

@@ -4,7 +4,13 @@
 #include "ui/RowModel.h"
 #include "ui/Sheet.h"
 
+class QLabel;
+
 namespace pryvane {
+
+namespace ui {
+class RowTable;
+}
 
 /// What a cleaning was to take and could not, each with the reason.
 class LeftOversSheet final : public ui::Sheet {
@@ -33,7 +39,8 @@ private:
 
     Source m_source;
     ui::RowModel m_model;
-    QWidget* m_table;
+    ui::RowTable* m_table;
+    QLabel* m_reason; ///< of the current row, whole
 };
 
 } // namespace pryvane

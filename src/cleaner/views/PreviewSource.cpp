@@ -21,8 +21,7 @@ ui::Cell noteCell(const CleaningRow& row)
                         .meaning = ui::Meaning::Attention};
     };
     if (!row.blockedBy.empty())
-        return hindrance(
-            QObject::tr("stays: %1 is running").arg(ui::text(forScreen(row.blockedBy))));
+        return hindrance(QObject::tr("%1 is running").arg(ui::text(forScreen(row.blockedBy))));
     if (row.forecast.obstacle != RemovalObstacle::None)
         return hindrance(
             ui::text(forScreen(obstacleText(row.forecast.obstacle, row.forecast.detail))));
@@ -37,9 +36,9 @@ std::vector<ui::Column> PreviewSource::columns()
 {
     return {{.title = QObject::tr("To be cleared"), .width = 40},
             {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
-            {.title = QObject::tr("Entries"), .width = 76, .isNumber = true},
+            {.title = QObject::tr("Entries"), .width = 64, .isNumber = true},
             {.title = QObject::tr("Size"), .width = 90, .isNumber = true},
-            {.title = QObject::tr("Forecast"), .width = 176}};
+            {.title = QObject::tr("Forecast"), .width = 212}};
 }
 
 int PreviewSource::count() const

@@ -41,7 +41,7 @@ QWidget* ToolsView::makePages()
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
+    row->setSpacing(4);
     auto* choice = new QButtonGroup(this);
     const auto add = [&](const QString& name, const char* objectName, Page page) {
         auto* button = new QPushButton(name);
