@@ -20,14 +20,6 @@ using State = ToolsViewController::State;
 
 constexpr int kLook = 100; // ms between two looks at the progress
 
-std::int64_t allBytes(const ToolsViewController& controller)
-{
-    std::int64_t bytes = 0;
-    for (const ToolGroup& group : controller.availbleApp())
-        bytes += group.bytes;
-    return bytes;
-}
-
 QPushButton* makeButton(const QString& title, const char* name)
 {
     auto* button = new QPushButton(title);
@@ -123,7 +115,7 @@ void ToolsStatus::showState()
 
 void ToolsStatus::showStatement()
 {
-    const std::int64_t bytes = allBytes(m_controller);
+    const std::int64_t bytes = allBytes(m_controller.availbleApp());
     const QString size = ui::text(sizeText(bytes));
     const bool known = !m_controller.availbleApp().empty();
     m_measure->setText(known ? tr("Measure again") : tr("Measure"));
