@@ -1,8 +1,8 @@
 #include "cleaner/views/PrivacyPane.h"
 
+#include "cleaner/views/CleaningPreviewSheet.h"
 #include "cleaner/views/GroupList.h"
 #include "cleaner/views/LeftOversSheet.h"
-#include "cleaner/views/PreviewSheet.h"
 #include "cleaner/views/ToolsStatus.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
@@ -151,8 +151,9 @@ void PrivacyPane::openPreview(bool listed)
     m_controller.previewSelected();
     if (m_controller.state() != State::Looking)
         return;
-    using Listing = PreviewSheet::Listing;
-    (new PreviewSheet(this, m_controller, listed ? Listing::Open : Listing::OnRequest))->present();
+    using Listing = CleaningPreviewSheet::Listing;
+    (new CleaningPreviewSheet(this, m_controller, listed ? Listing::Open : Listing::OnRequest))
+        ->present();
 }
 
 void PrivacyPane::showLeftOvers()

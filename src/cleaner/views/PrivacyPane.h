@@ -16,7 +16,7 @@ class RowTable;
 namespace pryvane {
 
 class GroupList;
-class PreviewSheet;
+class CleaningPreviewSheet;
 class ToolsStatus;
 
 /// What can be cleared: groups left, the chosen group's items right, what is ticked at the foot.

@@ -17,14 +17,14 @@ class RowTable;
 
 /// What clearing would take away, to be unticked before anything goes, with the browsers to be
 /// closed first. Follows the controller; whoever closes it cancels. Cancel is the default.
-class PreviewSheet final : public ui::Sheet {
+class CleaningPreviewSheet final : public ui::Sheet {
     Q_OBJECT
 
 public:
     /// Whether the locations are listed at once, or only once they are asked for.
     enum class Listing : bool { OnRequest, Open };
 
-    PreviewSheet(QWidget* over, ToolsViewController& controller, Listing listing);
+    CleaningPreviewSheet(QWidget* over, ToolsViewController& controller, Listing listing);
     void present();
 
 private:

@@ -1,4 +1,4 @@
-#include "cleaner/views/PreviewSheet.h"
+#include "cleaner/views/CleaningPreviewSheet.h"
 
 #include "core/Escape.h"
 #include "core/Texts.h"
@@ -33,7 +33,8 @@ QPushButton* makeButton(const QString& title, const char* name)
 
 } // namespace
 
-PreviewSheet::PreviewSheet(QWidget* over, ToolsViewController& controller, Listing listing)
+CleaningPreviewSheet::CleaningPreviewSheet(QWidget* over, ToolsViewController& controller,
+                                           Listing listing)
     : Sheet(over, tr("What would be cleared")), m_controller(controller), m_source(controller),
       m_model(m_source, PreviewSource::columns()),
       m_table(new ui::RowTable(m_model, tr("What would be cleared"))), m_pages(new QStackedWidget),
@@ -54,7 +55,7 @@ PreviewSheet::PreviewSheet(QWidget* over, ToolsViewController& controller, Listi
 }
 
 /// The panel that asks to close running browsers.
-QWidget* PreviewSheet::makeBrowserPanel()
+QWidget* CleaningPreviewSheet::makeBrowserPanel()
 {
     auto* panel = new ui::Card;
     panel->setObjectName(QStringLiteral("closeBrowsers"));
@@ -76,7 +77,7 @@ QWidget* PreviewSheet::makeBrowserPanel()
     return panel;
 }
 
-void PreviewSheet::layOut()
+void CleaningPreviewSheet::layOut()
 {
     auto* busy = new QWidget;
     auto* looking = new QHBoxLayout(busy);
@@ -101,11 +102,11 @@ void PreviewSheet::layOut()
     buttons()->addWidget(m_clear);
 }
 
-void PreviewSheet::follow()
+void CleaningPreviewSheet::follow()
 {
     m_update.setSingleShot(true);
     m_update.setInterval(0);
-    connect(&m_update, &QTimer::timeout, this, &PreviewSheet::showState);
+    connect(&m_update, &QTimer::timeout, this, &CleaningPreviewSheet::showState);
     connect(&m_controller, &ToolsViewController::stateChanged, this, [this] {
         if (!m_update.isActive())
             m_update.start();
@@ -130,19 +131,19 @@ void PreviewSheet::follow()
     });
 }
 
-void PreviewSheet::present()
+void CleaningPreviewSheet::present()
 {
     Sheet::present(m_cancel);
 }
 
-void PreviewSheet::setListed(bool listed)
+void CleaningPreviewSheet::setListed(bool listed)
 {
     m_list->setVisible(!listed);
     m_pages->setMinimumHeight(listed ? kTableHeight : kShortHeight);
     setWidth(listed ? 860 : 560);
 }
 
-void PreviewSheet::showState()
+void CleaningPreviewSheet::showState()
 {
     const State state = m_controller.state();
     if (state != State::Looking && state != State::Previewing)
@@ -161,7 +162,7 @@ void PreviewSheet::showState()
     showTotals();
 }
 
-void PreviewSheet::showTotals()
+void CleaningPreviewSheet::showTotals()
 {
     const CleaningPreview& preview = m_controller.preview();
     const CleaningPreview::Totals totals = preview.totals();
