@@ -22,12 +22,6 @@ namespace pryvane {
 struct ScanDisplay;
 struct ScanState;
 
-/// How many of the records of a removal have been dealt with.
-struct RemovalProgress {
-    std::size_t done = 0;
-    std::size_t total = 0;
-};
-
 /// The removing half of the scan screen: selection, plan, confirmation, browsers, removal, summary.
 /// Main thread only; plans are made and files removed on threads that end with it.
 class ThreatRemoval final : public FourceQuitBrowserDelegate {

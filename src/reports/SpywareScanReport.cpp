@@ -50,6 +50,15 @@ SpywareScanReport::ScanReportWithSpywareList(std::shared_ptr<SpywareList> list, 
     return report;
 }
 
+SpywareScanReport SpywareScanReport::independentCopy() const
+{
+    SpywareScanReport copy = *this;
+    copy.spyWareList = std::make_shared<SpywareList>();
+    for (const auto& record : *spyWareList)
+        copy.spyWareList->push_back(std::make_shared<Spyware>(*record));
+    return copy;
+}
+
 void SpywareScanReport::derive(Date now)
 {
     reportDateDisplay = relativeDateStringForDate(scanDate, now);

@@ -30,6 +30,9 @@ public:
     ScanReportWithSpywareList(std::shared_ptr<SpywareList> list, Date date,
                               std::string_view durations, std::string_view reportType, Date now);
 
+    /// The report as it is now with records of its own, for another thread.
+    [[nodiscard]] SpywareScanReport independentCopy() const;
+
     /// Sets what follows from the other fields: reportDateDisplay, redGreen and openTrash.
     void derive(Date now);
 

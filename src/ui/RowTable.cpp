@@ -6,15 +6,18 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <numeric>
 
 namespace pryvane::ui {
 
 namespace {
 
 constexpr int kRowHeight = 34;
+constexpr int kLeastStretched = 120;
+constexpr int kNarrow = 96; ///< columns up to this width are never squeezed
 constexpr std::size_t kHeadingsSpanned = 500;
 
-/// Rows parted by a hairline, ticks centred in their column, and one ring around the current row.
+/// Rows parted by a hairline, the selected ones tinted.
 class RowDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -27,6 +30,7 @@ public:
         if ((option.state & QStyle::State_Selected) != 0) {
             QColor ground = option.palette.color(QPalette::Highlight);
             ground.setAlphaF(0.14F);
+            painter->fillRect(option.rect, option.palette.color(QPalette::Base)); // over the view's
             painter->fillRect(option.rect, ground);
             cell.state.setFlag(QStyle::State_Selected, false);
         }
@@ -105,6 +109,38 @@ void RowTable::keyPressEvent(QKeyEvent* event)
     QTableView::keyPressEvent(event);
 }
 
+void RowTable::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    const QModelIndex current = currentIndex();
+    if (!hasFocus() || !current.isValid())
+        return;
+    const QRect first = visualRect(current.siblingAtColumn(0));
+    const QRect row(0, first.top(), viewport()->width(), first.height());
+    QPainter painter(viewport());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRoundedRect(QRectF(row).adjusted(1, 1, -1, -1), 4, 4);
+}
+
+void RowTable::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    viewport()->update(); // for the ring
+}
+
+void RowTable::focusOutEvent(QFocusEvent* event)
+{
+    QTableView::focusOutEvent(event);
+    viewport()->update();
+}
+
+void RowTable::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    viewport()->update();
+}
+
 void RowTable::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
@@ -137,23 +173,33 @@ void RowTable::resizeEvent(QResizeEvent* event)
     fitColumns();
 }
 
-/// Fixed columns keep their widths, the stretching ones share what is left.
+/// Fixed columns keep their widths, the stretching ones share what is left. Where nothing is left
+/// the wide fixed ones give way.
 void RowTable::fitColumns()
 {
     const auto& columns = m_model.columns();
+    const int room = viewport()->width();
     const double scale = fontMetrics().height() / 17.0; // widths were chosen at this text height
-    int fixed = 0, stretching = 0;
-    const auto widthOf = [&](const Column& column) {
-        return std::max(column.width, static_cast<int>(column.width * scale));
-    };
+    std::vector<int> widths;
+    int fixed = 0, wide = 0, stretching = 0;
     for (const Column& column : columns) {
-        fixed += column.stretches ? 0 : widthOf(column);
+        const int width = static_cast<int>(column.width * std::max(1.0, scale));
+        widths.push_back(column.stretches ? 0 : width);
+        fixed += widths.back();
+        wide += column.width > kNarrow ? widths.back() : 0;
         stretching += column.stretches ? 1 : 0;
     }
-    const int left = std::max(0, viewport()->width() - fixed) / std::max(1, stretching);
+    const int missing = fixed + stretching * kLeastStretched - room;
+    if (missing > 0 && wide > 0) {
+        const double squeeze = std::max(0.6, 1.0 - double(missing) / wide);
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            widths[i] = columns[i].width > kNarrow ? int(widths[i] * squeeze) : widths[i];
+        fixed = std::accumulate(widths.begin(), widths.end(), 0);
+    }
+    const int left = (room - fixed) / std::max(1, stretching);
     for (std::size_t i = 0; i < columns.size(); ++i)
         setColumnWidth(static_cast<int>(i),
-                       columns[i].stretches ? std::max(left, 120) : widthOf(columns[i]));
+                       columns[i].stretches ? std::max(left, kLeastStretched) : widths[i]);
 }
 
 } // namespace pryvane::ui

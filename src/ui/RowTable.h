@@ -7,7 +7,7 @@
 namespace pryvane::ui {
 
 /// The table of a RowModel: whole rows, Space ticks, Ctrl+A ticks all that is shown, Return and a
-/// double click activate, the menu key opens the row's menu.
+/// double click activate, the menu key opens the row's menu. A ring marks the current row.
 class RowTable final : public QTableView {
     Q_OBJECT
 
@@ -23,8 +23,12 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent*) override;
+    void paintEvent(QPaintEvent*) override;
+    void focusInEvent(QFocusEvent*) override;
+    void focusOutEvent(QFocusEvent*) override;
     void contextMenuEvent(QContextMenuEvent*) override;
     void resizeEvent(QResizeEvent*) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
     void fitColumns();

@@ -24,12 +24,13 @@ namespace pryvane {
 
 using ui::TextRole;
 
-FindingsPane::FindingsPane(std::string user, FindingsSource::Ticked ticked, QWidget* parent)
-    : Card(parent), m_source(std::move(user), std::move(ticked)),
-      m_model(m_source, FindingsSource::columns()),
+FindingsPane::FindingsPane(std::string user, FindingsSource::Ticked ticked, FindingsSource::Of of,
+                           QWidget* parent)
+    : Card(parent), m_source(std::move(user), std::move(ticked), of),
+      m_model(m_source, FindingsSource::columns(of)),
       m_table(new ui::RowTable(m_model, tr("Findings"))),
       m_empty(new ui::EmptyState(QStringLiteral("scan"), {})), m_list(new QStackedWidget),
-      m_remoteDesktop(new RemoteDesktopCell)
+      m_remoteDesktop(new RemoteDesktopCell(of == FindingsSource::Of::Scan))
 {
     m_table->setObjectName(QStringLiteral("findings"));
     m_list->addWidget(m_empty);
@@ -88,7 +89,8 @@ void FindingsPane::showRecords(const std::shared_ptr<const SpywareList>& records
         m_table->takeAppended();
     }
     const auto remoteDesktop = m_source.remoteDesktopRow();
-    m_remoteDesktop->setVisible(remoteDesktop && !m_source.record(*remoteDesktop).isDeleted);
+    m_remoteDesktop->setVisible(remoteDesktop && m_source.record(*remoteDesktop).isAvail &&
+                                !m_source.record(*remoteDesktop).isDeleted);
 }
 
 void FindingsPane::setSelectable(bool selectable)

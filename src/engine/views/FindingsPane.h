@@ -22,11 +22,14 @@ class FindingsPane final : public ui::Card {
     Q_OBJECT
 
 public:
-    FindingsPane(std::string user, FindingsSource::Ticked ticked, QWidget* parent = nullptr);
+    FindingsPane(std::string user, FindingsSource::Ticked ticked,
+                 FindingsSource::Of of = FindingsSource::Of::Scan, QWidget* parent = nullptr);
 
     /// Shows this list, which may have grown at its end since it was last given.
     void showRecords(const std::shared_ptr<const SpywareList>& records);
     void setSelectable(bool selectable);
+    /// Whether the disk of a report's findings is the one that is looked at.
+    void setPresenceKnown(bool known) { m_source.setPresenceKnown(known); }
     /// Ticks or outcomes have changed.
     void refresh();
     void setEmptyText(const QString& sentence);

@@ -2,24 +2,24 @@
 
 #include "core/Escape.h"
 #include "core/Texts.h"
-#include "signatures/Catalogue.h"
+#include "signatures/RemoteDesktop.h"
 #include "ui/Labels.h"
 
 #include <QObject>
 
 namespace pryvane {
 
-FindingsSource::FindingsSource(std::string user, Ticked ticked)
-    : m_user(std::move(user)), m_ticked(std::move(ticked))
+FindingsSource::FindingsSource(std::string user, Ticked ticked, Of of)
+    : m_user(std::move(user)), m_ticked(std::move(ticked)), m_of(of)
 {
 }
 
-std::vector<ui::Column> FindingsSource::columns()
+std::vector<ui::Column> FindingsSource::columns(Of of)
 {
     return {{.title = QObject::tr("Selected"), .width = 40},
             {.title = QObject::tr("Name"), .width = 150},
             {.title = QObject::tr("Threat"), .width = 150},
-            {.title = QObject::tr("Evidence"), .width = 136},
+            {.title = of == Of::Scan ? QObject::tr("Evidence") : QObject::tr("Now"), .width = 136},
             {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
             {.title = QObject::tr("Size"), .width = 80, .isNumber = true}};
 }
@@ -34,14 +34,25 @@ void FindingsSource::setRecords(std::shared_ptr<const SpywareList> records)
 
 int FindingsSource::selectableCount() const
 {
-    return count() - (remoteDesktopRow() ? 1 : 0);
+    if (m_of == Of::Scan)
+        return count() - (remoteDesktopRow() ? 1 : 0);
+    int selectable = 0;
+    for (int row = 0; row < count(); ++row)
+        selectable += isSelectable(row) ? 1 : 0;
+    return selectable;
+}
+
+bool FindingsSource::isSelectable(int row) const
+{
+    const Spyware& found = record(row);
+    return !found.isDeleted && !isRemoteDesktop(found) && (m_of == Of::Scan || found.isAvail);
 }
 
 /// Looks at each row once only: the list may be long, and grow.
 std::optional<int> FindingsSource::remoteDesktopRow() const
 {
     for (; m_lookedAt < count(); ++m_lookedAt)
-        if (hidden(m_lookedAt))
+        if (isRemoteDesktop(record(m_lookedAt)))
             m_remoteDesktop = m_lookedAt;
     return m_remoteDesktop;
 }
@@ -124,20 +135,37 @@ ui::Cell FindingsSource::evidenceOrOutcome(int row) const
                 .meaning = ui::Meaning::Found,
                 .number = -2,
                 .tooltip = ui::text(forScreen(found.removalFailure))};
-    return evidenceCell(evidence(row));
+    return m_of == Of::Scan ? evidenceCell(evidence(row)) : presence(row);
+}
+
+ui::Cell FindingsSource::presence(int row) const
+{
+    if (!m_presenceKnown)
+        return {.text = QObject::tr("not known"),
+                .iconName = QStringLiteral("info"),
+                .number = 2,
+                .tooltip = QObject::tr("This report is of another volume.")};
+    if (record(row).isAvail)
+        return {.text = QObject::tr("still there"),
+                .iconName = QStringLiteral("found"),
+                .meaning = ui::Meaning::Found,
+                .number = 0};
+    return {.text = QObject::tr("gone"),
+            .iconName = QStringLiteral("gone"),
+            .meaning = ui::Meaning::Clean,
+            .number = 1};
 }
 
 std::optional<bool> FindingsSource::ticked(int row) const
 {
-    const Spyware& found = record(row);
-    if (!m_selectable || found.isDeleted || isRemoteDesktop(found))
+    if (!m_selectable || !isSelectable(row))
         return std::nullopt;
-    return found.isChecked;
+    return record(row).isChecked;
 }
 
 bool FindingsSource::hidden(int row) const
 {
-    return isRemoteDesktop(record(row));
+    return m_of == Of::Scan && isRemoteDesktop(record(row));
 }
 
 void FindingsSource::tick(const std::vector<int>& rows, bool on)
@@ -162,11 +190,6 @@ QString FindingsSource::searchText(int row) const
 bool FindingsSource::faded(int row) const
 {
     return !record(row).isAvail || record(row).isDeleted;
-}
-
-bool isRemoteDesktop(const Spyware& record)
-{
-    return record.name == catalogue::kRemoteDesktopName;
 }
 
 ui::Cell evidenceCell(Evidence evidence)

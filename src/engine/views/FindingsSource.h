@@ -12,28 +12,33 @@
 
 namespace pryvane {
 
-/// The findings of a scan as rows of a table: tick, name, threat, evidence, location, size.
+/// Findings as rows of a table: tick, name, threat, evidence, location, size. Those of a stored
+/// report tell what is still there in place of the evidence.
 class FindingsSource final : public ui::RowSource {
 public:
     enum Column : int { Tick, Name, Threat, EvidenceColumn, Location, Size, ColumnCount };
     enum Grouping : int { None, ByThreat, ByFolder };
 
+    enum class Of : std::uint8_t { Scan, Report };
+
     /// Tells which rows were ticked or unticked.
     using Ticked = std::function<void(const std::vector<int>& rows, bool on)>;
 
     /// `user` is the short name for which the rules are filled in.
-    FindingsSource(std::string user, Ticked ticked);
+    FindingsSource(std::string user, Ticked ticked, Of of);
 
-    [[nodiscard]] static std::vector<ui::Column> columns();
+    [[nodiscard]] static std::vector<ui::Column> columns(Of of);
 
     /// The list to show. Null: nothing.
     void setRecords(std::shared_ptr<const SpywareList> records);
     [[nodiscard]] const std::shared_ptr<const SpywareList>& records() const { return m_records; }
     /// Whether rows can be ticked now.
     void setSelectable(bool selectable) { m_selectable = selectable; }
+    /// Whether the disk of a report's findings is the one that is looked at.
+    void setPresenceKnown(bool known) { m_presenceKnown = known; }
     /// Rows that can be selected, at the best of times.
     [[nodiscard]] int selectableCount() const;
-    /// The row of the remote-desktop finding, which is shown apart; none without.
+    /// The row of the remote-desktop finding, which a scan shows apart; none without.
     [[nodiscard]] std::optional<int> remoteDesktopRow() const;
     [[nodiscard]] const Spyware& record(int row) const;
 
@@ -52,19 +57,20 @@ public:
 
 private:
     [[nodiscard]] ui::Cell evidenceOrOutcome(int row) const;
+    [[nodiscard]] ui::Cell presence(int row) const;
+    [[nodiscard]] bool isSelectable(int row) const;
     [[nodiscard]] Explanation explained(int row) const;
 
     std::string m_user;
     Ticked m_ticked;
+    const Of m_of;
+    bool m_presenceKnown = true;
     std::shared_ptr<const SpywareList> m_records;
     bool m_selectable = true;
     mutable int m_lookedAt = 0; ///< the first row not yet looked at for the next one
     mutable std::optional<int> m_remoteDesktop;
     mutable std::unordered_map<const Spyware*, Evidence> m_evidence; ///< what was asked for already
 };
-
-/// Whether the record stands for remote desktop, which is switched off rather than removed.
-[[nodiscard]] bool isRemoteDesktop(const Spyware& record);
 
 /// Icon and word of that evidence.
 [[nodiscard]] ui::Cell evidenceCell(Evidence evidence);

@@ -10,7 +10,7 @@
 
 namespace pryvane {
 
-RemoteDesktopCell::RemoteDesktopCell(QWidget* parent) : QWidget(parent)
+RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("ARDCell"));
     auto* picture = new QLabel;
@@ -24,6 +24,7 @@ RemoteDesktopCell::RemoteDesktopCell(QWidget* parent) : QWidget(parent)
     instructions->setToolTip(tr("Opens Apple's article in the web browser"));
     auto* ignore = new QCheckBox(tr("Ignore from now on"));
     ignore->setObjectName(QStringLiteral("ignoreARD"));
+    ignore->setVisible(canIgnore);
     connect(instructions, &QPushButton::clicked, this, &RemoteDesktopCell::removeARD);
     connect(ignore, &QCheckBox::clicked, this, &RemoteDesktopCell::ignoreARD);
 

@@ -9,7 +9,8 @@ class RemoteDesktopCell final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit RemoteDesktopCell(QWidget* parent = nullptr);
+    /// `canIgnore`: with the box to ignore it from now on.
+    explicit RemoteDesktopCell(bool canIgnore, QWidget* parent = nullptr);
 
 Q_SIGNALS:
     /// The instructions on switching it off are wanted; nothing is removed.

@@ -1,6 +1,6 @@
 #include "engine/views/RemovalProgressView.h"
 
-#include "engine/ThreatRemoval.h"
+#include "engine/removal/RemovalSummary.h"
 #include "ui/Labels.h"
 
 #include <QHBoxLayout>

@@ -2,6 +2,7 @@
 
 #include "core/DateText.h"
 #include "core/Escape.h"
+#include "signatures/RemoteDesktop.h"
 
 namespace pryvane {
 
@@ -22,6 +23,8 @@ SelectionState selectionOf(const SpywareList& threats)
 {
     SelectionState state{.selectAll = true};
     for (const auto& threat : threats) {
+        if (isRemoteDesktop(*threat))
+            continue; // it is not removed
         state.quarantineBtn |= threat->isChecked;
         if (threat->isAvail) {
             state.quarantineBtnHide = false;

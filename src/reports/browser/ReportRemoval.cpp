@@ -3,6 +3,7 @@
 #include "platform/Alerts.h"
 #include "platform/MainQueue.h"
 #include "platform/Workspace.h"
+#include "signatures/RemoteDesktop.h"
 
 #include <string_view>
 #include <unordered_map>
@@ -27,7 +28,7 @@ SpywareList eachOnce(const SpywareList& records)
 
 ReportRemoval::ReportRemoval(const PlatformServices& services, Remover& remover, Screen screen)
     : m_services(services), m_remover(remover), m_screen(std::move(screen)),
-      m_panel(services.workspace)
+      m_panel(services.workspace), m_planning(services.disk, remover, services.mainQueue)
 {
     m_panel.setDelegate(this);
     QObject::connect(&m_panel, &FourceQuitBrowserView::changed, &m_panel,
@@ -48,7 +49,7 @@ SpywareList ReportRemoval::checked() const
 {
     SpywareList list;
     for (const auto& record : *m_screen.openReport()->spyWareList) {
-        if (record->isChecked)
+        if (record->isChecked && !isRemoteDesktop(*record))
             list.push_back(record);
     }
     return list;
@@ -106,6 +107,15 @@ bool ReportRemoval::retryActionForWebBrowser()
     return sameReport;
 }
 
+void ReportRemoval::planSelected(std::function<std::string(std::string_view)> foldedName,
+                                 std::function<void(RemovalPlan)> done)
+{
+    if (mayStart())
+        m_planning.start({eachOnce(checked()), m_screen.openReport()->volume, m_screen.user,
+                          std::move(foldedName)},
+                         std::move(done));
+}
+
 void ReportRemoval::reloadReportView()
 {
     if (!mayStart())
@@ -127,7 +137,7 @@ void ReportRemoval::removeThisAdware(const SpywareList& list)
     SpywareList records;
     bool remoteDesktop = false;
     for (const auto& record : list) {
-        if (record->name == "ARD")
+        if (isRemoteDesktop(*record))
             remoteDesktop = remoteDesktop || record->isAvail;
         else if (record->isAvail)
             records.push_back(record);
@@ -140,17 +150,22 @@ void ReportRemoval::removeThisAdware(const SpywareList& list)
 
 void ReportRemoval::start(const SpywareList& records, Then then)
 {
+    m_planning.stop();
     m_isRemoving = true;
+    m_done = 0;
     m_banner.reset();
     m_stop.clear();
     m_removingFrom = m_screen.openReport();
     m_screen.changed();
     const RecordSelection selection{eachOnce(records), m_removingFrom->volume, m_screen.user};
+    m_total = selection.records.size();
     m_thread.start([this, selection, records, then, alive = std::weak_ptr(m_alive)] {
         std::vector<RemovalResult> results(selection.records.size());
         RecordRemoval(m_services.disk, m_remover)
-            .remove(selection, m_stop,
-                    [&](std::size_t item, const RemovalResult& result) { results[item] = result; });
+            .remove(selection, m_stop, [&](std::size_t item, const RemovalResult& result) {
+                results[item] = result;
+                ++m_done;
+            });
         // A record of a location that is listed twice shares the outcome of the first.
         std::unordered_map<std::string_view, std::size_t> places;
         for (std::size_t i = 0; i < results.size(); ++i)

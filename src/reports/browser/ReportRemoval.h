@@ -7,7 +7,9 @@
 #include "engine/removal/RemovalSummary.h"
 #include "platform/PlatformServices.h"
 #include "reports/SpywareScanReport.h"
+#include "reports/browser/RemovalPlanning.h"
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -36,6 +38,11 @@ public:
     ReportRemoval(const ReportRemoval&) = delete;
     ReportRemoval& operator=(const ReportRemoval&) = delete;
 
+    /// Looks in the background what removing the checked threats would do, and tells it unless
+    /// something else was asked for meanwhile. `foldedName` as in ExplainQuestion.
+    void planSelected(std::function<std::string(std::string_view)> foldedName,
+                      std::function<void(RemovalPlan)> done);
+
     /// The remove button: asks, has browsers quit, removes the checked threats.
     void removeSelected();
     /// Asks for confirmation, then looks for browsers to be quit: true when removal may go on,
@@ -57,6 +64,8 @@ public:
     void reset();
 
     [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
+    /// How many locations of the running removal have been dealt with, and of how many.
+    [[nodiscard]] RemovalProgress progress() const { return {m_done, m_total}; }
     [[nodiscard]] FourceQuitBrowserView& panel() { return m_panel; }
     /// What the last removal of checked threats came to; none before one has ended.
     [[nodiscard]] const std::optional<RemovalSummary>& banner() const { return m_banner; }
@@ -85,6 +94,7 @@ private:
     Remover& m_remover;
     const Screen m_screen;
     FourceQuitBrowserView m_panel;
+    RemovalPlanning m_planning;
     bool m_isAsking = false; ///< the confirmation is on the screen
     bool m_isRemoving = false;
     bool m_isFileListPresented = false;
@@ -93,6 +103,8 @@ private:
     std::optional<RemovalSummary> m_banner;
     SpywareList m_deletedSpyware, m_unDeletedSpyware, m_listUnDeleted;
     std::size_t m_deletedCount = 0;
+    std::size_t m_total = 0;
+    std::atomic<std::size_t> m_done{0};
     StopFlag m_stop;
     std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
     Worker m_thread; // last: it ends before anything it uses

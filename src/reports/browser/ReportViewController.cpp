@@ -9,22 +9,13 @@
 #include "reports/RecordAvailability.h"
 #include "reports/browser/ReportBrowserHost.h"
 #include "reports/pdf/ReportPrinting.h"
+#include "signatures/RemoteDesktop.h"
 
 namespace pryvane {
 
 namespace {
 
 constexpr int kScanRow = 1; // of the navigation table
-
-/// The report as it is now, for another thread.
-SpywareScanReport copyOf(const SpywareScanReport& report)
-{
-    SpywareScanReport copy = report;
-    copy.spyWareList = std::make_shared<SpywareList>();
-    for (const auto& record : *report.spyWareList)
-        copy.spyWareList->push_back(std::make_shared<Spyware>(*record));
-    return copy;
-}
 
 /// Whether each record's location is there.
 std::vector<bool> presenceOf(const SpywareScanReport& report, const SpywareList& records,
@@ -82,7 +73,17 @@ void ReportViewController::viewWillAppear()
 {
     load();
     if (m_isReportDetails)
-        m_parts.host.setPrintAction([this] { makeAndPrintPDF(); });
+        offerPrinting();
+}
+
+void ReportViewController::offerPrinting()
+{
+    m_parts.host.setPrintAction([this] {
+        if (m_printQuestion)
+            m_printQuestion();
+        else
+            makeAndPrintPDF();
+    });
 }
 
 void ReportViewController::scanStatusChange(bool started)
@@ -188,7 +189,7 @@ void ReportViewController::openDetails(std::shared_ptr<SpywareScanReport> report
     m_notice.clear();
     m_removal.reset();
     m_isReportDetails = true;
-    m_parts.host.setPrintAction([this] { makeAndPrintPDF(); });
+    offerPrinting();
     reloadThreatDetails();
     m_detailsNeedAList = isLoading();
     if (!m_detailsNeedAList)
@@ -232,7 +233,8 @@ void ReportViewController::reloadThreatDetails()
                 Spyware& record = *(*list)[i];
                 const bool checked = record.isChecked;
                 record.setAvailability(there[i]);
-                record.isChecked = there[i] && checked;
+                // Remote desktop is switched off by instructions, never removed.
+                record.isChecked = there[i] && checked && !isRemoteDesktop(record);
             }
             ChangeSelection();
         });
@@ -260,12 +262,21 @@ void ReportViewController::checkClicked(std::size_t index, bool on)
     ChangeSelection();
 }
 
+void ReportViewController::checkRows(const std::vector<int>& rows, bool on)
+{
+    if (!m_report || m_removal.isRemoving())
+        return;
+    for (const int row : rows)
+        m_report->spyWareList->at(static_cast<std::size_t>(row))->isChecked = on;
+    ChangeSelection();
+}
+
 void ReportViewController::checkAllAction(bool on)
 {
     if (!m_report || m_removal.isRemoving())
         return;
     for (const auto& record : *m_report->spyWareList) {
-        if (record->isAvail)
+        if (record->isAvail && !isRemoteDesktop(*record))
             record->isChecked = on;
     }
     ChangeSelection();
@@ -275,12 +286,23 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
 {
     if (!m_report || index >= m_report->spyWareList->size())
         return;
-    if (m_report->volume != m_services.disk.identity()) {
+    if (!isOfThisVolume()) {
         say("This report is of another volume, so there is nothing to show.");
         return;
     }
     const auto shown = m_parts.fileViewer.reveal((*m_report->spyWareList)[index]->url);
     say(shown ? std::string() : shown.error().message);
+}
+
+bool ReportViewController::isOfThisVolume() const
+{
+    return m_report && m_report->volume == m_services.disk.identity();
+}
+
+void ReportViewController::trashSelectedReport()
+{
+    if (m_selectedRow && *m_selectedRow < m_rows.size())
+        deleteReport(m_rows.report(*m_selectedRow)->reportId);
 }
 
 void ReportViewController::trashReport()
@@ -324,10 +346,10 @@ void ReportViewController::makeAndPrintPDF(std::string_view queue)
 {
     if (!m_report || isPrinting())
         return;
-    m_printTasks.run(
-        [&printing = m_parts.printing, report = copyOf(*m_report), queue = std::string(queue)](
-            const StopFlag&) { return printing.makeAndPrintPDF(report, queue); },
-        [this](const PrintOutcome& outcome) { printed(outcome); });
+    m_printTasks.run([&printing = m_parts.printing, report = m_report->independentCopy(),
+                      queue = std::string(queue)](
+                         const StopFlag&) { return printing.makeAndPrintPDF(report, queue); },
+                     [this](const PrintOutcome& outcome) { printed(outcome); });
     Q_EMIT stateChanged();
 }
 

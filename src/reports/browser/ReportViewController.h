@@ -11,6 +11,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -66,6 +67,8 @@ public:
     void viewReport();
     /// What changed between the reports of two rows, from the earlier scan to the later.
     [[nodiscard]] ReportComparison compare(std::size_t row, std::size_t otherRow) const;
+    /// Deletes the selected row's report after confirmation.
+    void trashSelectedReport();
     void scanningStartAction();
 
     // The details
@@ -74,15 +77,21 @@ public:
     [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
     [[nodiscard]] const ReportDetails& details() const { return m_details; }
     [[nodiscard]] const SelectionState& selection() const { return m_selection; }
+    /// Whether the open report is of the volume that is looked at.
+    [[nodiscard]] bool isOfThisVolume() const;
     /// What the last action had to say, as one line of plain text; empty without.
     [[nodiscard]] const std::string& notice() const { return m_notice; }
+    void say(std::string notice);
     void backtoReportList();
     void trashReport();
     void checkClicked(std::size_t index, bool on);
+    void checkRows(const std::vector<int>& rows, bool on);
     void checkAllAction(bool on);
     void showThreatInFileDelegate(std::size_t index);
     /// Prints the open report on the queue (empty: the default one).
     void makeAndPrintPDF(std::string_view queue = {});
+    /// What the application's print action does instead of printing on the default queue at once.
+    void setPrintQuestion(std::function<void()> ask) { m_printQuestion = std::move(ask); }
     [[nodiscard]] bool isPrinting() const { return m_printTasks.isBusy(); }
 
     // Removal
@@ -110,8 +119,8 @@ private:
     void ChangeSelection();
     void deleteReport(const std::string& id);
     void deleted(const std::string& reportId, const Result<bool>& outcome);
+    void offerPrinting();
     void printed(const PrintOutcome& outcome);
-    void say(std::string notice);
 
     PlatformServices m_services;
     const Parts m_parts;
@@ -126,6 +135,7 @@ private:
     ReportDetails m_details;
     SelectionState m_selection;
     std::string m_notice;
+    std::function<void()> m_printQuestion;
     std::vector<NotificationCenter::Observation> m_observations;
     TaskQueue m_storeTasks; // they end before anything they use
     TaskQueue m_diskTasks;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "engine/records/Spyware.h"
+#include "signatures/Catalogue.h"
+
+namespace pryvane {
+
+/// Whether the record stands for remote desktop, which is switched off rather than removed.
+[[nodiscard]] inline bool isRemoteDesktop(const Spyware& record)
+{
+    return record.name == catalogue::kRemoteDesktopName;
+}
+
+} // namespace pryvane

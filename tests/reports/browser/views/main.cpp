@@ -1,0 +1,12 @@
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    pryvane::ui::applyTheme(application);
+    return RUN_ALL_TESTS();
+}
