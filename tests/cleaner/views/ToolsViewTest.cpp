@@ -179,7 +179,9 @@ TEST_F(ToolsViewTest, ClearsWhatIsTickedButWhatThePreviewLeavesOut)
     remover().stubborn = {kChromeFolder + "/Default/Cookies"};
     alerts.answer(kAlertFirstButton);
     find("clearForGood")->click();
-    ASSERT_TRUE(reaches(State::Scanning) && reaches(State::Idle) && settle());
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return alerts.asked().size() == 1 && tools.isMeasured(); }, 30'000) &&
+        settle());
     EXPECT_FALSE(volume.contains(kHistory));
     for (const auto& neighbour :
          {kDownloads, kSession, kHome + "/Library/Safari/Bookmarks.plist",
