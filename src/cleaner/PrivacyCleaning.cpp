@@ -29,29 +29,61 @@ bool isCovered(std::string_view path, const std::set<std::string_view>& above)
     return false;
 }
 
+/// Calls `told` with the locations of which no other takes all along, each once.
+template <typename Each, typename LocationOf, typename Told>
+void eachOnce(std::vector<const Each*> all, const LocationOf& locationOf, const Told& told)
+{
+    std::stable_sort(all.begin(), all.end(), [&](const Each* a, const Each* b) {
+        return locationOf(*a).url.identity().size() < locationOf(*b).url.identity().size();
+    });
+    std::set<std::string_view> taken;
+    for (const Each* each : all) {
+        const std::string_view path = locationOf(*each).url.identity();
+        if (isCovered(path, taken))
+            continue;
+        taken.insert(path);
+        told(*each);
+    }
+}
+
+/// What the locations of those items take.
+template <typename Wanted>
+std::int64_t bytesOf(std::span<const ToolGroup> groups, const Wanted& wanted)
+{
+    std::vector<const ToolLocation*> all;
+    for (const ToolGroup& group : groups) {
+        for (const ToolItem& item : group.List) {
+            for (const ToolLocation& location : item.AllList) {
+                if (wanted(item))
+                    all.push_back(&location);
+            }
+        }
+    }
+    std::int64_t bytes = 0;
+    eachOnce(
+        std::move(all), [](const ToolLocation& each) -> const ToolLocation& { return each; },
+        [&](const ToolLocation& location) { bytes += location.bytes; });
+    return bytes;
+}
+
 } // namespace
 
 CleaningPreview::Totals CleaningPreview::totals() const
 {
-    // A location is taken once, and a folder takes what lies below it along.
-    std::set<std::string_view> going;
-    std::vector<const CleaningRow*> order;
+    // A folder takes what lies below it along.
+    std::vector<const CleaningRow*> going;
     for (const CleaningRow& row : rows) {
         if (row.willGo())
-            order.push_back(&row);
+            going.push_back(&row);
     }
-    std::stable_sort(order.begin(), order.end(), [](const CleaningRow* a, const CleaningRow* b) {
-        return a->location.url.identity().size() < b->location.url.identity().size();
-    });
     Totals totals;
-    for (const CleaningRow* row : order) {
-        const std::string_view path = row->location.url.identity();
-        if (isCovered(path, going))
-            continue;
-        going.insert(path);
-        totals.entries += row->forecast.entries;
-        totals.bytes += row->forecast.bytes;
-    }
+    eachOnce(
+        std::move(going),
+        [](const CleaningRow& row) -> const ToolLocation& { return row.location; },
+        [&](const CleaningRow& row) {
+            totals.entries += row.forecast.entries;
+            totals.bytes += row.forecast.bytes;
+        });
     return totals;
 }
 
@@ -85,6 +117,16 @@ std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups)
     return rows;
 }
 
+std::int64_t allBytes(std::span<const ToolGroup> groups)
+{
+    return bytesOf(groups, [](const ToolItem&) { return true; });
+}
+
+std::int64_t selectedBytes(std::span<const ToolGroup> groups)
+{
+    return bytesOf(groups, [](const ToolItem& item) { return item.isChecked; });
+}
+
 CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const std::string> running,
                                 Remover& remover, const StopFlag& stop)
 {
@@ -93,6 +135,7 @@ CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const s
     std::vector<const CleaningRow*> all;
     for (CleaningRow& row : preview.rows) {
         all.push_back(&row);
+        row.blockedBy.clear();
         if (!row.location.browser.empty() &&
             std::find(running.begin(), running.end(), row.location.browser) != running.end())
             row.blockedBy = row.location.browser;

@@ -58,8 +58,15 @@ inline constexpr const char* kCleanedText = "You have successfully cleared selec
 /// The locations of the ticked items of all groups; each location once.
 [[nodiscard]] std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups);
 
-/// Looks at what the rows would take away. `running` are the display names of the applications
-/// that run on the volume. Blocks. After a stop the rows not reached have an empty forecast.
+/// What all locations of the groups take, as measured. What lies below another counts once.
+[[nodiscard]] std::int64_t allBytes(std::span<const ToolGroup> groups);
+
+/// The same of the ticked items.
+[[nodiscard]] std::int64_t selectedBytes(std::span<const ToolGroup> groups);
+
+/// Looks at what the rows would take away; their ticks stay. `running` are the display names of the
+/// applications that run on the volume. Blocks. After a stop the rows not reached have an empty
+/// forecast.
 [[nodiscard]] CleaningPreview previewCleaning(std::vector<CleaningRow> rows,
                                               std::span<const std::string> running,
                                               Remover& remover, const StopFlag& stop);

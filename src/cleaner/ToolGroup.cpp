@@ -15,6 +15,11 @@ ToolItem getDicForList(std::vector<ToolLocation> list, std::string type, bool is
     return item;
 }
 
+std::string shownName(const ToolGroup& group)
+{
+    return group.kind == ToolGroupKind::BrowserExtensions ? "Browser Extensions" : group.Name;
+}
+
 void countSize(ToolGroup& group)
 {
     group.bytes = 0;

@@ -48,6 +48,9 @@ struct ToolGroup {
 /// An item as it stands before it is measured.
 [[nodiscard]] ToolItem getDicForList(std::vector<ToolLocation> list, std::string type, bool isExt);
 
+/// The group's name for a person.
+[[nodiscard]] std::string shownName(const ToolGroup& group);
+
 /// Sums up the group's items and the group, from the bytes of their locations.
 void countSize(ToolGroup& group);
 

@@ -41,6 +41,12 @@ void ToolsViewController::onMain(std::function<void()> work)
     });
 }
 
+void ToolsViewController::viewWillAppear()
+{
+    if (!std::exchange(m_hasAppeared, true))
+        resetAndAddavailbleApplications();
+}
+
 void ToolsViewController::resetAndAddavailbleApplications()
 {
     if (m_state != State::Idle && m_state != State::Scanning)
@@ -48,6 +54,7 @@ void ToolsViewController::resetAndAddavailbleApplications()
     m_stop.request();
     m_thread.join();
     m_availbleApp.clear();
+    m_isMeasured = false;
     m_progress = std::make_unique<PrivacyProgress>();
     ++m_round;
     start(State::Scanning, [this] { scanInBG(); });
@@ -73,12 +80,13 @@ void ToolsViewController::scanInBG()
 
 void ToolsViewController::BGscanDone()
 {
+    m_isMeasured = !m_stop.requested();
     setState(State::Idle);
 }
 
 void ToolsViewController::setChecked(std::size_t group, std::size_t item, bool checked)
 {
-    if (group >= m_availbleApp.size() || item >= m_availbleApp[group].List.size())
+    if (!canTick() || group >= m_availbleApp.size() || item >= m_availbleApp[group].List.size())
         return;
     ToolGroup& owner = m_availbleApp[group];
     owner.List[item].isChecked = checked && owner.List[item].isEnabled;
@@ -90,7 +98,7 @@ void ToolsViewController::setChecked(std::size_t group, std::size_t item, bool c
 
 void ToolsViewController::setGroupChecked(std::size_t group, bool checked)
 {
-    if (group >= m_availbleApp.size())
+    if (!canTick() || group >= m_availbleApp.size())
         return;
     ToolGroup& owner = m_availbleApp[group];
     owner.isChecked = checked && owner.isEnabled;
@@ -113,9 +121,20 @@ std::map<std::string, std::vector<std::string>> ToolsViewController::toolsSelect
 
 void ToolsViewController::previewSelected()
 {
-    auto rows = selectedRows(m_availbleApp);
-    if (m_state != State::Idle || rows.empty())
+    if (m_state != State::Idle)
         return;
+    if (auto rows = selectedRows(m_availbleApp); !rows.empty())
+        look(std::move(rows));
+}
+
+void ToolsViewController::retryCleaningAction()
+{
+    if (m_state == State::Previewing)
+        look(std::exchange(m_preview, {}).rows);
+}
+
+void ToolsViewController::look(std::vector<CleaningRow> rows)
+{
     start(State::Looking, [this, rows = std::move(rows)]() mutable {
         const auto running = m_volume == VolumeKind::HostRoot
                                  ? m_services.workspace.runningApplications()
@@ -152,12 +171,20 @@ void ToolsViewController::cleanAndReloadData()
         auto outcome = cleanSelected(preview, m_services.remover, m_stop);
         onMain([this, outcome = std::move(outcome)]() mutable {
             m_outcome = std::move(outcome);
-            setState(State::Idle);
-            m_services.alerts.runModal({kCleanedTitle, kCleanedText, {"OK"}});
-            resetAndAddavailbleApplications();
+            cleaned();
         });
     });
     m_preview = {};
+}
+
+void ToolsViewController::cleaned()
+{
+    setState(State::Idle);
+    // The message has a loop of its own, in which the volume may be changed and this go.
+    const std::weak_ptr<char> alive = m_alive;
+    m_services.alerts.runModal({kCleanedTitle, kCleanedText, {"OK"}});
+    if (!alive.expired())
+        resetAndAddavailbleApplications();
 }
 
 } // namespace pryvane

@@ -48,13 +48,17 @@ public:
                         QObject* parent = nullptr);
     ~ToolsViewController() override;
 
+    /// The screen is about to be shown: the first time, the catalogue is built.
+    void viewWillAppear();
+
     /// Builds the catalogue anew. Nothing while anything but a scan is under way.
     void resetAndAddavailbleApplications();
 
     /// Ends what is under way as soon as it can; what was found or removed by then stands.
     void stop() { m_stop.request(); }
 
-    /// Ticks what can be ticked: items with something to clean.
+    /// Ticks what can be ticked: items with something to clean. Groups that have arrived may be
+    /// ticked while others still do.
     void setChecked(std::size_t group, std::size_t item, bool checked);
     void setGroupChecked(std::size_t group, bool checked);
 
@@ -63,10 +67,21 @@ public:
     void setPreviewTicked(std::size_t row, bool ticked);
     void cancelPreview();
 
+    /// Looks again, once browsers were closed; what was unticked stays so.
+    void retryCleaningAction();
+    /// Puts the panel with the browsers away, and the preview with it.
+    void closeWindowAction() { cancelPreview(); }
+
     /// Removes for good what the preview shows ticked, says so, and builds the catalogue anew.
     void cleanAndReloadData();
 
     [[nodiscard]] State state() const { return m_state; }
+    [[nodiscard]] bool canTick() const
+    {
+        return m_state == State::Idle || m_state == State::Scanning;
+    }
+    /// Whether a scan has ended by itself; one that was stopped left groups out.
+    [[nodiscard]] bool isMeasured() const { return m_isMeasured; }
     [[nodiscard]] const std::vector<ToolGroup>& availbleApp() const { return m_availbleApp; }
     /// The ticked items' names by their group's.
     [[nodiscard]] std::map<std::string, std::vector<std::string>> toolsSelectedDic() const;
@@ -84,11 +99,15 @@ private:
     void setState(State state);
     void start(State state, std::function<void()> work);
     void onMain(std::function<void()> work);
+    void look(std::vector<CleaningRow> rows);
+    void cleaned();
 
     const Services m_services;
     const std::string m_user;
     const VolumeKind m_volume;
     State m_state = State::Idle;
+    bool m_isMeasured = false;
+    bool m_hasAppeared = false;
     std::vector<ToolGroup> m_availbleApp;
     CleaningPreview m_preview;
     CleaningOutcome m_outcome;

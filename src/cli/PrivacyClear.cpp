@@ -13,11 +13,6 @@
 
 namespace pryvane::cli {
 
-std::string shownName(const ToolGroup& group)
-{
-    return group.kind == ToolGroupKind::BrowserExtensions ? "Browser Extensions" : group.Name;
-}
-
 namespace {
 
 std::string noteOf(const CleaningRow& row)

@@ -17,10 +17,6 @@ struct ClearArguments {
     bool yes = false;
     std::string format = "text";
 };
-
-/// The group's name as the user is shown it.
-[[nodiscard]] std::string shownName(const ToolGroup& group);
-
 /// Shows what clearing the named items would remove; removes it where that is wanted and agreed to.
 /// `running` are the applications that run on the volume. Returns the exit code.
 int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remover& remover,

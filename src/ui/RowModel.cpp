@@ -37,9 +37,11 @@ QVariant RowModel::data(const QModelIndex& index, int role) const
 
 QVariant RowModel::headingData(const Shown& shown, int column, int role) const
 {
-    if (column == 0)
-        return role == Qt::CheckStateRole ? QVariant(tickState(rowsOfGroup(shown.group)))
-                                          : QVariant();
+    if (column == 0) {
+        const std::vector<int> rows =
+            role == Qt::CheckStateRole ? rowsOfGroup(shown.group) : std::vector<int>();
+        return rows.empty() ? QVariant() : QVariant(tickState(rows));
+    }
     if (column != 1)
         return {};
     const QString& name = m_groups[static_cast<std::size_t>(shown.group)];
@@ -111,7 +113,7 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
 Qt::ItemFlags RowModel::flags(const QModelIndex& index) const
 {
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    if (index.column() == 0 && (isHeading(index) || m_source.ticked(sourceRow(index))))
+    if (index.column() == 0 && index.data(Qt::CheckStateRole).isValid())
         flags |= Qt::ItemIsUserCheckable;
     return flags;
 }

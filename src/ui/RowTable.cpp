@@ -74,7 +74,7 @@ RowTable::RowTable(RowModel& model, const QString& accessibleName, QWidget* pare
     horizontalHeader()->setSortIndicatorClearable(true);
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     horizontalHeader()->setMinimumHeight(kTarget);
-    horizontalHeader()->setMinimumSectionSize(kRelated);
+    horizontalHeader()->setMinimumSectionSize(1);
     setSortingEnabled(true);
     connect(&m_model, &QAbstractItemModel::modelReset, this, &RowTable::spanHeadings);
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {

@@ -45,6 +45,7 @@ Sheet::Sheet(QWidget* over, const QString& title)
     m_card->column()->addLayout(m_body, 1);
     m_card->column()->addLayout(m_buttons);
     window()->installEventFilter(this);
+    m_card->installEventFilter(this);
     hide();
 }
 
@@ -123,7 +124,7 @@ bool Sheet::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == window() && event->type() == QEvent::Resize)
         place();
-    if (event->type() == QEvent::LayoutRequest && watched == window())
+    if (event->type() == QEvent::LayoutRequest && (watched == window() || watched == m_card))
         place();
     return QWidget::eventFilter(watched, event);
 }

@@ -66,6 +66,10 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         return isSwitch(widget) ? drawSwitch(*option, *painter) : drawTickBox(*option, *painter);
     case PE_IndicatorItemViewItemCheck:
         return drawTickBox(*option, *painter);
+    case PE_PanelItemViewRow:
+        if (widget && widget->inherits("pryvane::ui::RowTable"))
+            return; // its rows draw their own ground, on which words stay readable
+        break;
     case PE_PanelLineEdit:
         if (isInsideAnotherField(widget))
             return;

@@ -2,6 +2,7 @@
 #include "cleaner/ToolsViewController.h"
 
 #include "cleaner/CleanerFixture.h"
+#include "cleaner/InventoryController.h"
 #include "support/Fakes.h"
 
 #include <gmock/gmock.h>
@@ -131,7 +132,40 @@ TEST_F(ToolsViewControllerTest, MayBeScannedAnewAndDestroyedAtAnyMoment)
         }
         controller.reset();
         queue.drain();
+        InventoryController inventory({services(), queue}, "alice");
+        inventory.viewWillAppear();
+        if (round % 2)
+            inventory.stop();
+        ASSERT_TRUE(round % 4 == 0 || queue.runUntil([&] { return !inventory.isGathering(); }));
+        EXPECT_FALSE(round % 2 && inventory.isWhole());
     }
+    queue.drain();
+}
+
+/// The message runs a loop of its own, in which the user may turn to another volume.
+TEST_F(ToolsViewControllerTest, MayGoWhileItsMessageIsShown)
+{
+    struct LastAlert final : Alerts {
+        std::function<void()> shown;
+        int runModal(const Alert&) override
+        {
+            shown();
+            return kAlertFirstButton;
+        }
+    } last;
+    last.shown = [this] { controller.reset(); };
+    controller = std::make_unique<ToolsViewController>(
+        ToolsViewController::Services{services(), remover(), queue, last, workspace}, "alice",
+        VolumeKind::Mounted);
+    controller->resetAndAddavailbleApplications();
+    ASSERT_TRUE(reaches(State::Idle));
+    tick();
+    controller->previewSelected();
+    ASSERT_TRUE(reaches(State::Previewing));
+    controller->cleanAndReloadData();
+    ASSERT_TRUE(queue.runUntil([&] { return !controller; }));
+    queue.drain();
+    EXPECT_FALSE(volume.contains(m_log));
 }
 
 } // namespace pryvane::test

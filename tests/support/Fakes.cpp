@@ -55,6 +55,7 @@ void ManualMainQueue::postAfter(std::chrono::milliseconds delay, Work work)
         m_now.push_back(std::move(work));
     else
         m_later.emplace(delay, std::move(work));
+    m_posted.notify_one();
 }
 
 bool ManualMainQueue::runOne()
@@ -84,13 +85,18 @@ void ManualMainQueue::drain()
 
 bool ManualMainQueue::runUntil(const std::function<bool()>& done)
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!done()) {
-        if (runOne())
+    constexpr auto kLook = std::chrono::milliseconds(10),
+                   kPatience = std::chrono::milliseconds(60'000);
+    for (auto idle = std::chrono::milliseconds(0); !done();) {
+        if (runOne()) {
+            idle = idle.zero();
             continue;
-        if (std::chrono::steady_clock::now() > end)
+        }
+        // Counted in looks, so that time in which this process does not run is not held against it.
+        std::unique_lock lock(m_mutex);
+        m_posted.wait_for(lock, kLook, [this] { return !m_now.empty() || !m_later.empty(); });
+        if ((idle += kLook) > kPatience)
             return false;
-        std::this_thread::sleep_for(std::chrono::microseconds(200));
     }
     return true;
 }

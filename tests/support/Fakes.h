@@ -8,6 +8,7 @@
 #include "platform/UserNotifier.h"
 #include "platform/Workspace.h"
 
+#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <map>
@@ -53,7 +54,8 @@ public:
     /// Runs everything that is posted, and what that posts, until nothing is left.
     void drain();
 
-    /// Drains until `done` says so; false after five seconds without.
+    /// Drains until `done` says so; false when nothing has been posted for a minute. That is for
+    /// work that never comes: a machine under load may let a thread wait for many seconds.
     [[nodiscard]] bool runUntil(const std::function<bool()>& done);
 
 private:
@@ -61,6 +63,7 @@ private:
 
     const std::thread::id m_owner = std::this_thread::get_id();
     std::mutex m_mutex;
+    std::condition_variable m_posted;
     std::deque<Work> m_now;
     std::multimap<std::chrono::milliseconds, Work> m_later;
 };

@@ -156,13 +156,20 @@ void Session::follow(FramedWindow& window)
 
 QWidget* Session::makeMainWindow()
 {
-    MainWindowParts::Deeds deeds;
+    MainWindowParts::Needs needs{.services = services(),
+                                 .desktop = desktopServices(),
+                                 .delegate = m_delegate,
+                                 .facts = factsFor(m_choice),
+                                 .disk = *m_disk,
+                                 .volume = panelRoot(m_choice.folder).empty() ? VolumeKind::HostRoot
+                                                                              : VolumeKind::Mounted,
+                                 .remover = m_sharedRemover,
+                                 .fileViewer = m_fileViewer,
+                                 .foldedName = {},
+                                 .reveal = [this](const FileURL& at) { reveal(at); }};
     if (!m_choice.caseSensitive)
-        deeds.foldedName = [](std::string_view name) { return foldedName(name); };
-    deeds.reveal = [this](const FileURL& location) { reveal(location); };
-    m_main =
-        std::make_unique<MainWindowParts>(services(), desktopServices(), m_delegate,
-                                          factsFor(m_choice), m_sharedRemover, std::move(deeds));
+        needs.foldedName = [](std::string_view name) { return foldedName(name); };
+    m_main = std::make_unique<MainWindowParts>(std::move(needs));
     auto* window = new MainWindow(m_delegate, m_main->table, m_main->screens.stack(), m_words);
     follow(*window);
     QObject::connect(window, &MainWindow::openVolumeWanted, window,

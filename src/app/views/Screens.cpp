@@ -2,7 +2,6 @@
 
 #include "app/DashBoardViewController.h"
 #include "app/views/DashboardView.h"
-#include "app/views/PlaceholderView.h"
 #include "engine/ScanViewController.h"
 #include "engine/views/ScanView.h"
 
@@ -12,73 +11,76 @@ namespace pryvane {
 
 namespace {
 
-class PlainScreen final : public Screen {};
-
-class ScanScreen final : public Screen {
+class WidgetScreen final : public Screen {
 public:
-    explicit ScanScreen(ScanViewController& controller) : m_controller(controller) {}
+    explicit WidgetScreen(MadeScreen made) : m_made(std::move(made)) {}
 
-    void viewWillAppear() override { m_controller.makeAccessibleUIChanges(); }
-    void SpywareScanStart() override { m_controller.SpywareScanStart(); }
+    void viewWillAppear() override
+    {
+        if (m_made.viewWillAppear)
+            m_made.viewWillAppear();
+    }
+    void SpywareScanStart() override
+    {
+        if (m_made.startScan)
+            m_made.startScan();
+    }
 
 private:
-    ScanViewController& m_controller;
+    MadeScreen m_made;
 };
 
 } // namespace
 
-Screens::Screens(Controllers controllers)
-    : m_controllers(std::move(controllers)), m_stack(new QStackedWidget)
-{
-}
+Screens::Screens(Needs needs) : m_needs(std::move(needs)), m_stack(new QStackedWidget) {}
 
 std::unique_ptr<Screen> Screens::makeScreen(Row row)
 {
-    QWidget* const widgets = makeWidgets(row);
-    m_widgets[static_cast<std::size_t>(rowIndex(row))] = widgets;
-    m_stack->addWidget(widgets);
-    if (row == Row::Scan)
-        return std::make_unique<ScanScreen>(m_controllers.scan);
-    return std::make_unique<PlainScreen>();
+    MadeScreen& screen = m_made[static_cast<std::size_t>(rowIndex(row))];
+    screen = made(row);
+    m_stack->addWidget(screen.widgets);
+    return std::make_unique<WidgetScreen>(screen);
 }
 
-QWidget* Screens::makeWidgets(Row row)
+MadeScreen Screens::made(Row row)
 {
     switch (row) {
     case Row::Dashboard:
-        m_controllers.dashboard.viewDidLoad();
-        return new DashboardView(m_controllers.dashboard, m_controllers.scheduler);
+        m_needs.dashboard.viewDidLoad();
+        return {new DashboardView(m_needs.dashboard, m_needs.scheduler)};
     case Row::Scan:
-        m_scanView =
-            new ScanView(m_controllers.scan, {m_controllers.user, m_controllers.foldedName});
-        QObject::connect(m_scanView, &ScanView::revealWanted, m_scanView, m_controllers.reveal);
-        QObject::connect(m_scanView, &ScanView::remoteDesktopHelpWanted, m_scanView,
-                         m_controllers.openRemoteDesktopInstructions);
-        return m_scanView;
+        return makeScan();
     case Row::Tools:
-        return new PlaceholderView(
-            QStringLiteral("tools"),
-            QObject::tr("Privacy tools are not part of this version of the window yet. The "
-                        "command \"pryvane-cli privacy\" has them."));
+        return m_needs.makeTools();
     case Row::Reports:
         break;
     }
-    return new PlaceholderView(
-        QStringLiteral("reports"),
-        QObject::tr("The report browser is not part of this version of the window yet. The "
-                    "command \"pryvane-cli report\" lists, exports and compares reports."));
+    return m_needs.makeReports();
+}
+
+MadeScreen Screens::makeScan()
+{
+    auto* view = new ScanView(m_needs.scan, {m_needs.user, m_needs.foldedName});
+    QObject::connect(view, &ScanView::revealWanted, view, m_needs.reveal);
+    QObject::connect(view, &ScanView::remoteDesktopHelpWanted, view,
+                     m_needs.openRemoteDesktopInstructions);
+    QObject::connect(view, &ScanView::reportWanted, view, m_needs.viewReport);
+    ScanViewController& scan = m_needs.scan;
+    return {view, [&scan] { scan.makeAccessibleUIChanges(); }, [view] { view->focusFilter(); },
+            [&scan] { scan.SpywareScanStart(); }};
 }
 
 void Screens::show(Row row)
 {
-    if (QWidget* const widgets = m_widgets[static_cast<std::size_t>(rowIndex(row))])
+    if (QWidget* const widgets = m_made[static_cast<std::size_t>(rowIndex(row))].widgets)
         m_stack->setCurrentWidget(widgets);
 }
 
 void Screens::focusFilter()
 {
-    if (m_scanView && m_stack->currentWidget() == m_scanView)
-        m_scanView->focusFilter();
+    for (const MadeScreen& screen : m_made)
+        if (screen.widgets && screen.widgets == m_stack->currentWidget() && screen.focusFilter)
+            screen.focusFilter();
 }
 
 } // namespace pryvane

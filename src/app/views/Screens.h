@@ -5,20 +5,29 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 class QStackedWidget;
+class QWidget;
 
 namespace pryvane {
 
 class DashBoardViewController;
-class ScanView;
 class ScanViewController;
 class SchedulerVC;
+
+/// A screen's widgets, and what it wants to be told. Empty functions are not called.
+struct MadeScreen {
+    QWidget* widgets = nullptr;
+    std::function<void()> viewWillAppear = {};
+    std::function<void()> focusFilter = {};
+    std::function<void()> startScan = {};
+};
 
 /// Makes the widgets of each screen when it is first shown, and puts them on the window's stack.
 class Screens final : public ScreenFactory {
 public:
-    struct Controllers {
+    struct Needs {
         DashBoardViewController& dashboard;
         SchedulerVC& scheduler;
         ScanViewController& scan;
@@ -26,9 +35,12 @@ public:
         std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk
         std::function<void(const FileURL&)> reveal;
         std::function<void()> openRemoteDesktopInstructions;
+        std::function<void()> viewReport; ///< of the last scan
+        std::function<MadeScreen()> makeTools;
+        std::function<MadeScreen()> makeReports;
     };
 
-    explicit Screens(Controllers controllers);
+    explicit Screens(Needs needs);
 
     /// Where the screens stand; its parent owns it.
     [[nodiscard]] QStackedWidget* stack() const { return m_stack; }
@@ -37,15 +49,16 @@ public:
 
     /// Brings that screen's widgets to the front.
     void show(Row row);
+    /// Puts the keyboard into the filter box of the screen in front.
     void focusFilter();
 
 private:
-    [[nodiscard]] QWidget* makeWidgets(Row row);
+    [[nodiscard]] MadeScreen made(Row row);
+    [[nodiscard]] MadeScreen makeScan();
 
-    Controllers m_controllers;
+    Needs m_needs;
     QStackedWidget* m_stack;
-    ScanView* m_scanView = nullptr;
-    std::array<QWidget*, kRowTitles.size()> m_widgets{};
+    std::array<MadeScreen, kRowTitles.size()> m_made;
 };
 
 } // namespace pryvane

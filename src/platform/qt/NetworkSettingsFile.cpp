@@ -11,6 +11,8 @@ namespace pryvane {
 
 namespace {
 
+constexpr std::chrono::milliseconds kDelay{250};
+
 /// One request on its way; a child of its reply.
 class Fetch final : public QObject {
 public:
@@ -115,7 +117,10 @@ void NetworkSettingsFile::fetch(Reply reply)
             &m_network, [reply = std::move(reply), error] { reply(error); }, Qt::QueuedConnection);
         return;
     }
-    new Fetch(m_network.get(requestFor(m_address)), m_timeLimit, std::move(reply));
+    // Qt makes ready for TLS in the first request, which no window should wait for.
+    QTimer::singleShot(kDelay, &m_network, [this, reply = std::move(reply)]() mutable {
+        new Fetch(m_network.get(requestFor(m_address)), m_timeLimit, std::move(reply));
+    });
 }
 
 } // namespace pryvane

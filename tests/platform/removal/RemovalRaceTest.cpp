@@ -59,6 +59,14 @@ void makeFile(int folder, const std::string& name)
     close(openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
 }
 
+/// Where the name is free; while names are exchanged it may not be.
+void makeLink(const char* target, int folder, const char* name)
+{
+    if (symlinkat(target, folder, name) != 0) {
+        EXPECT_EQ(errno, EEXIST) << name;
+    }
+}
+
 struct Race {
     const char* name;
     int percent;                         ///< of all removals, for each way of confinement
@@ -93,7 +101,7 @@ void plantKinds(const Arena& arena)
         const std::set<FileKind> there = {kindOf(arena, "finding"), kindOf(arena, "alt1"),
                                           kindOf(arena, "alt2")};
         if (!there.contains(FileKind::SymbolicLink)) {
-            symlinkat("../../other/finding", arena.place.get(), name);
+            makeLink("../../other/finding", arena.place.get(), name);
         } else if (there.contains(FileKind::Folder)) {
             makeFile(arena.place.get(), name);
         } else {
@@ -108,7 +116,7 @@ constexpr int kLevels = 40; // far more than folders are held open
 const Race kRaces[] = {
     {"AncestorForALinkOutOfTheVolume",
      15,
-     [](const Arena& arena) { symlinkat(arena.outside.path().c_str(), arena.lib.get(), "link"); },
+     [](const Arena& arena) { makeLink(arena.outside.path().c_str(), arena.lib.get(), "link"); },
      plantTree,
      [](const Arena& arena, int) {
          return exchange(arena.lib.get(), "place", arena.lib.get(), "link");
@@ -117,7 +125,7 @@ const Race kRaces[] = {
      2},
     {"AncestorForALinkInsideTheVolume",
      15,
-     [](const Arena& arena) { symlinkat("../other", arena.lib.get(), "link"); },
+     [](const Arena& arena) { makeLink("../other", arena.lib.get(), "link"); },
      plantTree,
      [](const Arena& arena, int) {
          return exchange(arena.lib.get(), "place", arena.lib.get(), "link");
@@ -129,8 +137,8 @@ const Race kRaces[] = {
      [](const Arena&) {},
      [](const Arena& arena) {
          plantTree(arena);
-         symlinkat((arena.outside.path() + "/finding").c_str(), arena.place.get(), "finding/out");
-         symlinkat("../../../other/finding", arena.place.get(), "finding/in");
+         makeLink((arena.outside.path() + "/finding").c_str(), arena.place.get(), "finding/out");
+         makeLink("../../../other/finding", arena.place.get(), "finding/in");
      },
      [](const Arena& arena, int i) {
          return exchange(arena.place.get(), "finding/inner", arena.place.get(),

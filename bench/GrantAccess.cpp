@@ -1,0 +1,25 @@
+// Grants the window the home of alice on a volume, as the welcome does.
+//   grant_access VOLUME DATA-FOLDER
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+#include "platform/posix/FolderGrants.h"
+#include "platform/posix/SqliteUserDefaults.h"
+#include "platform/posix/VolumeFileSystem.h"
+
+int main(int argc, char** argv)
+{
+    using namespace pryvane;
+    if (argc != 3)
+        return 2;
+    SilentLog log;
+    auto disk = VolumeFileSystem::open(argv[1]);
+    auto store = SqliteUserDefaults::open(argv[2], log);
+    if (!disk || !store)
+        return 1;
+    FolderGrants grants(**disk);
+    const auto token = grants.make(FileURL::fileURLWithPath("/Users/alice"));
+    return token && store->defaults->setObject(preferences::kSaveDirectory, *token) &&
+                   store->defaults->set(preferences::kSandboxingDone, false)
+               ? 0
+               : 1;
+}
