@@ -6,38 +6,17 @@
 With the mouse, what a screen reader finds on each screen is compared with the kept text; PRYVANE_KEEP=1
 writes it anew. PRYVANE_SCREENSHOTS=DIR keeps pictures.
 """
-import difflib
 import os
 import pathlib
-import re
 import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from pilot import Pilot, desktop, started, wait_for  # noqa: E402
+from pilot import Pilot, Screens, desktop, started, wait_for  # noqa: E402
 
 KEPT_BACK = "Library/.A_o_b_o"  # the finding that is not to be removed
 REMOVED = ["Users/alice/Library/mdsa1331", "Library/LaunchAgents/com.refog.agent.plist"]
 WEAK = "MyCodecPack"
-
-
-class Screens:
-    """What there is on each screen, in words."""
-
-    def __init__(self, pilot, folder):
-        self.pilot = pilot
-        self.folder = str(folder)
-        self.text = ""
-
-    def note(self, title):
-        self.text += f"== {title}\n"
-        for node in self.pilot.walk():
-            role, name = node.getRoleName(), node.name
-            if role in ("filler", "unknown", "layered pane", "panel") and not name:
-                continue
-            self.text += re.sub(r"\d+", "#", f"{role} | {name.replace(self.folder, 'DIR')}") + "\n"
-            if role in ("push button", "check box", "combo box", "text", "table", "list", "progress bar"):
-                assert name, f"a {role} on \"{title}\" has no name"
 
 
 def by_mouse(pilot, screens):
@@ -137,16 +116,6 @@ def other_screens(pilot, screens):
     pilot.shot("11-help")
 
 
-def compare(text, kept):
-    if os.environ.get("PRYVANE_KEEP"):
-        kept.write_text(text, encoding="utf-8")
-        return
-    difference = list(difflib.unified_diff(
-        kept.read_text(encoding="utf-8").splitlines(), text.splitlines(), "kept", "found", lineterm=""))
-    assert not difference, "what a screen reader finds has changed; PRYVANE_KEEP=1 keeps it\n" + \
-        "\n".join(difference)
-
-
 def main(way, program, make_volume, kept=None):
     with desktop() as folder:
         volume = folder / "MacintoshHD"
@@ -174,7 +143,7 @@ def main(way, program, make_volume, kept=None):
                       "Alert"):
             assert words in told, f'a screen reader was not told "{words}":\n{told}'
         if kept:
-            compare(screens.text, pathlib.Path(kept))
+            screens.compare(pathlib.Path(kept))
 
 
 if __name__ == "__main__":

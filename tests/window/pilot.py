@@ -4,8 +4,10 @@ Widgets are found by name through the accessibility tree (AT-SPI), so whatever a
 find, a test cannot either; keys and mouse clicks are real X events.
 """
 import contextlib
+import difflib
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -65,7 +67,7 @@ def bus_configuration(folder):
 
 
 @contextlib.contextmanager
-def desktop(size="1280x900"):
+def desktop(size=os.environ.get("PRYVANE_TEST_SCREEN", "1280x900")):
     """An X display with a window manager and a session bus; gives the folder of the session."""
     need("Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop")
     with contextlib.ExitStack() as stack:
@@ -216,3 +218,42 @@ class Pilot:
             time.sleep(0.4)  # fades end
             self.shots.mkdir(parents=True, exist_ok=True)
             subprocess.run(["import", "-window", "root", str(self.shots / f"{name}.png")], check=True)
+
+    def confirm_access(self):
+        self.click("Confirm Access")
+        self.find("Confirm Access", "dialog")
+        self.keys("Return")
+        self.find("Quick Scan >")
+
+    def tick(self, table, cell):
+        """Clicks the tick box of the first row that holds the text."""
+        row = next(i for i, cells in enumerate(self.cells(table)) if cell in cells)
+        self.click_node(table.queryTable().getAccessibleAt(row, 0))
+
+
+class Screens:
+    """What there is on each screen, in words."""
+
+    def __init__(self, pilot, folder):
+        self.pilot = pilot
+        self.folder = str(folder)
+        self.text = ""
+
+    def note(self, title):
+        self.text += f"== {title}\n"
+        for node in self.pilot.walk():
+            role, name = node.getRoleName(), node.name
+            if role in ("filler", "unknown", "layered pane", "panel") and not name:
+                continue
+            self.text += re.sub(r"\d+", "#", f"{role} | {name.replace(self.folder, 'DIR')}") + "\n"
+            if role in ("push button", "check box", "combo box", "text", "table", "list", "progress bar"):
+                assert name, f"a {role} on \"{title}\" has no name"
+
+    def compare(self, kept):
+        if os.environ.get("PRYVANE_KEEP"):
+            kept.write_text(self.text, encoding="utf-8")
+            return
+        difference = list(difflib.unified_diff(
+            kept.read_text(encoding="utf-8").splitlines(), self.text.splitlines(), "kept", "found", lineterm=""))
+        assert not difference, "what a screen reader finds has changed; PRYVANE_KEEP=1 keeps it\n" + \
+            "\n".join(difference)

@@ -1,0 +1,82 @@
+#!/usr/bin/python3
+"""The tools screen with the real program: measure, tick, preview, clear; sizes fall, neighbours stay.
+
+    tools_test.py PROGRAM MAKE-DEMO-VOLUME KEPT-TEXT
+"""
+import os
+import pathlib
+import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from pilot import Pilot, Screens, desktop, wait_for  # noqa: E402
+
+CLEARED = ["Library/Safari/History.db", "Library/Caches/com.apple.Safari/Cache.db"]
+STAYS = ["Library/Safari/History.db-wal", "Library/Safari/Extensions",
+         "Library/Application Support/Google/Chrome/Default/History", ".Trash/old.dmg"]
+
+
+def sizes(pilot):
+    return {cells[1]: cells[2] for cells in pilot.cells(pilot.find("Items", "table"))}
+
+
+def clear_some(pilot, screens, home):
+    pilot.keys("ctrl+3")
+    wait_for("the sizes", lambda: any(name.startswith("System, ") and not name.endswith(" 0 byte")
+                                      for name in pilot.texts()))
+    screens.note("tools")
+    pilot.shot("12-tools")
+    before = sizes(pilot)
+    items = pilot.find("Items", "table")
+    pilot.tick(items, "History")
+    pilot.tick(items, "Browser Caches")
+    pilot.click("Preview…", "push button")
+    plan = pilot.find("What would be cleared", "table")
+    wait_for("the preview", lambda: any(str(CLEARED[0]) in cells[1] for cells in pilot.cells(plan)))
+    row = next(i for i, cells in enumerate(pilot.cells(plan)) if STAYS[0] in cells[1])
+    pilot.click_node(plan.queryTable().getAccessibleAt(row, 0))  # one location stays after all
+    screens.note("preview of clearing")
+    pilot.shot("13-clear-preview")
+    pilot.click("Clear for good")
+    pilot.click("OK", "push button")
+    wait_for("the sizes to fall", lambda: sizes(pilot).get("Browser Caches") == "0 byte")
+    pilot.shot("14-cleared")
+    after = sizes(pilot)
+    assert before["History"] != after["History"] != "0 byte", (before, after)
+    for path in CLEARED:
+        assert not (home / path).exists(), f"{path} is still there"
+    for path in STAYS:
+        assert (home / path).exists(), f"{path} is gone"
+
+
+def look_at_inventory(pilot, screens):
+    pilot.click("Inventory")
+    table = pilot.find("Inventory", "table")
+    wait_for("the extension's resolved name",
+             lambda: any("Tab Gardener" in " ".join(cells) for cells in pilot.cells(table)))
+    wait_for("the end of it", lambda: any("Firefox" in " ".join(cells) for cells in pilot.cells(table)))
+    screens.note("inventory")
+    pilot.shot("15-inventory")
+
+
+def main(program, make_volume, kept):
+    with desktop() as folder:
+        volume = folder / "MacintoshHD"
+        subprocess.run([make_volume, str(volume)], check=True, stdout=subprocess.DEVNULL)
+        pilot = Pilot(program, "--volume", str(volume), "--user", "alice",
+                      screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
+        screens = Screens(pilot, folder)
+        try:
+            pilot.confirm_access()
+            clear_some(pilot, screens, volume / "Users/alice")
+            look_at_inventory(pilot, screens)
+        except Exception:
+            pilot.shot("failure")
+            raise
+        finally:
+            pilot.close()
+        screens.compare(pathlib.Path(kept))
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
