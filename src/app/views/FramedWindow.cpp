@@ -77,4 +77,13 @@ void FramedWindow::hideEvent(QHideEvent* event)
     Q_EMIT visibilityChanged();
 }
 
+/// What loses the keyboard because it goes or is disabled hands it to what stands before it: behind
+/// the last one come the window's own buttons.
+bool FramedWindow::focusNextPrevChild(bool next)
+{
+    const QWidget* loser = focusWidget();
+    const bool lost = loser && (!loser->isEnabled() || !loser->isVisible());
+    return QWidget::focusNextPrevChild(next && !lost);
+}
+
 } // namespace pryvane

@@ -33,6 +33,7 @@ protected:
     void changeEvent(QEvent*) override;
     void showEvent(QShowEvent*) override;
     void hideEvent(QHideEvent*) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     const int m_tag;
