@@ -26,6 +26,14 @@ public:
         m_remover.remove(items, stop, told);
     }
 
+    /// Whatever else must not happen while something is removed.
+    template <typename Work>
+    void meanwhileNothing(Work work)
+    {
+        const std::lock_guard lock(m_oneAtATime);
+        work();
+    }
+
 private:
     Remover& m_remover;
     std::mutex m_oneAtATime;
