@@ -103,7 +103,7 @@ std::string relativeLocalizedDate(Date date, Date now)
     dayBefore.tm_mday -= 1;
     dayBefore.tm_hour = 12; // a day may be an hour shorter or longer
     dayBefore.tm_isdst = -1;
-    std::mktime(&dayBefore);
+    static_cast<void>(std::mktime(&dayBefore));
     const char* name = isSameDay(parts, today)       ? "Today, "
                        : isSameDay(parts, dayBefore) ? "Yesterday, "
                                                      : nullptr;

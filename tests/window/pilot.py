@@ -190,9 +190,11 @@ class Pilot:
     def click_node(self, node, button=1):
         box = node.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
         # A box is ticked at its left end, where it is drawn.
-        x = box.x + (12 if node.getRoleName() == "check box" else box.width // 2)
+        scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree tells places without it
+        x = int(scale * (box.x + (12 if node.getRoleName() == "check box" else box.width // 2)))
+        y = int(scale * (box.y + box.height // 2))
         # No faster than a hand: the window manager looks at each press before the program does.
-        subprocess.run(["xdotool", "mousemove", str(x), str(box.y + box.height // 2), "sleep", "0.1",
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "sleep", "0.1",
                         "mousedown", str(button), "sleep", "0.05", "mouseup", str(button)], check=True)
 
     def keys(self, *names):
