@@ -20,7 +20,7 @@ AccessWindow::AccessWindow(NotAccessVC& controller, const VolumeWords& volume)
 {
     setObjectName(QStringLiteral("NotAccessWindowID"));
     setMinimumSize(560, 480);
-    resize(640, 540);
+    startWith({640, 540});
 
     auto* badge = new QLabel;
     badge->setPixmap(ui::applicationIcon().pixmap(QSize(64, 64), devicePixelRatioF()));

@@ -6,6 +6,7 @@
 
 #include <QCloseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace pryvane {
@@ -41,6 +42,11 @@ FramedWindow::FramedWindow(const QString& title, int tag)
     connect(m_titleBar->closeButton(), &QAbstractButton::clicked, this,
             [this] { Q_EMIT closeAsked(m_tag); });
     new ui::ResizableEdges(this);
+}
+
+void FramedWindow::startWith(const QSize& size)
+{
+    resize(size.boundedTo(screen()->availableSize()).expandedTo(minimumSize()));
 }
 
 void FramedWindow::closeEvent(QCloseEvent* event)

@@ -28,6 +28,8 @@ Q_SIGNALS:
 
 protected:
     [[nodiscard]] QVBoxLayout* column() const { return m_column; }
+    /// The size it opens with, where the screen has room for it.
+    void startWith(const QSize& size);
     void closeEvent(QCloseEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void changeEvent(QEvent*) override;

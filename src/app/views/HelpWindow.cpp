@@ -82,7 +82,7 @@ QWidget* makeChapter(const Chapter& chapter)
 HelpWindow::HelpWindow() : FramedWindow(tr("Pryvane Help"), 1)
 {
     setObjectName(QStringLiteral("helpWindow"));
-    resize(620, 640);
+    startWith({620, 640});
     auto* pages = new QWidget;
     auto* list = new QVBoxLayout(pages);
     list->setContentsMargins(ui::kEdge, ui::kRelated, ui::kEdge, ui::kEdge);

@@ -58,7 +58,7 @@ MainWindow::MainWindow(AppDelegate& delegate, TableViewController& table, QStack
 {
     setObjectName(QStringLiteral("mainWindowID"));
     setMinimumSize(900, 600);
-    resize(1100, 720);
+    startWith({1100, 720});
     makeMenu();
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
