@@ -57,7 +57,7 @@ int main(int argc, char** argv)
         since.start();
         const QAbstractButton* report = button("viewReport"); // there once the scan is over
         if (report && report->isVisible())
-            QTimer::singleShot(500, [] { QApplication::quit(); }); // with what follows the end
+            QTimer::singleShot(500, [] { QApplication::exit(); }); // with what follows the end
     });
     QTimer::singleShot(1000, [&] {
         button("btnDeepScan")->click();

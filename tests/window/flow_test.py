@@ -133,6 +133,9 @@ def main(way, program, make_volume, kept=None):
                 pilot.shot("8-summary")
                 if way == "mouse":
                     other_screens(pilot, screens)
+                else:
+                    pilot.keys("ctrl+q")  # no status icon here: it must end all the same
+                    wait_for("the program to end", lambda: pilot.process.poll() == 0)
             except Exception:
                 pilot.shot("failure"); print((folder / "heard").read_text()[-1500:])
                 raise

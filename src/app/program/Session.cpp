@@ -13,7 +13,6 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QUrl>
 
@@ -237,7 +236,7 @@ void Session::change(const VolumeChoice& choice)
     if (choice == m_choice)
         return;
     m_next = choice;
-    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    m_windows.terminate();
 }
 
 void Session::take(const InstanceRequest& request)

@@ -95,7 +95,9 @@ void Windows::activate()
 
 void Windows::terminate()
 {
-    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    // Not quit(): that asks the windows, which hide instead.
+    QMetaObject::invokeMethod(
+        qApp, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
 }
 
 } // namespace pryvane
