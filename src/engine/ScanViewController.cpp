@@ -138,6 +138,9 @@ void ScanViewController::startChecks()
 /// folders are gone through as nodes; a scan that is stopped while it counts has no checks.
 void ScanViewController::startDeepScan()
 {
+    // The program clears the shared state while it starts, which may be after this was made.
+    if (m_state.fullSystemScanPaths.empty())
+        m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
     const std::string checkSubDir = m_options.checkSubDir
                                         ? *m_options.checkSubDir
                                         : m_services.defaults.get(preferences::kCheckSubDir);

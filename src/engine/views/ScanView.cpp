@@ -146,8 +146,11 @@ void ScanView::showCoverage()
 {
     const bool shown = !isBusy() && m_controller.report() != nullptr;
     m_coverage->setVisible(shown && !m_controller.removal().summary());
-    if (shown && m_wasScanning)
-        m_coverage->show(m_controller.report()->spyWareList->size(), m_controller.coverage());
+    // A scan may be over before it was seen to run.
+    if (shown && m_shownReport != m_controller.report()) {
+        m_shownReport = m_controller.report();
+        m_coverage->show(m_shownReport->spyWareList->size(), m_controller.coverage());
+    }
     const std::string& error = m_controller.storeError();
     m_notice->setVisible(shown && !error.empty());
     m_notice->setText(tr("The report of this scan is shown here but could not be stored: %1")

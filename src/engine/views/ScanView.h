@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,7 @@ class PlanSheet;
 class RemovalProgressView;
 class ScanProgressView;
 class ScanViewController;
+class SpywareScanReport;
 
 /// The scan screen: the statement, the running scan, its findings, and their removal.
 class ScanView final : public QWidget {
@@ -63,6 +65,7 @@ private:
     const Options m_options;
     QTimer m_liveUpdate; ///< gathers what a scan tells, so that the screen is redrawn in peace
     bool m_wasScanning = false;
+    std::shared_ptr<SpywareScanReport> m_shownReport; ///< whose verdict is shown
     QPointer<PlanSheet> m_plan;
     bool m_planPending = false;
 
