@@ -44,10 +44,12 @@ public:
     {
         Sum& sum = m_sums[location];
         sum.bytes.fetch_add(bytes);
-        if (sum.parts.fetch_sub(1) > 1 || m_stop.requested())
+        if (sum.parts.fetch_sub(1) > 1)
             return;
         const std::lock_guard lock(m_mutex);
-        m_told(location, sum.bytes.load());
+        // Asked for here, as the telling waited for may have been what stopped it.
+        if (!m_stop.requested())
+            m_told(location, sum.bytes.load());
     }
 
 private:
