@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaner/AdwareScan.h"
+#include "cleaner/InventoryKind.h"
 #include "core/StopFlag.h"
 #include "core/Worker.h"
 #include "platform/MainQueue.h"
@@ -16,21 +17,6 @@
 #include <vector>
 
 namespace pryvane {
-
-/// The lists of the inventory, in the order in which they are gathered and shown.
-enum class InventoryKind : std::uint8_t {
-    LaunchAgents,
-    LaunchDaemons,
-    ChromeExtensions,
-    FirefoxAddOns,
-    SafariExtensions,
-    ApplicationSupport,
-    Applications,
-};
-inline constexpr std::array kInventoryHeadings = {
-    "Launch agents",   "Launch daemons",    "Google Chrome extensions",
-    "Firefox add-ons", "Safari extensions", "Application support",
-    "Applications"};
 
 /// One thing that is installed. Names are raw bytes.
 struct InventoryEntry {

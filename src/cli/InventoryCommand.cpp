@@ -1,3 +1,4 @@
+#include "cleaner/InventoryKind.h"
 #include "cli/CleanerHost.h"
 #include "cli/CommandLine.h"
 #include "cli/TextTable.h"
@@ -19,21 +20,23 @@ using UrlList = std::vector<FileURL>;
 
 /// One list of the inventory.
 struct Kind {
-    const char* name;    ///< as --kind takes it
-    const char* key;     ///< in JSON
-    const char* heading; ///< in text
+    const char* name; ///< as --kind takes it
+    const char* key;  ///< in JSON
+    InventoryKind kind;
     std::variant<ExtensionList (AdwareScan::*)() const, UrlList (AdwareScan::*)() const> list;
 };
 
 const Kind kKinds[] = {
-    {"chrome", "chrome", "Google Chrome extensions", &AdwareScan::getChromeExtantionList},
-    {"firefox", "firefox", "Firefox add-ons", &AdwareScan::getFirefoxExtantionList},
-    {"safari", "safari", "Safari extensions", &AdwareScan::getSafariExtantionList},
-    {"launch-agents", "launchAgents", "Launch agents", &AdwareScan::getLaunchAgentsList},
-    {"launch-daemons", "launchDaemons", "Launch daemons", &AdwareScan::getLaunchDaemonsList},
-    {"application-support", "applicationSupport", "Application support",
+    {"chrome", "chrome", InventoryKind::ChromeExtensions, &AdwareScan::getChromeExtantionList},
+    {"firefox", "firefox", InventoryKind::FirefoxAddOns, &AdwareScan::getFirefoxExtantionList},
+    {"safari", "safari", InventoryKind::SafariExtensions, &AdwareScan::getSafariExtantionList},
+    {"launch-agents", "launchAgents", InventoryKind::LaunchAgents,
+     &AdwareScan::getLaunchAgentsList},
+    {"launch-daemons", "launchDaemons", InventoryKind::LaunchDaemons,
+     &AdwareScan::getLaunchDaemonsList},
+    {"application-support", "applicationSupport", InventoryKind::ApplicationSupport,
      &AdwareScan::getApplicationSupportList},
-    {"applications", "applications", "Applications", &AdwareScan::getAppList},
+    {"applications", "applications", InventoryKind::Applications, &AdwareScan::getAppList},
 };
 
 struct InventoryArguments {
@@ -126,7 +129,7 @@ int runInventory(const InventoryArguments& arguments, const Console& console)
                 if (arguments.format == "json")
                     document[list.kind->key] = asJson(entries);
                 else
-                    console.out << list.kind->heading << ": " << entries.size() << "\n"
+                    console.out << heading(list.kind->kind) << ": " << entries.size() << "\n"
                                 << asText(entries);
             },
             list.entries);

@@ -39,7 +39,6 @@ ScanViewController::ScanViewController(const PlatformServices& services, ScanSta
                  [this] { makeAccessibleUIChanges(); }, [this] { Q_EMIT stateChanged(); },
                  [this] { Q_EMIT removalEnded(); }})
 {
-    m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
     observe();
     makeAccessibleUIChanges();
 }
@@ -138,9 +137,7 @@ void ScanViewController::startChecks()
 /// folders are gone through as nodes; a scan that is stopped while it counts has no checks.
 void ScanViewController::startDeepScan()
 {
-    // The program clears the shared state while it starts, which may be after this was made.
-    if (m_state.fullSystemScanPaths.empty())
-        m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
+    m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
     const std::string checkSubDir = m_options.checkSubDir
                                         ? *m_options.checkSubDir
                                         : m_services.defaults.get(preferences::kCheckSubDir);

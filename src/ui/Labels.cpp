@@ -1,6 +1,10 @@
 #include "ui/Labels.h"
 
+#include "core/Escape.h"
+
+#include <QClipboard>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QStyle>
 
@@ -14,6 +18,11 @@ QString text(std::string_view utf8)
 QString buttonText(std::string_view utf8)
 {
     return text(utf8).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+void copyPath(std::string_view path)
+{
+    QGuiApplication::clipboard()->setText(isUtf8(path) ? text(path) : text(forScreen(path)));
 }
 
 QLabel* makeLabel(TextRole role, const QString& content, QWidget* parent)

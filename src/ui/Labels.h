@@ -14,6 +14,10 @@ namespace pryvane::ui {
 /// The same for buttons and menus, where "&" would mark a shortcut.
 [[nodiscard]] QString buttonText(std::string_view utf8);
 
+/// Puts a path on the clipboard. That carries text, so a path that is not valid UTF-8 is copied in
+/// its escaped form.
+void copyPath(std::string_view path);
+
 /// A plain-text label of that role, wrapping where asked. Rich text is never guessed from content.
 [[nodiscard]] QLabel* makeLabel(TextRole role, const QString& content = {},
                                 QWidget* parent = nullptr);

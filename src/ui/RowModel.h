@@ -35,20 +35,20 @@ public:
     [[nodiscard]] virtual Cell cell(int row, int column) const = 0;
 
     /// None for a row that cannot be ticked.
-    [[nodiscard]] virtual std::optional<bool> ticked(int row) const = 0;
-    virtual void tick(const std::vector<int>& rows, bool on) = 0;
+    [[nodiscard]] virtual std::optional<bool> ticked(int /*row*/) const { return std::nullopt; }
+    virtual void tick(const std::vector<int>& /*rows*/, bool /*on*/) {}
 
     /// The group of the row under that grouping (1, 2, …); grouping 0 has no groups.
-    [[nodiscard]] virtual QString group(int row, int grouping) const = 0;
+    [[nodiscard]] virtual QString group(int /*row*/, int /*grouping*/) const { return {}; }
 
     /// Whether the row is left out, because it is shown elsewhere.
     [[nodiscard]] virtual bool hidden(int /*row*/) const { return false; }
 
     /// What the filter looks in.
-    [[nodiscard]] virtual QString searchText(int row) const = 0;
+    [[nodiscard]] virtual QString searchText(int /*row*/) const { return {}; }
 
     /// Drawn paler: what is no longer there.
-    [[nodiscard]] virtual bool faded(int row) const = 0;
+    [[nodiscard]] virtual bool faded(int /*row*/) const { return false; }
 };
 
 /// Filters, sorts and groups the rows of a source, whose order it otherwise keeps. 100,000 rows

@@ -1,7 +1,9 @@
 #include "ui/Spinner.h"
 
-#include "ui/Theme.h"
+#include "ui/Labels.h"
+#include "ui/Style.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 #include <QTimerEvent>
 
@@ -76,6 +78,25 @@ void ButtonWithSpinner::resizeEvent(QResizeEvent* event)
     const QSize size = m_spinner->sizeHint();
     m_spinner->setGeometry((width() - size.width()) / 2, (height() - size.height()) / 2,
                            size.width(), size.height());
+}
+
+QWidget* makeBusyRow(const QString& words)
+{
+    auto* busy = new QWidget;
+    auto* row = new QHBoxLayout(busy);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(kRelated);
+    row->addWidget(new Spinner);
+    row->addWidget(makeLabel(TextRole::Body, words));
+    return busy;
+}
+
+QWidget* makeBusyPage(const QString& words)
+{
+    auto* page = new QWidget;
+    auto* row = new QHBoxLayout(page);
+    row->addWidget(makeBusyRow(words), 0, Qt::AlignCenter);
+    return page;
 }
 
 } // namespace pryvane::ui

@@ -45,4 +45,10 @@ private:
     Spinner* m_spinner;
 };
 
+/// A spinner with words that say what works, in one row without margins.
+[[nodiscard]] QWidget* makeBusyRow(const QString& words);
+
+/// The same in the middle of a page.
+[[nodiscard]] QWidget* makeBusyPage(const QString& words);
+
 } // namespace pryvane::ui

@@ -69,7 +69,7 @@ RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findi
     return plan;
 }
 
-TEST(RemovalPlan, GroupsByRuleAndFolderWithWeakEvidenceApart)
+TEST(RemovalPlan, TellsWhatFlaggedEachRecordAndWhatWouldGo)
 {
     RemovalPlan plan =
         planOf({{"/Users/al/src/Koobface/1", "Spyware"},
@@ -83,25 +83,6 @@ TEST(RemovalPlan, GroupsByRuleAndFolderWithWeakEvidenceApart)
                                          Evidence::BareSubstring,      Evidence::BareSubstring};
     for (std::size_t i = 0; i < expected.size(); ++i)
         EXPECT_EQ(plan.rows[i].flaggedBy.evidence, expected[i]) << i;
-
-    const auto rows = [&](PlanGrouping grouping) {
-        std::vector<std::string> texts;
-        for (const PlanGroup& group : grouped(plan, grouping)) {
-            EXPECT_EQ(group.entries, group.rows.size());
-            EXPECT_EQ(group.bytes, static_cast<std::int64_t>(512 * group.rows.size()));
-            texts.push_back(group.title + (group.weak ? " (weak) " : " ") +
-                            std::to_string(group.rows.size()));
-        }
-        return texts;
-    };
-    EXPECT_THAT(rows(PlanGrouping::ByFolder),
-                ElementsAre("/Library/LaunchAgents 2", "/tmp 1", "/Users/al/src/Koobface (weak) 2",
-                            "/no/such (weak) 1"));
-    EXPECT_THAT(rows(PlanGrouping::ByRule),
-                ElementsAre("Refog Personal Monitor: name touching a dot in a default location 2",
-                            "Revir: exact path 1",
-                            "Spyware: text in the path of a file (deep scan only) (weak) 2",
-                            "Revir: no rule of this catalogue (weak) 1"));
 
     plan.rows[0].forecast.obstacle = RemovalObstacle::ReadOnlyVolume;
     plan.rows[1].forecast = {};

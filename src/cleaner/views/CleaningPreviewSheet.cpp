@@ -79,13 +79,7 @@ QWidget* CleaningPreviewSheet::makeBrowserPanel()
 
 void CleaningPreviewSheet::layOut()
 {
-    auto* busy = new QWidget;
-    auto* looking = new QHBoxLayout(busy);
-    looking->addStretch();
-    looking->addWidget(new ui::Spinner);
-    looking->addWidget(ui::makeLabel(ui::TextRole::Body, tr("Looking at what would go…")));
-    looking->addStretch();
-    m_pages->addWidget(busy);
+    m_pages->addWidget(ui::makeBusyPage(tr("Looking at what would go…")));
     m_pages->addWidget(m_table);
     m_pages->addWidget(new QWidget);
     m_totals->setWordWrap(true);

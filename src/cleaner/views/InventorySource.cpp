@@ -64,7 +64,7 @@ ui::Cell InventorySource::cell(int row, int column) const
 
 QString InventorySource::group(int row, int) const
 {
-    return ui::text(kInventoryHeadings[static_cast<std::size_t>(entry(row).kind)]);
+    return ui::text(heading(entry(row).kind));
 }
 
 bool InventorySource::hidden(int row) const

@@ -26,12 +26,9 @@ public:
 
     [[nodiscard]] int count() const override;
     [[nodiscard]] ui::Cell cell(int row, int column) const override;
-    [[nodiscard]] std::optional<bool> ticked(int) const override { return std::nullopt; }
-    void tick(const std::vector<int>&, bool) override {}
     [[nodiscard]] QString group(int row, int grouping) const override;
     [[nodiscard]] bool hidden(int row) const override;
     [[nodiscard]] QString searchText(int row) const override;
-    [[nodiscard]] bool faded(int) const override { return false; }
 
 private:
     const InventoryController& m_controller;

@@ -1,6 +1,5 @@
 #include "cleaner/views/InventoryView.h"
 
-#include "core/Escape.h"
 #include "core/Texts.h"
 #include "ui/FilterField.h"
 #include "ui/Icons.h"
@@ -8,9 +7,7 @@
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
 
-#include <QClipboard>
 #include <QComboBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QLocale>
@@ -116,12 +113,11 @@ void InventoryView::showState()
     const auto number = [](std::size_t count) {
         return QLocale().toString(static_cast<qulonglong>(count));
     };
-    m_summary->setText(
-        gathering ? tr("Gathering: %1")
-                        .arg(ui::text(kInventoryHeadings[std::size_t(m_controller.gathering())]))
-        : m_controller.isWhole()
-            ? tr("%1 entries in all").arg(number(m_shown))
-            : tr("%1 entries; not all lists were gathered").arg(number(m_shown)));
+    m_summary->setText(gathering
+                           ? tr("Gathering: %1").arg(ui::text(heading(m_controller.gathering())))
+                       : m_controller.isWhole()
+                           ? tr("%1 entries in all").arg(number(m_shown))
+                           : tr("%1 entries; not all lists were gathered").arg(number(m_shown)));
     for (std::size_t kind = 0; kind < kInventoryHeadings.size(); ++kind) {
         const auto count = std::count_if(
             m_controller.entries().begin(), m_controller.entries().end(),
@@ -155,15 +151,8 @@ void InventoryView::showMenu(int row, const QPoint& place)
     menu.addAction(ui::icon(QStringLiteral("reveal")), tr("Reveal in File Viewer"),
                    [this, row] { Q_EMIT revealWanted(m_source.entry(row).url); });
     menu.addAction(ui::icon(QStringLiteral("copy")), tr("Copy Path"),
-                   [this, row] { copyPath(row); });
+                   [this, row] { ui::copyPath(m_source.entry(row).url.relativePath()); });
     menu.exec(place);
-}
-
-/// The clipboard carries text, so a path that is not valid text is copied in its escaped form.
-void InventoryView::copyPath(int row) const
-{
-    const std::string& path = m_source.entry(row).url.relativePath();
-    QGuiApplication::clipboard()->setText(ui::text(isUtf8(path) ? path : forScreen(path)));
 }
 
 } // namespace pryvane

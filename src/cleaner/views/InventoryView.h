@@ -38,7 +38,6 @@ private:
     void showKind(int choice);
     void showList();
     void showMenu(int row, const QPoint& place);
-    void copyPath(int row) const;
 
     InventoryController& m_controller;
     InventorySource m_source;

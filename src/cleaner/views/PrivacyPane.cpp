@@ -2,11 +2,11 @@
 
 #include "cleaner/views/CleaningPreviewSheet.h"
 #include "cleaner/views/GroupList.h"
-#include "cleaner/views/LeftOversSheet.h"
 #include "cleaner/views/ToolsStatus.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
 #include "ui/Labels.h"
+#include "ui/ReasonsSheet.h"
 #include "ui/RowTable.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
@@ -158,7 +158,14 @@ void PrivacyPane::openPreview(bool listed)
 
 void PrivacyPane::showLeftOvers()
 {
-    (new LeftOversSheet(this, m_controller.outcome().stayed))->present();
+    std::vector<ui::ReasonsSheet::Row> rows;
+    for (const LeftOver& left : m_controller.outcome().stayed)
+        rows.push_back({ui::text(forScreen(left.item)),
+                        ui::text(forScreen(left.url.relativePath())),
+                        ui::text(forScreen(left.reason))});
+    (new ui::ReasonsSheet(this, tr("What stayed"), tr("Why it stayed, and what to do"),
+                          std::move(rows)))
+        ->present();
 }
 
 } // namespace pryvane

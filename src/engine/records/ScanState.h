@@ -13,7 +13,7 @@ namespace pryvane {
 /// The scan state that all screens share. Flags and counters are read by several threads; the lists
 /// and the report type belong to the main thread.
 struct ScanState {
-    std::vector<std::string> fullSystemScanPaths;  ///< set once, before any deep scan
+    std::vector<std::string> fullSystemScanPaths;  ///< set by each deep scan as it starts
     std::vector<std::string> arrDefaultTorvellApp; ///< names of the maker's own products
     ResultList arrSpywareList;
     std::string reportType;

@@ -3,27 +3,12 @@
 #include "signatures/Catalogue.h"
 
 #include <algorithm>
-#include <map>
-#include <utility>
 
 namespace pryvane {
 
 namespace {
 
 constexpr std::string_view kNoRule = "no rule of this catalogue";
-
-std::string folderOf(const FileURL& url)
-{
-    const std::string path = url.absolutePath();
-    return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
-}
-
-std::string titleOf(const PlannedRecord& row, PlanGrouping grouping)
-{
-    if (grouping == PlanGrouping::ByFolder)
-        return folderOf(row.record->url);
-    return row.record->infections + ": " + std::string(row.flaggedBy.rule);
-}
 
 } // namespace
 
@@ -56,27 +41,6 @@ RemovalPlan::Totals RemovalPlan::totals() const
         totals.countedWhole = totals.countedWhole && forecast.countedWhole;
     }
     return totals;
-}
-
-std::vector<PlanGroup> grouped(const RemovalPlan& plan, PlanGrouping grouping)
-{
-    std::vector<PlanGroup> groups;
-    std::map<std::pair<std::string, bool>, std::size_t> places;
-    for (std::size_t i = 0; i < plan.rows.size(); ++i) {
-        const PlannedRecord& row = plan.rows[i];
-        const bool weak = isWeak(row.flaggedBy.evidence);
-        std::string title = titleOf(row, grouping);
-        const auto [place, isNew] = places.try_emplace({title, weak}, groups.size());
-        if (isNew)
-            groups.push_back({std::move(title), weak, {}, 0, 0});
-        PlanGroup& group = groups[place->second];
-        group.rows.push_back(i);
-        group.entries += row.forecast.entries;
-        group.bytes += row.forecast.bytes;
-    }
-    std::stable_partition(groups.begin(), groups.end(),
-                          [](const PlanGroup& group) { return !group.weak; });
-    return groups;
 }
 
 } // namespace pryvane

@@ -52,18 +52,4 @@ struct RemovalPlan {
     [[nodiscard]] Totals totals() const;
 };
 
-enum class PlanGrouping : std::uint8_t { ByRule, ByFolder };
-
-/// Rows of a plan that belong together.
-struct PlanGroup {
-    std::string title; ///< threat and rule, or the folder; raw bytes
-    bool weak = false; ///< rests on weak evidence
-    std::vector<std::size_t> rows;
-    std::uint64_t entries = 0;
-    std::int64_t bytes = 0;
-};
-
-/// The groups in the order of their first rows; those on weak evidence apart, behind the others.
-[[nodiscard]] std::vector<PlanGroup> grouped(const RemovalPlan& plan, PlanGrouping grouping);
-
 } // namespace pryvane

@@ -10,9 +10,7 @@
 #include "ui/Style.h"
 
 #include <QCheckBox>
-#include <QClipboard>
 #include <QComboBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QMenu>
@@ -141,7 +139,7 @@ void FindingsPane::showMenu(int row, const QPoint& place)
     menu.addAction(ui::icon(QStringLiteral("reveal")), tr("Reveal in File Viewer"),
                    [this, row] { Q_EMIT revealWanted(m_source.record(row).url); });
     menu.addAction(ui::icon(QStringLiteral("copy")), tr("Copy Path"),
-                   [this, row] { copyPath(row); });
+                   [this, row] { ui::copyPath(m_source.record(row).url.relativePath()); });
     menu.exec(place);
 }
 
@@ -164,13 +162,6 @@ void FindingsPane::explainRow(int row)
            "it is called, not on what is inside.")));
     sheet->buttons()->addWidget(close);
     sheet->present(close);
-}
-
-/// The clipboard carries text, so a path that is not valid text is copied in its escaped form.
-void FindingsPane::copyPath(int row) const
-{
-    const std::string& path = m_source.record(row).url.relativePath();
-    QGuiApplication::clipboard()->setText(ui::text(isUtf8(path) ? path : forScreen(path)));
 }
 
 } // namespace pryvane

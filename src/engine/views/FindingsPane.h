@@ -45,7 +45,6 @@ private:
     void showSelection();
     void showMenu(int row, const QPoint& place);
     void explainRow(int row);
-    void copyPath(int row) const;
 
     FindingsSource m_source;
     ui::RowModel m_model;

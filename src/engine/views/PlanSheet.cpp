@@ -66,13 +66,7 @@ PlanSheet::PlanSheet(QWidget* over, PlanSource::Ticked ticked)
 
 void PlanSheet::layOut()
 {
-    auto* busy = new QWidget;
-    auto* looking = new QHBoxLayout(busy);
-    looking->addStretch();
-    looking->addWidget(new ui::Spinner);
-    looking->addWidget(ui::makeLabel(ui::TextRole::Body, tr("Looking at what would go…")));
-    looking->addStretch();
-    m_pages->addWidget(busy);
+    m_pages->addWidget(ui::makeBusyPage(tr("Looking at what would go…")));
     m_pages->addWidget(m_table);
     m_pages->setMinimumHeight(kTableHeight);
 

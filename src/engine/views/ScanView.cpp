@@ -4,7 +4,7 @@
 #include "engine/ScanViewController.h"
 #include "engine/views/BrowserPanelSheet.h"
 #include "engine/views/CoverageView.h"
-#include "engine/views/FailuresSheet.h"
+#include "engine/views/Failures.h"
 #include "engine/views/FindingsPane.h"
 #include "engine/views/PlanSheet.h"
 #include "engine/views/RemovalProgressView.h"
@@ -224,7 +224,7 @@ void ScanView::takeBackRemoved()
 
 void ScanView::showFailures()
 {
-    (new FailuresSheet(this, m_controller.lists().unDeletedSpyware))->present();
+    makeFailuresSheet(this, m_controller.lists().unDeletedSpyware)->present();
 }
 
 } // namespace pryvane

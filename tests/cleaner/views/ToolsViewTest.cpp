@@ -192,7 +192,7 @@ TEST_F(ToolsViewTest, ClearsWhatIsTickedButWhatThePreviewLeavesOut)
     EXPECT_EQ(words("total"), "Nothing is ticked");
     picture("tools-done");
     find("showLeftOvers")->click();
-    EXPECT_EQ(columnOf(find<QAbstractItemView>("leftOvers"), 2).size(), 1);
+    EXPECT_EQ(columnOf(find<QAbstractItemView>("reasons"), 2).size(), 1);
     picture("tools-left-overs");
 }
 

@@ -26,9 +26,6 @@ private:
 
         [[nodiscard]] int count() const override;
         [[nodiscard]] ui::Cell cell(int row, int column) const override;
-        [[nodiscard]] std::optional<bool> ticked(int) const override { return std::nullopt; }
-        void tick(const std::vector<int>&, bool) override {}
-        [[nodiscard]] QString group(int, int) const override { return {}; }
         [[nodiscard]] QString searchText(int row) const override;
         [[nodiscard]] bool faded(int row) const override { return change(row) == Change::Gone; }
 

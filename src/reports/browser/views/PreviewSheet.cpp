@@ -12,21 +12,6 @@
 
 namespace pryvane {
 
-namespace {
-
-QWidget* makeBusyPage()
-{
-    auto* page = new QWidget;
-    auto* row = new QHBoxLayout(page);
-    row->addStretch();
-    row->addWidget(new ui::Spinner);
-    row->addWidget(ui::makeLabel(ui::TextRole::Body, PreviewSheet::tr("Preparing the pages…")));
-    row->addStretch();
-    return page;
-}
-
-} // namespace
-
 PreviewSheet::PreviewSheet(QWidget* over)
     : Sheet(over, tr("Print this report")), m_pages(new PagesView), m_stack(new QStackedWidget),
       m_failure(ui::makeLabel(ui::TextRole::Body)), m_page(ui::makeNote()),
@@ -42,8 +27,8 @@ PreviewSheet::PreviewSheet(QWidget* over)
     m_failure->setWordWrap(true);
     m_failure->setAlignment(Qt::AlignCenter);
     m_failure->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    for (QWidget* page :
-         {makeBusyPage(), static_cast<QWidget*>(m_pages), static_cast<QWidget*>(m_failure)})
+    for (QWidget* page : {ui::makeBusyPage(tr("Preparing the pages…")),
+                          static_cast<QWidget*>(m_pages), static_cast<QWidget*>(m_failure)})
         m_stack->addWidget(page);
     body()->addWidget(m_stack, 1);
     buttons()->addWidget(m_print);

@@ -2,7 +2,7 @@
 
 #include "core/Escape.h"
 #include "engine/views/BrowserPanelSheet.h"
-#include "engine/views/FailuresSheet.h"
+#include "engine/views/Failures.h"
 #include "engine/views/PlanSheet.h"
 #include "reports/browser/ReportViewController.h"
 #include "reports/browser/views/ComparisonSheet.h"
@@ -127,7 +127,7 @@ void ReportBrowserView::openPlan()
 
 void ReportBrowserView::showFailures()
 {
-    auto* sheet = new FailuresSheet(this, m_controller.removal().listUnDeleted());
+    auto* sheet = makeFailuresSheet(this, m_controller.removal().listUnDeleted());
     m_failures = sheet;
     connect(sheet, &ui::Sheet::closed, this, [this] {
         m_failures.clear();

@@ -27,27 +27,6 @@ namespace {
 
 enum Page : int { Reading, NothingYet, List };
 
-/// A turning ring with its words.
-QHBoxLayout* spinning(const QString& words)
-{
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(ui::kRelated);
-    row->addWidget(new ui::Spinner);
-    row->addWidget(ui::makeLabel(ui::TextRole::Body, words));
-    return row;
-}
-
-QWidget* makeReading()
-{
-    auto* page = new QWidget;
-    auto* row = new QHBoxLayout(page);
-    row->addStretch();
-    row->addLayout(spinning(ReportListPane::tr("Reading the reports…")));
-    row->addStretch();
-    return page;
-}
-
 } // namespace
 
 ReportListPane::ReportListPane(ReportViewController& controller, QWidget* parent)
@@ -66,7 +45,8 @@ ReportListPane::ReportListPane(ReportViewController& controller, QWidget* parent
     auto* card = new ui::Card;
     card->column()->addWidget(makeToolbar());
     card->column()->addWidget(m_list, 1);
-    for (QWidget* page : {makeReading(), makeNothingYet(), static_cast<QWidget*>(card)})
+    for (QWidget* page : {ui::makeBusyPage(tr("Reading the reports…")), makeNothingYet(),
+                          static_cast<QWidget*>(card)})
         m_pages->addWidget(page);
 
     auto* column = new QVBoxLayout(this);
@@ -82,9 +62,8 @@ QWidget* ReportListPane::makeHead()
 {
     m_statement = ui::makeLabel(ui::TextRole::Statement, tr("Reports"));
     m_statement->setObjectName(QStringLiteral("reportCount"));
-    m_scanning = new QWidget;
+    m_scanning = ui::makeBusyRow(tr("A scan is running. Its report comes at its end."));
     m_scanning->setObjectName(QStringLiteral("scanningSpinner"));
-    m_scanning->setLayout(spinning(tr("A scan is running. Its report comes at its end.")));
     auto* head = new QWidget;
     auto* row = new QHBoxLayout(head);
     row->setContentsMargins(0, 0, 0, 0);

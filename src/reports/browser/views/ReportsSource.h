@@ -19,11 +19,6 @@ public:
 
     [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] ui::Cell cell(int row, int column) const override;
-    [[nodiscard]] std::optional<bool> ticked(int) const override { return std::nullopt; }
-    void tick(const std::vector<int>&, bool) override {}
-    [[nodiscard]] QString group(int, int) const override { return {}; }
-    [[nodiscard]] QString searchText(int) const override { return {}; }
-    [[nodiscard]] bool faded(int) const override { return false; }
 
 private:
     [[nodiscard]] const ReportRow& texts(int row) const;

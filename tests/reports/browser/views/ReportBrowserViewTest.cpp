@@ -162,11 +162,11 @@ TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
     EXPECT_EQ(alerts.asked().size(), 1U);
     EXPECT_TRUE(volume.contains("/Users/alice/.mdworker"));
     EXPECT_FALSE(volume.contains("/Users/alice/Library/LaunchAgents/com.\xff<b>bold.plist"));
-    ASSERT_TRUE(isShown("failuresSheet"));
+    ASSERT_TRUE(isShown("reasonsSheet"));
     shot("failures");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     settle();
-    EXPECT_FALSE(isShown("failuresSheet"));
+    EXPECT_FALSE(isShown("reasonsSheet"));
     shot("after-removal");
     EXPECT_THAT(rowText("findings", 0), HasSubstr("still there"));
     EXPECT_THAT(rowText("findings", 1), HasSubstr("removed"));
