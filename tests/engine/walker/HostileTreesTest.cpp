@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <set>
 #include <sys/mount.h>
 #include <sys/stat.h>
@@ -177,7 +178,8 @@ TEST(HostileTrees, ChangingDuringTheWalk)
             unlink((made + "/f").c_str());
             if (i % 3 == 0) {
                 rmdir(made.c_str());
-                static_cast<void>(symlink("/", made.c_str())); // a link where a folder was
+                std::error_code ignored; // a link where a folder was
+                std::filesystem::create_directory_symlink("/", made, ignored);
             } else if (i % 3 == 1) {
                 rename(made.c_str(), (folder.hostPath("m") + std::to_string(i)).c_str());
             }

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -156,7 +157,8 @@ void growRandomTree(const std::string& hostFolder, std::mt19937& random, int ent
         } else if (kind < 18) {
             close(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
         } else if (kind == 18) {
-            static_cast<void>(symlink(below(2) ? hostFolder.c_str() : "nowhere", path.c_str()));
+            std::error_code ignored;
+            std::filesystem::create_symlink(below(2) ? hostFolder : "nowhere", path, ignored);
         } else {
             static_cast<void>(mkfifo(path.c_str(), 0644));
         }
