@@ -13,6 +13,12 @@ namespace pryvane::ui {
 
 namespace {
 
+bool takesTab(const QWidget* widget)
+{
+    return (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() && widget->isVisible() &&
+           !widget->focusProxy();
+}
+
 /// The widgets below `sheet` that the Tab key reaches now, in order.
 QList<QWidget*> tabStops(const QWidget* sheet)
 {
@@ -20,10 +26,21 @@ QList<QWidget*> tabStops(const QWidget* sheet)
     auto* start = const_cast<QWidget*>(sheet);
     for (QWidget* widget = start->nextInFocusChain(); widget != start;
          widget = widget->nextInFocusChain())
-        if (sheet->isAncestorOf(widget) && (widget->focusPolicy() & Qt::TabFocus) &&
-            widget->isEnabled() && widget->isVisible() && !widget->focusProxy())
+        if (sheet->isAncestorOf(widget) && takesTab(widget))
             stops.append(widget);
     return stops;
+}
+
+/// The widget itself, or where it can have no focus the nearest before it that can.
+QWidget* nearestStop(QWidget* widget)
+{
+    QWidget* stop = widget;
+    while (!takesTab(stop)) {
+        stop = stop->previousInFocusChain();
+        if (stop == widget)
+            break;
+    }
+    return stop;
 }
 
 } // namespace
@@ -72,8 +89,8 @@ void Sheet::dismiss()
         return;
     m_closed = true;
     hide();
-    if (m_focusedBefore)
-        m_focusedBefore->setFocus(Qt::OtherFocusReason);
+    if (m_focusedBefore) // it may have been disabled by what the sheet began
+        nearestStop(m_focusedBefore)->setFocus(Qt::OtherFocusReason);
     QAccessibleEvent told(this, QAccessible::DialogEnd);
     QAccessible::updateAccessibility(&told);
     Q_EMIT closed();

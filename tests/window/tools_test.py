@@ -40,6 +40,8 @@ def clear_some(pilot, screens, home):
     pilot.click("Clear for good")
     pilot.click("OK", "push button")
     wait_for("the sizes to fall", lambda: sizes(pilot).get("Browser Caches") == "0 byte")
+    focused = pilot.focused()
+    assert focused and focused.name not in ("Minimise", "Maximise", "Close"), "the keyboard left the content"
     pilot.shot("14-cleared")
     after = sizes(pilot)
     assert before["History"] != after["History"] != "0 byte", (before, after)

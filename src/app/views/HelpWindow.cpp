@@ -96,6 +96,7 @@ HelpWindow::HelpWindow() : FramedWindow(tr("Pryvane Help"), 1)
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     column()->addWidget(scroll, 1);
+    scroll->setFocus(Qt::OtherFocusReason); // so that the arrow keys read on
 }
 
 } // namespace pryvane
