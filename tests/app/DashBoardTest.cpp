@@ -249,6 +249,7 @@ TEST_F(DashBoardTest, TellsHowLongAgoTheLastScanWasAndHowLongItTook)
     EXPECT_EQ(board->scanExplanation(), "Looks in every place that known spyware settles in.");
     DefaultMethods store(defaults, *disk, clock, log);
     const auto add = [&](const char* kind, const char* duration, bool red) {
+        clock.advance(1min);
         auto list = std::make_shared<SpywareList>();
         if (red)
             list->push_back(std::make_shared<Spyware>());
