@@ -264,8 +264,8 @@ TEST_F(DashBoardTest, TellsHowLongAgoTheLastScanWasAndHowLongItTook)
     ASSERT_TRUE(defaults.set(preferences::kLastScanDate, clock.now()).ok());
     clock.advance(30h);
     notifications.post(NotificationName::ScanStatusChange, false);
-    ASSERT_TRUE(mainQueue.runUntil([&] { return board->lastScans().date.has_value(); }));
-    EXPECT_TRUE(board->lastScans().threatFound);
+    // The list that was read when the dashboard opened may still come, with some of the reports.
+    ASSERT_TRUE(mainQueue.runUntil([&] { return board->lastScans().threatFound; }));
     EXPECT_EQ(board->scanExplanation(), "Looks in every place that known spyware settles in. Last "
                                         "time: 1 minute 1 second.");
     board->btnDeepScanClicked(true);
