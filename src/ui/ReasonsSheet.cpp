@@ -13,45 +13,47 @@ namespace pryvane::ui {
 
 namespace {
 
-enum Column : int { Tick, Item, Location, Reason };
 constexpr int kRowsInSight = 8;
 
 } // namespace
 
+ReasonsSheet::Source::Source(std::vector<Row> rows)
+    : m_rows(std::move(rows)),
+      m_haveItems(std::ranges::any_of(m_rows, [](const Row& row) { return !row.item.isEmpty(); }))
+{
+}
+
+std::vector<Column> ReasonsSheet::Source::columns(const QString& reasonTitle) const
+{
+    std::vector<Column> columns{{.width = 8}};
+    if (m_haveItems)
+        columns.push_back({.title = ReasonsSheet::tr("Item"), .width = 120});
+    columns.push_back({.title = ReasonsSheet::tr("Location"), .stretches = true, .isPath = true});
+    columns.push_back({.title = reasonTitle, .stretches = true});
+    return columns;
+}
+
 Cell ReasonsSheet::Source::cell(int row, int column) const
 {
     const Row& shown = m_rows[static_cast<std::size_t>(row)];
-    switch (column) {
-    case Item:
-        return {.text = shown.item};
-    case Location:
+    const int location = m_haveItems ? 2 : 1;
+    if (column == location)
         return {.text = shown.location};
-    case Reason:
+    if (column > location)
         return {.text = shown.reason,
                 .iconName = QStringLiteral("attention"),
                 .meaning = Meaning::Attention};
-    default:
-        return {};
-    }
-}
-
-bool ReasonsSheet::Source::haveItems() const
-{
-    return std::ranges::any_of(m_rows, [](const Row& row) { return !row.item.isEmpty(); });
+    return {.text = column > 0 ? shown.item : QString()};
 }
 
 ReasonsSheet::ReasonsSheet(QWidget* over, const QString& title, const QString& reasonTitle,
                            std::vector<Row> rows)
     : Sheet(over, title), m_source(std::move(rows)),
-      m_model(m_source, {{.width = 8},
-                         {.title = tr("Item"), .width = 120},
-                         {.title = tr("Location"), .stretches = true, .isPath = true},
-                         {.title = reasonTitle, .stretches = true}}),
-      m_table(new RowTable(m_model, title)), m_reason(makeLabel(TextRole::Body))
+      m_model(m_source, m_source.columns(reasonTitle)), m_table(new RowTable(m_model, title)),
+      m_reason(makeLabel(TextRole::Body))
 {
     setObjectName(QStringLiteral("reasonsSheet"));
     m_table->setObjectName(QStringLiteral("reasons"));
-    m_table->setColumnHidden(Item, !m_source.haveItems());
     m_table->setMinimumHeight(kTarget * (2 + std::min(kRowsInSight, m_source.count())));
     m_reason->setObjectName(QStringLiteral("currentReason"));
     m_reason->setWordWrap(true);
@@ -59,7 +61,8 @@ ReasonsSheet::ReasonsSheet(QWidget* over, const QString& title, const QString& r
     m_reason->setFocusPolicy(Qt::NoFocus);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& index) {
-                m_reason->setText(index.siblingAtColumn(Reason).data().toString());
+                const int last = m_model.columnCount() - 1;
+                m_reason->setText(index.siblingAtColumn(last).data().toString());
             });
     body()->addWidget(m_table, 1);
     body()->addWidget(m_reason);
@@ -71,7 +74,7 @@ ReasonsSheet::ReasonsSheet(QWidget* over, const QString& title, const QString& r
 
 void ReasonsSheet::present()
 {
-    m_table->setCurrentIndex(m_model.index(0, Location));
+    m_table->setCurrentIndex(m_model.index(0, 1));
     Sheet::present(m_table);
 }
 

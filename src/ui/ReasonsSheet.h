@@ -29,14 +29,15 @@ public:
 private:
     class Source final : public RowSource {
     public:
-        explicit Source(std::vector<Row> rows) : m_rows(std::move(rows)) {}
+        explicit Source(std::vector<Row> rows);
 
         [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
         [[nodiscard]] Cell cell(int row, int column) const override;
-        [[nodiscard]] bool haveItems() const;
+        [[nodiscard]] std::vector<Column> columns(const QString& reasonTitle) const;
 
     private:
         std::vector<Row> m_rows;
+        bool m_haveItems;
     };
 
     Source m_source;
