@@ -1,5 +1,5 @@
 // How long the report browser holds the main thread at a time with 10,000 reports of 20 findings
-// each, and with one report of 100,000.
+// each, and with one report of 100,000; and what an opening costs beyond reading the store.
 #include "TimedMainQueue.h"
 #include "core/NotificationCenter.h"
 #include "platform/FileViewer.h"
@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
@@ -105,6 +106,7 @@ int main()
     ReportViewController browser({**disk, *store->defaults, notifications, queue, clock, alerts,
                                   picker, workspace, notifier, log},
                                  {nothing, nothing, printing, nothing, "alice"});
+    double lastWhole = 0; // milliseconds
     const auto step = [&](const char* what, const MainQueue::Work& work) {
         queue.held.clear();
         const auto start = std::chrono::steady_clock::now();
@@ -118,20 +120,41 @@ int main()
         const double longest = *std::max_element(queue.held.begin(), queue.held.end());
         std::printf("%-28s %8.1f ms, of which the main thread at most %6.1f ms at a time\n", what,
                     whole.count(), longest);
+        lastWhole = whole.count();
         return longest;
     };
+    // On a thread of its own, as the browser does it: its memory is as new.
+    const auto readAlone = [&] {
+        double taken = 0;
+        std::thread([&] {
+            const auto start = std::chrono::steady_clock::now();
+            const ReportList read = reports.loadListReportWithKey(preferences::kSaveReport);
+            const auto end = std::chrono::steady_clock::now();
+            taken = std::chrono::duration<double, std::milli>(end - start).count();
+        }).join();
+        return taken;
+    };
+    std::vector<double> beyondRead;
+    double longest = 0;
+    for (const char* what :
+         {"first opening", "second opening", "third opening", "fourth opening", "fifth opening"}) {
+        const double read = readAlone();
+        longest = std::max(longest, step(what, [&] { browser.viewWillAppear(); }));
+        beyondRead.push_back(lastWhole - read);
+    }
+    std::ranges::sort(beyondRead);
+    const double opening = beyondRead[2];
+    std::printf("%-28s %8.1f ms beyond the reading of the store; at most 300\n", "an opening",
+                opening);
     alerts.answer(kAlertFirstButton);
-    const double longest =
-        std::max({step("first opening", [&] { browser.viewWillAppear(); }),
-                  step("reload", [&] { browser.viewWillAppear(); }),
-                  step("first search", [&] { browser.setSearch("okaz"); }),
-                  step("search", [&] { browser.setSearch("okaz 2023"); }),
-                  step("open the long report", [&] { browser.openThisReport(10'000); }),
-                  step("select all of it", [&] { browser.checkAllAction(true); }),
-                  step("back to the list", [&] { browser.backtoReportList(); }),
-                  step("delete a report", [&] {
-                      browser.openThisReport(5);
-                      browser.trashReport();
-                  })});
-    return longest <= 50 ? 0 : 1;
+    longest = std::max({longest, step("first search", [&] { browser.setSearch("okaz"); }),
+                        step("search", [&] { browser.setSearch("okaz 2023"); }),
+                        step("open the long report", [&] { browser.openThisReport(10'000); }),
+                        step("select all of it", [&] { browser.checkAllAction(true); }),
+                        step("back to the list", [&] { browser.backtoReportList(); }),
+                        step("delete a report", [&] {
+                            browser.openThisReport(5);
+                            browser.trashReport();
+                        })});
+    return longest <= 50 && opening <= 300 ? 0 : 1;
 }
