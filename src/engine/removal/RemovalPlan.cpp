@@ -26,20 +26,25 @@ FlaggedBy flaggedBy(const Spyware& record, std::string_view user,
     return {ruleText(best->row.rule), best->location, best->evidence};
 }
 
+void RemovalPlan::Totals::add(const PlannedRecord& row)
+{
+    const RemovalForecast& forecast = row.forecast;
+    ++rows;
+    if (forecast.obstacle != RemovalObstacle::None) {
+        ++hindered;
+        return;
+    }
+    gone += forecast.kind == FileKind::Missing ? 1 : 0;
+    entries += forecast.entries;
+    bytes += forecast.bytes;
+    countedWhole = countedWhole && forecast.countedWhole;
+}
+
 RemovalPlan::Totals RemovalPlan::totals() const
 {
     Totals totals;
-    for (const PlannedRecord& row : rows) {
-        const RemovalForecast& forecast = row.forecast;
-        if (forecast.obstacle != RemovalObstacle::None) {
-            ++totals.hindered;
-            continue;
-        }
-        totals.gone += forecast.kind == FileKind::Missing ? 1 : 0;
-        totals.entries += forecast.entries;
-        totals.bytes += forecast.bytes;
-        totals.countedWhole = totals.countedWhole && forecast.countedWhole;
-    }
+    for (const PlannedRecord& row : rows)
+        totals.add(row);
     return totals;
 }
 

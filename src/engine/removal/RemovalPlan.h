@@ -39,16 +39,20 @@ struct PlannedRecord {
 /// disk or the list afterwards.
 struct RemovalPlan {
     struct Totals {
+        std::size_t rows = 0;
         std::uint64_t entries = 0;
         std::int64_t bytes = 0;
         std::size_t gone = 0;     ///< records whose location is empty already
         std::size_t hindered = 0; ///< records that cannot be removed whole
         bool countedWhole = true; ///< false: there is more than entries and bytes tell
+
+        /// A hindered record adds nothing to what would go.
+        void add(const PlannedRecord& row);
     };
     std::vector<PlannedRecord> rows; ///< after a stop only those that were reached
     bool stopped = false;
 
-    /// Of what would go: hindered records are left out.
+    /// Of all rows.
     [[nodiscard]] Totals totals() const;
 };
 

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kTableHeight = 280;
 
-QString totalsText(const PlanSource::Totals& totals)
+QString totalsText(const RemovalPlan::Totals& totals)
 {
     QString text = PlanSheet::tr("%1 selected: %2 entries, %3")
                        .arg(QLocale().toString(static_cast<qulonglong>(totals.rows)),
@@ -113,7 +113,7 @@ void PlanSheet::leaveWeakOut()
 
 void PlanSheet::showTotals()
 {
-    const PlanSource::Totals totals = m_source.totals();
+    const RemovalPlan::Totals totals = m_source.totals();
     const auto weak = m_source.weakTicked().size();
     m_totals->setText(totalsText(totals));
     m_remove->setEnabled(totals.rows > 0);

@@ -44,21 +44,12 @@ void PlanSource::setPlan(const RemovalPlan& plan)
                           [](const PlannedRecord& row) { return !isWeak(row.flaggedBy.evidence); });
 }
 
-PlanSource::Totals PlanSource::totals() const
+RemovalPlan::Totals PlanSource::totals() const
 {
-    Totals totals;
-    for (const PlannedRecord& row : m_rows) {
-        if (!row.record->isChecked)
-            continue;
-        ++totals.rows;
-        if (row.forecast.obstacle != RemovalObstacle::None) {
-            ++totals.hindered;
-            continue;
-        }
-        totals.entries += row.forecast.entries;
-        totals.bytes += row.forecast.bytes;
-        totals.countedWhole = totals.countedWhole && row.forecast.countedWhole;
-    }
+    RemovalPlan::Totals totals;
+    for (const PlannedRecord& row : m_rows)
+        if (row.record->isChecked)
+            totals.add(row);
     return totals;
 }
 
@@ -110,16 +101,18 @@ void PlanSource::tick(const std::vector<int>& rows, bool on)
 QString PlanSource::group(int row, int grouping) const
 {
     const PlannedRecord& planned = at(row);
+    const bool weak = isWeak(planned.flaggedBy.evidence);
+    std::string name;
     if (grouping == ByRule) {
-        const QString name = ui::text(forScreen(planned.record->infections)) +
-                             QStringLiteral(", ") + ui::text(planned.flaggedBy.rule);
-        return isWeak(planned.flaggedBy.evidence)
-                   ? QObject::tr("Look twice: %1 \"%2\"")
-                         .arg(name, ui::text(forScreen(planned.flaggedBy.signature)))
-                   : name;
+        name = planned.record->infections + ", " + std::string(planned.flaggedBy.rule);
+        if (weak)
+            name += " \"" + planned.flaggedBy.signature + "\"";
+    } else {
+        const std::string path = planned.record->url.absolutePath();
+        name = path.substr(0, std::max<std::size_t>(1, path.rfind('/')));
     }
-    const std::string path = planned.record->url.absolutePath();
-    return ui::text(forScreen(path.substr(0, std::max<std::size_t>(1, path.rfind('/')))));
+    const QString shown = ui::text(forScreen(name));
+    return weak ? QObject::tr("Look twice: %1").arg(shown) : shown;
 }
 
 QString PlanSource::searchText(int row) const

@@ -10,7 +10,7 @@
 namespace pryvane {
 
 /// The rows of a removal's plan: what would go, and what stands in the way. What rests on weak
-/// evidence comes last.
+/// evidence comes last, in groups of its own.
 class PlanSource final : public ui::RowSource {
 public:
     enum Column : int { Tick, Location, EvidenceColumn, Entries, Size, Forecast };
@@ -26,14 +26,7 @@ public:
     void setPlan(const RemovalPlan& plan);
 
     /// Of the rows that are ticked.
-    struct Totals {
-        std::size_t rows = 0;
-        std::size_t hindered = 0;
-        std::uint64_t entries = 0;
-        std::int64_t bytes = 0;
-        bool countedWhole = true;
-    };
-    [[nodiscard]] Totals totals() const;
+    [[nodiscard]] RemovalPlan::Totals totals() const;
 
     /// Rows on weak evidence that are ticked.
     [[nodiscard]] std::vector<int> weakTicked() const;
