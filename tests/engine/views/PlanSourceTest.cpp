@@ -50,8 +50,8 @@ TEST(PlanSource, SetsWeakEvidenceApartHoweverItIsGrouped)
     EXPECT_THAT(shown(source, PlanSource::ByFolder),
                 ElementsAre("/Library/LaunchAgents",
                             "- /Library/LaunchAgents/com.refog.agent.plist",
-                            "- /Library/LaunchAgents/com.refog.x.plist", "/tmp",
-                            "- /tmp/.mdworker", "Look twice: /tmp", "- /tmp/Koobface"));
+                            "- /Library/LaunchAgents/com.refog.x.plist", "/tmp", "- /tmp/.mdworker",
+                            "Look twice: /tmp", "- /tmp/Koobface"));
     EXPECT_THAT(shown(source, PlanSource::ByRule),
                 ElementsAre("Refog Personal Monitor, name touching a dot in a default location",
                             "- /Library/LaunchAgents/com.refog.agent.plist",
