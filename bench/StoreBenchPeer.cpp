@@ -12,7 +12,7 @@ namespace pryvane::bench {
 namespace {
 
 struct QtRecord {
-    QString name, infections, url, risk;
+    QString name, infections, url, risk, kind;
     QByteArray path;
     qint64 size = 0;
     bool isChecked = false;
@@ -39,7 +39,7 @@ QByteArray qtBytes(const std::string& bytes)
 
 void writeRecord(QCborStreamWriter& out, const QtRecord& record)
 {
-    out.startMap(7);
+    out.startMap(8);
     out.append(QLatin1String("name")), out.append(record.name);
     out.append(QLatin1String("isChecked")), out.append(record.isChecked);
     out.append(QLatin1String("infections")), out.append(record.infections);
@@ -47,6 +47,7 @@ void writeRecord(QCborStreamWriter& out, const QtRecord& record)
     out.append(QLatin1String("url")), out.append(record.url);
     out.append(QLatin1String("risk")), out.append(record.risk);
     out.append(QLatin1String("path")), out.append(record.path);
+    out.append(QLatin1String("kind")), out.append(record.kind);
     out.endMap();
 }
 
@@ -101,6 +102,8 @@ QtRecord readRecord(QCborStreamReader& in)
             record.risk = readString(in);
         else if (key == QLatin1String("path"))
             record.path = readBytes(in);
+        else if (key == QLatin1String("kind"))
+            record.kind = readString(in);
         else
             in.next();
     }
@@ -160,7 +163,7 @@ QtPeer::QtPeer(const ReportList& reports) : m_lists(std::make_unique<Lists>())
         copy.volume = qtBytes(report->volume);
         for (const auto& record : *report->spyWareList)
             copy.records.append({qt(record->name), qt(record->infections),
-                                 qt(record->url.urlText()), qt(record->risk),
+                                 qt(record->url.urlText()), qt(record->risk), qt("unknown"),
                                  qtBytes(record->url.relativePath()), record->size,
                                  record->isChecked});
         m_lists->reports.append(copy);

@@ -33,7 +33,7 @@ void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::st
     auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
     if (!record->isAvail)
         return;
-    record->seen = m_services.disk.sighting(url);
+    record->setSighting(m_services.disk.sighting(url));
     push({std::move(record), {}, Admission::Tested});
 }
 
@@ -41,8 +41,7 @@ void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::strin
                            std::string_view risk, std::int64_t size, const Sighting& seen)
 {
     auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
-    if (seen.inode != 0) // else the walk could not tell
-        record->seen = seen;
+    record->setSighting(seen);
     push({std::move(record), {}, Admission::Tested});
 }
 
@@ -50,7 +49,7 @@ void FindingInbox::append(const FileURL& url, std::string_view name, std::string
                           std::string_view risk, std::int64_t size)
 {
     auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
-    record->seen = m_services.disk.sighting(url);
+    record->setSighting(m_services.disk.sighting(url));
     push({std::move(record), {}, Admission::AsItIs});
 }
 

@@ -4,8 +4,10 @@
 #include "reports/CborWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace pryvane {
 
@@ -21,7 +23,8 @@ constexpr std::string_view kSpyWareCount = "spyWareCount", kReportType = "report
                            kScanDuration = "scanDuration", kReportId = "reportId", kIsRed = "isRed",
                            kVolume = "volume", kCoverage = "coverage";
 constexpr std::string_view kName = "name", kIsChecked = "isChecked", kInfections = "infections",
-                           kSize = "size", kUrl = "url", kRisk = "risk", kPath = "path";
+                           kSize = "size", kUrl = "url", kRisk = "risk", kPath = "path",
+                           kKind = "kind";
 constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListed = "foldersListed",
                            kEntriesSearched = "entriesSearched", kEntriesWalked = "entriesWalked",
                            kRefused = "refused", kReason = "reason", kHeldBack = "heldBack",
@@ -51,9 +54,35 @@ Date readDate(CborReader& in)
         Date::duration(std::llround(std::clamp(seconds, kFirstSecond, kLastSecond) * 1000)));
 }
 
+/// The kinds as they are stored. A kind that another version wrote reads as unknown.
+constexpr std::array<std::pair<FileKind, std::string_view>, 4> kKinds = {{
+    {FileKind::RegularFile, "file"},
+    {FileKind::Folder, "folder"},
+    {FileKind::SymbolicLink, "link"},
+    {FileKind::Other, "other"},
+}};
+
+std::string_view kindText(FileKind kind)
+{
+    for (const auto& [known, text] : kKinds) {
+        if (known == kind)
+            return text;
+    }
+    return "unknown";
+}
+
+FileKind kindOf(std::string_view stored)
+{
+    for (const auto& [kind, text] : kKinds) {
+        if (text == stored)
+            return kind;
+    }
+    return FileKind::Unknown;
+}
+
 void writeRecord(CborWriter& out, const Spyware& record)
 {
-    out.map(7);
+    out.map(8);
     out.text(key::kName).textOrBytes(record.name);
     out.text(key::kIsChecked).boolean(record.isChecked);
     out.text(key::kInfections).textOrBytes(record.infections);
@@ -61,6 +90,7 @@ void writeRecord(CborWriter& out, const Spyware& record)
     out.text(key::kUrl).text(record.url.urlText());
     out.text(key::kRisk).textOrBytes(record.risk);
     out.text(key::kPath).bytes(record.url.relativePath());
+    out.text(key::kKind).text(kindText(record.kind));
 }
 
 /// The stored "isChecked" is not read: whether a record is selected follows the disk.
@@ -84,6 +114,8 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
             record->risk = in.string();
         else if (key == key::kPath)
             path = in.string();
+        else if (key == key::kKind)
+            record->kind = kindOf(in.string());
         else
             in.skip();
     }
@@ -248,7 +280,7 @@ std::size_t estimatedSize(const ReportList& reports)
     for (const auto& report : reports) {
         size += 512;
         for (const auto& record : *report->spyWareList)
-            size += 96 + record->name.size() + record->infections.size() +
+            size += 108 + record->name.size() + record->infections.size() +
                     2 * record->url.relativePath().size();
     }
     return size;

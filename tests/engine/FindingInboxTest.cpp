@@ -49,6 +49,8 @@ TEST_F(FindingInboxTest, ListsOneRecordForOneExistingLocation)
     EXPECT_TRUE(record.isAvail && record.isChecked);
     EXPECT_FALSE(record.isDeleted || record.isNoAction);
     EXPECT_EQ(record.seen, disk->sighting(record.url));
+    EXPECT_EQ(record.kind, FileKind::RegularFile);
+    EXPECT_EQ(state.arrSpywareList.records().back()->kind, FileKind::Folder);
     EXPECT_EQ(updates, 2);
     EXPECT_EQ(userNotifier.delivered,
               (std::vector<std::string>{"Pryvane: Spyware Found: .mdworker",

@@ -44,6 +44,9 @@ TEST(ReportCodec, GivesBackEveryFieldAndEveryByte)
     (*report->spyWareList)[2]->size = std::numeric_limits<std::int64_t>::max();
     (*report->spyWareList)[3]->url = FileURL::fileURLWithPath("relative/folder/");
     report->reportType = "not\xffutf8";
+    for (std::size_t i = 0; const FileKind kind : {FileKind::RegularFile, FileKind::Folder,
+                                                   FileKind::SymbolicLink, FileKind::Other})
+        (*report->spyWareList)[i++]->kind = kind;
     EXPECT_EQ(storedFields(*roundTrip(report)), storedFields(*report));
 }
 

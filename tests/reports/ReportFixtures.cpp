@@ -103,7 +103,8 @@ std::string storedFields(const SpywareScanReport& report)
         << report.reportId << '|' << report.volume << '\n';
     for (const auto& record : *report.spyWareList)
         out << record->name << '|' << record->infections << '|' << record->size << '|'
-            << record->url.relativePath() << '|' << record->risk << '\n';
+            << record->url.relativePath() << '|' << record->risk << '|' << int(record->kind)
+            << '\n';
     const ScanCoverage& coverage = report.coverage;
     out << coverage.signaturesTested << '|' << coverage.foldersListed << '|'
         << coverage.entriesSearched << '|' << coverage.entriesWalked << '|' << coverage.missingHome

@@ -28,6 +28,13 @@ std::shared_ptr<Spyware> Spyware::SpyWareSeen(std::string_view name, std::string
     return record;
 }
 
+void Spyware::setSighting(const std::optional<Sighting>& sighting)
+{
+    kind = sighting ? sighting->kind : FileKind::Unknown;
+    // A walk that could not tell the folder leaves its inode 0.
+    seen = sighting && sighting->inode != 0 ? sighting : std::nullopt;
+}
+
 void Spyware::setAvailability(bool available)
 {
     isAvail = available;

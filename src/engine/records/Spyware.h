@@ -34,6 +34,9 @@ public:
                                                               std::int64_t size, const FileURL& url,
                                                               std::string_view risk);
 
+    /// Notes where and what it is, as far as a scan could tell.
+    void setSighting(const std::optional<Sighting>& sighting);
+
     /// Follows the disk: sets isAvail, and isChecked and the row's colour after it.
     void setAvailability(bool available);
 
@@ -48,6 +51,9 @@ public:
     bool isNoAction = false;
     std::string removalFailure; ///< why it could not be removed, for a person; not stored
     RowColor redGreen = RowColor::Grey;
+
+    /// What stood at the location when a scan found it; stored, and unknown in older reports.
+    FileKind kind = FileKind::Unknown;
 
     /// Where it was when a scan found it; none for a record that was read back from the store.
     std::optional<Sighting> seen;
