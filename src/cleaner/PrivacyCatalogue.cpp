@@ -12,7 +12,6 @@ namespace {
 constexpr std::string_view kSafari = "Safari";
 constexpr std::string_view kChrome = "Google Chrome";
 constexpr std::string_view kFirefox = "Firefox";
-constexpr std::string_view kFolderMarks = ".DS_Store";
 
 const tables::PrivacyGroup& tableGroup(ToolGroupKind kind)
 {
@@ -58,17 +57,15 @@ bool containsIgnoringCase(std::string_view name, std::string_view text)
 
 std::vector<ToolGroup> PrivacyCatalogue::groups()
 {
-    m_chromeProfiles = m_inventory.chromeProfiles();
-    m_firefoxProfiles.clear();
-    for (const FileURL& url : m_inventory.getUrlListAt(m_home.at(HomeFolder::kFirefoxProfiles))) {
-        if (url.lastPathComponent().find("default") != std::string_view::npos)
-            m_firefoxProfiles.push_back(url.absolutePath());
-    }
-    m_containers.clear();
-    for (const FileURL& url : m_inventory.getUrlListAt(m_home.at("Library/Containers"))) {
-        if (url.lastPathComponent() != kFolderMarks)
-            m_containers.push_back(url.absolutePath());
-    }
+    m_way.forget();
+    m_chromeProfiles.clear();
+    if (m_way.isFolder(m_home.at(HomeFolder::kChrome)))
+        m_chromeProfiles = m_inventory.chromeProfiles();
+    m_firefoxProfiles = foldersIn(m_home.at(HomeFolder::kFirefoxProfiles));
+    std::erase_if(m_firefoxProfiles, [](const std::string& path) {
+        return path.find("default", path.rfind('/')) == path.npos;
+    });
+    m_containers = foldersIn(m_home.at("Library/Containers"));
 
     std::vector<ToolGroup> groups;
     for (const tables::PrivacyGroup& row : tables::kPrivacyGroups) {
@@ -88,6 +85,18 @@ std::vector<ToolGroup> PrivacyCatalogue::groups()
     return groups;
 }
 
+/// The paths of the folders in a folder.
+std::vector<std::string> PrivacyCatalogue::foldersIn(const FileURL& folder)
+{
+    std::vector<std::string> paths;
+    for (const FolderEntry& entry : m_way.list(folder)) {
+        std::string path = joinedPath(folder.absolutePath(), entry.name);
+        if (m_way.isFolder(FileURL::fileURLWithPath(path)))
+            paths.push_back(std::move(path));
+    }
+    return paths;
+}
+
 bool PrivacyCatalogue::isThere(const tables::PrivacyGroup& group) const
 {
     if (group.kind == ToolGroupKind::BrowserExtensions) {
@@ -98,7 +107,7 @@ bool PrivacyCatalogue::isThere(const tables::PrivacyGroup& group) const
     return group.application.empty() || m_disk.exists(FileURL::fileURLWithPath(group.application));
 }
 
-std::vector<ToolItem> PrivacyCatalogue::itemsOf(const tables::PrivacyGroup& group) const
+std::vector<ToolItem> PrivacyCatalogue::itemsOf(const tables::PrivacyGroup& group)
 {
     std::vector<Rows> items;
     for (const tables::PrivacyRow& row : tables::kPrivacyRows) {
@@ -126,7 +135,7 @@ std::vector<ToolItem> PrivacyCatalogue::itemsOf(const tables::PrivacyGroup& grou
 }
 
 ToolItem PrivacyCatalogue::item(const Rows& rows, std::string name,
-                                const ChromeProfile* onlyProfile) const
+                                const ChromeProfile* onlyProfile)
 {
     ToolItem item = getDicForList({}, std::move(name), false);
     for (const tables::PrivacyRow* row : rows) {
@@ -163,7 +172,7 @@ std::vector<std::string> PrivacyCatalogue::foldersOf(Anchor anchor,
 }
 
 void PrivacyCatalogue::addLocations(ToolItem& item, const tables::PrivacyRow& row,
-                                    const std::string& folder) const
+                                    const std::string& folder)
 {
     const std::string path = joinedPath(folder, row.path);
     if (row.take != Take::FilesNamedSo) {
@@ -172,28 +181,28 @@ void PrivacyCatalogue::addLocations(ToolItem& item, const tables::PrivacyRow& ro
     }
     const auto slash = path.rfind('/');
     const std::string parent = path.substr(0, slash);
-    for (const FolderEntry& entry : m_disk.list(FileURL::fileURLWithPath(parent)).entries) {
+    for (const FolderEntry& entry : m_way.list(FileURL::fileURLWithPath(parent))) {
         if (entry.kind != FileKind::Folder &&
             containsIgnoringCase(entry.name, std::string_view(path).substr(slash + 1)))
             addLocation(item, joinedPath(parent, entry.name), Take::Item, browserOf(row));
     }
 }
 
-/// Adds the location where it exists.
+/// Adds the location where something stands there; a link goes itself.
 void PrivacyCatalogue::addLocation(ToolItem& item, const std::string& path, Take take,
-                                   std::string_view browser) const
+                                   std::string_view browser)
 {
     ToolLocation location;
     location.scope = take == Take::Contents ? RemovalScope::ContentsOf : RemovalScope::Item;
     location.url = FileURL::fileURLWithPath(take == Take::Contents ? path + "/" : path);
-    if (!m_disk.exists(location.url))
+    location.kind = m_way.kind(location.url);
+    if (location.kind == FileKind::Missing || location.kind == FileKind::Unknown)
         return;
-    location.seen = m_disk.sighting(location.url);
     location.browser = browser;
     item.AllList.push_back(std::move(location));
 }
 
-void PrivacyCatalogue::addExtensions(std::vector<ToolItem>& items) const
+void PrivacyCatalogue::addExtensions(std::vector<ToolItem>& items)
 {
     const auto addHeader = [&](ToolGroupKind browser, const char* text) {
         if (!isThere(tableGroup(browser)))
@@ -204,11 +213,15 @@ void PrivacyCatalogue::addExtensions(std::vector<ToolItem>& items) const
         return true;
     };
     if (addHeader(ToolGroupKind::Safari, "Safari Extensions")) {
-        for (SafariExtension& extension : m_inventory.safariExtensions())
-            addExtension(items, std::move(extension.name), extension.url, kSafari);
+        for (SafariExtension& extension : m_inventory.safariExtensions()) {
+            if (m_way.kind(extension.url) != FileKind::Missing)
+                addExtension(items, std::move(extension.name), extension.url, kSafari);
+        }
     }
     if (addHeader(ToolGroupKind::Chrome, "Google Chrome Extensions")) {
         for (const ExtensionEntry& entry : m_inventory.chromeExtensions()) {
+            if (!m_way.isFolder(entry.urlExt))
+                continue;
             addExtension(items, entry.nameExt + " v" + entry.verExt + " (" + entry.PersonExt + ")",
                          entry.urlExt, kChrome);
         }
@@ -223,7 +236,7 @@ void PrivacyCatalogue::addExtensions(std::vector<ToolItem>& items) const
 
 /// Adds the extension at that location; an empty one gives an item with nothing to clean.
 void PrivacyCatalogue::addExtension(std::vector<ToolItem>& items, std::string name,
-                                    const FileURL& url, std::string_view browser) const
+                                    const FileURL& url, std::string_view browser)
 {
     ToolItem item = getDicForList({}, std::move(name), true);
     if (!url.relativePath().empty())
@@ -231,18 +244,15 @@ void PrivacyCatalogue::addExtension(std::vector<ToolItem>& items, std::string na
     items.push_back(std::move(item));
 }
 
-/// Whether Firefox keeps add-ons there. Its list is a file that anybody may have written: what it
-/// calls an add-on might be the user's documents, or a whole profile.
+/// Whether Firefox keeps add-ons there, by the path. Its list is a file that anybody may have
+/// written: what it calls an add-on might be the user's documents, or a whole profile. A link that
+/// leads from such a place to another is met when the location is added.
 bool PrivacyCatalogue::isAddOnPlace(const FileURL& url) const
 {
-    const std::string path = url.relativePath() + "/";
-    const FileURL parent =
-        FileURL::fileURLWithPath(path.substr(0, path.rfind('/', path.size() - 2)));
+    const std::string path = url.absolutePath();
+    const FileURL parent = FileURL::fileURLWithPath(path.substr(0, path.rfind('/')));
     const std::string_view parentName = parent.lastPathComponent();
     const bool amongAddOns = parentName == "extensions" || parentName == "features";
-    if (path.find("/../") != path.npos || path.find("/./") != path.npos ||
-        path.find("//") != path.npos)
-        return false;
     const std::string mozilla = "Library/Application Support/Mozilla/Extensions";
     const auto isIn = [&parent](const std::string& folder) {
         return parent.absolutePath().starts_with(folder + "/");

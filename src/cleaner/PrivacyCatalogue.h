@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaner/AdwareScan.h"
+#include "cleaner/DirectWay.h"
 #include "cleaner/ToolGroup.h"
 
 #include <string>
@@ -8,11 +9,13 @@
 
 namespace pryvane {
 
-/// Finds what the table lists on a disk. Callable from any thread; one call at a time.
+/// Finds what the table lists on a disk, behind no link: what lies there belongs to somebody else,
+/// or is no private data. Callable from any thread; one call at a time.
 class PrivacyCatalogue {
 public:
     PrivacyCatalogue(const CleanerServices& services, const std::string& user, const StopFlag& stop)
-        : m_disk(services.disk), m_home(user), m_inventory(services, user, stop)
+        : m_disk(services.disk), m_way(services.disk), m_home(user),
+          m_inventory(services, user, stop)
     {
     }
 
@@ -24,21 +27,22 @@ private:
     using Rows = std::vector<const tables::PrivacyRow*>;
 
     [[nodiscard]] bool isThere(const tables::PrivacyGroup& group) const;
-    [[nodiscard]] std::vector<ToolItem> itemsOf(const tables::PrivacyGroup& group) const;
+    [[nodiscard]] std::vector<ToolItem> itemsOf(const tables::PrivacyGroup& group);
+    [[nodiscard]] std::vector<std::string> foldersIn(const FileURL& folder);
     [[nodiscard]] ToolItem item(const Rows& rows, std::string name,
-                                const ChromeProfile* onlyProfile = nullptr) const;
+                                const ChromeProfile* onlyProfile = nullptr);
     [[nodiscard]] std::vector<std::string> foldersOf(tables::Anchor anchor,
                                                      const ChromeProfile* onlyProfile) const;
-    void addLocations(ToolItem& item, const tables::PrivacyRow& row,
-                      const std::string& folder) const;
+    void addLocations(ToolItem& item, const tables::PrivacyRow& row, const std::string& folder);
     void addLocation(ToolItem& item, const std::string& path, tables::Take take,
-                     std::string_view browser) const;
-    void addExtensions(std::vector<ToolItem>& items) const;
+                     std::string_view browser);
+    void addExtensions(std::vector<ToolItem>& items);
     void addExtension(std::vector<ToolItem>& items, std::string name, const FileURL& url,
-                      std::string_view browser) const;
+                      std::string_view browser);
     [[nodiscard]] bool isAddOnPlace(const FileURL& url) const;
 
     FileSystem& m_disk;
+    DirectWay m_way;
     HomeFolder m_home;
     AdwareScan m_inventory;
     // Read anew by each groups().

@@ -15,7 +15,7 @@ std::vector<RemovalItem> removalItems(std::span<const CleaningRow* const> rows)
     std::vector<RemovalItem> items;
     items.reserve(rows.size());
     for (const CleaningRow* row : rows)
-        items.push_back({row->location.url, row->location.seen, row->location.scope});
+        items.push_back({row->location.url, {}, row->location.scope, row->location.kind});
     return items;
 }
 

@@ -4,7 +4,6 @@
 #include "platform/Removal.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,9 +14,9 @@ namespace pryvane {
 struct ToolLocation {
     FileURL url;
     RemovalScope scope = RemovalScope::Item;
-    std::optional<Sighting> seen; ///< when the catalogue was built
-    std::int64_t bytes = 0;       ///< allocated
-    std::string_view browser;     ///< display name of the application that may have it open
+    FileKind kind = FileKind::Unknown; ///< what stood there when the catalogue was built
+    std::int64_t bytes = 0;            ///< allocated
+    std::string_view browser;          ///< display name of the application that may have it open
 };
 
 /// A row of a group: what is cleaned as one, or a heading.

@@ -36,7 +36,7 @@ std::string previewText(const CleaningPreview& preview)
         const std::string note = noteOf(row);
         table.addRow({forTerminal(row.group + "/" + row.item), std::to_string(row.forecast.entries),
                       sizeText(row.forecast.bytes),
-                      forTerminal(row.location.url.relativePath()) +
+                      forTerminal(plannedLocation(row.location.url, row.forecast)) +
                           (note.empty() ? "" : "  (stays: " + forTerminal(note) + ")")});
     }
     return table.text("  ");
@@ -53,7 +53,9 @@ nlohmann::ordered_json previewJson(const CleaningPreview& preview)
     for (const CleaningRow& row : preview.rows) {
         nlohmann::ordered_json one{{"group", row.group}, {"item", forJson(row.item)}};
         one.update(locationJson(row.location.url));
-        one.update({{"entries", row.forecast.entries},
+        const std::string& place = row.forecast.place;
+        one.update({{"place", forJson(place.empty() ? row.location.url.absolutePath() : place)},
+                    {"entries", row.forecast.entries},
                     {"bytes", row.forecast.bytes},
                     {"blockedBy", row.blockedBy},
                     {"note", forJson(noteOf(row))}});

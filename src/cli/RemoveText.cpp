@@ -44,10 +44,9 @@ const char* outcomeWord(RemovalOutcome outcome)
     return "failed";
 }
 
-std::string withNote(const Spyware& record, const std::string& note)
+std::string withNote(const std::string& location, const std::string& note)
 {
-    return forTerminal(record.url.relativePath()) +
-           (note.empty() ? "" : "  (" + forTerminal(note) + ")");
+    return forTerminal(location) + (note.empty() ? "" : "  (" + forTerminal(note) + ")");
 }
 
 std::string amountText(std::uint64_t entries, std::int64_t bytes)
@@ -71,7 +70,8 @@ std::string planText(const RemovalPlan& plan, std::span<const std::size_t> numbe
                       std::to_string(forecast.entries) + more, sizeText(forecast.bytes) + more,
                       forTerminal(row.record->infections),
                       std::string(evidenceText(row.flaggedBy.evidence)),
-                      withNote(*row.record, obstacle.empty() ? "" : "stays: " + obstacle)});
+                      withNote(plannedLocation(row.record->url, forecast),
+                               obstacle.empty() ? "" : "stays: " + obstacle)});
     }
     return table.text("  ");
 }
@@ -108,7 +108,7 @@ std::string outcomeText(const SpywareList& records, std::span<const RemovalResul
         const bool failed = result.outcome == RemovalOutcome::Failed;
         table.addRow({std::to_string(numbers[i]), outcomeWord(result.outcome),
                       std::to_string(result.entriesRemoved), sizeText(result.bytesRemoved),
-                      withNote(*records[i], failed ? result.reason() : "")});
+                      withNote(records[i]->url.relativePath(), failed ? result.reason() : "")});
     }
     const auto of = [&](RemovalOutcome outcome) {
         return counts[static_cast<std::size_t>(outcome)];

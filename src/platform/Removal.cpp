@@ -52,4 +52,12 @@ std::string obstacleText(RemovalObstacle obstacle, std::string_view detail)
     return text;
 }
 
+std::string plannedLocation(const FileURL& url, const RemovalForecast& forecast)
+{
+    std::string text = url.relativePath();
+    if (!forecast.place.empty())
+        text.append(" -> ").append(forecast.place);
+    return text;
+}
+
 } // namespace pryvane

@@ -25,8 +25,10 @@ enum class LinkTrust : std::uint8_t {
 /// One location to remove.
 struct RemovalItem {
     FileURL url;
-    std::optional<Sighting> seen; ///< none for what comes from a stored report
+    /// Where a scan of this run found it; none for private data and for a stored report's records.
+    std::optional<Sighting> seen;
     RemovalScope scope = RemovalScope::Item;
+    FileKind kind = FileKind::Unknown; ///< what it was when it was found
 
     [[nodiscard]] LinkTrust linkTrust() const
     {
@@ -65,8 +67,13 @@ struct RemovalForecast {
     std::int64_t bytes = 0;            ///< allocated: 512-byte blocks × 512
     RemovalObstacle obstacle = RemovalObstacle::None;
     std::string detail;       ///< the system's word for the obstacle, where it has one
+    std::string place;        ///< where it really is, where that is another path than asked for
     bool countedWhole = true; ///< false: the count stopped early or met something unreadable
 };
+
+/// The location as a plan names it, in raw bytes: the path asked for and, where that is another,
+/// the place to which it leads.
+[[nodiscard]] std::string plannedLocation(const FileURL& url, const RemovalForecast& forecast);
 
 enum class RemovalOutcome : std::uint8_t { Removed, AlreadyGone, Failed };
 

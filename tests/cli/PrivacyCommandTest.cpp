@@ -141,6 +141,7 @@ TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
     EXPECT_EQ(preview["entries"], 1);
     EXPECT_EQ(preview["openBrowsers"], json::array({"Google Chrome"}));
     EXPECT_EQ(preview["locations"][0]["path"], cookies);
+    EXPECT_EQ(preview["locations"][0]["place"], cookies);
     EXPECT_THAT(dry.err, HasSubstr("Google Chrome is running"));
     EXPECT_EQ(clear({both, false, false, "text"}).code, 2); // nobody to ask
     terminal = true;

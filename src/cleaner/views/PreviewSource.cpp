@@ -51,7 +51,7 @@ ui::Cell PreviewSource::cell(int row, int column) const
     const CleaningRow& about = at(row);
     switch (column) {
     case Location:
-        return {.text = ui::text(forScreen(about.location.url.relativePath()))};
+        return {.text = ui::text(forScreen(plannedLocation(about.location.url, about.forecast)))};
     case Entries:
         return {.text = QLocale().toString(static_cast<qulonglong>(about.forecast.entries)) +
                         (about.forecast.countedWhole ? QString() : QStringLiteral("+")),

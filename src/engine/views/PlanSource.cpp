@@ -67,7 +67,8 @@ ui::Cell PlanSource::cell(int row, int column) const
     const PlannedRecord& planned = at(row);
     switch (column) {
     case Location:
-        return {.text = ui::text(forScreen(planned.record->url.relativePath()))};
+        return {.text =
+                    ui::text(forScreen(plannedLocation(planned.record->url, planned.forecast)))};
     case EvidenceColumn:
         return evidenceCell(planned.flaggedBy.evidence);
     case Entries:

@@ -318,4 +318,10 @@ VolumeFileSystem::Parent VolumeFileSystem::openParent(const FileURL& url) const
     return {std::move(place.parent), std::move(place.name), place.error};
 }
 
+std::string VolumeFileSystem::placeBehindLinks(const FileURL& url) const
+{
+    auto resolved = SpellingResolver(*m_root).resolve(url.identity(), LeafLink::Keep);
+    return resolved.presence == Presence::Present ? "/" + resolved.path : std::string();
+}
+
 } // namespace pryvane

@@ -67,6 +67,10 @@ public:
     };
     [[nodiscard]] Parent openParent(const FileURL& url) const;
 
+    /// The absolute path of what stands there, links on the way taken out and in the disk's
+    /// spelling, read anew; empty where it cannot be told.
+    [[nodiscard]] std::string placeBehindLinks(const FileURL& url) const;
+
     /// Whether the volume is the very disk that this host runs from.
     [[nodiscard]] bool isHostRoot() const { return m_isHostRoot; }
 

@@ -136,6 +136,14 @@ TEST_P(LinkTest, OnTheWayAreFollowedOnlyToWhereTheItemWasSeen)
             const std::string before = treeBelow(disk.folder.path());
             const auto forecast = disk.plan(item);
             EXPECT_EQ(treeBelow(disk.folder.path()), before);
+            if (forecast.obstacle == RemovalObstacle::None && forecast.kind != FileKind::Missing) {
+                // The plan names the place without links.
+                const std::filesystem::path place = disk.folder.hostPath(
+                    forecast.place.empty() ? at(path).absolutePath() : forecast.place);
+                EXPECT_EQ(std::filesystem::canonical(place.parent_path()), place.parent_path());
+                EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(place)))
+                    << place;
+            }
             const auto result = disk.remove(item);
             EXPECT_THAT(inWords(result),
                         StartsWith(stored || !item.seen ? row.asStored : row.asSeen))

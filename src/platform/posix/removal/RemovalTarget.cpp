@@ -64,8 +64,13 @@ public:
             std::string leaf = std::move(names.back());
             names.pop_back();
             parent = openWithoutLinks(names);
-            if (parent.error == 0)
-                return looked(std::move(parent.fd), std::move(leaf));
+            if (parent.error == 0) {
+                RemovalTarget target = looked(std::move(parent.fd), std::move(leaf));
+                for (const std::string& name : names)
+                    target.path.append("/").append(name);
+                target.path.append("/").append(target.name);
+                return target;
+            }
         }
         return parent.isLink ? behindLink() : failed(parent.error);
     }
@@ -232,8 +237,10 @@ RemovalFailure refusalOf(const RemovalItem& item, const RemovalTarget& target,
     if (!isFolder && item.scope == RemovalScope::ContentsOf)
         return {RemovalObstacle::KindChanged, {}};
     // Whoever could only trick root into removing a file might have it remove a whole tree.
-    if (isFolder && geteuid() == 0 && item.seen && item.seen->kind != FileKind::Folder &&
-        item.seen->kind != FileKind::Unknown)
+    FileKind kind = item.kind;
+    if (kind == FileKind::Unknown && item.seen)
+        kind = item.seen->kind;
+    if (isFolder && geteuid() == 0 && kind != FileKind::Folder && kind != FileKind::Unknown)
         return {RemovalObstacle::KindChanged, {}};
     return {};
 }

@@ -17,6 +17,7 @@ class VolumeFileSystem;
 struct RemovalTarget {
     UniqueFd parent;
     std::string name; ///< as the disk spells it
+    std::string path; ///< the whole path, as the disk spells it; empty where links lead there
     EntryFacts leaf;
     bool isGone = false;    ///< nothing is there
     RemovalFailure failure; ///< why it could not be found

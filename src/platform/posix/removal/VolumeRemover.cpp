@@ -119,6 +119,9 @@ RemovalForecast VolumeRemover::forecastOf(const RemovalItem& item, const StopFla
     forecast.kind = target.failure ? FileKind::Unknown : target.leaf.kind;
     if (target.failure)
         return foresee(target.failure);
+    forecast.place = target.path.empty() ? m_disk.placeBehindLinks(item.url) : target.path;
+    if (forecast.place == item.url.absolutePath())
+        forecast.place.clear();
     if (auto refusal = refusalOf(item, target, target.leaf, places))
         return foresee(std::move(refusal));
     if (item.scope == RemovalScope::Item) {
