@@ -3,6 +3,11 @@ include(CheckPIESupported)
 check_pie_supported()
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
+# Indirect jumps land only where they may: Intel's way, ARM's way, or none.
+include(CheckCXXCompilerFlag)
+check_cxx_compiler_flag(-fcf-protection=full PRYVANE_HAS_CET)
+check_cxx_compiler_flag(-mbranch-protection=standard PRYVANE_HAS_BTI)
+
 add_library(pryvane_flags INTERFACE)
 target_compile_features(pryvane_flags INTERFACE cxx_std_20)
 target_compile_options(pryvane_flags INTERFACE
@@ -10,13 +15,15 @@ target_compile_options(pryvane_flags INTERFACE
     # GCC 12 sees overlapping copies in every "literal" + std::string (its bug 105329).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     $<$<BOOL:${PRYVANE_WERROR}>:-Werror>
-    -fstack-protector-strong)
+    -fstack-protector-strong $<$<PLATFORM_ID:Linux>:-fstack-clash-protection>
+    $<$<BOOL:${PRYVANE_HAS_CET}>:-fcf-protection=full>
+    $<$<BOOL:${PRYVANE_HAS_BTI}>:-mbranch-protection=standard>)
 target_link_options(pryvane_flags INTERFACE
     $<$<PLATFORM_ID:Linux>:-Wl,-z,relro,-z,now> $<$<PLATFORM_ID:Linux>:-Wl,--as-needed>)
 target_compile_definitions(pryvane_flags INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
     PRYVANE_VERSION="${PROJECT_VERSION}" PRYVANE_BUILD="${PRYVANE_BUILD}"
-    $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+    _GLIBCXX_ASSERTIONS)
 
 if(PRYVANE_SANITIZE)
     target_compile_options(pryvane_flags INTERFACE
