@@ -5,6 +5,7 @@
 #include "Medians.h"
 #include "PdfBenchPeer.h"
 #include "PeakMemory.h"
+#include "platform/LoadedModule.h"
 #include "platform/MachineInfo.h"
 #include "reports/ReportFixtures.h"
 #include "reports/pdf/PDFGenerate.h"
@@ -81,8 +82,10 @@ int peak(int findings)
 
 std::vector<pdf::Page> pagesOf(const SpywareScanReport& report)
 {
-    auto painter = pdf::loadPainter();
-    require(painter.ok(), "no painter");
+    const auto module = loadedModule<pdf::PainterModule>();
+    require(module.ok(), "no painter");
+    const auto painter = (*module)->makePainter();
+    require(painter.ok(), "no fonts");
     test::CountingDisk disk;
     NamelessMachine machine;
     return pdf::layOut(pdf::reportTexts(report, {}, disk, machine), **painter);

@@ -1,6 +1,7 @@
 #include "platform/LoadedModule.h"
 
 #include "core/Escape.h"
+#include "platform/ProgramFile.h"
 
 #include <dlfcn.h>
 
@@ -8,29 +9,26 @@ namespace pryvane {
 
 namespace {
 
-Error loadError(const std::string& module)
+Error loadError(const std::string& file)
 {
     const char* reason = dlerror(); // kept for each thread
-    return Error{"the program's part " + module + " cannot be loaded (" +
+    return Error{"the program's part " + file + " cannot be loaded (" +
                  (reason ? forScreen(reason) : "no reason given") + "); install Pryvane again"};
 }
 
 } // namespace
 
-Result<void*> functionOfModule(const std::string& module, const char* function)
+Result<const void*> moduleFunctions(const std::string& file)
 {
-#ifdef __APPLE__
-    const std::string name = "@rpath/" + module;
-#else
-    const std::string& name = module;
-#endif
-    void* loaded = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    if (!loaded)
-        return loadError(module);
-    void* address = dlsym(loaded, function);
-    if (!address)
-        return loadError(module);
-    return address;
+    // The whole path: for a bare name the loader would look through other folders.
+    const auto path = besideProgram(std::string(PRYVANE_MODULES "/") + file);
+    if (!path)
+        return path.error();
+    void* loaded = dlopen(path->c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    const void* functions = loaded ? dlsym(loaded, "pryvaneModule") : nullptr;
+    if (!functions)
+        return loadError(file);
+    return functions;
 }
 
 } // namespace pryvane

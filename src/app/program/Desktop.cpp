@@ -1,11 +1,10 @@
 #include "app/program/Desktop.h"
 
+#include "platform/ProgramFile.h"
 #include "platform/linux/XdgLoginItem.h"
 #include "platform/posix/DataFolder.h"
 #include "platform/posix/RuntimeFolder.h"
 #include "platform/posix/SqliteUserDefaults.h"
-
-#include <filesystem>
 
 namespace pryvane {
 
@@ -13,12 +12,11 @@ namespace {
 
 XdgLoginItem::Places loginPlaces(const std::string& dataFolder)
 {
-    std::error_code ignored;
-    const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    const auto helper = besideProgram("pryvane-login-helper"), own = programFile();
     const auto runtime = runtimeFolder(dataFolder);
     return {.autostartFolder = defaultAutostartFolder(),
-            .helper = (own.parent_path() / "pryvane-login-helper").string(),
-            .application = own.string(),
+            .helper = helper ? *helper : std::string(),
+            .application = own ? *own : std::string(),
             .runtimeFolder = runtime ? *runtime : std::string()};
 }
 

@@ -8,10 +8,10 @@ Result<Done> LoadedPrinter::load()
 {
     if (m_printer)
         return Done{};
-    const auto make = functionOfModule(kPrintModule, kMakePrinterFunction);
-    if (!make)
-        return make.error();
-    m_printer.reset(reinterpret_cast<MakePrinter>(*make)());
+    const auto module = loadedModule<PrintModule>();
+    if (!module)
+        return module.error();
+    m_printer = (*module)->makePrinter();
     return Done{};
 }
 

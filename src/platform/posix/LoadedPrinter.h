@@ -21,9 +21,10 @@ private:
     std::unique_ptr<Printer> m_printer;
 };
 
-/// What the module exports: makes a printer that is now the caller's.
-using MakePrinter = Printer* (*)();
-inline constexpr const char* kPrintModule = "libpryvane-print.so";
-inline constexpr const char* kMakePrinterFunction = "pryvaneMakePrinter";
+struct PrintModule {
+    static constexpr const char* kFile = "libpryvane-print.so";
+
+    std::unique_ptr<Printer> (*makePrinter)();
+};
 
 } // namespace pryvane

@@ -1,9 +1,14 @@
+#include "platform/LoadedModule.h"
 #include "platform/posix/CupsPrinter.h"
 #include "platform/posix/LoadedPrinter.h"
 
-extern "C" __attribute__((visibility("default"))) pryvane::Printer* pryvaneMakePrinter()
+namespace {
+
+std::unique_ptr<pryvane::Printer> makePrinter()
 {
-    return new pryvane::CupsPrinter;
+    return std::make_unique<pryvane::CupsPrinter>();
 }
 
-static_assert(std::is_same_v<decltype(&pryvaneMakePrinter), pryvane::MakePrinter>);
+} // namespace
+
+PRYVANE_EXPORT_MODULE(pryvane::PrintModule, makePrinter)

@@ -1,5 +1,6 @@
 #include "reports/pdf/PDFGenerate.h"
 
+#include "platform/LoadedModule.h"
 #include "platform/WholeFile.h"
 #include "reports/pdf/PageLayout.h"
 #include "reports/pdf/PainterModule.h"
@@ -31,7 +32,10 @@ Result<std::string> PDFGenerate::createPDFFileFor(const SpywareScanReport& repor
 
 Result<Done> PDFGenerate::createPDF(const SpywareScanReport& report, const std::string& path)
 {
-    auto painter = pdf::loadPainter();
+    const auto module = loadedModule<pdf::PainterModule>();
+    if (!module)
+        return module.error();
+    const auto painter = (*module)->makePainter();
     if (!painter)
         return painter.error();
     const auto texts = pdf::reportTexts(report, m_facts, m_disk, m_machine);

@@ -20,7 +20,7 @@ struct PDFFacts {
 
 /// Writes a report as a PDF document: a pure layout first, then a painter. Needs no display. Two
 /// documents may be written at the same time, each by its own PDFGenerate. Programs that link this
-/// are passed to the build's pryvane_prints(), so that they find the painter.
+/// are passed to the build's pryvane_uses_modules(), so that they find the painter.
 class PDFGenerate {
 public:
     /// `disk` is the volume whose present state decides between "Quarantined" and "Not

@@ -7,8 +7,12 @@
 
 namespace pryvane::pdf {
 
-/// A painter from the module beside the program. It is loaded when the first document is written,
-/// because binding its forty libraries takes longer than all the rest of a program's start.
-[[nodiscard]] Result<std::unique_ptr<PdfPainter>> loadPainter();
+/// The painter's module, apart because binding its forty libraries takes longer than all the rest
+/// of a program's start.
+struct PainterModule {
+    static constexpr const char* kFile = "libpryvane-pdf.so";
+
+    Result<std::unique_ptr<PdfPainter>> (*makePainter)();
+};
 
 } // namespace pryvane::pdf

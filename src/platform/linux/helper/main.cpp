@@ -1,13 +1,12 @@
 /// pryvane-login-helper: started by the desktop at login, starts Pryvane, and quits when Pryvane
 /// says so, has ended, or says nothing for a while.
 #include "core/Escape.h"
+#include "platform/ProgramFile.h"
 #include "platform/linux/LoginHelperLock.h"
 #include "platform/linux/helper/TerminationWatch.h"
 #include "platform/posix/DataFolder.h"
 #include "platform/posix/ErrorText.h"
 #include "platform/posix/RuntimeFolder.h"
-
-#include <climits>
 
 #include <algorithm>
 #include <array>
@@ -55,14 +54,6 @@ std::optional<Options> parsed(char** arguments)
     if (*arguments)
         options.command = arguments;
     return options;
-}
-
-std::string programBesideThis()
-{
-    std::array<char, PATH_MAX> path{};
-    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-    const std::string own(path.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
-    return own.substr(0, own.rfind('/') + 1) + "pryvane";
 }
 
 /// In a session of its own, so that it outlives whatever ends this one.
@@ -118,8 +109,12 @@ int main(int, char** arguments)
     const Moment end = std::chrono::steady_clock::now() + options->limit;
     // Before the program starts, so that its word to quit is not missed.
     auto watch = TerminationWatch::start();
-    std::string beside = programBesideThis();
-    std::array<char*, 2> defaultCommand{beside.data(), nullptr};
+    auto beside = besideProgram("pryvane");
+    if (!beside && !options->command) {
+        tell(beside.error().message);
+        return 1;
+    }
+    std::array<char*, 2> defaultCommand{beside ? beside->data() : nullptr, nullptr};
     const auto child = startProgram(options->command ? options->command : defaultCommand.data());
     if (!child) {
         tell(child.error().message);

@@ -1,15 +1,19 @@
+#include "platform/LoadedModule.h"
+#include "reports/pdf/PainterModule.h"
 #include "reports/pdf/painter/CairoPainter.h"
 
-#include <utility>
+namespace {
 
-// The one name that the program asks the module for.
-extern "C" __attribute__((visibility("default"))) pryvane::pdf::PdfPainter*
-pryvaneMakePdfPainter(std::string& whyNot)
+using namespace pryvane;
+
+Result<std::unique_ptr<pdf::PdfPainter>> makePainter()
 {
-    auto painter = pryvane::pdf::CairoPainter::make();
-    if (!painter) {
-        whyNot = painter.error().message;
-        return nullptr;
-    }
-    return std::move(*painter).release();
+    auto painter = pdf::CairoPainter::make();
+    if (!painter)
+        return painter.error();
+    return std::unique_ptr<pdf::PdfPainter>(std::move(*painter));
 }
+
+} // namespace
+
+PRYVANE_EXPORT_MODULE(pdf::PainterModule, makePainter)

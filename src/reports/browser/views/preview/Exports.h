@@ -7,14 +7,13 @@
 /// What the preview module exports, for itself and for whoever loads it.
 namespace pryvane::preview {
 
-inline constexpr const char* kModule = "libpryvane-preview.so";
+struct Exports {
+    static constexpr const char* kFile = "libpryvane-preview.so";
 
-/// Null when the bytes are no document.
-using OpenDocument = DocumentPages* (*)(const std::string& pdf);
-inline constexpr const char* kOpenDocument = "pryvaneOpenDocument";
-
-/// False when the question was cancelled.
-using AskWhereToPrint = bool (*)(QWidget* over, PrintTarget& target);
-inline constexpr const char* kAskWhereToPrint = "pryvaneAskWhereToPrint";
+    /// Null when the bytes are no document.
+    std::unique_ptr<DocumentPages> (*openDocument)(const std::string& pdf);
+    /// None when the question was cancelled.
+    std::optional<PrintTarget> (*askWhereToPrint)(QWidget* over);
+};
 
 } // namespace pryvane::preview

@@ -1,3 +1,4 @@
+#include "platform/LoadedModule.h"
 #include "reports/browser/views/preview/Exports.h"
 
 #include <QBuffer>
@@ -59,32 +60,32 @@ void hidePageOptions(const QPrintDialog& dialog)
         properties->hide();
 }
 
-} // namespace
-
-// The names that the program asks the module for.
-extern "C" {
-
-__attribute__((visibility("default"))) DocumentPages* pryvaneOpenDocument(const std::string& pdf)
+std::unique_ptr<DocumentPages> openDocument(const std::string& pdf)
 {
     if (!isWhole(pdf))
         return nullptr;
     auto pages = std::make_unique<PdfPages>(pdf);
-    return pages->count() > 0 ? pages.release() : nullptr;
+    if (pages->count() < 1)
+        return nullptr;
+    return pages;
 }
 
-__attribute__((visibility("default"))) bool pryvaneAskWhereToPrint(QWidget* over,
-                                                                   PrintTarget& target)
+std::optional<PrintTarget> askWhereToPrint(QWidget* over)
 {
     QPrinter printer;
     QPrintDialog dialog(&printer, over);
     dialog.setOptions(QAbstractPrintDialog::PrintToFile);
     hidePageOptions(dialog);
     if (dialog.exec() != QDialog::Accepted)
-        return false;
+        return std::nullopt;
+    PrintTarget target;
     if (printer.outputFormat() == QPrinter::PdfFormat)
         target.file = QFile::encodeName(printer.outputFileName()).toStdString();
     else
         target.queue = printer.printerName().toStdString();
-    return true;
+    return target;
 }
-}
+
+} // namespace
+
+PRYVANE_EXPORT_MODULE(pryvane::preview::Exports, openDocument, askWhereToPrint)
