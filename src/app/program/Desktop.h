@@ -9,6 +9,7 @@
 #include "platform/qt/bus/BusDistributedNotifications.h"
 #include "platform/qt/bus/BusUserNotifier.h"
 #include "platform/qt/widgets/DesktopWebBrowser.h"
+#include "platform/qt/widgets/ShownWindows.h"
 #include "platform/qt/widgets/TaskbarDockIcon.h"
 #include "platform/qt/widgets/WidgetAlerts.h"
 
@@ -40,6 +41,7 @@ public:
     QDBusConnection bus;
     BusUserNotifier userNotifier{bus, log};
     BusDistributedNotifications distributedNotifications{bus, log};
+    ShownWindows shownWindows;
     WidgetAlerts alerts;
     DesktopWebBrowser webBrowser;
     TaskbarDockIcon dockIcon{log};

@@ -2,6 +2,7 @@
 #include "platform/desktop/FakeServices.h"
 #include "platform/qt/widgets/DesktopWebBrowser.h"
 #include "platform/qt/widgets/FolderPanel.h"
+#include "platform/qt/widgets/ShownWindows.h"
 #include "platform/qt/widgets/TaskbarDockIcon.h"
 #include "platform/qt/widgets/TrayStatusItem.h"
 #include "platform/qt/widgets/WidgetAlerts.h"
@@ -139,6 +140,28 @@ QByteArray statesOf(const QWidget& window)
 bool listed(const QWidget& window)
 {
     return !statesOf(window).contains("SKIP_TASKBAR");
+}
+
+TEST(ShownWindowsTest, asksAgainForAWindowThatNobodyMapped)
+{
+    const ShownWindows shownWindows;
+    QWidget window;
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const auto isMapped = [&] { return window.windowHandle()->isExposed(); };
+    window.show();
+    ASSERT_TRUE(runUntil(isMapped));
+    EXPECT_FALSE(x11::isOverlooked(id));
+    // What a request that was lost leaves behind: shown, as far as the program knows.
+    xcb_unmap_window(x11::connection(), id);
+    xcb_flush(x11::connection());
+    ASSERT_TRUE(runUntil([&] { return !isMapped() && x11::isOverlooked(id); }));
+    QShowEvent shown;
+    QCoreApplication::sendEvent(window.windowHandle(), &shown);
+    EXPECT_TRUE(runUntil(isMapped));
+
+    window.showMinimized();
+    runFor(std::chrono::milliseconds(600));
+    EXPECT_FALSE(x11::isOverlooked(id)) << "the window manager hides it";
 }
 
 TEST(TaskbarDockIconTest, hidesWindowsFromTheTaskBar)

@@ -61,6 +61,28 @@ void setSkipTaskbar(xcb_window_t window, bool skip)
     xcb_flush(connection());
 }
 
+bool isOverlooked(xcb_window_t window)
+{
+    const auto attributesCookie = xcb_get_window_attributes(connection(), window);
+    const auto stateCookie = xcb_get_property(connection(), 0, window, atom("WM_STATE"),
+                                              XCB_GET_PROPERTY_TYPE_ANY, 0, 2);
+    const Answer<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(connection(), attributesCookie, nullptr));
+    const Answer<xcb_get_property_reply_t> state(
+        xcb_get_property_reply(connection(), stateCookie, nullptr));
+    if (!attributes || attributes->map_state != XCB_MAP_STATE_UNMAPPED || !state)
+        return false;
+    constexpr std::uint32_t kWithdrawn = 0;
+    return xcb_get_property_value_length(state.get()) < 4 ||
+           *static_cast<const std::uint32_t*>(xcb_get_property_value(state.get())) == kWithdrawn;
+}
+
+void map(xcb_window_t window)
+{
+    xcb_map_window(connection(), window);
+    xcb_flush(connection());
+}
+
 void watchEndOf(xcb_window_t window)
 {
     const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;

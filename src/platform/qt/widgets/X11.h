@@ -17,6 +17,13 @@ namespace pryvane::x11 {
 /// Asks the window manager to list the window in task bars and pagers, or not to.
 void setSkipTaskbar(xcb_window_t window, bool skip);
 
+/// Whether the window is not mapped and no window manager has put its mark on it, as one does with
+/// each window that it shows or hides.
+[[nodiscard]] bool isOverlooked(xcb_window_t window);
+
+/// Asks for the window to be mapped.
+void map(xcb_window_t window);
+
 /// Asks to be told when that window goes.
 void watchEndOf(xcb_window_t window);
 
