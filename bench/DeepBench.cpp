@@ -62,9 +62,8 @@ public:
     {
         const auto progress = m_center.observe(NotificationName::ScanningProgress,
                                                [this](const Notification&) { ++m_progress; });
-        const auto samples = m_center.observe(
-            NotificationName::ScanningProgressURL, [this](const Notification&) { ++m_samples; },
-            NotificationCenter::Delivery::Sampled);
+        const auto samples = m_center.observe(NotificationName::ScanningProgressURL,
+                                              [this](const Notification&) { ++m_samples; });
         std::thread worker([this] {
             walk();
             m_inbox->whenEmpty([this] { m_mainQueue.quit(); });

@@ -23,14 +23,13 @@ void NotificationCenter::Observation::end()
         std::exchange(m_center, nullptr)->forget(m_name, m_id);
 }
 
-NotificationCenter::Observation NotificationCenter::observe(NotificationName name, Handler handler,
-                                                            Delivery delivery)
+NotificationCenter::Observation NotificationCenter::observe(NotificationName name, Handler handler)
 {
     const std::lock_guard lock(m_mutex);
     Slot& target = slot(name);
     auto changed = target.observers ? Observers(*target.observers) : Observers();
     const auto id = ++m_lastId;
-    changed.push_back({id, std::move(handler), delivery});
+    changed.push_back({id, std::move(handler)});
     replace(target, std::move(changed));
     return {*this, name, id};
 }
@@ -48,10 +47,6 @@ void NotificationCenter::forget(NotificationName name, std::uint64_t id)
 void NotificationCenter::replace(Slot& target, Observers observers)
 {
     target.count.store(observers.size(), std::memory_order_release);
-    const auto each =
-        std::count_if(observers.begin(), observers.end(),
-                      [](const Observer& observer) { return observer.delivery == Delivery::Each; });
-    target.wantingEach.store(static_cast<std::size_t>(each), std::memory_order_release);
     target.observers = std::make_shared<const Observers>(std::move(observers));
 }
 

@@ -17,12 +17,6 @@ class NotificationCenter {
 public:
     using Handler = std::function<void(const Notification&)>;
 
-    /// How much of a flood an observer wants. Only those that post floods look at it.
-    enum class Delivery : std::uint8_t {
-        Each,
-        Sampled, ///< a few dozen a second will do, as for a display
-    };
-
     /// Keeps one observation alive; destroying it ends the observation. A handler that another
     /// thread has already entered still finishes.
     class [[nodiscard]] Observation {
@@ -48,7 +42,7 @@ public:
 
     /// Calls `handler` for every notification of that name until the observation ends. The center
     /// must outlive the observation.
-    Observation observe(NotificationName name, Handler handler, Delivery delivery = Delivery::Each);
+    Observation observe(NotificationName name, Handler handler);
 
     /// Whether a posting of that name would reach anybody. One atomic read, so that a hot loop can
     /// skip making an object that nobody reads.
@@ -57,24 +51,16 @@ public:
         return slot(name).count.load(std::memory_order_acquire) != 0;
     }
 
-    /// Whether somebody wants each posting of that name. As cheap.
-    [[nodiscard]] bool wantsEach(NotificationName name) const
-    {
-        return slot(name).wantingEach.load(std::memory_order_acquire) != 0;
-    }
-
     void post(NotificationName name, const NotificationObject& object = {});
 
 private:
     struct Observer {
         std::uint64_t id;
         Handler handler;
-        Delivery delivery;
     };
     using Observers = std::vector<Observer>;
     struct Slot {
         std::atomic<std::size_t> count{0};
-        std::atomic<std::size_t> wantingEach{0};
         std::shared_ptr<const Observers> observers; // guarded by m_mutex; copied on change
     };
 

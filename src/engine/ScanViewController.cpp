@@ -49,8 +49,7 @@ ScanViewController::~ScanViewController()
     m_checkThread.join();
     m_walkThread.join();
     m_storeThread.join();
-    if (m_isScanning)
-        m_state.isScanStop.clear();
+    m_state.isScanStop.clear(); // the state outlives this
 }
 
 void ScanViewController::SpywareScanStart()

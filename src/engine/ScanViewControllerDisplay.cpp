@@ -20,19 +20,18 @@ constexpr std::chrono::milliseconds kSecondHalfOfStep{50};
 /// Handlers run on the posting thread, so each goes over to the main thread.
 void ScanViewController::observe()
 {
-    using Delivery = NotificationCenter::Delivery;
-    const auto on = [this](NotificationName name, Delivery delivery, auto handler) {
-        m_observations.push_back(m_services.notifications.observe(name, handler, delivery));
+    const auto on = [this](NotificationName name, auto handler) {
+        m_observations.push_back(m_services.notifications.observe(name, handler));
     };
-    on(NotificationName::UpdateThreat, Delivery::Each, [this](const Notification&) {
+    on(NotificationName::UpdateThreat, [this](const Notification&) {
         if (m_services.mainQueue.isMainThread())
             updateThreatBox();
         else
             postToMain([this] { updateThreatBox(); });
     });
-    on(NotificationName::ScanningProgress, Delivery::Each,
+    on(NotificationName::ScanningProgress,
        [this](const Notification&) { postToMain([this] { ScanningProgressUIChange(); }); });
-    on(NotificationName::ScanningProgressURL, Delivery::Sampled, [this](const Notification& note) {
+    on(NotificationName::ScanningProgressURL, [this](const Notification& note) {
         if (const auto* location = std::get_if<std::string_view>(&note.object)) {
             postToMain([this, text = std::string(*location)] { ScanningProgressURL(text); });
         }

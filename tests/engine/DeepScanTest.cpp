@@ -61,6 +61,17 @@ TEST_F(DeepScanTest, ChecksAndWalkEndInOneReport)
     EXPECT_TRUE(clock.pauses().empty());
     EXPECT_EQ(state.totalCount, 0);
     EXPECT_EQ(state.totalScanCount, 0);
+
+    // The first folder of each pass is told: how much is counted, then where the walk is.
+    ASSERT_GE(places.size(), 2U);
+    EXPECT_GT(std::atoi(places.front().c_str()), 0);
+    EXPECT_THAT(places.back(), testing::StartsWith("/"));
+    EXPECT_THAT(labels, testing::Contains("/"));
+    EXPECT_THAT(types, ElementsAre("Calculating Files:", "Scanning Entry:"));
+    EXPECT_TRUE(stopOffered);
+    EXPECT_FALSE(controller.display().stopButton);
+    EXPECT_THAT(log.lines(), ElementsAre(testing::StartsWith("count time "),
+                                         testing::StartsWith("scannig time "), "Done Scanning"));
 }
 
 TEST_F(DeepScanTest, ProgressStandsForEachHundredthAndNeverDividesByZero)
@@ -101,7 +112,7 @@ TEST_F(DeepScanTest, AStopAnywhereEndsInOneStoppedReport)
         int nth;
     };
     const Row rows[] = {
-        {"counting", NotificationName::ScanningProgressURL, 10},
+        {"counting", NotificationName::ScanningProgressURL, 1},
         {"walking", NotificationName::ScanningProgress, 2},
         {"at once", NotificationName::ScanStatusChange, 1},
     };

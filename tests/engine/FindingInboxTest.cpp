@@ -78,6 +78,7 @@ TEST_F(FindingInboxTest, ApplicationsAreHeldBackUnlessTheyPoseAsTheMakers)
     // maker's.
     EXPECT_EQ(listed(), (std::vector<std::string>{"/Applications/Codec.App", posing, posing}));
     EXPECT_EQ(inbox.heldBack(), std::vector<std::string>{"/Applications/Codec-M.app"});
+    EXPECT_EQ(updates, 4) << "what is held back is told, too";
 }
 
 TEST_F(FindingInboxTest, AppendAsksNothingAndCountsAsKnown)

@@ -1,8 +1,15 @@
 
+#include "engine/CheckSequence.h"
+#include "engine/FindingInbox.h"
 #include "engine/SessionFixture.h"
 #include "signatures/Catalogue.h"
+#include "signatures/CheckRunner.h"
+#include "support/ForwardingDisk.h"
 
 #include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
 
 namespace pryvane {
 namespace {
@@ -15,7 +22,21 @@ TEST_F(ScanViewControllerTest, APacedQuickScanGoesThroughItsStepsAndStoresOneRep
 {
     volume.file("/Library/LaunchAgents/com.refog.agent.plist", "0123456789");
     clock.setNow(Date(std::chrono::seconds(1'700'000'000)));
+    // Holds the checks at each pause until both halves of its step were shown.
+    std::atomic<int> shown{0};
+    QObject::connect(&controller, &ScanViewController::stateChanged, &controller,
+                     [&] { shown = static_cast<int>(controller.display().progressBar); });
+    bool inTime = true;
+    clock.onPause = [&](std::size_t number) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (inTime && shown != static_cast<int>(2 * number)) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            inTime = std::chrono::steady_clock::now() < end;
+        }
+    };
+    EXPECT_EQ(defaults.objectForKey("checkSubDir"), PreferenceValue(std::string("y")));
     scan();
+    clock.onPause = nullptr;
 
     // 50 steps: the 47 checks, twice "Word macro" within the last row, and the last row itself.
     std::vector<Clock::Interval> pauses;
@@ -35,9 +56,14 @@ TEST_F(ScanViewControllerTest, APacedQuickScanGoesThroughItsStepsAndStoresOneRep
     ASSERT_EQ(pauses.size(), 50U);
     EXPECT_EQ(clock.pauses(), pauses);
     EXPECT_EQ(labels, expectedLabels);
-    EXPECT_THAT(steps, testing::Contains("1%"));
-    EXPECT_THAT(steps, testing::Contains("99%"));
-    EXPECT_EQ(steps.back(), "0%");
+    std::vector<std::string> expectedSteps{""};
+    for (int percent = 1; percent <= 100; ++percent)
+        expectedSteps.push_back(std::to_string(percent) + "%");
+    expectedSteps.emplace_back("0%");
+    EXPECT_EQ(steps, expectedSteps);
+    EXPECT_THAT(types, ElementsAre("Scanning Entry:"));
+    EXPECT_FALSE(stopOffered) << "that is for deep scans";
+    EXPECT_THAT(log.lines(), ElementsAre("Done Scanning"));
 
     EXPECT_THAT(notes, ElementsAre("ScanStatusChange YES", "UpdateThreat", "ScanStatusChange NO",
                                    "ScanningChange"));
@@ -109,6 +135,51 @@ TEST_F(ScanViewControllerTest, ASecondStartAndAnEarlyStopDoNoHarm)
     EXPECT_TRUE(stored().empty());
 }
 
+/// Posts the stop when a path is asked for, as a user may between two checks of one step.
+class StoppingDisk final : public test::ForwardingDisk {
+public:
+    StoppingDisk(FileSystem& disk, StopFlag& stop, std::string path)
+        : ForwardingDisk(disk), m_stop(stop), m_path(std::move(path))
+    {
+    }
+    Presence presence(const FileURL& url) override
+    {
+        if (url.absolutePath() == m_path)
+            m_stop.request();
+        return ForwardingDisk::presence(url);
+    }
+
+private:
+    StopFlag& m_stop;
+    const std::string m_path;
+};
+
+TEST_F(ScanViewControllerTest, AStopWithinAStepRunsNoFurtherCheckOfIt)
+{
+    StoppingDisk stopping(*disk, state.isScanStop, "/Users/alice/Library/Skype/SkypeHelper");
+    ScanCoverage coverage;
+    FindingInbox inbox(services(), state, [] {});
+    CheckRunner checks(stopping, defaults, "alice", inbox, coverage);
+    std::string last;
+    CheckSequence sequence(checks, clock, state.isScanStop,
+                           [&](std::string_view label, int) { last = label; });
+    EXPECT_EQ(sequence.scan4SpywareStart(), CheckSequence::Outcome::Stopped);
+    // The last step has two checks more: one shows "Word macro", one notes that it watches.
+    EXPECT_EQ(last, "SniperSpyKeylogger");
+    EXPECT_FALSE(defaults.contains(preferences::kARD));
+}
+
+TEST_F(ScanViewControllerTest, RemoteDesktopIsListedUntilItIsIgnored)
+{
+    volume.file("/Library/Preferences/com.apple.RemoteDesktop.plist");
+    for (const bool ignored : {false, true, false}) {
+        controller.ignoreARD(ignored);
+        scan();
+        EXPECT_EQ(controller.lists().ARDDetect, !ignored);
+        EXPECT_EQ(stored()[0]->spyWareList->size(), ignored ? 0U : 1U);
+    }
+}
+
 TEST_F(ScanViewControllerTest, TheRealTimeSwitchNamesTheReport)
 {
     state.isRealTimeProtectionON = true;
@@ -129,16 +200,19 @@ TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
                                         "/Users/alice, homes there are: carol.");
 }
 
-TEST_F(ScanViewControllerTest, DestroyingTheControllerEndsARunningScan)
+TEST_F(ScanViewControllerTest, DestroyingTheControllerEndsARunningScanAndLeavesNoStop)
 {
-    auto passing =
-        std::make_unique<ScanViewController>(services(), state, access, store, remover,
-                                             ScanOptions{"alice", FileURL::fileURLWithPath("/")});
-    passing->SpywareScanStart();
-    mainQueue.drain();
-    passing.reset();
-    mainQueue.drain();
-    EXPECT_FALSE(state.isScanStop.requested());
+    for (const bool running : {false, true}) {
+        auto passing = std::make_unique<ScanViewController>(
+            services(), state, access, store, remover,
+            ScanOptions{"alice", FileURL::fileURLWithPath("/")});
+        if (running)
+            passing->SpywareScanStart();
+        mainQueue.drain();
+        passing.reset();
+        mainQueue.drain();
+        EXPECT_FALSE(state.isScanStop.requested()) << running;
+    }
 }
 
 } // namespace

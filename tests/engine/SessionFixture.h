@@ -28,6 +28,10 @@ protected:
                 state.isScanning = false;
             }));
         QObject::connect(&controller, &ScanViewController::stateChanged, &controller, [this] {
+            const ScanDisplay& shown = controller.display();
+            stopOffered |= controller.isScanning() && shown.stopButton;
+            if (types.empty() || types.back() != shown.scanTypeLabel)
+                types.push_back(shown.scanTypeLabel);
             if (steps.empty() || steps.back() != controller.display().progressText)
                 steps.push_back(controller.display().progressText);
             if (labels.empty() || labels.back() != controller.display().location)
@@ -52,8 +56,10 @@ protected:
     ScanViewController controller{services(), state,
                                   access,     store,
                                   remover,    ScanOptions{"alice", FileURL::fileURLWithPath("/")}};
-    std::vector<std::string> notes, steps, labels;
-    std::mutex notesMutex; ///< checks post from their thread too
+    std::vector<std::string> notes, steps, labels, types;
+    std::vector<std::string> places; ///< what the walk told of where it is
+    bool stopOffered = false;        ///< while a scan ran
+    std::mutex notesMutex;           ///< checks post from their thread too
     int ended = 0;
 
 private:
@@ -66,6 +72,8 @@ private:
             text += *flag ? " YES" : " NO";
         const std::lock_guard lock(notesMutex);
         notes.push_back(text);
+        if (const auto* place = std::get_if<std::string_view>(&note.object))
+            places.emplace_back(*place);
     }
     std::vector<NotificationCenter::Observation> m_observations;
 };

@@ -130,6 +130,8 @@ TEST_F(ThreatRemovalTest, SortsFindingsIntoRemovedFailedAndLeftAlone)
     deleteSelected();
     EXPECT_THAT(paths(lists.deletedSpyware), ElementsAre(kMdsa, kMdworker, kAobo));
     EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kRefog));
+    for (const auto& record : lists.deletedSpyware)
+        EXPECT_EQ(flags(*record), std::pair(true, false)) << record->name;
     EXPECT_EQ(controller.removal().summary(), removalSummary(0));
     EXPECT_FALSE(volume.contains("/Users/alice/Library/.A_o_b_o"));
 }

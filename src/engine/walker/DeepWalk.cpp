@@ -5,123 +5,13 @@
 #include "platform/FileURL.h"
 #include "signatures/PatternAutomaton.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <system_error>
 #include <unistd.h>
 
 namespace pryvane {
 
 namespace {
-
-constexpr std::chrono::milliseconds kBetweenSamples{33};
-
-std::atomic<std::int64_t> walkedByAll{0};
-
-std::string_view withoutLastSlash(std::string_view path)
-{
-    return path.size() > 1 && path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
-}
-
-/// What both passes count in the same way.
-class PassTally : public WalkTally {
-public:
-    PassTally(WalkReport& report, Locations locations) : m_report(report), m_locations(locations) {}
-
-    [[nodiscard]] std::int64_t folders() const { return m_folders; }
-    [[nodiscard]] std::int64_t entries() const { return m_entries; }
-
-    void folderRead(std::string_view path) final
-    {
-        m_folders.fetch_add(1, std::memory_order_relaxed);
-        if (m_locations == Locations::Sampled && sampleIsDue())
-            tell(withoutLastSlash(path));
-    }
-
-    void at(std::string_view path) final { tell(path); }
-
-protected:
-    virtual void tell(std::string_view path) = 0;
-
-    void note(std::int64_t entries) { m_entries.fetch_add(entries, std::memory_order_relaxed); }
-    [[nodiscard]] WalkReport& report() { return m_report; }
-
-private:
-    [[nodiscard]] bool sampleIsDue()
-    {
-        const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-        auto next = m_nextSample.load(std::memory_order_relaxed);
-        using Ticks = std::chrono::steady_clock::duration;
-        return now >= next &&
-               m_nextSample.compare_exchange_strong(next, now + Ticks(kBetweenSamples).count());
-    }
-
-    WalkReport& m_report;
-    const Locations m_locations;
-    std::atomic<std::int64_t> m_folders{0};
-    std::atomic<std::int64_t> m_entries{0};
-    std::atomic<std::chrono::steady_clock::rep> m_nextSample{0};
-};
-
-class CountTally final : public PassTally {
-public:
-    CountTally(ScanState& state, WalkReport& report, Locations locations)
-        : PassTally(report, locations), m_state(state)
-    {
-    }
-
-    void add(std::int64_t entries) override
-    {
-        note(entries);
-        m_state.totalCount.fetch_add(entries, std::memory_order_relaxed);
-    }
-
-private:
-    void tell(std::string_view) override
-    {
-        report().alone([this](WalkObserver& observer) { observer.counting(m_state.totalCount); });
-    }
-
-    ScanState& m_state;
-};
-
-class ScanTally final : public PassTally {
-public:
-    ScanTally(ScanState& state, WalkReport& report, Locations locations)
-        : PassTally(report, locations), m_state(state),
-          m_step(std::max<std::int64_t>(state.totalCount / 100, 1))
-    {
-    }
-
-    void add(std::int64_t entries) override
-    {
-        note(entries);
-        walkedByAll.fetch_add(entries, std::memory_order_relaxed);
-        if (m_state.totalScanCount.fetch_add(entries) + entries > m_step)
-            postProgress();
-    }
-
-private:
-    /// One post for each time the count, taken one by one, would have come to exceed the step.
-    void postProgress()
-    {
-        report().alone([this](WalkObserver& observer) {
-            while (m_state.totalScanCount > m_step) {
-                m_state.totalScanCount -= m_step + 1;
-                observer.progress((m_step + 1) / m_step);
-            }
-        });
-    }
-
-    void tell(std::string_view path) override
-    {
-        report().alone([path](WalkObserver& observer) { observer.location(path); });
-    }
-
-    ScanState& m_state;
-    const std::int64_t m_step;
-};
 
 void walkTree(const WalkRoot& root, const WalkRules& rules, unsigned threads, const StopFlag& stop,
               WalkReport& report, WalkTally& tally)
@@ -146,21 +36,19 @@ void walkTree(const WalkRoot& root, const WalkRules& rules, unsigned threads, co
 
     WalkCrew crew;
     crew.begin(std::move(task));
-    // In order means one after the other.
-    const CrewSize size = CrewSize::forThreads(rules.tellEvery ? 1 : threads);
-    onThreads(size.threads, [&] {
-        TreeWalker({rules, stop, crew, report, tally, size.handles}).run();
+    const CrewSize size = CrewSize::forThreads(threads);
+    GrowingCrew walkers(size.threads, [&] {
+        TreeWalker({rules, stop, crew, walkers, report, tally, size.handles}).run();
     });
+    walkers.run();
     report.flush();
 }
 
-template <typename Tally>
-WalkOutcome walked(const WalkRoot& root, WalkRules rules, Locations locations,
+WalkOutcome walked(WalkTally::Pass pass, const WalkRoot& root, const WalkRules& rules, bool samples,
                    const WalkOptions& options, ScanState& state, WalkObserver& observer)
 {
-    rules.tellEvery = locations == Locations::Every;
     WalkReport report(observer, state.isScanStop);
-    Tally tally(state, report, locations);
+    WalkTally tally(pass, state, report, samples);
     if (!state.isScanStop.requested())
         walkTree(root, rules, options.threads, state.isScanStop, report, tally);
     return {tally.folders(), tally.entries(), report.refusals(), state.isScanStop.requested()};
@@ -177,14 +65,15 @@ bool isEnumerated(const WalkRoot& root)
 
 WalkOutcome FileCount::countNodes(const WalkRoot& root)
 {
-    return walked<CountTally>(root, {}, m_observer.locations(), m_options, m_state, m_observer);
+    return walked(WalkTally::Pass::Counting, root, {}, m_observer.wantsLocations(), m_options,
+                  m_state, m_observer);
 }
 
 WalkOutcome FileCount::countFlat(const WalkRoot& root)
 {
     WalkRules rules;
     rules.allEntries = true;
-    return walked<CountTally>(root, rules, Locations::None, m_options, m_state, m_observer);
+    return walked(WalkTally::Pass::Counting, root, rules, false, m_options, m_state, m_observer);
 }
 
 WalkOutcome scanDirectory::scan(const WalkRoot& root)
@@ -193,12 +82,8 @@ WalkOutcome scanDirectory::scan(const WalkRoot& root)
     rules.texts = &m_texts;
     rules.allEntries = isEnumerated(root);
     rules.emptyFoldersCount = !rules.allEntries;
-    return walked<ScanTally>(root, rules, m_observer.locations(), m_options, m_state, m_observer);
-}
-
-std::int64_t scanDirectory::walkedEntries()
-{
-    return walkedByAll;
+    return walked(WalkTally::Pass::Scanning, root, rules, m_observer.wantsLocations(), m_options,
+                  m_state, m_observer);
 }
 
 } // namespace pryvane

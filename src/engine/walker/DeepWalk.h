@@ -19,8 +19,9 @@ struct WalkRoot {
 };
 
 struct WalkOptions {
-    /// Threads that read folders at the same time, the calling one included. Several pay off most
-    /// on a cold disk. What is found and its order do not depend on it.
+    /// The most threads that read folders at the same time, the calling one included: there are
+    /// more than processors only where the disk makes them wait. What is found and its order do not
+    /// depend on it.
     unsigned threads = 8;
 };
 
@@ -69,9 +70,6 @@ public:
     }
 
     WalkOutcome scan(const WalkRoot& root);
-
-    /// Entries walked since the program started.
-    [[nodiscard]] static std::int64_t walkedEntries();
 
 private:
     ScanState& m_state;

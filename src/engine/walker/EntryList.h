@@ -13,12 +13,10 @@ class EntryList {
 public:
     enum class Kind : std::uint8_t {
         Folder, ///< to be entered
-        File,   ///< to be told and matched when the walk comes to it
         Match,  ///< a file that is known to be a finding
-        Other,  ///< only counted
     };
     struct Entry {
-        Kind kind = Kind::Other;
+        Kind kind = Kind::Folder;
         std::string_view name; ///< NUL-terminated; valid until the list changes
     };
 

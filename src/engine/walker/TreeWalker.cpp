@@ -29,6 +29,7 @@ void TreeWalker::run()
 
 void TreeWalker::walk(WalkTask task)
 {
+    m_waits.begin();
     m_path = std::move(task.path);
     m_ancestry = std::move(task.above);
     m_above = m_ancestry.size() - 1;
@@ -65,7 +66,7 @@ void TreeWalker::step()
     Level& level = top();
     EntryList::Entry entry;
     if (level.entries.next(entry)) {
-        visit(entry.kind, entry.name);
+        entry.kind == EntryList::Kind::Folder ? enter(entry.name) : addMatch(entry.name);
     } else if (level.after) {
         m_shared.report.complete(m_place);
         m_place = *level.after;
@@ -76,52 +77,6 @@ void TreeWalker::step()
     } else {
         leave();
     }
-}
-
-void TreeWalker::visit(EntryList::Kind kind, std::string_view name)
-{
-    switch (kind) {
-    case EntryList::Kind::Folder:
-        visitFolder(name);
-        break;
-    case EntryList::Kind::File:
-        visitFile(name);
-        break;
-    case EntryList::Kind::Match:
-        addMatch(name);
-        break;
-    case EntryList::Kind::Other:
-        m_shared.tally.add(1);
-        break;
-    }
-}
-
-/// Only where each entry is told: elsewhere files are dealt with when their folder is read.
-void TreeWalker::visitFile(std::string_view name)
-{
-    if (m_rules.onlyCount()) {
-        tellPath(name);
-        m_shared.tally.add(1);
-        return;
-    }
-    m_shared.tally.add(1);
-    tellPath(name);
-    if (isMatch(top(), name))
-        addMatch(name);
-}
-
-void TreeWalker::visitFolder(std::string_view name)
-{
-    if (m_rules.tellEvery) {
-        if (!m_rules.onlyCount())
-            m_shared.tally.add(1);
-        tellPath(name);
-    }
-    const std::size_t depth = m_depth;
-    enter(name);
-    // The counting pass counts a folder behind everything below it; see leave().
-    if (m_rules.tellEvery && m_rules.onlyCount() && m_depth == depth)
-        m_shared.tally.add(1);
 }
 
 void TreeWalker::enter(std::string_view name)
@@ -180,8 +135,6 @@ void TreeWalker::leave()
     if (m_depth == 0)
         return;
     m_path.resize(top().pathLength);
-    if (m_rules.tellEvery && m_rules.onlyCount())
-        m_shared.tally.add(1);
     if (!top().folder && m_setAside > 0)
         returnTo(m_depth - 1, std::move(child));
 }
@@ -205,38 +158,36 @@ void TreeWalker::read(Level& level, std::size_t mostBytes)
     if (!level.hasAny && m_rules.emptyFoldersCount && !m_shared.stop.requested())
         m_shared.tally.add(1);
     m_shared.tally.folderRead(std::string_view(m_path).substr(0, level.pathLength));
+    if (m_waits.often())
+        m_shared.walkers.addOne();
 }
 
-/// Sorts the entries that were just read; returns how many of them count already.
+/// Sorts the entries that were just read; returns how many of them count.
 std::int64_t TreeWalker::takeIn(Level& level)
 {
     std::int64_t counted = 0;
-    const auto count = [&](EntryList::Kind kind, std::string_view name) {
+    const auto count = [&] {
         level.hasAny = true;
-        if (m_rules.tellEvery)
-            level.entries.append(kind, name);
-        else
-            ++counted;
+        ++counted;
     };
     FolderBatch::Entry entry;
     while (!m_shared.stop.requested() && m_batch.next(entry)) {
         switch (entry.kind) {
         case FileKind::Folder:
-            level.hasAny = true;
+            count();
             level.entries.append(EntryList::Kind::Folder, entry.name);
-            counted += m_rules.tellEvery ? 0 : 1;
             break;
         case FileKind::RegularFile:
             if (entry.name.front() == '.' && !m_rules.allEntries)
                 break;
-            count(EntryList::Kind::File, entry.name);
-            if (!m_rules.tellEvery && isMatch(level, entry.name))
+            count();
+            if (isMatch(level, entry.name))
                 level.entries.append(EntryList::Kind::Match, entry.name);
             break;
         case FileKind::SymbolicLink:
         case FileKind::Other:
             if (m_rules.allEntries)
-                count(EntryList::Kind::Other, entry.name);
+                count();
             break;
         case FileKind::Missing:
         case FileKind::Unknown:
@@ -262,13 +213,6 @@ void TreeWalker::addMatch(std::string_view name)
                                   m_path.size(),
                                   {},
                                   {folder.device, folder.inode, FileKind::RegularFile}});
-}
-
-void TreeWalker::tellPath(std::string_view name)
-{
-    m_path.append(name);
-    m_shared.tally.at(m_path);
-    m_path.resize(m_path.size() - name.size());
 }
 
 void TreeWalker::refuse(std::size_t pathLength, int error)

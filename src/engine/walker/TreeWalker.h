@@ -24,8 +24,6 @@ struct WalkRules {
     const PatternAutomaton* texts = nullptr;
     /// A folder without entries counts once more by itself.
     bool emptyFoldersCount = false;
-    /// Count and tell each entry when the walk comes to it, instead of when its folder is read.
-    bool tellEvery = false;
 
     [[nodiscard]] bool onlyCount() const { return texts == nullptr; }
 };
@@ -38,6 +36,7 @@ public:
         const WalkRules& rules;
         const StopFlag& stop;
         WalkCrew& crew;
+        GrowingCrew& walkers;
         WalkReport& report;
         WalkTally& tally;
         std::size_t mostHandles; ///< of one thread
@@ -64,9 +63,6 @@ private:
 
     void walk(WalkTask task);
     void step();
-    void visit(EntryList::Kind kind, std::string_view name);
-    void visitFile(std::string_view name);
-    void visitFolder(std::string_view name);
     void enter(std::string_view name);
     void leave();
     void read(Level& level, std::size_t mostBytes);
@@ -87,12 +83,12 @@ private:
     void addMatch(std::string_view name);
     void refuse(std::size_t pathLength, std::string reason);
     void refuse(std::size_t pathLength, int error);
-    void tellPath(std::string_view name);
     [[nodiscard]] Level& top() { return m_levels[m_depth - 1]; }
 
     const Shared m_shared;
     const WalkRules& m_rules;
     FolderBatch m_batch;
+    DiskWaits m_waits;
     std::string m_path; ///< of the folder the walk is at, with its slash
     Ancestry m_ancestry;
     WalkReport::Place m_place;

@@ -10,12 +10,9 @@
 
 namespace pryvane {
 
-Locations WalkNotifications::locations() const
+bool WalkNotifications::wantsLocations() const
 {
-    if (m_center.wantsEach(NotificationName::ScanningProgressURL))
-        return Locations::Every;
-    return m_center.hasObservers(NotificationName::ScanningProgressURL) ? Locations::Sampled
-                                                                        : Locations::None;
+    return m_center.hasObservers(NotificationName::ScanningProgressURL);
 }
 
 void WalkNotifications::counting(std::int64_t totalCount)

@@ -17,7 +17,7 @@ public:
     {
     }
 
-    [[nodiscard]] Locations locations() const override;
+    [[nodiscard]] bool wantsLocations() const override;
     void counting(std::int64_t totalCount) override;
     void location(std::string_view path) override;
     void progress(std::int64_t steps) override;

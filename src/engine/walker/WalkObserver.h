@@ -7,13 +7,6 @@
 
 namespace pryvane {
 
-/// How much a pass tells of where it is.
-enum class Locations : std::uint8_t {
-    None,
-    Sampled, ///< about thirty times a second, for a display
-    Every,   ///< each entry, in order; the pass then keeps to one thread
-};
-
 /// What the two passes of a deep walk tell while they work. Calls come from the walk's threads, but
 /// never two at a time, and the walk waits for them: they should be short. Paths are raw bytes, as
 /// on the volume, and valid during the call only.
@@ -21,13 +14,13 @@ class WalkObserver {
 public:
     virtual ~WalkObserver() = default;
 
-    /// Asked once when a pass begins.
-    [[nodiscard]] virtual Locations locations() const = 0;
+    /// Whether counting() and location() are wanted; asked once when a pass begins.
+    [[nodiscard]] virtual bool wantsLocations() const = 0;
 
-    /// The counting pass is at an entry and has counted so many.
+    /// The counting pass has counted so many. About thirty times a second, for a display.
     virtual void counting(std::int64_t totalCount) = 0;
 
-    /// The scanning pass is at this file or folder.
+    /// The scanning pass is at this folder. As often.
     virtual void location(std::string_view path) = 0;
 
     /// Another hundredth of the counted entries has been walked.

@@ -89,7 +89,6 @@ std::vector<Listed> listed(const std::string& hostFolder)
 void count(const std::string& host, Expected& expected)
 {
     for (const Listed& entry : listed(host)) {
-        expected.counting.push_back("counted " + std::to_string(expected.totalCount));
         if (entry.isFolder)
             count(host + "/" + entry.name, expected);
         ++expected.totalCount;
@@ -101,7 +100,7 @@ void walkOne(Expected& expected)
     ++expected.walked;
     const std::int64_t step = std::max<std::int64_t>(expected.totalCount / 100, 1);
     if (++expected.totalScanCount > step) {
-        expected.scanning.push_back("progress " + std::to_string(expected.totalScanCount / step));
+        expected.progress.push_back("progress " + std::to_string(expected.totalScanCount / step));
         expected.totalScanCount = 0;
     }
 }
@@ -114,13 +113,12 @@ void scan(const std::string& host, const std::string& path, Expected& expected)
     for (const Listed& entry : entries) {
         const std::string below = path + entry.name;
         walkOne(expected);
-        expected.scanning.push_back("at " + below);
         if (entry.isFolder)
             scan(host + "/" + entry.name, below + "/", expected);
         else if (std::ranges::any_of(listedTexts(), [&](const std::string& text) {
                      return below.find(text) != std::string::npos;
                  }))
-            expected.scanning.push_back("match " + below);
+            expected.matches.push_back("match " + below);
     }
 }
 

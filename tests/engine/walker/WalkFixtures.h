@@ -16,12 +16,12 @@ namespace pryvane::test {
 /// "refused PATH: REASON".
 class RecordingWalk final : public WalkObserver {
 public:
-    explicit RecordingWalk(Locations locations = Locations::None) : m_locations(locations) {}
+    explicit RecordingWalk(bool samples = false) : m_samples(samples) {}
 
     std::vector<std::string> events;
     std::function<void()> onEvent; ///< called behind each
 
-    [[nodiscard]] Locations locations() const override { return m_locations; }
+    [[nodiscard]] bool wantsLocations() const override { return m_samples; }
     void counting(std::int64_t count) override { note("counted " + std::to_string(count)); }
     void location(std::string_view path) override { note("at " + std::string(path)); }
     void progress(std::int64_t steps) override { note("progress " + std::to_string(steps)); }
@@ -36,7 +36,7 @@ public:
 
 private:
     void note(std::string event);
-    const Locations m_locations;
+    const bool m_samples;
 };
 
 /// A root on a folder of the host, closed at its end.
@@ -59,8 +59,7 @@ private:
 /// What a walk must tell and count, by the plainest of programs: recursion, whole lists, one
 /// substring search after the other.
 struct Expected {
-    std::vector<std::string> counting; ///< events of the counting pass
-    std::vector<std::string> scanning; ///< events of the scanning pass, in order
+    std::vector<std::string> matches, progress; ///< each in order
     std::int64_t totalCount = 0;
     std::int64_t totalScanCount = 0; ///< left at the end
     std::int64_t walked = 0;

@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <system_error>
@@ -85,6 +86,41 @@ struct CrewSize {
     /// More than there are cores: while one waits for the disk, others walk on, and where nothing
     /// waits the surplus costs nothing.
     [[nodiscard]] static unsigned usualThreads();
+};
+
+/// Threads that share one piece of work: at first as many as there are processors, then one more
+/// each time the work asks for it.
+class GrowingCrew {
+public:
+    /// At most so many threads, the calling one included.
+    GrowingCrew(std::size_t most, std::function<void()> work);
+
+    /// Works on the calling thread too; returns when all threads have ended.
+    void run();
+
+    /// Callable from within the work.
+    void addOne();
+
+private:
+    const std::size_t m_most;
+    const std::function<void()> m_work;
+    std::mutex m_mutex;
+    std::vector<std::thread> m_helpers; // guarded by m_mutex
+};
+
+/// Notices that the calling thread keeps waiting for the disk. One thread's own.
+class DiskWaits {
+public:
+    /// From here on; waits before it were for something else.
+    void begin();
+
+    /// To be called for each folder read: whether a good part of the last ones had to be waited
+    /// for. Without a way to tell, the answer is yes.
+    [[nodiscard]] bool often();
+
+private:
+    int m_reads = 0;
+    long m_switches = 0; ///< of the processor, away from the thread, as it waited
 };
 
 /// Runs the same work on the calling thread and on as many others as can be had.
