@@ -34,7 +34,14 @@ struct Host::Documents {
     }
 };
 
-Host::Host() = default;
+void ConsoleLog::line(std::string_view text)
+{
+    const std::lock_guard lock(m_mutex);
+    m_console.say(forTerminal(text));
+}
+
+Host::Host(const Console& console) : m_log(console) {}
+
 Host::~Host() = default;
 
 Host::Documents& Host::documents()
@@ -57,7 +64,7 @@ ReportPrinting& Host::printing()
 Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArguments& arguments,
                                          StoreUse use, Pacing pacing)
 {
-    std::unique_ptr<Host> host(new Host);
+    std::unique_ptr<Host> host(new Host(console));
     host->m_user = arguments.user.empty() ? loginUser() : arguments.user;
     if (!isShortName(host->m_user))
         return Error{forTerminal(notAShortName(host->m_user))};
@@ -77,35 +84,43 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
     host->m_folderPicker = std::make_unique<DecliningFolderPicker>();
     host->m_workspace = std::make_unique<LinuxWorkspace>(*host->m_disk, host->m_user);
     host->m_state.arrDefaultTorvellApp = makersApplicationKeys();
-    if (const auto opened = host->openStore(console, use); !opened)
+    if (const auto opened = host->openStore(use); !opened)
         return opened.error();
     return host;
 }
 
-Result<Done> Host::openStore(const Console& console, StoreUse use)
+Result<Done> Host::openStore(StoreUse use)
 {
     m_dataFolder = defaultDataFolder();
-    if (use == StoreUse::None) {
-        m_defaults = std::make_unique<MemoryUserDefaults>();
-        // What the user chose to ignore holds for a scan that leaves no trace, too.
-        const auto kept = SqliteUserDefaults::openReadOnly(m_dataFolder, m_log);
-        if (kept && kept->defaults->contains(preferences::kARD))
-            return m_defaults->set(preferences::kARD, kept->defaults->get(preferences::kARD));
-        return Done{};
-    }
-    auto opened = SqliteUserDefaults::open(m_dataFolder, m_log);
+    if (use == StoreUse::None)
+        return openWithoutStore();
+    const bool writes = use == StoreUse::Write;
+    auto opened = writes ? SqliteUserDefaults::open(m_dataFolder, m_log)
+                         : SqliteUserDefaults::openReadOnly(m_dataFolder, m_log, CutOffSave::Undo);
     if (!opened)
-        return Error{opened.error().message};
-    if (opened->notice)
-        console.say(*opened->notice);
+        return opened.error();
+    if (opened->notice && !writes)
+        return Error{*opened->notice + " The next scan sets it aside and starts afresh."};
     m_defaults = std::move(opened->defaults);
+    return Done{};
+}
+
+Result<Done> Host::openWithoutStore()
+{
+    m_defaults = std::make_unique<MemoryUserDefaults>();
+    // What the user chose to ignore holds for a scan that leaves no trace, too.
+    const auto kept = SqliteUserDefaults::openReadOnly(m_dataFolder, m_log);
+    if (!kept || kept->notice)
+        m_log.line((kept ? *kept->notice : kept.error().message) + " The built-in settings apply.");
+    if (kept && kept->defaults->contains(preferences::kARD))
+        return m_defaults->set(preferences::kARD, kept->defaults->get(preferences::kARD));
     return Done{};
 }
 
 PlatformServices Host::services()
 {
     return {*m_disk,   *m_defaults,     m_notifications, m_mainQueue,    *m_clock,
-            *m_alerts, *m_folderPicker, *m_workspace,    m_userNotifier, m_log};
+            *m_alerts, *m_folderPicker, *m_workspace,    m_userNotifier, m_engineLog};
 }
 
 Result<Remover*> Host::remover()

@@ -13,6 +13,7 @@
 #include "platform/posix/VolumeFileSystem.h"
 
 #include <memory>
+#include <mutex>
 #include <string>
 
 namespace pryvane {
@@ -32,8 +33,21 @@ struct VolumeArguments {
     bool caseSensitive = false;
 };
 
-enum class StoreUse : std::uint8_t { Open, None };
+/// What a command needs of the store. One that only reads makes and moves nothing, and a store that
+/// it cannot read is an error.
+enum class StoreUse : std::uint8_t { Write, Read, None };
 enum class Pacing : std::uint8_t { Paced, Unpaced };
+
+/// What services have to say, on the console's stream of words.
+class ConsoleLog final : public Log {
+public:
+    explicit ConsoleLog(const Console& console) : m_console(console) {}
+    void line(std::string_view text) override;
+
+private:
+    const Console& m_console;
+    std::mutex m_mutex; ///< one line at a time
+};
 
 /// The services of this process, put together once for the command that runs.
 class Host {
@@ -68,14 +82,16 @@ public:
 private:
     struct Documents;
 
-    Host();
+    explicit Host(const Console& console);
     [[nodiscard]] Documents& documents();
-    [[nodiscard]] Result<Done> openStore(const Console& console, StoreUse use);
+    [[nodiscard]] Result<Done> openStore(StoreUse use);
+    [[nodiscard]] Result<Done> openWithoutStore();
 
     NotificationCenter m_notifications;
     ScanState m_state;
     BlockingMainQueue m_mainQueue;
-    SilentLog m_log;
+    ConsoleLog m_log;
+    SilentLog m_engineLog; ///< its lines are steps that the console shows in its own way
     SilentUserNotifier m_userNotifier;
     std::unique_ptr<Alerts> m_alerts;
     std::unique_ptr<FolderPicker> m_folderPicker;

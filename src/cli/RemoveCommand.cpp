@@ -186,7 +186,7 @@ int runRemove(const RemoveArguments& arguments, const Console& console)
 {
     if (!arguments.all && arguments.items.empty())
         return console.fail("name what to remove: --item N for an item of the report, or --all");
-    auto host = Host::open(console, arguments.volume, StoreUse::Open);
+    auto host = Host::open(console, arguments.volume, StoreUse::Read);
     if (!host)
         return console.fail(host.error().message);
     DefaultMethods store((*host)->defaults(), (*host)->disk(), (*host)->clock(), (*host)->log());

@@ -33,9 +33,9 @@ using Arguments = std::shared_ptr<ReportArguments>;
 
 /// Opens the store and hands it to `work`.
 template <typename Work>
-int withStore(const Console& console, const ReportArguments& arguments, Work work)
+int withStore(const Console& console, const ReportArguments& arguments, StoreUse use, Work work)
 {
-    auto host = Host::open(console, arguments.volume, StoreUse::Open);
+    auto host = Host::open(console, arguments.volume, use);
     if (!host)
         return console.fail(host.error().message);
     DefaultMethods store((*host)->defaults(), (*host)->disk(), (*host)->clock(), (*host)->log());
@@ -44,9 +44,10 @@ int withStore(const Console& console, const ReportArguments& arguments, Work wor
 
 /// Opens the store and hands the named report to `work`.
 template <typename Work>
-int withReport(const Console& console, const ReportArguments& arguments, Work work)
+int withReport(const Console& console, const ReportArguments& arguments, Work work,
+               StoreUse use = StoreUse::Read)
 {
-    return withStore(console, arguments, [&](Host& host, DefaultMethods& store) {
+    return withStore(console, arguments, use, [&](Host& host, DefaultMethods& store) {
         const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
         const auto report = findReport(list, arguments.id);
         return report ? work(host, store, **report) : console.fail(report.error().message);
@@ -55,14 +56,14 @@ int withReport(const Console& console, const ReportArguments& arguments, Work wo
 
 int listReports(const ReportArguments& arguments, const Console& console)
 {
-    return withStore(console, arguments, [&](Host&, DefaultMethods& store) {
+    return withStore(console, arguments, StoreUse::Read, [&](Host&, DefaultMethods& store) {
         using Align = TextTable::Align;
         TextTable table(
             {Align::Left, Align::Left, Align::Left, Align::Left, Align::Left, Align::Left});
         const ReportList list = store.loadListReportWithoutDisk(preferences::kSaveReport);
         for (const auto& report : list) {
             const std::size_t count = report->spyWareList->size();
-            table.addRow({report->reportId, localDateText(report->scanDate),
+            table.addRow({forTerminal(report->reportId), localDateText(report->scanDate),
                           forTerminal(report->reportType),
                           count ? "found " + std::to_string(count) : "clean",
                           report->reportDateDisplay, forTerminal(report->scanDuration)});
@@ -102,7 +103,7 @@ void writeRemovals(const Console& console, const SpywareScanReport& report,
 void writeReport(const Console& console, const SpywareScanReport& report, DiskState state,
                  const std::string& dataFolder)
 {
-    console.out << "Report:   " << report.reportId << "\n"
+    console.out << "Report:   " << forTerminal(report.reportId) << "\n"
                 << "Date:     " << localDateText(report.scanDate) << " ("
                 << report.reportDateDisplay << ")\n"
                 << "Kind:     " << forTerminal(report.reportType) << "\n"
@@ -185,7 +186,8 @@ int printReport(const ReportArguments& arguments, const Console& console)
 int deleteReport(const ReportArguments& arguments, const Console& console)
 {
     return withReport(
-        console, arguments, [&](Host&, DefaultMethods& store, const SpywareScanReport& report) {
+        console, arguments,
+        [&](Host&, DefaultMethods& store, const SpywareScanReport& report) {
             if (!console.confirmed("Delete the report of " + localDateText(report.scanDate) + "?",
                                    arguments.yes))
                 return int{kFailed};
@@ -193,7 +195,8 @@ int deleteReport(const ReportArguments& arguments, const Console& console)
             if (!deleted)
                 return console.fail(deleted.error().message);
             return int{kDone};
-        });
+        },
+        StoreUse::Write);
 }
 
 void printChanges(const Console& console, const char* sign, const SpywareList& list)
@@ -206,7 +209,7 @@ void printChanges(const Console& console, const char* sign, const SpywareList& l
 
 int compareReports(const ReportArguments& arguments, const Console& console)
 {
-    return withStore(console, arguments, [&](Host&, DefaultMethods& store) {
+    return withStore(console, arguments, StoreUse::Read, [&](Host&, DefaultMethods& store) {
         const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
         const auto older = findReport(list, arguments.id);
         const auto newer = findReport(list, arguments.otherId);

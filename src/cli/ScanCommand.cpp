@@ -117,7 +117,8 @@ void writeText(const Console& console, const SpywareScanReport& report, bool sto
         console.out << "\n" << findingsText(*report.spyWareList, DiskState::Asked);
     console.out << "\n" << coverageText(report.coverage);
     if (stored)
-        console.out << "Report: " << report.reportId << "  (pryvane-cli report show latest)\n";
+        console.out << "Report: " << forTerminal(report.reportId)
+                    << "  (pryvane-cli report show latest)\n";
 }
 
 /// A document that cannot be written is better known before the scan than after it.
@@ -144,7 +145,7 @@ bool writeDocument(const Console& console, Host& host, const ScanArguments& argu
 int runScan(const ScanArguments& arguments, const Console& console)
 {
     auto host =
-        Host::open(console, arguments.volume, arguments.noStore ? StoreUse::None : StoreUse::Open,
+        Host::open(console, arguments.volume, arguments.noStore ? StoreUse::None : StoreUse::Write,
                    arguments.paced ? Pacing::Paced : Pacing::Unpaced);
     if (!host)
         return console.fail(host.error().message);
@@ -158,13 +159,10 @@ int runScan(const ScanArguments& arguments, const Console& console)
     ScanRun scan(console, **host, arguments);
     const bool finished = scan.run();
     const bool madeReport = scan.controller().report() != nullptr;
-    if (!scan.controller().storeError().empty()) {
-        return console.fail("the report could not be stored: " + scan.controller().storeError() +
-                            " (--no-store shows the findings without storing them)");
-    }
+    const bool lost = !scan.controller().storeError().empty();
+    const bool kept = madeReport && !arguments.noStore && !lost;
     const auto report = scan.report();
     if (!finished) {
-        const bool kept = madeReport && !arguments.noStore;
         console.say(kept ? "interrupted; what was found so far is stored (pryvane-cli report show "
                            "latest)"
                          : "interrupted; no report was stored");
@@ -175,11 +173,13 @@ int runScan(const ScanArguments& arguments, const Console& console)
     if (arguments.format == "json")
         console.out << reportAsJson(*report);
     else
-        writeText(console, *report, madeReport && !arguments.noStore);
+        writeText(console, *report, kept);
     if (!madeReport)
         console.say("a deep scan with --check-sub-dir n leaves no report");
     if (!writeDocument(console, **host, arguments, *report))
         return kFailed;
+    if (lost)
+        return console.fail("the report is not stored; what the scan found stands above alone");
     return report->spyWareList->empty() ? kDone : kFindings;
 }
 

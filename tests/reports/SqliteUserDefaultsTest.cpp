@@ -251,6 +251,21 @@ TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
              ASSERT_EQ(mkfifo(folder.hostPath(path).c_str(), 0600), 0);
          },
          "something that is no file"},
+        {"pipe for the journal",
+         [&] {
+             folder.file(path);
+             ASSERT_EQ(mkfifo(folder.hostPath(path + "-journal").c_str(), 0600), 0);
+         },
+         "something that is no file"},
+        {"link for the journal",
+         [&] { folder.file(path), folder.link(path + "-journal", folder.hostPath("t")); },
+         "a link"},
+        {"pipe for the shared memory",
+         [&] {
+             folder.file(path);
+             ASSERT_EQ(mkfifo(folder.hostPath(path + "-shm").c_str(), 0600), 0);
+         },
+         "something that is no file"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);

@@ -127,19 +127,38 @@ TEST_F(StoreDamageTest, SurvivesFlippedBits)
     EXPECT_GT(told, 100);
 }
 
-TEST_F(StoreDamageTest, KeepsThreeDamagedFilesAndTheirJournals)
+TEST_F(StoreDamageTest, KeepsThreeDamagedFilesTheLargestAndTheirJournals)
 {
-    for (int i = 0; i < 5; ++i) {
-        setContent(file(), ""); // or SQLite itself would make away with the odd journal
-        setContent(file() + "-journal", "journal " + std::to_string(i));
+    for (int i = 0; i < 6; ++i) {
+        // The second is the one that holds something. An empty file, or SQLite itself would make
+        // away with the odd journal.
+        setContent(file(), i == 1 ? std::string(9000, 'x') : "");
+        if (i != 1)
+            setContent(file() + "-journal", "journal " + std::to_string(i));
         EXPECT_TRUE(openedStore(folder->path(), log).notice.has_value());
         usleep(2000); // the names go by the millisecond
     }
     const auto names = namesIn(folder->path());
-    ASSERT_EQ(names.size(), 7U);
-    EXPECT_EQ(contentOf(folder->hostPath(names[2])), "journal 2");
-    EXPECT_EQ(contentOf(folder->hostPath(names[6])), "journal 4");
-    EXPECT_EQ(names[2], names[1] + "-journal");
+    ASSERT_EQ(names.size(), 8U);
+    EXPECT_EQ(contentOf(folder->hostPath(names[1])).size(), 9000U);
+    EXPECT_EQ(contentOf(folder->hostPath(names[3])), "journal 3");
+    EXPECT_EQ(contentOf(folder->hostPath(names[7])), "journal 5");
+    EXPECT_EQ(names[3], names[2] + "-journal");
+}
+
+TEST_F(StoreDamageTest, PutsTheFileBackWhereAFreshOneCannotBeMade)
+{
+    setContent(file(), "garbage");
+    const std::string outcome = inChild([&]() -> std::string {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit nothing{0, 0};
+        static_cast<void>(setrlimit(RLIMIT_FSIZE, &nothing));
+        const auto opened = SqliteUserDefaults::open(folder->path(), log);
+        return opened.ok() ? "opened" : opened.error().message;
+    });
+    EXPECT_NE(outcome.find("The damaged file was left as it is."), std::string::npos) << outcome;
+    EXPECT_EQ(namesIn(folder->path()), std::vector<std::string>{std::string(kStoreFile)});
+    EXPECT_EQ(contentOf(file()), "garbage");
 }
 
 TEST_F(StoreDamageTest, RefusesAForeignTableOfTheSameVersion)

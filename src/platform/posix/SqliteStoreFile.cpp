@@ -31,6 +31,7 @@ struct Attempt {
     std::optional<SqliteConnection> sound;
     std::optional<std::string> damage;
     std::optional<Error> error;
+    bool cutOff = false; ///< the damage is a save that was cut off, which writing would undo
 };
 
 /// SQLite tells an impossible header field as a plain error, which no statement of ours causes.
@@ -40,12 +41,24 @@ bool meansDamage(int code)
     return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || primary == SQLITE_ERROR;
 }
 
-Attempt failed(std::string_view path, int code)
+/// Whether a read of the file failed in the system: SQLite gives that out as damage.
+bool couldNotRead(const SqliteConnection& connection)
 {
+    int error = 0;
+    return connection &&
+           sqlite3_file_control(connection.handle(), "main", SQLITE_FCNTL_LAST_ERRNO, &error) ==
+               SQLITE_OK &&
+           (error == EIO || error == ENXIO || error == ERANGE);
+}
+
+Attempt failed(const SqliteConnection& connection, std::string_view path, int code)
+{
+    if (meansDamage(code) && couldNotRead(connection))
+        return {{}, {}, storeError("read the preferences", path, SQLITE_IOERR_READ)};
     if (meansDamage(code))
         return {{}, sqlite3_errstr(code), {}};
     if (code == SQLITE_READONLY_ROLLBACK) // never where writing is allowed: then it is just undone
-        return {{}, "a save was interrupted, which the next start that may write undoes", {}};
+        return {{}, "a save was interrupted, which the next start that may write undoes", {}, true};
     return {{}, {}, storeError("open the preferences", path, code)};
 }
 
@@ -93,7 +106,7 @@ Attempt checked(SqliteConnection connection, const std::string& path)
     for (const auto& [sql, value] : {std::pair{"PRAGMA user_version", &version},
                                      std::pair{"PRAGMA application_id", &application}}) {
         if (const int code = readInteger(connection, sql, *value); code != SQLITE_ROW)
-            return failed(path, code);
+            return failed(connection, path, code);
     }
     if (application != applicationId(version))
         return {{}, "its header is not one of ours", {}};
@@ -109,15 +122,18 @@ Attempt checked(SqliteConnection connection, const std::string& path)
 
     std::string verdict, schema;
     if (const int code = readText(connection, "PRAGMA quick_check(1)", verdict); code != SQLITE_ROW)
-        return failed(path, code);
-    if (verdict != "ok")
+        return failed(connection, path, code);
+    if (verdict != "ok") {
+        if (couldNotRead(connection))
+            return failed(connection, path, SQLITE_CORRUPT);
         return {{}, verdict, {}};
+    }
     const int counted = readInteger(connection, "SELECT count(*) FROM sqlite_master", tables);
     if (counted != SQLITE_ROW)
-        return failed(path, counted);
+        return failed(connection, path, counted);
     const int read = readText(connection, "SELECT sql FROM sqlite_master", schema);
     if (read != SQLITE_ROW && read != SQLITE_DONE)
-        return failed(path, read);
+        return failed(connection, path, read);
     if (tables != 1 || schema != kSchema)
         return {{}, "its table is not the expected one", {}};
     return {std::move(connection), {}, {}};
@@ -130,7 +146,7 @@ Attempt openChecked(const std::string& path, int flags)
     if (code == SQLITE_OK)
         code = configure(connection);
     if (code != SQLITE_OK)
-        return failed(path, code);
+        return failed(connection, path, code);
     const bool writing = (flags & SQLITE_OPEN_READWRITE) != 0;
     Attempt attempt = checked(std::move(connection), path);
     if (!attempt.sound || !writing)
@@ -139,7 +155,7 @@ Attempt openChecked(const std::string& path, int flags)
     std::string mode;
     code = readText(*attempt.sound, "PRAGMA journal_mode=DELETE", mode);
     if (code != SQLITE_ROW)
-        return failed(path, code);
+        return failed(*attempt.sound, path, code);
     if (mode != "delete")
         return {{}, {}, storeError("open the preferences", path, SQLITE_BUSY)};
     if (sqlite3_db_readonly(attempt.sound->handle(), "main") == 0)
@@ -189,6 +205,45 @@ Result<OpenedStore> outcome(Attempt attempt, const std::string& path,
     return OpenedStore{std::move(*attempt.sound), path, std::move(notice)};
 }
 
+/// What stands in the file, without taking a failing disk for damage: damaged is only what was read
+/// whole and is wrong twice.
+Attempt judged(const std::string& path, InPlace found, int flags)
+{
+    if (found == InPlace::EmptyFile)
+        return {{}, "it is empty", {}};
+    Attempt attempt = openChecked(path, flags);
+    if (!attempt.damage)
+        return attempt;
+    if (const auto read = readsThrough(path, (flags & SQLITE_OPEN_READWRITE) != 0); !read)
+        return {{}, {}, read.error()};
+    return openChecked(path, flags);
+}
+
+/// Sets the damaged file aside and starts a fresh one in its place.
+Result<OpenedStore> replaced(const std::string& folder, const std::string& path,
+                             const std::string& damage, Log& log)
+{
+    const auto aside = moveFileAside(path);
+    if (!aside)
+        return aside.error();
+    Attempt fresh = create(path);
+    if (fresh.error) {
+        const bool back = moveFileBack(*aside, path);
+        return Error{"The preferences in " + forScreen(path) + " are damaged (" +
+                     forScreen(damage) + "), and a fresh file cannot take their place. " +
+                     fresh.error->message +
+                     (back ? " The damaged file was left as it is."
+                           : " The damaged file is kept as " + forScreen(*aside) + ".")};
+    }
+    forgetOldAsides(folder);
+    std::string notice = "The preferences in " + forScreen(path) + " were damaged (" +
+                         forScreen(damage) +
+                         "). Settings and stored reports start afresh; what was there is kept as " +
+                         forScreen(*aside) + ".";
+    log.line(notice);
+    return outcome(std::move(fresh), path, std::move(notice));
+}
+
 } // namespace
 
 Result<OpenedStore> openStore(std::string_view dataFolder, Log& log)
@@ -214,31 +269,21 @@ Result<OpenedStore> openStore(std::string_view dataFolder, Log& log)
     if (*found == InPlace::Nothing)
         return outcome(create(path), path, {});
 
-    Attempt attempt;
-    if (*found == InPlace::EmptyFile)
-        attempt.damage = "it is empty";
-    else
-        attempt = openChecked(path, SQLITE_OPEN_READWRITE);
+    Attempt attempt = judged(path, *found, SQLITE_OPEN_READWRITE);
     if (!attempt.damage)
         return outcome(std::move(attempt), path, {});
-
-    const auto aside = moveFileAside(*folder, path);
-    if (!aside)
-        return aside.error();
-    std::string notice = "The preferences in " + forScreen(path) + " were damaged (" +
-                         forScreen(*attempt.damage) +
-                         "). Settings and stored reports start afresh; what was there is kept as " +
-                         forScreen(*aside) + ".";
-    log.line(notice);
-    return outcome(create(path), path, std::move(notice));
+    return replaced(*folder, path, *attempt.damage, log);
 }
 
-Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log)
+Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cutOff)
 {
     struct stat data {};
     const std::string given(dataFolder);
-    if (stat(given.c_str(), &data) != 0 && (errno == ENOENT || errno == ENOTDIR))
-        return OpenedStore{};
+    if (stat(given.c_str(), &data) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return OpenedStore{};
+        return folderError(given, reasonOf(errno));
+    }
     if (!S_ISDIR(data.st_mode))
         return folderError(given, "it is not a folder");
     const auto folder = resolvedFolder(given);
@@ -248,16 +293,20 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log)
     const auto found = inPlace(path);
     if (!found)
         return found.error();
-    if (*found != InPlace::File)
+    if (*found == InPlace::Nothing)
         return OpenedStore{{}, path, {}};
 
-    Attempt attempt = openChecked(path, SQLITE_OPEN_READONLY);
+    Attempt attempt = judged(path, *found, SQLITE_OPEN_READONLY);
+    if (attempt.cutOff && cutOff == CutOffSave::Undo) {
+        const FolderLock lock(*folder);
+        attempt = judged(path, *found, SQLITE_OPEN_READWRITE);
+    }
     if (!attempt.damage)
         return outcome(std::move(attempt), path, {});
-    std::string notice = "The preferences in " + forScreen(path) + " cannot be read (" +
-                         forScreen(*attempt.damage) + "); the built-in settings apply.";
-    log.line(notice);
-    return OpenedStore{{}, path, std::move(notice)};
+    return OpenedStore{{},
+                       path,
+                       "The preferences in " + forScreen(path) + " cannot be read (" +
+                           forScreen(*attempt.damage) + "). Nothing was changed."};
 }
 
 Error storeError(std::string_view doing, std::string_view path, int sqliteCode)

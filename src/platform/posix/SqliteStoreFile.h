@@ -19,13 +19,17 @@ struct OpenedStore {
 };
 
 /// Opens the one preferences file of the folder for reading and writing. Makes the folder and the
-/// file where they are missing. A damaged file is kept beside it under a dated name (three of them
-/// at most) and a fresh one started.
+/// file where they are missing. A damaged file, which was read and is wrong, is kept beside it
+/// under a dated name (the newest three and the largest) and a fresh one started. A file that
+/// cannot be read, opened or locked is an error and stays as it is.
 [[nodiscard]] Result<OpenedStore> openStore(std::string_view dataFolder, Log& log);
 
-/// Opens it for reading only. Makes, moves and changes nothing: a missing or damaged file reads as
-/// an empty one.
-[[nodiscard]] Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, Log& log);
+/// What an opening for reading does about a save that a crash cut off.
+enum class CutOffSave : std::uint8_t { Leave, Undo };
+
+/// Opens it for reading only. Makes and moves nothing, whatever the file holds: a missing one reads
+/// as empty, and so does one whose content cannot be read, with a notice that says so.
+[[nodiscard]] Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cutOff);
 
 /// Why SQLite refused, for a person: what was being done, with which file, and what helps.
 [[nodiscard]] Error storeError(std::string_view doing, std::string_view path, int sqliteCode);

@@ -80,9 +80,9 @@ Result<SqliteUserDefaults::Opened> SqliteUserDefaults::open(std::string_view dat
 }
 
 Result<SqliteUserDefaults::Opened> SqliteUserDefaults::openReadOnly(std::string_view dataFolder,
-                                                                    Log& log)
+                                                                    Log& log, CutOffSave cutOff)
 {
-    return made(openStoreReadOnly(dataFolder, log), Access::ReadOnly, log);
+    return made(openStoreReadOnly(dataFolder, cutOff), Access::ReadOnly, log);
 }
 
 Result<SqliteUserDefaults::Opened> SqliteUserDefaults::made(Result<OpenedStore> store,

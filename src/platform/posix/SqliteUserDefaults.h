@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/UserDefaults.h"
+#include "platform/posix/SqliteStoreFile.h"
 
 #include <memory>
 #include <mutex>
@@ -11,7 +12,6 @@
 namespace pryvane {
 
 class Log;
-struct OpenedStore;
 
 /// The preferences in one SQLite file of the user, which the window and the command line may have
 /// open at the same time.
@@ -27,9 +27,10 @@ public:
     /// the preferences, and hears of a notice too.
     [[nodiscard]] static Result<Opened> open(std::string_view dataFolder, Log& log);
 
-    /// Opens it for reading alone and makes nothing: what is missing or damaged reads as empty, and
-    /// every change fails.
-    [[nodiscard]] static Result<Opened> openReadOnly(std::string_view dataFolder, Log& log);
+    /// Opens it for reading alone, and makes and moves nothing: what is missing or damaged reads as
+    /// empty, the latter with a notice, and every change fails.
+    [[nodiscard]] static Result<Opened> openReadOnly(std::string_view dataFolder, Log& log,
+                                                     CutOffSave cutOff = CutOffSave::Leave);
 
     ~SqliteUserDefaults() override;
 

@@ -14,6 +14,7 @@
 #include <system_error>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace pryvane {
@@ -25,27 +26,45 @@ constexpr std::string_view kFileName = "Pryvane.sqlite";
 /// What SQLite may keep beside a file, and the file itself last.
 constexpr std::array<std::string_view, 4> kSideFiles = {"-journal", "-wal", "-shm", ""};
 
-/// Drops all but the newest files that were set aside, with what belongs to them.
-void forgetOldAsides(const std::string& folder)
+/// Renames the file with all that belongs to it. On a failure what was renamed goes back; gives 0
+/// or the reason.
+int renameWhole(const std::string& from, const std::string& to)
 {
-    const std::string prefix = std::string(kFileName) + std::string(kAsideMark);
-    std::vector<std::string> asides;
-    DIR* entries = opendir(folder.c_str());
-    if (!entries)
-        return;
-    while (const dirent* entry = readdir(entries)) {
-        const std::string_view name = entry->d_name;
-        const bool sideFile = std::any_of(kSideFiles.begin(), kSideFiles.end() - 1,
-                                          [&](auto suffix) { return name.ends_with(suffix); });
-        if (name.starts_with(prefix) && !sideFile)
-            asides.emplace_back(name);
+    for (std::size_t i = 0; i < kSideFiles.size(); ++i) {
+        const std::string suffix(kSideFiles[i]);
+        if (::rename((from + suffix).c_str(), (to + suffix).c_str()) == 0)
+            continue;
+        const int error = errno;
+        if (error == ENOENT && !suffix.empty())
+            continue;
+        while (i-- > 0) {
+            const std::string undone(kSideFiles[i]);
+            static_cast<void>(::rename((to + undone).c_str(), (from + undone).c_str()));
+        }
+        return error;
     }
-    closedir(entries);
-    std::sort(asides.rbegin(), asides.rend());
-    for (std::size_t i = kKeptAside; i < asides.size(); ++i) {
-        for (const auto suffix : kSideFiles)
-            ::unlink((folder + "/" + asides[i] + std::string(suffix)).c_str());
-    }
+    return 0;
+}
+
+/// 0 once the whole file was read; a missing one holds nothing to read.
+int readThrough(const std::string& path, int access)
+{
+    const int file = ::open(path.c_str(), access | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
+        return errno == ENOENT ? 0 : errno;
+    std::string buffer(1 << 20, '\0');
+    ssize_t got = 0;
+    do
+        got = ::read(file, buffer.data(), buffer.size());
+    while (got > 0 || (got < 0 && errno == EINTR));
+    const int error = got < 0 ? errno : 0;
+    ::close(file);
+    return error;
+}
+
+const char* kindInWords(mode_t mode)
+{
+    return S_ISLNK(mode) ? "a link" : S_ISDIR(mode) ? "a folder" : "something that is no file";
 }
 
 } // namespace
@@ -95,19 +114,35 @@ Result<std::string> resolvedFolder(const std::string& folder)
 
 Result<InPlace> inPlace(const std::string& path)
 {
-    struct stat data {};
-    if (lstat(path.c_str(), &data) != 0) {
-        if (errno == ENOENT)
-            return InPlace::Nothing;
-        return folderError(path, reasonOf(errno));
+    auto found = InPlace::Nothing;
+    for (const auto suffix : kSideFiles) {
+        const std::string name = path + std::string(suffix);
+        struct stat data {};
+        if (lstat(name.c_str(), &data) != 0) {
+            if (errno == ENOENT)
+                continue;
+            return folderError(name, reasonOf(errno));
+        }
+        if (!S_ISREG(data.st_mode))
+            return Error{"Cannot keep the preferences in " + forScreen(path) + ": " +
+                         kindInWords(data.st_mode) + " stands in the place of " +
+                         forScreen(suffix.empty() ? "the file" : name) + "; remove that, " +
+                         std::string(kElsewhere) + "."};
+        if (suffix.empty())
+            found = data.st_size == 0 ? InPlace::EmptyFile : InPlace::File;
     }
-    if (!S_ISREG(data.st_mode))
-        return Error{"Cannot keep the preferences in " + forScreen(path) + ": " +
-                     (S_ISLNK(data.st_mode)   ? "a link"
-                      : S_ISDIR(data.st_mode) ? "a folder"
-                                              : "something that is no file") +
-                     " stands in its place; remove that, " + std::string(kElsewhere) + "."};
-    return data.st_size == 0 ? InPlace::EmptyFile : InPlace::File;
+    return found;
+}
+
+Result<Done> readsThrough(const std::string& path, bool forWriting)
+{
+    for (const std::string& name : {path, path + "-journal"}) {
+        if (const int error = readThrough(name, forWriting ? O_RDWR : O_RDONLY); error != 0)
+            return Error{"Cannot read " + forScreen(name) + ": " + reasonOf(error) +
+                         "; nothing was changed. Repair that and try again, " +
+                         std::string(kElsewhere) + "."};
+    }
+    return Done{};
 }
 
 Result<Done> mayWrite(const std::string& folder, const std::string& path, InPlace found)
@@ -121,22 +156,52 @@ Result<Done> mayWrite(const std::string& folder, const std::string& path, InPlac
     return Done{};
 }
 
-Result<std::string> moveFileAside(const std::string& folder, const std::string& path)
+Result<std::string> moveFileAside(const std::string& path)
 {
     const std::string base = path + std::string(kAsideMark) + asideStamp();
     std::string aside = base;
     struct stat data {};
     for (int i = 2; lstat(aside.c_str(), &data) == 0; ++i)
         aside = base + "-" + std::to_string(i);
-    for (const auto suffix : kSideFiles) {
-        const std::string from = path + std::string(suffix), to = aside + std::string(suffix);
-        if (rename(from.c_str(), to.c_str()) != 0 && (errno != ENOENT || suffix.empty()))
-            return Error{"The preferences in " + forScreen(path) +
-                         " are damaged and cannot be moved aside: " + reasonOf(errno) +
-                         "; move that file away, " + std::string(kElsewhere) + "."};
-    }
-    forgetOldAsides(folder);
+    if (const int error = renameWhole(path, aside); error != 0)
+        return Error{"The preferences in " + forScreen(path) +
+                     " are damaged and cannot be moved aside: " + reasonOf(error) +
+                     "; move that file away, " + std::string(kElsewhere) + "."};
     return aside;
+}
+
+bool moveFileBack(const std::string& aside, const std::string& path)
+{
+    return renameWhole(aside, path) == 0;
+}
+
+void forgetOldAsides(const std::string& folder)
+{
+    const std::string prefix = std::string(kFileName) + std::string(kAsideMark);
+    std::vector<std::pair<std::string, off_t>> asides;
+    DIR* entries = opendir(folder.c_str());
+    if (!entries)
+        return;
+    while (const dirent* entry = readdir(entries)) {
+        const std::string_view name = entry->d_name;
+        const bool sideFile = std::any_of(kSideFiles.begin(), kSideFiles.end() - 1,
+                                          [&](auto suffix) { return name.ends_with(suffix); });
+        struct stat data {};
+        if (name.starts_with(prefix) && !sideFile &&
+            fstatat(dirfd(entries), entry->d_name, &data, AT_SYMLINK_NOFOLLOW) == 0)
+            asides.emplace_back(name, data.st_size);
+    }
+    closedir(entries);
+    std::sort(asides.rbegin(), asides.rend());
+    const auto largest =
+        std::max_element(asides.begin(), asides.end(),
+                         [](const auto& a, const auto& b) { return a.second < b.second; });
+    for (std::size_t i = kKeptAside; i < asides.size(); ++i) {
+        if (asides.begin() + static_cast<std::ptrdiff_t>(i) == largest)
+            continue;
+        for (const auto suffix : kSideFiles)
+            ::unlink((folder + "/" + asides[i].first + std::string(suffix)).c_str());
+    }
 }
 
 FolderLock::FolderLock(const std::string& folder)

@@ -38,16 +38,28 @@ inline constexpr std::string_view kElsewhere = "or set PRYVANE_DATA_DIR to a fol
 
 enum class InPlace : std::uint8_t { Nothing, EmptyFile, File };
 
-/// What stands where the file belongs; anything but a regular file is refused unopened.
+/// What stands where the file belongs. Anything but a regular file is refused unopened, there and
+/// where SQLite keeps what belongs to the file: opening a FIFO waits without end.
 [[nodiscard]] Result<InPlace> inPlace(const std::string& path);
+
+/// Reads the file and the journal beside it from end to end, opened as SQLite would open them. What
+/// cannot be read is an error, and then nothing can be said of the content.
+[[nodiscard]] Result<Done> readsThrough(const std::string& path, bool forWriting);
 
 /// Whether this user may write the folder, and the file where there is one.
 [[nodiscard]] Result<Done> mayWrite(const std::string& folder, const std::string& path,
                                     InPlace found);
 
-/// Renames the file, and first what SQLite would otherwise apply to the fresh one; the oldest of
-/// those set aside before go. Gives the new path.
-[[nodiscard]] Result<std::string> moveFileAside(const std::string& folder, const std::string& path);
+/// Renames the file, and first what SQLite would otherwise apply to the fresh one; all of it or
+/// nothing. Gives the new path.
+[[nodiscard]] Result<std::string> moveFileAside(const std::string& path);
+
+/// Takes a move back; false where that failed, and the file is still where it was moved to.
+[[nodiscard]] bool moveFileBack(const std::string& aside, const std::string& path);
+
+/// Drops all that were set aside but the newest and the largest, with what belongs to them. An
+/// empty or nearly empty file cannot push out the one that holds the reports.
+void forgetOldAsides(const std::string& folder);
 
 /// Keeps two starting programs from both making, or both moving, the file. It locks the folder
 /// itself, so no file of its own is needed; where the file system cannot do that, it holds nothing.
