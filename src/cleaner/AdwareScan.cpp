@@ -1,8 +1,10 @@
 #include "cleaner/AdwareScan.h"
 
 #include "cleaner/Packages.h"
+#include "formats/PropertyList.h"
 
 #include <iterator>
+#include <map>
 #include <utility>
 
 namespace pryvane {
@@ -15,6 +17,13 @@ constexpr std::size_t kDeepestFolder = 512; // below which no application is loo
 FileURL in(const FileURL& folder, std::string_view name)
 {
     return FileURL::fileURLWithPath(joinedPath(folder.absolutePath(), name));
+}
+
+/// Many elements of a list may refer to the same long text.
+bool isFileName(std::string_view text)
+{
+    constexpr std::size_t kLongest = 1024;
+    return text.size() <= kLongest;
 }
 
 void append(std::vector<FileURL>& list, std::vector<FileURL> more)
@@ -134,13 +143,14 @@ std::vector<SafariExtension> AdwareScan::safariExtensions() const
 {
     const FileURL folder = m_home.at(joinedPath(HomeFolder::kSafari, "Extensions"));
     std::map<std::string, std::string, std::less<>> bundles;
-    if (const auto content = read(in(folder, "Extensions.plist"))) {
-        for (const PropertyTexts& extension :
-             m_services.propertyLists.dictionariesUnder(*content, "Installed Extensions")) {
-            const auto archive = extension.find("Archive File Name");
-            const auto bundle = extension.find("Bundle Directory Name");
-            if (archive != extension.end() && bundle != extension.end())
-                bundles.insert_or_assign(archive->second, bundle->second);
+    if (auto content = read(in(folder, "Extensions.plist"))) {
+        const auto list = PropertyList::read(std::move(*content));
+        const auto installed = list ? list->root()["Installed Extensions"] : PropertyValue();
+        for (const PropertyEntry& extension : installed) {
+            const auto archive = extension.value["Archive File Name"].text();
+            const auto bundle = extension.value["Bundle Directory Name"].text();
+            if (archive && bundle && isFileName(*archive) && isFileName(*bundle))
+                bundles.insert_or_assign(std::string(*archive), std::string(*bundle));
         }
     }
     std::vector<SafariExtension> extensions;

@@ -4,7 +4,6 @@
 #include "cleaner/HomeFolder.h"
 #include "core/StopFlag.h"
 #include "platform/FileSystem.h"
-#include "platform/PropertyLists.h"
 #include "platform/SizeMeter.h"
 
 #include <cstdint>
@@ -33,7 +32,6 @@ struct SafariExtension {
 struct CleanerServices {
     FileSystem& disk;
     SizeMeter& sizes;
-    const PropertyLists& propertyLists;
 };
 
 /// Lists what is installed around the browsers and at the system's start. Keeps nothing between two

@@ -4,7 +4,6 @@
 #include "cli/Host.h"
 #include "cli/ProgressBar.h"
 #include "engine/records/ScanCoverage.h"
-#include "platform/linux/PropertyList.h"
 #include "platform/posix/VolumeSizeMeter.h"
 
 #include <string>
@@ -17,7 +16,7 @@ public:
     explicit CleanerHost(Host& host) : m_host(host), m_sizes(host.disk()) {}
 
     [[nodiscard]] const std::string& user() const { return m_host.user(); }
-    [[nodiscard]] CleanerServices services() { return {m_host.disk(), m_sizes, m_propertyLists}; }
+    [[nodiscard]] CleanerServices services() { return {m_host.disk(), m_sizes}; }
 
     /// Says so where the volume does not hold the user's home.
     void sayMissingHome(const Console& console)
@@ -31,7 +30,6 @@ public:
 private:
     Host& m_host;
     VolumeSizeMeter m_sizes;
-    LinuxPropertyLists m_propertyLists;
 };
 
 } // namespace pryvane::cli

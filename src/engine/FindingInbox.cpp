@@ -7,7 +7,6 @@
 #include "platform/FileSystem.h"
 #include "platform/MainQueue.h"
 #include "platform/UserNotifier.h"
-#include "signatures/MakersApplications.h"
 
 namespace pryvane {
 
@@ -23,7 +22,8 @@ constexpr std::size_t kNotifiedFindings = 20;
 
 FindingInbox::FindingInbox(const PlatformServices& services, ScanState& state,
                            std::function<void()> listChanged)
-    : m_services(services), m_state(state), m_listChanged(std::move(listChanged))
+    : m_services(services), m_state(state), m_listChanged(std::move(listChanged)),
+      m_applications(services.workspace)
 {
 }
 
@@ -34,7 +34,7 @@ void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::st
     if (!record->isAvail)
         return;
     record->setSighting(m_services.disk.sighting(url));
-    push({std::move(record), {}, Admission::Tested});
+    test(std::move(record));
 }
 
 void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::string_view type,
@@ -42,7 +42,7 @@ void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::strin
 {
     auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
     record->setSighting(seen);
-    push({std::move(record), {}, Admission::Tested});
+    test(std::move(record));
 }
 
 void FindingInbox::append(const FileURL& url, std::string_view name, std::string_view type,
@@ -64,6 +64,16 @@ void FindingInbox::clear()
     m_pending.clear();
     m_heldBack.clear();
     m_heldBackLocations.clear();
+    m_applications.forget();
+}
+
+/// On the scan's threads: the rule for applications may read files.
+void FindingInbox::test(std::shared_ptr<Spyware> record)
+{
+    const auto times =
+        m_applications.timesListed(record->url, m_state.arrDefaultTorvellApp, m_state.isScanStop);
+    if (times)
+        push({std::move(record), {}, Admission::Tested, *times});
 }
 
 void FindingInbox::push(Pending pending)
@@ -137,10 +147,9 @@ void FindingInbox::admit(const Pending& pending)
     }
     if (m_state.arrSpywareList.contains(record->url))
         return;
-    const auto times = timesListed(record->url, m_state.arrDefaultTorvellApp, m_services.workspace);
-    for (std::size_t i = 0; i < times; ++i)
+    for (std::size_t i = 0; i < pending.times; ++i)
         list(record);
-    if (times == 0)
+    if (pending.times == 0)
         holdBack(record->url);
     m_services.notifications.post(NotificationName::UpdateThreat);
 }

@@ -3,6 +3,7 @@
 #include "engine/records/Spyware.h"
 #include "platform/PlatformServices.h"
 #include "signatures/FindingSink.h"
+#include "signatures/MakersApplications.h"
 
 #include <atomic>
 #include <deque>
@@ -48,8 +49,10 @@ private:
         std::shared_ptr<Spyware> record; // or
         std::function<void()> done;
         Admission admission = Admission::Tested;
+        std::size_t times = 1; ///< on the result list
     };
 
+    void test(std::shared_ptr<Spyware> record);
     void push(Pending pending);
     void schedule();
     void drainSlice();
@@ -62,6 +65,7 @@ private:
     PlatformServices m_services;
     ScanState& m_state;
     std::function<void()> m_listChanged;
+    MakersApplications m_applications;
     std::vector<std::string> m_heldBack;
     std::unordered_set<std::string> m_heldBackLocations;
     std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work

@@ -1,5 +1,6 @@
 #include "signatures/MakersApplications.h"
 
+#include "core/StopFlag.h"
 #include "platform/Workspace.h"
 #include "signatures/tables/MakersTable.h"
 
@@ -47,7 +48,9 @@ bool isApplicationBundle(const FileURL& url)
     return url.pathExtension() == "app";
 }
 
-std::size_t timesListed(const FileURL& url, std::span<const std::string> keys, Workspace& workspace)
+std::optional<std::size_t> MakersApplications::timesListed(const FileURL& url,
+                                                           std::span<const std::string> keys,
+                                                           const StopFlag& stop)
 {
     if (!isApplicationBundle(url))
         return 1;
@@ -56,8 +59,29 @@ std::size_t timesListed(const FileURL& url, std::span<const std::string> keys, W
         return 0;
     const auto inPath = std::ranges::count_if(
         keys, [&](const std::string& key) { return contains(url.relativePath(), key); });
-    const bool listed = inPath > 0 && isInstalledButNotTheMakers(*product, workspace);
-    return listed ? static_cast<std::size_t>(inPath) : 0;
+    if (inPath == 0)
+        return 0;
+    const auto strangers = isStrangers(*product, stop);
+    if (!strangers)
+        return std::nullopt;
+    return *strangers ? static_cast<std::size_t>(inPath) : 0;
+}
+
+std::optional<bool> MakersApplications::isStrangers(std::string_view product, const StopFlag& stop)
+{
+    const std::lock_guard lock(m_mutex);
+    if (const auto known = m_strangers.find(product); known != m_strangers.end())
+        return known->second;
+    if (stop.requested())
+        return std::nullopt;
+    return m_strangers.emplace(product, isInstalledButNotTheMakers(product, m_workspace))
+        .first->second;
+}
+
+void MakersApplications::forget()
+{
+    const std::lock_guard lock(m_mutex);
+    m_strangers.clear();
 }
 
 } // namespace pryvane

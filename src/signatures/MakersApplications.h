@@ -3,6 +3,8 @@
 #include "platform/FileURL.h"
 
 #include <cstddef>
+#include <map>
+#include <mutex>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,6 +13,7 @@
 
 namespace pryvane {
 
+class StopFlag;
 class Workspace;
 
 /// The keys that the maker's own products are known by, in their order.
@@ -23,11 +26,28 @@ class Workspace;
 /// extension spelled exactly "app" makes an application bundle.
 [[nodiscard]] bool isApplicationBundle(const FileURL& url);
 
-/// How many times a finding goes on the result list. Once, unless it is an application bundle: then
-/// once for each of `keys` that its path holds and whose product is installed on this volume under
-/// an identifier that is not the maker's. A bundle without a readable identifier is not the
-/// maker's. 0 means that it is held back.
-[[nodiscard]] std::size_t timesListed(const FileURL& url, std::span<const std::string> keys,
-                                      Workspace& workspace);
+/// The rule that keeps applications off the list. It reads the property lists of the maker's
+/// installed products, each once, and so belongs on the scan's threads; callable from several.
+class MakersApplications {
+public:
+    explicit MakersApplications(Workspace& workspace) : m_workspace(workspace) {}
+
+    /// How many times a finding goes on the result list. Once, unless it is an application bundle:
+    /// then once for each of `keys` that its path holds and whose product is installed on this
+    /// volume under an identifier that is not the maker's. A bundle without a readable identifier
+    /// is not the maker's. 0 means that it is held back; none that a stop came before it was known.
+    [[nodiscard]] std::optional<std::size_t>
+    timesListed(const FileURL& url, std::span<const std::string> keys, const StopFlag& stop);
+
+    /// Forgets what was read, as a scan starts.
+    void forget();
+
+private:
+    [[nodiscard]] std::optional<bool> isStrangers(std::string_view product, const StopFlag& stop);
+
+    Workspace& m_workspace;
+    std::mutex m_mutex;
+    std::map<std::string_view, bool> m_strangers; ///< by product; guarded by m_mutex
+};
 
 } // namespace pryvane

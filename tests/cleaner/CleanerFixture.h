@@ -2,7 +2,6 @@
 
 #include "cleaner/PrivacyScan.h"
 #include "platform/Volumes.h"
-#include "platform/linux/PropertyList.h"
 #include "platform/posix/VolumeSizeMeter.h"
 #include "support/StubbornRemover.h"
 
@@ -34,7 +33,7 @@ protected:
     CleanerServices services()
     {
         VolumeFileSystem& opened = disk();
-        return {opened, *m_sizes, m_propertyLists};
+        return {opened, *m_sizes};
     }
     StubbornRemover& remover()
     {
@@ -71,7 +70,6 @@ private:
     std::unique_ptr<VolumeFileSystem> m_disk;
     std::unique_ptr<VolumeSizeMeter> m_sizes;
     std::unique_ptr<StubbornRemover> m_remover;
-    LinuxPropertyLists m_propertyLists;
 };
 
 } // namespace pryvane::test

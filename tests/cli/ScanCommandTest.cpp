@@ -187,6 +187,22 @@ TEST_F(ScanCommandTest, LinksNeverLeadOutOfTheVolume)
     }
 }
 
+TEST_F(ScanCommandTest, NoPropertyListOnTheDiskEndsTheProgram)
+{
+    volume.folder("/Library/LaunchAgents/com.refog.Tidewell.app");
+    for (const std::size_t levels : {std::size_t{4'000}, std::size_t{174'700}}) {
+        std::string nested = "<plist a=\"</x>\">";
+        for (std::size_t i = 0; i < levels; ++i)
+            nested += "<array a=\"</x>\">";
+        volume.file("/Applications/Tidewell.app/Contents/Info.plist", nested);
+        volume.file("/Users/alice/Library/Safari/Extensions/Extensions.plist", nested);
+        const Outcome found = scan({"--format", "json"});
+        // Without an identifier to be read it is nobody's, and so it is listed.
+        EXPECT_EQ(json::parse(found.out).at("report").at("spyWareCount"), 1) << found.err;
+        EXPECT_EQ(run({"privacy", "list", "--volume", volume.path(), "--user", "alice"}).code, 0);
+    }
+}
+
 TEST_F(ScanCommandTest, HostileNamesComeThroughUnharmedAndEscaped)
 {
     const std::string names[] = {

@@ -2,6 +2,8 @@
 
 #include "engine/EngineFixture.h"
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <thread>
 
@@ -79,6 +81,35 @@ TEST_F(FindingInboxTest, ApplicationsAreHeldBackUnlessTheyPoseAsTheMakers)
     EXPECT_EQ(listed(), (std::vector<std::string>{"/Applications/Codec.App", posing, posing}));
     EXPECT_EQ(inbox.heldBack(), std::vector<std::string>{"/Applications/Codec-M.app"});
     EXPECT_EQ(updates, 4) << "what is held back is told, too";
+}
+
+TEST_F(FindingInboxTest, BundlesAreReadOnceAndNeverByTheMainThread)
+{
+    workspace.applications = {{"Tidewell", FileURL::fileURLWithPath("/Applications/Tidewell.app")}};
+    const auto scan = [this](int first) {
+        std::thread([&] {
+            for (int i = first; i < first + 20; ++i) {
+                const std::string path = "/Library/Tidewell " + std::to_string(i) + ".app";
+                volume.folder(path);
+                add(path);
+            }
+        }).join();
+        mainQueue.drain();
+    };
+    scan(0);
+    EXPECT_EQ(listed().size(), 20U);
+    ASSERT_EQ(workspace.bundleReaders.size(), 1U);
+    EXPECT_NE(workspace.bundleReaders.front(), std::this_thread::get_id());
+
+    inbox.clear(); // as the next scan starts
+    scan(20);
+    EXPECT_EQ(workspace.bundleReaders.size(), 2U);
+    inbox.clear();
+    state.isScanStop.request();
+    scan(40);
+    EXPECT_EQ(workspace.bundleReaders.size(), 2U);
+    EXPECT_EQ(listed().size(), 40U);
+    EXPECT_THAT(inbox.heldBack(), testing::IsEmpty());
 }
 
 TEST_F(FindingInboxTest, AppendAsksNothingAndCountsAsKnown)

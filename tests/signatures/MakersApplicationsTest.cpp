@@ -1,5 +1,6 @@
 #include "signatures/MakersApplications.h"
 
+#include "core/StopFlag.h"
 #include "support/Fakes.h"
 
 #include <gtest/gtest.h>
@@ -44,11 +45,20 @@ TEST(MakersApplications, ListsOnlyStrangersUnderTheMakersNames)
         {"/Library/Caches/Norvesta/Tidewell.app", 2},
     };
     const auto keys = makersApplicationKeys();
+    MakersApplications rule(workspace);
+    StopFlag stop;
     for (const auto& row : cases)
-        EXPECT_EQ(timesListed(FileURL::fileURLWithPath(row.path), keys, workspace), row.times)
+        EXPECT_EQ(rule.timesListed(FileURL::fileURLWithPath(row.path), keys, stop), row.times)
             << row.path;
-    EXPECT_EQ(timesListed(FileURL::fileURLWithPath("/Applications/Tidewell.app"), {}, workspace),
-              0U);
+    const auto tidewell = FileURL::fileURLWithPath("/Applications/Tidewell.app");
+    EXPECT_EQ(rule.timesListed(tidewell, {}, stop), 0U);
+
+    // What was read holds for the scan, and a stopped scan reads nothing more.
+    stop.request();
+    workspace.bundleIdentifiers.clear();
+    EXPECT_EQ(rule.timesListed(FileURL::fileURLWithPath("/Norvesta.app"), keys, stop), 0U);
+    rule.forget();
+    EXPECT_EQ(rule.timesListed(tidewell, keys, stop), std::nullopt);
 }
 
 } // namespace pryvane::test

@@ -146,6 +146,7 @@ std::optional<FileURL> FakeWorkspace::fullPathForApplication(std::string_view na
 
 std::optional<std::string> FakeWorkspace::bundleIdentifier(const FileURL& bundle)
 {
+    bundleReaders.push_back(std::this_thread::get_id());
     const auto found = bundleIdentifiers.find(bundle.absolutePath());
     return found == bundleIdentifiers.end() ? std::nullopt : std::optional(found->second);
 }

@@ -118,7 +118,8 @@ public:
     std::map<std::string, std::string, std::less<>> bundleIdentifiers; ///< by absolute path
     std::optional<FileURL> fullPathForApplication(std::string_view name) override;
     std::optional<std::string> bundleIdentifier(const FileURL& bundle) override;
-    std::vector<std::string> running; ///< display names
+    std::vector<std::thread::id> bundleReaders; ///< who read a bundle's identifier, each time
+    std::vector<std::string> running;           ///< display names
     std::vector<std::string> runningApplications() override { return running; }
 };
 

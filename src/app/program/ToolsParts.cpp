@@ -9,13 +9,9 @@ ToolsParts::ToolsParts(const PlatformServices& services, VolumeFileSystem& disk,
                        const std::string& user, VolumeKind volume,
                        std::function<void(const FileURL&)> reveal)
     : m_reveal(std::move(reveal)), m_sizes(disk), m_inventorySizes(disk),
-      m_tools({{disk, m_sizes, m_propertyLists},
-               remover,
-               services.mainQueue,
-               services.alerts,
-               services.workspace},
+      m_tools({{disk, m_sizes}, remover, services.mainQueue, services.alerts, services.workspace},
               user, volume),
-      m_inventory({{disk, m_inventorySizes, m_propertyLists}, services.mainQueue}, user)
+      m_inventory({{disk, m_inventorySizes}, services.mainQueue}, user)
 {
 }
 

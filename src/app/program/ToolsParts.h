@@ -4,7 +4,6 @@
 #include "cleaner/InventoryController.h"
 #include "cleaner/ToolsViewController.h"
 #include "platform/PlatformServices.h"
-#include "platform/linux/PropertyList.h"
 #include "platform/posix/VolumeSizeMeter.h"
 
 #include <functional>
@@ -31,7 +30,6 @@ private:
     std::function<void(const FileURL&)> m_reveal;
     VolumeSizeMeter m_sizes;
     VolumeSizeMeter m_inventorySizes; ///< both may measure at the same time
-    LinuxPropertyLists m_propertyLists;
     ToolsViewController m_tools;
     InventoryController m_inventory;
 };

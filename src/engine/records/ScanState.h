@@ -13,8 +13,9 @@ namespace pryvane {
 /// The scan state that all screens share. Flags and counters are read by several threads; the lists
 /// and the report type belong to the main thread.
 struct ScanState {
-    std::vector<std::string> fullSystemScanPaths;  ///< set by each deep scan as it starts
-    std::vector<std::string> arrDefaultTorvellApp; ///< names of the maker's own products
+    std::vector<std::string> fullSystemScanPaths; ///< set by each deep scan as it starts
+    std::vector<std::string>
+        arrDefaultTorvellApp; ///< names of the maker's own products; set before any scan
     ResultList arrSpywareList;
     std::string reportType;
     std::atomic<std::int64_t> totalCount{0};     ///< entries counted by a deep scan's first pass

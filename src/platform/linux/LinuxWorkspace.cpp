@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxWorkspace.h"
 
-#include "platform/linux/PropertyList.h"
+#include "formats/PropertyList.h"
 #include "platform/linux/RunningApplications.h"
 
 namespace pryvane {
@@ -21,11 +21,15 @@ std::optional<FileURL> LinuxWorkspace::fullPathForApplication(std::string_view n
 
 std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundle)
 {
-    constexpr std::size_t kLimit = std::size_t{16} * 1024 * 1024;
+    constexpr std::size_t kLimit = std::size_t{64} * 1024;
     const auto url =
         FileURL::fileURLWithPath(joinedPath(bundle.absolutePath(), "Contents/Info.plist"));
-    const auto content = m_disk.readSmallFile(url, kLimit);
-    return content ? propertyListString(*content, "CFBundleIdentifier") : std::nullopt;
+    auto content = m_disk.readSmallFile(url, kLimit);
+    if (!content)
+        return std::nullopt;
+    const auto list = PropertyList::read(std::move(content).value());
+    const auto identifier = list ? list->root()["CFBundleIdentifier"].text() : std::nullopt;
+    return identifier ? std::optional<std::string>(*identifier) : std::nullopt;
 }
 
 std::vector<std::string> LinuxWorkspace::runningApplications()
