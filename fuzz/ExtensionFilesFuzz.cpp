@@ -10,13 +10,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace pryvane;
     const std::string_view json(reinterpret_cast<const char*>(data), size);
-    for (const ChromeProfile& profile : chromeProfiles(json)) {
+    for (const ChromeProfile& profile : chromeProfiles(json).entries) {
         if (profile.folder.empty() || profile.folder == "." || profile.folder == ".." ||
             profile.folder.find('/') != std::string::npos)
             std::abort();
     }
-    for (const FirefoxAddOn& addOn : firefoxAddOns(json)) {
+    for (const FirefoxAddOn& addOn : firefoxAddOns(json).entries) {
         if (addOn.location.empty() || addOn.name == "Default")
+            std::abort();
+        if (addOn.name.size() > kLongestShown + 3 || addOn.version.size() > kLongestShown + 3)
             std::abort();
     }
     if (const auto manifest = extensionManifest(json)) {

@@ -3,15 +3,16 @@
 #include "cleaner/Packages.h"
 #include "formats/PropertyList.h"
 
+#include <algorithm>
 #include <iterator>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace pryvane {
 
 namespace {
 
-constexpr std::size_t kLongestFile = std::size_t{16} * 1024 * 1024;
 constexpr std::size_t kDeepestFolder = 512; // below which no application is looked for
 
 FileURL in(const FileURL& folder, std::string_view name)
@@ -36,14 +37,14 @@ void append(std::vector<FileURL>& list, std::vector<FileURL> more)
 
 std::optional<std::string> AdwareScan::read(const FileURL& file) const
 {
-    auto content = m_disk.readSmallFile(file, kLongestFile);
+    auto content = m_disk.readSmallFile(file, kLongestListedFile);
     return content ? std::optional(std::move(content).value()) : std::nullopt;
 }
 
 std::vector<ChromeProfile> AdwareScan::chromeProfiles() const
 {
     const auto content = read(m_home.at(joinedPath(HomeFolder::kChrome, "Local State")));
-    return content ? pryvane::chromeProfiles(*content) : std::vector<ChromeProfile>();
+    return content ? noted(pryvane::chromeProfiles(*content)) : std::vector<ChromeProfile>();
 }
 
 std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
@@ -53,51 +54,10 @@ std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
 
 std::vector<ExtensionEntry> AdwareScan::chromeExtensions() const
 {
-    std::vector<ExtensionEntry> entries;
-    for (const ChromeProfile& profile : chromeProfiles()) {
-        const FileURL folder = in(m_home.at(HomeFolder::kChrome), profile.folder);
-        for (const FileURL& identifier : filledFoldersIn(in(folder, "Extensions"))) {
-            for (const FileURL& version : filledFoldersIn(identifier)) {
-                if (m_stop.requested())
-                    return entries;
-                if (auto entry = chromeExtension(version)) {
-                    entry->PersonExt = profile.name;
-                    entries.push_back(std::move(*entry));
-                }
-            }
-        }
-    }
-    return entries;
-}
-
-std::optional<ExtensionEntry> AdwareScan::chromeExtension(const FileURL& versionFolder) const
-{
-    const auto content = read(in(versionFolder, "manifest.json"));
-    const auto manifest = content ? extensionManifest(*content) : std::nullopt;
-    if (!manifest)
-        return std::nullopt;
-    ExtensionEntry entry;
-    entry.urlExt = versionFolder;
-    entry.verExt = manifest->version;
-    entry.nameExt = displayName(manifest->name, versionFolder);
-    return entry;
-}
-
-/// The name that a reference stands for; the reference itself where no message is to be had.
-std::string AdwareScan::displayName(const std::string& name, const FileURL& folder) const
-{
-    const auto key = messageKey(name);
-    if (!key)
-        return name;
-    for (const std::string_view locale : {"en", "en_US", "en_GB"}) {
-        const std::string messages = "_locales/" + std::string(locale);
-        if (!m_disk.exists(in(folder, messages + "/")))
-            continue;
-        const auto content = read(in(folder, messages + "/messages.json"));
-        const auto text = content ? messageText(*content, *key) : std::nullopt;
-        return text.value_or(name);
-    }
-    return name;
+    ChromeExtensions extensions(m_disk, m_stop);
+    for (const ChromeProfile& profile : chromeProfiles())
+        extensions.add(in(m_home.at(HomeFolder::kChrome), profile.folder), profile.name);
+    return noted(extensions.take());
 }
 
 std::vector<ExtensionEntry> AdwareScan::getFirefoxExtantionList() const
@@ -107,29 +67,58 @@ std::vector<ExtensionEntry> AdwareScan::getFirefoxExtantionList() const
 
 std::vector<ExtensionEntry> AdwareScan::firefoxAddOns() const
 {
-    std::vector<ExtensionEntry> entries;
+    BoundedList<ExtensionEntry> found;
+    std::size_t profiles = 0;
+    std::size_t bytes = ListingBounds().bytesRead;
+    std::set<FileIdentity> read;
     for (const FileURL& profile : getUrlListAt(m_home.at(HomeFolder::kFirefoxProfiles))) {
-        const auto content = read(in(profile, "extensions.json"));
-        if (!content || m_stop.requested())
+        if (m_stop.requested())
+            break;
+        const FileURL list = in(profile, "extensions.json");
+        const auto identity = m_disk.fileIdentity(list);
+        // Another name of a profile adds nothing: what it lists are paths.
+        if (!identity || !read.insert(*identity).second)
             continue;
-        for (FirefoxAddOn& addOn : pryvane::firefoxAddOns(*content)) {
-            entries.push_back({FileURL::fileURLWithPath(addOn.location), std::move(addOn.version),
-                               std::move(addOn.name), 0, "Default"});
+        if (++profiles > kMostProfiles || bytes == 0 || found.entries.size() > kMostAddOns) {
+            found.whole = false;
+            break;
+        }
+        const auto content = this->read(list);
+        if (!content)
+            continue;
+        bytes -= std::min(content->size(), bytes);
+        auto addOns = pryvane::firefoxAddOns(*content);
+        found.whole = found.whole && addOns.whole;
+        for (FirefoxAddOn& addOn : addOns.entries) {
+            found.entries.push_back({FileURL::fileURLWithPath(addOn.location),
+                                     std::move(addOn.version), std::move(addOn.name), 0,
+                                     "Default"});
         }
     }
-    return entries;
+    return noted(std::move(found));
 }
 
+/// Each place is measured once, however many paths lead to it.
 std::vector<ExtensionEntry> AdwareScan::measured(std::vector<ExtensionEntry> entries) const
 {
     std::vector<FileURL> locations;
-    locations.reserve(entries.size());
-    for (const ExtensionEntry& entry : entries)
-        locations.push_back(entry.urlExt);
+    std::vector<std::size_t> placeOf;
+    std::map<FileIdentity, std::size_t> places;
+    for (const ExtensionEntry& entry : entries) {
+        const auto identity = m_disk.fileIdentity(entry.urlExt);
+        const auto place =
+            identity ? places.emplace(*identity, locations.size()).first->second : locations.size();
+        if (place == locations.size())
+            locations.push_back(entry.urlExt);
+        placeOf.push_back(place);
+    }
     SizeProgress progress;
+    std::vector<std::int64_t> sizes(locations.size());
     m_services.sizes.measure(
         locations, m_stop, progress,
-        [&](std::size_t location, std::int64_t bytes) { entries[location].sizeExt = bytes; });
+        [&](std::size_t location, std::int64_t bytes) { sizes[location] = bytes; });
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        entries[i].sizeExt = sizes[placeOf[i]];
     return entries;
 }
 
@@ -203,14 +192,6 @@ std::vector<FileURL> AdwareScan::getUrlListAt(const FileURL& folder) const
     std::vector<FileURL> urls;
     for (const FolderEntry& entry : m_disk.list(folder).entries)
         urls.push_back(in(folder, entry.name));
-    return urls;
-}
-
-/// The children that are folders and hold something.
-std::vector<FileURL> AdwareScan::filledFoldersIn(const FileURL& folder) const
-{
-    std::vector<FileURL> urls = getUrlListAt(folder);
-    std::erase_if(urls, [this](const FileURL& url) { return m_disk.list(url).entries.empty(); });
     return urls;
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "cleaner/ExtensionFiles.h"
+#include "cleaner/ChromeExtensions.h"
 #include "cleaner/HomeFolder.h"
 #include "core/StopFlag.h"
 #include "platform/FileSystem.h"
 #include "platform/SizeMeter.h"
 
+#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,15 +14,6 @@
 #include <vector>
 
 namespace pryvane {
-
-/// One extension of Chrome or add-on of Firefox.
-struct ExtensionEntry {
-    FileURL urlExt;           ///< Chrome: the version's folder; Firefox: as Firefox wrote it
-    std::string verExt;       ///< version
-    std::string nameExt;      ///< as shown to the user
-    std::int64_t sizeExt = 0; ///< allocated bytes
-    std::string PersonExt;    ///< Chrome: the profile's name; Firefox: "Default"
-};
 
 struct SafariExtension {
     FileURL url;
@@ -35,8 +27,9 @@ struct CleanerServices {
 };
 
 /// Lists what is installed around the browsers and at the system's start. Keeps nothing between two
-/// calls. What is missing, unreadable or broken gives fewer entries. Blocks: the sizes and the
-/// applications walk large trees. Callable from any thread; a stop makes for partial lists.
+/// calls but whether a bound was met. What is missing, unreadable or broken gives fewer entries.
+/// Blocks: the sizes and the applications walk large trees. Callable from any thread; a stop makes
+/// for partial lists.
 class AdwareScan {
 public:
     AdwareScan(const CleanerServices& services, std::string user, const StopFlag& stop)
@@ -67,18 +60,27 @@ public:
     [[nodiscard]] std::vector<ExtensionEntry> firefoxAddOns() const;
     [[nodiscard]] std::vector<SafariExtension> safariExtensions() const;
 
+    /// Whether every list so far holds all that there was. False after one met a bound: then the
+    /// disk holds more profiles, folders or bytes than any browser makes.
+    [[nodiscard]] bool whole() const { return m_whole; }
+
 private:
     [[nodiscard]] std::optional<std::string> read(const FileURL& file) const;
     [[nodiscard]] std::vector<FileURL> inBothLibraries(std::string_view folder) const;
-    [[nodiscard]] std::vector<FileURL> filledFoldersIn(const FileURL& folder) const;
-    [[nodiscard]] std::optional<ExtensionEntry> chromeExtension(const FileURL& versionFolder) const;
-    [[nodiscard]] std::string displayName(const std::string& name, const FileURL& folder) const;
+    template <typename Entry>
+    [[nodiscard]] std::vector<Entry> noted(BoundedList<Entry> list) const
+    {
+        if (!list.whole)
+            m_whole = false;
+        return std::move(list.entries);
+    }
     [[nodiscard]] std::vector<ExtensionEntry> measured(std::vector<ExtensionEntry> entries) const;
 
     const CleanerServices m_services;
     FileSystem& m_disk;
     HomeFolder m_home;
     const StopFlag& m_stop;
+    mutable std::atomic<bool> m_whole{true};
 };
 
 } // namespace pryvane

@@ -2,19 +2,30 @@
 
 #include "cleaner/JsonTexts.h"
 
-#include <algorithm>
+#include <map>
 
 namespace pryvane {
 
 namespace {
 
 constexpr std::string_view kMessagePrefix = "__MSG_";
-constexpr std::size_t kMostProfiles = 1000; ///< each costs some fifty existence tests
+constexpr std::size_t kLongestPath = 32 * 1024; // longer ones stand on no disk
 
 bool isOneComponent(std::string_view name)
 {
-    return !name.empty() && name != "." && name != ".." &&
+    return !name.empty() && name.size() <= 255 && name != "." && name != ".." &&
            name.find_first_of(std::string_view("/\0", 2)) == name.npos;
+}
+
+/// At most kLongestShown bytes of a text that is UTF-8, cut between two characters.
+std::string shortened(const std::string& text)
+{
+    if (text.size() <= kLongestShown)
+        return text;
+    std::size_t end = kLongestShown;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
+        --end;
+    return text.substr(0, end) + "…";
 }
 
 std::string without(std::string_view text, std::string_view part)
@@ -36,27 +47,34 @@ struct AddOnTexts {
     [[nodiscard]] std::optional<FirefoxAddOn> whole() const
     {
         const auto& location = descriptor ? descriptor : path;
-        if (!location || location->empty() || !version || !name || *name == "Default")
+        if (!location || location->empty() || location->size() > kLongestPath || !version ||
+            !name || *name == "Default")
             return std::nullopt;
-        return FirefoxAddOn{*location, *version, *name};
+        return FirefoxAddOn{*location, shortened(*version), shortened(*name)};
     }
 };
 
 } // namespace
 
-std::vector<ChromeProfile> chromeProfiles(std::string_view localState)
+BoundedList<ChromeProfile> chromeProfiles(std::string_view localState)
 {
-    std::vector<ChromeProfile> profiles;
+    BoundedList<ChromeProfile> profiles;
+    std::map<std::string, std::size_t, std::less<>> places; // by folder
     const bool read = readJsonTexts(localState, [&](const JsonPlace& at, const std::string& text) {
         if (!at.is({"profile", "info_cache", JsonPlace::kAnyKey, "name"}) || at.inArray(2) ||
             !isOneComponent(at.key(2)))
             return;
-        if (!profiles.empty() && profiles.back().folder == at.key(2))
-            profiles.back().name = text;
-        else if (profiles.size() < kMostProfiles)
-            profiles.push_back({at.key(2), text});
+        auto& entries = profiles.entries;
+        if (const auto known = places.find(at.key(2)); known != places.end()) {
+            entries[known->second].name = shortened(text);
+        } else if (entries.size() < kMostProfiles) {
+            places.emplace(at.key(2), entries.size());
+            entries.push_back({at.key(2), shortened(text)});
+        } else {
+            profiles.whole = false;
+        }
     });
-    return read ? std::move(profiles) : std::vector<ChromeProfile>();
+    return read ? std::move(profiles) : BoundedList<ChromeProfile>();
 }
 
 std::optional<ExtensionManifest> extensionManifest(std::string_view manifest)
@@ -70,7 +88,7 @@ std::optional<ExtensionManifest> extensionManifest(std::string_view manifest)
     });
     if (!read || !name || !version)
         return std::nullopt;
-    return ExtensionManifest{std::move(*name), std::move(*version)};
+    return ExtensionManifest{shortened(*name), shortened(*version)};
 }
 
 std::optional<std::string> messageKey(std::string_view name)
@@ -91,18 +109,21 @@ std::optional<std::string> messageText(std::string_view messages, std::string_vi
     std::optional<std::string> message;
     const bool read = readJsonTexts(messages, [&](const JsonPlace& at, const std::string& text) {
         if (at.is({key, "message"}))
-            message = text;
+            message = shortened(text);
     });
     return read ? message : std::nullopt;
 }
 
-std::vector<FirefoxAddOn> firefoxAddOns(std::string_view extensions)
+BoundedList<FirefoxAddOn> firefoxAddOns(std::string_view extensions)
 {
-    std::vector<FirefoxAddOn> addOns;
+    BoundedList<FirefoxAddOn> addOns;
     AddOnTexts current;
     const auto finish = [&] {
-        if (auto addOn = current.whole())
-            addOns.push_back(std::move(*addOn));
+        auto addOn = current.whole();
+        if (addOn && addOns.entries.size() < kMostAddOns)
+            addOns.entries.push_back(std::move(*addOn));
+        else if (addOn)
+            addOns.whole = false;
     };
     const auto take = [&](const JsonPlace& at, const std::string& text) {
         const auto is = [&at](std::string_view key) {

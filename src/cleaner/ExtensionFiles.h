@@ -9,14 +9,27 @@
 /// bytes of unknown origin: whatever is broken in them gives fewer entries.
 namespace pryvane {
 
+/// Entries up to a bound; `whole` is false where there were more.
+template <typename Entry>
+struct BoundedList {
+    std::vector<Entry> entries;
+    bool whole = true;
+};
+
+/// Texts that are shown keep at most this many bytes, and "…".
+inline constexpr std::size_t kLongestShown = 1024;
+
+inline constexpr std::size_t kMostProfiles = 1000;
+inline constexpr std::size_t kMostAddOns = 10'000; ///< of one profile
+
 struct ChromeProfile {
     std::string folder; ///< one path component below Chrome's folder
     std::string name;   ///< as shown
 };
 
-/// The profiles in a "Local State" file, in its order. Those without a name are left out, and so
-/// are those whose folder would lead out of Chrome's own.
-[[nodiscard]] std::vector<ChromeProfile> chromeProfiles(std::string_view localState);
+/// The profiles in a "Local State" file, in its order, each once. Those without a name are left
+/// out, and so are those whose folder would lead out of Chrome's own.
+[[nodiscard]] BoundedList<ChromeProfile> chromeProfiles(std::string_view localState);
 
 struct ExtensionManifest {
     std::string name; ///< as written: may refer to a message
@@ -39,6 +52,6 @@ struct FirefoxAddOn {
 };
 
 /// The add-ons in an "extensions.json" file, but not its themes named "Default".
-[[nodiscard]] std::vector<FirefoxAddOn> firefoxAddOns(std::string_view extensions);
+[[nodiscard]] BoundedList<FirefoxAddOn> firefoxAddOns(std::string_view extensions);
 
 } // namespace pryvane

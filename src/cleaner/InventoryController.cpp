@@ -109,15 +109,15 @@ void InventoryController::gather()
                 Q_EMIT stateChanged();
             });
         }
-        onMain([this] { ended(); });
+        onMain([this, whole = scan.whole()] { ended(whole); });
     });
     Q_EMIT stateChanged();
 }
 
-void InventoryController::ended()
+void InventoryController::ended(bool whole)
 {
     m_isGathering = false;
-    m_isWhole = !m_stop.requested();
+    m_isWhole = whole && !m_stop.requested();
     Q_EMIT stateChanged();
 }
 

@@ -65,7 +65,7 @@ Q_SIGNALS:
 
 private:
     void onMain(std::function<void()> work);
-    void ended();
+    void ended(bool whole);
 
     const Services m_services;
     const std::string m_user;

@@ -136,6 +136,12 @@ int runInventory(const InventoryArguments& arguments, const Console& console)
     }
     if (arguments.format == "json")
         console.out << document.dump(2) << "\n";
+    if (!scan.whole()) {
+        console.say(
+            "the list of extensions is not whole: this disk names more profiles, folders or "
+            "data than any browser makes, and what goes beyond was left out");
+        return kFindings;
+    }
     return kDone;
 }
 

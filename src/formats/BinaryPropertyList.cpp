@@ -84,8 +84,8 @@ private:
         m_objects = number(m_at + 8, 8);
         m_top = number(m_at + 16, 8);
         m_offsets = number(m_at + 24, 8);
-        const bool sizes = m_offsetSize >= 1 && m_offsetSize <= 8 && m_referenceSize >= 1 &&
-                           m_referenceSize <= 8;
+        const bool sizes =
+            m_offsetSize >= 1 && m_offsetSize <= 8 && m_referenceSize >= 1 && m_referenceSize <= 8;
         if (!sizes || m_offsets < kHead || m_offsets > m_at || m_objects > m_at ||
             m_objects * m_offsetSize > m_at - m_offsets)
             return fail("its table of objects does not fit");
@@ -132,9 +132,9 @@ private:
             if (object.low == 0xf && !readCount(object))
                 return false;
         }
-        const std::uint64_t unit = object.type == kDictionary ? 2 * m_referenceSize
-                                   : object.type == kArray    ? m_referenceSize
-                                   : object.type == kSet      ? m_referenceSize
+        const std::uint64_t unit = object.type == kDictionary  ? 2 * m_referenceSize
+                                   : object.type == kArray     ? m_referenceSize
+                                   : object.type == kSet       ? m_referenceSize
                                    : object.type == kUtf16Text ? 2
                                                                : 1;
         // The first test keeps the product small.
@@ -193,8 +193,7 @@ private:
         case kDate:
             return addReal(object);
         case kData:
-            return fail(
-                m_tree.addBytes(PropertyKind::Data, object.start, object.count, false));
+            return fail(m_tree.addBytes(PropertyKind::Data, object.start, object.count, false));
         case kAsciiText:
         case kUtf16Text:
             return addText(object);
@@ -226,9 +225,9 @@ private:
             const std::uint64_t low = number(object.start + 8, 8);
             const bool fits = high == static_cast<std::int64_t>(low) >> 63;
             if (!fits)
-                return fail(m_tree.addReal(PropertyKind::Real,
-                                           std::ldexp(static_cast<double>(high), 64) +
-                                               static_cast<double>(low)));
+                return fail(
+                    m_tree.addReal(PropertyKind::Real, std::ldexp(static_cast<double>(high), 64) +
+                                                           static_cast<double>(low)));
             return fail(m_tree.add(PropertyKind::Integer, low));
         }
         return fail(m_tree.add(PropertyKind::Integer, number(object.start, object.count)));

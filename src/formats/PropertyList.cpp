@@ -108,8 +108,8 @@ std::optional<Date> PropertyValue::date() const
 {
     if (kind() != PropertyKind::Time)
         return std::nullopt;
-    return Date(std::chrono::milliseconds(
-        static_cast<std::int64_t>(m_list->m_nodes[m_number].value)));
+    return Date(
+        std::chrono::milliseconds(static_cast<std::int64_t>(m_list->m_nodes[m_number].value)));
 }
 
 std::optional<std::uint64_t> PropertyValue::uid() const
@@ -146,8 +146,7 @@ PropertyValue::Iterator PropertyValue::begin() const
 
 PropertyValue::Iterator PropertyValue::end() const
 {
-    return {m_list, m_list ? m_list->m_nodes[m_number].end : 0,
-            kind() == PropertyKind::Dictionary};
+    return {m_list, m_list ? m_list->m_nodes[m_number].end : 0, kind() == PropertyKind::Dictionary};
 }
 
 PropertyEntry PropertyValue::Iterator::operator*() const

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 #include <iterator>
+#include <limits>
 #include <locale>
 #include <optional>
 #include <sstream>
@@ -25,7 +25,7 @@ std::string_view trimmed(std::string_view text)
 
 bool isLeaf(std::string_view element)
 {
-    constexpr std::string_view kLeaves[] = {"key",  "string",  "data", "true",
+    constexpr std::string_view kLeaves[] = {"key",   "string",  "data", "true",
                                             "false", "integer", "real", "date"};
     return std::ranges::find(kLeaves, element) != std::end(kLeaves);
 }
@@ -99,7 +99,8 @@ std::optional<std::int64_t> millisecondsOf(std::string_view text)
     const std::int64_t year = number(0, 4) - (month <= 2 ? 1 : 0) + 400;
     const std::int64_t dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
     constexpr std::int64_t kUnixDay = 719468 + 146097;
-    const std::int64_t days = year * 365 + year / 4 - year / 100 + year / 400 + dayOfYear - kUnixDay;
+    const std::int64_t days =
+        year * 365 + year / 4 - year / 100 + year / 400 + dayOfYear - kUnixDay;
     return 1000 * (((days * 24 + number(11, 2)) * 60 + number(14, 2)) * 60 + number(17, 2));
 }
 
@@ -247,10 +248,10 @@ private:
         if (!empty && !m_scanner.readText(m_tree.decoded(), place))
             return false;
         if (name == "key" || name == "string")
-            return fail(m_tree.addBytes(PropertyKind::Text, place.start, place.length,
-                                        place.decoded));
-        const std::string_view all = place.decoded ? std::string_view(m_tree.decoded())
-                                                   : m_tree.bytes();
+            return fail(
+                m_tree.addBytes(PropertyKind::Text, place.start, place.length, place.decoded));
+        const std::string_view all =
+            place.decoded ? std::string_view(m_tree.decoded()) : m_tree.bytes();
         const std::string_view text = trimmed(all.substr(place.start, place.length));
         if (name == "data")
             return data(text);

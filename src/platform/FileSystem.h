@@ -3,6 +3,7 @@
 #include "core/Result.h"
 #include "platform/FileURL.h"
 
+#include <compare>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -31,6 +32,13 @@ struct Sighting {
     friend bool operator==(const Sighting&, const Sighting&) = default;
 };
 
+/// Which file or folder something is, whatever paths lead to it. Kept in memory only.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    friend auto operator<=>(const FileIdentity&, const FileIdentity&) = default;
+};
+
 /// The direct entries of one folder, in the order in which the file system lists them.
 struct FolderListing {
     ListStatus status = ListStatus::Missing;
@@ -54,6 +62,13 @@ public:
 
     /// Where the item is right now; none where nothing is or the folder cannot be searched.
     [[nodiscard]] virtual std::optional<Sighting> sighting(const FileURL& url) = 0;
+
+    /// What stands at the location itself, links on the way followed; none where nothing does or it
+    /// cannot be told.
+    [[nodiscard]] virtual std::optional<FileIdentity> fileIdentity(const FileURL&)
+    {
+        return std::nullopt;
+    }
 
     [[nodiscard]] virtual FolderListing list(const FileURL& folder) = 0;
 

@@ -1,5 +1,6 @@
 // The inventory of a planted disk, and of disks that want to hurt whoever lists them.
 #include "cleaner/CleanerFixture.h"
+#include "support/ForwardingDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -91,6 +92,59 @@ TEST_F(AdwareScanTest, ChromeListsProfilesThatTheCacheNamesWithSizes)
     EXPECT_EQ(entries[0].sizeExt, naiveSize(volume.hostPath(folder)));
     EXPECT_GE(entries[0].sizeExt, 50'000);
     EXPECT_FALSE(AdwareScan::checkForAdware());
+}
+
+TEST_F(AdwareScanTest, LinksMultiplyNeitherReadingNorEntriesWithoutBound)
+{
+    // A manifest is read once for all links to its folder, and so are the messages.
+    class CountingDisk final : public ForwardingDisk {
+    public:
+        using ForwardingDisk::ForwardingDisk;
+        Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
+        {
+            ++files;
+            return m_disk.readSmallFile(url, limit);
+        }
+        int files = 0;
+    };
+    localState(R"("Default":{"name":"Alice"},"Again":{"name":"Bob"})");
+    const std::string folder = extension("Default", "real", "__MSG_a__");
+    volume.file(folder + "/_locales/en/messages.json", R"({"a":{"message":"Named"}})");
+    volume.link(kChromeFolder + "/Again", kChromeFolder + "/Default");
+    for (int i = 0; i < 20; ++i) {
+        const std::string name = std::to_string(i);
+        volume.link(kChromeFolder + "/Default/Extensions/" + name, "real");
+        volume.link(kChromeFolder + "/Default/Extensions/real/" + name, "1.0_0");
+        volume.link(kFirefoxFolder + "/" + name, "real");
+    }
+    volume.file(kFirefoxFolder + "/real/extensions.json",
+                R"({"addons":[{"path":"/x","version":"1","defaultLocale":{"name":"One"}}]})");
+    CountingDisk counting(disk());
+    const CleanerServices counted{counting, services().sizes};
+    const AdwareScan scan(counted, "alice", stop);
+    EXPECT_EQ(scan.chromeExtensions().size(), 2U * 21 * 21);
+    EXPECT_EQ(counting.files, 3); // the list of profiles, the manifest, the messages
+    EXPECT_EQ(scan.firefoxAddOns().size(), 1U);
+    EXPECT_EQ(counting.files, 4);
+    EXPECT_TRUE(scan.whole());
+
+    const FileURL profile = FileURL::fileURLWithPath(kChromeFolder + "/Default");
+    const struct {
+        ListingBounds bounds;
+        std::size_t entries;
+    } rows[] = {
+        {{.extensions = 30}, 30},
+        {{.folderEntries = 21 + 21 + 10}, 21 + 10},
+        {{.bytesRead = 1}, 441},
+    };
+    for (const auto& row : rows) {
+        ChromeExtensions bounded(disk(), stop, row.bounds);
+        bounded.add(profile, "Alice");
+        const auto found = bounded.take();
+        EXPECT_FALSE(found.whole);
+        EXPECT_LE(found.entries.size(), row.entries);
+        EXPECT_GE(found.entries.size(), 1U);
+    }
 }
 
 TEST_F(AdwareScanTest, FirefoxListsAddOnsOfAllProfiles)

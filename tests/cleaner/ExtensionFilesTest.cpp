@@ -21,7 +21,7 @@ std::string nested(int levels, const std::string& core)
 std::string profiles(std::string_view localState)
 {
     std::string text;
-    for (const ChromeProfile& profile : chromeProfiles(localState))
+    for (const ChromeProfile& profile : chromeProfiles(localState).entries)
         text += (text.empty() ? "" : ",") + profile.folder + "=" + profile.name;
     return text;
 }
@@ -29,7 +29,7 @@ std::string profiles(std::string_view localState)
 std::string addOns(std::string_view extensions)
 {
     std::string text;
-    for (const FirefoxAddOn& addOn : firefoxAddOns(extensions))
+    for (const FirefoxAddOn& addOn : firefoxAddOns(extensions).entries)
         text += (text.empty() ? "" : ",") + addOn.name + "|" + addOn.version + "|" + addOn.location;
     return text;
 }
@@ -62,6 +62,8 @@ TEST(ExtensionFiles, ChromeProfiles)
                R"("F":{"name":""}})"),
          "F="},
         {"the last of the same keys", cache(R"({"A":{"name":"x","name":"y"}})"), "A=y"},
+        {"the same folder again", cache(R"({"A":{"name":"x"},"B":{"name":"y"},"A":{"name":"z"}})"),
+         "A=z,B=y"},
         {"folders that lead elsewhere",
          cache(R"({"..":{"name":"a"},"":{"name":"b"},"a/b":{"name":"c"},".":{"name":"d"},)"
                R"("n\u0000l":{"name":"e"},"..x":{"name":"f"}})"),
@@ -88,7 +90,9 @@ TEST(ExtensionFiles, ChromeProfiles)
     std::string many;
     for (int i = 0; i < 5000; ++i)
         many += (i ? ",\"" : "\"") + std::to_string(i) + R"(":{"name":"x"})";
-    EXPECT_LE(chromeProfiles(cache("{" + many + "}")).size(), 1000U);
+    const auto bounded = chromeProfiles(cache("{" + many + "}"));
+    EXPECT_EQ(bounded.entries.size(), kMostProfiles);
+    EXPECT_FALSE(bounded.whole);
 }
 
 TEST(ExtensionFiles, FirefoxAddOns)
@@ -133,6 +137,12 @@ TEST(ExtensionFiles, ManifestsAndMessages)
     for (const char* broken : {R"({"name":"Ad"})", R"({"name":null,"version":"1"})",
                                R"({"name":"Ad","version":1})", "[]", "{", ""})
         EXPECT_FALSE(extensionManifest(broken)) << broken;
+
+    // Many entries may show one name.
+    const std::string endless = std::string(kLongestShown - 1, 'x') + "é" + std::string(5000, 'y');
+    const auto cut = extensionManifest(R"({"version":"1","name":")" + endless + R"("})");
+    ASSERT_TRUE(cut);
+    EXPECT_EQ(cut->name, std::string(kLongestShown - 1, 'x') + "…");
 
     const struct {
         const char* name;

@@ -55,8 +55,8 @@ public:
         for (const std::uint64_t offset : m_offsets)
             all += bytesOf(offset, kOffset);
         return all + std::string(6, '\0') + static_cast<char>(kOffset) +
-               static_cast<char>(m_referenceSize) + bytesOf(m_offsets.size(), 8) +
-               bytesOf(top, 8) + bytesOf(m_body.size(), 8);
+               static_cast<char>(m_referenceSize) + bytesOf(m_offsets.size(), 8) + bytesOf(top, 8) +
+               bytesOf(m_body.size(), 8);
     }
 
     [[nodiscard]] static std::string nested(std::size_t levels)
@@ -110,7 +110,8 @@ public:
     [[nodiscard]] static std::string withTrailer(std::size_t field, std::uint64_t number)
     {
         BinaryList list;
-        list.object("\x51" "a");
+        list.object("\x51"
+                    "a");
         std::string all = list.finished();
         const std::string honest = field == 1 ? bytesOf(0, 8) : std::string();
         const std::string said = bytesOf(number, 8);

@@ -173,9 +173,9 @@ TEST(PropertyListTest, ReadsWhatAnotherImplementationWrites)
 
 TEST(PropertyListTest, ValuesAreLookedUpByKey)
 {
-    const auto list = PropertyList::read(xmlWith(
-        "<dict><key>a</key><dict><key>b</key><string>deep</string></dict>"
-        "<key>n</key><integer>1</integer><key>n</key><integer>2</integer></dict>"));
+    const auto list = PropertyList::read(
+        xmlWith("<dict><key>a</key><dict><key>b</key><string>deep</string></dict>"
+                "<key>n</key><integer>1</integer><key>n</key><integer>2</integer></dict>"));
     ASSERT_TRUE(list);
     const PropertyValue root = list->root();
     EXPECT_EQ(root["a"]["b"].text(), "deep");
@@ -251,8 +251,8 @@ TEST(PropertyListTest, NothingNestsWithoutBound)
         return xmlWith(repeated("<array a=\"</x>\">", levels) + repeated("</array>", levels));
     };
     EXPECT_TRUE(PropertyList::read(nested(512)));
-    EXPECT_TRUE(PropertyList::read(binaryOf(xmlWith(repeated("<array>", 500) +
-                                                    repeated("</array>", 500)))));
+    EXPECT_TRUE(PropertyList::read(
+        binaryOf(xmlWith(repeated("<array>", 500) + repeated("</array>", 500)))));
     const std::string start = "<plist a=\"</x>\">";
     for (const std::string& deep :
          {nested(513), start + repeated("<array a=\"</x>\">", 174'700),
@@ -301,9 +301,9 @@ TEST(PropertyListTest, DamagedBytesAreAnErrorAndNoCrash)
         EXPECT_GT(sound, 100U); // else hardly anything was tried
     }
     // Each number of the trailer and a size near each border.
-    for (const std::uint64_t number : {std::uint64_t{0}, std::uint64_t{1} << 31,
-                                       std::uint64_t{1} << 61, ~std::uint64_t{0} - 7,
-                                       ~std::uint64_t{0}}) {
+    for (const std::uint64_t number :
+         {std::uint64_t{0}, std::uint64_t{1} << 31, std::uint64_t{1} << 61, ~std::uint64_t{0} - 7,
+          ~std::uint64_t{0}}) {
         for (std::size_t field = 0; field < 3; ++field)
             EXPECT_FALSE(PropertyList::read(BinaryList::withTrailer(field, number)))
                 << field << " " << number;

@@ -12,6 +12,10 @@ public:
     Presence presence(const FileURL& url) override { return m_disk.presence(url); }
     FileKind kind(const FileURL& url) override { return m_disk.kind(url); }
     std::optional<Sighting> sighting(const FileURL& url) override { return m_disk.sighting(url); }
+    std::optional<FileIdentity> fileIdentity(const FileURL& url) override
+    {
+        return m_disk.fileIdentity(url);
+    }
     FolderListing list(const FileURL& folder) override { return m_disk.list(folder); }
     std::int64_t allocatedSize(const FileURL& url) override { return m_disk.allocatedSize(url); }
     int openFolder(const FileURL& url) override { return m_disk.openFolder(url); }

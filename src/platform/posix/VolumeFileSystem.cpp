@@ -193,6 +193,14 @@ std::optional<Sighting> VolumeFileSystem::sighting(const FileURL& url)
     return Sighting{parent.st_dev, parent.st_ino, kindOfMode(place.data.st_mode)};
 }
 
+std::optional<FileIdentity> VolumeFileSystem::fileIdentity(const FileURL& url)
+{
+    const Place place = locate(url);
+    if (place.error)
+        return std::nullopt;
+    return FileIdentity{place.data.st_dev, place.data.st_ino};
+}
+
 FolderListing VolumeFileSystem::list(const FileURL& folder)
 {
     const std::string& path = folder.relativePath();

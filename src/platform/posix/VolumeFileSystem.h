@@ -40,6 +40,7 @@ public:
     [[nodiscard]] Presence presence(const FileURL& url) override;
     [[nodiscard]] FileKind kind(const FileURL& url) override;
     [[nodiscard]] std::optional<Sighting> sighting(const FileURL& url) override;
+    [[nodiscard]] std::optional<FileIdentity> fileIdentity(const FileURL& url) override;
     [[nodiscard]] FolderListing list(const FileURL& folder) override;
     [[nodiscard]] std::int64_t allocatedSize(const FileURL& url) override;
     [[nodiscard]] int openFolder(const FileURL& folder) override;
