@@ -82,7 +82,8 @@ int main()
          [](std::size_t size) { return repeated("<array a=\"", size, "</array>", "\"/>"); }},
         {"shared dictionary", [](std::size_t size) { return BinaryList::sharing(size - 64); }},
         {"shared UTF-16 text", sharedTexts},
-        {"overlapping texts", [](std::size_t size) { return BinaryList::overlappingTexts(size / 70); }},
+        {"overlapping texts",
+         [](std::size_t size) { return BinaryList::overlappingTexts(size / 70); }},
         {"doubling", [](std::size_t size) { return BinaryList::doubling(size / 22); }},
     };
     std::printf("%-20s %10s %10s %10s %8s %10s\n", "ns a byte", "1 MiB", "4 MiB", "16 MiB", "ratio",
