@@ -105,10 +105,9 @@ std::string outcomeText(const SpywareList& records, std::span<const RemovalResul
         ++counts[static_cast<std::size_t>(result.outcome)];
         entries += result.entriesRemoved;
         bytes += result.bytesRemoved;
-        const bool failed = result.outcome == RemovalOutcome::Failed;
         table.addRow({std::to_string(numbers[i]), outcomeWord(result.outcome),
                       std::to_string(result.entriesRemoved), sizeText(result.bytesRemoved),
-                      withNote(records[i]->url.relativePath(), failed ? result.reason() : "")});
+                      withNote(records[i]->url.relativePath(), result.note())});
     }
     const auto of = [&](RemovalOutcome outcome) {
         return counts[static_cast<std::size_t>(outcome)];

@@ -78,13 +78,13 @@ int listReports(const ReportArguments& arguments, const Console& console)
 /// What the journal last said of each record of the report since that was made.
 RemovalRecords removalsOf(const SpywareScanReport& report, const std::string& dataFolder)
 {
-    std::unordered_map<std::string_view, std::size_t> places;
+    std::unordered_map<std::string, std::size_t> places;
     for (std::size_t i = 0; i < report.spyWareList->size(); ++i)
-        places.emplace((*report.spyWareList)[i]->url.identity(), i);
+        places.emplace(journalKey((*report.spyWareList)[i]->url), i);
     RemovalRecords records;
     readRemovalJournal(dataFolder, [&](const RemovalRecord& record) {
-        const auto place = places.find(record.url.identity());
-        if (place != places.end() && record.volume == report.volume &&
+        const auto place = places.find(record.key);
+        if (place != places.end() && isSameVolume(record.volume, report.volume) &&
             record.time >= report.scanDate)
             records.insert_or_assign(place->second, record);
     });
@@ -118,12 +118,16 @@ void writeReport(const Console& console, const SpywareScanReport& report, DiskSt
 /// Says so where what is still there cannot be known; true where it can.
 bool isOfThisVolume(const Console& console, Host& host, const SpywareScanReport& report)
 {
-    if (report.volume == host.disk().identity())
+    const std::string here = host.disk().identity();
+    if (isSameVolume(report.volume, here))
         return true;
-    if (!report.spyWareList->empty()) {
-        console.say("this report is of another volume, so what is still there is not known; name "
-                    "the volume with --volume DIR");
-    }
+    if (report.spyWareList->empty())
+        return false;
+    console.say(report.volume.empty() || here.empty()
+                    ? "it cannot be told whether this report is of this disk, so what is still "
+                      "there is not known; scan it again"
+                    : "this report is of another volume, so what is still there is not known; name "
+                      "the volume with --volume DIR");
     return false;
 }
 

@@ -58,6 +58,8 @@ std::string removalsText(const RemovalRecords& records)
             what = "its end is not on record: it goes on at this moment, or was interrupted";
         else if (what.empty() && record.entries > 0)
             what = countedText(record.entries, "entry", "entries") + ", " + sizeText(record.bytes);
+        if (!record.remark.empty())
+            what += (what.empty() ? "" : "; ") + forTerminal(record.remark);
         table.addRow({std::to_string(place + 1), forTerminal(record.outcome),
                       localDateText(record.time), what});
     }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pryvane {
@@ -22,6 +23,12 @@ struct FolderEntry {
 };
 
 enum class ListStatus : std::uint8_t { Listed, Missing, Refused };
+
+/// Whether the identities are those of one volume. An empty one tells nothing of any.
+[[nodiscard]] inline bool isSameVolume(std::string_view a, std::string_view b)
+{
+    return !a.empty() && a == b;
+}
 
 /// Which folder holds an item, links on the way followed, and what the item itself is: enough to
 /// notice later that a link was put, or turned, in between. Kept in memory only.
@@ -87,8 +94,8 @@ public:
     [[nodiscard]] virtual Result<std::string> readSmallFile(const FileURL& url,
                                                             std::size_t limit) = 0;
 
-    /// Opaque bytes that tell this volume from others and survive mounting it again where the file
-    /// system allows.
+    /// Opaque bytes that tell this volume from others and survive mounting it again; empty where
+    /// the file system has nothing that does.
     [[nodiscard]] virtual std::string identity() const = 0;
 
     /// Drops what was remembered of folders' spellings; called when a scan starts.

@@ -28,10 +28,14 @@ std::string_view sentence(RemovalObstacle obstacle)
         return "it is in use; close what uses it and try again";
     case RemovalObstacle::KeepsRefilling:
         return "something keeps filling the folder; stop that first";
+    case RemovalObstacle::KeepsChanging:
+        return "its name or one in it is exchanged again and again; stop what does that first";
     case RemovalObstacle::Unreadable:
         return "its folder cannot be read; run this with the rights to";
     case RemovalObstacle::OtherVolume:
         return "the report is of another volume; connect that one";
+    case RemovalObstacle::UnknownVolume:
+        return "it cannot be told whether the report is of this disk; scan it again first";
     case RemovalObstacle::Confined:
         return "the system stopped a removal outside the volume";
     case RemovalObstacle::Stopped:
@@ -49,6 +53,14 @@ std::string obstacleText(RemovalObstacle obstacle, std::string_view detail)
     std::string text(sentence(obstacle));
     if (!text.empty() && !detail.empty())
         text.append(" (").append(detail).append(")");
+    return text;
+}
+
+std::string RemovalResult::note() const
+{
+    std::string text = outcome == RemovalOutcome::Failed ? reason() : std::string();
+    if (!remark.empty())
+        text.append(text.empty() ? "" : "; ").append(remark);
     return text;
 }
 

@@ -49,8 +49,10 @@ enum class RemovalObstacle : std::uint8_t {
     Locked,       ///< carries the immutable or append-only mark
     Busy,
     KeepsRefilling, ///< something fills the folder as fast as it is emptied
+    KeepsChanging,  ///< something exchanges its name, or names in it, as fast as they are looked at
     Unreadable,     ///< its folder cannot be read or searched
     OtherVolume,    ///< the report that lists it is of another volume
+    UnknownVolume,  ///< whether that report is of this volume cannot be told
     Confined,       ///< the kernel stopped a removal outside the volume
     Stopped,        ///< the user stopped before it was whole
     DeviceError,
@@ -84,8 +86,11 @@ struct RemovalResult {
     std::string detail;
     std::uint64_t entriesRemoved = 0; ///< counts too what a failed removal took away
     std::int64_t bytesRemoved = 0;
+    std::string remark; ///< what else a person should know of it, in words; mostly empty
 
     [[nodiscard]] std::string reason() const { return obstacleText(obstacle, detail); }
+    /// The reason, where it failed, and the remark.
+    [[nodiscard]] std::string note() const;
 };
 
 } // namespace pryvane

@@ -6,7 +6,18 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
+
+namespace pryvane {
+
+/// What a test's name tells of it.
+inline void PrintTo(Confinement confinement, std::ostream* out)
+{
+    *out << (confinement == Confinement::ComponentWalk ? "ComponentWalk" : "BestAvailable");
+}
+
+} // namespace pryvane
 
 /// What the tests of the volume share.
 namespace pryvane::test {

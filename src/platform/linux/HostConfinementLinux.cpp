@@ -1,7 +1,11 @@
+#include "platform/posix/ErrorText.h"
 #include "platform/posix/UniqueFd.h"
 #include "platform/posix/removal/HostConfinement.h"
 
+#include <cerrno>
 #include <cstdint>
+#include <exception>
+#include <fcntl.h>
 #include <linux/landlock.h>
 #include <string>
 #include <sys/prctl.h>
@@ -42,45 +46,83 @@ std::uint64_t changingRights(int version)
     return rights;
 }
 
+/// What a removal needs of them: folders that lie very deep are moved up before they go, and the
+/// kernel asks for the right to make a folder where one is moved to.
+std::uint64_t removingRights(int version)
+{
+    std::uint64_t rights = LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR;
+    if (version >= 2)
+        rights |= kRefer | LANDLOCK_ACCESS_FS_MAKE_DIR;
+    return rights;
+}
+
+/// What the kernel does when it is asked: it may have Landlock and still refuse it.
+const ConfinementState& triedConfinement()
+{
+    static const ConfinementState state = []() -> ConfinementState {
+        try {
+            const UniqueFd root(open("/", O_PATH | O_DIRECTORY | O_CLOEXEC));
+            const int folders[] = {root.get()};
+            return runConfined(folders, [] {});
+        } catch (const std::exception& error) {
+            return {KernelConfinement::Refused, error.what()};
+        }
+    }();
+    return state;
+}
+
+ConfinementState refused()
+{
+    return {KernelConfinement::Refused, errorText(errno)};
+}
+
 } // namespace
 
 KernelConfinement kernelConfinementOfRemoval()
 {
-    return landlockVersion() > 0 ? KernelConfinement::Enforced : KernelConfinement::NotAvailable;
+    return triedConfinement().kind;
 }
 
 std::string_view kernelConfinementText()
 {
-    static const std::string text =
-        landlockVersion() > 0
-            ? "confined to the volume by Landlock, version " + std::to_string(landlockVersion())
-            : "not confined: this kernel has no Landlock";
+    static const std::string text = []() -> std::string {
+        const std::string version = "Landlock, version " + std::to_string(landlockVersion());
+        switch (triedConfinement().kind) {
+        case KernelConfinement::Enforced:
+            return "confined to the volume by " + version;
+        case KernelConfinement::Refused:
+            return "not confined: this kernel has " + version + ", and refuses it (" +
+                   triedConfinement().reason + ")";
+        case KernelConfinement::NotAvailable:
+            break;
+        }
+        return "not confined: this kernel has no Landlock";
+    }();
     return text;
 }
 
-KernelConfinement confineThisThread(std::span<const int> writableFolders)
+ConfinementState confineThisThread(std::span<const int> folders)
 {
     if (landlockVersion() == 0)
-        return KernelConfinement::NotAvailable;
-    const std::uint64_t rights = changingRights(landlockVersion());
+        return {};
     landlock_ruleset_attr handled{};
-    handled.handled_access_fs = rights;
+    handled.handled_access_fs = changingRights(landlockVersion());
     const UniqueFd rules(static_cast<int>(
         syscall(SYS_landlock_create_ruleset, &handled, sizeof handled.handled_access_fs, 0U)));
     if (!rules)
-        return KernelConfinement::NotAvailable;
-    for (const int folder : writableFolders) {
+        return refused();
+    for (const int folder : folders) {
         landlock_path_beneath_attr below{};
-        below.allowed_access = rights;
+        below.allowed_access = removingRights(landlockVersion());
         below.parent_fd = folder;
         if (syscall(SYS_landlock_add_rule, rules.get(), LANDLOCK_RULE_PATH_BENEATH, &below, 0U) !=
             0)
-            return KernelConfinement::NotAvailable;
+            return refused();
     }
     if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
         syscall(SYS_landlock_restrict_self, rules.get(), 0U) != 0)
-        return KernelConfinement::NotAvailable;
-    return KernelConfinement::Enforced;
+        return refused();
+    return {KernelConfinement::Enforced, {}};
 }
 
 } // namespace pryvane

@@ -1,11 +1,14 @@
 #include "platform/journal/JournalScene.h"
+#include "platform/posix/removal/VolumeRemover.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <sys/resource.h>
@@ -160,6 +163,50 @@ TEST_F(RemovalJournalTest, APowerCutLeavesAJournalThatAgreesWithTheDisk)
     emptyVolume();
     for (std::size_t size = synced; size <= whole.size(); size += stride)
         ASSERT_TRUE(cutAt(size));
+}
+
+/// A path may be far longer than a line of the journal.
+TEST_F(RemovalJournalTest, AnEndlessPathKeepsNoOtherFromBeingRemoved)
+{
+    constexpr int kLevels = 1150;
+    const std::string name(255, '\xff');
+    std::string path = "/deep";
+    scene.volume.folder(path);
+    UniqueFd at(open(scene.volume.hostPath(path).c_str(), O_PATH | O_CLOEXEC));
+    for (int level = 0; level < kLevels; ++level) {
+        ASSERT_EQ(mkdirat(at.get(), name.c_str(), 0755), 0);
+        at = UniqueFd(openat(at.get(), name.c_str(), O_PATH | O_CLOEXEC));
+        path += "/" + name;
+    }
+    std::vector<RemovalItem> items = {{test::at(path), std::nullopt}};
+    for (int i = 0; i < 63; ++i) {
+        items.push_back({test::at("/many/" + std::to_string(i)), std::nullopt});
+        scene.volume.file(items.back().url.relativePath());
+    }
+    ASSERT_TRUE(opened()->begin(items)) << "and then the power goes";
+    const auto journal = opened();
+    const auto interrupted = scene.records();
+    ASSERT_EQ(interrupted.size(), 2 * items.size());
+    EXPECT_EQ(
+        std::ranges::count(interrupted, "interrupted; it is untouched", &RemovalRecord::reason),
+        63);
+
+    int removed = 0;
+    VolumeRemover(*scene.disk, *journal, {})
+        .remove(items, StopFlag(), [&](std::size_t, const RemovalResult& result) {
+            removed += result.outcome == RemovalOutcome::Removed ? 1 : 0;
+            EXPECT_EQ(result.note(), "");
+        });
+    EXPECT_EQ(removed, 64);
+    EXPECT_LT(std::filesystem::file_size(scene.journal()), 200'000U);
+    int ofIt = 0;
+    for (const RemovalRecord& record : scene.records()) {
+        ofIt += record.key == journalKey(items[0].url) ? 1 : 0;
+        EXPECT_TRUE(path.starts_with(record.url.relativePath()) ||
+                    record.url.relativePath().starts_with("/many/"));
+    }
+    EXPECT_EQ(ofIt, 4) << "begun, interrupted, begun, removed";
+    EXPECT_NE(contentOf(scene.journal()).find("\"pathBytes\":294405"), std::string::npos);
 }
 
 TEST_F(RemovalJournalTest, AnotherProgramsTornLineHidesNone)

@@ -76,7 +76,7 @@ std::string inWords(const RemovalResult& result)
     const std::string count = std::to_string(result.entriesRemoved);
     switch (result.outcome) {
     case RemovalOutcome::Removed:
-        return "removed " + count + result.reason();
+        return "removed " + count + (result.remark.empty() ? "" : "; ") + result.note();
     case RemovalOutcome::AlreadyGone:
         return "gone" + result.reason();
     case RemovalOutcome::Failed:

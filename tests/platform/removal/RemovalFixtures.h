@@ -59,7 +59,7 @@ struct RemovalDisk {
 /// All that lies below a folder of the host with kind and size, one line each, links not followed.
 [[nodiscard]] std::string treeBelow(const std::string& hostFolder);
 
-/// "removed 3", "gone", or "failed after 2: " and the reason.
+/// "removed 3" with the remark, "gone", or "failed after 2: " and the reason.
 [[nodiscard]] std::string inWords(const RemovalResult& result);
 
 } // namespace pryvane::test

@@ -12,6 +12,7 @@
 #include <linux/fs.h>
 #include <linux/seccomp.h>
 #include <optional>
+#include <ostream>
 #include <sched.h>
 #include <set>
 #include <sys/ioctl.h>
@@ -87,6 +88,11 @@ struct Row {
     void (*undo)(const RemovalDisk&) = nullptr;
     bool foreseen = true;
 };
+
+void PrintTo(const Row& row, std::ostream* out)
+{
+    *out << row.name;
+}
 
 bool openForAll(const RemovalDisk& disk, const char* path, mode_t mode)
 {
@@ -250,6 +256,8 @@ TEST(FailingCalls, AreToldAndNeverAsRemoved)
     const FailingCall rows[] = {
         // a folder that is never empty, however often it is emptied
         {SYS_unlinkat, ENOTEMPTY, AT_REMOVEDIR, "failed after 2: something keeps filling"},
+        // a file that is a folder at the moment it is removed, however often it is tried
+        {SYS_unlinkat, EISDIR, 0, "failed after 0: its name or one in it is exchanged"},
         {SYS_unlinkat, EBUSY, 0, "failed after 0: it is in use; close what uses it"},
         {SYS_unlinkat, EIO, AT_REMOVEDIR, "failed after 2: " + device + "input/output error)"},
         {SYS_unlinkat, EPERM, 0, "failed after 0: the folder that holds it may not be changed"},
@@ -262,6 +270,13 @@ TEST(FailingCalls, AreToldAndNeverAsRemoved)
         {SYS_openat2, EMFILE, {}, "failed after 0: " + device + "too many open files)"},
         {SYS_fsync, EIO, {}, "failed after 4: " + device + "input/output error)"},
         {SYS_fsync, EINVAL, {}, "removed 4"}, // a file system that has nothing to sync
+        // the kernel's confinement, which it may refuse for reasons of its own
+        {SYS_landlock_restrict_self,
+         EPERM,
+         {},
+         kernelConfinementOfRemoval() == KernelConfinement::Enforced
+             ? "removed 4; done without the kernel's confinement, which it refused: operation not"
+             : "removed 4"},
         {SYS_clone3, EAGAIN, {}, "failed after 0: " + device},
     };
     for (const FailingCall& row : rows) {

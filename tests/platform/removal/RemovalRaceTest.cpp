@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <map>
+#include <ostream>
 #include <set>
 #include <sys/stat.h>
 #include <thread>
@@ -77,6 +78,11 @@ struct Race {
     std::size_t telling;                 ///< of those, the first so many must all have been told
     FileKind seenAs = FileKind::Folder;
 };
+
+void PrintTo(const Race& race, std::ostream* out)
+{
+    *out << race.name;
+}
 
 /// Four entries.
 void plantTree(const Arena& arena)
@@ -153,7 +159,8 @@ const Race kRaces[] = {
      [](const Arena& arena, int i) {
          return exchange(arena.place.get(), "finding", arena.place.get(), i % 2 ? "alt1" : "alt2");
      },
-     {"removed ", "failed after 0: it is no longer", "failed after 1: "},
+     {"removed ", "failed after 0: it is no longer", "failed after 0: its name or one in it",
+      "failed after 1: "},
      1,
      FileKind::RegularFile},
     {"LevelsMovedAwayFromBelowAnother",

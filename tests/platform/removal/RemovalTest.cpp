@@ -193,11 +193,38 @@ TEST(Removal, TakesTheSpellingOfTheDisk)
     EXPECT_EQ(inWords(disk.remove(item)), "removed 2");
     disk.folder.file("Library/eviL");
     disk.folder.file("Library/evil"); // the exact one first
-    EXPECT_EQ(inWords(disk.remove(item)), "removed 1");
+    EXPECT_EQ(inWords(disk.remove(item)),
+              "removed 1; another one is there, spelled \"eviL\"; scan again");
     EXPECT_TRUE(disk.folder.contains("Library/eviL"));
     EXPECT_EQ(inWords(disk.remove(item)), "removed 1");
     EXPECT_EQ(inWords(disk.remove(item)), "gone");
     EXPECT_EQ(treeBelow(disk.folder.path()), "/Library\n/Library/evil2\n/Library/evil2/x 1\n");
+}
+
+/// Each of several spellings tells of the next, however many are removed from the folder at once.
+TEST(Removal, TellsOfTheOtherSpellingsThatStay)
+{
+    const RemovalDisk disk;
+    std::vector<RemovalItem> items;
+    for (const char* name : {"plain", "MDSA1331", "other", "caf\u00e9", "MDSa1331"}) {
+        disk.folder.file(std::string("tmp/") + name);
+        items.push_back(disk.seen(std::string("/tmp/") + name));
+    }
+    disk.folder.file("tmp/mdsa1331\u00e9");
+    disk.folder.file("tmp/Mdsa1331");
+    disk.folder.file("tmp/cafe\u0301");
+    NoRemovalJournal journal;
+    std::vector<std::string> told;
+    VolumeRemover(*disk.volume, journal, {})
+        .remove(items, StopFlag(),
+                [&](std::size_t, const RemovalResult& result) { told.push_back(inWords(result)); });
+    const auto twin = testing::StartsWith("removed 1; another one is there, spelled");
+    EXPECT_THAT(told, testing::ElementsAre("removed 1", twin, "removed 1", twin, twin));
+
+    const RemovalDisk exact(NameMatching::Exact);
+    exact.folder.file("tmp/A");
+    exact.folder.file("tmp/a");
+    EXPECT_EQ(inWords(exact.remove(exact.seen("/tmp/A"))), "removed 1");
 }
 
 TEST(Removal, KeepsTheFolderWhoseContentIsAsked)

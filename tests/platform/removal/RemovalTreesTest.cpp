@@ -69,6 +69,11 @@ struct Shape {
     int size;
 };
 
+void PrintTo(const Shape& shape, std::ostream* out)
+{
+    *out << shape.name;
+}
+
 class HostileShapes : public testing::TestWithParam<Shape> {};
 INSTANTIATE_TEST_SUITE_P(All, HostileShapes,
                          testing::Values(Shape{"Deep", makeDeep, "PRYVANE_DEEP", 100'000},

@@ -7,15 +7,26 @@
 
 namespace pryvane {
 
-KernelConfinement runConfined(std::span<const int> writableFolders,
-                              const std::function<void()>& work)
+namespace {
+
+thread_local bool isConfined = false;
+
+} // namespace
+
+bool isThisThreadConfined()
 {
-    auto confined = KernelConfinement::NotAvailable;
+    return isConfined;
+}
+
+ConfinementState runConfined(std::span<const int> folders, const std::function<void()>& work)
+{
+    ConfinementState state;
     std::exception_ptr thrown;
     // What a thread gave up it never gets back, so it is one of its own.
     std::thread thread([&] {
         try {
-            confined = confineThisThread(writableFolders);
+            state = confineThisThread(folders);
+            isConfined = state.kind == KernelConfinement::Enforced;
             work();
         } catch (...) {
             thrown = std::current_exception();
@@ -24,7 +35,7 @@ KernelConfinement runConfined(std::span<const int> writableFolders,
     thread.join();
     if (thrown)
         std::rethrow_exception(thrown);
-    return confined;
+    return state;
 }
 
 } // namespace pryvane

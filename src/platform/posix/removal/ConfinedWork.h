@@ -3,23 +3,35 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace pryvane {
 
-/// Whether the kernel can hold a thread to some folders.
-enum class KernelConfinement : std::uint8_t { Enforced, NotAvailable };
+/// Whether the kernel holds a thread to some folders.
+enum class KernelConfinement : std::uint8_t {
+    Enforced,
+    NotAvailable, ///< this kernel cannot
+    Refused,      ///< it could, and does not
+};
 
-/// What this host offers; asked of the kernel once.
+struct ConfinementState {
+    KernelConfinement kind = KernelConfinement::NotAvailable;
+    std::string reason; ///< of a refusal, in the system's words
+};
+
+/// What this host does; tried out once.
 [[nodiscard]] KernelConfinement kernelConfinementOfRemoval();
 
-/// The same in words for --version: "Landlock, version 4" or why there is none.
+/// The same in words for --version: "confined ... by Landlock, version 4" or why it is not.
 [[nodiscard]] std::string_view kernelConfinementText();
 
+/// Whether the calling thread is one that runConfined() made and the kernel holds.
+[[nodiscard]] bool isThisThreadConfined();
+
 /// Runs the work on a thread of its own and waits for it. Where the kernel can, that thread may
-/// create, write or remove only below the open folders; reading stays free. What the work throws is
-/// thrown here.
-KernelConfinement runConfined(std::span<const int> writableFolders,
-                              const std::function<void()>& work);
+/// only remove, and move folders, and only below the open folders; reading stays free. Otherwise it
+/// runs all the same, and what is returned says so. What the work throws is thrown here.
+ConfinementState runConfined(std::span<const int> folders, const std::function<void()>& work);
 
 } // namespace pryvane

@@ -5,7 +5,8 @@
 namespace pryvane {
 
 /// Gives up, for the calling thread and for good, every right to change anything that does not lie
-/// below the open folders. Where the kernel cannot do that, nothing is given up.
-[[nodiscard]] KernelConfinement confineThisThread(std::span<const int> writableFolders);
+/// below the open folders, and to make or write anything there. Where the kernel cannot do that,
+/// nothing is given up.
+[[nodiscard]] ConfinementState confineThisThread(std::span<const int> folders);
 
 } // namespace pryvane

@@ -12,9 +12,9 @@ std::string_view kernelConfinementText()
     return "not confined: this system has no Landlock";
 }
 
-KernelConfinement confineThisThread(std::span<const int>)
+ConfinementState confineThisThread(std::span<const int>)
 {
-    return KernelConfinement::NotAvailable;
+    return {};
 }
 
 } // namespace pryvane

@@ -92,6 +92,9 @@ std::optional<JournalLine> parsedJournalLine(std::string_view line)
     parsed.time = dateOf(textOf(object, "time"));
     parsed.outcome = textOf(object, "outcome");
     parsed.reason = textOf(object, "reason");
+    parsed.remark = textOf(object, "remark");
+    parsed.pathHash = textOf(object, "pathSha256");
+    parsed.pathLength = numberOf<std::uint64_t>(object, "pathBytes");
     parsed.bytes = numberOf<std::int64_t>(object, "bytes");
     parsed.entries = numberOf<std::uint64_t>(object, "entries");
     parsed.countedWhole = object.value("countedWhole", nlohmann::json()) == true;

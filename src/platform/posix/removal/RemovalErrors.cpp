@@ -40,7 +40,7 @@ RemovalFailure forbidden(int error, int folder, const std::string& name)
         return {RemovalObstacle::Busy, "the system swaps to it"};
     // What the permissions allow and the kernel still denies, it denies because of the confinement.
     if (error == EACCES && faccessat(folder, ".", W_OK | X_OK, AT_EACCESS) == 0 &&
-        kernelConfinementOfRemoval() == KernelConfinement::Enforced)
+        isThisThreadConfined())
         return {RemovalObstacle::Confined, errorText(error)};
     return {RemovalObstacle::NotPermitted, errorText(error)};
 }

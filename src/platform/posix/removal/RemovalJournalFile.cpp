@@ -1,6 +1,7 @@
 #include "platform/posix/removal/RemovalJournalFile.h"
 
 #include "core/Escape.h"
+#include "core/Sha256.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/posix/removal/EntryCount.h"
@@ -44,20 +45,42 @@ std::string_view outcomeText(RemovalOutcome outcome)
     return "failed";
 }
 
+/// A path as a line holds it, which is never too long to be put on record.
+struct PathOnRecord {
+    FileURL url;
+    std::string hash; ///< of the whole path, where the url is only its beginning
+    std::uint64_t length = 0;
+
+    PathOnRecord(const FileURL& whole) : url(whole), length(whole.relativePath().size())
+    {
+        if (length <= kLongestPathOnRecord)
+            return;
+        hash = sha256Hex(whole.relativePath());
+        url = FileURL::fileURLWithPath(whole.relativePath().substr(0, kShortenedPath));
+    }
+    PathOnRecord(const JournalLine& line)
+        : url(FileURL::fromUrlText(line.url)), hash(line.pathHash), length(line.pathLength)
+    {
+    }
+};
+
 struct LineHead {
     std::string_view event, id, volume;
-    const FileURL& url;
+    PathOnRecord path;
     Date time;
 };
 
 nlohmann::ordered_json lineWith(const LineHead& head)
 {
-    return {{"event", head.event},
-            {"time", iso8601(head.time)},
-            {"id", head.id},
-            {"volume", head.volume},
-            {"path", forJson(head.url.relativePath())},
-            {"url", head.url.urlText()}};
+    nlohmann::ordered_json line{{"event", head.event},
+                                {"time", iso8601(head.time)},
+                                {"id", head.id},
+                                {"volume", head.volume},
+                                {"path", forJson(head.path.url.relativePath())},
+                                {"url", head.path.url.urlText()}};
+    if (!head.path.hash.empty())
+        line.update({{"pathBytes", head.path.length}, {"pathSha256", head.path.hash}});
+    return line;
 }
 
 std::string textOf(const nlohmann::ordered_json& line)
@@ -123,7 +146,7 @@ Result<Done> RemovalJournalFile::hold()
     return large ? m_storage.startAnew() : Done{};
 }
 
-Result<std::string> RemovalJournalFile::intentions(std::span<const RemovalItem> items)
+std::string RemovalJournalFile::intentions(std::span<const RemovalItem> items)
 {
     const std::string run = freshId();
     m_begun.clear();
@@ -136,27 +159,21 @@ Result<std::string> RemovalJournalFile::intentions(std::span<const RemovalItem> 
         line["scope"] = item.scope == RemovalScope::ContentsOf ? "contents" : "item";
         line["entries"] = count.entries;
         line["countedWhole"] = count.whole;
-        const std::string text = textOf(line);
-        if (text.size() > kLongestJournalLine)
-            return Error{"a path is too long to be put on record: " +
-                         forScreen(item.url.relativePath().substr(0, 200)) + "..."};
-        lines += text;
+        lines += textOf(line);
     }
     return lines;
 }
 
 Result<Done> RemovalJournalFile::begin(std::span<const RemovalItem> items)
 {
-    const auto lines = intentions(items);
-    if (!lines)
-        return lines.error();
+    const std::string lines = intentions(items);
     auto held = hold();
     if (!held) {
         m_storage.release();
         return held;
     }
     const off_t before = m_storage.size();
-    auto written = m_storage.append(m_unwritten + *lines);
+    auto written = m_storage.append(m_unwritten + lines);
     if (written) {
         written = m_storage.sync();
         if (!written)
@@ -176,6 +193,8 @@ std::string RemovalJournalFile::outcome(const Begun& item, const RemovalResult& 
     line["entries"] = result.entriesRemoved;
     line["outcome"] = outcomeText(result.outcome);
     line["reason"] = forJson(result.reason());
+    if (!result.remark.empty())
+        line["remark"] = forJson(result.remark);
     return textOf(line);
 }
 
@@ -199,20 +218,25 @@ Result<Done> RemovalJournalFile::flush()
 
 std::string RemovalJournalFile::interruption(const JournalLine& begun) const
 {
-    const auto url = FileURL::fromUrlText(begun.url);
-    auto line = lineWith({"outcome", begun.id, begun.volume, url, m_clock.now()});
+    const PathOnRecord path(begun);
+    auto line = lineWith({"outcome", begun.id, begun.volume, path, m_clock.now()});
     line["outcome"] = "interrupted";
-    line["reason"] =
-        begun.volume == m_volume
-            ? whatIsLeft(begun, countEntries(m_disk, url,
-                                             begun.ofContents ? RemovalScope::ContentsOf
-                                                              : RemovalScope::Item))
-            : "interrupted; its volume was not there to be looked at";
+    if (begun.volume.empty())
+        line["reason"] = "interrupted; which disk it was on cannot be told";
+    else if (begun.volume != m_volume)
+        line["reason"] = "interrupted; its volume was not there to be looked at";
+    else if (!path.hash.empty())
+        line["reason"] = "interrupted; its path is too long to be on record, so it cannot be "
+                         "looked at";
+    else
+        line["reason"] = whatIsLeft(
+            begun, countEntries(m_disk, path.url,
+                                begun.ofContents ? RemovalScope::ContentsOf : RemovalScope::Item));
     return textOf(line);
 }
 
 /// Ends what was begun and never ended. What was begun on another volume waits until that is
-/// there, unless this journal comes to its end.
+/// there, unless this journal comes to its end; where that cannot be told, waiting is no use.
 Result<Done> RemovalJournalFile::settleOpen(Others otherVolumes)
 {
     std::map<std::string, JournalLine> open;
@@ -222,7 +246,7 @@ Result<Done> RemovalJournalFile::settleOpen(Others otherVolumes)
             return;
         if (line->isOutcome)
             open.erase(line->id);
-        else if (line->volume == m_volume || otherVolumes == Others::Ended)
+        else if (line->volume == m_volume || line->volume.empty() || otherVolumes == Others::Ended)
             open.insert_or_assign(line->id, std::move(*line));
     });
     if (open.empty())
@@ -233,6 +257,12 @@ Result<Done> RemovalJournalFile::settleOpen(Others otherVolumes)
     if (auto written = m_storage.append(lines); !written)
         return written;
     return m_storage.sync();
+}
+
+std::string journalKey(const FileURL& url)
+{
+    const PathOnRecord path(url);
+    return path.hash.empty() ? std::string(url.identity()) : path.hash;
 }
 
 std::string removalJournalPath(const std::string& dataFolder)
@@ -256,10 +286,13 @@ void readRemovalJournal(const std::string& dataFolder,
             continue;
         forEachLine(file.get(), [&](std::string_view text) {
             const auto line = parsedJournalLine(text);
-            if (line)
-                told({FileURL::fromUrlText(line->url), percentDecoded(line->volume), line->time,
-                      line->isOutcome ? line->outcome : "begun", line->reason, line->bytes,
-                      line->entries});
+            if (!line)
+                return;
+            const auto url = FileURL::fromUrlText(line->url);
+            told({url, line->pathHash.empty() ? std::string(url.identity()) : line->pathHash,
+                  percentDecoded(line->volume), line->time,
+                  line->isOutcome ? line->outcome : "begun", line->reason, line->remark,
+                  line->bytes, line->entries});
         });
     }
 }

@@ -46,7 +46,7 @@ private:
 
     [[nodiscard]] Result<Done> hold();
     [[nodiscard]] Result<Done> settleOpen(Others otherVolumes);
-    [[nodiscard]] Result<std::string> intentions(std::span<const RemovalItem> items);
+    [[nodiscard]] std::string intentions(std::span<const RemovalItem> items);
     [[nodiscard]] std::string outcome(const Begun& item, const RemovalResult& result) const;
     [[nodiscard]] std::string interruption(const JournalLine& begun) const;
 
@@ -61,14 +61,19 @@ private:
 
 /// One line of the journal.
 struct RemovalRecord {
-    FileURL url;
+    FileURL url;        ///< of a path too long to be on record whole, its beginning
+    std::string key;    ///< journalKey() of the whole path
     std::string volume; ///< identity of the volume, raw bytes
     Date time{};
     std::string outcome;       ///< "begun", "removed", "already gone", "failed" or "interrupted"
     std::string reason;        ///< in words; empty for what was removed
+    std::string remark;        ///< what else is to be known of it; mostly empty
     std::int64_t bytes = 0;    ///< that went; of a begun one, unknown
     std::uint64_t entries = 0; ///< that went; of a begun one, those that were there
 };
+
+/// By which text the journal knows a path: its identity, or the hash of one that is too long.
+[[nodiscard]] std::string journalKey(const FileURL& url);
 
 /// Where the journal of a data folder lies.
 [[nodiscard]] std::string removalJournalPath(const std::string& dataFolder);

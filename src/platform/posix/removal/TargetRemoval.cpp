@@ -10,9 +10,8 @@ RemovalResult TargetRemoval::run()
 {
     const bool contentsOnly = m_item.scope == RemovalScope::ContentsOf;
     try {
-        while (!act())
-            if (!m_tree.mayRetry())
-                m_tree.failed({RemovalObstacle::KeepsRefilling, {}});
+        for (auto seen = act(); seen && m_tree.mayRetry(*seen);)
+            seen = act();
         if (!m_tree.failure() && m_tree.entriesRemoved() > 0)
             sync();
     } catch (const std::exception& error) {
@@ -31,7 +30,7 @@ RemovalResult TargetRemoval::run()
 
 /// What stands there may be exchanged at any moment, so each try looks again and is held to what it
 /// saw by the calls themselves: no file is opened as a folder, no folder unlinked as a file.
-bool TargetRemoval::act()
+std::optional<TreeRemoval::Meddling> TargetRemoval::act()
 {
     const int parent = m_target.parent.get();
     const auto standing = factsOf(parent, m_target.name);
@@ -42,36 +41,41 @@ bool TargetRemoval::act()
     else if (standing)
         m_tree.failed(refusalOf(m_item, m_target, *standing, m_places));
     if (m_tree.failure() || !standing || isOtherThanAsked(m_item, *standing))
-        return true;
-    return standing->kind == FileKind::Folder ? actOnFolder()
-                                              : m_tree.removeFile(parent, m_target.name);
+        return std::nullopt;
+    if (standing->kind == FileKind::Folder)
+        return actOnFolder();
+    if (m_tree.removeFile(parent, m_target.name))
+        return std::nullopt;
+    return TreeRemoval::Meddling::Exchanged;
 }
 
-bool TargetRemoval::actOnFolder()
+std::optional<TreeRemoval::Meddling> TargetRemoval::actOnFolder()
 {
+    using enum TreeRemoval::Meddling;
     const int parent = m_target.parent.get();
     const bool contentsOnly = m_item.scope == RemovalScope::ContentsOf;
     m_emptied = openBelow(parent, m_target.name);
     int error = m_emptied ? 0 : errno;
     if (m_places.contains(m_emptied.id())) {
         m_tree.failed({RemovalObstacle::ProtectedPlace, {}});
-        return true;
+        return std::nullopt;
     }
     const bool heldAny = m_emptied && m_tree.empty(m_emptied.duplicate());
     if (m_tree.failure())
-        return true;
+        return std::nullopt;
     if (contentsOnly && m_emptied)
-        return !heldAny;
+        return heldAny ? std::optional(Filled) : std::nullopt;
     if (!contentsOnly && (error == 0 || error == EACCES)) // an empty one goes without being read
         error = m_tree.removeFolder(parent, m_target.name);
-    if (error == ENOENT || error == ENOTEMPTY || error == EEXIST || error == ENOTDIR ||
-        error == ELOOP)
-        return false; // filled or exchanged meanwhile
+    if (error == ENOTEMPTY || error == EEXIST)
+        return Filled;
+    if (error == ENOENT || error == ENOTDIR || error == ELOOP)
+        return Exchanged;
     if (error == EACCES && !m_emptied)
         m_tree.failed(unreadable(error));
     else if (error)
         m_tree.failed(error, parent, m_target.name);
-    return true;
+    return std::nullopt;
 }
 
 /// Only what is on the device counts as removed.

@@ -3,6 +3,8 @@
 #include "platform/posix/removal/RemovalTarget.h"
 #include "platform/posix/removal/TreeRemoval.h"
 
+#include <optional>
+
 namespace pryvane {
 
 /// Carries out the removal of one item at its target.
@@ -17,9 +19,9 @@ public:
     [[nodiscard]] RemovalResult run();
 
 private:
-    /// Whether nothing is left to do, or nothing more can be done.
-    [[nodiscard]] bool act();
-    [[nodiscard]] bool actOnFolder();
+    /// None when nothing is left to do or nothing more can be done; else what came in between.
+    [[nodiscard]] std::optional<TreeRemoval::Meddling> act();
+    [[nodiscard]] std::optional<TreeRemoval::Meddling> actOnFolder();
     void sync();
 
     const RemovalItem& m_item;

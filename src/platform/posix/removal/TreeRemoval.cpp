@@ -147,7 +147,7 @@ void TreeRemoval::descend(Level& level)
         return;
     if (error == ENOTDIR || error == ELOOP) { // exchanged meanwhile; a link goes unfollowed
         if (!removeFile(above, name))
-            retry(level, name);
+            retry(level, name, Meddling::Exchanged);
         return;
     }
     if (error == EACCES && removeFolder(above, name) == 0)
@@ -188,21 +188,30 @@ void TreeRemoval::leave()
     }
     const int error = removeFolder(above.folder.fd(), level.name);
     if (error == ENOTEMPTY || error == EEXIST || error == ENOTDIR) {
-        retry(above, level.name); // filled again, or exchanged for something else
+        retry(above, level.name, error == ENOTDIR ? Meddling::Exchanged : Meddling::Filled);
     } else if (error) {
         above.holdsRest = true;
         failed(error, above.folder.fd(), level.name);
     }
 }
 
-void TreeRemoval::retry(Level& level, const std::string& name)
+bool TreeRemoval::mayRetry(Meddling seen, std::string_view detail)
 {
-    if (mayRetry()) {
+    m_exchanges += seen == Meddling::Exchanged ? 1 : 0;
+    if (++m_retries <= kMostRetries)
+        return true;
+    const bool mostlyExchanged = m_exchanges > m_retries / 2;
+    failed({mostlyExchanged ? RemovalObstacle::KeepsChanging : RemovalObstacle::KeepsRefilling,
+            std::string(detail)});
+    return false;
+}
+
+void TreeRemoval::retry(Level& level, const std::string& name, Meddling seen)
+{
+    if (mayRetry(seen))
         level.subfolders.add(name);
-        return;
-    }
-    level.holdsRest = true;
-    failed({RemovalObstacle::KeepsRefilling, {}});
+    else
+        level.holdsRest = true;
 }
 
 /// A folder whose handle was closed is opened again through its child. Where the child was moved
@@ -218,14 +227,16 @@ bool TreeRemoval::reopen(const FolderHandle& child)
     while (!m_levels.back().folder)
         m_levels.pop_back();
     Level& level = m_levels.back();
-    FolderHandle again = mayRetry() ? level.folder.openChild(".") : FolderHandle();
+    FolderHandle again;
+    if (mayRetry(Meddling::Exchanged, "its folders are moved meanwhile"))
+        again = level.folder.openChild(".");
     if (again) {
         level.folder = std::move(again);
         level.subfolders.clear();
         read(level);
     } else {
         level.holdsRest = true;
-        failed({RemovalObstacle::KeepsRefilling, "its folders are moved meanwhile"});
+        failed(unreadable(errno)); // where it was tried once more
     }
     return false;
 }

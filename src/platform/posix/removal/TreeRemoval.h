@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pryvane {
@@ -30,9 +31,12 @@ public:
     /// Removes a folder that is empty: 0, also where it was gone, or else the errno.
     [[nodiscard]] int removeFolder(int folder, const std::string& name);
 
-    /// Whether what was found filled, moved or exchanged meanwhile may be tried once more. Not for
-    /// ever, since whoever does that may go on for ever.
-    [[nodiscard]] bool mayRetry() { return ++m_retries <= kMostRetries; }
+    /// What somebody else did meanwhile.
+    enum class Meddling : std::uint8_t { Filled, Exchanged };
+
+    /// Whether it may be tried once more. When that was often enough, since whoever does it may go
+    /// on without end, it has failed, and the failure tells what was seen most.
+    [[nodiscard]] bool mayRetry(Meddling seen, std::string_view detail = {});
 
     /// Notes why that name in an open folder could not be removed.
     void failed(int error, int folder, const std::string& name);
@@ -65,7 +69,7 @@ private:
     [[nodiscard]] bool hoist(const std::string& name);
     void leave();
     [[nodiscard]] bool reopen(const FolderHandle& child);
-    void retry(Level& level, const std::string& name);
+    void retry(Level& level, const std::string& name, Meddling seen);
 
     const ProtectedPlaces& m_places;
     const StopFlag& m_stop;
@@ -74,6 +78,7 @@ private:
     std::vector<Level> m_levels;
     std::uint64_t m_hoisted = 0;
     int m_retries = 0;
+    int m_exchanges = 0;      ///< of the retries
     std::size_t m_refill = 0; ///< entries found in folders that had been read whole
     FolderId m_lastEmptied;   ///< the last folder that was read whole
     RemovalFailure m_failure;

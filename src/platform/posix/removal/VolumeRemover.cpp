@@ -1,8 +1,10 @@
 #include "platform/posix/removal/VolumeRemover.h"
 
+#include "core/Escape.h"
 #include "platform/RemovalJournal.h"
 #include "platform/posix/VolumeFileSystem.h"
 #include "platform/posix/removal/ConfinedWork.h"
+#include "platform/posix/removal/OtherSpellings.h"
 #include "platform/posix/removal/TargetRemoval.h"
 #include "platform/posix/removal/TreeCensus.h"
 
@@ -23,6 +25,12 @@ RemovalResult failedWith(RemovalObstacle obstacle, std::string detail = {})
     result.obstacle = obstacle;
     result.detail = std::move(detail);
     return result;
+}
+
+std::string otherSpellingText(const std::string& name)
+{
+    return name.empty() ? name
+                        : "another one is there, spelled \"" + forScreen(name) + "\"; scan again";
 }
 
 } // namespace
@@ -48,16 +56,17 @@ void VolumeRemover::remove(std::span<const RemovalItem> items, const StopFlag& s
                            const RemovalResults& told)
 {
     const ProtectedPlaces places(m_disk, m_ownFolders);
+    OtherSpellings spellings;
+    const Run run{stop, places, spellings};
     for (std::size_t first = 0; first < items.size(); first += kJournalledAtOnce)
         removeSome(items.subspan(first, std::min(kJournalledAtOnce, items.size() - first)), first,
-                   stop, places, told);
+                   run, told);
 }
 
 void VolumeRemover::removeSome(std::span<const RemovalItem> items, std::size_t first,
-                               const StopFlag& stop, const ProtectedPlaces& places,
-                               const RemovalResults& told)
+                               const Run& run, const RemovalResults& told)
 {
-    if (stop.requested()) {
+    if (run.stop.requested()) {
         for (std::size_t i = 0; i < items.size(); ++i)
             told(first + i, failedWith(RemovalObstacle::Stopped));
         return;
@@ -71,7 +80,7 @@ void VolumeRemover::removeSome(std::span<const RemovalItem> items, std::size_t f
                                            begun.error().message));
             continue;
         }
-        const RemovalResult result = removed(items[i], stop, places);
+        const RemovalResult result = removed(items[i], run);
         m_journal.ended(i, result);
         told(first + i, result);
     }
@@ -79,16 +88,19 @@ void VolumeRemover::removeSome(std::span<const RemovalItem> items, std::size_t f
         static_cast<void>(m_journal.flush()); // an outcome that is lost is seen from the disk
 }
 
-RemovalResult VolumeRemover::removed(const RemovalItem& item, const StopFlag& stop,
-                                     const ProtectedPlaces& places) const
+RemovalResult VolumeRemover::removed(const RemovalItem& item, const Run& run) const
 {
     RemovalResult result = failedWith(RemovalObstacle::Stopped);
     const auto work = [&] {
-        if (stop.requested())
+        if (run.stop.requested())
             return;
         const RemovalTarget target = findTarget(m_disk, item);
         if (target.found()) {
-            result = TargetRemoval(item, target, places, stop).run();
+            result = TargetRemoval(item, target, run.places, run.stop).run();
+            if (result.outcome == RemovalOutcome::Removed && item.scope == RemovalScope::Item &&
+                m_disk.nameMatching() == NameMatching::AsOnMac)
+                result.remark =
+                    otherSpellingText(run.spellings.of(target.parent.get(), target.name));
         } else {
             result = failedWith(target.failure.obstacle, target.failure.detail);
             if (target.isGone)
@@ -96,8 +108,11 @@ RemovalResult VolumeRemover::removed(const RemovalItem& item, const StopFlag& st
         }
     };
     try {
-        const std::array writable{m_disk.rootHandle()};
-        runConfined(writable, work);
+        const std::array folders{m_disk.rootHandle()};
+        if (const auto state = runConfined(folders, work); state.kind == KernelConfinement::Refused)
+            result.remark.append(result.remark.empty() ? "" : "; ")
+                .append("done without the kernel's confinement, which it refused: ")
+                .append(state.reason);
     } catch (const std::exception& error) { // no thread or no memory: nothing was begun
         result = failedWith(RemovalObstacle::DeviceError, error.what());
     }

@@ -7,6 +7,7 @@
 
 namespace pryvane {
 
+class OtherSpellings;
 class ProtectedPlaces;
 class RemovalJournal;
 class VolumeFileSystem;
@@ -26,10 +27,15 @@ public:
                 const RemovalResults& told) override;
 
 private:
-    void removeSome(std::span<const RemovalItem> items, std::size_t first, const StopFlag& stop,
-                    const ProtectedPlaces& places, const RemovalResults& told);
-    [[nodiscard]] RemovalResult removed(const RemovalItem& item, const StopFlag& stop,
-                                        const ProtectedPlaces& places) const;
+    /// What is made once for all items of a call.
+    struct Run {
+        const StopFlag& stop;
+        const ProtectedPlaces& places;
+        OtherSpellings& spellings;
+    };
+    void removeSome(std::span<const RemovalItem> items, std::size_t first, const Run& run,
+                    const RemovalResults& told);
+    [[nodiscard]] RemovalResult removed(const RemovalItem& item, const Run& run) const;
     [[nodiscard]] RemovalForecast forecastOf(const RemovalItem& item, const StopFlag& stop,
                                              const ProtectedPlaces& places) const;
 
