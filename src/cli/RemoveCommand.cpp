@@ -157,7 +157,12 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
 int removeChosen(Host& host, const Choice& choice, const RemoveArguments& arguments,
                  const Console& console)
 {
-    if (choice.selection.volume != host.disk().identity()) {
+    const std::string here = host.disk().identity();
+    if (!isSameVolume(choice.selection.volume, here)) {
+        if (choice.selection.volume.empty() || here.empty())
+            return console.fail("it cannot be told whether the report is of this disk, so nothing "
+                                "was removed; scan it again first, in the window, which removes "
+                                "what it has just found");
         return console.fail("the report is of another volume, so nothing was removed; name its "
                             "volume with --volume DIR");
     }

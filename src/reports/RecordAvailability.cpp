@@ -5,7 +5,8 @@ namespace pryvane {
 Presence DiskPresence::of(const SpywareScanReport& report, const Spyware& record)
 {
     const std::string& path = record.url.relativePath();
-    if (report.volume != m_volume || path.empty()) // an empty path would ask for the root
+    if (!isSameVolume(report.volume, m_volume) ||
+        path.empty()) // an empty path would ask for the root
         return Presence::Unknown;
     const auto [entry, isNew] = m_known.try_emplace(path, Presence::Unknown);
     if (isNew)

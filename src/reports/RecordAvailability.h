@@ -15,7 +15,8 @@ class DiskPresence {
 public:
     explicit DiskPresence(FileSystem& disk) : m_disk(disk), m_volume(disk.identity()) {}
 
-    /// Unknown for a report of another volume, and for a damaged record without a path.
+    /// Unknown for a report that is not known to be of this volume, and for a damaged record
+    /// without a path.
     [[nodiscard]] Presence of(const SpywareScanReport& report, const Spyware& record);
 
 private:
@@ -27,7 +28,7 @@ private:
 };
 
 /// Makes the records of all reports follow the disk as it is now. The records of another volume
-/// than `disk` are unavailable.
+/// than `disk`, and of one that cannot be told from others, are unavailable.
 void followDisk(const ReportList& reports, FileSystem& disk);
 
 } // namespace pryvane

@@ -130,6 +130,26 @@ TEST_F(RemoveCommandTest, EachOutcomeHasItsLineAndItsReason)
     EXPECT_EQ(remove({"--item", "1", "--item", "3", "--yes"}).code, 0); // both are gone
 }
 
+TEST_F(RemoveCommandTest, WhatIsAnotherThingByNowIsTold)
+{
+    volume.remove(kMdsa);
+    volume.file(std::string(kMdsa) + "/photos/1");
+    const std::string twin = "/Library/LaunchAgents/com.REFOG.agent.plist";
+    volume.file(twin);
+    const Outcome outcome = remove({"--all", "--yes"});
+    // Whoever could only trick root into removing a file gets no folder removed.
+    EXPECT_EQ(outcome.code, test::runningAsRoot() ? 1 : 0);
+    EXPECT_EQ(volume.contains(kMdsa), test::runningAsRoot());
+    if (test::runningAsRoot()) {
+        EXPECT_THAT(outcome.out, ContainsRegex("3  failed +0 .*mdsa1331  \\(it is no longer"));
+    }
+    EXPECT_THAT(outcome.out, ContainsRegex("2  removed +1 .*\\(another one is there, spelled "
+                                           "\"com.REFOG.agent.plist\"; scan again"));
+    EXPECT_TRUE(volume.contains(twin));
+    EXPECT_THAT(run({"report", "show", "latest", "--volume", volume.path()}).out,
+                ContainsRegex("2  removed .*another one is there"));
+}
+
 TEST_F(RemoveCommandTest, AReportOfAnotherVolumeRemovesNothing)
 {
     const test::TemporaryFolder other;

@@ -1,6 +1,11 @@
+#include "engine/removal/RecordRemoval.h"
+
 #include "engine/removal/Browsers.h"
 #include "engine/removal/RemovalPlan.h"
 #include "engine/removal/RemovalSummary.h"
+#include "platform/Volumes.h"
+#include "reports/RecordAvailability.h"
+#include "support/ForwardingDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -52,6 +57,84 @@ TEST(RemovalSummary, SaysWhatRemains)
     EXPECT_EQ(removalSummary(1), one);
     const RemovalSummary two{"2 Failed", "report_bg", "Multiple Threats Remaining", "icn_white"};
     EXPECT_EQ(removalSummary(2, FailedText::Plain), two);
+}
+
+/// Says of everything that it went.
+class WillingRemover final : public Remover {
+public:
+    void plan(std::span<const RemovalItem> items, const StopFlag&,
+              const RemovalForecasts& told) override
+    {
+        for (std::size_t i = 0; i < items.size(); ++i)
+            told(i, {FileKind::RegularFile});
+    }
+    void remove(std::span<const RemovalItem> items, const StopFlag&,
+                const RemovalResults& told) override
+    {
+        for (std::size_t i = 0; i < items.size(); ++i)
+            told(i, {RemovalOutcome::Removed});
+    }
+};
+
+class NamedDisk final : public test::ForwardingDisk {
+public:
+    NamedDisk(FileSystem& disk, std::string name) : ForwardingDisk(disk), m_name(std::move(name)) {}
+    std::string identity() const override { return m_name; }
+
+private:
+    std::string m_name;
+};
+
+/// Of a disk without an identity only what a scan of this run has seen is known to be on it.
+TEST(RecordRemoval, RefusesWhatMayBeOfAnotherDisk)
+{
+    using enum RemovalObstacle;
+    const struct {
+        const char *report, *disk;
+        RemovalObstacle seen, stored;
+    } rows[] = {
+        {"a", "a", None, None},
+        {"a", "b", OtherVolume, OtherVolume},
+        {"", "", None, UnknownVolume},
+        {"a", "", UnknownVolume, UnknownVolume},
+        {"", "a", UnknownVolume, UnknownVolume},
+    };
+    const test::TemporaryFolder folder;
+    const auto volume = test::volumeAt(folder, NameMatching::Exact);
+    for (const auto& row : rows) {
+        NamedDisk disk(*volume, row.disk);
+        WillingRemover remover;
+        RecordRemoval removal(disk, remover);
+        RecordSelection selection;
+        selection.volume = row.report;
+        std::vector<RemovalObstacle> expected;
+        for (const bool seen : {true, false, false, true, false}) {
+            const auto url = FileURL::fileURLWithPath("/" + std::to_string(expected.size()));
+            selection.records.push_back(Spyware::SpyWareSeen("x", "x", 0, url, kHighRisk));
+            if (seen)
+                selection.records.back()->seen = Sighting{1, 2, FileKind::RegularFile};
+            expected.push_back(seen ? row.seen : row.stored);
+        }
+        const StopFlag never;
+        std::vector<RemovalObstacle> planned, removed;
+        const auto plan = removal.plan(selection, never);
+        for (std::size_t i = 0; i < plan.rows.size(); ++i) {
+            EXPECT_EQ(plan.rows[i].record, selection.records[i]);
+            planned.push_back(plan.rows[i].forecast.obstacle);
+        }
+        removal.remove(selection, never, [&](std::size_t item, const RemovalResult& result) {
+            EXPECT_EQ(item, removed.size());
+            EXPECT_EQ(result.outcome == RemovalOutcome::Removed, result.obstacle == None);
+            removed.push_back(result.obstacle);
+        });
+        EXPECT_EQ(planned, expected) << row.report << " on " << row.disk;
+        EXPECT_EQ(removed, expected) << row.report << " on " << row.disk;
+
+        SpywareScanReport report;
+        report.volume = row.report;
+        EXPECT_EQ(DiskPresence(disk).of(report, *selection.records[1]) == Presence::Unknown,
+                  row.stored != None);
+    }
 }
 
 RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findings)

@@ -50,6 +50,7 @@ public:
     bool isDeleted = false; ///< its removal succeeded
     bool isNoAction = false;
     std::string removalFailure; ///< why it could not be removed, for a person; not stored
+    std::string removalRemark;  ///< what else is to be known of its removal; not stored
     RowColor redGreen = RowColor::Grey;
 
     /// What stood at the location when a scan found it; stored, and unknown in older reports.

@@ -19,7 +19,8 @@ struct RecordSelection {
 };
 
 /// Plans and removes findings: one way for the scan screen, the report browser and the command
-/// line. On another volume than the findings' own nothing is removed. Its calls block and belong on
+/// line. On another volume than the findings' own nothing is removed; where a disk has no identity,
+/// only what a scan of this run has seen on it is. Its calls block and belong on
 /// a background thread, one at a time; of the records they only read what never changes.
 class RecordRemoval {
 public:
@@ -32,7 +33,11 @@ public:
     void remove(const RecordSelection& selection, const StopFlag& stop, const RemovalResults& told);
 
 private:
-    [[nodiscard]] bool isOfThisVolume(const RecordSelection& selection) const;
+    [[nodiscard]] RemovalObstacle strangeness(const RecordSelection& selection,
+                                              const Spyware& record) const;
+    template <typename Answer, typename Work, typename Told>
+    void each(const RecordSelection& selection, const StopFlag& stop, const Work& work,
+              const Told& told) const;
 
     FileSystem& m_disk;
     Remover& m_remover;

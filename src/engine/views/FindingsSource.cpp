@@ -128,7 +128,8 @@ ui::Cell FindingsSource::evidenceOrOutcome(int row) const
         return {.text = QObject::tr("removed"),
                 .iconName = QStringLiteral("clean"),
                 .meaning = ui::Meaning::Clean,
-                .number = -1};
+                .number = -1,
+                .tooltip = ui::text(forScreen(found.removalRemark))};
     if (!found.removalFailure.empty())
         return {.text = QObject::tr("not removed"),
                 .iconName = QStringLiteral("attention"),

@@ -33,20 +33,22 @@ bool isHostRoot(int rootFd)
 }
 
 /// File system, root folder and its birth: what stays the same when a disk is mounted again, and
-/// differs between disks.
+/// differs between disks. Drivers that leave out the first or the last, as many in user space do,
+/// give all their disks the same rest: such a disk has no identity.
 std::string identityOf(int rootFd)
 {
     struct statvfs fileSystem {};
     struct stat root {};
-    if (fstatvfs(rootFd, &fileSystem) != 0 || fstat(rootFd, &root) != 0)
+    const auto birth = birthTime(rootFd);
+    if (fstatvfs(rootFd, &fileSystem) != 0 || fileSystem.f_fsid == 0 || fstat(rootFd, &root) != 0 ||
+        !birth)
         return {};
-    const BirthTime birth = birthTime(rootFd).value_or(BirthTime());
     char text[96];
     const int length = std::snprintf(text, sizeof text, "%llx-%llx-%llx.%llx",
                                      static_cast<unsigned long long>(fileSystem.f_fsid),
                                      static_cast<unsigned long long>(root.st_ino),
-                                     static_cast<unsigned long long>(birth.seconds),
-                                     static_cast<unsigned long long>(birth.nanoseconds));
+                                     static_cast<unsigned long long>(birth->seconds),
+                                     static_cast<unsigned long long>(birth->nanoseconds));
     return {text, static_cast<std::size_t>(length)};
 }
 

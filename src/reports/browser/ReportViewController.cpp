@@ -287,7 +287,10 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
     if (!m_report || index >= m_report->spyWareList->size())
         return;
     if (!isOfThisVolume()) {
-        say("This report is of another volume, so there is nothing to show.");
+        say(m_report->volume.empty() || m_services.disk.identity().empty()
+                ? "It cannot be told whether this report is of this disk, so there is nothing to "
+                  "show."
+                : "This report is of another volume, so there is nothing to show.");
         return;
     }
     const auto shown = m_parts.fileViewer.reveal((*m_report->spyWareList)[index]->url);
@@ -296,7 +299,7 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
 
 bool ReportViewController::isOfThisVolume() const
 {
-    return m_report && m_report->volume == m_services.disk.identity();
+    return m_report && isSameVolume(m_report->volume, m_services.disk.identity());
 }
 
 void ReportViewController::trashSelectedReport()
