@@ -31,6 +31,7 @@ struct Host::Documents {
               host.disk(), machine),
           printing(pdf, printer, host.log())
     {
+        printer.obey(host.m_interrupted);
     }
 };
 
@@ -40,7 +41,7 @@ void ConsoleLog::line(std::string_view text)
     m_console.say(forTerminal(text));
 }
 
-Host::Host(const Console& console) : m_log(console) {}
+Host::Host(const Console& console) : m_log(console), m_interrupted(console.interrupted) {}
 
 Host::~Host() = default;
 

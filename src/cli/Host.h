@@ -91,6 +91,7 @@ private:
     ScanState m_state;
     BlockingMainQueue m_mainQueue;
     ConsoleLog m_log;
+    const StopFlag& m_interrupted;
     SilentLog m_engineLog; ///< its lines are steps that the console shows in its own way
     SilentUserNotifier m_userNotifier;
     std::unique_ptr<Alerts> m_alerts;

@@ -174,6 +174,10 @@ int printReport(const ReportArguments& arguments, const Console& console)
         const PrintOutcome outcome = host.printing().makeAndPrintPDF(report, arguments.printer);
         switch (outcome.state) {
         case PrintOutcome::State::Failed:
+            if (console.interrupted.requested()) {
+                console.say(outcome.reason);
+                return int{kInterrupted};
+            }
             return console.fail(outcome.reason);
         case PrintOutcome::State::NothingToPrint:
             return console.fail("the document is gone; nothing was printed");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Result.h"
+#include "core/StopFlag.h"
 
 #include <string>
 #include <string_view>
@@ -23,6 +24,9 @@ struct PrintSettings {
 class Printer {
 public:
     virtual ~Printer() = default;
+
+    /// A stop that ends calls at once, with an error; it must outlive this.
+    virtual void obey(const StopFlag&) {}
 
     /// The queues there are. An error says that the service does not answer.
     [[nodiscard]] virtual Result<std::vector<PrinterName>> printers() = 0;

@@ -6,15 +6,20 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cmath>
+#include <condition_variable>
 #include <cstdlib>
 #include <cups/cups.h>
 #include <cups/pwg.h>
 #include <fcntl.h>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace pryvane {
@@ -35,19 +40,82 @@ const char* noPassword(const char*, http_t*, const char*, const char*, void*)
     return nullptr;
 }
 
+/// Cuts a connection off when an answer takes too long or a stop comes: the library itself would
+/// read an endless one for ever. Watches beside the thread that waits.
+class CutOff {
+public:
+    enum class Reason : std::uint8_t { None, Time, Stop };
+
+    CutOff(http_t* http, std::chrono::milliseconds longest, const StopFlag* stop)
+        : m_http(http), m_longest(longest), m_stop(stop)
+    {
+        restart();
+        m_thread = std::thread([this] { watch(); });
+    }
+    ~CutOff()
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_done = true;
+        }
+        m_wake.notify_one();
+        m_thread.join();
+    }
+    CutOff(const CutOff&) = delete;
+    CutOff& operator=(const CutOff&) = delete;
+
+    /// The time begins anew, for the next answer.
+    void restart()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_end = std::chrono::steady_clock::now() + m_longest;
+    }
+
+    [[nodiscard]] Reason reason() const { return m_reason; }
+
+private:
+    void watch()
+    {
+        constexpr std::chrono::milliseconds kStep{20};
+        std::unique_lock lock(m_mutex);
+        while (!m_wake.wait_for(lock, kStep, [this] { return m_done; })) {
+            if (m_reason == Reason::None && m_stop && m_stop->requested())
+                m_reason = Reason::Stop;
+            else if (m_reason == Reason::None && std::chrono::steady_clock::now() > m_end)
+                m_reason = Reason::Time;
+            // Again and again, as the library may connect once more on its own.
+            if (m_reason != Reason::None)
+                shutdown(httpGetFd(m_http), SHUT_RDWR);
+        }
+    }
+
+    http_t* m_http;
+    const std::chrono::milliseconds m_longest;
+    const StopFlag* m_stop;
+    std::atomic<Reason> m_reason{Reason::None};
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::chrono::steady_clock::time_point m_end; // guarded by m_mutex
+    bool m_done = false;                         // guarded by m_mutex
+    std::thread m_thread;
+};
+
 /// One connection to the print service, and why it last failed.
 class Connection {
 public:
-    explicit Connection(const CupsPrinter::Options& options) : m_patience(options.patience)
+    Connection(const CupsPrinter::Options& options, const StopFlag* stop)
+        : m_patience(options.patience)
     {
         cupsSetPasswordCB2(noPassword, nullptr);
         cupsSetServer(nullptr); // else the settings of the first call hold for ever
         const char* server = options.server.empty() ? cupsServer() : options.server.c_str();
         m_http.reset(httpConnect2(server, ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                                   static_cast<int>(m_patience.count()), nullptr));
-        if (m_http)
+        if (m_http) {
             httpSetTimeout(m_http.get(), std::chrono::duration<double>(m_patience).count(),
                            &Connection::onSilence, this);
+            m_cutOff.emplace(m_http.get(), options.longest, stop);
+        }
     }
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -55,8 +123,34 @@ public:
     [[nodiscard]] bool connected() const { return m_http != nullptr; }
     [[nodiscard]] http_t* http() const { return m_http.get(); }
 
+    /// The next answer has its time to itself.
+    void nextAnswer() { m_cutOff->restart(); }
+
+    /// Sends a request and reads the answer, up to its limit of bytes; null where none comes. Takes
+    /// the request over.
+    [[nodiscard]] IppMessage ask(ipp_t* request)
+    {
+        const IppMessage owned(request);
+        nextAnswer();
+        http_status_t status = cupsSendRequest(http(), request, "/", ippLength(request));
+        while (status == HTTP_STATUS_CONTINUE && !cut())
+            status = httpUpdate(http());
+        if (status != HTTP_STATUS_OK || cut())
+            return nullptr;
+        IppMessage answer(ippNew());
+        m_mayCome = kMostAnswered;
+        const bool read =
+            ippReadIO(this, &Connection::onBytes, 1, nullptr, answer.get()) == IPP_STATE_DATA;
+        return read ? std::move(answer) : nullptr;
+    }
+
     [[nodiscard]] Error noService() const
     {
+        const auto reason = m_cutOff ? m_cutOff->reason() : CutOff::Reason::None;
+        if (reason == CutOff::Reason::Stop)
+            return Error{"stopped while waiting for the print service"};
+        if (reason == CutOff::Reason::Time || m_mayCome == 0)
+            return Error{"the print service's answer does not end; restart it, or try again later"};
         if (m_silent) {
             return Error{"the print service does not answer; it was given " +
                          std::to_string((m_patience.count() + 999) / 1000) +
@@ -70,14 +164,37 @@ public:
     [[nodiscard]] bool lost() const
     {
         const ipp_status_t status = cupsLastError();
-        return m_silent || status == IPP_STATUS_ERROR_SERVICE_UNAVAILABLE ||
+        return silent() || status == IPP_STATUS_ERROR_SERVICE_UNAVAILABLE ||
                httpError(m_http.get()) != 0;
     }
 
-    [[nodiscard]] bool silent() const { return m_silent; }
+    /// Whether it said nothing, or nothing that ended.
+    [[nodiscard]] bool silent() const { return m_silent || cut(); }
     [[nodiscard]] static std::string lastWords() { return forScreen(cupsLastErrorString()); }
 
 private:
+    static constexpr std::size_t kMostAnswered = std::size_t{4} << 20;
+
+    [[nodiscard]] bool cut() const { return m_cutOff->reason() != CutOff::Reason::None; }
+
+    /// Fills the whole buffer, or says that it cannot.
+    static ssize_t onBytes(void* context, ipp_uchar_t* buffer, std::size_t bytes)
+    {
+        auto& self = *static_cast<Connection*>(context);
+        self.m_mayCome -= std::min(bytes, self.m_mayCome);
+        if (self.m_mayCome == 0)
+            return -1;
+        std::size_t got = 0;
+        while (got < bytes) {
+            const ssize_t more =
+                httpRead2(self.http(), reinterpret_cast<char*>(buffer) + got, bytes - got);
+            if (more <= 0)
+                return -1;
+            got += static_cast<std::size_t>(more);
+        }
+        return static_cast<ssize_t>(bytes);
+    }
+
     static int onSilence(http_t*, void* self)
     {
         static_cast<Connection*>(self)->m_silent = true;
@@ -86,19 +203,22 @@ private:
 
     std::chrono::milliseconds m_patience;
     bool m_silent = false;
+    std::size_t m_mayCome = kMostAnswered; ///< bytes of the answer that is being read
     std::unique_ptr<http_t, HttpCloser> m_http;
+    std::optional<CutOff> m_cutOff; // ends before the connection does
 };
 
-Result<std::vector<std::string>> queues(const Connection& service)
+Result<std::vector<std::string>> queues(Connection& service)
 {
     ipp_t* request = ippNewRequest(IPP_OP_CUPS_GET_PRINTERS);
     ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
                  "printer-name");
-    const IppMessage answer(cupsDoRequest(service.http(), request, "/"));
+    const IppMessage answer = service.ask(request);
     std::vector<std::string> names;
-    if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND)
+    const auto status = answer ? ippGetStatusCode(answer.get()) : IPP_STATUS_ERROR_INTERNAL;
+    if (status == IPP_STATUS_ERROR_NOT_FOUND)
         return names; // its way of saying that it has none
-    if (cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE)
+    if (status > IPP_STATUS_OK_EVENTS_COMPLETE)
         return service.noService();
     for (ipp_attribute_t* name = ippFindAttribute(answer.get(), "printer-name", IPP_TAG_NAME); name;
          name = ippFindNextAttribute(answer.get(), "printer-name", IPP_TAG_NAME))
@@ -106,14 +226,15 @@ Result<std::vector<std::string>> queues(const Connection& service)
     return names;
 }
 
-std::optional<std::string> defaultQueue(const Connection& service)
+std::optional<std::string> defaultQueue(Connection& service)
 {
+    service.nextAnswer();
     const char* name = cupsGetDefault2(service.http());
     return name ? std::optional<std::string>(name) : std::nullopt;
 }
 
 /// The queue of that name, or the default one for none. An error names those there are.
-Result<std::string> existingQueue(const Connection& service, std::string_view wanted)
+Result<std::string> existingQueue(Connection& service, std::string_view wanted)
 {
     const auto names = queues(service);
     if (!names)
@@ -191,7 +312,7 @@ Error refusal(const Connection& service, const std::string& queue)
 }
 
 /// Hands the file's bytes to the job; false where the service stops taking them.
-Result<bool> sendBytes(const Connection& service, int file, const std::string& path)
+Result<bool> sendBytes(Connection& service, int file, const std::string& path)
 {
     std::array<char, std::size_t{64} * 1024> buffer;
     while (true) {
@@ -202,6 +323,7 @@ Result<bool> sendBytes(const Connection& service, int file, const std::string& p
             return Error{"cannot read " + forScreen(path) + ": " + errorText(errno)};
         if (got == 0)
             return true;
+        service.nextAnswer();
         if (cupsWriteRequestData(service.http(), buffer.data(), static_cast<std::size_t>(got)) !=
             HTTP_STATUS_CONTINUE)
             return false;
@@ -209,7 +331,7 @@ Result<bool> sendBytes(const Connection& service, int file, const std::string& p
 }
 
 /// The document of a job that exists.
-Result<Done> sendDocument(const Connection& service, const std::string& queue, int job, int file,
+Result<Done> sendDocument(Connection& service, const std::string& queue, int job, int file,
                           const std::string& path)
 {
     if (cupsStartDocument(service.http(), queue.c_str(), job, "Report.PDF", CUPS_FORMAT_PDF, 1) !=
@@ -228,7 +350,7 @@ Result<Done> sendDocument(const Connection& service, const std::string& queue, i
 
 Result<std::vector<PrinterName>> CupsPrinter::printers()
 {
-    const Connection service(m_options);
+    Connection service(m_options, m_stop);
     if (!service.connected())
         return service.noService();
     const auto names = queues(service);
@@ -247,13 +369,14 @@ Result<int> CupsPrinter::printFile(const std::string& hostPath, std::string_view
     const auto file = openDocument(hostPath);
     if (!file)
         return file.error();
-    const Connection service(m_options);
+    Connection service(m_options, m_stop);
     if (!service.connected())
         return service.noService();
     const auto name = existingQueue(service, queue);
     if (!name)
         return name.error();
     const JobOptions options(settings);
+    service.nextAnswer();
     const int job = cupsCreateJob(service.http(), name->c_str(), std::string(title).c_str(),
                                   options.count(), options.get());
     if (job == 0)

@@ -12,6 +12,8 @@ Result<Done> LoadedPrinter::load()
     if (!module)
         return module.error();
     m_printer = (*module)->makePrinter();
+    if (m_stop)
+        m_printer->obey(*m_stop);
     return Done{};
 }
 

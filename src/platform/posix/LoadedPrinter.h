@@ -10,6 +10,7 @@ namespace pryvane {
 /// thirty others, which a start of the program has no use for. One thread at a time.
 class LoadedPrinter final : public Printer {
 public:
+    void obey(const StopFlag& stop) override { m_stop = &stop; }
     [[nodiscard]] Result<std::vector<PrinterName>> printers() override;
     [[nodiscard]] Result<int> printFile(const std::string& hostPath, std::string_view title,
                                         std::string_view queue,
@@ -18,6 +19,7 @@ public:
 private:
     [[nodiscard]] Result<Done> load();
 
+    const StopFlag* m_stop = nullptr;
     std::unique_ptr<Printer> m_printer;
 };
 
