@@ -15,7 +15,7 @@ import sys
 import tempfile
 import time
 
-PATIENCE = float(os.environ.get("PRYVANE_TEST_PATIENCE", "40"))
+PATIENCE = float(os.environ.get("PRYVANE_TEST_PATIENCE", "120"))
 SKIPPED = 77
 
 
@@ -234,7 +234,11 @@ class Pilot:
 
 
 class Screens:
-    """What there is on each screen, in words."""
+    """What can be done on each screen: its controls and tables by name, and what is on or cannot be used.
+    Words that are only read are left to the tests of those who say them."""
+
+    KEPT = ("push button", "toggle button", "check box", "radio button", "combo box", "text", "list item", "page tab",
+            "table", "tree", "progress bar", "menu item")
 
     def __init__(self, pilot, folder):
         self.pilot = pilot
@@ -242,14 +246,19 @@ class Screens:
         self.text = ""
 
     def note(self, title):
-        self.text += f"== {title}\n"
+        found = {}
         for node in self.pilot.walk():
             role, name = node.getRoleName(), node.name
-            if role in ("filler", "unknown", "layered pane", "panel") and not name:
+            if role not in self.KEPT:
                 continue
-            self.text += re.sub(r"\d+", "#", f"{role} | {name.replace(self.folder, 'DIR')}") + "\n"
-            if role in ("push button", "check box", "combo box", "text", "table", "list", "progress bar"):
-                assert name, f"a {role} on \"{title}\" has no name"
+            assert name, f"a {role} on \"{title}\" has no name"
+            states = node.getState()
+            name = re.sub(r"\d+", "#", name.replace(self.folder, "DIR"))
+            name += " (on)" if states.contains(self.pilot.atspi.STATE_CHECKED) else ""
+            name += "" if states.contains(self.pilot.atspi.STATE_ENABLED) else " (off)"
+            if name not in ("Minimise", "Maximise", "Close"):
+                found.setdefault(role, []).append(name)
+        self.text += f"== {title}\n" + "".join(f"{role} | {' | '.join(names)}\n" for role, names in found.items())
 
     def compare(self, kept):
         if os.environ.get("PRYVANE_KEEP"):
@@ -259,3 +268,19 @@ class Screens:
             kept.read_text(encoding="utf-8").splitlines(), self.text.splitlines(), "kept", "found", lineterm=""))
         assert not difference, "what a screen reader finds has changed; PRYVANE_KEEP=1 keeps it\n" + \
             "\n".join(difference)
+
+
+@contextlib.contextmanager
+def flown(program, volume, folder, kept):
+    """A pilot on the volume and its screens, which are compared with the kept text at the end."""
+    pilot = Pilot(program, "--volume", str(volume), "--user", "alice", screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
+    screens = Screens(pilot, folder)
+    try:
+        pilot.confirm_access()
+        yield pilot, screens
+    except Exception:
+        pilot.shot("failure")
+        raise
+    finally:
+        pilot.close()
+    screens.compare(pathlib.Path(kept))

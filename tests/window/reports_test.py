@@ -4,13 +4,12 @@ queue, export, delete one, delete the last.
 
     reports_test.py PROGRAM COMMAND-LINE MAKE-DEMO-VOLUME KEPT-TEXT
 """
-import os
 import pathlib
 import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from pilot import Pilot, Screens, desktop, wait_for  # noqa: E402
+from pilot import desktop, flown, wait_for  # noqa: E402
 from print_server import print_server  # noqa: E402
 
 LATER = "Library/LaunchAgents/com.apple.pixel.plist"  # comes between the first scan and the second
@@ -122,23 +121,13 @@ def main(program, command_line, make_volume, kept):
         subprocess.run(scan, stdout=subprocess.DEVNULL)
         (home / LATER).write_bytes(later)
         subprocess.run(scan, stdout=subprocess.DEVNULL)
-        pilot = Pilot(program, "--volume", str(volume), "--user", "alice",
-                      screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
-        screens = Screens(pilot, folder)
-        try:
-            pilot.confirm_access()
+        with flown(program, volume, folder, kept) as (pilot, screens):
             view_last(pilot)
             look_at_each(pilot, screens)
             compare(pilot, screens)
             remove_from_old(pilot, home)
             print_and_export(pilot, screens, arrived, folder)
             delete_all(pilot)
-        except Exception:
-            pilot.shot("failure")
-            raise
-        finally:
-            pilot.close()
-        screens.compare(pathlib.Path(kept))
 
 
 if __name__ == "__main__":

@@ -82,7 +82,7 @@ def check_after_restart(program, volume, folder):
 def check_second_start(pilot, program):
     pilot.click("Close", "push button")  # the status icon brings it back
     wait_for("the window to hide", lambda: not windows_of(pilot.process))
-    second = subprocess.run([program], timeout=10)
+    second = subprocess.run([program], timeout=60)
     assert second.returncode == 0
     wait_for("the first one's window", lambda: windows_of(pilot.process))
     assert pilot.process.poll() is None

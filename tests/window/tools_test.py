@@ -3,13 +3,12 @@
 
     tools_test.py PROGRAM MAKE-DEMO-VOLUME KEPT-TEXT
 """
-import os
 import pathlib
 import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from pilot import Pilot, Screens, desktop, wait_for  # noqa: E402
+from pilot import desktop, flown, wait_for  # noqa: E402
 
 CLEARED = ["Library/Safari/History.db", "Library/Caches/com.apple.Safari/Cache.db"]
 STAYS = ["Library/Safari/History.db-wal", "Library/Safari/Extensions",
@@ -65,19 +64,9 @@ def main(program, make_volume, kept):
     with desktop() as folder:
         volume = folder / "MacintoshHD"
         subprocess.run([make_volume, str(volume)], check=True, stdout=subprocess.DEVNULL)
-        pilot = Pilot(program, "--volume", str(volume), "--user", "alice",
-                      screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
-        screens = Screens(pilot, folder)
-        try:
-            pilot.confirm_access()
+        with flown(program, volume, folder, kept) as (pilot, screens):
             clear_some(pilot, screens, volume / "Users/alice")
             look_at_inventory(pilot, screens)
-        except Exception:
-            pilot.shot("failure")
-            raise
-        finally:
-            pilot.close()
-        screens.compare(pathlib.Path(kept))
 
 
 if __name__ == "__main__":

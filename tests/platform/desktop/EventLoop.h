@@ -8,10 +8,11 @@
 
 namespace pryvane::test {
 
-/// Runs Qt's events until `done` says so; false after the limit without.
+/// Runs Qt's events until `done` says so; false after the limit without. The limit is for what
+/// never comes: a machine under load may let a thread wait for many seconds.
 template <typename Condition>
 [[nodiscard]] bool runUntil(Condition done,
-                            std::chrono::milliseconds limit = std::chrono::seconds(5))
+                            std::chrono::milliseconds limit = std::chrono::seconds(60))
 {
     const QDeadlineTimer end(limit);
     while (!done()) {
