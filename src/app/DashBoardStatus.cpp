@@ -124,18 +124,23 @@ void DashBoardViewController::loadLastScans()
     if (m_isLoadingLastScans)
         return;
     m_isLoadingLastScans = true;
-    m_loader.start([this] {
-        DefaultMethods store(m_services.defaults, m_services.disk, m_services.clock,
-                             m_services.log);
-        const auto reports = store.loadListReportWithoutDisk(preferences::kSaveReport);
-        m_later.postAfter(std::chrono::milliseconds(0), [this, last = lastScansOf(reports)] {
-            m_isLoadingLastScans = false;
-            m_lastScans = last;
-            Q_EMIT stateChanged();
-            if (m_lastScansAreOld)
-                loadLastScans();
+    m_loader.start(
+        [this] {
+            DefaultMethods store(m_services.defaults, m_services.disk, m_services.clock,
+                                 m_services.log);
+            const auto reports = store.loadListReportWithoutDisk(preferences::kSaveReport);
+            m_later.postAfter(std::chrono::milliseconds(0), [this, last = lastScansOf(reports)] {
+                m_isLoadingLastScans = false;
+                m_lastScans = last;
+                Q_EMIT stateChanged();
+                if (m_lastScansAreOld)
+                    loadLastScans();
+            });
+        },
+        [this](const char*) {
+            m_later.postAfter(std::chrono::milliseconds(0),
+                              [this] { m_isLoadingLastScans = false; });
         });
-    });
 }
 
 } // namespace pryvane

@@ -95,22 +95,26 @@ void InventoryController::gather()
     m_isWhole = false;
     m_isGathering = true;
     m_gathering = {};
-    m_thread.start([this] {
-        const AdwareScan scan(m_services.disk, m_user, m_stop);
-        for (std::size_t kind = 0; kind < kInventoryHeadings.size(); ++kind) {
-            if (m_stop.requested())
-                break;
-            onMain([this, kind] {
-                m_gathering = static_cast<InventoryKind>(kind);
-                Q_EMIT stateChanged();
-            });
-            onMain([this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
-                std::move(found.begin(), found.end(), std::back_inserter(m_entries));
-                Q_EMIT stateChanged();
-            });
-        }
-        onMain([this, whole = scan.whole()] { ended(whole); });
-    });
+    m_thread.start(
+        [this] {
+            const AdwareScan scan(m_services.disk, m_user, m_stop);
+            for (std::size_t kind = 0; kind < kInventoryHeadings.size(); ++kind) {
+                if (m_stop.requested())
+                    break;
+                onMain([this, kind] {
+                    m_gathering = static_cast<InventoryKind>(kind);
+                    Q_EMIT stateChanged();
+                });
+                onMain([this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
+                    std::move(found.begin(), found.end(), std::back_inserter(m_entries));
+                    Q_EMIT stateChanged();
+                });
+            }
+            onMain([this, whole = scan.whole()] { ended(whole); });
+        },
+        [this](const char*) {
+            onMain([this] { ended(false); });
+        });
     Q_EMIT stateChanged();
 }
 

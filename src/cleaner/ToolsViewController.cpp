@@ -28,7 +28,8 @@ void ToolsViewController::start(State state, std::function<void()> work)
     m_stop.request();
     m_thread.join();
     m_stop.clear();
-    m_thread.start(std::move(work));
+    m_thread.start(std::move(work),
+                   [this](const char*) { onMain([this] { setState(State::Idle); }); });
     setState(state);
 }
 

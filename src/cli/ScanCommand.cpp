@@ -159,6 +159,8 @@ int runScan(const ScanArguments& arguments, const Console& console)
     ScanRun scan(console, **host, arguments);
     const bool finished = scan.run();
     const bool madeReport = scan.controller().report() != nullptr;
+    if (!scan.controller().givenUp().empty())
+        return console.fail("the scan was given up: " + scan.controller().givenUp());
     const bool lost = !scan.controller().storeError().empty();
     const bool kept = madeReport && !arguments.noStore && !lost;
     const auto report = scan.report();

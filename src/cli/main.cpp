@@ -1,4 +1,5 @@
 #include "cli/CommandLine.h"
+#include "core/Exhaustion.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -15,9 +16,7 @@ extern "C" void onInterrupt(int)
     g_interrupted.request();
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int runProgram(int argc, char** argv)
 {
     // Scripts ask for the version by itself; no parser need be built for that.
     if (argc == 2 && std::string_view(argv[1]) == "--version") {
@@ -49,4 +48,18 @@ int main(int argc, char** argv)
         return pryvane::cli::kFailed;
     }
     return code;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // A file that may not grow any further is then an error like a full disk.
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+    pryvane::endInWordsWhenExhausted("pryvane-cli");
+    try {
+        return runProgram(argc, argv);
+    } catch (const std::exception& error) {
+        return pryvane::sayExhausted(error);
+    }
 }

@@ -84,7 +84,13 @@ void FindingInbox::push(Pending pending)
         if (std::exchange(m_scheduled, true))
             return;
     }
-    schedule();
+    try {
+        schedule();
+    } catch (...) {
+        const std::lock_guard lock(m_mutex);
+        m_scheduled = false; // for whoever hands in the next one
+        throw;
+    }
 }
 
 void FindingInbox::schedule()

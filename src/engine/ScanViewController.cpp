@@ -98,6 +98,7 @@ void ScanViewController::showStart()
 void ScanViewController::scanInBGThread()
 {
     m_state.arrSpywareList.clear();
+    m_givenUp.clear();
     m_state.isScanning = true;
     m_root = RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
     m_coverage = {};
@@ -118,18 +119,21 @@ void ScanViewController::startChecks()
                 [this, text = std::string(label), step] { ScanningProgressChange(text, step); });
         };
     }
-    m_checkThread.start([this, shown = std::move(shown)] {
-        ScanCoverage coverage;
-        CheckRunner checks(m_services.disk, m_services.defaults, m_options.user, m_inbox, coverage);
-        CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
-        const auto outcome = sequence.scan4SpywareStart();
-        noteHomes(m_services.disk, m_options.homePath(), coverage);
-        const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
-                                                                        : Ending::WithoutReport;
-        m_inbox.whenEmpty([this, ending, coverage = std::move(coverage)] {
-            partEnded(Part::Checks, ending, coverage);
-        });
-    });
+    m_checkThread.start(
+        [this, shown = std::move(shown)] {
+            ScanCoverage coverage;
+            CheckRunner checks(m_services.disk, m_services.defaults, m_options.user, m_inbox,
+                               coverage);
+            CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
+            const auto outcome = sequence.scan4SpywareStart();
+            noteHomes(m_services.disk, m_options.homePath(), coverage);
+            const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
+                                                                            : Ending::WithoutReport;
+            m_inbox.whenEmpty([this, ending, coverage = std::move(coverage)] {
+                partEnded(Part::Checks, ending, coverage);
+            });
+        },
+        [this](const char* why) { partGivenUp(Part::Checks, why); });
 }
 
 /// Counts, then runs the checks beside the walk. The walk decides about the report, and only where
@@ -144,20 +148,23 @@ void ScanViewController::startDeepScan()
     const auto folders = flat ? DeepScan::Folders::Flat : DeepScan::Folders::Nodes;
     m_fileCountCompleted = false;
     m_partsRunning = 1;
-    m_walkThread.start([this, folders] {
-        DeepScan walk(m_services, m_state, m_inbox, m_root, folders);
-        if (walk.count()) {
-            postToMain([this] { DeepScanStart(); });
-            walk.scan();
-        }
-        const auto ending =
-            folders == DeepScan::Folders::Nodes ? Ending::WithReport : Ending::WithoutReport;
-        // Behind DeepScanStart() in the main queue, so that the checks are known to run by then.
-        postToMain([this, ending, coverage = walk.coverage()] {
-            m_inbox.whenEmpty(
-                [this, ending, coverage] { partEnded(Part::Walk, ending, coverage); });
-        });
-    });
+    m_walkThread.start(
+        [this, folders] {
+            DeepScan walk(m_services, m_state, m_inbox, m_root, folders);
+            if (walk.count()) {
+                postToMain([this] { DeepScanStart(); });
+                walk.scan();
+            }
+            const auto ending =
+                folders == DeepScan::Folders::Nodes ? Ending::WithReport : Ending::WithoutReport;
+            // Behind DeepScanStart() in the main queue, so that the checks are known to run by
+            // then.
+            postToMain([this, ending, coverage = walk.coverage()] {
+                m_inbox.whenEmpty(
+                    [this, ending, coverage] { partEnded(Part::Walk, ending, coverage); });
+            });
+        },
+        [this](const char* why) { partGivenUp(Part::Walk, why); });
 }
 
 void ScanViewController::DeepScanStart()
@@ -168,6 +175,17 @@ void ScanViewController::DeepScanStart()
     ++m_partsRunning;
     startChecks();
     Q_EMIT stateChanged();
+}
+
+/// On the part's thread. What was found by then stays on the list, and there is no report: it would
+/// say less than was asked for.
+void ScanViewController::partGivenUp(Part part, const char* why)
+{
+    m_state.isScanStop.request();
+    postToMain([this, part, why] {
+        m_givenUp = why;
+        m_inbox.whenEmpty([this, part] { partEnded(part, Ending::WithoutReport, {}); });
+    });
 }
 
 /// The scan is over when all its parts are: no finding of a slower one may be missing.
@@ -181,7 +199,7 @@ void ScanViewController::partEnded(Part part, Ending ending, ScanCoverage covera
     if (--m_partsRunning > 0)
         return;
     finishCoverage();
-    if (m_ending == Ending::WithReport)
+    if (m_ending == Ending::WithReport && m_givenUp.empty())
         doneScan();
     else
         backToIdle();
@@ -233,17 +251,21 @@ void ScanViewController::doneScan()
     // it is told that this is over, the main thread leaves the report and the store alone.
     m_isStoring = true;
     Q_EMIT stateChanged();
-    m_storeThread.start([this, now] {
-        std::string error;
-        if (const auto stored = m_store.updateReportInDefaults(m_report); !stored)
-            error = stored.error().message;
-        logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
-        logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
-        auto findings = factsOf(*m_report->spyWareList);
-        postToMain([this, error, findings = std::move(findings)]() mutable {
-            reportStored(error, std::move(findings));
+    m_storeThread.start(
+        [this, now] {
+            std::string error;
+            if (const auto stored = m_store.updateReportInDefaults(m_report); !stored)
+                error = stored.error().message;
+            logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
+            logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
+            auto findings = factsOf(*m_report->spyWareList);
+            postToMain([this, error, findings = std::move(findings)]() mutable {
+                reportStored(error, std::move(findings));
+            });
+        },
+        [this](const char* why) {
+            postToMain([this, why] { reportStored(why, factsOf(*m_report->spyWareList)); });
         });
-    });
 }
 
 void ScanViewController::reportStored(const std::string& error, FindingFacts findings)

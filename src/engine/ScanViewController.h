@@ -86,6 +86,8 @@ public:
     [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
 
     /// Why the last report could not be stored; empty when it was.
+    /// Why the scan was given up, which left no report; empty: it was not.
+    [[nodiscard]] const std::string& givenUp() const { return m_givenUp; }
     [[nodiscard]] const std::string& storeError() const { return m_storeError; }
     [[nodiscard]] const ScanCoverage& coverage() const { return m_coverage; }
 
@@ -112,6 +114,7 @@ private:
     void startChecks();
     void startDeepScan();
     void DeepScanStart();
+    void partGivenUp(Part part, const char* why);
     void partEnded(Part part, Ending ending, ScanCoverage coverage);
     void doneScan();
     void reportStored(const std::string& error, FindingFacts findings);
@@ -142,7 +145,7 @@ private:
     ThreatLists m_lists;
     std::string m_reportType;
     std::shared_ptr<SpywareScanReport> m_report;
-    std::string m_storeError;
+    std::string m_storeError, m_givenUp;
     ScanDisplay m_display;
     StatusPanel m_statusPanel;
     ScanCoverage m_coverage;

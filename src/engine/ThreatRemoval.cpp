@@ -184,12 +184,21 @@ void ThreatRemoval::start(SpywareList records, Then then)
     m_total = records.size();
     m_screen.lists.deletedCount = 0;
     m_screen.changed();
-    m_thread.start([this, selected = selection(std::move(records)), then]() mutable {
-        std::vector<RemovalResult> results(selected.records.size());
-        carryOut(selected, results);
-        postToMain([this, records = std::move(selected.records), results = std::move(results),
-                    then] { removed(records, results, then); });
-    });
+    const auto selected = std::make_shared<const RecordSelection>(selection(std::move(records)));
+    const auto results = std::make_shared<std::vector<RemovalResult>>(m_total);
+    const auto end = [this, selected, results, then] {
+        postToMain([this, selected, results, then] { removed(selected->records, *results, then); });
+    };
+    m_thread.start(
+        [this, selected, results, end] {
+            carryOut(*selected, *results);
+            end();
+        },
+        [results, end](const char* why) {
+            for (RemovalResult& result : *results)
+                result.giveUp(why);
+            end();
+        });
 }
 
 /// On the removal's thread.
@@ -299,14 +308,16 @@ void ThreatRemoval::startPlan()
     m_plan = {};
     m_stopPlan.clear();
     m_screen.changed();
-    m_planThread.start([this, selected = selection(m_screen.lists.arrThreats)] {
-        RemovalPlan plan;
-        {
-            const std::lock_guard lock(m_oneAtATime);
-            plan = RecordRemoval(m_services.disk, m_remover).plan(selected, m_stopPlan);
-        }
-        postToMain([this, plan = std::move(plan)]() mutable { planned(std::move(plan)); });
-    });
+    m_planThread.start(
+        [this, selected = selection(m_screen.lists.arrThreats)] {
+            RemovalPlan plan;
+            {
+                const std::lock_guard lock(m_oneAtATime);
+                plan = RecordRemoval(m_services.disk, m_remover).plan(selected, m_stopPlan);
+            }
+            postToMain([this, plan = std::move(plan)]() mutable { planned(std::move(plan)); });
+        },
+        [this](const char*) { postToMain([this] { planned({}); }); });
 }
 
 void ThreatRemoval::planned(RemovalPlan plan)

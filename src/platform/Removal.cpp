@@ -42,6 +42,8 @@ std::string_view sentence(RemovalObstacle obstacle)
         return "stopped before it was done; remove it again to finish";
     case RemovalObstacle::DeviceError:
         return "the system reports an error; check the disk, then try again";
+    case RemovalObstacle::GivenUp:
+        return "it was given up";
     }
     return {};
 }

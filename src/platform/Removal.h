@@ -56,6 +56,7 @@ enum class RemovalObstacle : std::uint8_t {
     Confined,       ///< the kernel stopped a removal outside the volume
     Stopped,        ///< the user stopped before it was whole
     DeviceError,
+    GivenUp, ///< for want of memory or the like
 };
 
 /// The obstacle in a sentence for a person: what is in the way and what to do about it. `detail` is
@@ -91,6 +92,14 @@ struct RemovalResult {
     [[nodiscard]] std::string reason() const { return obstacleText(obstacle, detail); }
     /// The reason, where it failed, and the remark.
     [[nodiscard]] std::string note() const;
+    /// Says why, unless it is known what became of the item.
+    void giveUp(const char* why)
+    {
+        if (outcome != RemovalOutcome::Failed || obstacle != RemovalObstacle::None)
+            return;
+        detail = why;
+        obstacle = RemovalObstacle::GivenUp;
+    }
 };
 
 } // namespace pryvane

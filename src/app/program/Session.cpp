@@ -134,9 +134,12 @@ void Session::start()
 {
     m_delegate.applicationDidFinishLaunching();
     // What a crash left open of an earlier removal is looked into while nobody waits for it.
-    m_settling.start([this] {
-        m_sharedRemover.meanwhileNothing([this] { logFailure(m_desktop.log, m_journal.settle()); });
-    });
+    m_settling.start(
+        [this] {
+            m_sharedRemover.meanwhileNothing(
+                [this] { logFailure(m_desktop.log, m_journal.settle()); });
+        },
+        [](const char*) {});
 }
 
 void Session::end()

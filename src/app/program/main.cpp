@@ -2,6 +2,7 @@
 #include "app/program/Desktop.h"
 #include "app/program/Session.h"
 #include "core/Escape.h"
+#include "core/Exhaustion.h"
 #include "platform/posix/DataFolder.h"
 #include "platform/posix/RuntimeFolder.h"
 #include "platform/posix/SingleInstance.h"
@@ -13,6 +14,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 
@@ -21,6 +23,28 @@ namespace {
 using namespace pryvane;
 
 constexpr int kFailed = 2;
+
+/// Ends the program in words when memory runs out while it handles an event: what the screen shows
+/// may be half of what it should be, and the store and the journal are whole at any moment.
+class Application final : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            if (!std::exchange(m_gaveUp, true))
+                sayExhausted(error);
+            exit(kFailed);
+            return false;
+        }
+    }
+
+private:
+    bool m_gaveUp = false;
+};
 
 int fail(const std::string& message)
 {
@@ -82,7 +106,8 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
             current->requestScan();
         if (isFirst && !desktop.notice().empty())
             desktop.alerts.runModal({"", desktop.notice(), {"OK"}});
-        QApplication::exec();
+        if (QApplication::exec() == kFailed)
+            return kFailed;
         current->end();
         choice = current->next();
         current = nullptr;
@@ -90,9 +115,19 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
     return 0;
 }
 
-} // namespace
+/// Background work that was given up is told while the program goes on.
+void tellOfGivenUpWork(Desktop& desktop)
+{
+    whenWorkIsGivenUp([&desktop](const char* why) {
+        desktop.mainQueue.post([&desktop, why] {
+            const std::string text = std::string("Something could not be finished: ") + why + ".";
+            desktop.log.line(text);
+            desktop.alerts.runModal({"", text, {"OK"}});
+        });
+    });
+}
 
-int main(int argc, char** argv)
+int runProgram(int argc, char** argv)
 {
     const ParsedArguments parsed = parseArguments(argc, argv);
     if (!parsed.arguments)
@@ -103,7 +138,7 @@ int main(int argc, char** argv)
         return handOver(*instance, *parsed.arguments);
 
     int qtArgumentCount = 1; // the rest has been read
-    QApplication application(qtArgumentCount, argv);
+    Application application(qtArgumentCount, argv);
     QApplication::setApplicationName(QStringLiteral("Pryvane"));
     QApplication::setDesktopFileName(QStringLiteral("pryvane"));
     QApplication::setQuitOnLastWindowClosed(false);
@@ -111,5 +146,20 @@ int main(int argc, char** argv)
     auto desktop = Desktop::open(dataFolder);
     if (!desktop)
         return fail(desktop.error().message);
+    tellOfGivenUpWork(**desktop);
     return runSessions(**desktop, *parsed.arguments, instance ? &*instance : nullptr);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // A file that may not grow any further is then an error like a full disk.
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+    endInWordsWhenExhausted("pryvane");
+    try {
+        return runProgram(argc, argv);
+    } catch (const std::exception& error) {
+        return sayExhausted(error);
+    }
 }

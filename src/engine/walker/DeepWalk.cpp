@@ -38,9 +38,12 @@ void walkTree(const WalkRoot& root, const WalkRules& rules, unsigned threads, co
     crew.begin(std::move(task));
     const CrewSize size = CrewSize::forThreads(threads);
     GrowingCrew walkers(size.threads, [&] {
-        TreeWalker({rules, stop, crew, walkers, report, tally, size.handles}).run();
+        crew.share([&] {
+            TreeWalker({rules, stop, crew, walkers, report, tally, size.handles}).run();
+        });
     });
     walkers.run();
+    crew.throwOn();
     report.flush();
 }
 

@@ -243,8 +243,9 @@ void allocatedSizes(std::size_t locations, unsigned threads, const OpenMeasurabl
     Sums sums(locations, stop, told);
     const CrewSize size = CrewSize::forThreads(threads);
     onThreads(size.threads, [&] {
-        SizeWalker({crew, sums, open, stop, progress, size.handles}).run();
+        crew.share([&] { SizeWalker({crew, sums, open, stop, progress, size.handles}).run(); });
     });
+    crew.throwOn();
 }
 
 std::int64_t allocatedSizeBelow(UniqueFd folder)

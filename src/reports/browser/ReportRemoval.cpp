@@ -159,13 +159,9 @@ void ReportRemoval::start(const SpywareList& records, Then then)
     m_screen.changed();
     const RecordSelection selection{eachOnce(records), m_removingFrom->volume, m_screen.user};
     m_total = selection.records.size();
-    m_thread.start([this, selection, records, then, alive = std::weak_ptr(m_alive)] {
-        std::vector<RemovalResult> results(selection.records.size());
-        RecordRemoval(m_services.disk, m_remover)
-            .remove(selection, m_stop, [&](std::size_t item, const RemovalResult& result) {
-                results[item] = result;
-                ++m_done;
-            });
+    const auto shared = std::make_shared<std::vector<RemovalResult>>(m_total);
+    const auto end = [this, selection, records, then, shared, alive = std::weak_ptr(m_alive)] {
+        const auto& results = *shared;
         // A record of a location that is listed twice shares the outcome of the first.
         std::unordered_map<std::string_view, std::size_t> places;
         for (std::size_t i = 0; i < results.size(); ++i)
@@ -177,7 +173,21 @@ void ReportRemoval::start(const SpywareList& records, Then then)
             if (!alive.expired())
                 removed(records, ofAll, then);
         });
-    });
+    };
+    m_thread.start(
+        [this, selection, shared, end] {
+            RecordRemoval(m_services.disk, m_remover)
+                .remove(selection, m_stop, [&](std::size_t item, const RemovalResult& result) {
+                    (*shared)[item] = result;
+                    ++m_done;
+                });
+            end();
+        },
+        [shared, end](const char* why) {
+            for (RemovalResult& result : *shared)
+                result.giveUp(why);
+            end();
+        });
 }
 
 void ReportRemoval::removed(const SpywareList& records, const std::vector<RemovalResult>& results,

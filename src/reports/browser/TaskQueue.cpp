@@ -24,19 +24,30 @@ void TaskQueue::startNext()
     Job job = std::move(m_waiting.front());
     m_waiting.pop_front();
     const auto handover = std::make_shared<Handover>();
-    m_worker.start([this, handover, job = std::move(job), alive = std::weak_ptr(m_alive)] {
-        Ending ending = job(m_stop);
-        const std::lock_guard lock(handover->mutex);
-        handover->ending = std::move(ending);
-        if (handover->isWaitedFor) {
-            handover->ended.notify_one();
-            return;
-        }
-        m_queue.post([this, handover, alive] {
-            if (!alive.expired())
-                finish(*handover);
+    m_worker.start(
+        [this, handover, job = std::move(job), alive = std::weak_ptr(m_alive)] {
+            Ending ending = job(m_stop);
+            const std::lock_guard lock(handover->mutex);
+            handover->ending = std::move(ending);
+            if (handover->isWaitedFor) {
+                handover->ended.notify_one();
+                return;
+            }
+            m_queue.post([this, handover, alive] {
+                if (!alive.expired())
+                    finish(*handover);
+            });
+        },
+        [this, handover, alive = std::weak_ptr(m_alive)](const char*) {
+            const std::lock_guard lock(handover->mutex);
+            handover->ending.emplace(); // what was asked for does not come
+            if (handover->isWaitedFor)
+                return handover->ended.notify_one();
+            m_queue.post([this, handover, alive] {
+                if (!alive.expired())
+                    finish(*handover);
+            });
         });
-    });
     std::unique_lock lock(handover->mutex);
     handover->isWaitedFor =
         handover->ended.wait_for(lock, m_patience, [&] { return handover->ending.has_value(); });
@@ -49,7 +60,8 @@ void TaskQueue::startNext()
 void TaskQueue::finish(Handover& handover)
 {
     m_isRunning = false;
-    (*handover.ending)();
+    if (*handover.ending)
+        (*handover.ending)();
     startNext();
 }
 

@@ -333,12 +333,12 @@ TEST(ConfinedRemoval, EndsWhereAFolderLeavesTheVolume)
 TEST(Obstacles, HaveASentenceEach)
 {
     std::set<std::string> sentences;
-    for (int i = 1; i <= static_cast<int>(RemovalObstacle::DeviceError); ++i) {
+    for (int i = 1; i <= static_cast<int>(RemovalObstacle::GivenUp); ++i) {
         const auto obstacle = static_cast<RemovalObstacle>(i);
         EXPECT_THAT(obstacleText(obstacle, "why"), testing::EndsWith(" (why)"));
         sentences.insert(obstacleText(obstacle));
     }
-    EXPECT_EQ(sentences.size(), static_cast<std::size_t>(RemovalObstacle::DeviceError));
+    EXPECT_EQ(sentences.size(), static_cast<std::size_t>(RemovalObstacle::GivenUp));
     EXPECT_EQ(obstacleText(RemovalObstacle::None, "why"), "");
 }
 

@@ -84,7 +84,7 @@ void GrowingCrew::addOne()
         return;
     try {
         m_helpers.emplace_back(m_work);
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         // Fewer will do.
     }
 }

@@ -4,10 +4,10 @@
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <optional>
-#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -48,8 +48,8 @@ public:
     {
         std::unique_lock lock(m_mutex);
         m_wanted.fetch_add(1, std::memory_order_relaxed);
-        m_changed.wait(lock, [this] { return !m_tasks.empty() || m_working == 0; });
-        if (m_tasks.empty()) {
+        m_changed.wait(lock, [this] { return !m_tasks.empty() || m_working == 0 || m_failure; });
+        if (m_tasks.empty() || m_failure) {
             m_changed.notify_all();
             return std::nullopt;
         }
@@ -67,11 +67,33 @@ public:
             m_changed.notify_all();
     }
 
+    /// Does one thread's share of the work. What it throws ends the shares of the others, too, each
+    /// after its task in hand.
+    template <typename Work>
+    void share(const Work& work)
+    {
+        try {
+            work();
+        } catch (...) {
+            const std::lock_guard lock(m_mutex);
+            m_failure = std::current_exception();
+            m_changed.notify_all();
+        }
+    }
+
+    /// Throws on what a share threw, once all threads have ended.
+    void throwOn() const
+    {
+        if (m_failure)
+            std::rethrow_exception(m_failure);
+    }
+
 private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<Task> m_tasks;     // guarded by m_mutex
     int m_working = 0;            // guarded by m_mutex
+    std::exception_ptr m_failure; // guarded by m_mutex
     std::atomic<int> m_wanted{0}; ///< waiting threads less tasks on their way to them
 };
 
@@ -128,11 +150,11 @@ template <typename Work>
 void onThreads(std::size_t count, Work work)
 {
     std::vector<std::thread> helpers;
-    helpers.reserve(count);
     try {
+        helpers.reserve(count);
         while (helpers.size() + 1 < count)
             helpers.emplace_back(work);
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         // Fewer will do.
     }
     work();

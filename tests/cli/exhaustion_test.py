@@ -1,0 +1,148 @@
+#!/usr/bin/env python3
+"""Lets each request for memory of pryvane-cli's commands fail in turn, and limits files and threads.
+
+  exhaustion_test.py PROGRAM FAILING_MALLOC MAKE_DEMO_VOLUME
+
+Each run must end with its usual code and its usual words, or with 2 and a sentence; the store must be
+sound and hold the reports it held, and the next command must work at once. PRYVANE_TEST_ALLOCATIONS
+says how many requests of each command fail, spread over all of them; "all" leaves none out.
+"""
+import collections
+import concurrent.futures
+import json
+import os
+import pathlib
+import resource
+import shutil
+import signal
+import sqlite3
+import subprocess
+import sys
+import tempfile
+
+program, library, make_volume = sys.argv[1:4]
+wanted = os.environ.get("PRYVANE_TEST_ALLOCATIONS", "40")
+work = pathlib.Path(tempfile.mkdtemp(prefix="pryvane-exhaustion-"))
+COMMANDS = {
+    "quick scan": ["scan", "--format", "json"],
+    "deep scan": ["scan", "--deep", "--format", "json"],
+    "list": ["report", "list"],
+    "remove": ["remove", "latest", "--all", "--yes"],
+    "inventory": ["inventory", "--format", "json"],
+}
+
+
+class Scene:
+    """A store with one report, and its volume."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        self.environment = {**os.environ, "PRYVANE_DATA_DIR": str(folder / "data")}
+
+    def copy(self, name):
+        shutil.copytree(self.folder, work / name, symlinks=True)
+        return Scene(work / name)
+
+    def run(self, command, extra=None, prepare=None):
+        arguments = list(COMMANDS[command])
+        if arguments[0] != "report":
+            arguments += ["--volume", str(self.folder / "volume"), "--user", "alice"]
+        return subprocess.run([program, *arguments], env=self.environment | (extra or {}), capture_output=True,
+                              timeout=60, preexec_fn=prepare)
+
+    def reports(self):
+        return self.run("list")
+
+
+def identities(run):
+    """Of the reports, newest first, with what each found; not how long ago that was."""
+    return [(line[:36], line.split("found ")[1].split()[0]) for line in run.stdout.decode().splitlines() if "found " in line]
+
+
+def told(command, run):
+    """What of the output must not depend on the moment."""
+    if command == "list":
+        return identities(run)
+    if "scan" not in command:
+        return run.stdout
+    report = json.loads(run.stdout)
+    return (sorted(row["path"] for row in report["report"]["spyWareList"]), report["coverage"]["refused"])
+
+
+def faults(command, scene, run, usual, before):
+    words = run.stderr.decode(errors="replace")
+    if run.returncode == 2:
+        if not words.startswith("pryvane") or "terminate" in words or not words.endswith("\n"):
+            yield f"no sentence: {words!r}"
+    elif run.returncode != usual.returncode:
+        yield f"code {run.returncode}: {words!r}"
+    elif told(command, run) != told(command, usual):
+        yield f"says success and something else: {run.stdout[:300]!r} {words!r}"
+    store = scene.folder / "data/Pryvane.sqlite"
+    if [file.name for file in store.parent.iterdir() if "sqlite" in file.name and file.name != store.name]:
+        yield f"beside the store: {sorted(file.name for file in store.parent.iterdir())}"
+    with sqlite3.connect(store) as connection:
+        if connection.execute("pragma integrity_check").fetchall() != [("ok",)]:
+            yield "the store is damaged"
+    after = scene.reports()
+    held = identities(before)
+    if after.returncode != 0 or identities(after)[-len(held):] != held:
+        yield f"reports afterwards: {after.stdout!r} {after.stderr!r}"
+
+
+def attempt(base, command, usual, before, name, **how):
+    scene = base.copy(name)
+    try:
+        run = scene.run(command, **how)
+        return run.returncode, [f"{name}: {fault}" for fault in faults(command, scene, run, usual, before)]
+    except (subprocess.TimeoutExpired, ValueError, sqlite3.Error) as error:
+        return None, [f"{name}: {error}"]
+    finally:
+        shutil.rmtree(scene.folder)
+
+
+def no_threads():
+    # Root is not held to a number of processes, but anyone to an address space.
+    resource.setrlimit(resource.RLIMIT_NPROC, (1, 1))
+
+
+def small_files():
+    resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))
+    signal.signal(signal.SIGXFSZ, signal.SIG_DFL)  # Python ignores it
+
+
+def main():
+    (work / "base/volume").mkdir(parents=True)
+    base = Scene(work / "base")
+    subprocess.run([make_volume, base.folder / "volume"], check=True, capture_output=True)
+    base.run("quick scan")
+    before = base.reports()
+    failures, codes, tries = [], collections.Counter(), 0
+    with concurrent.futures.ThreadPoolExecutor(max(2, os.cpu_count() // 2)) as pool:
+        for command in COMMANDS:
+            scene = base.copy("usual")
+            count = work / "count"
+            usual = scene.run(command, {"LD_PRELOAD": library, "PRYVANE_FAIL_COUNT": str(count)})
+            shutil.rmtree(scene.folder)
+            requests = int(count.read_text())
+            step = 1 if wanted == "all" else max(1, requests // int(wanted))
+            places = range(1, requests + 1, step)
+            runs = [pool.submit(attempt, base, command, usual, before, f"{command}, request {at}{' and on' if on else ''}",
+                                extra={"LD_PRELOAD": library, "PRYVANE_FAIL_AT": str(at)} | ({"PRYVANE_FAIL_ON": "1"} if on else {}))
+                    for at in places for on in (False, True)]
+            runs.append(pool.submit(attempt, base, command, usual, before, f"{command}, small files", prepare=small_files))
+            runs.append(pool.submit(attempt, base, command, usual, before, f"{command}, no threads", prepare=no_threads))
+            own = collections.Counter()
+            for run in runs:
+                code, found = run.result()
+                own[code] += 1
+                failures += found
+            tries += len(runs)
+            print(f"{command}: {requests} requests, {len(runs)} runs, codes {dict(own)}")
+    print("\n".join(failures[:40]))
+    print(f"{tries} runs, {len(failures)} faults")
+    shutil.rmtree(work)
+    return 1 if failures else 0
+
+
+sys.exit(main())
