@@ -65,14 +65,18 @@ public:
     void plan(std::span<const RemovalItem> items, const StopFlag&,
               const RemovalForecasts& told) override
     {
+        RemovalForecast forecast;
+        forecast.kind = FileKind::RegularFile;
         for (std::size_t i = 0; i < items.size(); ++i)
-            told(i, {FileKind::RegularFile});
+            told(i, forecast);
     }
     void remove(std::span<const RemovalItem> items, const StopFlag&,
                 const RemovalResults& told) override
     {
+        RemovalResult result;
+        result.outcome = RemovalOutcome::Removed;
         for (std::size_t i = 0; i < items.size(); ++i)
-            told(i, {RemovalOutcome::Removed});
+            told(i, result);
     }
 };
 
