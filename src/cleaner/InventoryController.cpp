@@ -112,9 +112,7 @@ void InventoryController::gather()
             }
             onMain([this, whole = scan.whole()] { ended(whole); });
         },
-        [this](const char*) {
-            onMain([this] { ended(false); });
-        });
+        [this](const char*) { onMain([this] { ended(false); }); });
     Q_EMIT stateChanged();
 }
 
