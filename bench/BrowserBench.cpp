@@ -1,22 +1,22 @@
 // How long the report browser holds the main thread at a time with 10,000 reports of 20 findings
 // each, and with one report of 100,000; and what an opening costs beyond reading the store.
 #include "TimedMainQueue.h"
+#include "browser/ReportBrowserHost.h"
+#include "browser/ReportViewController.h"
 #include "core/NotificationCenter.h"
+#include "hosts/posix/SystemClock.h"
 #include "platform/FileViewer.h"
 #include "platform/MachineInfo.h"
 #include "platform/Printer.h"
 #include "platform/Remover.h"
 #include "platform/UserNotifier.h"
-#include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
 #include "reports/ReportFixtures.h"
-#include "reports/browser/ReportBrowserHost.h"
-#include "reports/browser/ReportViewController.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
+#include "store/SqliteUserDefaults.h"
 #include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -5,19 +5,19 @@
 //   deep_bench idle VOLUME               nothing, for its memory
 #include "PeakMemory.h"
 #include "core/NotificationCenter.h"
-#include "engine/FindingInbox.h"
-#include "engine/records/ScanCoverage.h"
-#include "engine/records/ScanState.h"
-#include "engine/walker/DeepWalk.h"
-#include "engine/walker/WalkNotifications.h"
+#include "core/tasks/BlockingMainQueue.h"
+#include "findings/ScanCoverage.h"
+#include "findings/ScanState.h"
+#include "hosts/posix/SystemClock.h"
 #include "platform/PlatformServices.h"
-#include "platform/posix/BlockingMainQueue.h"
-#include "platform/posix/MemoryUserDefaults.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
+#include "scan/FindingInbox.h"
+#include "scan/walker/DeepWalk.h"
+#include "scan/walker/WalkNotifications.h"
 #include "signatures/Catalogue.h"
 #include "signatures/PatternAutomaton.h"
+#include "store/MemoryUserDefaults.h"
 #include "support/Fakes.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <chrono>
 #include <cstdio>

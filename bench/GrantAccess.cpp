@@ -1,10 +1,10 @@
 // Grants the window the home of alice on a volume, as the welcome does.
 //   grant_access VOLUME DATA-FOLDER
+#include "hosts/posix/FolderGrants.h"
 #include "platform/Log.h"
 #include "platform/UserDefaults.h"
-#include "platform/posix/FolderGrants.h"
-#include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/VolumeFileSystem.h"
+#include "store/SqliteUserDefaults.h"
+#include "volume/VolumeFileSystem.h"
 
 int main(int argc, char** argv)
 {

@@ -5,7 +5,7 @@
 #include "Medians.h"
 #include "PdfBenchPeer.h"
 #include "PeakMemory.h"
-#include "platform/LoadedModule.h"
+#include "core/LoadedModule.h"
 #include "platform/MachineInfo.h"
 #include "reports/ReportFixtures.h"
 #include "reports/pdf/PDFGenerate.h"

@@ -1,16 +1,16 @@
 // An unpaced quick scan against the bare cost of its system calls, and its growth with the entries.
 #include "Medians.h"
 #include "QuickFloor.h"
-#include "engine/CheckSequence.h"
-#include "engine/records/ScanCoverage.h"
-#include "platform/posix/MemoryUserDefaults.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
+#include "findings/ScanCoverage.h"
+#include "hosts/posix/SystemClock.h"
+#include "scan/CheckSequence.h"
 #include "signatures/Catalogue.h"
 #include "signatures/CheckRunner.h"
 #include "signatures/FindingSink.h"
+#include "store/MemoryUserDefaults.h"
 #include "support/ForwardingDisk.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <cstdlib>
 #include <iostream>

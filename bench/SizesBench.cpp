@@ -1,5 +1,5 @@
 // Measures one folder the way the privacy tools do, and prints its bytes: to be raced by bench/run.
-#include "platform/posix/VolumeSizeMeter.h"
+#include "volume/VolumeSizeMeter.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -2,19 +2,19 @@
 // start to its stored report, and then while all of them are planned and removed.
 #include "TimedMainQueue.h"
 #include "core/NotificationCenter.h"
-#include "engine/DiskAccess.h"
-#include "engine/ScanViewController.h"
-#include "engine/records/ScanState.h"
+#include "findings/ScanState.h"
+#include "hosts/posix/SystemClock.h"
 #include "platform/RemovalJournal.h"
 #include "platform/UserNotifier.h"
-#include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
-#include "platform/posix/removal/VolumeRemover.h"
+#include "removal/disk/VolumeRemover.h"
 #include "reports/DefaultMethods.h"
+#include "scan/DiskAccess.h"
+#include "scan/ScanViewController.h"
 #include "signatures/MakersApplications.h"
+#include "store/SqliteUserDefaults.h"
 #include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <algorithm>
 #include <cstdio>

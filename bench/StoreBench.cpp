@@ -2,13 +2,13 @@
 // classes over the same bytes; both readers test each distinct path once.
 
 #include "StoreBenchPeer.h"
+#include "hosts/posix/SystemClock.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
-#include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/SystemClock.h"
 #include "reports/DefaultMethods.h"
 #include "reports/RecordAvailability.h"
 #include "reports/ReportCodec.h"
+#include "store/SqliteUserDefaults.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/posix/BlockingMainQueue.h"
+#include "core/tasks/BlockingMainQueue.h"
 
 #include <chrono>
 #include <vector>

@@ -1,7 +1,7 @@
 // Browsers' JSON files come from disks that anybody may have written: no bytes may crash their
 // readers or cost much memory, and what is read keeps within what was promised.
 
-#include "cleaner/ExtensionFiles.h"
+#include "inventory/ExtensionFiles.h"
 
 #include <cstdint>
 #include <cstdlib>

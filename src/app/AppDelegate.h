@@ -1,12 +1,12 @@
 #pragma once
 
 #include "app/ApplicationFacts.h"
-#include "app/BoundQueue.h"
 #include "core/NotificationCenter.h"
-#include "engine/DiskAccess.h"
-#include "engine/records/ScanState.h"
+#include "core/tasks/BoundQueue.h"
+#include "findings/ScanState.h"
 #include "platform/DesktopServices.h"
 #include "platform/PlatformServices.h"
+#include "scan/DiskAccess.h"
 
 #include <QObject>
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/ApplicationFacts.h"
-#include "app/BoundQueue.h"
 #include "app/LastScans.h"
 #include "core/NotificationCenter.h"
-#include "engine/Worker.h"
+#include "core/tasks/BoundQueue.h"
+#include "core/tasks/Worker.h"
 #include "platform/DesktopServices.h"
 #include "platform/PlatformServices.h"
 #include "platform/Timers.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/BoundQueue.h"
 #include "app/Navigation.h"
 #include "core/NotificationCenter.h"
+#include "core/tasks/BoundQueue.h"
 #include "platform/PlatformServices.h"
 
 #include <QObject>

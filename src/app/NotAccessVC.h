@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/BoundQueue.h"
 #include "core/Result.h"
+#include "core/tasks/BoundQueue.h"
 #include "platform/FileURL.h"
 #include "platform/PlatformServices.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "cleaner/AdwareScan.h"
 #include "cli/Host.h"
 #include "cli/ProgressBar.h"
-#include "engine/records/ScanCoverage.h"
-#include "platform/posix/VolumeSizeMeter.h"
+#include "findings/ScanCoverage.h"
+#include "inventory/AdwareScan.h"
+#include "volume/VolumeSizeMeter.h"
 
 #include <string>
 

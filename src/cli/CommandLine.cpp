@@ -2,7 +2,7 @@
 
 #include "cli/Host.h"
 #include "core/Escape.h"
-#include "platform/posix/removal/ConfinedWork.h"
+#include "removal/disk/ConfinedWork.h"
 
 #include <iostream>
 #include <sstream>

@@ -1,9 +1,9 @@
 #include "cli/CommandLine.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
-#include "platform/posix/FoldedName.h"
-#include "platform/posix/LoginUser.h"
+#include "hosts/posix/LoginUser.h"
 #include "signatures/Explain.h"
+#include "volume/FoldedName.h"
 
 #include <ostream>
 

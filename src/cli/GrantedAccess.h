@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/DiskAccess.h"
 #include "platform/FileSystem.h"
+#include "scan/DiskAccess.h"
 
 namespace pryvane::cli {
 

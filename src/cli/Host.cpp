@@ -2,18 +2,18 @@
 
 #include "cli/TerminalQuestions.h"
 #include "core/Escape.h"
-#include "platform/linux/LinuxMachineInfo.h"
-#include "platform/linux/LinuxWorkspace.h"
-#include "platform/posix/DataFolder.h"
-#include "platform/posix/LoadedPrinter.h"
-#include "platform/posix/LoginUser.h"
-#include "platform/posix/MemoryUserDefaults.h"
-#include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/removal/RemovalJournalFile.h"
-#include "platform/posix/removal/VolumeRemover.h"
+#include "hosts/linux/LinuxMachineInfo.h"
+#include "hosts/linux/LinuxWorkspace.h"
+#include "hosts/posix/DataFolder.h"
+#include "hosts/posix/LoadedPrinter.h"
+#include "hosts/posix/LoginUser.h"
+#include "removal/disk/RemovalJournalFile.h"
+#include "removal/disk/VolumeRemover.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
 #include "signatures/MakersApplications.h"
+#include "store/MemoryUserDefaults.h"
+#include "store/SqliteUserDefaults.h"
 
 namespace pryvane::cli {
 

@@ -3,14 +3,14 @@
 #include "cli/Console.h"
 #include "core/NotificationCenter.h"
 #include "core/Result.h"
-#include "engine/records/ScanState.h"
+#include "core/tasks/BlockingMainQueue.h"
+#include "findings/ScanState.h"
+#include "hosts/posix/SystemClock.h"
 #include "platform/Log.h"
 #include "platform/PlatformServices.h"
 #include "platform/UserDefaults.h"
 #include "platform/UserNotifier.h"
-#include "platform/posix/BlockingMainQueue.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <memory>
 #include <mutex>

@@ -1,9 +1,9 @@
-#include "cleaner/InventoryKind.h"
 #include "cli/CleanerHost.h"
 #include "cli/CommandLine.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
+#include "inventory/InventoryKind.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,11 +1,11 @@
 #include "cli/PrivacyClear.h"
 
-#include "cleaner/PrivacyCatalogue.h"
 #include "cli/CleanerHost.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
 #include "core/Result.h"
 #include "core/Texts.h"
+#include "privacy/PrivacyCatalogue.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cleaner/PrivacyCleaning.h"
 #include "cli/Console.h"
+#include "privacy/PrivacyCleaning.h"
 
 #include <span>
 #include <string>

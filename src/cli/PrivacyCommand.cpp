@@ -1,4 +1,3 @@
-#include "cleaner/PrivacyScan.h"
 #include "cli/CleanerHost.h"
 #include "cli/CommandLine.h"
 #include "cli/PrivacyClear.h"
@@ -6,6 +5,7 @@
 #include "core/Escape.h"
 #include "platform/Remover.h"
 #include "platform/Workspace.h"
+#include "privacy/PrivacyScan.h"
 
 #include <nlohmann/json.hpp>
 

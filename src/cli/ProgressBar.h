@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Console.h"
-#include "engine/ScanDisplay.h"
+#include "scan/ScanDisplay.h"
 
 #include <chrono>
 #include <functional>

@@ -5,11 +5,11 @@
 #include "cli/ReportLookup.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
-#include "engine/removal/Browsers.h"
-#include "engine/removal/RecordRemoval.h"
 #include "platform/Workspace.h"
-#include "platform/posix/FoldedName.h"
+#include "removal/session/Browsers.h"
+#include "removal/session/RecordRemoval.h"
 #include "reports/DefaultMethods.h"
+#include "volume/FoldedName.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/removal/RemovalPlan.h"
+#include "removal/session/RemovalPlan.h"
 
 #include <span>
 #include <string>

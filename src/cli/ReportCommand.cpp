@@ -4,7 +4,7 @@
 #include "cli/ReportText.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
-#include "platform/posix/removal/RemovalJournalFile.h"
+#include "removal/disk/RemovalJournalFile.h"
 #include "reports/DefaultMethods.h"
 #include "reports/ReportCompare.h"
 #include "reports/ReportExport.h"

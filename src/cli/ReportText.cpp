@@ -2,7 +2,7 @@
 
 #include "cli/TextTable.h"
 #include "core/Escape.h"
-#include "platform/posix/removal/RemovalJournalFile.h"
+#include "removal/disk/RemovalJournalFile.h"
 
 #include <cstdio>
 

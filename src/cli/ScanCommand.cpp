@@ -3,14 +3,14 @@
 #include "cli/Host.h"
 #include "cli/ProgressBar.h"
 #include "cli/ReportText.h"
+#include "core/ErrorText.h"
 #include "core/Escape.h"
-#include "engine/ScanViewController.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/Remover.h"
-#include "platform/posix/ErrorText.h"
 #include "reports/DefaultMethods.h"
 #include "reports/ReportExport.h"
 #include "reports/pdf/PDFGenerate.h"
+#include "scan/ScanViewController.h"
 
 #include <cerrno>
 #include <filesystem>

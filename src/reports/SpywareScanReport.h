@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Texts.h"
-#include "engine/records/ScanCoverage.h"
-#include "engine/records/Spyware.h"
+#include "findings/ScanCoverage.h"
+#include "findings/Spyware.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "signatures/CheckRunner.h"
 
-#include "engine/records/ScanCoverage.h"
-#include "engine/records/Spyware.h"
+#include "findings/ScanCoverage.h"
+#include "findings/Spyware.h"
 #include "platform/FileSystem.h"
 #include "platform/UserDefaults.h"
 #include "signatures/Catalogue.h"

@@ -1,6 +1,6 @@
 #include "signatures/DefaultLocations.h"
 
-#include "engine/records/ScanCoverage.h"
+#include "findings/ScanCoverage.h"
 #include "platform/FileSystem.h"
 #include "signatures/Catalogue.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/records/Spyware.h"
+#include "findings/Spyware.h"
 #include "signatures/Catalogue.h"
 
 namespace pryvane {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "cleaner/PrivacyScan.h"
 #include "platform/Volumes.h"
-#include "platform/posix/VolumeSizeMeter.h"
+#include "privacy/PrivacyScan.h"
 #include "support/StubbornRemover.h"
+#include "volume/VolumeSizeMeter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // What is cleared belongs to the home looked at: whatever links somebody puts inside the volume,
 // nothing behind them is offered, measured or removed.
 #include "cleaner/CleanerFixture.h"
-#include "cleaner/PrivacyCleaning.h"
 #include "platform/removal/RemovalFixtures.h"
+#include "privacy/PrivacyCleaning.h"
 
 #include <atomic>
 #include <fcntl.h>

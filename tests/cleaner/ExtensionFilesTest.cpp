@@ -1,5 +1,5 @@
 // What browsers' files say, and that broken ones say nothing.
-#include "cleaner/ExtensionFiles.h"
+#include "inventory/ExtensionFiles.h"
 
 #include <gtest/gtest.h>
 

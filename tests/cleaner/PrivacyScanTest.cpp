@@ -1,7 +1,7 @@
 // Every item of the catalogue on a planted disk: exactly its files are listed, measured and
 // removed, and what lies beside them stays.
 #include "cleaner/CleanerFixture.h"
-#include "cleaner/PrivacyCleaning.h"
+#include "privacy/PrivacyCleaning.h"
 
 #include <gmock/gmock.h>
 

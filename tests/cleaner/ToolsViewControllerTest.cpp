@@ -1,8 +1,8 @@
 // The tools screen without its window: from the catalogue over the preview to a clean disk.
-#include "cleaner/ToolsViewController.h"
+#include "privacy/ToolsViewController.h"
 
 #include "cleaner/CleanerFixture.h"
-#include "cleaner/InventoryController.h"
+#include "inventory/InventoryController.h"
 #include "support/Fakes.h"
 
 #include <gmock/gmock.h>

@@ -3,7 +3,7 @@
 #include "cli/CliFixture.h"
 #include "cli/PrivacyClear.h"
 #include "platform/RemovalJournal.h"
-#include "platform/posix/removal/VolumeRemover.h"
+#include "removal/disk/VolumeRemover.h"
 
 #include <gmock/gmock.h>
 

@@ -1,10 +1,10 @@
 #include "cli/CliFixture.h"
+#include "hosts/posix/SystemClock.h"
 #include "platform/Log.h"
-#include "platform/posix/SqliteUserDefaults.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
 #include "reports/DefaultMethods.h"
+#include "store/SqliteUserDefaults.h"
 #include "support/RunningProgram.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 #include "cli/CliFixture.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
-#include "platform/posix/removal/RemovalJournalFile.h"
+#include "hosts/posix/SystemClock.h"
+#include "removal/disk/RemovalJournalFile.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "cli/CliFixture.h"
 #include "core/Escape.h"
-#include "engine/records/ScanCoverage.h"
+#include "findings/ScanCoverage.h"
 
 #include <gmock/gmock.h>
 

@@ -2,8 +2,8 @@
 
 #include "cli/CliFixture.h"
 #include "platform/Log.h"
-#include "platform/posix/SqliteUserDefaults.h"
 #include "reports/StoreFixtures.h"
+#include "store/SqliteUserDefaults.h"
 #include "support/FaultyCalls.h"
 
 #include <array>

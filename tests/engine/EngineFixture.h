@@ -1,14 +1,14 @@
 #pragma once
 
 #include "core/NotificationCenter.h"
-#include "engine/DiskAccess.h"
-#include "engine/records/ScanState.h"
+#include "findings/ScanState.h"
 #include "platform/PlatformServices.h"
-#include "platform/posix/MemoryUserDefaults.h"
-#include "platform/posix/VolumeFileSystem.h"
+#include "scan/DiskAccess.h"
 #include "signatures/MakersApplications.h"
+#include "store/MemoryUserDefaults.h"
 #include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "engine/FindingInbox.h"
+#include "scan/FindingInbox.h"
 
 #include "engine/EngineFixture.h"
 

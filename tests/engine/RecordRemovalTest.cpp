@@ -1,9 +1,9 @@
-#include "engine/removal/RecordRemoval.h"
+#include "removal/session/RecordRemoval.h"
 
-#include "engine/removal/Browsers.h"
-#include "engine/removal/RemovalPlan.h"
-#include "engine/removal/RemovalSummary.h"
 #include "platform/Volumes.h"
+#include "removal/session/Browsers.h"
+#include "removal/session/RemovalPlan.h"
+#include "removal/session/RemovalSummary.h"
 #include "reports/RecordAvailability.h"
 #include "support/ForwardingDisk.h"
 

@@ -1,4 +1,4 @@
-#include "engine/RootChoice.h"
+#include "scan/RootChoice.h"
 
 #include "engine/EngineFixture.h"
 

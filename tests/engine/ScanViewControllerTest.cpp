@@ -1,7 +1,7 @@
 
-#include "engine/CheckSequence.h"
-#include "engine/FindingInbox.h"
 #include "engine/SessionFixture.h"
+#include "scan/CheckSequence.h"
+#include "scan/FindingInbox.h"
 #include "signatures/Catalogue.h"
 #include "signatures/CheckRunner.h"
 #include "support/ForwardingDisk.h"

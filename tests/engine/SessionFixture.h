@@ -1,10 +1,10 @@
 #pragma once
 
 #include "engine/EngineFixture.h"
-#include "engine/ScanViewController.h"
 #include "platform/RemovalJournal.h"
-#include "platform/posix/removal/VolumeRemover.h"
+#include "removal/disk/VolumeRemover.h"
 #include "reports/DefaultMethods.h"
+#include "scan/ScanViewController.h"
 
 #include <mutex>
 

@@ -1,4 +1,4 @@
-#include "engine/StatusPanel.h"
+#include "scan/StatusPanel.h"
 
 #include <gtest/gtest.h>
 

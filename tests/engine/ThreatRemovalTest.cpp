@@ -1,7 +1,7 @@
-#include "engine/ThreatRemoval.h"
+#include "scan/ThreatRemoval.h"
 
 #include "engine/SessionFixture.h"
-#include "platform/linux/RunningApplications.h"
+#include "hosts/linux/RunningApplications.h"
 #include "support/ForwardingDisk.h"
 #include "support/RunningProgram.h"
 

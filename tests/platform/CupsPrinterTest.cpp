@@ -1,4 +1,4 @@
-#include "platform/posix/CupsPrinter.h"
+#include "hosts/posix/print/CupsPrinter.h"
 
 #include "platform/PrintServer.h"
 

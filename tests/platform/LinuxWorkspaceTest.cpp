@@ -1,7 +1,7 @@
-#include "platform/linux/LinuxWorkspace.h"
+#include "hosts/linux/LinuxWorkspace.h"
 
-#include "platform/posix/VolumeFileSystem.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/Volumes.h"
-#include "platform/posix/FoldedName.h"
+#include "volume/FoldedName.h"
 
 #include <gmock/gmock.h>
 

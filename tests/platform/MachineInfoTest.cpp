@@ -1,4 +1,4 @@
-#include "platform/linux/LinuxMachineInfo.h"
+#include "hosts/linux/LinuxMachineInfo.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

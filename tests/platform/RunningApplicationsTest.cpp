@@ -1,8 +1,8 @@
-#include "platform/linux/RunningApplications.h"
+#include "hosts/linux/RunningApplications.h"
 
-#include "platform/linux/LinuxWorkspace.h"
-#include "platform/posix/VolumeFileSystem.h"
+#include "hosts/linux/LinuxWorkspace.h"
 #include "support/RunningProgram.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <gmock/gmock.h>
 

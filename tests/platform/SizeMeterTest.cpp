@@ -1,6 +1,6 @@
 // Measuring many locations at once gives what a plain recursion gives, whatever the trees hold.
 #include "platform/Volumes.h"
-#include "platform/posix/VolumeSizeMeter.h"
+#include "volume/VolumeSizeMeter.h"
 
 #include <gtest/gtest.h>
 

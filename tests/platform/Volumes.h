@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/posix/VolumeFileSystem.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <filesystem>
 #include <functional>

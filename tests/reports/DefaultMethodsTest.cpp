@@ -1,8 +1,8 @@
 #include "reports/DefaultMethods.h"
 
-#include "platform/posix/MemoryUserDefaults.h"
-#include "platform/posix/SqliteUserDefaults.h"
 #include "reports/ReportFixtures.h"
+#include "store/MemoryUserDefaults.h"
+#include "store/SqliteUserDefaults.h"
 #include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
-#include "platform/posix/SqliteUserDefaults.h"
+#include "store/SqliteUserDefaults.h"
 
-#include "platform/posix/SqliteHandles.h"
 #include "reports/StoreFixtures.h"
+#include "store/SqliteHandles.h"
 #include "support/Fakes.h"
 
 #include <gtest/gtest.h>

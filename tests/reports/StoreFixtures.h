@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/posix/SqliteUserDefaults.h"
+#include "store/SqliteUserDefaults.h"
 #include "support/TemporaryFolder.h"
 
 #include <functional>

@@ -1,9 +1,9 @@
 #include "signatures/Explain.h"
 
 #include "SignatureScan.h"
-#include "platform/posix/FoldedName.h"
 #include "signatures/Catalogue.h"
 #include "support/TemporaryFolder.h"
+#include "volume/FoldedName.h"
 
 #include <gmock/gmock.h>
 

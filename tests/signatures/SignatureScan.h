@@ -1,13 +1,13 @@
 #pragma once
 
-#include "engine/records/ScanCoverage.h"
+#include "findings/ScanCoverage.h"
 #include "platform/FileSystem.h"
-#include "platform/posix/MemoryUserDefaults.h"
-#include "platform/posix/VolumeFileSystem.h"
 #include "signatures/CheckRunner.h"
 #include "signatures/FindingSink.h"
+#include "store/MemoryUserDefaults.h"
 #include "support/ForwardingDisk.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <memory>
 #include <set>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/tasks/MainQueue.h"
 #include "platform/Alerts.h"
 #include "platform/Clock.h"
 #include "platform/FolderPicker.h"
 #include "platform/Log.h"
-#include "platform/MainQueue.h"
 #include "platform/UserNotifier.h"
 #include "platform/Workspace.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/RemovalJournal.h"
-#include "platform/posix/VolumeFileSystem.h"
-#include "platform/posix/removal/VolumeRemover.h"
+#include "removal/disk/VolumeRemover.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <set>
 #include <string>

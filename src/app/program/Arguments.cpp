@@ -1,7 +1,7 @@
 #include "app/program/Arguments.h"
 
 #include "core/Escape.h"
-#include "platform/posix/LoginUser.h"
+#include "hosts/posix/LoginUser.h"
 
 #include <CLI/CLI.hpp>
 

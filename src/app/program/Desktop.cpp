@@ -1,10 +1,10 @@
 #include "app/program/Desktop.h"
 
-#include "platform/ProgramFile.h"
-#include "platform/linux/XdgLoginItem.h"
-#include "platform/posix/DataFolder.h"
-#include "platform/posix/RuntimeFolder.h"
-#include "platform/posix/SqliteUserDefaults.h"
+#include "core/ProgramFile.h"
+#include "hosts/linux/XdgLoginItem.h"
+#include "hosts/posix/DataFolder.h"
+#include "hosts/posix/RuntimeFolder.h"
+#include "store/SqliteUserDefaults.h"
 
 namespace pryvane {
 

@@ -2,16 +2,16 @@
 
 #include "app/program/StandardErrorLog.h"
 #include "core/Result.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/qt/NetworkSettingsFile.h"
-#include "platform/qt/QtMainQueue.h"
-#include "platform/qt/QtTimers.h"
-#include "platform/qt/bus/BusDistributedNotifications.h"
-#include "platform/qt/bus/BusUserNotifier.h"
-#include "platform/qt/widgets/DesktopWebBrowser.h"
-#include "platform/qt/widgets/ShownWindows.h"
-#include "platform/qt/widgets/TaskbarDockIcon.h"
-#include "platform/qt/widgets/WidgetAlerts.h"
+#include "hosts/posix/SystemClock.h"
+#include "hosts/qt/NetworkSettingsFile.h"
+#include "hosts/qt/QtMainQueue.h"
+#include "hosts/qt/QtTimers.h"
+#include "hosts/qt/bus/BusDistributedNotifications.h"
+#include "hosts/qt/bus/BusUserNotifier.h"
+#include "hosts/qt/widgets/DesktopWebBrowser.h"
+#include "hosts/qt/widgets/ShownWindows.h"
+#include "hosts/qt/widgets/TaskbarDockIcon.h"
+#include "hosts/qt/widgets/WidgetAlerts.h"
 
 #include <memory>
 #include <string>

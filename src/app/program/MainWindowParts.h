@@ -8,8 +8,8 @@
 #include "app/program/Session.h"
 #include "app/program/ToolsParts.h"
 #include "app/views/Screens.h"
-#include "engine/ScanViewController.h"
 #include "reports/DefaultMethods.h"
+#include "scan/ScanViewController.h"
 
 namespace pryvane {
 

@@ -1,8 +1,8 @@
 #include "app/program/ReportParts.h"
 
 #include "app/AppDelegate.h"
-#include "platform/posix/DataFolder.h"
-#include "reports/browser/views/ReportBrowserView.h"
+#include "browser/views/ReportBrowserView.h"
+#include "hosts/posix/DataFolder.h"
 
 namespace pryvane {
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/views/Screens.h"
+#include "browser/ReportBrowserHost.h"
+#include "browser/ReportViewController.h"
+#include "hosts/linux/LinuxMachineInfo.h"
+#include "hosts/posix/LoadedPrinter.h"
 #include "platform/PlatformServices.h"
-#include "platform/linux/LinuxMachineInfo.h"
-#include "platform/posix/LoadedPrinter.h"
-#include "reports/browser/ReportBrowserHost.h"
-#include "reports/browser/ReportViewController.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
 

@@ -6,12 +6,12 @@
 #include "app/views/HelpWindow.h"
 #include "app/views/VolumeSheet.h"
 #include "core/Escape.h"
+#include "hosts/posix/InstanceRequest.h"
+#include "hosts/posix/LoginUser.h"
 #include "platform/Alerts.h"
-#include "platform/posix/FoldedName.h"
-#include "platform/posix/InstanceRequest.h"
-#include "platform/posix/LoginUser.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "volume/FoldedName.h"
 
 #include <QDesktopServices>
 #include <QUrl>

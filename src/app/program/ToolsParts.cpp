@@ -1,7 +1,7 @@
 #include "app/program/ToolsParts.h"
 
-#include "cleaner/views/ToolsView.h"
-#include "platform/posix/VolumeFileSystem.h"
+#include "privacy/views/ToolsView.h"
+#include "volume/VolumeFileSystem.h"
 
 namespace pryvane {
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/views/Screens.h"
-#include "cleaner/InventoryController.h"
-#include "cleaner/ToolsViewController.h"
+#include "inventory/InventoryController.h"
 #include "platform/PlatformServices.h"
-#include "platform/posix/VolumeSizeMeter.h"
+#include "privacy/ToolsViewController.h"
+#include "volume/VolumeSizeMeter.h"
 
 #include <functional>
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "app/DashBoardViewController.h"
 #include "app/views/DashboardView.h"
-#include "engine/ScanViewController.h"
-#include "engine/views/ScanView.h"
+#include "scan/ScanViewController.h"
+#include "scan/views/ScanView.h"
 
 #include <QStackedWidget>
 

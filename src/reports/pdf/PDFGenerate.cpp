@@ -1,7 +1,7 @@
 #include "reports/pdf/PDFGenerate.h"
 
-#include "platform/LoadedModule.h"
-#include "platform/WholeFile.h"
+#include "core/LoadedModule.h"
+#include "core/WholeFile.h"
 #include "reports/pdf/PageLayout.h"
 #include "reports/pdf/PainterModule.h"
 #include "reports/pdf/ReportTexts.h"

@@ -1,11 +1,11 @@
 // The tools screen with its widgets, on a real volume, by keyboard and by mouse.
-#include "cleaner/views/ToolsView.h"
+#include "privacy/views/ToolsView.h"
 
 #include "cleaner/CleanerFixture.h"
-#include "cleaner/InventoryController.h"
-#include "cleaner/ToolsViewController.h"
 #include "core/Texts.h"
-#include "platform/qt/QtMainQueue.h"
+#include "hosts/qt/QtMainQueue.h"
+#include "inventory/InventoryController.h"
+#include "privacy/ToolsViewController.h"
 #include "support/Fakes.h"
 #include "ui/Sheet.h"
 #include "ui/Theme.h"

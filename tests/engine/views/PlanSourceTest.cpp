@@ -1,4 +1,4 @@
-#include "engine/views/PlanSource.h"
+#include "removal/views/PlanSource.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/records/ScanState.h"
-#include "engine/walker/DeepWalk.h"
+#include "findings/ScanState.h"
+#include "scan/walker/DeepWalk.h"
 #include "signatures/PatternAutomaton.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,8 +1,8 @@
+#include "hosts/qt/bus/BusDistributedNotifications.h"
+#include "hosts/qt/bus/BusFileViewer.h"
+#include "hosts/qt/bus/BusUserNotifier.h"
 #include "platform/desktop/EventLoop.h"
 #include "platform/desktop/FakeServices.h"
-#include "platform/qt/bus/BusDistributedNotifications.h"
-#include "platform/qt/bus/BusFileViewer.h"
-#include "platform/qt/bus/BusUserNotifier.h"
 #include "support/Fakes.h"
 #include "support/PrivateBus.h"
 

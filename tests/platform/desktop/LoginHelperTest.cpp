@@ -1,8 +1,8 @@
+#include "hosts/linux/LoginHelperLock.h"
+#include "hosts/qt/bus/BusDistributedNotifications.h"
 #include "platform/DistributedNotifications.h"
 #include "platform/desktop/EventLoop.h"
 #include "platform/desktop/FakeServices.h"
-#include "platform/linux/LoginHelperLock.h"
-#include "platform/qt/bus/BusDistributedNotifications.h"
 #include "support/Fakes.h"
 #include "support/PrivateBus.h"
 

@@ -1,14 +1,14 @@
+#include "hosts/linux/AutostartEntry.h"
+#include "hosts/linux/LoginHelperLock.h"
+#include "hosts/linux/XdgLoginItem.h"
+#include "hosts/posix/FolderGrants.h"
+#include "hosts/posix/SystemClock.h"
+#include "hosts/qt/QtMainQueue.h"
+#include "hosts/qt/QtTimers.h"
 #include "platform/desktop/EventLoop.h"
-#include "platform/linux/AutostartEntry.h"
-#include "platform/linux/LoginHelperLock.h"
-#include "platform/linux/XdgLoginItem.h"
-#include "platform/posix/FolderGrants.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/VolumeFileSystem.h"
-#include "platform/qt/QtMainQueue.h"
-#include "platform/qt/QtTimers.h"
 #include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <QEventLoop>
 #include <QTimer>

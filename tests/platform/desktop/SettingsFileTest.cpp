@@ -1,5 +1,5 @@
+#include "hosts/qt/NetworkSettingsFile.h"
 #include "platform/desktop/EventLoop.h"
-#include "platform/qt/NetworkSettingsFile.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>

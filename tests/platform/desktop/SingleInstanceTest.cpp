@@ -1,8 +1,8 @@
-#include "platform/posix/SingleInstance.h"
+#include "hosts/posix/SingleInstance.h"
 
+#include "hosts/posix/RuntimeFolder.h"
+#include "hosts/qt/InstanceServer.h"
 #include "platform/desktop/EventLoop.h"
-#include "platform/posix/RuntimeFolder.h"
-#include "platform/qt/InstanceServer.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/posix/removal/ConfinedWork.h"
+#include "removal/disk/ConfinedWork.h"
 
 #include "platform/Volumes.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "hosts/posix/SystemClock.h"
 #include "platform/Removal.h"
 #include "platform/Volumes.h"
-#include "platform/posix/SystemClock.h"
-#include "platform/posix/removal/RemovalJournalFile.h"
+#include "removal/disk/RemovalJournalFile.h"
 
 #include <cstdint>
 #include <string>

@@ -1,5 +1,5 @@
 #include "platform/journal/JournalScene.h"
-#include "platform/posix/removal/VolumeRemover.h"
+#include "removal/disk/VolumeRemover.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

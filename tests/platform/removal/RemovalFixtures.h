@@ -2,7 +2,7 @@
 
 #include "platform/RemovalJournal.h"
 #include "platform/Volumes.h"
-#include "platform/posix/removal/VolumeRemover.h"
+#include "removal/disk/VolumeRemover.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "platform/posix/removal/ConfinedWork.h"
 #include "platform/removal/RemovalFixtures.h"
+#include "removal/disk/ConfinedWork.h"
 
 #include <gmock/gmock.h>
 

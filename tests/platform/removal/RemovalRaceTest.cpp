@@ -1,5 +1,5 @@
-#include "platform/posix/folders/FolderHandle.h"
 #include "platform/removal/RemovalFixtures.h"
+#include "volume/folders/FolderHandle.h"
 
 #include <atomic>
 #include <cerrno>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "browser/ReportBrowserHost.h"
+#include "browser/ReportViewController.h"
 #include "engine/EngineFixture.h"
 #include "platform/FileViewer.h"
 #include "platform/Printer.h"
 #include "reports/ReportFixtures.h"
-#include "reports/browser/ReportBrowserHost.h"
-#include "reports/browser/ReportViewController.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/PdfFixtures.h"
 #include "reports/pdf/ReportPrinting.h"

@@ -1,4 +1,4 @@
-#include "platform/LoadedModule.h"
+#include "core/LoadedModule.h"
 #include "reports/pdf/PainterModule.h"
 #include "reports/pdf/painter/CairoPainter.h"
 

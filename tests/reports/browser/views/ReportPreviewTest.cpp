@@ -1,4 +1,4 @@
-#include "reports/browser/views/PreviewModule.h"
+#include "browser/views/PreviewModule.h"
 #include "reports/browser/views/WindowFixture.h"
 
 #include <QDialog>

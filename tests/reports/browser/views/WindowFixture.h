@@ -1,10 +1,10 @@
 #pragma once
 
+#include "browser/views/ReportBrowserView.h"
+#include "hosts/qt/QtMainQueue.h"
 #include "platform/desktop/EventLoop.h"
-#include "platform/posix/SqliteUserDefaults.h"
-#include "platform/qt/QtMainQueue.h"
 #include "reports/browser/BrowserFixture.h"
-#include "reports/browser/views/ReportBrowserView.h"
+#include "store/SqliteUserDefaults.h"
 #include "ui/RowTable.h"
 
 #include <QAbstractButton>

@@ -1,0 +1,108 @@
+#include "browser/ReportRows.h"
+
+#include "core/Escape.h"
+
+#include <algorithm>
+#include <set>
+#include <sstream>
+
+namespace pryvane {
+
+namespace {
+
+std::string folded(std::string_view text)
+{
+    std::string result(text);
+    for (char& c : result)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return result;
+}
+
+/// Each threat's name once; a report tends to hold many findings of one threat.
+std::string searchableText(const SpywareScanReport& report)
+{
+    std::string text = report.reportType + '\n' + localDateText(report.scanDate);
+    std::set<std::string_view> names;
+    for (const auto& record : *report.spyWareList) {
+        if (names.insert(record->infections).second)
+            text += '\n' + record->infections;
+    }
+    return folded(text);
+}
+
+} // namespace
+
+SearchableReports::SearchableReports(ReportList list) : reports(std::move(list))
+{
+    texts.reserve(reports.size());
+    for (const auto& report : reports)
+        texts.push_back(searchableText(*report));
+}
+
+SearchableReports ReportRows::setReports(SearchableReports reports, Date now)
+{
+    std::swap(m_list, reports);
+    m_now = now;
+    choose();
+    return reports;
+}
+
+void ReportRows::remove(std::string_view reportId)
+{
+    ReportList& reports = m_list.reports;
+    const auto gone = std::find_if(reports.begin(), reports.end(), [&](const auto& report) {
+        return report->reportId == reportId;
+    });
+    if (gone == reports.end())
+        return;
+    m_list.texts.erase(m_list.texts.begin() + (gone - reports.begin()));
+    reports.erase(gone);
+    choose();
+}
+
+void ReportRows::setFilter(ReportFilter filter)
+{
+    m_filter = filter;
+    choose();
+}
+
+void ReportRows::setSearch(std::string_view words)
+{
+    m_words.clear();
+    std::istringstream stream(folded(words));
+    for (std::string word; stream >> word;)
+        m_words.push_back(word);
+    choose();
+}
+
+bool ReportRows::isFound(std::size_t index) const
+{
+    const std::string& text = m_list.texts[index];
+    return std::all_of(m_words.begin(), m_words.end(), [&](const std::string& word) {
+        return text.find(word) != std::string::npos;
+    });
+}
+
+void ReportRows::choose()
+{
+    m_shown.clear();
+    for (std::size_t i = 0; i < m_list.reports.size(); ++i) {
+        // The stored count is only its low eight bits; isRed is whole.
+        if (m_filter != ReportFilter::All &&
+            m_list.reports[i]->isRed != (m_filter == ReportFilter::Found))
+            continue;
+        if (isFound(i))
+            m_shown.push_back(i);
+    }
+}
+
+ReportRow ReportRows::row(std::size_t row) const
+{
+    SpywareScanReport& shown = *report(row);
+    shown.reportDateDisplay = relativeDateStringForDate(shown.scanDate, m_now);
+    return {shown.reportDateDisplay, localDateText(shown.scanDate), forScreen(shown.reportType),
+            shown.spyWareCount,      forScreen(shown.scanDuration), shown.redGreen,
+            shown.openTrash};
+}
+
+} // namespace pryvane

@@ -1,0 +1,380 @@
+#include "browser/ReportViewController.h"
+
+#include "browser/ReportBrowserHost.h"
+#include "platform/Alerts.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/FileViewer.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+#include "reports/RecordAvailability.h"
+#include "reports/pdf/ReportPrinting.h"
+#include "signatures/RemoteDesktop.h"
+
+namespace pryvane {
+
+namespace {
+
+constexpr int kScanRow = 1; // of the navigation table
+
+/// Whether each record's location is there.
+std::vector<bool> presenceOf(const SpywareScanReport& report, const SpywareList& records,
+                             FileSystem& disk, const StopFlag& stop)
+{
+    DiskPresence disks(disk);
+    std::vector<bool> there(records.size());
+    for (std::size_t i = 0; i < records.size() && !stop.requested(); ++i)
+        there[i] = disks.of(report, *records[i]) == Presence::Present;
+    return there;
+}
+
+} // namespace
+
+ReportViewController::ReportViewController(const PlatformServices& services, const Parts& parts,
+                                           QObject* parent)
+    : QObject(parent), m_services(services), m_parts(parts),
+      m_store(services.defaults, services.disk, services.clock, services.log),
+      m_storeTasks(services.mainQueue), m_diskTasks(services.mainQueue),
+      m_printTasks(services.mainQueue, std::chrono::milliseconds(0)),
+      m_releaseTasks(services.mainQueue, std::chrono::milliseconds(0)),
+      m_removal(services, parts.remover,
+                {parts.user, [this] { return m_report; },
+                 [this] { m_parts.host.openRemoteDesktopInstructions(); },
+                 [this] { Q_EMIT stateChanged(); }, [this] { reloadThreatDetails(); }})
+{
+    observe();
+}
+
+ReportViewController::~ReportViewController()
+{
+    if (m_isReportDetails)
+        m_parts.host.setPrintAction({});
+}
+
+void ReportViewController::observe()
+{
+    const auto on = [this](NotificationName name, NotificationCenter::Handler handler) {
+        m_observations.push_back(m_services.notifications.observe(name, std::move(handler)));
+    };
+    on(NotificationName::ScanStatusChange, [this](const Notification& note) {
+        if (const auto* started = std::get_if<bool>(&note.object))
+            scanStatusChange(*started);
+    });
+    on(NotificationName::ReloadReport, [this](const Notification&) { reloadReportView(); });
+    on(NotificationName::RefreshReport, [this](const Notification& note) {
+        if (const auto* object = std::get_if<std::any>(&note.object)) {
+            if (const auto* report = std::any_cast<std::shared_ptr<SpywareScanReport>>(object))
+                refreshReport(*report);
+        }
+    });
+}
+
+void ReportViewController::viewWillAppear()
+{
+    load();
+    if (m_isReportDetails)
+        offerPrinting();
+}
+
+void ReportViewController::offerPrinting()
+{
+    m_parts.host.setPrintAction([this] {
+        if (m_printQuestion)
+            m_printQuestion();
+        else
+            makeAndPrintPDF();
+    });
+}
+
+void ReportViewController::scanStatusChange(bool started)
+{
+    m_isScanning = started;
+    if (!started)
+        load();
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::load()
+{
+    ++m_loads;
+    m_storeTasks.run(
+        [this](const StopFlag&) {
+            return SearchableReports(m_store.loadListReportWithKey(preferences::kSaveReport));
+        },
+        [this](SearchableReports list) { loaded(std::move(list)); });
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::loaded(SearchableReports list)
+{
+    --m_loads;
+    m_selectedRow.reset();
+    m_releaseTasks.run(
+        [old =
+             m_rows.setReports(std::move(list), m_services.clock.now())](const StopFlag&) mutable {
+            old = SearchableReports();
+            return Done{};
+        },
+        [](Done) {});
+    if (std::exchange(m_detailsNeedAList, false))
+        hideDetailsOfEmptyList();
+    Q_EMIT listChanged();
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::setFilter(ReportFilter filter)
+{
+    m_selectedRow.reset();
+    m_rows.setFilter(filter);
+    Q_EMIT listChanged();
+}
+
+void ReportViewController::setSearch(std::string_view words)
+{
+    m_selectedRow.reset();
+    m_rows.setSearch(words);
+    Q_EMIT listChanged();
+}
+
+void ReportViewController::openThisReport(std::size_t row)
+{
+    if (row >= m_rows.size())
+        return;
+    const auto report = m_rows.report(row);
+    if (report->spyWareCount == 0) {
+        deleteReport(report->reportId);
+        return;
+    }
+    const auto index = static_cast<std::int64_t>(m_rows.listIndex(row));
+    openDetails(report);
+    m_storeTasks.run([&defaults = m_services.defaults,
+                      index](const StopFlag&) { return defaults.set(preferences::kIndex, index); },
+                     [this](const Result<Done>& stored) { logFailure(m_services.log, stored); });
+}
+
+void ReportViewController::viewReport()
+{
+    if (m_selectedRow && *m_selectedRow < m_rows.size())
+        openDetails(m_rows.report(*m_selectedRow));
+}
+
+void ReportViewController::refreshReport(const std::shared_ptr<SpywareScanReport>& report)
+{
+    if (report)
+        openDetails(report);
+}
+
+ReportComparison ReportViewController::compare(std::size_t row, std::size_t otherRow) const
+{
+    const SpywareScanReport* earlier = m_rows.report(row).get();
+    const SpywareScanReport* later = m_rows.report(otherRow).get();
+    if (later->scanDate < earlier->scanDate)
+        std::swap(earlier, later);
+    return compareReports(*earlier, *later);
+}
+
+void ReportViewController::scanningStartAction()
+{
+    m_parts.host.checkForHDAccess();
+    m_services.notifications.post(NotificationName::MainTableChangedManually,
+                                  std::int64_t{kScanRow});
+    m_services.notifications.post(NotificationName::MainTableSelectionChange,
+                                  SelectionChange{kScanRow, true, true});
+}
+
+void ReportViewController::openDetails(std::shared_ptr<SpywareScanReport> report)
+{
+    m_report = std::move(report);
+    m_details = detailsOf(*m_report, m_services.clock.now());
+    m_notice.clear();
+    m_removal.reset();
+    m_isReportDetails = true;
+    offerPrinting();
+    reloadThreatDetails();
+    m_detailsNeedAList = isLoading();
+    if (!m_detailsNeedAList)
+        hideDetailsOfEmptyList();
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::hideDetailsOfEmptyList()
+{
+    if (reportList().empty() && m_isReportDetails)
+        closeDetails();
+}
+
+void ReportViewController::closeDetails()
+{
+    m_isReportDetails = false;
+    m_report.reset();
+    m_details = {};
+    m_selection = {};
+    m_notice.clear();
+    m_removal.reset();
+    m_removal.disMissPanel();
+    m_parts.host.setPrintAction({});
+}
+
+void ReportViewController::reloadThreatDetails()
+{
+    if (!m_report) {
+        Q_EMIT stateChanged();
+        return;
+    }
+    ChangeSelection();
+    m_diskTasks.run(
+        [&disk = m_services.disk, report = m_report,
+         list = m_report->spyWareList](const StopFlag& stop) {
+            return std::pair(list, presenceOf(*report, *list, disk, stop));
+        },
+        [this](const auto& told) {
+            const auto& [list, there] = told;
+            for (std::size_t i = 0; i < there.size(); ++i) {
+                Spyware& record = *(*list)[i];
+                const bool checked = record.isChecked;
+                record.setAvailability(there[i]);
+                // Remote desktop is switched off by instructions, never removed.
+                record.isChecked = there[i] && checked && !isRemoteDesktop(record);
+            }
+            ChangeSelection();
+        });
+}
+
+void ReportViewController::ChangeSelection()
+{
+    m_selection = m_report ? selectionOf(*m_report->spyWareList) : SelectionState{};
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::backtoReportList()
+{
+    closeDetails();
+    m_rows.setNow(m_services.clock.now());
+    Q_EMIT listChanged();
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::checkClicked(std::size_t index, bool on)
+{
+    if (!m_report || index >= m_report->spyWareList->size() || m_removal.isRemoving())
+        return;
+    (*m_report->spyWareList)[index]->isChecked = on;
+    ChangeSelection();
+}
+
+void ReportViewController::checkRows(const std::vector<int>& rows, bool on)
+{
+    if (!m_report || m_removal.isRemoving())
+        return;
+    for (const int row : rows)
+        m_report->spyWareList->at(static_cast<std::size_t>(row))->isChecked = on;
+    ChangeSelection();
+}
+
+void ReportViewController::checkAllAction(bool on)
+{
+    if (!m_report || m_removal.isRemoving())
+        return;
+    for (const auto& record : *m_report->spyWareList) {
+        if (record->isAvail && !isRemoteDesktop(*record))
+            record->isChecked = on;
+    }
+    ChangeSelection();
+}
+
+void ReportViewController::showThreatInFileDelegate(std::size_t index)
+{
+    if (!m_report || index >= m_report->spyWareList->size())
+        return;
+    if (!isOfThisVolume()) {
+        say(m_report->volume.empty() || m_services.disk.identity().empty()
+                ? "It cannot be told whether this report is of this disk, so there is nothing to "
+                  "show."
+                : "This report is of another volume, so there is nothing to show.");
+        return;
+    }
+    const auto shown = m_parts.fileViewer.reveal((*m_report->spyWareList)[index]->url);
+    say(shown ? std::string() : shown.error().message);
+}
+
+bool ReportViewController::isOfThisVolume() const
+{
+    return m_report && isSameVolume(m_report->volume, m_services.disk.identity());
+}
+
+void ReportViewController::trashSelectedReport()
+{
+    if (m_selectedRow && *m_selectedRow < m_rows.size())
+        deleteReport(m_rows.report(*m_selectedRow)->reportId);
+}
+
+void ReportViewController::trashReport()
+{
+    if (m_report)
+        deleteReport(m_report->reportId);
+}
+
+void ReportViewController::deleteReport(const std::string& id)
+{
+    // The report it belongs to may end while the question stands.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const std::string reportId = id;
+    const int answer = m_services.alerts.runModal(
+        {"Alert", "Are you sure you want to delete this report?", {"Yes", "No"}});
+    if (answer != kAlertFirstButton)
+        return;
+    closeDetails();
+    m_selectedRow.reset();
+    m_rows.setNow(m_services.clock.now());
+    m_rows.remove(reportId);
+    m_storeTasks.run([this, reportId](const StopFlag&) { return m_store.deleteReport(reportId); },
+                     [this, reportId](const Result<bool>& outcome) { deleted(reportId, outcome); });
+    Q_EMIT listChanged();
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::deleted(const std::string& reportId, const Result<bool>& outcome)
+{
+    if (!outcome) {
+        say("The report could not be deleted: " + outcome.error().message);
+        load();
+        return;
+    }
+    m_rows.remove(reportId); // a list read meanwhile still holds it
+    Q_EMIT listChanged();
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::makeAndPrintPDF(std::string_view queue)
+{
+    if (!m_report || isPrinting())
+        return;
+    m_printTasks.run([&printing = m_parts.printing, report = m_report->independentCopy(),
+                      queue = std::string(queue)](
+                         const StopFlag&) { return printing.makeAndPrintPDF(report, queue); },
+                     [this](const PrintOutcome& outcome) { printed(outcome); });
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::printed(const PrintOutcome& outcome)
+{
+    switch (outcome.state) {
+    case PrintOutcome::State::Sent:
+        say("The report was sent to the printer.");
+        break;
+    case PrintOutcome::State::Failed:
+        say("The report was not printed: " + outcome.reason);
+        break;
+    case PrintOutcome::State::NothingToPrint:
+        say({});
+        break;
+    }
+}
+
+void ReportViewController::say(std::string notice)
+{
+    m_notice = std::move(notice);
+    Q_EMIT stateChanged();
+}
+
+} // namespace pryvane

@@ -1,0 +1,147 @@
+#pragma once
+
+#include "browser/ReportDetails.h"
+#include "browser/ReportRemoval.h"
+#include "browser/ReportRows.h"
+#include "core/NotificationCenter.h"
+#include "core/tasks/TaskQueue.h"
+#include "platform/PlatformServices.h"
+#include "reports/DefaultMethods.h"
+#include "reports/ReportCompare.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane {
+
+class FileViewer;
+class ReportBrowserHost;
+class ReportPrinting;
+struct PrintOutcome;
+
+/// The report browser without its widgets: the list of stored reports, and the details of one of
+/// them. Main thread only; the store is read and written, the disk asked and a report printed on
+/// threads that end with it.
+class ReportViewController final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(ReportViewController)
+
+public:
+    struct Parts {
+        ReportBrowserHost& host;
+        FileViewer& fileViewer;
+        ReportPrinting& printing;
+        Remover& remover; ///< used by nobody else meanwhile
+        std::string user; ///< short name
+    };
+
+    ReportViewController(const PlatformServices& services, const Parts& parts,
+                         QObject* parent = nullptr);
+    ~ReportViewController() override;
+
+    /// The screen has come to the front: the list is read anew.
+    void viewWillAppear();
+
+    // The list
+    [[nodiscard]] const ReportList& reportList() const { return m_rows.reports(); }
+    [[nodiscard]] const ReportRows& rows() const { return m_rows; }
+    [[nodiscard]] bool isReportAvailable() const { return !reportList().empty(); }
+    [[nodiscard]] bool isLoading() const { return m_loads > 0; }
+    /// Whether the store or the disk is being asked.
+    [[nodiscard]] bool isBusy() const { return m_storeTasks.isBusy() || m_diskTasks.isBusy(); }
+    [[nodiscard]] bool isScanning() const { return m_isScanning; } ///< shows the spinner
+    void setFilter(ReportFilter filter);
+    void setSearch(std::string_view words);
+    void selectRow(std::optional<std::size_t> row) { m_selectedRow = row; }
+    [[nodiscard]] std::optional<std::size_t> selectedRow() const { return m_selectedRow; }
+
+    /// The row's action: opens a report with threats, asks whether to delete one without.
+    void openThisReport(std::size_t row);
+    /// Opens the selected row's report.
+    void viewReport();
+    /// What changed between the reports of two rows, from the earlier scan to the later.
+    [[nodiscard]] ReportComparison compare(std::size_t row, std::size_t otherRow) const;
+    /// Deletes the selected row's report after confirmation.
+    void trashSelectedReport();
+    void scanningStartAction();
+
+    // The details
+    [[nodiscard]] bool isReportDetails() const { return m_isReportDetails; }
+    /// The open report; none while the list shows.
+    [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
+    [[nodiscard]] const ReportDetails& details() const { return m_details; }
+    [[nodiscard]] const SelectionState& selection() const { return m_selection; }
+    /// Whether the open report is of the volume that is looked at.
+    [[nodiscard]] bool isOfThisVolume() const;
+    /// What the last action had to say, as one line of plain text; empty without.
+    [[nodiscard]] const std::string& notice() const { return m_notice; }
+    void say(std::string notice);
+    void backtoReportList();
+    void trashReport();
+    void checkClicked(std::size_t index, bool on);
+    void checkRows(const std::vector<int>& rows, bool on);
+    void checkAllAction(bool on);
+    void showThreatInFileDelegate(std::size_t index);
+    /// Prints the open report on the queue (empty: the default one).
+    void makeAndPrintPDF(std::string_view queue = {});
+    /// What the application's print action does instead of printing on the default queue at once.
+    void setPrintQuestion(std::function<void()> ask) { m_printQuestion = std::move(ask); }
+    [[nodiscard]] bool isPrinting() const { return m_printTasks.isBusy(); }
+
+    // Removal
+    [[nodiscard]] ReportRemoval& removal() { return m_removal; }
+    void removeSelected() { m_removal.removeSelected(); }
+    void reloadReportView() { m_removal.reloadReportView(); }
+    void removeSpyware() { m_removal.removeSpyware(); }
+
+Q_SIGNALS:
+    /// Something that is shown has changed.
+    void stateChanged();
+    /// The rows are others than before.
+    void listChanged();
+
+private:
+    void observe();
+    void scanStatusChange(bool started);
+    void refreshReport(const std::shared_ptr<SpywareScanReport>& report);
+    void load();
+    void loaded(SearchableReports list);
+    void openDetails(std::shared_ptr<SpywareScanReport> report);
+    void closeDetails();
+    void hideDetailsOfEmptyList();
+    void reloadThreatDetails();
+    void ChangeSelection();
+    void deleteReport(const std::string& id);
+    void deleted(const std::string& reportId, const Result<bool>& outcome);
+    void offerPrinting();
+    void printed(const PrintOutcome& outcome);
+
+    PlatformServices m_services;
+    const Parts m_parts;
+    DefaultMethods m_store; ///< used by m_storeTasks only
+    ReportRows m_rows;
+    std::optional<std::size_t> m_selectedRow;
+    int m_loads = 0; ///< asked for and not ended
+    bool m_isScanning = false;
+    bool m_isReportDetails = false;
+    bool m_detailsNeedAList = false; ///< they were opened before the list was there
+    std::shared_ptr<SpywareScanReport> m_report;
+    ReportDetails m_details;
+    SelectionState m_selection;
+    std::string m_notice;
+    std::function<void()> m_printQuestion;
+    std::vector<NotificationCenter::Observation> m_observations;
+    TaskQueue m_storeTasks; // they end before anything they use
+    TaskQueue m_diskTasks;
+    TaskQueue m_printTasks;
+    TaskQueue m_releaseTasks; ///< frees what would hold the main thread too long
+    ReportRemoval m_removal;
+};
+
+} // namespace pryvane

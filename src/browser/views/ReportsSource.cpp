@@ -1,0 +1,89 @@
+#include "browser/views/ReportsSource.h"
+
+#include "ui/Labels.h"
+
+#include <QLocale>
+#include <QObject>
+
+namespace pryvane {
+
+namespace {
+
+ui::Cell stateCell(const SpywareScanReport& report)
+{
+    const QString verdict = ui::text(verdictLine(report.spyWareList->size(), report.coverage));
+    if (report.isRed)
+        return {.text = QObject::tr("Found"),
+                .iconName = QStringLiteral("found"),
+                .meaning = ui::Meaning::Found,
+                .number = 1,
+                .tooltip = verdict};
+    return {.text = QObject::tr("Clean"),
+            .iconName = QStringLiteral("clean"),
+            .meaning = ui::Meaning::Clean,
+            .number = 0,
+            .tooltip = verdict};
+}
+
+ui::Cell actionCell(const ReportRow& row)
+{
+    const QString icon = ui::text(row.openTrash.substr(0, row.openTrash.rfind('.')));
+    if (row.spyWareCount == 0)
+        return {.text = QObject::tr("Delete"),
+                .iconName = icon,
+                .tooltip = QObject::tr("Delete this report")};
+    return {.text = QObject::tr("Open"),
+            .iconName = icon,
+            .tooltip = QObject::tr("Show this report's findings")};
+}
+
+} // namespace
+
+std::vector<ui::Column> ReportsSource::columns()
+{
+    return {{.width = 8},
+            {.title = QObject::tr("State"), .width = 88},
+            {.title = QObject::tr("When"), .width = 124},
+            {.title = QObject::tr("Kind"), .stretches = true},
+            {.title = QObject::tr("Duration"), .width = 140},
+            {.title = QObject::tr("Findings"), .width = 72, .isNumber = true},
+            {.width = 92}};
+}
+
+const ReportRow& ReportsSource::texts(int row) const
+{
+    if (row != m_lastRow) {
+        m_lastTexts = m_rows.row(static_cast<std::size_t>(row));
+        m_lastRow = row;
+    }
+    return m_lastTexts;
+}
+
+ui::Cell ReportsSource::cell(int row, int column) const
+{
+    const SpywareScanReport& report = *m_rows.report(static_cast<std::size_t>(row));
+    switch (column) {
+    case State:
+        return stateCell(report);
+    case When:
+        return {.text = ui::text(texts(row).when),
+                .number = report.scanDate.time_since_epoch().count(),
+                .tooltip = ui::text(texts(row).date)};
+    case Kind:
+        return {.text = ui::text(texts(row).kind)};
+    case Findings: {
+        // The count of the report itself is stored with its low eight bits only.
+        const auto findings = static_cast<qint64>(report.spyWareList->size());
+        return {.text = QLocale().toString(findings), .number = findings};
+    }
+    case Duration:
+        return {.text = ui::text(texts(row).duration).simplified(),
+                .number = static_cast<qint64>(report.coverage.seconds * 1000)};
+    case Action:
+        return actionCell(texts(row));
+    default:
+        return {};
+    }
+}
+
+} // namespace pryvane

@@ -1,0 +1,34 @@
+#include "core/LoadedModule.h"
+
+#include "core/Escape.h"
+#include "core/ProgramFile.h"
+
+#include <dlfcn.h>
+
+namespace pryvane {
+
+namespace {
+
+Error loadError(const std::string& file)
+{
+    const char* reason = dlerror(); // kept for each thread
+    return Error{"the program's part " + file + " cannot be loaded (" +
+                 (reason ? forScreen(reason) : "no reason given") + "); install Pryvane again"};
+}
+
+} // namespace
+
+Result<const void*> moduleFunctions(const std::string& file)
+{
+    // The whole path: for a bare name the loader would look through other folders.
+    const auto path = besideProgram(std::string(PRYVANE_MODULES "/") + file);
+    if (!path)
+        return path.error();
+    void* loaded = dlopen(path->c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    const void* functions = loaded ? dlsym(loaded, "pryvaneModule") : nullptr;
+    if (!functions)
+        return loadError(file);
+    return functions;
+}
+
+} // namespace pryvane

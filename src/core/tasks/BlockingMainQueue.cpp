@@ -1,0 +1,52 @@
+#include "core/tasks/BlockingMainQueue.h"
+
+#include <algorithm>
+
+namespace pryvane {
+
+void BlockingMainQueue::postAfter(std::chrono::milliseconds delay, Work work)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_work.emplace(std::chrono::steady_clock::now() + delay, std::move(work));
+    }
+    m_changed.notify_one();
+}
+
+void BlockingMainQueue::run(const Work& idle)
+{
+    constexpr std::chrono::milliseconds kIdleStep{20};
+    std::unique_lock lock(m_mutex);
+    while (!m_quit) {
+        const auto now = std::chrono::steady_clock::now();
+        if (!m_work.empty() && m_work.begin()->first <= now) {
+            const Work work = std::move(m_work.begin()->second);
+            m_work.erase(m_work.begin());
+            lock.unlock();
+            work();
+            lock.lock();
+            continue;
+        }
+        Time wake = now + kIdleStep;
+        if (!m_work.empty())
+            wake = std::min(wake, m_work.begin()->first);
+        m_changed.wait_until(lock, wake);
+        if (idle) {
+            lock.unlock();
+            idle();
+            lock.lock();
+        }
+    }
+    m_quit = false;
+}
+
+void BlockingMainQueue::quit()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_quit = true;
+    }
+    m_changed.notify_one();
+}
+
+} // namespace pryvane

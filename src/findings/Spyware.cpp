@@ -1,0 +1,45 @@
+#include "findings/Spyware.h"
+
+#include "platform/FileSystem.h"
+
+namespace pryvane {
+
+std::shared_ptr<Spyware> Spyware::SpyWareWithName(std::string_view name, bool /*isChecked*/,
+                                                  std::string_view infections, std::int64_t size,
+                                                  const FileURL& url, std::string_view risk,
+                                                  FileSystem& disk)
+{
+    auto record = SpyWareSeen(name, infections, size, url, risk);
+    record->setAvailability(disk.exists(url));
+    return record;
+}
+
+std::shared_ptr<Spyware> Spyware::SpyWareSeen(std::string_view name, std::string_view infections,
+                                              std::int64_t size, const FileURL& url,
+                                              std::string_view risk)
+{
+    auto record = std::make_shared<Spyware>();
+    record->name = name;
+    record->infections = infections;
+    record->size = size;
+    record->url = url;
+    record->risk = risk;
+    record->setAvailability(true);
+    return record;
+}
+
+void Spyware::setSighting(const std::optional<Sighting>& sighting)
+{
+    kind = sighting ? sighting->kind : FileKind::Unknown;
+    // A walk that could not tell the folder leaves its inode 0.
+    seen = sighting && sighting->inode != 0 ? sighting : std::nullopt;
+}
+
+void Spyware::setAvailability(bool available)
+{
+    isAvail = available;
+    isChecked = available;
+    redGreen = available ? RowColor::Black : RowColor::Grey;
+}
+
+} // namespace pryvane

@@ -1,0 +1,101 @@
+#include "findings/views/CoverageView.h"
+
+#include "core/Escape.h"
+#include "findings/ScanCoverage.h"
+#include "ui/Icons.h"
+#include "ui/Labels.h"
+#include "ui/Navigation.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::size_t kNamed = 50; // refusals and applications that are listed by name
+
+QString number(std::int64_t value)
+{
+    return QLocale().toString(static_cast<qlonglong>(value));
+}
+
+QString detailsOf(const ScanCoverage& coverage)
+{
+    QStringList lines;
+    lines += CoverageView::tr("%1 signatures tested, %2 folders listed, %3 entries searched")
+                 .arg(number(coverage.signaturesTested), number(coverage.foldersListed),
+                      number(coverage.entriesSearched));
+    if (coverage.entriesWalked > 0)
+        lines += CoverageView::tr("%1 entries walked").arg(number(coverage.entriesWalked));
+    lines += CoverageView::tr("%1 seconds").arg(coverage.seconds, 0, 'f', 1);
+    const auto listed = [&](const QString& title, std::size_t count, auto&& line) {
+        if (count == 0)
+            return;
+        lines += title;
+        for (std::size_t i = 0; i < std::min(count, kNamed); ++i)
+            lines += QStringLiteral("    ") + line(i);
+        if (count > kNamed)
+            lines += CoverageView::tr("    and %1 more").arg(number(std::int64_t(count - kNamed)));
+    };
+    listed(CoverageView::tr("Could not be read:"), coverage.refused.size(), [&](std::size_t i) {
+        const Refusal& refusal = coverage.refused[i];
+        return ui::text(forScreen(refusal.path) + " (" + forScreen(refusal.reason) + ")");
+    });
+    listed(CoverageView::tr("Applications that the list leaves out:"), coverage.heldBack.size(),
+           [&](std::size_t i) { return ui::text(forScreen(coverage.heldBack[i])); });
+    if (!coverage.missingHome.empty())
+        lines += CoverageView::tr("There is no home folder %1")
+                     .arg(ui::text(forScreen(coverage.missingHome)));
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+CoverageView::CoverageView(QWidget* parent)
+    : QWidget(parent), m_icon(new QLabel), m_verdict(ui::makeLabel(ui::TextRole::GroupTitle)),
+      m_details(ui::makeLabel(ui::TextRole::Small)),
+      m_disclosure(new ui::Disclosure(tr("What was looked at"), m_details))
+{
+    m_verdict->setObjectName(QStringLiteral("verdict"));
+    for (QLabel* label : {m_verdict, m_details}) {
+        label->setWordWrap(true);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+    auto* row = new QHBoxLayout;
+    row->setSpacing(ui::kRelated);
+    row->addWidget(m_icon);
+    row->addWidget(m_verdict, 1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    column->addLayout(row);
+    column->addWidget(m_disclosure);
+}
+
+void CoverageView::show(std::size_t findings, const ScanCoverage& coverage)
+{
+    const Verdict verdict = verdictOf(findings, coverage);
+    const bool found = verdict == Verdict::Found, clean = verdict == Verdict::Clean;
+    const auto meaning = found   ? ui::Meaning::Found
+                         : clean ? ui::Meaning::Clean
+                                 : ui::Meaning::Attention;
+    m_icon->setPixmap(ui::icon(found   ? QStringLiteral("found")
+                               : clean ? QStringLiteral("clean")
+                                       : QStringLiteral("attention"),
+                               meaning)
+                          .pixmap(QSize(20, 20), devicePixelRatioF()));
+    m_verdict->setText(ui::text(verdictLine(findings, coverage)));
+    m_details->setText(detailsOf(coverage));
+}
+
+QString CoverageView::verdict() const
+{
+    return m_verdict->text();
+}
+
+} // namespace pryvane

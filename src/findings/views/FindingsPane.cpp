@@ -1,0 +1,167 @@
+#include "findings/views/FindingsPane.h"
+
+#include "core/Escape.h"
+#include "findings/views/RemoteDesktopCell.h"
+#include "ui/FilterField.h"
+#include "ui/Icons.h"
+#include "ui/Labels.h"
+#include "ui/RowTable.h"
+#include "ui/Sheet.h"
+#include "ui/Style.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace pryvane {
+
+using ui::TextRole;
+
+FindingsPane::FindingsPane(std::string user, FindingsSource::Ticked ticked, FindingsSource::Of of,
+                           QWidget* parent)
+    : Card(parent), m_source(std::move(user), std::move(ticked), of),
+      m_model(m_source, FindingsSource::columns(of)),
+      m_table(new ui::RowTable(m_model, tr("Findings"))),
+      m_empty(new ui::EmptyState(QStringLiteral("scan"), {})), m_list(new QStackedWidget),
+      m_remoteDesktop(new RemoteDesktopCell(of == FindingsSource::Of::Scan))
+{
+    m_table->setObjectName(QStringLiteral("findings"));
+    m_list->addWidget(m_empty);
+    m_list->addWidget(m_table);
+    column()->addWidget(makeToolbar());
+    column()->addWidget(m_remoteDesktop);
+    column()->addWidget(m_list, 1);
+    m_remoteDesktop->hide();
+    connect(m_remoteDesktop, &RemoteDesktopCell::removeARD, this,
+            &FindingsPane::remoteDesktopHelpWanted);
+    connect(m_remoteDesktop, &RemoteDesktopCell::ignoreARD, this,
+            &FindingsPane::ignoreRemoteDesktopWanted);
+    connect(m_table, &ui::RowTable::rowActivated, this, &FindingsPane::explainRow);
+    connect(m_table, &ui::RowTable::menuWanted, this, &FindingsPane::showMenu);
+    connect(&m_model, &QAbstractItemModel::dataChanged, this, &FindingsPane::showSelection);
+    connect(&m_model, &QAbstractItemModel::modelReset, this, &FindingsPane::showSelection);
+    connect(&m_model, &QAbstractItemModel::rowsInserted, this, &FindingsPane::showSelection);
+    showSelection();
+}
+
+QWidget* FindingsPane::makeToolbar()
+{
+    m_selectAll = new QCheckBox(tr("Select all"));
+    m_selectAll->setObjectName(QStringLiteral("selectAll"));
+    connect(m_selectAll, &QCheckBox::clicked, this, [this] {
+        m_model.tickAll(m_model.allTicked() != Qt::Checked);
+        showSelection();
+    });
+    m_filter = ui::makeFilterField(tr("Filter by threat or location"));
+    connect(m_filter, &QLineEdit::textChanged, &m_model, &ui::RowModel::setFilter);
+    m_grouping = new QComboBox;
+    m_grouping->setAccessibleName(tr("Group by"));
+    m_grouping->addItems({tr("No groups"), tr("Group by threat"), tr("Group by folder")});
+    connect(m_grouping, &QComboBox::currentIndexChanged, &m_model, &ui::RowModel::setGrouping);
+    m_selected = ui::makeNote();
+    m_selected->setWordWrap(false);
+
+    auto* bar = new QWidget;
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(ui::kRelated);
+    row->addWidget(m_selectAll);
+    row->addWidget(m_filter, 1);
+    row->addWidget(m_grouping);
+    row->addSpacing(ui::kRelated);
+    row->addWidget(m_selected);
+    return bar;
+}
+
+void FindingsPane::showRecords(const std::shared_ptr<const SpywareList>& records)
+{
+    if (m_source.records() != records) {
+        m_source.setRecords(records);
+        m_model.reset();
+    } else {
+        m_table->takeAppended();
+    }
+    const auto remoteDesktop = m_source.remoteDesktopRow();
+    m_remoteDesktop->setVisible(remoteDesktop && m_source.record(*remoteDesktop).isAvail &&
+                                !m_source.record(*remoteDesktop).isDeleted);
+}
+
+void FindingsPane::setSelectable(bool selectable)
+{
+    m_source.setSelectable(selectable);
+}
+
+void FindingsPane::refresh()
+{
+    m_model.refresh();
+    showSelection();
+}
+
+void FindingsPane::setEmptyText(const QString& sentence)
+{
+    m_empty->setSentence(sentence);
+}
+
+void FindingsPane::focusFilter()
+{
+    m_filter->setFocus(Qt::ShortcutFocusReason);
+    m_filter->selectAll();
+}
+
+void FindingsPane::showSelection()
+{
+    const int count = m_source.selectableCount();
+    const bool filtered = !m_filter->text().isEmpty();
+    if (filtered && m_model.rowCount() == 0)
+        m_empty->setSentence(tr("Nothing fits the filter."));
+    m_list->setCurrentIndex(m_model.rowCount() > 0 ? 1 : 0);
+    for (QWidget* tool : {static_cast<QWidget*>(m_selectAll), static_cast<QWidget*>(m_filter),
+                          static_cast<QWidget*>(m_grouping)})
+        tool->setEnabled(count > 0);
+    m_selectAll->setTristate(m_model.allTicked() == Qt::PartiallyChecked);
+    m_selectAll->setCheckState(count > 0 ? m_model.allTicked() : Qt::Unchecked);
+    m_selected->setText(count == 0 ? QString()
+                                   : tr("%1 of %2 selected")
+                                         .arg(QLocale().toString(m_model.tickedCount()),
+                                              QLocale().toString(count)));
+}
+
+void FindingsPane::showMenu(int row, const QPoint& place)
+{
+    QMenu menu(this);
+    menu.addAction(ui::icon(QStringLiteral("help")), tr("Why was this found?"),
+                   [this, row] { explainRow(row); });
+    menu.addAction(ui::icon(QStringLiteral("reveal")), tr("Reveal in File Viewer"),
+                   [this, row] { Q_EMIT revealWanted(m_source.record(row).url); });
+    menu.addAction(ui::icon(QStringLiteral("copy")), tr("Copy Path"),
+                   [this, row] { ui::copyPath(m_source.record(row).url.relativePath()); });
+    menu.exec(place);
+}
+
+void FindingsPane::explainRow(int row)
+{
+    const Spyware& found = m_source.record(row);
+    auto* sheet = new ui::Sheet(this, tr("Why was this found?"));
+    auto* location = ui::makeLabel(TextRole::Path, ui::text(forScreen(found.url.relativePath())));
+    location->setWordWrap(true);
+    location->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* reasons = ui::makeLabel(TextRole::Body, m_source.whyFound(row));
+    reasons->setWordWrap(true);
+    reasons->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* close = new QPushButton(tr("Close"));
+    connect(close, &QPushButton::clicked, sheet, &ui::Sheet::dismiss);
+    sheet->body()->addWidget(location);
+    sheet->body()->addWidget(reasons);
+    sheet->body()->addWidget(ui::makeNote(
+        tr("Pryvane looks at names only. What it says here rests on where the item lies and what "
+           "it is called, not on what is inside.")));
+    sheet->buttons()->addWidget(close);
+    sheet->present(close);
+}
+
+} // namespace pryvane

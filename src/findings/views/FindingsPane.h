@@ -1,0 +1,61 @@
+#pragma once
+
+#include "findings/views/FindingsSource.h"
+#include "ui/Surfaces.h"
+
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QStackedWidget;
+
+namespace pryvane::ui {
+class RowTable;
+}
+
+namespace pryvane {
+
+class RemoteDesktopCell;
+
+/// The findings with what finds one's way among them: select all, filter, grouping, the count of
+/// what is selected, and a menu for each row.
+class FindingsPane final : public ui::Card {
+    Q_OBJECT
+
+public:
+    FindingsPane(std::string user, FindingsSource::Ticked ticked,
+                 FindingsSource::Of of = FindingsSource::Of::Scan, QWidget* parent = nullptr);
+
+    /// Shows this list, which may have grown at its end since it was last given.
+    void showRecords(const std::shared_ptr<const SpywareList>& records);
+    void setSelectable(bool selectable);
+    /// Whether the disk of a report's findings is the one that is looked at.
+    void setPresenceKnown(bool known) { m_source.setPresenceKnown(known); }
+    /// Ticks or outcomes have changed.
+    void refresh();
+    void setEmptyText(const QString& sentence);
+    void focusFilter();
+
+Q_SIGNALS:
+    void revealWanted(const FileURL& location);
+    void remoteDesktopHelpWanted();
+    void ignoreRemoteDesktopWanted(bool ignore);
+
+private:
+    [[nodiscard]] QWidget* makeToolbar();
+    void showSelection();
+    void showMenu(int row, const QPoint& place);
+    void explainRow(int row);
+
+    FindingsSource m_source;
+    ui::RowModel m_model;
+    ui::RowTable* m_table;
+    ui::EmptyState* m_empty;
+    QStackedWidget* m_list;
+    QCheckBox* m_selectAll;
+    QLineEdit* m_filter;
+    QComboBox* m_grouping;
+    QLabel* m_selected;
+    RemoteDesktopCell* m_remoteDesktop;
+};
+
+} // namespace pryvane

@@ -1,0 +1,207 @@
+#include "findings/views/FindingsSource.h"
+
+#include "core/Escape.h"
+#include "core/Texts.h"
+#include "signatures/RemoteDesktop.h"
+#include "ui/Labels.h"
+
+#include <QObject>
+
+namespace pryvane {
+
+FindingsSource::FindingsSource(std::string user, Ticked ticked, Of of)
+    : m_user(std::move(user)), m_ticked(std::move(ticked)), m_of(of)
+{
+}
+
+std::vector<ui::Column> FindingsSource::columns(Of of)
+{
+    return {{.title = QObject::tr("Selected"), .width = 40},
+            {.title = QObject::tr("Name"), .width = 150},
+            {.title = QObject::tr("Threat"), .width = 150},
+            {.title = of == Of::Scan ? QObject::tr("Evidence") : QObject::tr("Now"), .width = 136},
+            {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
+            {.title = QObject::tr("Size"), .width = 80, .isNumber = true}};
+}
+
+void FindingsSource::setRecords(std::shared_ptr<const SpywareList> records)
+{
+    m_records = std::move(records);
+    m_evidence.clear();
+    m_lookedAt = 0;
+    m_remoteDesktop.reset();
+}
+
+int FindingsSource::selectableCount() const
+{
+    if (m_of == Of::Scan)
+        return count() - (remoteDesktopRow() ? 1 : 0);
+    int selectable = 0;
+    for (int row = 0; row < count(); ++row)
+        selectable += isSelectable(row) ? 1 : 0;
+    return selectable;
+}
+
+bool FindingsSource::isSelectable(int row) const
+{
+    const Spyware& found = record(row);
+    return !found.isDeleted && !isRemoteDesktop(found) && (m_of == Of::Scan || found.isAvail);
+}
+
+/// Looks at each row once only: the list may be long, and grow.
+std::optional<int> FindingsSource::remoteDesktopRow() const
+{
+    for (; m_lookedAt < count(); ++m_lookedAt)
+        if (isRemoteDesktop(record(m_lookedAt)))
+            m_remoteDesktop = m_lookedAt;
+    return m_remoteDesktop;
+}
+
+const Spyware& FindingsSource::record(int row) const
+{
+    return *m_records->at(static_cast<std::size_t>(row));
+}
+
+Explanation FindingsSource::explained(int row) const
+{
+    ExplainQuestion question;
+    question.path = record(row).url.relativePath();
+    question.user = m_user;
+    return explain(question);
+}
+
+Evidence FindingsSource::evidence(int row) const
+{
+    const auto [known, isNew] = m_evidence.try_emplace(&record(row), Evidence::BareSubstring);
+    if (isNew) {
+        // The record's own family goes first; a disk that ignores letter case may leave none.
+        for (const ExplainMatch& match : explained(row).matches)
+            if (match.row.family == record(row).infections && match.evidence < known->second)
+                known->second = match.evidence;
+    }
+    return known->second;
+}
+
+QString FindingsSource::whyFound(int row) const
+{
+    QStringList lines;
+    for (const ExplainMatch& match : explained(row).matches)
+        lines +=
+            QObject::tr("%1: %2, %3 \"%4\"")
+                .arg(ui::text(forScreen(match.row.family)), ui::text(evidenceText(match.evidence)),
+                     ui::text(ruleText(match.row.rule)), ui::text(forScreen(match.location)));
+    return lines.join(QLatin1Char('\n'));
+}
+
+int FindingsSource::count() const
+{
+    return m_records ? static_cast<int>(m_records->size()) : 0;
+}
+
+ui::Cell FindingsSource::cell(int row, int column) const
+{
+    const Spyware& found = record(row);
+    switch (column) {
+    case Name: {
+        const bool folder = found.url.mustBeFolder();
+        return {.text = ui::text(forScreen(found.name)),
+                .iconName = folder ? QStringLiteral("folder") : QStringLiteral("file")};
+    }
+    case Threat:
+        return {.text = ui::text(forScreen(found.infections))};
+    case EvidenceColumn:
+        return evidenceOrOutcome(row);
+    case Location:
+        return {.text = ui::text(forScreen(found.url.relativePath()))};
+    case Size:
+        return {.text = ui::text(sizeText(found.size)), .number = found.size};
+    default:
+        return {};
+    }
+}
+
+/// What became of a finding is of more interest than why it was found.
+ui::Cell FindingsSource::evidenceOrOutcome(int row) const
+{
+    const Spyware& found = record(row);
+    if (found.isDeleted)
+        return {.text = QObject::tr("removed"),
+                .iconName = QStringLiteral("clean"),
+                .meaning = ui::Meaning::Clean,
+                .number = -1,
+                .tooltip = ui::text(forScreen(found.removalRemark))};
+    if (!found.removalFailure.empty())
+        return {.text = QObject::tr("not removed"),
+                .iconName = QStringLiteral("attention"),
+                .meaning = ui::Meaning::Found,
+                .number = -2,
+                .tooltip = ui::text(forScreen(found.removalFailure))};
+    return m_of == Of::Scan ? evidenceCell(evidence(row)) : presence(row);
+}
+
+ui::Cell FindingsSource::presence(int row) const
+{
+    if (!m_presenceKnown)
+        return {.text = QObject::tr("not known"),
+                .iconName = QStringLiteral("info"),
+                .number = 2,
+                .tooltip = QObject::tr("This report is of another volume.")};
+    if (record(row).isAvail)
+        return {.text = QObject::tr("still there"),
+                .iconName = QStringLiteral("found"),
+                .meaning = ui::Meaning::Found,
+                .number = 0};
+    return {.text = QObject::tr("gone"),
+            .iconName = QStringLiteral("gone"),
+            .meaning = ui::Meaning::Clean,
+            .number = 1};
+}
+
+std::optional<bool> FindingsSource::ticked(int row) const
+{
+    if (!m_selectable || !isSelectable(row))
+        return std::nullopt;
+    return record(row).isChecked;
+}
+
+bool FindingsSource::hidden(int row) const
+{
+    return m_of == Of::Scan && isRemoteDesktop(record(row));
+}
+
+void FindingsSource::tick(const std::vector<int>& rows, bool on)
+{
+    m_ticked(rows, on);
+}
+
+QString FindingsSource::group(int row, int grouping) const
+{
+    if (grouping == ByThreat)
+        return ui::text(forScreen(record(row).infections));
+    const std::string path = record(row).url.absolutePath();
+    return ui::text(forScreen(path.substr(0, std::max<std::size_t>(1, path.rfind('/')))));
+}
+
+QString FindingsSource::searchText(int row) const
+{
+    const Spyware& found = record(row);
+    return ui::text(forScreen(found.infections) + '\n' + forScreen(found.url.relativePath()));
+}
+
+bool FindingsSource::faded(int row) const
+{
+    return !record(row).isAvail || record(row).isDeleted;
+}
+
+ui::Cell evidenceCell(Evidence evidence)
+{
+    static const char* const icons[] = {"exact-path", "launch-folder", "name-fragment",
+                                        "bare-substring"};
+    return {.text = ui::text(evidenceText(evidence)),
+            .iconName = QLatin1String(icons[static_cast<int>(evidence)]),
+            .meaning =
+                evidence == Evidence::BareSubstring ? ui::Meaning::Attention : ui::Meaning::Neutral,
+            .number = static_cast<qint64>(evidence)};
+}
+
+} // namespace pryvane

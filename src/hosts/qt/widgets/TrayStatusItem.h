@@ -1,0 +1,47 @@
+#pragma once
+
+#include "hosts/qt/widgets/TrayHosts.h"
+#include "platform/StatusItem.h"
+
+#include <QIcon>
+#include <QMenu>
+#include <QObject>
+#include <QSystemTrayIcon>
+
+#include <memory>
+
+namespace pryvane {
+
+/// The status item as a tray icon. Qt decides once which kind of tray there is, so the icon is made
+/// only when one has been seen, and anew for each that comes.
+class TrayStatusItem final : public QObject, public StatusItem {
+    Q_OBJECT
+
+public:
+    /// Draws the named image of the image set in that size.
+    using DrawIcon = std::function<QIcon(std::string_view image, int points)>;
+
+    TrayStatusItem(QDBusConnection bus, DrawIcon drawIcon);
+    ~TrayStatusItem() override;
+
+    void create(std::string_view image, int points) override;
+    [[nodiscard]] bool available() const override;
+    void whenAvailabilityChanges(std::function<void()> changed) override;
+    void setMenu(std::vector<StatusMenuEntry> entries) override;
+
+    /// As it is shown now.
+    [[nodiscard]] QMenu& menu() { return m_menu; }
+
+private:
+    void followHosts();
+
+    DrawIcon m_drawIcon;
+    QIcon m_image;
+    bool m_created = false;
+    TrayHosts m_hosts;
+    QMenu m_menu;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+    std::function<void()> m_changed;
+};
+
+} // namespace pryvane

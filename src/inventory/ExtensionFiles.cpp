@@ -1,0 +1,152 @@
+#include "inventory/ExtensionFiles.h"
+
+#include "inventory/JsonTexts.h"
+
+#include <map>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::string_view kMessagePrefix = "__MSG_";
+constexpr std::size_t kLongestPath = 32 * 1024; // longer ones stand on no disk
+
+bool isOneComponent(std::string_view name)
+{
+    return !name.empty() && name.size() <= 255 && name != "." && name != ".." &&
+           name.find_first_of(std::string_view("/\0", 2)) == name.npos;
+}
+
+/// At most kLongestShown bytes of a text that is UTF-8, cut between two characters.
+std::string shortened(const std::string& text)
+{
+    if (text.size() <= kLongestShown)
+        return text;
+    std::size_t end = kLongestShown;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
+        --end;
+    return text.substr(0, end) + "…";
+}
+
+std::string without(std::string_view text, std::string_view part)
+{
+    std::string rest;
+    std::size_t from = 0;
+    for (auto at = text.find(part); at != text.npos; at = text.find(part, from)) {
+        rest += text.substr(from, at - from);
+        from = at + part.size();
+    }
+    return rest.append(text.substr(from));
+}
+
+/// An element of the add-on list, as far as it was read.
+struct AddOnTexts {
+    std::size_t index = 0;
+    std::optional<std::string> descriptor, path, version, name;
+
+    [[nodiscard]] std::optional<FirefoxAddOn> whole() const
+    {
+        const auto& location = descriptor ? descriptor : path;
+        if (!location || location->empty() || location->size() > kLongestPath || !version ||
+            !name || *name == "Default")
+            return std::nullopt;
+        return FirefoxAddOn{*location, shortened(*version), shortened(*name)};
+    }
+};
+
+} // namespace
+
+BoundedList<ChromeProfile> chromeProfiles(std::string_view localState)
+{
+    BoundedList<ChromeProfile> profiles;
+    std::map<std::string, std::size_t, std::less<>> places; // by folder
+    const bool read = readJsonTexts(localState, [&](const JsonPlace& at, const std::string& text) {
+        if (!at.is({"profile", "info_cache", JsonPlace::kAnyKey, "name"}) || at.inArray(2) ||
+            !isOneComponent(at.key(2)))
+            return;
+        auto& entries = profiles.entries;
+        if (const auto known = places.find(at.key(2)); known != places.end()) {
+            entries[known->second].name = shortened(text);
+        } else if (entries.size() < kMostProfiles) {
+            places.emplace(at.key(2), entries.size());
+            entries.push_back({at.key(2), shortened(text)});
+        } else {
+            profiles.whole = false;
+        }
+    });
+    return read ? std::move(profiles) : BoundedList<ChromeProfile>();
+}
+
+std::optional<ExtensionManifest> extensionManifest(std::string_view manifest)
+{
+    std::optional<std::string> name, version;
+    const bool read = readJsonTexts(manifest, [&](const JsonPlace& at, const std::string& text) {
+        if (at.is({"name"}))
+            name = text;
+        else if (at.is({"version"}))
+            version = text;
+    });
+    if (!read || !name || !version)
+        return std::nullopt;
+    return ExtensionManifest{shortened(*name), shortened(*version)};
+}
+
+std::optional<std::string> messageKey(std::string_view name)
+{
+    if (!name.starts_with(kMessagePrefix))
+        return std::nullopt;
+    std::string key = without(without(name, "__"), "MSG_");
+    // Only names of several words are written in mixed case by some and in lower case by others.
+    if (key.find('_') != key.npos) {
+        for (char& c : key)
+            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return key;
+}
+
+std::optional<std::string> messageText(std::string_view messages, std::string_view key)
+{
+    std::optional<std::string> message;
+    const bool read = readJsonTexts(messages, [&](const JsonPlace& at, const std::string& text) {
+        if (at.is({key, "message"}))
+            message = shortened(text);
+    });
+    return read ? message : std::nullopt;
+}
+
+BoundedList<FirefoxAddOn> firefoxAddOns(std::string_view extensions)
+{
+    BoundedList<FirefoxAddOn> addOns;
+    AddOnTexts current;
+    const auto finish = [&] {
+        auto addOn = current.whole();
+        if (addOn && addOns.entries.size() < kMostAddOns)
+            addOns.entries.push_back(std::move(*addOn));
+        else if (addOn)
+            addOns.whole = false;
+    };
+    const auto take = [&](const JsonPlace& at, const std::string& text) {
+        const auto is = [&at](std::string_view key) {
+            return at.is({"addons", JsonPlace::kAnyKey, key});
+        };
+        const bool isName = at.is({"addons", JsonPlace::kAnyKey, "defaultLocale", "name"});
+        const bool wanted = isName || is("descriptor") || is("path") || is("version");
+        if (!wanted || !at.inArray(1))
+            return;
+        if (at.index(1) != current.index) {
+            finish();
+            current = {};
+            current.index = at.index(1);
+        }
+        (isName             ? current.name
+         : is("descriptor") ? current.descriptor
+         : is("path")       ? current.path
+                            : current.version) = text;
+    };
+    if (!readJsonTexts(extensions, take))
+        return {};
+    finish();
+    return addOns;
+}
+
+} // namespace pryvane

@@ -1,0 +1,126 @@
+#include "inventory/InventoryController.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace pryvane {
+
+namespace {
+
+using Entries = std::vector<InventoryEntry>;
+
+Entries entriesOf(InventoryKind kind, std::vector<FileURL> urls)
+{
+    Entries entries;
+    entries.reserve(urls.size());
+    for (FileURL& url : urls) {
+        std::string name(url.lastPathComponent());
+        entries.push_back({kind, std::move(url), std::move(name), {}, {}});
+    }
+    return entries;
+}
+
+Entries entriesOf(InventoryKind kind, std::vector<ExtensionEntry> extensions)
+{
+    Entries entries;
+    entries.reserve(extensions.size());
+    for (ExtensionEntry& each : extensions) {
+        std::string detail = each.verExt;
+        if (!each.PersonExt.empty())
+            detail += (detail.empty() ? "" : ", ") + each.PersonExt;
+        entries.push_back({kind, std::move(each.urlExt), std::move(each.nameExt), std::move(detail),
+                           each.sizeExt});
+    }
+    return entries;
+}
+
+Entries listOf(InventoryKind kind, const AdwareScan& scan)
+{
+    switch (kind) {
+    case InventoryKind::LaunchAgents:
+        return entriesOf(kind, scan.getLaunchAgentsList());
+    case InventoryKind::LaunchDaemons:
+        return entriesOf(kind, scan.getLaunchDaemonsList());
+    case InventoryKind::ChromeExtensions:
+        return entriesOf(kind, scan.getChromeExtantionList());
+    case InventoryKind::FirefoxAddOns:
+        return entriesOf(kind, scan.getFirefoxExtantionList());
+    case InventoryKind::SafariExtensions:
+        return entriesOf(kind, scan.getSafariExtantionList());
+    case InventoryKind::ApplicationSupport:
+        return entriesOf(kind, scan.getApplicationSupportList());
+    case InventoryKind::Applications:
+        return entriesOf(kind, scan.getAppList());
+    }
+    return {};
+}
+
+} // namespace
+
+InventoryController::InventoryController(const Services& services, std::string user,
+                                         QObject* parent)
+    : QObject(parent), m_services(services), m_user(std::move(user)),
+      m_alive(std::make_shared<char>())
+{
+}
+
+InventoryController::~InventoryController()
+{
+    m_stop.request();
+}
+
+/// Called on the background thread: has the work done on the main thread, if this still lives then.
+void InventoryController::onMain(std::function<void()> work)
+{
+    m_services.mainQueue.post([alive = std::weak_ptr(m_alive), work = std::move(work)] {
+        if (alive.lock())
+            work();
+    });
+}
+
+void InventoryController::viewWillAppear()
+{
+    if (!std::exchange(m_hasAppeared, true))
+        gather();
+}
+
+void InventoryController::gather()
+{
+    if (m_isGathering)
+        return;
+    m_thread.join();
+    m_stop.clear();
+    m_entries.clear();
+    m_isWhole = false;
+    m_isGathering = true;
+    m_gathering = {};
+    m_thread.start(
+        [this] {
+            const AdwareScan scan(m_services.disk, m_user, m_stop);
+            for (std::size_t kind = 0; kind < kInventoryHeadings.size(); ++kind) {
+                if (m_stop.requested())
+                    break;
+                onMain([this, kind] {
+                    m_gathering = static_cast<InventoryKind>(kind);
+                    Q_EMIT stateChanged();
+                });
+                onMain([this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
+                    std::move(found.begin(), found.end(), std::back_inserter(m_entries));
+                    Q_EMIT stateChanged();
+                });
+            }
+            onMain([this, whole = scan.whole()] { ended(whole); });
+        },
+        [this](const char*) { onMain([this] { ended(false); }); });
+    Q_EMIT stateChanged();
+}
+
+void InventoryController::ended(bool whole)
+{
+    m_isGathering = false;
+    m_isWhole = whole && !m_stop.requested();
+    Q_EMIT stateChanged();
+}
+
+} // namespace pryvane

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "core/StopFlag.h"
+#include "core/tasks/MainQueue.h"
+#include "core/tasks/Worker.h"
+#include "inventory/AdwareScan.h"
+#include "inventory/InventoryKind.h"
+
+#include <QObject>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pryvane {
+
+/// One thing that is installed. Names are raw bytes.
+struct InventoryEntry {
+    InventoryKind kind = InventoryKind::Applications;
+    FileURL url;
+    std::string name;
+    std::string detail;                ///< version and profile of an extension
+    std::optional<std::int64_t> bytes; ///< allocated, where it was measured
+};
+
+/// The inventory without its window: gathers it on one background thread, list by list, and judges
+/// nothing. Main thread only.
+class InventoryController final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(InventoryController)
+
+public:
+    struct Services {
+        CleanerServices disk;
+        MainQueue& mainQueue;
+    };
+
+    /// The services outlive this.
+    InventoryController(const Services& services, std::string user, QObject* parent = nullptr);
+    ~InventoryController() override;
+
+    /// The page is about to be shown: the first time, the inventory is gathered.
+    void viewWillAppear();
+
+    /// Gathers all lists anew. Nothing while they are being gathered.
+    void gather();
+
+    /// Ends gathering as soon as it can; what was found by then stands.
+    void stop() { m_stop.request(); }
+
+    [[nodiscard]] bool isGathering() const { return m_isGathering; }
+    /// Whether all lists were gathered to their ends.
+    [[nodiscard]] bool isWhole() const { return m_isWhole; }
+    /// The list that is being gathered.
+    [[nodiscard]] InventoryKind gathering() const { return m_gathering; }
+    /// Only ever grows while it is gathered.
+    [[nodiscard]] const std::vector<InventoryEntry>& entries() const { return m_entries; }
+
+Q_SIGNALS:
+    void stateChanged();
+
+private:
+    void onMain(std::function<void()> work);
+    void ended(bool whole);
+
+    const Services m_services;
+    const std::string m_user;
+    bool m_hasAppeared = false;
+    bool m_isGathering = false;
+    bool m_isWhole = false;
+    InventoryKind m_gathering{};
+    std::vector<InventoryEntry> m_entries;
+    StopFlag m_stop;
+    std::shared_ptr<char> m_alive; ///< what is posted asks whether this still lives
+    Worker m_thread;               // last: it ends before anything it uses
+};
+
+} // namespace pryvane

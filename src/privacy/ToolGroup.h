@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/Removal.h"
+#include "privacy/PrivacyTable.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane {
+
+/// One file or folder of an item. A path that ends in a slash stands for what the folder holds.
+struct ToolLocation {
+    FileURL url;
+    RemovalScope scope = RemovalScope::Item;
+    FileKind kind = FileKind::Unknown; ///< what stood there when the catalogue was built
+    std::int64_t bytes = 0;            ///< allocated
+    std::string_view browser;          ///< display name of the application that may have it open
+};
+
+/// A row of a group: what is cleaned as one, or a heading.
+struct ToolItem {
+    std::vector<ToolLocation> AllList;
+    std::string NameText;
+    std::string sizeText = "0KB";
+    std::int64_t bytes = 0;
+    bool isChecked = false;
+    bool isEnabled = false; ///< something is there to be cleaned
+    bool isExt = false;     ///< the item is one browser extension
+    bool isHeader = false;  ///< a heading, not to be cleaned
+};
+
+/// What can be cleaned of one application.
+struct ToolGroup {
+    ToolGroupKind kind = ToolGroupKind::System;
+    std::string Name;
+    std::vector<ToolItem> List;
+    std::string Size;
+    std::int64_t bytes = 0;
+    FileURL Img; ///< the application that lends its icon; empty: none
+    bool isChecked = false;
+    bool isEnabled = false;
+    bool isFromAdware = false; ///< its items come from the inventory of extensions
+};
+
+/// An item as it stands before it is measured.
+[[nodiscard]] ToolItem getDicForList(std::vector<ToolLocation> list, std::string type, bool isExt);
+
+/// The group's name for a person.
+[[nodiscard]] std::string shownName(const ToolGroup& group);
+
+/// Sums up the group's items and the group, from the bytes of their locations.
+void countSize(ToolGroup& group);
+
+} // namespace pryvane

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "core/StopFlag.h"
+#include "core/tasks/MainQueue.h"
+#include "core/tasks/Worker.h"
+#include "platform/Alerts.h"
+#include "platform/Workspace.h"
+#include "privacy/PrivacyCleaning.h"
+#include "privacy/PrivacyScan.h"
+
+#include <QObject>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace pryvane {
+
+/// Whether the applications that run on this host are those of the volume.
+enum class VolumeKind : std::uint8_t { HostRoot, Mounted };
+
+/// The tools screen without its window: the catalogue with its sizes, what is ticked in it, the
+/// preview of a cleaning, the cleaning. Main thread only; work runs on one background thread.
+class ToolsViewController final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(ToolsViewController)
+
+public:
+    enum class State : std::uint8_t {
+        Idle,
+        Scanning,   ///< groups arrive one by one
+        Looking,    ///< a preview is being made
+        Previewing, ///< the preview waits to be unticked, cancelled or carried out
+        Cleaning,
+    };
+
+    struct Services {
+        CleanerServices disk;
+        Remover& remover;
+        MainQueue& mainQueue;
+        Alerts& alerts;
+        Workspace& workspace;
+    };
+
+    /// The services outlive this.
+    ToolsViewController(const Services& services, std::string user, VolumeKind volume,
+                        QObject* parent = nullptr);
+    ~ToolsViewController() override;
+
+    /// The screen is about to be shown: the first time, the catalogue is built.
+    void viewWillAppear();
+
+    /// Builds the catalogue anew. Nothing while anything but a scan is under way.
+    void resetAndAddavailbleApplications();
+
+    /// Ends what is under way as soon as it can; what was found or removed by then stands.
+    void stop() { m_stop.request(); }
+
+    /// Ticks what can be ticked: items with something to clean. Groups that have arrived may be
+    /// ticked while others still do.
+    void setChecked(std::size_t group, std::size_t item, bool checked);
+    void setGroupChecked(std::size_t group, bool checked);
+
+    /// Looks at what cleaning the ticked items would take away; nothing where none is ticked.
+    void previewSelected();
+    void setPreviewTicked(std::size_t row, bool ticked);
+    void cancelPreview();
+
+    /// Looks again, once browsers were closed; what was unticked stays so.
+    void retryCleaningAction();
+    /// Puts the panel with the browsers away, and the preview with it.
+    void closeWindowAction() { cancelPreview(); }
+
+    /// Removes for good what the preview shows ticked, says so, and builds the catalogue anew.
+    void cleanAndReloadData();
+
+    [[nodiscard]] State state() const { return m_state; }
+    [[nodiscard]] bool canTick() const
+    {
+        return m_state == State::Idle || m_state == State::Scanning;
+    }
+    /// Whether a scan has ended by itself; one that was stopped left groups out.
+    [[nodiscard]] bool isMeasured() const { return m_isMeasured; }
+    [[nodiscard]] const std::vector<ToolGroup>& availbleApp() const { return m_availbleApp; }
+    /// The ticked items' names by their group's.
+    [[nodiscard]] std::map<std::string, std::vector<std::string>> toolsSelectedDic() const;
+    [[nodiscard]] const CleaningPreview& preview() const { return m_preview; }
+    /// What the last cleaning removed and could not remove.
+    [[nodiscard]] const CleaningOutcome& outcome() const { return m_outcome; }
+    [[nodiscard]] const PrivacyProgress& progress() const { return *m_progress; }
+
+Q_SIGNALS:
+    void stateChanged();
+
+private:
+    void scanInBG();
+    void BGscanDone();
+    void setState(State state);
+    void start(State state, std::function<void()> work);
+    void onMain(std::function<void()> work);
+    void look(std::vector<CleaningRow> rows);
+    void cleaned();
+
+    const Services m_services;
+    const std::string m_user;
+    const VolumeKind m_volume;
+    State m_state = State::Idle;
+    bool m_isMeasured = false;
+    bool m_hasAppeared = false;
+    std::vector<ToolGroup> m_availbleApp;
+    CleaningPreview m_preview;
+    CleaningOutcome m_outcome;
+    std::unique_ptr<PrivacyProgress> m_progress; ///< made anew by each scan
+    StopFlag m_stop;
+    std::shared_ptr<char> m_alive; ///< what is posted asks whether this still lives
+    std::uint64_t m_round = 0;     ///< tells the news of a scan from those of one before
+    Worker m_thread;               // last: it ends before anything it uses
+};
+
+} // namespace pryvane

@@ -1,0 +1,181 @@
+#include "privacy/views/CleaningPreviewSheet.h"
+
+#include "core/Escape.h"
+#include "core/Texts.h"
+#include "ui/Icons.h"
+#include "ui/Labels.h"
+#include "ui/RowTable.h"
+#include "ui/Spinner.h"
+#include "ui/Style.h"
+#include "ui/Surfaces.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace pryvane {
+
+namespace {
+
+using State = ToolsViewController::State;
+
+constexpr int kTableHeight = 260, kShortHeight = 40;
+
+QPushButton* makeButton(const QString& title, const char* name)
+{
+    auto* button = new QPushButton(title);
+    button->setObjectName(QLatin1String(name));
+    return button;
+}
+
+} // namespace
+
+CleaningPreviewSheet::CleaningPreviewSheet(QWidget* over, ToolsViewController& controller,
+                                           Listing listing)
+    : Sheet(over, tr("What would be cleared")), m_controller(controller), m_source(controller),
+      m_model(m_source, PreviewSource::columns()),
+      m_table(new ui::RowTable(m_model, tr("What would be cleared"))), m_pages(new QStackedWidget),
+      m_totals(ui::makeLabel(ui::TextRole::Body)), m_browsers(makeBrowserPanel()),
+      m_list(makeButton(tr("List each location"), "listLocations")),
+      m_cancel(makeButton(tr("Cancel"), "cancelPreview")),
+      m_clear(makeButton(tr("Clear for good"), "clearForGood"))
+{
+    setObjectName(QStringLiteral("previewSheet"));
+    m_table->setObjectName(QStringLiteral("preview"));
+    m_model.setGrouping(PreviewSource::ByItem);
+    m_cancel->setDefault(true);
+    ui::makeDestructive(*m_clear);
+    layOut();
+    setListed(listing == Listing::Open);
+    follow();
+    showState();
+}
+
+/// The panel that asks to close running browsers.
+QWidget* CleaningPreviewSheet::makeBrowserPanel()
+{
+    auto* panel = new ui::Card;
+    panel->setObjectName(QStringLiteral("closeBrowsers"));
+    panel->column()->setContentsMargins(12, ui::kRelated, 12, ui::kRelated);
+    auto* picture = new QLabel;
+    picture->setPixmap(ui::icon(QStringLiteral("attention"), ui::Meaning::Attention)
+                           .pixmap(QSize(20, 20), devicePixelRatioF()));
+    m_browserNames = ui::makeLabel(ui::TextRole::Body);
+    m_browserNames->setWordWrap(true);
+    m_retry = makeButton(tr("Retry"), "retryButton");
+    auto* row = new QHBoxLayout;
+    row->setSpacing(ui::kRelated);
+    row->addWidget(picture, 0, Qt::AlignTop);
+    row->addWidget(m_browserNames, 1);
+    row->addWidget(m_retry);
+    panel->column()->addLayout(row);
+    connect(m_retry, &QPushButton::clicked, &m_controller,
+            &ToolsViewController::retryCleaningAction);
+    return panel;
+}
+
+void CleaningPreviewSheet::layOut()
+{
+    m_pages->addWidget(ui::makeBusyPage(tr("Looking at what would go…")));
+    m_pages->addWidget(m_table);
+    m_pages->addWidget(new QWidget);
+    m_totals->setWordWrap(true);
+
+    auto* head = new QHBoxLayout;
+    head->setSpacing(ui::kRelated);
+    head->addWidget(m_totals, 1);
+    head->addWidget(m_list);
+    body()->addLayout(head);
+    body()->addWidget(m_browsers);
+    body()->addWidget(m_pages, 1);
+    body()->addWidget(ui::makeNote(tr("Nothing goes to the Trash: what is cleared is gone.")));
+    buttons()->addWidget(m_cancel);
+    buttons()->addWidget(m_clear);
+}
+
+void CleaningPreviewSheet::follow()
+{
+    m_update.setSingleShot(true);
+    m_update.setInterval(0);
+    connect(&m_update, &QTimer::timeout, this, &CleaningPreviewSheet::showState);
+    connect(&m_controller, &ToolsViewController::stateChanged, this, [this] {
+        if (!m_update.isActive())
+            m_update.start();
+        // The rows are gone with the state, so nothing may ask for them any more.
+        if (m_controller.state() != State::Previewing && m_filled) {
+            m_filled = false;
+            m_model.reset();
+        }
+    });
+    connect(m_list, &QPushButton::clicked, this, [this] {
+        setListed(true);
+        showState();
+        m_table->setFocus(Qt::OtherFocusReason);
+    });
+    connect(m_cancel, &QPushButton::clicked, this, &Sheet::dismiss);
+    connect(m_clear, &QPushButton::clicked, &m_controller,
+            &ToolsViewController::cleanAndReloadData);
+    connect(this, &Sheet::closed, &m_controller, [this] {
+        if (m_controller.state() == State::Looking)
+            m_controller.stop();
+        m_controller.closeWindowAction();
+    });
+}
+
+void CleaningPreviewSheet::present()
+{
+    Sheet::present(m_cancel);
+}
+
+void CleaningPreviewSheet::setListed(bool listed)
+{
+    m_list->setVisible(!listed);
+    m_pages->setMinimumHeight(listed ? kTableHeight : kShortHeight);
+    setWidth(listed ? 860 : 560);
+}
+
+void CleaningPreviewSheet::showState()
+{
+    const State state = m_controller.state();
+    if (state != State::Looking && state != State::Previewing)
+        return dismiss();
+    const bool ready = state == State::Previewing;
+    if (ready && !m_filled) {
+        m_filled = true;
+        m_model.reset();
+        if (!m_table->currentIndex().isValid())
+            m_table->setCurrentIndex(m_model.index(0, 0));
+    }
+    const bool listed = m_list->isHidden();
+    m_pages->setCurrentIndex(!ready ? 0 : listed ? 1 : 2);
+    m_pages->setVisible(!ready || listed);
+    m_list->setEnabled(ready);
+    showTotals();
+}
+
+void CleaningPreviewSheet::showTotals()
+{
+    const CleaningPreview& preview = m_controller.preview();
+    const CleaningPreview::Totals totals = preview.totals();
+    const auto going = std::count_if(preview.rows.begin(), preview.rows.end(),
+                                     [](const CleaningRow& row) { return row.willGo(); });
+    m_totals->setText(
+        m_filled ? tr("%1 will go: %2, %3")
+                       .arg(ui::text(countedText(std::size_t(going), "location", "locations")),
+                            ui::text(countedText(totals.entries, "entry", "entries")),
+                            ui::text(sizeText(totals.bytes)))
+                 : QString());
+    m_clear->setEnabled(m_filled && totals.entries > 0);
+    QStringList names;
+    for (const std::string& browser : preview.openBrowsers())
+        names += ui::text(forScreen(browser));
+    m_browserNames->setText(
+        tr("Quit %1 first, then retry. A running browser keeps its files open, so they stay.")
+            .arg(names.join(QStringLiteral(", "))));
+    m_browsers->setVisible(!names.isEmpty());
+}
+
+} // namespace pryvane

@@ -1,0 +1,98 @@
+#include "privacy/views/ItemsSource.h"
+
+#include "core/Escape.h"
+#include "privacy/views/ItemExplanations.h"
+#include "ui/Labels.h"
+
+#include <QObject>
+
+#include <algorithm>
+
+namespace pryvane {
+
+std::vector<ui::Column> ItemsSource::columns()
+{
+    return {{.title = QObject::tr("To be cleared"), .width = 40},
+            {.title = QObject::tr("Item"), .stretches = true},
+            {.title = QObject::tr("Size"), .width = 96, .isNumber = true}};
+}
+
+const ToolGroup* ItemsSource::shown() const
+{
+    const auto& groups = m_controller.availbleApp();
+    return m_group && *m_group < groups.size() ? &groups[*m_group] : nullptr;
+}
+
+bool ItemsSource::hasHeadings() const
+{
+    return shown() && std::any_of(shown()->List.begin(), shown()->List.end(),
+                                  [](const ToolItem& each) { return each.isHeader; });
+}
+
+int ItemsSource::count() const
+{
+    return shown() ? static_cast<int>(shown()->List.size()) : 0;
+}
+
+QString ItemsSource::explanation(int row) const
+{
+    const ToolItem& about = item(row);
+    QString words = explanationOf(about);
+    if (!about.isEnabled)
+        words += (words.isEmpty() ? QString() : QStringLiteral(" ")) +
+                 QObject::tr("There is nothing to clear.");
+    return words;
+}
+
+ui::Cell ItemsSource::cell(int row, int column) const
+{
+    const ToolItem& about = item(row);
+    if (column == Name)
+        return {.text = ui::text(forScreen(about.NameText)),
+                .iconName = about.isExt ? QStringLiteral("extension") : QString(),
+                .tooltip = explanation(row)};
+    if (column == Size)
+        return {.text = ui::text(about.sizeText), .number = about.bytes};
+    return {};
+}
+
+std::optional<bool> ItemsSource::ticked(int row) const
+{
+    const bool tickable = item(row).isEnabled && m_controller.canTick();
+    return tickable ? std::optional(item(row).isChecked) : std::nullopt;
+}
+
+void ItemsSource::tick(const std::vector<int>& rows, bool on)
+{
+    for (const int row : rows)
+        m_controller.setChecked(*m_group, static_cast<std::size_t>(row), on);
+}
+
+/// What follows the last browser's extensions is of all browsers.
+QString ItemsSource::group(int row, int) const
+{
+    if (shown()->isFromAdware && !item(row).isExt)
+        return QObject::tr("All browsers");
+    for (int above = row; above >= 0; --above)
+        if (item(above).isHeader)
+            return ui::text(forScreen(item(above).NameText));
+    return {};
+}
+
+/// A heading is shown as the table's own, where anything follows it.
+bool ItemsSource::hidden(int row) const
+{
+    return item(row).isHeader;
+}
+
+QString ItemsSource::searchText(int row) const
+{
+    return cell(row, Name).text;
+}
+
+bool ItemsSource::faded(int row) const
+{
+    return !item(row).isEnabled;
+}
+
+} // namespace pryvane

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "privacy/ToolsViewController.h"
+#include "ui/RowModel.h"
+
+namespace pryvane {
+
+/// What a cleaning would take away, location by location.
+class PreviewSource final : public ui::RowSource {
+public:
+    enum Column : int { Tick, Location, Entries, Size, Note };
+    enum Grouping : int { None, ByItem };
+
+    explicit PreviewSource(ToolsViewController& controller) : m_controller(controller) {}
+
+    [[nodiscard]] static std::vector<ui::Column> columns();
+
+    [[nodiscard]] int count() const override;
+    [[nodiscard]] ui::Cell cell(int row, int column) const override;
+    [[nodiscard]] std::optional<bool> ticked(int row) const override;
+    void tick(const std::vector<int>& rows, bool on) override;
+    [[nodiscard]] QString group(int row, int grouping) const override;
+    [[nodiscard]] QString searchText(int row) const override;
+    [[nodiscard]] bool faded(int row) const override;
+
+private:
+    [[nodiscard]] const CleaningRow& at(int row) const
+    {
+        return m_controller.preview().rows[static_cast<std::size_t>(row)];
+    }
+
+    ToolsViewController& m_controller;
+};
+
+} // namespace pryvane

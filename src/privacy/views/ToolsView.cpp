@@ -1,0 +1,83 @@
+#include "privacy/views/ToolsView.h"
+
+#include "inventory/InventoryController.h"
+#include "inventory/views/InventoryView.h"
+#include "privacy/ToolsViewController.h"
+#include "privacy/views/PrivacyPane.h"
+#include "ui/Theme.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace pryvane {
+
+namespace {
+
+enum Page : int { Privacy, Inventory };
+
+} // namespace
+
+ToolsView::ToolsView(ToolsViewController& tools, InventoryController& inventory, QWidget* parent)
+    : QWidget(parent), m_tools(tools), m_inventory(inventory),
+      m_inventoryView(new InventoryView(inventory)), m_pages(new QStackedWidget)
+{
+    setObjectName(QStringLiteral("toolsVC"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(ui::kEdge, ui::kGroups, ui::kEdge, ui::kGroups);
+    column->setSpacing(ui::kGroups);
+    column->addWidget(makePages());
+    m_pages->addWidget(new PrivacyPane(tools));
+    m_pages->addWidget(m_inventoryView);
+    column->addWidget(m_pages, 1);
+    connect(m_inventoryView, &InventoryView::revealWanted, this, &ToolsView::revealWanted);
+}
+
+/// One of two, side by side; the arrow keys change between them.
+QWidget* ToolsView::makePages()
+{
+    auto* bar = new QWidget;
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    auto* choice = new QButtonGroup(this);
+    const auto add = [&](const QString& name, const char* objectName, Page page) {
+        auto* button = new QPushButton(name);
+        button->setObjectName(QLatin1String(objectName));
+        button->setCheckable(true);
+        button->setChecked(page == Privacy);
+        button->setMinimumWidth(120);
+        choice->addButton(button, page);
+        row->addWidget(button);
+    };
+    add(tr("Privacy"), "showPrivacy", Privacy);
+    add(tr("Inventory"), "showInventory", Inventory);
+    row->addStretch();
+    connect(choice, &QButtonGroup::idToggled, this, [this](int page, bool on) {
+        if (on)
+            showPage(page);
+    });
+    return bar;
+}
+
+void ToolsView::showPage(int page)
+{
+    m_pages->setCurrentIndex(page);
+    if (page == Inventory)
+        m_inventory.viewWillAppear();
+}
+
+void ToolsView::viewWillAppear()
+{
+    m_tools.viewWillAppear();
+}
+
+void ToolsView::focusFilter()
+{
+    if (m_pages->currentIndex() == Inventory)
+        m_inventoryView->focusFilter();
+}
+
+} // namespace pryvane

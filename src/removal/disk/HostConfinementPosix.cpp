@@ -1,0 +1,20 @@
+#include "removal/disk/HostConfinement.h"
+
+namespace pryvane {
+
+KernelConfinement kernelConfinementOfRemoval()
+{
+    return KernelConfinement::NotAvailable;
+}
+
+std::string_view kernelConfinementText()
+{
+    return "not confined: this system has no Landlock";
+}
+
+ConfinementState confineThisThread(std::span<const int>)
+{
+    return {};
+}
+
+} // namespace pryvane

@@ -1,0 +1,48 @@
+#include "removal/disk/HostRemoval.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pryvane {
+
+std::optional<EntryFacts> factsOf(int folder, const std::string& name)
+{
+    struct stat data {};
+    struct stat above {};
+    if ((name.empty() ? fstat(folder, &data)
+                      : fstatat(folder, name.c_str(), &data, AT_SYMLINK_NOFOLLOW)) != 0 ||
+        fstat(folder, &above) != 0)
+        return std::nullopt;
+    EntryFacts facts;
+    facts.id = {data.st_dev, data.st_ino};
+    facts.kind = kindOfMode(data.st_mode);
+    if (facts.kind != FileKind::Folder)
+        facts.bytes = std::int64_t{data.st_blocks} * 512;
+    facts.owner = data.st_uid;
+    facts.isSticky = facts.kind == FileKind::Folder && (data.st_mode & S_ISVTX) != 0;
+#ifdef __APPLE__
+    facts.isLocked = (data.st_flags & (UF_IMMUTABLE | UF_APPEND | SF_IMMUTABLE | SF_APPEND)) != 0;
+#endif
+    facts.isMountRoot = data.st_dev != above.st_dev;
+    return facts;
+}
+
+FolderHandle openBelow(int folder, const std::string& name)
+{
+    FolderHandle handle = FolderHandle::openIn(folder, name.c_str());
+    struct stat above {};
+    if (!handle || (fstat(folder, &above) == 0 && above.st_dev == handle.id().device))
+        return handle;
+    handle.close();
+    errno = EXDEV;
+    return handle;
+}
+
+bool isSwappedTo(const FolderId&)
+{
+    return false; // the host swaps to files of its own only
+}
+
+} // namespace pryvane

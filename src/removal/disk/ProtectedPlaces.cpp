@@ -1,0 +1,123 @@
+#include "removal/disk/ProtectedPlaces.h"
+
+#include "volume/FoldedName.h"
+#include "volume/VolumeFileSystem.h"
+
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <string_view>
+#include <tuple>
+
+namespace pryvane {
+
+namespace {
+
+bool before(const FolderId& a, const FolderId& b)
+{
+    return std::tie(a.device, a.inode) < std::tie(b.device, b.inode);
+}
+
+bool isAnyOf(std::string_view name, std::span<const std::string_view> names)
+{
+    return std::ranges::any_of(names, [&](auto other) { return sameFoldedName(name, other); });
+}
+
+/// Where accounts have their homes: on a Mac, and on a Linux host whose root is looked at.
+constexpr std::array<std::string_view, 2> kHomesIn = {"Users", "home"};
+
+/// What systems keep as links in the root.
+constexpr std::array<std::string_view, 5> kSystemsLinks = {"etc", "tmp", "var", "Users", "home"};
+
+FolderId idOf(int folder)
+{
+    const auto facts = factsOf(folder, {});
+    return facts ? facts->id : FolderId();
+}
+
+/// A handle to look from, which asks for no right to read.
+UniqueFd openToSearch(int folder, const char* path)
+{
+    return UniqueFd(openat(folder, path, O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
+} // namespace
+
+ProtectedPlaces::ProtectedPlaces(const VolumeFileSystem& disk,
+                                 const std::vector<std::string>& ownFolders)
+    : m_root(idOf(disk.rootHandle()))
+{
+    addWithAllAbove(openToSearch(disk.rootHandle(), "."));
+    addEntriesOf(disk, {}, openToSearch(disk.rootHandle(), "."));
+    for (const std::string& path : ownFolders) {
+        if (UniqueFd folder = openToSearch(AT_FDCWD, path.c_str())) {
+            m_own.push_back(idOf(folder.get()));
+            addWithAllAbove(std::move(folder));
+        }
+    }
+    std::ranges::sort(m_places, before);
+}
+
+/// The folders in the root, behind the system's own links too, and those where homes are.
+void ProtectedPlaces::addEntriesOf(const VolumeFileSystem& disk, const std::string& path,
+                                   UniqueFd folder)
+{
+    FolderHandle reading = FolderHandle::openIn(folder.get(), ".");
+    FolderBatch batch;
+    FolderBatch::Entry entry;
+    while (reading && batch.fill(reading)) {
+        while (batch.next(entry)) {
+            const std::string name(entry.name);
+            const bool isLink = entry.kind == FileKind::SymbolicLink;
+            if ((entry.kind != FileKind::Folder && !isLink) ||
+                (isLink && path.empty() && !isAnyOf(name, kSystemsLinks)))
+                continue;
+            std::string behind = path;
+            behind.append("/").append(name).append("/.");
+            UniqueFd child = isLink
+                                 ? disk.openParent(FileURL::fileURLWithPath(behind)).parent
+                                 : UniqueFd(openat(folder.get(), name.c_str(),
+                                                   O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+            if (!child)
+                continue;
+            m_places.push_back(idOf(child.get()));
+            if (path.empty() && isAnyOf(name, kHomesIn)) {
+                m_homesIn.push_back(m_places.back());
+                addEntriesOf(disk, "/" + name, std::move(child));
+            }
+        }
+        if (batch.atEnd())
+            break;
+    }
+}
+
+void ProtectedPlaces::addWithAllAbove(UniqueFd folder)
+{
+    FolderId below;
+    while (folder) {
+        const FolderId id = idOf(folder.get());
+        if (id == below)
+            break; // the host's root is above itself
+        m_places.push_back(id);
+        below = id;
+        folder = openToSearch(folder.get(), "..");
+    }
+}
+
+bool ProtectedPlaces::contains(const FolderId& folder) const
+{
+    return std::ranges::binary_search(m_places, folder, before);
+}
+
+bool ProtectedPlaces::keepsIn(const FolderId& folder, const std::string& name, FileKind kind) const
+{
+    const bool leadsOn = kind == FileKind::Folder || kind == FileKind::SymbolicLink;
+    if (std::ranges::find(m_own, folder) != m_own.end())
+        return true;
+    if (std::ranges::find(m_homesIn, folder) != m_homesIn.end())
+        return leadsOn;
+    return folder == m_root &&
+           (kind == FileKind::Folder || (leadsOn && isAnyOf(name, kSystemsLinks)));
+}
+
+} // namespace pryvane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "findings/Spyware.h"
+#include "platform/Removal.h"
+#include "signatures/Explain.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pryvane {
+
+/// Which rule flagged a record, and how strongly that speaks.
+struct FlaggedBy {
+    std::string_view rule; ///< in a few words, as in the catalogue; lasts as long as the program
+    std::string signature; ///< the location or text that fits; empty where none could be told
+    Evidence evidence = Evidence::BareSubstring;
+};
+
+/// The strongest rule of the record's threat that fits its path, by the text alone.
+[[nodiscard]] FlaggedBy flaggedBy(const Spyware& record, std::string_view user,
+                                  const std::function<std::string(std::string_view)>& foldedName);
+
+/// Whether a finding of that kind may well be something harmless of a similar name.
+[[nodiscard]] constexpr bool isWeak(Evidence evidence)
+{
+    return evidence == Evidence::BareSubstring;
+}
+
+struct PlannedRecord {
+    std::shared_ptr<Spyware> record;
+    FlaggedBy flaggedBy;
+    RemovalForecast forecast;
+};
+
+/// What a removal would do to each record, in the order of the list. A value: nothing follows the
+/// disk or the list afterwards.
+struct RemovalPlan {
+    struct Totals {
+        std::size_t rows = 0;
+        std::uint64_t entries = 0;
+        std::int64_t bytes = 0;
+        std::size_t gone = 0;     ///< records whose location is empty already
+        std::size_t hindered = 0; ///< records that cannot be removed whole
+        bool countedWhole = true; ///< false: there is more than entries and bytes tell
+
+        /// A hindered record adds nothing to what would go.
+        void add(const PlannedRecord& row);
+    };
+    std::vector<PlannedRecord> rows; ///< after a stop only those that were reached
+    bool stopped = false;
+
+    /// Of all rows.
+    [[nodiscard]] Totals totals() const;
+};
+
+} // namespace pryvane

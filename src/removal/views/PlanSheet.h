@@ -1,0 +1,50 @@
+#pragma once
+
+#include "removal/views/PlanSource.h"
+#include "ui/Sheet.h"
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+
+namespace pryvane {
+
+namespace ui {
+class RowTable;
+}
+
+/// The plan before a removal: what would go, grouped, what rests on weak evidence apart and quick
+/// to leave out. Nothing happens without the button that is not the default one.
+class PlanSheet final : public ui::Sheet {
+    Q_OBJECT
+
+public:
+    /// `ticked` selects or unselects findings in the list that the plan is of.
+    PlanSheet(QWidget* over, PlanSource::Ticked ticked);
+
+    /// Shows that the disk is being looked at.
+    void present();
+    void setPlan(const RemovalPlan& plan);
+
+Q_SIGNALS:
+    void removalWanted();
+
+private:
+    void layOut();
+    void showTotals();
+    void leaveWeakOut();
+
+    PlanSource m_source;
+    ui::RowModel m_model;
+    ui::RowTable* m_table;
+    QStackedWidget* m_pages;
+    QComboBox* m_grouping;
+    QLabel* m_totals;
+    QLabel* m_weak;
+    QPushButton* m_leaveWeakOut;
+    QPushButton* m_cancel;
+    QPushButton* m_remove;
+};
+
+} // namespace pryvane

@@ -1,0 +1,129 @@
+#include "removal/views/PlanSource.h"
+
+#include "core/Escape.h"
+#include "core/Texts.h"
+#include "findings/views/FindingsSource.h"
+#include "ui/Labels.h"
+
+#include <QLocale>
+#include <QObject>
+
+#include <algorithm>
+
+namespace pryvane {
+
+namespace {
+
+ui::Cell forecastCell(const RemovalForecast& forecast)
+{
+    if (forecast.obstacle != RemovalObstacle::None)
+        return {.text = ui::text(forScreen(obstacleText(forecast.obstacle, forecast.detail))),
+                .iconName = QStringLiteral("attention"),
+                .meaning = ui::Meaning::Attention};
+    if (forecast.kind == FileKind::Missing)
+        return {.text = QObject::tr("already gone"), .iconName = QStringLiteral("gone")};
+    return {.text = QObject::tr("can be removed"), .iconName = QStringLiteral("clean")};
+}
+
+} // namespace
+
+std::vector<ui::Column> PlanSource::columns()
+{
+    return {{.title = QObject::tr("To be removed"), .width = 40},
+            {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
+            {.title = QObject::tr("Evidence"), .width = 150},
+            {.title = QObject::tr("Entries"), .width = 80, .isNumber = true},
+            {.title = QObject::tr("Size"), .width = 90, .isNumber = true},
+            {.title = QObject::tr("Forecast"), .width = 170}};
+}
+
+void PlanSource::setPlan(const RemovalPlan& plan)
+{
+    m_rows = plan.rows;
+    std::stable_partition(m_rows.begin(), m_rows.end(),
+                          [](const PlannedRecord& row) { return !isWeak(row.flaggedBy.evidence); });
+}
+
+RemovalPlan::Totals PlanSource::totals() const
+{
+    RemovalPlan::Totals totals;
+    for (const PlannedRecord& row : m_rows)
+        if (row.record->isChecked)
+            totals.add(row);
+    return totals;
+}
+
+std::vector<int> PlanSource::weakTicked() const
+{
+    std::vector<int> rows;
+    for (int row = 0; row < count(); ++row)
+        if (isWeak(at(row).flaggedBy.evidence) && at(row).record->isChecked)
+            rows.push_back(row);
+    return rows;
+}
+
+ui::Cell PlanSource::cell(int row, int column) const
+{
+    const PlannedRecord& planned = at(row);
+    switch (column) {
+    case Location:
+        return {.text =
+                    ui::text(forScreen(plannedLocation(planned.record->url, planned.forecast)))};
+    case EvidenceColumn:
+        return evidenceCell(planned.flaggedBy.evidence);
+    case Entries:
+        return {.text = QLocale().toString(static_cast<qulonglong>(planned.forecast.entries)) +
+                        (planned.forecast.countedWhole ? QString() : QStringLiteral("+")),
+                .number = static_cast<qint64>(planned.forecast.entries)};
+    case Size:
+        return {.text = ui::text(sizeText(planned.forecast.bytes)),
+                .number = planned.forecast.bytes};
+    case Forecast:
+        return forecastCell(planned.forecast);
+    default:
+        return {};
+    }
+}
+
+std::optional<bool> PlanSource::ticked(int row) const
+{
+    return at(row).record->isChecked;
+}
+
+void PlanSource::tick(const std::vector<int>& rows, bool on)
+{
+    SpywareList records;
+    records.reserve(rows.size());
+    for (const int row : rows)
+        records.push_back(at(row).record);
+    m_ticked(records, on);
+}
+
+QString PlanSource::group(int row, int grouping) const
+{
+    const PlannedRecord& planned = at(row);
+    const bool weak = isWeak(planned.flaggedBy.evidence);
+    std::string name;
+    if (grouping == ByRule) {
+        name = planned.record->infections + ", " + std::string(planned.flaggedBy.rule);
+        if (weak)
+            name += " \"" + planned.flaggedBy.signature + "\"";
+    } else {
+        const std::string path = planned.record->url.absolutePath();
+        name = path.substr(0, std::max<std::size_t>(1, path.rfind('/')));
+    }
+    const QString shown = ui::text(forScreen(name));
+    return weak ? QObject::tr("Look twice: %1").arg(shown) : shown;
+}
+
+QString PlanSource::searchText(int row) const
+{
+    return ui::text(forScreen(at(row).record->url.relativePath()));
+}
+
+bool PlanSource::faded(int row) const
+{
+    return at(row).forecast.kind == FileKind::Missing;
+}
+
+} // namespace pryvane

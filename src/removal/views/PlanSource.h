@@ -1,0 +1,52 @@
+#pragma once
+
+#include "removal/session/RemovalPlan.h"
+#include "ui/RowModel.h"
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace pryvane {
+
+/// The rows of a removal's plan: what would go, and what stands in the way. What rests on weak
+/// evidence comes last, in groups of its own.
+class PlanSource final : public ui::RowSource {
+public:
+    enum Column : int { Tick, Location, EvidenceColumn, Entries, Size, Forecast };
+    enum Grouping : int { None, ByRule, ByFolder };
+
+    /// Tells which records were ticked or unticked.
+    using Ticked = std::function<void(const SpywareList& records, bool on)>;
+
+    explicit PlanSource(Ticked ticked) : m_ticked(std::move(ticked)) {}
+
+    [[nodiscard]] static std::vector<ui::Column> columns();
+
+    void setPlan(const RemovalPlan& plan);
+
+    /// Of the rows that are ticked.
+    [[nodiscard]] RemovalPlan::Totals totals() const;
+
+    /// Rows on weak evidence that are ticked.
+    [[nodiscard]] std::vector<int> weakTicked() const;
+
+    [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] ui::Cell cell(int row, int column) const override;
+    [[nodiscard]] std::optional<bool> ticked(int row) const override;
+    void tick(const std::vector<int>& rows, bool on) override;
+    [[nodiscard]] QString group(int row, int grouping) const override;
+    [[nodiscard]] QString searchText(int row) const override;
+    [[nodiscard]] bool faded(int row) const override;
+
+private:
+    [[nodiscard]] const PlannedRecord& at(int row) const
+    {
+        return m_rows[static_cast<std::size_t>(row)];
+    }
+
+    Ticked m_ticked;
+    std::vector<PlannedRecord> m_rows;
+};
+
+} // namespace pryvane

@@ -1,0 +1,78 @@
+#include "scan/DeepScan.h"
+
+#include "findings/ScanState.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "scan/walker/DeepWalk.h"
+
+#include <cerrno>
+#include <chrono>
+#include <string>
+#include <system_error>
+#include <unistd.h>
+
+namespace pryvane {
+
+DeepScan::DeepScan(const PlatformServices& services, ScanState& state, FindingSink& findings,
+                   const std::optional<FileURL>& root, Folders folders)
+    : m_services(services), m_state(state), m_root(root), m_folders(folders),
+      m_texts(state.fullSystemScanPaths, PatternAutomaton::Letters::Exact),
+      m_notifications(services.notifications, findings, m_coverage)
+{
+}
+
+template <typename Pass>
+void DeepScan::onRoot(Pass pass)
+{
+    if (!m_root)
+        return;
+    const int folder = m_services.disk.openFolder(*m_root);
+    if (folder < 0) {
+        // Both passes meet the same refusal; it is told once.
+        const std::string reason = std::generic_category().message(errno);
+        const Refusal refusal{m_root->relativePath(), reason};
+        if (m_coverage.refused.empty() || !(m_coverage.refused.front() == refusal))
+            m_coverage.refused.insert(m_coverage.refused.begin(), refusal);
+        return;
+    }
+    pass(WalkRoot{folder, m_root->relativePath()});
+    close(folder);
+}
+
+bool DeepScan::count()
+{
+    const auto started = m_services.clock.steadyNow();
+    onRoot([this](const WalkRoot& root) {
+        FileCount pass(m_state, m_notifications);
+        if (m_folders == Folders::Flat)
+            pass.countFlat(root);
+        else
+            pass.countNodes(root);
+    });
+    const std::chrono::duration<double> taken = m_services.clock.steadyNow() - started;
+    m_services.log.line("count time " + std::to_string(taken.count()));
+    // A flat count goes on to the scanning pass even when stopped, which then ends at once.
+    return m_folders == Folders::Flat || !m_state.isScanStop.requested();
+}
+
+void DeepScan::scan()
+{
+    const auto started = m_services.clock.steadyNow();
+    onRoot([this](const WalkRoot& root) {
+        scanDirectory pass(m_state, m_texts, m_notifications);
+        const auto told = m_coverage.refused.size();
+        const WalkOutcome outcome = pass.scan(root);
+        m_coverage.entriesWalked += outcome.entries;
+        // The walk names the first ones only, so that a hostile disk cannot fill the memory.
+        const auto named = static_cast<std::int64_t>(m_coverage.refused.size() - told);
+        if (outcome.refusals > named) {
+            m_coverage.refused.push_back(
+                {root.path, std::to_string(outcome.refusals - named) + " more folders below it"});
+        }
+    });
+    const std::chrono::duration<double> taken = m_services.clock.steadyNow() - started;
+    m_services.log.line("scannig time " + std::to_string(taken.count()));
+}
+
+} // namespace pryvane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "findings/ScanCoverage.h"
+#include "platform/FileURL.h"
+#include "platform/PlatformServices.h"
+#include "scan/walker/WalkNotifications.h"
+#include "signatures/PatternAutomaton.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace pryvane {
+
+class FindingSink;
+struct ScanState;
+struct WalkRoot;
+
+/// The two passes of a deep scan over one root, told to the rest of the program as notifications
+/// and findings. One thread drives it from beginning to end; it may be any.
+class DeepScan {
+public:
+    /// Which of the two ways to go through folders the preference asks for.
+    enum class Folders : std::uint8_t { Nodes, Flat };
+
+    /// Without a root there is nothing to walk, and both passes end at once.
+    DeepScan(const PlatformServices& services, ScanState& state, FindingSink& findings,
+             const std::optional<FileURL>& root, Folders folders);
+
+    /// Counts the entries; false when a stop came meanwhile.
+    [[nodiscard]] bool count();
+
+    /// Compares every file with the full-system list.
+    void scan();
+
+    /// What was walked and what could not be read.
+    [[nodiscard]] const ScanCoverage& coverage() const { return m_coverage; }
+
+private:
+    template <typename Pass>
+    void onRoot(Pass pass);
+
+    PlatformServices m_services;
+    ScanState& m_state;
+    const std::optional<FileURL> m_root;
+    const Folders m_folders;
+    const PatternAutomaton m_texts;
+    ScanCoverage m_coverage;
+    WalkNotifications m_notifications;
+};
+
+} // namespace pryvane

@@ -1,0 +1,178 @@
+#include "scan/FindingInbox.h"
+
+#include "core/Escape.h"
+#include "core/NotificationCenter.h"
+#include "core/tasks/MainQueue.h"
+#include "findings/ScanState.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/UserNotifier.h"
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds kSlice{8};
+constexpr std::size_t kTakenAtOnce = 256;
+
+// A flood of findings must not become a flood of pop-ups.
+constexpr std::size_t kNotifiedFindings = 20;
+
+} // namespace
+
+FindingInbox::FindingInbox(const PlatformServices& services, ScanState& state,
+                           std::function<void()> listChanged)
+    : m_services(services), m_state(state), m_listChanged(std::move(listChanged)),
+      m_applications(services.workspace)
+{
+}
+
+void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
+                              std::string_view risk, std::int64_t size)
+{
+    auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
+    if (!record->isAvail)
+        return;
+    record->setSighting(m_services.disk.sighting(url));
+    test(std::move(record));
+}
+
+void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::string_view type,
+                           std::string_view risk, std::int64_t size, const Sighting& seen)
+{
+    auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
+    record->setSighting(seen);
+    test(std::move(record));
+}
+
+void FindingInbox::append(const FileURL& url, std::string_view name, std::string_view type,
+                          std::string_view risk, std::int64_t size)
+{
+    auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
+    record->setSighting(m_services.disk.sighting(url));
+    push({std::move(record), {}, Admission::AsItIs});
+}
+
+void FindingInbox::whenEmpty(std::function<void()> done)
+{
+    push({nullptr, std::move(done), Admission::Tested});
+}
+
+void FindingInbox::clear()
+{
+    const std::lock_guard lock(m_mutex);
+    m_pending.clear();
+    m_heldBack.clear();
+    m_heldBackLocations.clear();
+    m_applications.forget();
+}
+
+/// On the scan's threads: the rule for applications may read files.
+void FindingInbox::test(std::shared_ptr<Spyware> record)
+{
+    const auto times =
+        m_applications.timesListed(record->url, m_state.arrDefaultTorvellApp, m_state.isScanStop);
+    if (times)
+        push({std::move(record), {}, Admission::Tested, *times});
+}
+
+void FindingInbox::push(Pending pending)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_pending.push_back(std::move(pending));
+        if (std::exchange(m_scheduled, true))
+            return;
+    }
+    try {
+        schedule();
+    } catch (...) {
+        const std::lock_guard lock(m_mutex);
+        m_scheduled = false; // for whoever hands in the next one
+        throw;
+    }
+}
+
+void FindingInbox::schedule()
+{
+    m_services.mainQueue.post([this, alive = std::weak_ptr(m_alive)] {
+        if (!alive.expired())
+            drainSlice();
+    });
+}
+
+bool FindingInbox::take(std::deque<Pending>& slice)
+{
+    const std::lock_guard lock(m_mutex);
+    while (!m_pending.empty() && slice.size() < kTakenAtOnce) {
+        slice.push_back(std::move(m_pending.front()));
+        m_pending.pop_front();
+    }
+    if (slice.empty())
+        m_scheduled = false;
+    return !slice.empty();
+}
+
+void FindingInbox::drainSlice()
+{
+    const auto end = m_services.clock.steadyNow() + kSlice;
+    const auto before = m_state.arrSpywareList.records().size();
+    std::deque<Pending> slice;
+    bool more = true;
+    while (more && m_services.clock.steadyNow() < end) {
+        slice.clear();
+        more = take(slice);
+        for (const Pending& pending : slice) {
+            if (pending.record)
+                admit(pending);
+            else
+                postDone(pending.done);
+        }
+    }
+    if (m_state.arrSpywareList.records().size() != before)
+        m_listChanged();
+    if (more)
+        schedule();
+}
+
+/// Behind what the scan's threads had posted to the main thread before, such as their last steps.
+void FindingInbox::postDone(const std::function<void()>& done)
+{
+    m_services.mainQueue.post([done, alive = std::weak_ptr(m_alive)] {
+        if (!alive.expired())
+            done();
+    });
+}
+
+void FindingInbox::admit(const Pending& pending)
+{
+    const std::shared_ptr<Spyware>& record = pending.record;
+    if (pending.admission == Admission::AsItIs) {
+        m_state.arrSpywareList.append(record);
+        return;
+    }
+    if (m_state.arrSpywareList.contains(record->url))
+        return;
+    for (std::size_t i = 0; i < pending.times; ++i)
+        list(record);
+    if (pending.times == 0)
+        holdBack(record->url);
+    m_services.notifications.post(NotificationName::UpdateThreat);
+}
+
+void FindingInbox::holdBack(const FileURL& url)
+{
+    if (m_heldBackLocations.emplace(url.identity()).second)
+        m_heldBack.push_back(url.relativePath());
+}
+
+void FindingInbox::list(const std::shared_ptr<Spyware>& record)
+{
+    m_state.arrSpywareList.append(record);
+    if (m_state.arrSpywareList.records().size() <= kNotifiedFindings) {
+        m_services.userNotifier.deliver("Pryvane",
+                                        "Spyware Found: " + forNotification(record->name));
+    }
+}
+
+} // namespace pryvane

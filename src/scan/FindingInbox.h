@@ -1,0 +1,78 @@
+#pragma once
+
+#include "findings/Spyware.h"
+#include "platform/PlatformServices.h"
+#include "signatures/FindingSink.h"
+#include "signatures/MakersApplications.h"
+
+#include <atomic>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace pryvane {
+
+struct ScanState;
+
+/// Carries findings from the scan's threads to the result list on the main thread, in slices short
+/// enough that the main loop never stalls, however many there are. Made and destroyed on the main
+/// thread; the scan's threads must have ended before it is destroyed.
+class FindingInbox final : public FindingSink {
+public:
+    /// `listChanged` is called on the main thread after each slice that changed the result list.
+    FindingInbox(const PlatformServices& services, ScanState& state,
+                 std::function<void()> listChanged);
+
+    void addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
+                    std::string_view risk, std::int64_t size) override;
+    void addSeen(const FileURL& url, std::string_view name, std::string_view type,
+                 std::string_view risk, std::int64_t size, const Sighting& seen) override;
+    void append(const FileURL& url, std::string_view name, std::string_view type,
+                std::string_view risk, std::int64_t size) override;
+
+    /// Runs `done` on the main thread once every finding handed in before has been dealt with.
+    void whenEmpty(std::function<void()> done);
+
+    /// Paths of applications that were found but must not be listed. Main thread only.
+    [[nodiscard]] const std::vector<std::string>& heldBack() const { return m_heldBack; }
+
+    /// Forgets what is waiting and what was held back. Main thread only, between scans.
+    void clear();
+
+private:
+    enum class Admission : std::uint8_t { Tested, AsItIs };
+    struct Pending {
+        std::shared_ptr<Spyware> record; // or
+        std::function<void()> done;
+        Admission admission = Admission::Tested;
+        std::size_t times = 1; ///< on the result list
+    };
+
+    void test(std::shared_ptr<Spyware> record);
+    void push(Pending pending);
+    void schedule();
+    void drainSlice();
+    [[nodiscard]] bool take(std::deque<Pending>& slice);
+    void postDone(const std::function<void()>& done);
+    void admit(const Pending& pending);
+    void holdBack(const FileURL& url);
+    void list(const std::shared_ptr<Spyware>& record);
+
+    PlatformServices m_services;
+    ScanState& m_state;
+    std::function<void()> m_listChanged;
+    MakersApplications m_applications;
+    std::vector<std::string> m_heldBack;
+    std::unordered_set<std::string> m_heldBackLocations;
+    std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
+
+    std::mutex m_mutex;
+    std::deque<Pending> m_pending; // guarded by m_mutex
+    bool m_scheduled = false;      // guarded by m_mutex
+};
+
+} // namespace pryvane

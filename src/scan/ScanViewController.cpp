@@ -1,0 +1,349 @@
+#include "scan/ScanViewController.h"
+
+#include "core/tasks/MainQueue.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+#include "reports/DefaultMethods.h"
+#include "scan/CheckSequence.h"
+#include "scan/DeepScan.h"
+#include "scan/DiskAccess.h"
+#include "scan/RootChoice.h"
+#include "signatures/Catalogue.h"
+#include "signatures/CheckRunner.h"
+
+namespace pryvane {
+
+/// Takes a while where there are many; reads only what never changes in a record.
+ScanViewController::FindingFacts ScanViewController::factsOf(const SpywareList& records)
+{
+    FindingFacts facts;
+    facts.paths.reserve(records.size());
+    for (const auto& record : records) {
+        facts.paths.push_back(record->url.relativePath());
+        facts.hasRemoteDesktop =
+            facts.hasRemoteDesktop || record->infections == catalogue::kRemoteDesktop;
+    }
+    return facts;
+}
+
+ScanViewController::ScanViewController(const PlatformServices& services, ScanState& state,
+                                       DiskAccess& access, DefaultMethods& store, Remover& remover,
+                                       ScanOptions options, QObject* parent)
+    : QObject(parent), m_services(services), m_state(state), m_access(access), m_store(store),
+      m_options(std::move(options)), m_launchDate(services.clock.now()),
+      m_inbox(services, state, [this] { Q_EMIT stateChanged(); }),
+      m_removal(services, remover,
+                {state, m_display, m_lists, m_options.user, [this] { return isScanning(); },
+                 [this] { makeAccessibleUIChanges(); }, [this] { Q_EMIT stateChanged(); },
+                 [this] { Q_EMIT removalEnded(); }})
+{
+    observe();
+    makeAccessibleUIChanges();
+}
+
+ScanViewController::~ScanViewController()
+{
+    m_state.isScanStop.request();
+    m_checkThread.join();
+    m_walkThread.join();
+    m_storeThread.join();
+    m_state.isScanStop.clear(); // the state outlives this
+}
+
+void ScanViewController::SpywareScanStart()
+{
+    if (m_removal.isRemoving())
+        return;
+    showStart();
+    if (m_isScanning || m_isStoring) {
+        Q_EMIT stateChanged();
+        return;
+    }
+    m_state.isScanStop.clear(); // first, so that even a stop that the start provokes counts
+    logFailure(m_services.log, m_services.defaults.set(preferences::kScan, true));
+    m_services.notifications.post(NotificationName::ScanStatusChange, true);
+    logFailure(m_services.log,
+               m_services.defaults.set(preferences::kLastScanDate, m_services.clock.now()));
+    m_startedAt = m_services.clock.steadyNow();
+    m_display.scanBox = true;
+    m_display.reportBox = false;
+    m_isScanning = true;
+    makeAccessibleUIChanges();
+    m_state.arrSpywareList.clear();
+    m_inbox.clear();
+    const bool threatFound = m_lists.threatFound; // stays what the last report said
+    m_lists = {};
+    m_lists.threatFound = threatFound;
+    m_removal.forgetSummary();
+    m_display.findings = 0;
+    m_display.entries = 0;
+    m_display.progressBar = 0;
+    Q_EMIT stateChanged();
+    postToMain([this] { scanInBGThread(); });
+}
+
+void ScanViewController::showStart()
+{
+    const bool deep = m_state.isDeepScan;
+    m_display.headerCollapsed = true;
+    m_display.scanTypeLabel = deep ? "Calculating Files:" : "Scanning Entry:";
+    m_display.activityIndicator = true;
+    m_display.stopButton = deep;
+}
+
+/// Settles the root and starts the work. It may ask the user, so it runs on the main thread; the
+/// work itself does not.
+void ScanViewController::scanInBGThread()
+{
+    m_state.arrSpywareList.clear();
+    m_givenUp.clear();
+    m_state.isScanning = true;
+    m_root = RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
+    m_coverage = {};
+    if (m_state.isDeepScan) {
+        startDeepScan();
+    } else {
+        m_partsRunning = 1;
+        startChecks();
+    }
+}
+
+void ScanViewController::startChecks()
+{
+    CheckSequence::StepShown shown;
+    if (!m_state.isDeepScan) {
+        shown = [this](std::string_view label, int step) {
+            postToMain(
+                [this, text = std::string(label), step] { ScanningProgressChange(text, step); });
+        };
+    }
+    m_checkThread.start(
+        [this, shown = std::move(shown)] {
+            ScanCoverage coverage;
+            CheckRunner checks(m_services.disk, m_services.defaults, m_options.user, m_inbox,
+                               coverage);
+            CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
+            const auto outcome = sequence.scan4SpywareStart();
+            noteHomes(m_services.disk, m_options.homePath(), coverage);
+            const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
+                                                                            : Ending::WithoutReport;
+            m_inbox.whenEmpty([this, ending, coverage = std::move(coverage)] {
+                partEnded(Part::Checks, ending, coverage);
+            });
+        },
+        [this](const char* why) { partGivenUp(Part::Checks, why); });
+}
+
+/// Counts, then runs the checks beside the walk. The walk decides about the report, and only where
+/// folders are gone through as nodes; a scan that is stopped while it counts has no checks.
+void ScanViewController::startDeepScan()
+{
+    m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
+    const std::string checkSubDir = m_options.checkSubDir
+                                        ? *m_options.checkSubDir
+                                        : m_services.defaults.get(preferences::kCheckSubDir);
+    const bool flat = checkSubDir == "n";
+    const auto folders = flat ? DeepScan::Folders::Flat : DeepScan::Folders::Nodes;
+    m_fileCountCompleted = false;
+    m_partsRunning = 1;
+    m_walkThread.start(
+        [this, folders] {
+            DeepScan walk(m_services, m_state, m_inbox, m_root, folders);
+            if (walk.count()) {
+                postToMain([this] { DeepScanStart(); });
+                walk.scan();
+            }
+            const auto ending =
+                folders == DeepScan::Folders::Nodes ? Ending::WithReport : Ending::WithoutReport;
+            // Behind DeepScanStart() in the main queue, so that the checks are known to run by
+            // then.
+            postToMain([this, ending, coverage = walk.coverage()] {
+                m_inbox.whenEmpty(
+                    [this, ending, coverage] { partEnded(Part::Walk, ending, coverage); });
+            });
+        },
+        [this](const char* why) { partGivenUp(Part::Walk, why); });
+}
+
+void ScanViewController::DeepScanStart()
+{
+    m_fileCountCompleted = true;
+    m_display.activityIndicator = false;
+    m_display.scanTypeLabel = "Scanning Entry:";
+    ++m_partsRunning;
+    startChecks();
+    Q_EMIT stateChanged();
+}
+
+/// On the part's thread. What was found by then stays on the list, and there is no report: it would
+/// say less than was asked for.
+void ScanViewController::partGivenUp(Part part, const char* why)
+{
+    m_state.isScanStop.request();
+    postToMain([this, part, why] {
+        m_givenUp = why;
+        m_inbox.whenEmpty([this, part] { partEnded(part, Ending::WithoutReport, {}); });
+    });
+}
+
+/// The scan is over when all its parts are: no finding of a slower one may be missing.
+void ScanViewController::partEnded(Part part, Ending ending, ScanCoverage coverage)
+{
+    const bool decides = part == Part::Walk || !m_state.isDeepScan;
+    if (decides)
+        m_ending = ending;
+    (part == Part::Walk ? m_walkThread : m_checkThread).join();
+    addCoverage(std::move(coverage));
+    if (--m_partsRunning > 0)
+        return;
+    finishCoverage();
+    if (m_ending == Ending::WithReport && m_givenUp.empty())
+        doneScan();
+    else
+        backToIdle();
+}
+
+void ScanViewController::addCoverage(ScanCoverage coverage)
+{
+    // Only the checks know of signatures and homes, only the walk of walked entries.
+    const auto walked = m_coverage.entriesWalked + coverage.entriesWalked;
+    auto refused = std::move(m_coverage.refused);
+    refused.insert(refused.end(), coverage.refused.begin(), coverage.refused.end());
+    if (coverage.signaturesTested > 0)
+        m_coverage = std::move(coverage);
+    m_coverage.entriesWalked = walked;
+    m_coverage.refused = std::move(refused);
+}
+
+void ScanViewController::finishCoverage()
+{
+    m_coverage.heldBack = m_inbox.heldBack();
+    m_coverage.seconds =
+        std::chrono::duration<double>(m_services.clock.steadyNow() - m_startedAt).count();
+}
+
+void ScanViewController::doneScan()
+{
+    m_services.log.line("Done Scanning");
+    m_reportType = m_state.isDeepScan               ? "Deep Scan"
+                   : m_state.isRealTimeProtectionON ? "Real Time Scan"
+                                                    : "Quick Scan";
+    m_isScanning = false;
+    m_lists.threatFound = !m_state.arrSpywareList.records().empty();
+    m_lists.arrThreats = m_state.arrSpywareList.records();
+    makeAccessibleUIChanges();
+
+    const Date now = m_services.clock.now();
+    m_report = SpywareScanReport::ScanReportWithSpywareList(m_state.arrSpywareList.shared(), now,
+                                                            durationText(now), m_reportType, now);
+    m_report->volume = m_services.disk.identity();
+    m_report->coverage = m_coverage;
+    m_lists.tempReport = m_report;
+
+    m_state.isScanStop.clear();
+    m_state.totalCount = 0;
+    m_state.totalScanCount = 0;
+    m_display.progressText = "0%";
+
+    // Encoding and storing a great many findings takes a while, which the main loop must not. Until
+    // it is told that this is over, the main thread leaves the report and the store alone.
+    m_isStoring = true;
+    Q_EMIT stateChanged();
+    m_storeThread.start(
+        [this, now] {
+            std::string error;
+            if (const auto stored = m_store.updateReportInDefaults(m_report); !stored)
+                error = stored.error().message;
+            logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
+            logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
+            auto findings = factsOf(*m_report->spyWareList);
+            postToMain([this, error, findings = std::move(findings)]() mutable {
+                reportStored(error, std::move(findings));
+            });
+        },
+        [this](const char* why) {
+            postToMain([this, why] { reportStored(why, factsOf(*m_report->spyWareList)); });
+        });
+}
+
+void ScanViewController::reportStored(const std::string& error, FindingFacts findings)
+{
+    m_storeThread.join();
+    m_isStoring = false;
+    m_storeError = error;
+    m_display.progressText = "0%";
+    endSession();
+    m_services.notifications.post(NotificationName::ScanningChange, std::int64_t{0});
+    keepFacts(std::move(findings));
+    makeAccessibleUIChanges();
+    Q_EMIT stateChanged();
+    Q_EMIT scanEnded();
+}
+
+/// The end of a scan that leaves no report behind.
+void ScanViewController::backToIdle()
+{
+    m_isScanning = false;
+    m_state.isScanStop.clear();
+    m_display.progressText = "0%";
+    m_display.progressBar = 0;
+    logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
+    endSession();
+    keepFacts(factsOf(m_state.arrSpywareList.records()));
+    makeAccessibleUIChanges();
+    Q_EMIT stateChanged();
+    Q_EMIT scanEnded();
+}
+
+/// What a removal asks of the findings; those of a stopped scan can be removed, too.
+void ScanViewController::keepFacts(FindingFacts findings)
+{
+    m_lists.volume = m_services.disk.identity();
+    m_lists.arrSpyWarePath = std::move(findings.paths);
+    m_lists.ARDDetect = findings.hasRemoteDesktop;
+}
+
+void ScanViewController::endSession()
+{
+    m_state.isScanning = false;
+    m_display.activityIndicator = false;
+    m_display.stopButton = false;
+    m_display.scanBox = false;
+    m_services.notifications.post(NotificationName::ScanStatusChange, false);
+}
+
+std::string ScanViewController::durationText(Date now) const
+{
+    if (m_state.isScanStop.requested())
+        return "Stopped";
+    const Date started = m_services.defaults.get(preferences::kLastScanDate);
+    return stringFromTimeInterval(std::chrono::duration<double>(now - started).count());
+}
+
+void ScanViewController::stopScan()
+{
+    m_display.progressText = "0%";
+    m_display.progressBar = 0;
+    m_display.indeterminate = false;
+    Q_EMIT stateChanged();
+    m_services.notifications.post(NotificationName::StopScan);
+}
+
+void ScanViewController::postToMain(std::function<void()> work)
+{
+    postToMainAfter(std::chrono::milliseconds(0), std::move(work));
+}
+
+/// Work that is dropped when this object is gone by then. Callable from any thread.
+void ScanViewController::postToMainAfter(std::chrono::milliseconds delay,
+                                         std::function<void()> work)
+{
+    m_services.mainQueue.postAfter(delay, [alive = std::weak_ptr(m_alive), work = std::move(work)] {
+        if (!alive.expired())
+            work();
+    });
+}
+
+} // namespace pryvane

@@ -1,0 +1,167 @@
+#pragma once
+
+#include "core/NotificationCenter.h"
+#include "core/tasks/Worker.h"
+#include "findings/ScanCoverage.h"
+#include "findings/ScanState.h"
+#include "platform/PlatformServices.h"
+#include "reports/SpywareScanReport.h"
+#include "scan/FindingInbox.h"
+#include "scan/ScanDisplay.h"
+#include "scan/ScanOptions.h"
+#include "scan/StatusPanel.h"
+#include "scan/ThreatLists.h"
+#include "scan/ThreatRemoval.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace pryvane {
+
+class DefaultMethods;
+class DiskAccess;
+class Remover;
+
+/// The scan screen without its widgets: drives a scan from its start to its stored report, removes
+/// what the user selects of its findings, and says what to show meanwhile. Main thread only; its
+/// background threads end with it.
+class ScanViewController final : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(ScanViewController)
+
+public:
+    ScanViewController(const PlatformServices& services, ScanState& state, DiskAccess& access,
+                       DefaultMethods& store, Remover& remover, ScanOptions options,
+                       QObject* parent = nullptr);
+    ~ScanViewController() override;
+
+    /// Starts a scan; does nothing while one runs or findings are being removed.
+    void SpywareScanStart();
+    void scanningStartAction() { SpywareScanStart(); }
+
+    /// Asks the running scan to stop. The scan ends soon after, told by scanEnded().
+    void stopScan();
+
+    /// Brings the protection status up to date.
+    void makeAccessibleUIChanges();
+
+    /// The box of the remote-desktop finding: whether it is ignored from now on.
+    void ignoreARD(bool ignore);
+
+    // The removal of findings; see ThreatRemoval for what each does.
+    void deleteSelectedThreat() { m_removal.deleteSelectedThreat(); }
+    [[nodiscard]] bool forceQuitBrowsers() { return m_removal.forceQuitBrowsers(); }
+    void removeThisSpyware(const SpywareList& list) { m_removal.removeThisSpyware(list); }
+    void removeSpyware() { m_removal.removeSpyware(); }
+    [[nodiscard]] bool tryAgain() { return m_removal.tryAgain(); }
+    bool retryActionForWebBrowser() { return m_removal.retryActionForWebBrowser(); }
+    void displayPanel(std::vector<BrowserEntry> list) { m_removal.displayPanel(std::move(list)); }
+    void reloadPanel(std::vector<BrowserEntry> list) { m_removal.reloadPanel(std::move(list)); }
+    void disMissPanel() { m_removal.disMissPanel(); }
+    void reloadThreatDetails() { m_removal.reloadThreatDetails(); }
+    void selectThreat(std::size_t row, bool on) { m_removal.selectThreats(std::span(&row, 1), on); }
+    [[nodiscard]] ThreatRemoval& removal() { return m_removal; }
+    [[nodiscard]] const ThreatRemoval& removal() const { return m_removal; }
+    [[nodiscard]] const ThreatLists& lists() const { return m_lists; }
+    /// All findings of the running or last scan; a scan that starts begins a list of its own.
+    [[nodiscard]] const ResultList& results() const { return m_state.arrSpywareList; }
+
+    [[nodiscard]] bool isScanning() const { return m_isScanning || m_isStoring; }
+    [[nodiscard]] const ScanDisplay& display() const { return m_display; }
+    [[nodiscard]] const StatusPanel& statusPanel() const { return m_statusPanel; }
+    [[nodiscard]] bool threatFound() const { return m_lists.threatFound; }
+    [[nodiscard]] const SpywareList& arrThreats() const { return m_lists.arrThreats; }
+    [[nodiscard]] const std::vector<std::string>& arrSpyWarePath() const
+    {
+        return m_lists.arrSpyWarePath;
+    }
+    [[nodiscard]] const std::string& reportType() const { return m_reportType; }
+
+    /// The report of the last scan that made one; kept here even where storing it failed.
+    [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
+
+    /// Why the last report could not be stored; empty when it was.
+    /// Why the scan was given up, which left no report; empty: it was not.
+    [[nodiscard]] const std::string& givenUp() const { return m_givenUp; }
+    [[nodiscard]] const std::string& storeError() const { return m_storeError; }
+    [[nodiscard]] const ScanCoverage& coverage() const { return m_coverage; }
+
+Q_SIGNALS:
+    /// Something that display(), statusPanel() or the lists show has changed.
+    void stateChanged();
+    /// A scan has ended, with a report or, when it was stopped, without.
+    void scanEnded();
+    /// A removal has ended, whole or not.
+    void removalEnded();
+
+private:
+    enum class Ending : std::uint8_t { WithReport, WithoutReport };
+    enum class Part : std::uint8_t { Checks, Walk };
+    struct FindingFacts {
+        std::vector<std::string> paths;
+        bool hasRemoteDesktop = false;
+    };
+
+    [[nodiscard]] static FindingFacts factsOf(const SpywareList& records);
+
+    void showStart();
+    void scanInBGThread();
+    void startChecks();
+    void startDeepScan();
+    void DeepScanStart();
+    void partGivenUp(Part part, const char* why);
+    void partEnded(Part part, Ending ending, ScanCoverage coverage);
+    void doneScan();
+    void reportStored(const std::string& error, FindingFacts findings);
+    void backToIdle();
+    void endSession();
+    void showProgress(int percent);
+    void ScanningProgressChange(const std::string& label, int step);
+    void ScanningProgressUIChange();
+    void ScanningProgressURL(const std::string& location);
+    void updateThreatBox();
+    void observe();
+    void keepFacts(FindingFacts findings);
+    void addCoverage(ScanCoverage coverage);
+    void finishCoverage();
+    [[nodiscard]] std::string durationText(Date now) const;
+    void postToMain(std::function<void()> work);
+    void postToMainAfter(std::chrono::milliseconds delay, std::function<void()> work);
+
+    PlatformServices m_services;
+    ScanState& m_state;
+    DiskAccess& m_access;
+    DefaultMethods& m_store;
+    const ScanOptions m_options;
+    const Date m_launchDate;
+
+    bool m_isScanning = false;
+    bool m_isStoring = false; ///< the store thread has the report and the store
+    ThreatLists m_lists;
+    std::string m_reportType;
+    std::shared_ptr<SpywareScanReport> m_report;
+    std::string m_storeError, m_givenUp;
+    ScanDisplay m_display;
+    StatusPanel m_statusPanel;
+    ScanCoverage m_coverage;
+    std::chrono::nanoseconds m_startedAt{0};
+    std::optional<FileURL> m_root; ///< what a deep scan walks; none when making the grant failed
+    int m_partsRunning = 0;        ///< a quick scan has one part, a deep scan two
+    Ending m_ending = Ending::WithoutReport; ///< what the part that decides it has said
+    bool m_fileCountCompleted = false;
+
+    std::vector<NotificationCenter::Observation> m_observations;
+    std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
+    FindingInbox m_inbox;
+    ThreatRemoval m_removal;
+    Worker m_checkThread; // last: they end before anything they use
+    Worker m_walkThread;
+    Worker m_storeThread;
+};
+
+} // namespace pryvane

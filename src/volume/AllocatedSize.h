@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/StopFlag.h"
+#include "core/UniqueFd.h"
+#include "platform/SizeMeter.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+namespace pryvane {
+
+/// What is to be measured at one location: a folder, open for reading, or else so many bytes.
+struct Measurable {
+    UniqueFd folder;
+    std::int64_t bytes = 0;
+};
+
+/// Tells what a location holds when its turn has come; called on any thread.
+using OpenMeasurable = std::function<Measurable(std::size_t location)>;
+
+/// Measures locations on so many threads, the calling one included: 512-byte blocks × 512 of all
+/// entries that are not folders, once per name, links not followed. What cannot be read counts 0.
+/// Locations are begun in their order, several folders are in flight at once. Needs a bounded
+/// number of descriptors, however deep the folders are nested. See SizeMeter for stop and `told`.
+void allocatedSizes(std::size_t locations, unsigned threads, const OpenMeasurable& open,
+                    const StopFlag& stop, SizeProgress& progress, const SizeMeter::Told& told);
+
+/// The same for one open folder, on the calling thread alone.
+[[nodiscard]] std::int64_t allocatedSizeBelow(UniqueFd folder);
+
+} // namespace pryvane

@@ -1,0 +1,337 @@
+#include "volume/VolumeFileSystem.h"
+
+#include "core/ErrorText.h"
+#include "core/Escape.h"
+#include "volume/FolderStream.h"
+#include "volume/HostVolume.h"
+#include "volume/PathParts.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace pryvane {
+
+namespace {
+
+Presence presenceOf(int error)
+{
+    if (error == 0)
+        return Presence::Present;
+    return meansAbsent(error) ? Presence::Absent : Presence::Unknown;
+}
+
+bool isHostRoot(int rootFd)
+{
+    struct stat volume {};
+    struct stat host {};
+    return fstat(rootFd, &volume) == 0 && stat("/", &host) == 0 && volume.st_dev == host.st_dev &&
+           volume.st_ino == host.st_ino;
+}
+
+/// File system, root folder and its birth: what stays the same when a disk is mounted again, and
+/// differs between disks. Drivers that leave out the first or the last, as many in user space do,
+/// give all their disks the same rest: such a disk has no identity.
+std::string identityOf(int rootFd)
+{
+    struct statvfs fileSystem {};
+    struct stat root {};
+    const auto birth = birthTime(rootFd);
+    if (fstatvfs(rootFd, &fileSystem) != 0 || fileSystem.f_fsid == 0 || fstat(rootFd, &root) != 0 ||
+        !birth)
+        return {};
+    char text[96];
+    const int length = std::snprintf(text, sizeof text, "%llx-%llx-%llx.%llx",
+                                     static_cast<unsigned long long>(fileSystem.f_fsid),
+                                     static_cast<unsigned long long>(root.st_ino),
+                                     static_cast<unsigned long long>(birth->seconds),
+                                     static_cast<unsigned long long>(birth->nanoseconds));
+    return {text, static_cast<std::size_t>(length)};
+}
+
+Error cannotOpen(std::string_view hostFolder, int error)
+{
+    constexpr std::string_view kAdvice = "give the folder at which the Mac disk is mounted";
+    if (hostFolder.empty())
+        return {"no volume was named; " + std::string(kAdvice)};
+    std::string shown = "\"";
+    shown.append(forScreen(hostFolder)).append("\"");
+    if (error == ENOTDIR)
+        return {shown + " is not a folder; " + std::string(kAdvice)};
+    if (meansAbsent(error))
+        return {"there is no folder " + shown + "; mount the Mac disk, then " +
+                std::string(kAdvice)};
+    if (error == EACCES || error == EPERM)
+        return {shown + " cannot be read (" + errorText(error) +
+                "); ask its owner for access, or run this with the rights to read it"};
+    return {shown + " cannot be opened (" + errorText(error) +
+            "); check that the disk is connected and mounted"};
+}
+
+/// Reads to the end of an open file, or says why not. Asks for one byte more than allowed, since a
+/// file may grow while it is read.
+Result<std::string> readAll(int fd, std::size_t limit)
+{
+    std::string content;
+    constexpr std::size_t kChunk = std::size_t{64} * 1024;
+    while (content.size() <= limit) {
+        const std::size_t had = content.size();
+        const std::size_t wanted = std::min(kChunk, limit + 1 - had);
+        content.resize(had + wanted);
+        const ssize_t got = read(fd, content.data() + had, wanted);
+        if (got < 0 && errno == EINTR) {
+            content.resize(had);
+            continue;
+        }
+        if (got < 0)
+            return Error{errorText(errno)};
+        content.resize(had + static_cast<std::size_t>(got));
+        if (got == 0)
+            return content;
+    }
+    return Error{"the file is longer than " + std::to_string(limit) + " bytes"};
+}
+
+} // namespace
+
+/// Where something stands: a name in an open folder, with what stands there.
+struct VolumeFileSystem::Place {
+    UniqueFd parent;
+    std::string name;
+    struct stat data {};
+    int error = 0; // errno, when nothing could be found
+};
+
+Result<std::unique_ptr<VolumeFileSystem>> VolumeFileSystem::open(std::string_view hostFolder,
+                                                                 Options options)
+{
+    const std::string folder(hostFolder);
+    UniqueFd rootFd(::open(folder.c_str(), O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_CLOEXEC));
+    if (!rootFd)
+        return cannotOpen(hostFolder, errno);
+    std::unique_ptr<ConfinedRoot> root;
+    if (options.confinement == Confinement::BestAvailable)
+        root = kernelConfinement(rootFd.get());
+    if (!root)
+        root = componentWalk(rootFd.get());
+    if (const int error = root->probe("."))
+        return cannotOpen(hostFolder, error);
+    return std::unique_ptr<VolumeFileSystem>(
+        new VolumeFileSystem(std::move(rootFd), std::move(root), options.nameMatching));
+}
+
+VolumeFileSystem::VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root,
+                                   NameMatching matching)
+    : m_rootFd(std::move(rootFd)), m_root(std::move(root)),
+      m_isHostRoot(pryvane::isHostRoot(m_rootFd.get())),
+      m_matching(m_isHostRoot ? NameMatching::Exact : matching),
+      m_identity(identityOf(m_rootFd.get())), m_spellings(*m_root)
+{
+}
+
+Presence VolumeFileSystem::presence(const FileURL& url)
+{
+    const std::string& path = url.relativePath();
+    const Presence exact = presenceOf(m_root->probe(path));
+    if (exact != Presence::Absent || m_matching == NameMatching::Exact)
+        return exact;
+    const auto spelled = m_spellings.resolve(path, LeafLink::Follow);
+    if (spelled.presence != Presence::Present)
+        return spelled.presence;
+    // What is remembered may be out of date.
+    return presenceOf(m_root->probe("/" + spelled.path + (url.mustBeFolder() ? "/" : "")));
+}
+
+VolumeFileSystem::Place VolumeFileSystem::placeOf(const std::string& path, bool mustBeFolder) const
+{
+    Place place;
+    if (path.empty()) {
+        place.error = ENOENT;
+        return place;
+    }
+    auto [parent, name] = parentAndName(path);
+    auto opened = m_root->openFolder(parent, FolderUse::Search);
+    place.parent = std::move(opened.fd);
+    place.name = std::move(name);
+    place.error = opened.error;
+    if (place.error == 0 &&
+        fstatat(place.parent.get(), place.name.c_str(), &place.data, AT_SYMLINK_NOFOLLOW) != 0)
+        place.error = errno;
+    if (place.error == 0 && mustBeFolder && !S_ISDIR(place.data.st_mode) &&
+        !S_ISLNK(place.data.st_mode))
+        place.error = ENOTDIR;
+    return place;
+}
+
+VolumeFileSystem::Place VolumeFileSystem::locate(const FileURL& url)
+{
+    Place exact = placeOf(url.relativePath(), url.mustBeFolder());
+    if (m_matching == NameMatching::Exact || !meansAbsent(exact.error))
+        return exact;
+    const auto spelled = m_spellings.resolve(url.identity(), LeafLink::Keep);
+    if (spelled.presence == Presence::Unknown)
+        exact.error = EACCES;
+    return spelled.presence == Presence::Present ? placeOf("/" + spelled.path, url.mustBeFolder())
+                                                 : std::move(exact);
+}
+
+FileKind VolumeFileSystem::kind(const FileURL& url)
+{
+    const Place place = locate(url);
+    if (place.error)
+        return meansAbsent(place.error) ? FileKind::Missing : FileKind::Unknown;
+    return kindOfMode(place.data.st_mode);
+}
+
+std::optional<Sighting> VolumeFileSystem::sighting(const FileURL& url)
+{
+    const Place place = locate(url);
+    struct stat parent {};
+    if (place.error || fstat(place.parent.get(), &parent) != 0)
+        return std::nullopt;
+    return Sighting{parent.st_dev, parent.st_ino, kindOfMode(place.data.st_mode)};
+}
+
+std::optional<FileIdentity> VolumeFileSystem::fileIdentity(const FileURL& url)
+{
+    const Place place = locate(url);
+    if (place.error)
+        return std::nullopt;
+    return FileIdentity{place.data.st_dev, place.data.st_ino};
+}
+
+FolderListing VolumeFileSystem::list(const FileURL& folder)
+{
+    const std::string& path = folder.relativePath();
+    if (path.empty())
+        return {};
+    if (m_matching == NameMatching::Exact)
+        return readListing(m_root->openFolder(path, FolderUse::Read));
+
+    const std::uint64_t generation = m_spellings.generation();
+    const auto spelled = m_spellings.resolve(path, LeafLink::Follow);
+    if (spelled.presence == Presence::Present) {
+        auto listing = readListing(m_root->openFolder(spelled.path, FolderUse::Read));
+        m_spellings.remember(spelled.path, listing, generation);
+        return listing;
+    }
+    // Not there when last looked, or above it stands a folder that may be searched but not read.
+    auto listing = readListing(m_root->openFolder(path, FolderUse::Read));
+    if (listing.status == ListStatus::Missing && spelled.presence == Presence::Unknown) {
+        listing.status = ListStatus::Refused;
+        listing.reason = "a folder above it cannot be read";
+    }
+    return listing;
+}
+
+Measurable VolumeFileSystem::measurable(const FileURL& url)
+{
+    const Place place = locate(url);
+    if (place.error)
+        return {};
+    if (!S_ISDIR(place.data.st_mode))
+        return {{}, std::int64_t{place.data.st_blocks} * 512};
+    return {UniqueFd(openat(place.parent.get(), place.name.c_str(),
+                            O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)),
+            0};
+}
+
+std::int64_t VolumeFileSystem::allocatedSize(const FileURL& url)
+{
+    Measurable place = measurable(url);
+    return place.folder ? allocatedSizeBelow(std::move(place.folder)) : place.bytes;
+}
+
+int VolumeFileSystem::openFolder(const FileURL& folder)
+{
+    auto opened = m_root->openFolder(folder.relativePath(), FolderUse::Read);
+    if (meansAbsent(opened.error) && m_matching == NameMatching::AsOnMac) {
+        const auto spelled = m_spellings.resolve(folder.relativePath(), LeafLink::Follow);
+        if (spelled.presence == Presence::Present)
+            opened = m_root->openFolder("/" + spelled.path, FolderUse::Read);
+    }
+    errno = opened.error;
+    return opened.fd.release();
+}
+
+bool VolumeFileSystem::writable(const FileURL& url)
+{
+    std::string path = url.relativePath();
+    if (m_root->probe(path) != 0) {
+        if (m_matching == NameMatching::Exact)
+            return false;
+        const auto spelled = m_spellings.resolve(path, LeafLink::Follow);
+        if (spelled.presence != Presence::Present)
+            return false;
+        path = "/" + spelled.path;
+    }
+    if (const auto folder = m_root->openFolder(path, FolderUse::Search); folder.fd)
+        return faccessat(folder.fd.get(), ".", W_OK, AT_EACCESS) == 0;
+    for (int links = 0; links <= kMaxLinks; ++links) {
+        const Place place = placeOf(path, false);
+        if (place.error)
+            return false;
+        const auto target = linkTarget(place.parent.get(), place.name);
+        if (!target)
+            return faccessat(place.parent.get(), place.name.c_str(), W_OK,
+                             AT_EACCESS | AT_SYMLINK_NOFOLLOW) == 0;
+        path = target->starts_with('/') ? *target : joinedPath(parentAndName(path).parent, *target);
+    }
+    return false;
+}
+
+Result<std::string> VolumeFileSystem::readSmallFile(const FileURL& url, std::size_t limit)
+{
+    const Place place = locate(url);
+    if (place.error)
+        return Error{errorText(place.error)};
+    // Looked at before it is opened, since opening a device can act on it; and again afterwards.
+    struct stat data = place.data;
+    UniqueFd fd;
+    if (S_ISREG(data.st_mode)) {
+        fd = UniqueFd(openat(place.parent.get(), place.name.c_str(),
+                             O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC));
+        if (!fd || fstat(fd.get(), &data) != 0)
+            return Error{errorText(errno)};
+    }
+    if (!S_ISREG(data.st_mode))
+        return Error{"not a regular file"};
+    return readAll(fd.get(), limit);
+}
+
+std::optional<std::string> VolumeFileSystem::spelledPath(const FileURL& url)
+{
+    const Place exact = placeOf(url.relativePath(), url.mustBeFolder());
+    if (exact.error == 0)
+        return url.absolutePath();
+    if (m_matching == NameMatching::Exact || !meansAbsent(exact.error))
+        return std::nullopt;
+    const auto spelled = m_spellings.resolve(url.identity(), LeafLink::Keep);
+    if (spelled.presence != Presence::Present ||
+        placeOf("/" + spelled.path, url.mustBeFolder()).error != 0)
+        return std::nullopt;
+    return "/" + spelled.path;
+}
+
+VolumeFileSystem::Parent VolumeFileSystem::openParent(const FileURL& url) const
+{
+    Place place = placeOf(url.relativePath(), url.mustBeFolder());
+    if (m_matching == NameMatching::AsOnMac && meansAbsent(place.error)) {
+        SpellingResolver fresh(*m_root);
+        const auto spelled = fresh.resolve(url.identity(), LeafLink::Keep);
+        if (spelled.presence == Presence::Present)
+            place = placeOf("/" + spelled.path, url.mustBeFolder());
+    }
+    return {std::move(place.parent), std::move(place.name), place.error};
+}
+
+std::string VolumeFileSystem::placeBehindLinks(const FileURL& url) const
+{
+    auto resolved = SpellingResolver(*m_root).resolve(url.identity(), LeafLink::Keep);
+    return resolved.presence == Presence::Present ? "/" + resolved.path : std::string();
+}
+
+} // namespace pryvane

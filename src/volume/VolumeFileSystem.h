@@ -1,0 +1,96 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "volume/AllocatedSize.h"
+#include "volume/SpellingResolver.h"
+
+#include <memory>
+#include <optional>
+
+namespace pryvane {
+
+/// How names on the volume are compared.
+enum class NameMatching : std::uint8_t {
+    AsOnMac, ///< letter case and Unicode normal form do not matter; an exact spelling goes first
+    Exact,
+};
+
+enum class Confinement : std::uint8_t {
+    BestAvailable,
+    ComponentWalk, ///< as on a host whose kernel does not offer it
+};
+
+/// The file system below one folder of the host, seen as the root of a Mac's disk. The folder is
+/// opened once, and everything is reached through that handle. Callable from any thread.
+class VolumeFileSystem final : public FileSystem {
+public:
+    struct Options {
+        NameMatching nameMatching = NameMatching::AsOnMac; ///< ignored for "/", which has its own
+        Confinement confinement = Confinement::BestAvailable;
+    };
+
+    /// Fails when there is no such folder or it cannot be read; the message says what to do.
+    static Result<std::unique_ptr<VolumeFileSystem>> open(std::string_view hostFolder,
+                                                          Options options);
+    static Result<std::unique_ptr<VolumeFileSystem>> open(std::string_view hostFolder)
+    {
+        return open(hostFolder, Options());
+    }
+
+    [[nodiscard]] Presence presence(const FileURL& url) override;
+    [[nodiscard]] FileKind kind(const FileURL& url) override;
+    [[nodiscard]] std::optional<Sighting> sighting(const FileURL& url) override;
+    [[nodiscard]] std::optional<FileIdentity> fileIdentity(const FileURL& url) override;
+    [[nodiscard]] FolderListing list(const FileURL& folder) override;
+    [[nodiscard]] std::int64_t allocatedSize(const FileURL& url) override;
+    [[nodiscard]] int openFolder(const FileURL& folder) override;
+    [[nodiscard]] bool writable(const FileURL& url) override;
+    [[nodiscard]] Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override;
+    [[nodiscard]] std::string identity() const override { return m_identity; }
+    void forgetListings() override { m_spellings.forget(); }
+
+    /// The absolute path under which the disk itself has what stands there, links not followed at
+    /// its end; none when nothing does. The same as the asked path where that is spelled exactly.
+    [[nodiscard]] std::optional<std::string> spelledPath(const FileURL& url);
+
+    /// What allocatedSize() measures there: a folder open for reading, or the bytes of what is
+    /// none.
+    [[nodiscard]] Measurable measurable(const FileURL& url);
+
+    [[nodiscard]] NameMatching nameMatching() const { return m_matching; }
+
+    /// The folder that holds what stands there, links on the way followed inside the volume, and
+    /// the item's name as the disk spells it; read anew, not from what is remembered.
+    struct Parent {
+        UniqueFd parent;
+        std::string name;
+        int error = 0; ///< errno, where there is none
+    };
+    [[nodiscard]] Parent openParent(const FileURL& url) const;
+
+    /// The absolute path of what stands there, links on the way taken out and in the disk's
+    /// spelling, read anew; empty where it cannot be told.
+    [[nodiscard]] std::string placeBehindLinks(const FileURL& url) const;
+
+    /// Whether the volume is the very disk that this host runs from.
+    [[nodiscard]] bool isHostRoot() const { return m_isHostRoot; }
+
+    /// The volume's folder, open for reading, for calls relative to it. Stays owned by this object.
+    [[nodiscard]] int rootHandle() const { return m_rootFd.get(); }
+
+private:
+    VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root, NameMatching matching);
+
+    struct Place;
+    [[nodiscard]] Place placeOf(const std::string& path, bool mustBeFolder) const;
+    [[nodiscard]] Place locate(const FileURL& url);
+
+    UniqueFd m_rootFd;
+    std::unique_ptr<ConfinedRoot> m_root;
+    bool m_isHostRoot;
+    NameMatching m_matching;
+    std::string m_identity;
+    SpellingResolver m_spellings;
+};
+
+} // namespace pryvane

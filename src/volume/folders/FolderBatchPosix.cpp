@@ -1,0 +1,69 @@
+#include "volume/folders/FolderHandle.h"
+
+#include <cerrno>
+#include <cstring>
+
+namespace pryvane {
+
+namespace {
+
+constexpr std::size_t kBufferSize = 32768;
+constexpr std::size_t kLongestName = 1024; // more than any dirent holds
+
+FileKind kindOfType(unsigned char type)
+{
+    switch (type) {
+    case DT_REG:
+        return FileKind::RegularFile;
+    case DT_DIR:
+        return FileKind::Folder;
+    case DT_UNKNOWN:
+        return FileKind::Unknown;
+    case DT_LNK:
+        return FileKind::SymbolicLink;
+    default:
+        return FileKind::Other;
+    }
+}
+
+} // namespace
+
+FolderBatch::FolderBatch() : m_buffer(std::make_unique<char[]>(kBufferSize)) {}
+
+/// Fills the buffer with a kind and a NUL-terminated name for each entry.
+bool FolderBatch::fill(FolderHandle& folder)
+{
+    m_folder = &folder;
+    m_at = m_filled = 0;
+    m_atEnd = true;
+    if (!folder.m_stream && !(folder.m_stream = fdopendir(folder.m_fd)))
+        return false;
+    while (m_filled + kLongestName + 2 < kBufferSize) {
+        errno = 0;
+        const dirent* const read = readdir(folder.m_stream);
+        if (!read)
+            return errno == 0 || m_filled > 0;
+        const std::string_view name = read->d_name;
+        if (name == "." || name == "..")
+            continue;
+        m_buffer[m_filled++] = static_cast<char>(kindOfType(read->d_type));
+        std::memcpy(m_buffer.get() + m_filled, name.data(), name.size() + 1);
+        m_filled += name.size() + 1;
+    }
+    m_atEnd = false;
+    return true;
+}
+
+bool FolderBatch::next(Entry& entry)
+{
+    if (m_at >= m_filled)
+        return false;
+    entry.kind = static_cast<FileKind>(m_buffer[m_at]);
+    entry.name = m_buffer.get() + m_at + 1;
+    m_at += entry.name.size() + 2;
+    if (entry.kind == FileKind::Unknown)
+        entry.kind = kindAt(m_folder->m_fd, entry.name.data());
+    return true;
+}
+
+} // namespace pryvane
