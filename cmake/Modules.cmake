@@ -19,8 +19,8 @@ function(pryvane_program name)
     install(TARGETS ${name})
 endfunction()
 
-# pryvane_module(NAME SOURCES … LINKS …)
-#   the file libpryvane-NAME.so.
+# pryvane_module(NAME SOURCES … [LINKS …])
+#   the file libpryvane-NAME.so, linked with what the room in this folder uses, and LINKS.
 function(pryvane_module name)
     cmake_parse_arguments(MODULE "" "" "SOURCES;LINKS" ${ARGN})
     set(target pryvane_${name}_module)
@@ -30,7 +30,8 @@ function(pryvane_module name)
         LIBRARY_OUTPUT_DIRECTORY "${PRYVANE_PROGRAMS}/${PRYVANE_MODULES}"
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
-    target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}/src")
+    file(RELATIVE_PATH room "${CMAKE_SOURCE_DIR}/src" "${CMAKE_CURRENT_SOURCE_DIR}")
+    pryvane_link_room(${target} PRIVATE ${room})
     target_link_libraries(${target} PRIVATE ${MODULE_LINKS})
     set_property(GLOBAL APPEND PROPERTY PRYVANE_PRODUCTS ${target})
     install(TARGETS ${target} LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/pryvane")
