@@ -10,11 +10,11 @@
 #include "platform/Printer.h"
 #include "platform/Remover.h"
 #include "platform/UserNotifier.h"
-#include "reports/ReportFixtures.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
 #include "store/SqliteUserDefaults.h"
 #include "support/Fakes.h"
+#include "support/ReportFixtures.h"
 #include "support/TemporaryFolder.h"
 #include "volume/VolumeFileSystem.h"
 

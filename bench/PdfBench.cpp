@@ -7,11 +7,11 @@
 #include "PeakMemory.h"
 #include "core/LoadedModule.h"
 #include "platform/MachineInfo.h"
-#include "reports/ReportFixtures.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/PageLayout.h"
 #include "reports/pdf/PainterModule.h"
 #include "reports/pdf/ReportTexts.h"
+#include "support/ReportFixtures.h"
 #include "support/TemporaryFolder.h"
 
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/AppDelegate.h"
-#include "engine/EngineFixture.h"
 #include "platform/UserDefaults.h"
+#include "scan/EngineFixture.h"
 #include "support/DesktopFakes.h"
 
 namespace pryvane::test {

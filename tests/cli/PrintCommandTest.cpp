@@ -1,5 +1,5 @@
 #include "cli/CliFixture.h"
-#include "platform/PrintServer.h"
+#include "support/PrintServer.h"
 
 #include <gmock/gmock.h>
 

@@ -2,9 +2,9 @@
 
 #include "cli/CliFixture.h"
 #include "platform/Log.h"
-#include "reports/StoreFixtures.h"
 #include "store/SqliteUserDefaults.h"
 #include "support/FaultyCalls.h"
+#include "support/StoreFixtures.h"
 
 #include <array>
 #include <cerrno>

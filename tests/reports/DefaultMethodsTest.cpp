@@ -1,9 +1,9 @@
 #include "reports/DefaultMethods.h"
 
-#include "reports/ReportFixtures.h"
 #include "store/MemoryUserDefaults.h"
 #include "store/SqliteUserDefaults.h"
 #include "support/Fakes.h"
+#include "support/ReportFixtures.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

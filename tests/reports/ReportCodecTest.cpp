@@ -2,7 +2,7 @@
 
 #include "reports/CborReader.h"
 #include "reports/CborWriter.h"
-#include "reports/ReportFixtures.h"
+#include "support/ReportFixtures.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "core/Escape.h"
 #include "reports/ReportCompare.h"
-#include "reports/ReportFixtures.h"
+#include "support/ReportFixtures.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/MachineInfo.h"
-#include "reports/ReportFixtures.h"
 #include "reports/pdf/PDFGenerate.h"
+#include "support/ReportFixtures.h"
 
 #include <optional>
 #include <string>

@@ -1,0 +1,258 @@
+#include "browser/views/WindowFixture.h"
+
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+
+#include <fstream>
+#include <iterator>
+
+namespace pryvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+std::string contentOf(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+class ReportBrowserViewTest : public ReportWindowFixture {
+protected:
+    /// A custom scan of yesterday, a clean one, and one of just now that found more.
+    void storeThree()
+    {
+        store({"/Users/alice/.mdworker", "/tmp/old"}, "/Users/alice/Doc\numents",
+              " 1 minute  4 seconds");
+        clock.advance(25h);
+        store({});
+        clock.advance(1h);
+        store({"/Users/alice/.mdworker", "/Users/alice/Library/LaunchAgents/com.\xff<b>bold.plist",
+               "/tmp/new"});
+        clock.advance(5min);
+    }
+};
+
+TEST_F(ReportBrowserViewTest, ListsFiltersAndCompares)
+{
+    storeThree();
+    show();
+    shot("list");
+    auto* list = table("reportList");
+    ASSERT_EQ(list->model()->rowCount(), 3);
+    EXPECT_THAT(rowText("reportList", 0),
+                AllOf(StartsWith("Found | "), HasSubstr("Quick Scan | 12 seconds | 3 | Open")));
+    EXPECT_THAT(rowText("reportList", 1),
+                AllOf(StartsWith("Clean | "), HasSubstr(" | 12 seconds | 0 | Delete")));
+    EXPECT_THAT(rowText("reportList", 2), HasSubstr("/Users/alice/Doc\\numents")) << "escaped";
+    EXPECT_THAT(list->model()->index(2, 2).data(Qt::ToolTipRole).toString().toStdString(),
+                HasSubstr("-"))
+        << "the date itself";
+
+    notifications.post(NotificationName::ScanStatusChange, true);
+    EXPECT_TRUE(isShown("scanningSpinner"));
+    notifications.post(NotificationName::ScanStatusChange, false);
+    settle();
+    EXPECT_FALSE(isShown("scanningSpinner"));
+
+    view->focusFilter();
+    QTest::keyClicks(QApplication::focusWidget(), "zip");
+    EXPECT_EQ(list->model()->rowCount(), 0);
+    EXPECT_FALSE(list->isVisible()) << "that nothing fits is said instead";
+    shot("nothing-fits");
+    find<QLineEdit>("searchReports")->clear();
+    find<QComboBox>("filterReports")->setCurrentIndex(2);
+    EXPECT_EQ(list->model()->rowCount(), 1);
+    EXPECT_FALSE(find<QPushButton>("compareReports")->isEnabled());
+    find<QComboBox>("filterReports")->setCurrentIndex(0);
+
+    list->selectRow(1);
+    EXPECT_EQ(find<QPushButton>("compareReports")->text(), "Compare with previous");
+    list->selectionModel()->select(list->model()->index(0, 0), QItemSelectionModel::Clear);
+    for (const int row : {0, 2})
+        list->selectionModel()->select(list->model()->index(row, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    click("compareReports");
+    shot("comparison");
+    ASSERT_EQ(table("comparison")->model()->rowCount(), 4);
+    EXPECT_THAT(rowText("comparison", 0),
+                AllOf(StartsWith("new | "), HasSubstr("com.\\xff<b>bold.plist")));
+    EXPECT_THAT(rowText("comparison", 1), HasSubstr("/tmp/new"));
+    EXPECT_THAT(rowText("comparison", 2), AllOf(StartsWith("gone | "), HasSubstr("/tmp/old")));
+    EXPECT_THAT(rowText("comparison", 3), StartsWith("as before | "));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    runFor(20ms);
+    EXPECT_FALSE(isShown("comparison"));
+}
+
+TEST_F(ReportBrowserViewTest, OpensAReportAndExportsIt)
+{
+    storeThree();
+    volume.remove("/tmp/old");
+    show();
+    press("reportList", 2, Qt::Key_Return);
+    ASSERT_TRUE(isShown("findings"));
+    shot("details");
+    EXPECT_EQ(textOf("reportKind"), "Custom Scan");
+    EXPECT_EQ(textOf("infectionCount"), "2");
+    EXPECT_EQ(textOf("duration"), "1 minute 4 seconds");
+    EXPECT_THAT(rowText("findings", 0), HasSubstr("still there"));
+    EXPECT_THAT(rowText("findings", 1), HasSubstr("gone"));
+    EXPECT_FALSE(table("findings")->model()->index(1, 0).flags() & Qt::ItemIsUserCheckable);
+
+    const struct {
+        const char *title, *file, *start, *content;
+    } kinds[] = {{"As PDF…", "a.pdf", "%PDF-", "%%EOF"},
+                 {"As JSON…", "b.json", "{", "file:///tmp/old"},
+                 {"As CSV…", "c", "", "/tmp/old"},
+                 {"As HTML…", "d.html", "<!DOCTYPE html>", "/tmp/old"}};
+    for (const auto& kind : kinds) {
+        const std::string path = exports.hostPath(kind.file);
+        whenAsked<QFileDialog>([&](QFileDialog* dialog) {
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        for (QAction* action : find<QMenu>("exportMenu")->actions())
+            if (action->text() == kind.title)
+                action->trigger();
+        ASSERT_TRUE(runUntil([&] {
+            return textOf("notice").find(exports.path()) != std::string::npos;
+        })) << kind.title
+            << ": " << textOf("notice");
+        browser->say({});
+        const std::string content = contentOf(path + (path.ends_with("/c") ? ".csv" : ""));
+        EXPECT_THAT(content, AllOf(StartsWith(kind.start), HasSubstr(kind.content))) << kind.title;
+    }
+    whenAsked<QFileDialog>([&](QFileDialog* dialog) {
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText("/proc/x.json");
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    find<QMenu>("exportMenu")->actions()[1]->trigger();
+    ASSERT_TRUE(runUntil([&] { return isShown("notice"); }));
+    EXPECT_THAT(textOf("notice"), StartsWith("The report was not exported: "));
+
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QTest::keyClick(find("findings"), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(runUntil([&] { return isShown("reportList"); }));
+    EXPECT_EQ(table("reportList")->currentIndex().row(), 2) << "where one came from";
+}
+
+TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
+{
+    storeThree();
+    show();
+    remover.stubborn = {"/tmp/new"};
+    press("reportList", 0, Qt::Key_Return);
+    press("findings", 0, Qt::Key_Space);
+    EXPECT_FALSE((*browser->report()->spyWareList)[0]->isChecked);
+    click("quarantineBtn");
+    ASSERT_TRUE(runUntil([&] { return isShown("plan"); }));
+    shot("plan");
+    EXPECT_TRUE(runUntil([&] { return find("removeForGood")->isEnabled(); }));
+    alerts.answer(kAlertFirstButton);
+    click("removeForGood");
+    settle();
+    EXPECT_EQ(alerts.asked().size(), 1U);
+    EXPECT_TRUE(volume.contains("/Users/alice/.mdworker"));
+    EXPECT_FALSE(volume.contains("/Users/alice/Library/LaunchAgents/com.\xff<b>bold.plist"));
+    ASSERT_TRUE(isShown("reasonsSheet"));
+    shot("failures");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(isShown("reasonsSheet"));
+    shot("after-removal");
+    EXPECT_THAT(rowText("findings", 0), HasSubstr("still there"));
+    EXPECT_THAT(rowText("findings", 1), HasSubstr("removed"));
+    EXPECT_THAT(rowText("findings", 2), HasSubstr("not removed"));
+    EXPECT_EQ(stored()[0]->spyWareCount, 3U) << "the stored report is as it was";
+}
+
+TEST_F(ReportBrowserViewTest, DeletesOneAndThenTheLast)
+{
+    store({"/tmp/a"});
+    clock.advance(1h);
+    store({"/tmp/b"});
+    show();
+    alerts.answer(kAlertFirstButton);
+    press("reportList", 1, Qt::Key_Delete);
+    ASSERT_EQ(stored().size(), 1U);
+    ASSERT_EQ(table("reportList")->model()->rowCount(), 1);
+
+    const auto action = table("reportList")->model()->index(0, 6);
+    QTest::mouseClick(table("reportList")->viewport(), Qt::LeftButton, {},
+                      table("reportList")->visualRect(action).center());
+    settle();
+    ASSERT_TRUE(isShown("deleteReport"));
+    alerts.answer(kAlertFirstButton);
+    click("deleteReport");
+    EXPECT_TRUE(stored().empty());
+    EXPECT_TRUE(isShown("noReports"));
+    EXPECT_FALSE(isShown("reportList"));
+    shot("empty");
+    click("scanFromReports");
+    EXPECT_THAT(host.asked, testing::ElementsAre("access"));
+}
+
+TEST_F(ReportBrowserViewTest, AReportOfAnotherVolumeOffersNoRemoval)
+{
+    const auto report = store({"/tmp/a", "/Library/Preferences/com.apple.RemoteDesktop.plist"});
+    (*report->spyWareList)[1]->name = "ARD";
+    ASSERT_TRUE(methods->updateReportInDefaults(report));
+    show();
+    press("reportList", 0, Qt::Key_Return);
+    EXPECT_TRUE(isShown("ARDCell"));
+    shot("remote-desktop");
+    EXPECT_FALSE(isShown("ignoreARD")) << "that is for scans";
+    press("findings", 1, Qt::Key_Space);
+    EXPECT_FALSE((*browser->report()->spyWareList)[1]->isChecked) << "it is never removed";
+    QSignalSpy help(view, &ReportBrowserView::remoteDesktopHelpWanted);
+    click("removeARD");
+    EXPECT_EQ(help.count(), 1);
+    click("backToReports");
+
+    report->volume = "another";
+    ASSERT_TRUE(methods->updateReportInDefaults(report));
+    browser->viewWillAppear();
+    settle();
+    press("reportList", 0, Qt::Key_Return);
+    EXPECT_THAT(rowText("findings", 0), HasSubstr("not known"));
+    EXPECT_FALSE(isShown("quarantineBtn"));
+}
+
+TEST_F(ReportBrowserViewTest, TenThousandReportsOpenAtOnce)
+{
+    const auto pattern = store({"/tmp/a", "/tmp/b", "/tmp/c"});
+    ReportList many;
+    for (int i = 0; i < 10000; ++i) {
+        many.push_back(std::make_shared<SpywareScanReport>(pattern->independentCopy()));
+        many.back()->reportId = std::to_string(i);
+        many.back()->scanDate -= std::chrono::hours(i);
+    }
+    ASSERT_TRUE(methods->saveListReport(many, preferences::kSaveReport));
+    show();
+    const auto taken = timeOf([&] {
+        Q_EMIT browser->listChanged();
+        Q_EMIT browser->stateChanged();
+        window->grab();
+    });
+    const auto searched = timeOf([&] {
+        find<QLineEdit>("searchReports")->setText("quick");
+        window->grab();
+    });
+    EXPECT_EQ(table("reportList")->model()->rowCount(), 10000);
+    EXPECT_LT(taken, 300ms);
+    EXPECT_LT(searched, 300ms);
+    std::cout << "shown in " << taken.count() << " ms, searched in " << searched.count() << "\n";
+    table("reportList")->sortByColumn(2, Qt::AscendingOrder);
+    EXPECT_THAT(rowText("reportList", 0), HasSubstr("ago")) << "the oldest first";
+}
+
+} // namespace
+} // namespace pryvane::test

@@ -1,0 +1,155 @@
+#include "hosts/qt/EventLoop.h"
+#include "hosts/qt/FakeServices.h"
+#include "hosts/qt/bus/BusDistributedNotifications.h"
+#include "hosts/qt/bus/BusFileViewer.h"
+#include "hosts/qt/bus/BusUserNotifier.h"
+#include "support/Fakes.h"
+#include "support/PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+namespace pryvane::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+struct BusTest : testing::Test {
+    void SetUp() override
+    {
+        if (!bus)
+            GTEST_SKIP() << "dbus-daemon is not installed or does not start";
+    }
+    std::unique_ptr<PrivateBus> bus = PrivateBus::start();
+    RecordingLog log;
+};
+
+TEST_F(BusTest, notificationsFollowWhatTheServiceCanShow)
+{
+    struct Row {
+        QStringList capabilities;
+        QString shown;
+    };
+    const Row rows[] = {
+        {{"body", "body-markup"}, "Pry\\x1b|&lt;img src=\"x\"&gt; a&amp;b \\n\\xff"},
+        {{"body"}, "Pry\\x1b|<img src=\"x\"> a&b \\n\\xff"},
+        {{"actions"}, "Pry\\x1b: <img src=\"x\"> a&b \\n\\xff|"},
+    };
+    for (const Row& row : rows) {
+        FakeNotifications service(row.capabilities);
+        BusUserNotifier notifier(connectionToBus(), log);
+        notifier.deliver("Pry\x1b", "<img src=\"x\"> a&b \n\xff");
+        notifier.deliver("second", "");
+        ASSERT_TRUE(runUntil([&] { return service.shown.size() == 2; }));
+        EXPECT_EQ(service.shown[0].toStdString(), row.shown.toStdString());
+        EXPECT_TRUE(service.shown[1].startsWith("second"));
+    }
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(BusTest, nothingWaitsForASilentService)
+{
+    FakeNotifications service({"body"});
+    service.silent = true;
+    BusUserNotifier notifier(connectionToBus(), log, 100);
+    EXPECT_LT(timeOf([&] {
+                  for (int i = 0; i < 1000; ++i)
+                      notifier.deliver("title", "text");
+              }),
+              std::chrono::seconds(5))
+        << "far less than to wait for each";
+    ASSERT_TRUE(runUntil([&] { return log.lines().size() == 2; }));
+
+    service.silent = false;
+    notifier.deliver("later", "");
+    EXPECT_TRUE(runUntil([&] { return !service.shown.isEmpty(); })) << "it is asked again";
+    service.silent = true;
+    EXPECT_LT(timeOf([&] {
+                  for (int i = 0; i < 1000; ++i)
+                      notifier.deliver("title", "text");
+              }),
+              std::chrono::seconds(5))
+        << "far less than to wait for each";
+    runFor(milliseconds(300));
+    EXPECT_LE(service.shown.size(), 1 + static_cast<qsizetype>(BusUserNotifier::kWaiting));
+    EXPECT_LE(log.lines().size(), 4U) << "the log is not flooded";
+}
+
+TEST_F(BusTest, messagesReachTheirObservers)
+{
+    BusDistributedNotifications sender(connectionToBus(), log);
+    BusDistributedNotifications receiver(connectionToBus(), log);
+    std::vector<std::string> heard;
+    std::unique_ptr<DistributedNotifications::Observation> once;
+    once = receiver.observe("One", [&](const std::string& object) {
+        heard.push_back("once " + object);
+        once.reset();
+    });
+    const auto always = receiver.observe(
+        "One", [&](const std::string& object) { heard.push_back("always " + object); });
+    runFor(milliseconds(50));
+    sender.post("Other", "ignored");
+    sender.post("One", "first \xc3\xa9");
+    sender.post("One", "second");
+    ASSERT_TRUE(runUntil([&] { return heard.size() == 3; }));
+    runFor(milliseconds(50));
+    EXPECT_EQ(heard.size(), 3U);
+    EXPECT_EQ(std::count(heard.begin(), heard.end(), "always second"), 1);
+    EXPECT_EQ(std::count(heard.begin(), heard.end(), "once first \xc3\xa9"), 1);
+
+    BusDistributedNotifications nowhere(QDBusConnection(QStringLiteral("none")), log);
+    nowhere.post("One", "");
+    EXPECT_EQ(log.lines().size(), 1U);
+}
+
+TEST_F(BusTest, theFileViewerStaysInTheVolume)
+{
+    const TemporaryFolder host;
+    host.folder("outside/Library");
+    host.file("outside/Library/secret");
+    const auto root = [&](const std::string& path) { return "volume/" + path; };
+    host.file(root("private/Users/alice/a\xff &%41"));
+    host.link(root("Users"), "/private/Users");
+    host.link(root("Library"), host.hostPath("outside/Library"));
+    host.link(root("dangling"), "nowhere");
+    const auto volume = VolumeFileSystem::open(host.hostPath("volume")).value();
+    const std::string base = "file://" + host.hostPath("volume");
+    std::vector<std::string> opened;
+    const auto open = [&](const QUrl& folder) {
+        opened.push_back(folder.toEncoded().toStdString());
+        return true;
+    };
+    const auto at = [](const char* path) { return FileURL::fileURLWithPath(path); };
+
+    BusFileViewer viewer(connectionToBus(), *volume, log, open);
+    EXPECT_TRUE(viewer.reveal(at("/Users/alice/a\xff &%41")).ok());
+    EXPECT_TRUE(runUntil([&] { return !opened.empty(); })) << "no viewer on the bus";
+    EXPECT_EQ(opened, std::vector{base + "/private/Users/alice"});
+
+    FakeFileManager manager;
+    const struct {
+        const char* path;
+        std::string shown;
+    } rows[] = {
+        {"/Users/alice/a\xff &%41", "items " + base + "/private/Users/alice/a%FF%20%26%2541"},
+        {"/USERS/Alice/", "items " + base + "/private/Users/alice"},
+        {"/dangling", "items " + base + "/dangling"},
+        {"/", "folders " + base},
+    };
+    for (const auto& row : rows) {
+        manager.shown.clear();
+        ASSERT_TRUE(viewer.reveal(at(row.path)).ok()) << row.path;
+        ASSERT_TRUE(runUntil([&] { return !manager.shown.isEmpty(); }));
+        EXPECT_EQ(QUrl(manager.shown[0]).toEncoded().toLower(),
+                  QUrl(QString::fromStdString(row.shown)).toEncoded().toLower());
+    }
+    EXPECT_FALSE(viewer.reveal(at("/Library/secret")).ok()) << "the link leaves the volume";
+    EXPECT_FALSE(viewer.reveal(at("/gone")).ok());
+    EXPECT_EQ(opened.size(), 1U);
+
+    BusFileViewer alone(QDBusConnection(QStringLiteral("none")), *volume, log,
+                        [](const QUrl&) { return false; });
+    EXPECT_FALSE(alone.reveal(at("/Users/alice")).ok());
+}
+
+} // namespace
+} // namespace pryvane::test

@@ -1,0 +1,66 @@
+#include "hosts/qt/FakeServices.h"
+
+#include <QDBusMessage>
+
+#include <atomic>
+#include <cstdlib>
+
+namespace pryvane::test {
+
+namespace {
+
+void offer(QDBusConnection bus, const char* name, const char* path, QObject* object)
+{
+    bus.registerObject(QLatin1String(path), object,
+                       QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
+    bus.registerService(QLatin1String(name));
+}
+
+} // namespace
+
+QDBusConnection connectionToBus()
+{
+    static std::atomic<int> number{0};
+    return QDBusConnection::connectToBus(
+        QString::fromLocal8Bit(std::getenv("DBUS_SESSION_BUS_ADDRESS")),
+        QStringLiteral("test-%1").arg(++number));
+}
+
+FakeNotifications::FakeNotifications(QStringList capabilities)
+    : m_capabilities(std::move(capabilities))
+{
+    offer(m_own.bus, "org.freedesktop.Notifications", "/org/freedesktop/Notifications", this);
+}
+
+void FakeNotifications::sayNothing()
+{
+    setDelayedReply(true);
+}
+
+QStringList FakeNotifications::GetCapabilities()
+{
+    if (silent)
+        sayNothing();
+    return m_capabilities;
+}
+
+uint FakeNotifications::Notify(const QString&, uint, const QString&, const QString& summary,
+                               const QString& body, const QStringList&, const QVariantMap&, int)
+{
+    if (silent)
+        sayNothing();
+    shown << summary + QLatin1Char('|') + body;
+    return static_cast<uint>(shown.size());
+}
+
+FakeFileManager::FakeFileManager()
+{
+    offer(m_own.bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", this);
+}
+
+FakeItemWatcher::FakeItemWatcher()
+{
+    offer(m_own.bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", this);
+}
+
+} // namespace pryvane::test

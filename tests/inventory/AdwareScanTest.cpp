@@ -1,0 +1,259 @@
+// The inventory of a planted disk, and of disks that want to hurt whoever lists them.
+#include "support/CleanerFixture.h"
+#include "support/ForwardingDisk.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace pryvane::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+class AdwareScanTest : public CleanerFixture {
+protected:
+    void localState(const std::string& profiles)
+    {
+        volume.file(kChromeFolder + "/Local State",
+                    R"({"profile":{"info_cache":{)" + profiles + "}}}");
+    }
+    std::string extension(const std::string& profile, const std::string& id,
+                          const std::string& name)
+    {
+        const std::string folder = kChromeFolder + "/" + profile + "/Extensions/" + id + "/1.0_0";
+        volume.file(folder + "/manifest.json", R"({"name":")" + name + R"(","version":"1.0"})");
+        return folder;
+    }
+    /// "name version (profile) size path" of each entry.
+    static std::vector<std::string> texts(const std::vector<ExtensionEntry>& entries)
+    {
+        std::vector<std::string> list;
+        for (const ExtensionEntry& entry : entries)
+            list.push_back(entry.nameExt + " " + entry.verExt + " (" + entry.PersonExt + ")");
+        return list;
+    }
+};
+
+const char* const kDefaultProfile = R"("Default":{"name":"Alice"})";
+
+} // namespace
+
+TEST_F(AdwareScanTest, ChromeNamesComeFromTheFirstLocaleThereIs)
+{
+    const struct {
+        const char* id;
+        const char* name;
+        std::vector<std::pair<const char*, const char*>> locales; // folder, messages
+        const char* shown;
+    } rows[] = {
+        {"plain", "Plain", {}, "Plain"},
+        {"ref", "__MSG_appName__", {{"en_US", R"({"appName":{"message":"Shown"}})"}}, "Shown"},
+        {"lower", "__MSG_App_Name__", {{"en", R"({"app_name":{"message":"Low"}})"}}, "Low"},
+        {"first",
+         "__MSG_a__",
+         {{"en_GB", R"({"a":{"message":"GB"}})"}, {"en", R"({"a":{"message":"EN"}})"}},
+         "EN"},
+        {"german", "__MSG_a__", {{"de", R"({"a":{"message":"Nein"}})"}}, "__MSG_a__"},
+        {"broken", "__MSG_a__", {{"en", "{"}, {"en_US", R"({"a":{"message":"US"}})"}}, "__MSG_a__"},
+    };
+    localState(kDefaultProfile);
+    std::vector<std::string> expected;
+    for (const auto& row : rows) {
+        const std::string folder = extension("Default", row.id, row.name);
+        for (const auto& [locale, messages] : row.locales)
+            volume.file(folder + "/_locales/" + locale + "/messages.json", messages);
+        expected.push_back(std::string(row.shown) + " 1.0 (Alice)");
+    }
+    EXPECT_THAT(texts(inventory().getChromeExtantionList()),
+                testing::UnorderedElementsAreArray(expected));
+}
+
+TEST_F(AdwareScanTest, ChromeListsProfilesThatTheCacheNamesWithSizes)
+{
+    localState(R"("Default":{"name":"Alice"},"Profile 1":{"name":"Work"},"Gone":{"name":"x"})");
+    const std::string folder = extension("Default", "aaa", "One");
+    volume.file(folder + "/big.js", std::string(50'000, 'x'));
+    volume.link(folder + "/outside", "/usr");
+    extension("Profile 1", "bbb", "Two");
+    extension("Profile 2", "ccc", "Not in the cache");
+    volume.folder(kChromeFolder + "/Default/Extensions/empty/1.0");
+    volume.folder(kChromeFolder + "/Default/Extensions/none");
+    volume.file(kChromeFolder + "/Default/Extensions/Temp");
+    volume.file(kChromeFolder + "/Default/Extensions/ddd/1/no-manifest.json");
+    sync();
+    const auto entries = inventory().getChromeExtantionList();
+    EXPECT_THAT(texts(entries), ElementsAre("One 1.0 (Alice)", "Two 1.0 (Work)"));
+    EXPECT_EQ(entries[0].urlExt.absolutePath(), folder);
+    EXPECT_EQ(entries[0].sizeExt, naiveSize(volume.hostPath(folder)));
+    EXPECT_GE(entries[0].sizeExt, 50'000);
+    EXPECT_FALSE(AdwareScan::checkForAdware());
+}
+
+TEST_F(AdwareScanTest, LinksMultiplyNeitherReadingNorEntriesWithoutBound)
+{
+    // A manifest is read once for all links to its folder, and so are the messages.
+    class CountingDisk final : public ForwardingDisk {
+    public:
+        using ForwardingDisk::ForwardingDisk;
+        Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
+        {
+            ++files;
+            return m_disk.readSmallFile(url, limit);
+        }
+        int files = 0;
+    };
+    localState(R"("Default":{"name":"Alice"},"Again":{"name":"Bob"})");
+    const std::string folder = extension("Default", "real", "__MSG_a__");
+    volume.file(folder + "/_locales/en/messages.json", R"({"a":{"message":"Named"}})");
+    volume.link(kChromeFolder + "/Again", kChromeFolder + "/Default");
+    for (int i = 0; i < 20; ++i) {
+        const std::string name = std::to_string(i);
+        volume.link(kChromeFolder + "/Default/Extensions/" + name, "real");
+        volume.link(kChromeFolder + "/Default/Extensions/real/" + name, "1.0_0");
+        volume.link(kFirefoxFolder + "/" + name, "real");
+    }
+    volume.file(kFirefoxFolder + "/real/extensions.json",
+                R"({"addons":[{"path":"/x","version":"1","defaultLocale":{"name":"One"}}]})");
+    CountingDisk counting(disk());
+    const CleanerServices counted{counting, services().sizes};
+    const AdwareScan scan(counted, "alice", stop);
+    EXPECT_EQ(scan.chromeExtensions().size(), 2U * 21 * 21);
+    EXPECT_EQ(counting.files, 3); // the list of profiles, the manifest, the messages
+    EXPECT_EQ(scan.firefoxAddOns().size(), 1U);
+    EXPECT_EQ(counting.files, 4);
+    EXPECT_TRUE(scan.whole());
+
+    const FileURL profile = FileURL::fileURLWithPath(kChromeFolder + "/Default");
+    const struct {
+        ListingBounds bounds;
+        std::size_t entries;
+    } rows[] = {
+        {{.extensions = 30}, 30},
+        {{.folderEntries = 21 + 21 + 10}, 21 + 10},
+        {{.bytesRead = 1}, 441},
+    };
+    for (const auto& row : rows) {
+        ChromeExtensions bounded(disk(), stop, row.bounds);
+        bounded.add(profile, "Alice");
+        const auto found = bounded.take();
+        EXPECT_FALSE(found.whole);
+        EXPECT_LE(found.entries.size(), row.entries);
+        EXPECT_GE(found.entries.size(), 1U);
+    }
+}
+
+TEST_F(AdwareScanTest, FirefoxListsAddOnsOfAllProfiles)
+{
+    const std::string xpi = kFirefoxFolder + "/a.default/extensions/one.xpi";
+    volume.file(xpi, std::string(30'000, 'x'));
+    volume.file(kFirefoxFolder + "/a.default/extensions.json",
+                R"({"addons":[{"path":")" + xpi +
+                    R"(","version":"1","defaultLocale":{"name":"One"}}]})");
+    volume.file(
+        kFirefoxFolder + "/b.other/extensions.json",
+        R"({"addons":[{"descriptor":"/no","version":"2","defaultLocale":{"name":"Two"}}]})");
+    volume.file(kFirefoxFolder + "/c.default/extensions.json", "{\"addons\":[");
+    volume.file(kFirefoxFolder + "/d.default");
+    const auto entries = inventory().getFirefoxExtantionList();
+    ASSERT_THAT(texts(entries), UnorderedElementsAre("One 1 (Default)", "Two 2 (Default)"));
+    const auto& one = entries[entries[0].nameExt == "One" ? 0 : 1];
+    EXPECT_EQ(one.urlExt.absolutePath(), xpi);
+    EXPECT_EQ(one.sizeExt, naiveSize(volume.hostPath(xpi)));
+}
+
+TEST_F(AdwareScanTest, FoldersAreListedTheLibrarysBeforeTheHomes)
+{
+    const struct {
+        const char* folder;
+        std::vector<FileURL> (AdwareScan::*list)() const;
+    } rows[] = {
+        {"/Library/LaunchAgents", &AdwareScan::getLaunchAgentsList},
+        {"/Library/LaunchDaemons", &AdwareScan::getLaunchDaemonsList},
+        {"/Library/Application Support", &AdwareScan::getApplicationSupportList},
+    };
+    for (const auto& row : rows) {
+        volume.file(std::string(row.folder) + "/a.plist");
+        volume.file(std::string(row.folder) + "/sub/deeper");
+        volume.file(kHome + row.folder + "/.hidden");
+        const auto listed = paths((inventory().*row.list)());
+        ASSERT_EQ(listed.size(), 3U) << row.folder;
+        EXPECT_EQ(listed[2], kHome + row.folder + "/.hidden");
+    }
+    volume.file(kHome + "/Library/Safari/Extensions/.DS_Store");
+    EXPECT_THAT(paths(inventory().getSafariExtantionList()),
+                ElementsAre(kHome + "/Library/Safari/Extensions/.DS_Store"));
+}
+
+TEST_F(AdwareScanTest, ApplicationsOutsidePackagesAndHiddenFolders)
+{
+    for (const char* path :
+         {"/Applications/A.app/Contents/Inner.app/x", "/Applications/Utilities/B.app/x",
+          "/Applications/C.APP/D.app/x", "/Applications/.hidden/E.app/x",
+          "/Applications/F.bundle/G.app/x", "/Applications/H.appex/I.app/x",
+          "/Users/alice/deep/er/J.app/x", "/Users/alice/Photos.photoslibrary/K.app/x",
+          "/Users/alice/v1.2/L.app/x", "/Users/alice/.app/x"})
+        volume.file(path);
+    volume.file("/Applications/file.app");
+    volume.link("/Applications/Linked.app", "/Applications/A.app");
+    volume.link("/Users/alice/loop", "/Users/alice");
+    std::string deep = "/Users/alice";
+    for (int i = 0; i < 700; ++i)
+        deep += "/d";
+    volume.folder(deep); // below what is looked at
+    const auto listed = paths(inventory().getAppList());
+    EXPECT_THAT(listed,
+                UnorderedElementsAre("/Applications/A.app", "/Applications/Utilities/B.app",
+                                     "/Users/alice/deep/er/J.app", "/Users/alice/v1.2/L.app"));
+    EXPECT_TRUE(listed.size() == 4 && listed[1].starts_with("/Applications/"));
+}
+
+TEST_F(AdwareScanTest, FilesThatAreNoneGiveNothing)
+{
+    const TemporaryFolder outside;
+    outside.file("/state", R"({"profile":{"info_cache":{"Default":{"name":"Outside"}}}})");
+    const std::string state = kChromeFolder + "/Local State";
+    const std::string addOns = kFirefoxFolder + "/a.default/extensions.json";
+    const auto host = [&](const std::string& path) { return volume.hostPath(path); };
+    const struct {
+        const char* what;
+        std::function<void(const std::string& path)> plant;
+    } rows[] = {
+        {"a FIFO",
+         [&](const std::string& path) { ASSERT_EQ(mkfifo(host(path).c_str(), 0600), 0); }},
+        {"a folder", [&](const std::string& path) { volume.folder(path); }},
+        {"a link to the outside",
+         [&](const std::string& path) { volume.link(path, outside.path() + "/state"); }},
+        {"a link to an endless device",
+         [&](const std::string& path) { volume.link(path, "/dev/zero"); }},
+        {"a link to itself", [&](const std::string& path) { volume.link(path, path); }},
+        {"a file that is too long",
+         [&](const std::string& path) {
+             volume.file(path, "{}");
+             std::filesystem::resize_file(host(path), std::uint64_t{1} << 40);
+         }},
+        {"sixteen megabytes of brackets",
+         [&](const std::string& path) {
+             volume.file(path, std::string(std::size_t{16} << 20, '['));
+         }},
+    };
+    volume.folder(kChromeFolder);
+    volume.folder(kFirefoxFolder + "/a.default");
+    extension("Default", "aaa", "One");
+    for (const auto& row : rows) {
+        row.plant(state);
+        row.plant(addOns);
+        EXPECT_THAT(inventory().getChromeExtantionList(), IsEmpty()) << row.what;
+        EXPECT_THAT(inventory().getFirefoxExtantionList(), IsEmpty()) << row.what;
+        volume.remove(state);
+        volume.remove(addOns);
+    }
+    localState(kDefaultProfile);
+    EXPECT_EQ(inventory().getChromeExtantionList().size(), 1U);
+}
+
+} // namespace pryvane::test

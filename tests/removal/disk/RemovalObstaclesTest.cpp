@@ -1,0 +1,346 @@
+#include "removal/disk/ConfinedWork.h"
+#include "support/RemovalFixtures.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstddef>
+#include <fcntl.h>
+#include <fstream>
+#include <linux/filter.h>
+#include <linux/fs.h>
+#include <linux/seccomp.h>
+#include <optional>
+#include <ostream>
+#include <sched.h>
+#include <set>
+#include <sys/ioctl.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/swap.h>
+#include <sys/syscall.h>
+#include <thread>
+#include <unistd.h>
+
+namespace pryvane {
+namespace {
+
+using namespace test;
+using testing::StartsWith;
+
+constexpr const char* kSkipped = "skipped: ";
+
+/// Sets or clears a mark of the file system; whether that could be done.
+bool mark(const std::string& host, int flag, bool set)
+{
+    const UniqueFd fd(open(host.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    int flags = 0;
+    if (ioctl(fd.get(), FS_IOC_GETFLAGS, &flags) != 0)
+        return false;
+    flags = set ? flags | flag : flags & ~flag;
+    return ioctl(fd.get(), FS_IOC_SETFLAGS, &flags) == 0;
+}
+
+bool bindMount(const std::string& from, const std::string& to)
+{
+    return mount(from.c_str(), to.c_str(), nullptr, MS_BIND, nullptr) == 0;
+}
+
+/// From here on that system call fails in this process; with a third argument only where it is
+/// that.
+bool fails(unsigned call, unsigned error, std::optional<unsigned> third = std::nullopt)
+{
+    const auto value = static_cast<unsigned>(offsetof(seccomp_data, args) + 2 * sizeof(__u64));
+    sock_filter rules[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, value),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, third.value_or(0), 0, static_cast<__u8>(third ? 1 : 0)),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog program = {std::size(rules), rules};
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+/// Plan and removal of one item, in one text.
+std::string attempt(const RemovalDisk& disk, const RemovalItem& item)
+{
+    const RemovalForecast forecast = disk.plan(item);
+    const RemovalResult result = disk.remove(item);
+    std::string text = inWords(result);
+    if (forecast.obstacle != result.obstacle)
+        text += "; foreseen: " + obstacleText(forecast.obstacle, forecast.detail);
+    return text;
+}
+
+struct Row {
+    const char* name;
+    const char* path;
+    bool (*prepare)(
+        const RemovalDisk&); ///< as root, in mounts of its own; false: not possible here
+    bool asNobody;
+    const char* told; ///< the beginning
+    int stay;         ///< so many of the four entries of /a/finding
+    void (*undo)(const RemovalDisk&) = nullptr;
+    bool foreseen = true;
+};
+
+void PrintTo(const Row& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+bool openForAll(const RemovalDisk& disk, const char* path, mode_t mode)
+{
+    return chmod(disk.folder.hostPath(path).c_str(), mode) == 0;
+}
+
+/// Below the volume lie /a/finding/{f,in/g} and, to be hurt, /victim/{f,in/g}.
+const Row kRows[] = {
+    {"immutableFile", "/a/finding",
+     [](const RemovalDisk& d) {
+         return mark(d.folder.hostPath("a/finding/f"), FS_IMMUTABLE_FL, true);
+     },
+     false, "failed after 2: it is locked", 2,
+     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding/f"), FS_IMMUTABLE_FL, false); }},
+    {"appendOnlyFile", "/a/finding/f",
+     [](const RemovalDisk& d) {
+         return mark(d.folder.hostPath("a/finding/f"), FS_APPEND_FL, true);
+     },
+     false, "failed after 0: it is locked", 4,
+     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding/f"), FS_APPEND_FL, false); }},
+    {"immutableFolder", "/a/finding",
+     [](const RemovalDisk& d) {
+         return mark(d.folder.hostPath("a/finding/in"), FS_IMMUTABLE_FL, true);
+     },
+     false, "failed after 1: it is locked", 3,
+     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding/in"), FS_IMMUTABLE_FL, false); }},
+    {"immutableParent", "/a/finding/f",
+     [](const RemovalDisk& d) {
+         return mark(d.folder.hostPath("a/finding"), FS_IMMUTABLE_FL, true);
+     },
+     false, "failed after 0: it is locked", 4,
+     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding"), FS_IMMUTABLE_FL, false); }},
+    {"sticky", "/a/finding", [](const RemovalDisk& d) { return openForAll(d, "a", 01777); }, true,
+     "failed after 0: the folder that holds it may not be changed; ask its owner, or run this with "
+     "the rights to (permission denied)",
+     4},
+    {"stickyFile", "/a/finding/f",
+     [](const RemovalDisk& d) { return openForAll(d, "a/finding", 01777); }, true,
+     "failed after 0: the folder that holds it may not be changed; ask its owner, or run this with "
+     "the rights to (in this folder only its owner may remove it)",
+     4},
+    {"noPermission", "/a/finding/f", [](const RemovalDisk&) { return true; }, true,
+     "failed after 0: the folder that holds it may not be changed; ask its owner, or run this with "
+     "the rights to (permission denied)",
+     4},
+    {"unreadableInside", "/a/finding",
+     [](const RemovalDisk& d) {
+         return openForAll(d, "a", 0777) && openForAll(d, "a/finding", 0777) &&
+                openForAll(d, "a/finding/in", 0700);
+     },
+     true, "failed after 1: its folder cannot be read", 3},
+    {"unreadableOnTheWay", "/a/finding/f",
+     [](const RemovalDisk& d) { return openForAll(d, "a/finding", 0600); }, true,
+     "failed after 0: its folder cannot be read", 4},
+    {"readOnly", "/a/finding/in",
+     [](const RemovalDisk& d) {
+         const std::string place = d.folder.hostPath("a/finding");
+         return bindMount(place, place) && mount("none", place.c_str(), nullptr,
+                                                 MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) == 0;
+     },
+     false, "failed after 0: the volume is mounted read-only", 4},
+    {"otherFileSystemInside", "/a/finding",
+     [](const RemovalDisk& d) {
+         return mount("none", d.folder.hostPath("a/finding/in").c_str(), "tmpfs", 0, nullptr) == 0;
+     },
+     false, "failed after 1: another disk is mounted there", 3},
+    {"sameDeviceMountedInside", "/a/finding",
+     [](const RemovalDisk& d) {
+         return bindMount(d.folder.hostPath("victim"), d.folder.hostPath("a/finding/in"));
+     },
+     false, "failed after 1: another disk is mounted there", 3},
+    {"fileMountedInside", "/a/finding",
+     [](const RemovalDisk& d) {
+         return bindMount(d.folder.hostPath("victim/f"), d.folder.hostPath("a/finding/f"));
+     },
+     false, "failed after 2: another disk is mounted there", 2},
+    {"mountItself", "/a/finding",
+     [](const RemovalDisk& d) {
+         return bindMount(d.folder.hostPath("victim/in"), d.folder.hostPath("a/finding"));
+     },
+     false, "failed after 0: another disk is mounted there", 4},
+    {"homeMountedElsewhere", "/a/finding/in",
+     [](const RemovalDisk& d) {
+         return bindMount(d.folder.hostPath("Users"), d.folder.hostPath("a/finding")) &&
+                rename(d.folder.hostPath("Users/alice").c_str(),
+                       d.folder.hostPath("Users/in").c_str()) == 0;
+     },
+     false, "failed after 0: this folder is never removed", 4},
+    {"swap", "/a/finding/f",
+     [](const RemovalDisk& d) {
+         const std::string file = d.folder.hostPath("a/finding/f");
+         std::ofstream(file) << std::string(std::size_t{1} << 20, '\0');
+         return chmod(file.c_str(), 0600) == 0 &&
+                std::system(("mkswap " + file + " >/dev/null 2>&1").c_str()) == 0 &&
+                swapon(file.c_str(), 0) == 0;
+     },
+     false, "failed after 0: it is in use; close what uses it and try again (the system swaps", 4,
+     [](const RemovalDisk& d) { swapoff(d.folder.hostPath("a/finding/f").c_str()); }, false},
+    {"mountBesides", "/a/finding", // none of these is in the way
+     [](const RemovalDisk& d) { return bindMount(d.folder.hostPath("a"), d.folder.hostPath("a")); },
+     false, "removed 4", 0},
+};
+
+class ObstacleTest : public testing::TestWithParam<std::tuple<Row, bool>> {};
+
+INSTANTIATE_TEST_SUITE_P(All, ObstacleTest,
+                         testing::Combine(testing::ValuesIn(kRows), testing::Bool()),
+                         [](const auto& row) {
+                             return std::string(std::get<0>(row.param).name) +
+                                    (std::get<1>(row.param) ? "" : "WithoutOpenat2");
+                         });
+
+TEST_P(ObstacleTest, IsToldForeseenAndLeavesTheRest)
+{
+    if (!runningAsRoot())
+        GTEST_SKIP() << "only root may mark, mount and become another user";
+    const Row& row = std::get<0>(GetParam());
+    const bool openat2Known = std::get<1>(GetParam());
+    RemovalDisk disk;
+    for (const char* path :
+         {"a/finding/f", "a/finding/in/g", "victim/f", "victim/in/g", "Users/alice/f"})
+        disk.folder.file(path);
+    openForAll(disk, "", 0755);
+    const std::string answer = inChild([&] {
+        if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr))
+            return std::string(kSkipped) + "no mounts of its own";
+        if (!row.prepare(disk))
+            return std::string(kSkipped) + "not possible on this file system";
+        if (!openat2Known && !fails(SYS_openat2, ENOSYS))
+            return std::string(kSkipped) + "no filter of system calls";
+        constexpr unsigned kNobody = 65534;
+        if (row.asNobody && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
+            return std::string(kSkipped) + "cannot become nobody";
+        disk.volume = volumeAt(disk.folder, NameMatching::AsOnMac); // opened as what this now is
+        return attempt(disk, disk.seen(row.path));
+    });
+    if (row.undo)
+        row.undo(disk);
+    if (answer.starts_with(kSkipped))
+        GTEST_SKIP() << answer;
+    EXPECT_THAT(answer, StartsWith(row.told));
+    EXPECT_EQ(answer.find("foreseen") == answer.npos, row.foreseen) << answer;
+    int stayed = 0;
+    for (const char* path : {"a/finding", "a/finding/f", "a/finding/in", "a/finding/in/g"})
+        stayed += disk.folder.contains(path) ? 1 : 0;
+    EXPECT_EQ(stayed, row.stay);
+    for (const char* path : {"victim/f", "victim/in/g"})
+        EXPECT_TRUE(disk.folder.contains(path)) << path;
+}
+
+struct FailingCall {
+    unsigned call;
+    unsigned error;
+    std::optional<unsigned> third;
+    std::string told; ///< the beginning
+};
+
+TEST(FailingCalls, AreToldAndNeverAsRemoved)
+{
+    const std::string device = "the system reports an error; check the disk, then try again (";
+    const FailingCall rows[] = {
+        // a folder that is never empty, however often it is emptied
+        {SYS_unlinkat, ENOTEMPTY, AT_REMOVEDIR, "failed after 2: something keeps filling"},
+        // a file that is a folder at the moment it is removed, however often it is tried
+        {SYS_unlinkat, EISDIR, 0, "failed after 0: its name or one in it is exchanged"},
+        {SYS_unlinkat, EBUSY, 0, "failed after 0: it is in use; close what uses it"},
+        {SYS_unlinkat, EIO, AT_REMOVEDIR, "failed after 2: " + device + "input/output error)"},
+        {SYS_unlinkat, EPERM, 0, "failed after 0: the folder that holds it may not be changed"},
+        {SYS_unlinkat, EACCES, 0,
+         kernelConfinementOfRemoval() == KernelConfinement::Enforced
+             ? "failed after 0: the system stopped a removal outside"
+             : "failed after 0: the folder that holds it may not be changed"},
+        {SYS_unlinkat, EROFS, 0, "failed after 0: the volume is mounted read-only"},
+        {SYS_getdents64, EIO, {}, "failed after 0: " + device + "input/output error)"},
+        {SYS_openat2, EMFILE, {}, "failed after 0: " + device + "too many open files)"},
+        {SYS_fsync, EIO, {}, "failed after 4: " + device + "input/output error)"},
+        {SYS_fsync, EINVAL, {}, "removed 4"}, // a file system that has nothing to sync
+        // the kernel's confinement, which it may refuse for reasons of its own
+        {SYS_landlock_restrict_self,
+         EPERM,
+         {},
+         kernelConfinementOfRemoval() == KernelConfinement::Enforced
+             ? "removed 4; done without the kernel's confinement, which it refused: operation not"
+             : "removed 4"},
+        {SYS_clone3, EAGAIN, {}, "failed after 0: " + device},
+    };
+    for (const FailingCall& row : rows) {
+        const RemovalDisk disk;
+        disk.folder.file("a/finding/f");
+        disk.folder.file("a/finding/in/g");
+        const std::string answer = inChild([&] {
+            if (!fails(row.call, row.error, row.third) ||
+                (row.call == SYS_clone3 && !fails(SYS_clone, row.error)))
+                return std::string(kSkipped) + "no filter of system calls";
+            return inWords(disk.remove(disk.seen("/a/finding")));
+        });
+        if (answer.starts_with(kSkipped))
+            GTEST_SKIP() << answer;
+        EXPECT_THAT(answer, StartsWith(row.told)) << "call " << row.call << " error " << row.error;
+    }
+}
+
+/// A folder that is renamed out of the volume while its content is removed stays as it is from then
+/// on, and that is what is told.
+TEST(ConfinedRemoval, EndsWhereAFolderLeavesTheVolume)
+{
+    if (kernelConfinementOfRemoval() != KernelConfinement::Enforced)
+        GTEST_SKIP() << kernelConfinementText();
+    const InMemory inMemory;
+    const RemovalDisk disk;
+    const TemporaryFolder outside;
+    disk.folder.folder("lib");
+    const std::string inside = disk.folder.hostPath("lib/place");
+    const std::string away = outside.hostPath("place");
+    std::atomic<bool> done{false};
+    std::thread attacker([&] {
+        while (!done)
+            static_cast<void>(rename(inside.c_str(), away.c_str()) ||
+                              rename(away.c_str(), inside.c_str()));
+    });
+    bool seen = false;
+    for (int i = 0; i < 3'000 && !seen; ++i) {
+        mkdir(inside.c_str(), 0755); // the first time
+        const UniqueFd place(open((i % 2 ? inside : away).c_str(), O_PATH | O_CLOEXEC));
+        mkdirat(place.get(), "finding", 0755);
+        for (const char* name : {"finding/1", "finding/2", "finding/3", "finding/4"})
+            close(openat(place.get(), name, O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+        const auto result = disk.remove(RemovalDisk::stored("/lib/place/finding"));
+        seen = result.obstacle == RemovalObstacle::Confined;
+        EXPECT_NE(result.obstacle, RemovalObstacle::NotPermitted) << inWords(result);
+    }
+    done = true;
+    attacker.join();
+    if (!seen)
+        GTEST_SKIP() << "no removal met the rename on this machine, busy as it is";
+}
+
+TEST(Obstacles, HaveASentenceEach)
+{
+    std::set<std::string> sentences;
+    for (int i = 1; i <= static_cast<int>(RemovalObstacle::GivenUp); ++i) {
+        const auto obstacle = static_cast<RemovalObstacle>(i);
+        EXPECT_THAT(obstacleText(obstacle, "why"), testing::EndsWith(" (why)"));
+        sentences.insert(obstacleText(obstacle));
+    }
+    EXPECT_EQ(sentences.size(), static_cast<std::size_t>(RemovalObstacle::GivenUp));
+    EXPECT_EQ(obstacleText(RemovalObstacle::None, "why"), "");
+}
+
+} // namespace
+} // namespace pryvane

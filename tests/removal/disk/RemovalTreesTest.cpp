@@ -1,0 +1,208 @@
+#include "support/RemovalFixtures.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <fcntl.h>
+#include <random>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace pryvane {
+namespace {
+
+using namespace test;
+namespace fs = std::filesystem;
+
+void makeFile(int folder, const std::string& name)
+{
+    close(openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+}
+
+/// So many folders one inside the other, a file beside each thousandth.
+std::uint64_t makeDeep(const std::string& host, int levels)
+{
+    std::uint64_t entries = 1;
+    mkdir(host.c_str(), 0755);
+    UniqueFd at(open(host.c_str(), O_PATH | O_CLOEXEC));
+    for (int level = 1; level < levels; ++level) {
+        if (level % 1'000 == 0) {
+            makeFile(at.get(), "file");
+            ++entries;
+        }
+        mkdirat(at.get(), "d", 0755);
+        at.reset(openat(at.get(), "d", O_PATH | O_CLOEXEC));
+        ++entries;
+    }
+    return entries;
+}
+
+/// So many entries in one folder, every fourth a folder.
+std::uint64_t makeWide(const std::string& host, int width)
+{
+    mkdir(host.c_str(), 0755);
+    const UniqueFd at(open(host.c_str(), O_PATH | O_CLOEXEC));
+    for (int i = 0; i < width; ++i) {
+        const std::string name = "entry" + std::to_string(i);
+        if (i % 4)
+            makeFile(at.get(), name);
+        else
+            mkdirat(at.get(), name.c_str(), 0755);
+    }
+    return static_cast<std::uint64_t>(width) + 1;
+}
+
+/// The most memory this process ever had, in MiB.
+long peak()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+struct Shape {
+    const char* name;
+    std::uint64_t (*make)(const std::string& host, int size);
+    const char* variable;
+    int size;
+};
+
+void PrintTo(const Shape& shape, std::ostream* out)
+{
+    *out << shape.name;
+}
+
+class HostileShapes : public testing::TestWithParam<Shape> {};
+INSTANTIATE_TEST_SUITE_P(All, HostileShapes,
+                         testing::Values(Shape{"Deep", makeDeep, "PRYVANE_DEEP", 100'000},
+                                         Shape{"Wide", makeWide, "PRYVANE_WIDE", 200'000}),
+                         [](const auto& shape) { return std::string(shape.param.name); });
+
+TEST_P(HostileShapes, GoWithLittleMemoryAndFewDescriptors)
+{
+    const InMemory inMemory;
+    const RemovalDisk disk;
+    disk.folder.folder("a");
+    const auto entries = GetParam().make(disk.folder.hostPath("a/finding"),
+                                         sizeAsked(GetParam().variable, GetParam().size));
+    const std::string answer = inChild([&] {
+        const rlimit few{64, 64};
+        setrlimit(RLIMIT_NOFILE, &few);
+        const long before = peak();
+        const RemovalItem item = disk.seen("/a/finding");
+        const auto planned = disk.plan(item);
+        const auto result = disk.remove(item);
+        const long grown = peak() - before;
+        return inWords(result) + (planned.entries == entries ? "" : ", planned otherwise") +
+               (grown < 48 ? "" : ", memory grew by MiB " + std::to_string(grown));
+    });
+    EXPECT_EQ(answer, "removed " + std::to_string(entries));
+    EXPECT_FALSE(disk.folder.contains("a/finding"));
+}
+
+/// A tree of anything: files with holes, hard links, links to anywhere, FIFOs, nested folders.
+void makeAnything(const RemovalDisk& disk, const std::string& top, std::mt19937& random)
+{
+    std::vector<std::string> folders = {top};
+    disk.folder.folder(top);
+    for (int i = 0; i < 40; ++i) {
+        const std::string path = folders[random() % folders.size()] + "/e" + std::to_string(i);
+        const std::string host = disk.folder.hostPath(path);
+        switch (random() % 6) {
+        case 0:
+        case 1:
+            disk.folder.folder(path);
+            folders.push_back(path);
+            break;
+        case 2:
+            disk.folder.file(path, std::string(random() % 20'000, 'x'));
+            break;
+        case 3:
+            disk.folder.file(path);
+            fs::resize_file(host, 5'000'000);
+            break;
+        case 4:
+            disk.folder.link(path, random() % 2 ? "/kept" : "../../kept/file");
+            break;
+        default:
+            if (random() % 2)
+                mkfifo(host.c_str(), 0644);
+            else
+                fs::create_hard_link(disk.folder.hostPath("kept/file"), host);
+        }
+    }
+}
+
+TEST(RemovalPlan, TellsWhatTheRemovalThenDoes)
+{
+    for (unsigned seed = 1; seed <= 25; ++seed) {
+        const RemovalDisk disk;
+        std::mt19937 random(seed);
+        disk.folder.file("kept/file", std::string(9'000, 'x'));
+        makeAnything(disk, "a/finding", random);
+        const auto scope = seed % 3 ? RemovalScope::Item : RemovalScope::ContentsOf;
+        const RemovalItem item = disk.seen("/a/finding", scope);
+        const std::string before = treeBelow(disk.folder.path());
+        const std::int64_t bytes = naiveSize(disk.folder.hostPath("a/finding"));
+        const auto entries =
+            std::distance(fs::recursive_directory_iterator(disk.folder.hostPath("a/finding")),
+                          fs::recursive_directory_iterator()) +
+            (scope == RemovalScope::Item ? 1 : 0);
+        const auto planned = disk.plan(item);
+        EXPECT_EQ(treeBelow(disk.folder.path()), before);
+        const auto result = disk.remove(item);
+        EXPECT_EQ(inWords(result), "removed " + std::to_string(entries)) << seed;
+        EXPECT_EQ(planned.entries, result.entriesRemoved) << seed;
+        EXPECT_EQ(planned.bytes, result.bytesRemoved) << seed;
+        EXPECT_EQ(planned.bytes, bytes) << seed;
+        EXPECT_EQ(planned.kind, FileKind::Folder);
+        EXPECT_EQ(planned.obstacle, RemovalObstacle::None);
+        EXPECT_TRUE(planned.countedWhole);
+        EXPECT_EQ(treeBelow(disk.folder.path()),
+                  std::string("/a\n") +
+                      (entries && scope == RemovalScope::ContentsOf ? "/a/finding\n" : "") +
+                      "/kept\n/kept/file 9000\n");
+    }
+}
+
+/// However fast somebody fills the folder, the removal ends, and says how it ended.
+TEST(Refilling, EndsAndIsTold)
+{
+    for (const auto scope : {RemovalScope::Item, RemovalScope::ContentsOf}) {
+        const InMemory inMemory;
+        const RemovalDisk disk;
+        disk.folder.file("a/finding/in/x");
+        const UniqueFd in(open(disk.folder.hostPath("a/finding/in").c_str(), O_PATH | O_CLOEXEC));
+        const UniqueFd top(open(disk.folder.hostPath("a/finding").c_str(), O_PATH | O_CLOEXEC));
+        std::atomic<bool> done{false};
+        std::atomic<int> made{0};
+        std::vector<std::thread> fillers;
+        for (int filler = 0; filler < 4; ++filler)
+            fillers.emplace_back([&, filler] {
+                for (int i = 0; !done; ++i) {
+                    const std::string name = std::to_string(filler) + "-" + std::to_string(i);
+                    makeFile(in.get(), name);
+                    mkdirat(top.get(), "in", 0755);
+                    makeFile(top.get(), name);
+                    ++made;
+                }
+            });
+        while (made < 1'000) // well ahead
+            std::this_thread::yield();
+        const RemovalResult result = disk.remove(disk.seen("/a/finding", scope));
+        done = true;
+        for (std::thread& filler : fillers)
+            filler.join();
+        EXPECT_GT(result.entriesRemoved, 0u);
+        const bool gone = result.outcome == RemovalOutcome::Removed;
+        if (scope == RemovalScope::Item) {
+            EXPECT_NE(gone, disk.folder.contains("a/finding"));
+        }
+        EXPECT_THAT(inWords(result), testing::HasSubstr(gone ? "removed" : "keeps filling"));
+    }
+}
+
+} // namespace
+} // namespace pryvane

@@ -1,0 +1,184 @@
+#include "removal/session/RecordRemoval.h"
+
+#include "removal/session/Browsers.h"
+#include "removal/session/RemovalPlan.h"
+#include "removal/session/RemovalSummary.h"
+#include "reports/RecordAvailability.h"
+#include "support/ForwardingDisk.h"
+#include "support/Volumes.h"
+
+#include <gmock/gmock.h>
+
+namespace pryvane {
+namespace {
+
+using testing::ElementsAre;
+
+const std::string kChrome = "/Users/al/Library/Application Support/Google/Chrome/x";
+const std::string kFirefox = "/Users/al/Library/Application Support/Firefox/Profiles/x";
+const std::string kSafari = "/Users/al/Library/Safari/ x";
+
+TEST(BrowsersToQuit, AreThoseThatRunWithAFindingAmongTheirFiles)
+{
+    struct Row {
+        const char* what;
+        std::vector<std::string> paths, running, expected;
+    };
+    const std::vector<std::string> all{"Firefox", "Google Chrome", "Safari", "Mail"};
+    const Row rows[] = {
+        {"in the order of the table",
+         {kFirefox, kChrome, kSafari},
+         all,
+         {"Safari", "Chrome", "Firefox"}},
+        {"only those that run", {kFirefox, kChrome}, {"Firefox"}, {"Firefox"}},
+        {"nothing runs", {kFirefox, kChrome}, {}, {}},
+        {"each once", {kChrome, kChrome + "y"}, all, {"Chrome"}},
+        {"elsewhere", {"/Users/al/Library/Application Support/Google/Chromf/x", "/tmp/x"}, all, {}},
+        {"anywhere in the path", {"/Volumes/old" + kFirefox}, all, {"Firefox"}},
+        {"another user", {"/Users/bo/Library/Application Support/Firefox/Profiles/x"}, all, {}},
+        {"Safari's location ends with a blank", {"/Users/al/Library/Safari/x"}, all, {}},
+        {"the display name does not count", {kChrome}, {"Chrome"}, {}},
+    };
+    for (const Row& row : rows) {
+        std::vector<std::string> names;
+        for (const BrowserEntry& entry : browsersToQuit(row.paths, row.running, "al"))
+            names.push_back(entry.NameBrowser);
+        EXPECT_EQ(names, row.expected) << row.what;
+    }
+    EXPECT_THAT(browsersToQuit(std::span(&kChrome, 1), all, "al"),
+                ElementsAre(BrowserEntry{"Chrome", "/Applications/Google Chrome.app"}));
+}
+
+TEST(RemovalSummary, SaysWhatRemains)
+{
+    const RemovalSummary none{"", "no_threats_bg", "All threats are Removed", "icn_white_check"};
+    EXPECT_EQ(removalSummary(0), none);
+    const RemovalSummary one{"  1 Failed", "report_bg", "One Threat Remaining", "icn_white"};
+    EXPECT_EQ(removalSummary(1), one);
+    const RemovalSummary two{"2 Failed", "report_bg", "Multiple Threats Remaining", "icn_white"};
+    EXPECT_EQ(removalSummary(2, FailedText::Plain), two);
+}
+
+/// Says of everything that it went.
+class WillingRemover final : public Remover {
+public:
+    void plan(std::span<const RemovalItem> items, const StopFlag&,
+              const RemovalForecasts& told) override
+    {
+        RemovalForecast forecast;
+        forecast.kind = FileKind::RegularFile;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            told(i, forecast);
+    }
+    void remove(std::span<const RemovalItem> items, const StopFlag&,
+                const RemovalResults& told) override
+    {
+        RemovalResult result;
+        result.outcome = RemovalOutcome::Removed;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            told(i, result);
+    }
+};
+
+class NamedDisk final : public test::ForwardingDisk {
+public:
+    NamedDisk(FileSystem& disk, std::string name) : ForwardingDisk(disk), m_name(std::move(name)) {}
+    std::string identity() const override { return m_name; }
+
+private:
+    std::string m_name;
+};
+
+/// Of a disk without an identity only what a scan of this run has seen is known to be on it.
+TEST(RecordRemoval, RefusesWhatMayBeOfAnotherDisk)
+{
+    using enum RemovalObstacle;
+    const struct {
+        const char *report, *disk;
+        RemovalObstacle seen, stored;
+    } rows[] = {
+        {"a", "a", None, None},
+        {"a", "b", OtherVolume, OtherVolume},
+        {"", "", None, UnknownVolume},
+        {"a", "", UnknownVolume, UnknownVolume},
+        {"", "a", UnknownVolume, UnknownVolume},
+    };
+    const test::TemporaryFolder folder;
+    const auto volume = test::volumeAt(folder, NameMatching::Exact);
+    for (const auto& row : rows) {
+        NamedDisk disk(*volume, row.disk);
+        WillingRemover remover;
+        RecordRemoval removal(disk, remover);
+        RecordSelection selection;
+        selection.volume = row.report;
+        std::vector<RemovalObstacle> expected;
+        for (const bool seen : {true, false, false, true, false}) {
+            const auto url = FileURL::fileURLWithPath("/" + std::to_string(expected.size()));
+            selection.records.push_back(Spyware::SpyWareSeen("x", "x", 0, url, kHighRisk));
+            if (seen)
+                selection.records.back()->seen = Sighting{1, 2, FileKind::RegularFile};
+            expected.push_back(seen ? row.seen : row.stored);
+        }
+        const StopFlag never;
+        std::vector<RemovalObstacle> planned, removed;
+        const auto plan = removal.plan(selection, never);
+        for (std::size_t i = 0; i < plan.rows.size(); ++i) {
+            EXPECT_EQ(plan.rows[i].record, selection.records[i]);
+            planned.push_back(plan.rows[i].forecast.obstacle);
+        }
+        removal.remove(selection, never, [&](std::size_t item, const RemovalResult& result) {
+            EXPECT_EQ(item, removed.size());
+            EXPECT_EQ(result.outcome == RemovalOutcome::Removed, result.obstacle == None);
+            removed.push_back(result.obstacle);
+        });
+        EXPECT_EQ(planned, expected) << row.report << " on " << row.disk;
+        EXPECT_EQ(removed, expected) << row.report << " on " << row.disk;
+
+        SpywareScanReport report;
+        report.volume = row.report;
+        EXPECT_EQ(DiskPresence(disk).of(report, *selection.records[1]) == Presence::Unknown,
+                  row.stored != None);
+    }
+}
+
+RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findings)
+{
+    RemovalPlan plan;
+    for (const auto& [path, threat] : findings) {
+        const auto record =
+            Spyware::SpyWareSeen("x", threat, 0, FileURL::fileURLWithPath(path), kHighRisk);
+        RemovalForecast forecast;
+        forecast.kind = FileKind::RegularFile;
+        forecast.entries = 1;
+        forecast.bytes = 512;
+        plan.rows.push_back({record, flaggedBy(*record, "al", {}), forecast});
+    }
+    return plan;
+}
+
+TEST(RemovalPlan, TellsWhatFlaggedEachRecordAndWhatWouldGo)
+{
+    RemovalPlan plan =
+        planOf({{"/Users/al/src/Koobface/1", "Spyware"},
+                {"/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"},
+                {"/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor"},
+                {"/tmp/.mdworker", "Revir"},
+                {"/Users/al/src/Koobface/2", "Spyware"},
+                {"/no/such/rule", "Revir"}});
+    const std::vector<Evidence> expected{Evidence::BareSubstring,      Evidence::NameInLaunchFolder,
+                                         Evidence::NameInLaunchFolder, Evidence::ExactPath,
+                                         Evidence::BareSubstring,      Evidence::BareSubstring};
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(plan.rows[i].flaggedBy.evidence, expected[i]) << i;
+
+    plan.rows[0].forecast.obstacle = RemovalObstacle::ReadOnlyVolume;
+    plan.rows[1].forecast = {};
+    const auto totals = plan.totals();
+    EXPECT_EQ(totals.entries, 4U);
+    EXPECT_EQ(totals.bytes, 4 * 512);
+    EXPECT_EQ(totals.hindered, 1U);
+    EXPECT_EQ(totals.gone, 1U);
+}
+
+} // namespace
+} // namespace pryvane

@@ -1,0 +1,219 @@
+
+#include "scan/CheckSequence.h"
+#include "scan/FindingInbox.h"
+#include "scan/SessionFixture.h"
+#include "signatures/Catalogue.h"
+#include "signatures/CheckRunner.h"
+#include "support/ForwardingDisk.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
+
+namespace pryvane {
+namespace {
+
+using testing::ElementsAre;
+
+class ScanViewControllerTest : public test::SessionFixture {};
+
+TEST_F(ScanViewControllerTest, APacedQuickScanGoesThroughItsStepsAndStoresOneReport)
+{
+    volume.file("/Library/LaunchAgents/com.refog.agent.plist", "0123456789");
+    clock.setNow(Date(std::chrono::seconds(1'700'000'000)));
+    // Holds the checks at each pause until both halves of its step were shown.
+    std::atomic<int> shown{0};
+    QObject::connect(&controller, &ScanViewController::stateChanged, &controller,
+                     [&] { shown = static_cast<int>(controller.display().progressBar); });
+    bool inTime = true;
+    clock.onPause = [&](std::size_t number) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (inTime && shown != static_cast<int>(2 * number)) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            inTime = std::chrono::steady_clock::now() < end;
+        }
+    };
+    EXPECT_EQ(defaults.objectForKey("checkSubDir"), PreferenceValue(std::string("y")));
+    scan();
+    clock.onPause = nullptr;
+
+    // 50 steps: the 47 checks, twice "Word macro" within the last row, and the last row itself.
+    std::vector<Clock::Interval> pauses;
+    std::vector<std::string> expectedLabels{""};
+    const auto expectStep = [&](std::string_view label, Clock::Interval pause) {
+        pauses.push_back(pause);
+        if (expectedLabels.back() != label)
+            expectedLabels.emplace_back(label);
+    };
+    for (const SequenceRow& row : catalogue::sequence()) {
+        if (row.label == "Default Check") {
+            expectStep("Word macro", Clock::Interval(100));
+            expectStep("Word macro", Clock::Interval(100));
+        }
+        expectStep(row.label, row.pause);
+    }
+    ASSERT_EQ(pauses.size(), 50U);
+    EXPECT_EQ(clock.pauses(), pauses);
+    EXPECT_EQ(labels, expectedLabels);
+    std::vector<std::string> expectedSteps{""};
+    for (int percent = 1; percent <= 100; ++percent)
+        expectedSteps.push_back(std::to_string(percent) + "%");
+    expectedSteps.emplace_back("0%");
+    EXPECT_EQ(steps, expectedSteps);
+    EXPECT_THAT(types, ElementsAre("Scanning Entry:"));
+    EXPECT_FALSE(stopOffered) << "that is for deep scans";
+    EXPECT_THAT(log.lines(), ElementsAre("Done Scanning"));
+
+    EXPECT_THAT(notes, ElementsAre("ScanStatusChange YES", "UpdateThreat", "ScanStatusChange NO",
+                                   "ScanningChange"));
+    const ReportList reports = stored();
+    ASSERT_EQ(reports.size(), 1U);
+    EXPECT_EQ(reports[0]->reportId, controller.report()->reportId);
+    EXPECT_EQ(reports[0]->reportType, "Quick Scan");
+    Clock::Interval total{0};
+    for (const auto pause : pauses)
+        total += pause;
+    EXPECT_EQ(reports[0]->scanDuration,
+              stringFromTimeInterval(std::chrono::duration<double>(total).count()));
+    ASSERT_EQ(reports[0]->spyWareList->size(), 1U);
+    EXPECT_EQ(reports[0]->spyWareList->front()->infections, "Refog Personal Monitor");
+    EXPECT_TRUE(controller.threatFound());
+    EXPECT_EQ(controller.statusPanel().statusText, "Potential Threats Detected");
+    EXPECT_THAT(controller.arrSpyWarePath(),
+                ElementsAre("/Library/LaunchAgents/com.refog.agent.plist"));
+    EXPECT_FALSE(defaults.get(preferences::kScan));
+    EXPECT_EQ(defaults.get(preferences::kLastScanDate), reports[0]->scanDate);
+    EXPECT_FALSE(controller.isScanning());
+
+    // The next report goes to the head; the first one keeps what it found.
+    volume.remove("/Library/LaunchAgents/com.refog.agent.plist");
+    clock.advance(std::chrono::seconds(5));
+    scan();
+    ASSERT_EQ(stored().size(), 2U);
+    EXPECT_FALSE(stored()[0]->isRed);
+    EXPECT_TRUE(stored()[1]->isRed);
+    EXPECT_EQ(controller.statusPanel().statusText, "No Potential Threats Detected");
+}
+
+TEST_F(ScanViewControllerTest, AStopAtAnyStepLeavesNoReportAndTheNextScanWorks)
+{
+    volume.file("/tmp/.mdworker");
+    std::size_t stopAt = 0;
+    clock.onPause = [&](std::size_t number) {
+        if (number == stopAt)
+            notifications.post(NotificationName::StopScan);
+    };
+    for (std::size_t step = 1; step <= 50; ++step) {
+        SCOPED_TRACE(step);
+        notes.clear();
+        const std::size_t before = clock.pauses().size();
+        stopAt = before + step;
+        scan();
+        EXPECT_EQ(clock.pauses().size(), before + step);
+        EXPECT_EQ(notes.back(), "ScanStatusChange NO");
+        EXPECT_TRUE(stored().empty());
+        EXPECT_FALSE(controller.isScanning() || state.isScanning);
+        EXPECT_FALSE(state.isScanStop.requested());
+        EXPECT_FALSE(defaults.get(preferences::kScan));
+    }
+    stopAt = 0;
+    scan();
+    ASSERT_EQ(stored().size(), 1U);
+    EXPECT_EQ(stored().front()->spyWareList->size(), 1U);
+}
+
+TEST_F(ScanViewControllerTest, ASecondStartAndAnEarlyStopDoNoHarm)
+{
+    controller.SpywareScanStart();
+    controller.SpywareScanStart();
+    controller.stopScan();
+    ASSERT_TRUE(mainQueue.runUntil([&] { return ended > 0; }));
+    mainQueue.drain();
+    EXPECT_EQ(ended, 1);
+    EXPECT_THAT(notes, ElementsAre("ScanStatusChange YES", "StopScan", "ScanStatusChange NO"));
+    EXPECT_TRUE(stored().empty());
+}
+
+/// Posts the stop when a path is asked for, as a user may between two checks of one step.
+class StoppingDisk final : public test::ForwardingDisk {
+public:
+    StoppingDisk(FileSystem& disk, StopFlag& stop, std::string path)
+        : ForwardingDisk(disk), m_stop(stop), m_path(std::move(path))
+    {
+    }
+    Presence presence(const FileURL& url) override
+    {
+        if (url.absolutePath() == m_path)
+            m_stop.request();
+        return ForwardingDisk::presence(url);
+    }
+
+private:
+    StopFlag& m_stop;
+    const std::string m_path;
+};
+
+TEST_F(ScanViewControllerTest, AStopWithinAStepRunsNoFurtherCheckOfIt)
+{
+    StoppingDisk stopping(*disk, state.isScanStop, "/Users/alice/Library/Skype/SkypeHelper");
+    ScanCoverage coverage;
+    FindingInbox inbox(services(), state, [] {});
+    CheckRunner checks(stopping, defaults, "alice", inbox, coverage);
+    std::string last;
+    CheckSequence sequence(checks, clock, state.isScanStop,
+                           [&](std::string_view label, int) { last = label; });
+    EXPECT_EQ(sequence.scan4SpywareStart(), CheckSequence::Outcome::Stopped);
+    // The last step has two checks more: one shows "Word macro", one notes that it watches.
+    EXPECT_EQ(last, "SniperSpyKeylogger");
+    EXPECT_FALSE(defaults.contains(preferences::kARD));
+}
+
+TEST_F(ScanViewControllerTest, RemoteDesktopIsListedUntilItIsIgnored)
+{
+    volume.file("/Library/Preferences/com.apple.RemoteDesktop.plist");
+    for (const bool ignored : {false, true, false}) {
+        controller.ignoreARD(ignored);
+        scan();
+        EXPECT_EQ(controller.lists().ARDDetect, !ignored);
+        EXPECT_EQ(stored()[0]->spyWareList->size(), ignored ? 0U : 1U);
+    }
+}
+
+TEST_F(ScanViewControllerTest, TheRealTimeSwitchNamesTheReport)
+{
+    state.isRealTimeProtectionON = true;
+    scan();
+    EXPECT_EQ(stored()[0]->reportType, "Real Time Scan");
+}
+
+TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
+{
+    volume.remove("/Users/alice");
+    volume.folder("/Users/carol");
+    volume.folder("/Users/Shared");
+    scan();
+    const ScanCoverage coverage = stored()[0]->coverage;
+    EXPECT_EQ(coverage.missingHome, "/Users/alice");
+    EXPECT_THAT(coverage.homes, ElementsAre("carol"));
+    EXPECT_EQ(verdictLine(0, coverage), "Clean, but not everything could be read: no home at "
+                                        "/Users/alice, homes there are: carol.");
+}
+
+TEST_F(ScanViewControllerTest, DestroyingTheControllerEndsARunningScanAndLeavesNoStop)
+{
+    for (const bool running : {false, true}) {
+        auto passing = std::make_unique<ScanViewController>(
+            services(), state, access, store, remover,
+            ScanOptions{"alice", FileURL::fileURLWithPath("/")});
+        if (running)
+            passing->SpywareScanStart();
+        mainQueue.drain();
+        passing.reset();
+        mainQueue.drain();
+        EXPECT_FALSE(state.isScanStop.requested()) << running;
+    }
+}
+
+} // namespace
+} // namespace pryvane

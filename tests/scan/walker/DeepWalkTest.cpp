@@ -1,0 +1,223 @@
+#include "scan/walker/WalkFixtures.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+namespace pryvane::test {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kHome = "/Users/alice/";
+
+/// Both passes over one folder.
+struct Walk {
+    Walk(const std::string& hostFolder, unsigned threads, bool samples = false,
+         const std::string& path = kHome)
+        : counting(samples), scanning(samples)
+    {
+        const OpenRoot root(hostFolder, path);
+        FileCount(state, counting, {threads}).countNodes(root);
+        outcome = scanDirectory(state, listedAutomaton(), scanning, {threads}).scan(root);
+    }
+    ScanState state;
+    RecordingWalk counting;
+    RecordingWalk scanning;
+    WalkOutcome outcome;
+};
+
+} // namespace
+
+TEST(DeepWalk, TellsWhatANaiveWalkTellsInTheSameOrderOnAnyNumberOfThreads)
+{
+    std::mt19937 random(11);
+    for (int round = 0; round < 8; ++round) {
+        const TemporaryFolder folder;
+        // The host's names are none of the walk's business.
+        const std::string host = folder.hostPath("Sabpab/Users/alice/de Amac");
+        folder.folder("Sabpab/Users/alice/de Amac");
+        growRandomTree(host, random, round == 0 ? 8'000 : 40 * round * round);
+        const Expected expected = expectedWalk(host, kHome);
+
+        for (const unsigned threads : {1u, 2u, 8u}) {
+            const Walk walk(host, threads);
+            ASSERT_EQ(walk.scanning.only("match"), expected.matches) << threads << " threads";
+            ASSERT_EQ(walk.scanning.only("progress"), expected.progress);
+            ASSERT_THAT(walk.scanning.only("at"), IsEmpty());
+            ASSERT_EQ(walk.state.totalCount, expected.totalCount);
+            ASSERT_EQ(walk.state.totalScanCount, expected.totalScanCount);
+            ASSERT_EQ(walk.outcome.entries, expected.walked);
+        }
+    }
+}
+
+TEST(DeepWalk, ComparesPathsAndSkipsWhatIsNoPlainFile)
+{
+    const TemporaryFolder folder;
+    const struct {
+        const char* path;
+        bool isFound;
+    } rows[] = {
+        {"Library/mdsa1331", true},
+        {"Library/.A_o_b_o/x", true}, // the text ends in the folder's slash
+        {"Library/.A_o_b_o/.x", false},
+        {"dev/sub/any name", true}, // the home's path and "de"
+        {"devil/x", true},
+        {"d/ev", false},
+        {"x/OSX/iWorm/Sabpab", true}, // several texts, told once
+        {"x/OSX iWorm", false},
+        {"x/sabpab", false},
+        {"x/.Sabpab", false},
+        {".x/Sabpab", true},
+        {"x.framework/.y/Sabpab", true},
+        {"Sabpab.folder/", false},
+        {"Sabpab.folder/x", true},
+    };
+    std::vector<std::string> expected;
+    for (const auto& row : rows) {
+        folder.plant(row.path);
+        if (row.isFound)
+            expected.push_back("match " + (kHome + std::string(row.path)));
+    }
+    folder.link("x/Sabpab link", "Sabpab");
+    folder.link("x/link to folder", "../Library");
+    EXPECT_THAT(Walk(folder.path(), 2).scanning.only("match"),
+                ::testing::UnorderedElementsAreArray(expected));
+}
+
+TEST(DeepWalk, NamesLocationsAfterTheRoot)
+{
+    const TemporaryFolder folder;
+    folder.file("Sabpab");
+    const struct {
+        const char* root;
+        const char* location;
+    } rows[] = {{"/", "/"}, {"/Users/alice", "/Users/alice"}, {kHome, "/Users/alice"}};
+    for (const auto& row : rows) {
+        EXPECT_THAT(Walk(folder.path(), 1, true, row.root).scanning.events,
+                    ElementsAre(std::string("at ") + row.location,
+                                "match " + FileURL::fileURLWithPath(row.location).absolutePath() +
+                                    (row.location[1] ? "/Sabpab" : "Sabpab")));
+    }
+}
+
+TEST(DeepWalk, EnumeratesHiddenRootsAndFrameworksWhole)
+{
+    const TemporaryFolder folder;
+    folder.file("a/.Sabpab");
+    folder.folder("empty");
+    folder.link("link", "a");
+    for (const char* root : {"/Users/.alice", "/Library/Some.framework/"}) {
+        const Walk walk(folder.path(), 2, false, root);
+        EXPECT_EQ(walk.scanning.only("match").size(), 1u) << root;
+        EXPECT_EQ(walk.outcome.entries, 4);
+    }
+    EXPECT_THAT(Walk(folder.path(), 2).scanning.only("match"), IsEmpty());
+}
+
+TEST(DeepWalk, CountsFlatWhateverThereIs)
+{
+    const TemporaryFolder folder;
+    folder.file("a/.hidden");
+    folder.file("a/b");
+    folder.link("link", "a");
+    const OpenRoot root(folder.path(), kHome);
+    ScanState flat;
+    ScanState nodes;
+    RecordingWalk observer(true);
+    FileCount(flat, observer).countFlat(root);
+    EXPECT_THAT(observer.events, IsEmpty());
+    FileCount(nodes, observer).countNodes(root);
+    EXPECT_EQ(flat.totalCount, 4);
+    EXPECT_EQ(nodes.totalCount, 2);
+}
+
+TEST(DeepWalk, PostsAProgressStepForEachHundredth)
+{
+    const struct {
+        int files;
+        std::size_t steps;
+        const char* step;
+        std::int64_t left;
+    } rows[] = {
+        {0, 0, "", 1}, // an empty folder counts once
+        {1, 0, "", 1},
+        {2, 1, "progress 2", 0},
+        {99, 49, "progress 2", 1}, // one more than the step of one
+        {100, 50, "progress 2", 0},
+        {250, 83, "progress 1", 1},
+    };
+    for (const auto& row : rows) {
+        const TemporaryFolder folder;
+        for (int i = 0; i < row.files; ++i)
+            folder.file("f" + std::to_string(i), "");
+        const Walk walk(folder.path(), 8);
+        EXPECT_EQ(walk.scanning.only("progress"), std::vector<std::string>(row.steps, row.step))
+            << row.files;
+        EXPECT_EQ(walk.state.totalScanCount, row.left) << row.files;
+    }
+}
+
+TEST(DeepWalk, SamplesWhereItIs)
+{
+    const TemporaryFolder folder;
+    folder.file("a/b/c");
+    const Walk walk(folder.path(), 1, true);
+    EXPECT_THAT(walk.counting.events, ElementsAre("counted 1"));
+    EXPECT_THAT(walk.scanning.only("at"), ElementsAre("at /Users/alice"));
+}
+
+TEST(DeepWalk, StopsAtTheNextEntry)
+{
+    const TemporaryFolder folder;
+    std::mt19937 random(5);
+    growRandomTree(folder.path(), random, 2'000);
+    const OpenRoot root(folder.path(), kHome);
+    const auto stopAfter = [](ScanState& state, RecordingWalk& walk, std::size_t events) {
+        walk.onEvent = [&state, &walk, events] {
+            if (walk.events.size() == events) {
+                state.isScanStop.request();
+                state.isScanStop.request(); // twice is once
+            }
+        };
+    };
+    ScanState counted;
+    RecordingWalk counting(true);
+    stopAfter(counted, counting, 1);
+    EXPECT_TRUE(FileCount(counted, counting, {1}).countNodes(root).stopped);
+    EXPECT_EQ(counting.events.size(), 1u);
+    EXPECT_LT(counted.totalCount, 1'000);
+    // And the pass behind it does nothing more.
+    EXPECT_EQ(scanDirectory(counted, listedAutomaton(), counting).scan(root).entries, 0);
+
+    ScanState state;
+    RecordingWalk walk;
+    stopAfter(state, walk, 3);
+    const WalkOutcome outcome = scanDirectory(state, listedAutomaton(), walk, {8}).scan(root);
+    EXPECT_TRUE(outcome.stopped);
+    EXPECT_EQ(walk.only("match").size(), walk.only("").size() - walk.only("progress").size());
+}
+
+TEST(DeepWalk, StopsFromAnotherThreadAtAnyMoment)
+{
+    const TemporaryFolder folder;
+    std::mt19937 random(6);
+    growRandomTree(folder.path(), random, 6'000);
+    const OpenRoot root(folder.path(), kHome);
+    for (int microseconds = 0; microseconds < 10'000; microseconds += 500) {
+        ScanState state;
+        RecordingWalk walk;
+        std::thread stopper([&] {
+            std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
+            state.isScanStop.request();
+        });
+        static_cast<void>(FileCount(state, walk, {8}).countNodes(root));
+        static_cast<void>(scanDirectory(state, listedAutomaton(), walk, {8}).scan(root));
+        stopper.join();
+    }
+}
+
+} // namespace pryvane::test

@@ -1,0 +1,258 @@
+#include "scan/walker/WalkFixtures.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <set>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace pryvane::test {
+
+namespace {
+
+constexpr const char* kHome = "/Users/alice/";
+
+struct Found {
+    ScanState state;
+    RecordingWalk walk;
+    WalkOutcome outcome;
+};
+
+std::unique_ptr<Found> scanned(const std::string& host, unsigned threads = 8)
+{
+    auto found = std::make_unique<Found>();
+    const OpenRoot root(host, kHome);
+    FileCount(found->state, found->walk, {threads}).countNodes(root);
+    found->outcome =
+        scanDirectory(found->state, listedAutomaton(), found->walk, {threads}).scan(root);
+    return found;
+}
+
+/// Removes a tree that is too deep for the folder's own destructor.
+struct DeepTree {
+    TemporaryFolder folder;
+    ~DeepTree() { removeDeepTree(folder.path()); }
+};
+
+/// How large a tree is: PRYVANE_DEEP and PRYVANE_WIDE ask for other sizes than the quick ones.
+int sizeAsked(const char* variable, int otherwise)
+{
+    const char* const asked = std::getenv(variable);
+    return asked ? std::atoi(asked) : otherwise;
+}
+
+/// Runs `work` in a process without root's rights; whether it returned true there.
+template <typename Work>
+bool asNobody(Work work)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool dropped =
+            !runningAsRoot() || (setgid(65534) == 0 && setuid(65534) == 0 && !runningAsRoot());
+        _exit(dropped && work() ? 0 : 1);
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+} // namespace
+
+TEST(HostileTrees, VeryManyNestedFolders)
+{
+    const int depth = sizeAsked("PRYVANE_DEEP", 10'000);
+    const DeepTree tree;
+    growChain(tree.folder.path(), "d", depth, "Sabpab");
+    const auto found = scanned(tree.folder.path());
+    EXPECT_EQ(found->state.totalCount, depth + 1);
+    const auto matches = found->walk.only("match");
+    ASSERT_EQ(matches.size(), 1u);
+    EXPECT_EQ(matches[0].size(), std::string("match /Users/alice/Sabpab").size() +
+                                     2 * static_cast<std::size_t>(depth));
+}
+
+TEST(HostileTrees, NamesOfFullLengthNestedThreeThousandTimes)
+{
+    const DeepTree tree;
+    growChain(tree.folder.path(), std::string(255, '\xfe'), 3'000, "Sabpab");
+    const auto found = scanned(tree.folder.path());
+    EXPECT_EQ(found->walk.only("match").size(), 1u);
+    EXPECT_EQ(found->outcome.entries, 3'001);
+}
+
+/// On the way back up from below, each level still has a folder to visit; far more levels than
+/// handles.
+TEST(HostileTrees, ComesBackToFoldersItHadToClose)
+{
+    const DeepTree tree;
+    int at = open(tree.folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    constexpr int kDepth = 2'000;
+    for (int level = 0; level < kDepth; ++level) {
+        for (const char* name : {"a", "b"}) {
+            ASSERT_EQ(mkdirat(at, name, 0755), 0);
+            const int below = openat(at, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+            close(openat(below, "Sabpab", O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+            close(below);
+        }
+        const int next = openat(at, level % 3 ? "a" : "b", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        close(at);
+        at = next;
+    }
+    close(at);
+    const auto one = scanned(tree.folder.path(), 1);
+    EXPECT_EQ(one->walk.only("match").size(), 2u * kDepth);
+    EXPECT_EQ(one->outcome.refusals, 0);
+    const auto many = scanned(tree.folder.path(), 8);
+    EXPECT_EQ(many->walk.only("match"), one->walk.only("match"));
+}
+
+TEST(HostileTrees, VeryManyEntriesInOneFolder)
+{
+    const DeepTree tree;
+    const int width = sizeAsked("PRYVANE_WIDE", 20'000);
+    const int at = open(tree.folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    for (int i = 0; i < width; ++i) {
+        const std::string name = (i % 1'000 == 0 ? "Sabpab" : "entry") + std::to_string(i);
+        if (i % 8 == 0)
+            ASSERT_EQ(mkdirat(at, name.c_str(), 0755), 0);
+        else
+            close(openat(at, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+    }
+    close(at);
+    tree.folder.file("Sabpab0/x");
+    const auto found = scanned(tree.folder.path());
+    EXPECT_EQ(found->state.totalCount, width + 1);
+    EXPECT_EQ(found->walk.only("match").size(), 1u);
+    // Each empty folder counts once more.
+    EXPECT_EQ(found->outcome.entries, width + 1 + (width + 7) / 8 - 1);
+}
+
+TEST(HostileTrees, AnyBytesInNames)
+{
+    const TemporaryFolder folder;
+    std::mt19937 random(3);
+    std::set<std::string> planted;
+    for (int i = 0; i < 5'000; ++i) {
+        std::string name(1 + random() % 200, '\0');
+        for (char& byte : name) {
+            do
+                byte = static_cast<char>(random() % 256);
+            while (byte == '\0' || byte == '/');
+        }
+        const std::string path = "x" + name + (i % 2 ? "/Sabpab" : "Sabpab" + name.substr(0, 40));
+        folder.file(path, "");
+        planted.insert("match " + (kHome + path));
+    }
+    const auto found = scanned(folder.path());
+    const auto matches = found->walk.only("match");
+    EXPECT_EQ(std::set<std::string>(matches.begin(), matches.end()), planted);
+    EXPECT_EQ(matches.size(), planted.size());
+}
+
+/// While folders come, go and move, everything that stays is found once.
+TEST(HostileTrees, ChangingDuringTheWalk)
+{
+    const TemporaryFolder folder;
+    std::set<std::string> stable;
+    for (int i = 0; i < 400; ++i) {
+        const std::string place = "s" + std::to_string(i % 40) + "/t" + std::to_string(i);
+        folder.file(place + "/Sabpab");
+        folder.folder(place + "/churn");
+        stable.insert("match " + (kHome + place) + "/Sabpab");
+    }
+    std::atomic<bool> done{false};
+    std::thread changer([&] {
+        for (int i = 0; !done; ++i) {
+            const std::string place = folder.hostPath("s" + std::to_string(i % 40) + "/t" +
+                                                      std::to_string(i % 400) + "/churn");
+            const std::string made = place + "/x" + std::to_string(i);
+            mkdir(made.c_str(), 0755);
+            close(open((made + "/f").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+            unlink((made + "/f").c_str());
+            if (i % 3 == 0) {
+                rmdir(made.c_str());
+                std::error_code ignored; // a link where a folder was
+                std::filesystem::create_directory_symlink("/", made, ignored);
+            } else if (i % 3 == 1) {
+                rename(made.c_str(), (folder.hostPath("m") + std::to_string(i)).c_str());
+            }
+        }
+    });
+    for (int round = 0; round < 8; ++round) {
+        const auto found = scanned(folder.path(), round % 2 ? 8 : 1);
+        std::multiset<std::string> matches;
+        for (const std::string& match : found->walk.only("match"))
+            matches.insert(match);
+        EXPECT_EQ(matches, std::multiset<std::string>(stable.begin(), stable.end()));
+    }
+    done = true;
+    changer.join();
+}
+
+/// A folder that is moved away while the walk is deep below it loses nothing that stays.
+TEST(HostileTrees, MovedWhileTheWalkIsBelow)
+{
+    const DeepTree tree;
+    growChain(tree.folder.path(), "d", 300, "Sabpab");
+    tree.folder.file("d/d/d/z/Sabpab");
+    tree.folder.file("d/z/Sabpab");
+    const OpenRoot root(tree.folder.path(), kHome);
+    ScanState state;
+    RecordingWalk walk;
+    walk.onEvent = [&] {
+        if (walk.events.back().ends_with("/d/Sabpab"))
+            rename(tree.folder.hostPath("d/d/d/d").c_str(), tree.folder.hostPath("moved").c_str());
+    };
+    scanDirectory(state, listedAutomaton(), walk, {1}).scan(root);
+    const auto matches = walk.only("match");
+    for (const char* stays : {"d/d/d/z/Sabpab", "d/z/Sabpab"})
+        EXPECT_THAT(matches, ::testing::Contains("match " + (kHome + std::string(stays))));
+}
+
+TEST(HostileTrees, UnreadableFoldersAreNamedAndTheRestIsWalked)
+{
+    const TemporaryFolder folder;
+    folder.file("a/open/Sabpab");
+    folder.file("a/shut/Sabpab");
+    folder.file("b/Sabpab");
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    ASSERT_EQ(chmod(folder.hostPath("a/shut").c_str(), 0), 0);
+    const bool asExpected = asNobody([&] {
+        for (const unsigned threads : {1u, 8u}) {
+            const auto found = scanned(folder.path(), threads);
+            const std::vector<std::string> refused = {
+                "refused /Users/alice/a/shut: Permission denied"};
+            if (found->walk.only("match").size() != 2 || found->walk.only("refused") != refused ||
+                found->outcome.refusals != 1)
+                return false;
+        }
+        return true;
+    });
+    EXPECT_TRUE(asExpected);
+    chmod(folder.hostPath("a/shut").c_str(), 0755);
+}
+
+TEST(HostileTrees, AFolderMountedBelowItselfIsNotEntered)
+{
+    const TemporaryFolder folder;
+    folder.file("x/Sabpab");
+    folder.folder("x/y/mounted");
+    const std::string place = folder.hostPath("x/y/mounted");
+    if (mount(folder.hostPath("x").c_str(), place.c_str(), nullptr, MS_BIND, nullptr) != 0)
+        GTEST_SKIP() << "mounting is not allowed here";
+    const auto found = scanned(folder.path());
+    umount(place.c_str());
+    EXPECT_EQ(found->walk.only("match").size(), 1u);
+    EXPECT_THAT(found->walk.only("refused"),
+                ::testing::ElementsAre("refused /Users/alice/x/y/mounted: it is one of the folders "
+                                       "it lies in"));
+}
+
+} // namespace pryvane::test

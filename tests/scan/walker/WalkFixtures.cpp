@@ -1,0 +1,187 @@
+#include "scan/walker/WalkFixtures.h"
+
+#include "signatures/Catalogue.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <stdexcept>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pryvane::test {
+
+void RecordingWalk::match(std::string_view path, std::string_view name, const Sighting& seen)
+{
+    if (seen.inode == 0 || seen.kind != FileKind::RegularFile)
+        throw std::logic_error("a match was not seen");
+    if (!path.ends_with("/" + std::string(name)))
+        throw std::logic_error("the name is not the path's last");
+    note("match " + std::string(path));
+}
+
+void RecordingWalk::note(std::string event)
+{
+    events.push_back(std::move(event));
+    if (onEvent)
+        onEvent();
+}
+
+std::vector<std::string> RecordingWalk::only(std::string_view beginning) const
+{
+    std::vector<std::string> chosen;
+    std::ranges::copy_if(events, std::back_inserter(chosen),
+                         [&](const std::string& event) { return event.starts_with(beginning); });
+    return chosen;
+}
+
+OpenRoot::OpenRoot(const std::string& hostFolder, std::string path)
+    : m_root{open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), std::move(path)}
+{
+    if (m_root.folder < 0)
+        throw std::runtime_error("cannot open " + hostFolder);
+}
+
+OpenRoot::~OpenRoot()
+{
+    close(m_root.folder);
+}
+
+const std::vector<std::string>& listedTexts()
+{
+    static const std::vector<std::string> texts = catalogue::fullSyatemScanPath("alice");
+    return texts;
+}
+
+const PatternAutomaton& listedAutomaton()
+{
+    static const PatternAutomaton automaton(listedTexts(), PatternAutomaton::Letters::Exact);
+    return automaton;
+}
+
+namespace {
+
+struct Listed {
+    std::string name;
+    bool isFolder;
+};
+
+std::vector<Listed> listed(const std::string& hostFolder)
+{
+    std::vector<Listed> entries;
+    DIR* const stream = opendir(hostFolder.c_str());
+    if (!stream)
+        throw std::runtime_error("cannot list " + hostFolder);
+    while (const dirent* entry = readdir(stream)) {
+        const std::string name = entry->d_name;
+        struct stat data {};
+        if (name == "." || name == ".." || lstat((hostFolder + "/" + name).c_str(), &data) != 0)
+            continue;
+        if (S_ISDIR(data.st_mode) || (S_ISREG(data.st_mode) && name[0] != '.'))
+            entries.push_back({name, S_ISDIR(data.st_mode)});
+    }
+    closedir(stream);
+    return entries;
+}
+
+void count(const std::string& host, Expected& expected)
+{
+    for (const Listed& entry : listed(host)) {
+        if (entry.isFolder)
+            count(host + "/" + entry.name, expected);
+        ++expected.totalCount;
+    }
+}
+
+void walkOne(Expected& expected)
+{
+    ++expected.walked;
+    const std::int64_t step = std::max<std::int64_t>(expected.totalCount / 100, 1);
+    if (++expected.totalScanCount > step) {
+        expected.progress.push_back("progress " + std::to_string(expected.totalScanCount / step));
+        expected.totalScanCount = 0;
+    }
+}
+
+void scan(const std::string& host, const std::string& path, Expected& expected)
+{
+    const std::vector<Listed> entries = listed(host);
+    if (entries.empty())
+        walkOne(expected);
+    for (const Listed& entry : entries) {
+        const std::string below = path + entry.name;
+        walkOne(expected);
+        if (entry.isFolder)
+            scan(host + "/" + entry.name, below + "/", expected);
+        else if (std::ranges::any_of(listedTexts(), [&](const std::string& text) {
+                     return below.find(text) != std::string::npos;
+                 }))
+            expected.matches.push_back("match " + below);
+    }
+}
+
+} // namespace
+
+Expected expectedWalk(const std::string& hostFolder, const std::string& path)
+{
+    Expected expected;
+    count(hostFolder, expected);
+    scan(hostFolder, path, expected);
+    return expected;
+}
+
+void growRandomTree(const std::string& hostFolder, std::mt19937& random, int entries)
+{
+    static const std::vector<std::string> names = {
+        "Library",     "LaunchAgents", ".hidden",  "Some.framework", "OSX",
+        "CoinThief",   "Amac",         "de",       "Contents",       "com.apple.pixel.plist",
+        "Preferences", ".Sabpab",      "Sabpab",   "plain",          "Applications",
+        "Genieo",      "a b\n\xff",    "BlackHole"};
+    const auto below = [&](std::size_t limit) {
+        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
+    };
+    std::vector<std::string> folders = {hostFolder};
+    for (int i = 0; i < entries; ++i) {
+        std::string name = names[below(names.size())];
+        if (below(3) == 0)
+            name += std::to_string(i);
+        const std::string path = folders[below(folders.size())] + "/" + name;
+        const std::size_t kind = below(20);
+        if (kind < 8) {
+            if (path.size() < 1500 && mkdir(path.c_str(), 0755) == 0)
+                folders.push_back(path);
+        } else if (kind < 18) {
+            close(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
+        } else if (kind == 18) {
+            std::error_code ignored;
+            std::filesystem::create_symlink(below(2) ? hostFolder : "nowhere", path, ignored);
+        } else {
+            static_cast<void>(mkfifo(path.c_str(), 0644));
+        }
+    }
+}
+
+void growChain(const std::string& hostFolder, const std::string& name, int depth,
+               const std::string& file)
+{
+    int at = open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    for (int i = 0; i < depth; ++i) {
+        if (mkdirat(at, name.c_str(), 0755) != 0)
+            throw std::runtime_error("cannot nest folders so deep");
+        const int next = openat(at, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        close(at);
+        at = next;
+    }
+    close(openat(at, file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+    close(at);
+}
+
+void removeDeepTree(const std::string& hostFolder)
+{
+    if (std::system(("rm -rf '" + hostFolder + "'").c_str()) != 0)
+        throw std::runtime_error("cannot remove " + hostFolder);
+}
+
+} // namespace pryvane::test

@@ -1,0 +1,348 @@
+#include "store/SqliteUserDefaults.h"
+
+#include "store/SqliteHandles.h"
+#include "support/Fakes.h"
+#include "support/StoreFixtures.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace pryvane::test {
+
+namespace {
+
+using namespace std::string_literals;
+
+mode_t modeOf(const std::string& path)
+{
+    struct stat data {};
+    return stat(path.c_str(), &data) == 0 ? data.st_mode & 07777 : 0;
+}
+
+class SqliteUserDefaultsTest : public testing::Test {
+protected:
+    std::unique_ptr<SqliteUserDefaults> open()
+    {
+        auto opened = openedStore(data(), log);
+        EXPECT_EQ(opened.notice, std::nullopt);
+        return std::move(opened.defaults);
+    }
+    [[nodiscard]] std::string data() const { return folder.hostPath("share/Pryvane"); }
+    [[nodiscard]] std::string file() const { return data() + "/" + std::string(kStoreFile); }
+
+    TemporaryFolder folder;
+    RecordingLog log;
+};
+
+TEST_F(SqliteUserDefaultsTest, KeepsValuesOfEveryTypeOverARestart)
+{
+    const std::vector<std::pair<std::string, PreferenceValue>> values = {
+        {"bool", true},
+        {"no", false},
+        {"integer", std::int64_t{-1} << 62},
+        {"date", Date(std::chrono::milliseconds(-1))},
+        {"number", 32399.25},
+        {"whole number", 32400.0},
+        {"text", "caf\xc3\xa9"s},
+        {"raw text", "a\0b\xff"s},
+        {"no text", ""s},
+        {"bytes", Bytes{"\0\xff\0"s}},
+        {"no bytes", Bytes{}},
+        {"key with a quote ' and \xff", "x"s},
+        {"large", Bytes{std::string(33U << 20, 'x')}},
+    };
+    auto defaults = open();
+    for (const auto& [key, value] : values) {
+        ASSERT_TRUE(defaults->setObject(key, PreferenceValue("old"s)).ok());
+        ASSERT_TRUE(defaults->setObject(key, value).ok());
+    }
+    defaults = open();
+    for (const auto& [key, value] : values)
+        EXPECT_TRUE(defaults->objectForKey(key) == value) << key;
+    ASSERT_TRUE(defaults->removeObject("large").ok());
+    EXPECT_FALSE(defaults->contains("large"));
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(SqliteUserDefaultsTest, IsOneFileForTheUserAlone)
+{
+    umask(0);
+    const auto defaults = open();
+    ASSERT_TRUE(defaults->set(preferences::kScan, true).ok());
+    umask(022);
+    EXPECT_EQ(namesIn(data()), std::vector<std::string>{std::string(kStoreFile)});
+    EXPECT_EQ(modeOf(data()), 0700U);
+    EXPECT_EQ(modeOf(folder.hostPath("share")), 0700U);
+    EXPECT_EQ(modeOf(file()), 0600U);
+}
+
+TEST_F(SqliteUserDefaultsTest, FallsBackWhereTheTypeIsAnother)
+{
+    const auto defaults = open();
+    ASSERT_TRUE(defaults->setObject(preferences::kARD.name, "no"s).ok());
+    EXPECT_TRUE(defaults->get(preferences::kARD));
+    ASSERT_TRUE(defaults->set(preferences::kARD, false).ok());
+    EXPECT_FALSE(defaults->get(preferences::kARD));
+    EXPECT_EQ(defaults->get(preferences::kCheckSubDir), "y");
+}
+
+TEST_F(SqliteUserDefaultsTest, ChangesOfManyWritersAllCount)
+{
+    constexpr int kEach = 40;
+    const auto memory = fastFolder();
+    const auto countUp = [&](SqliteUserDefaults& defaults) {
+        for (int i = 0; i < kEach; ++i) {
+            const auto done = defaults.updateBytes("count", [](std::optional<Bytes> stored) {
+                return Bytes{(stored ? stored->data : "") + "."};
+            });
+            EXPECT_TRUE(done.ok()) << done.error().message;
+        }
+    };
+    const auto first = openedStore(memory->path(), log), second = openedStore(memory->path(), log);
+    std::thread one([&] { countUp(*first.defaults); });
+    std::thread sameObject([&] { countUp(*first.defaults); });
+    std::thread otherObject([&] { countUp(*second.defaults); });
+    one.join();
+    sameObject.join();
+    otherObject.join();
+    EXPECT_EQ(first.defaults->getBytes("count")->data.size(), 3U * kEach);
+}
+
+TEST_F(SqliteUserDefaultsTest, AChangeThatGivesNothingOrThrowsLeavesAllAsItWas)
+{
+    const auto defaults = open();
+    ASSERT_TRUE(defaults->setObject("k", Bytes{"old"}).ok());
+    EXPECT_TRUE(defaults->updateBytes("k", [](auto) { return std::nullopt; }).ok());
+    const auto thrower = [&](std::optional<Bytes>) -> std::optional<Bytes> {
+        EXPECT_TRUE(defaults->setAside("k").ok());
+        throw std::runtime_error("no");
+    };
+    EXPECT_THROW(static_cast<void>(defaults->updateBytes("k", thrower)), std::runtime_error);
+    EXPECT_EQ(defaults->getBytes("k"), Bytes{"old"});
+    EXPECT_TRUE(defaults->setObject("k", Bytes{"new"}).ok());
+}
+
+TEST_F(SqliteUserDefaultsTest, KeepsTheLastThreeValuesSetAside)
+{
+    const auto defaults = open();
+    for (int i = 0; i < 5; ++i) {
+        ASSERT_TRUE(defaults->setObject("k", Bytes{"value " + std::to_string(i)}).ok());
+        ASSERT_TRUE(defaults->setAside("k").ok());
+        EXPECT_FALSE(defaults->contains("k"));
+        usleep(2000); // the names go by the millisecond
+    }
+    ASSERT_TRUE(defaults->setObject("k", "text"s).ok());
+    ASSERT_TRUE(defaults
+                    ->updateBytes("k",
+                                  [](std::optional<Bytes> stored) {
+                                      EXPECT_EQ(stored, std::nullopt) << "a text is no bytes";
+                                      return Bytes{"new"};
+                                  })
+                    .ok());
+    EXPECT_EQ(defaults->getBytes("k"), Bytes{"new"});
+
+    int code = SQLITE_OK;
+    const SqliteConnection connection(file(), SQLITE_OPEN_READONLY, code);
+    SqliteStatement rows(connection, "SELECT value FROM preference WHERE key LIKE 'k.damaged-2%' "
+                                     "ORDER BY key");
+    for (const std::string expected : {"value 3", "value 4", "text"}) {
+        std::string value;
+        ASSERT_EQ(rows.step(), SQLITE_ROW);
+        ASSERT_TRUE(rows.bytesColumn(0, value));
+        EXPECT_EQ(value, expected);
+    }
+    EXPECT_EQ(rows.step(), SQLITE_DONE);
+}
+
+TEST_F(SqliteUserDefaultsTest, ReadOnlyMakesAndChangesNothing)
+{
+    auto missing = SqliteUserDefaults::openReadOnly(data(), log);
+    ASSERT_TRUE(missing.ok());
+    EXPECT_FALSE(missing->defaults->contains(preferences::kScan));
+    EXPECT_FALSE(missing->defaults->set(preferences::kScan, true).ok());
+    EXPECT_EQ(access(folder.hostPath("share").c_str(), F_OK), -1);
+
+    ASSERT_TRUE(open()->set(preferences::kScan, true).ok());
+    const std::string before = contentOf(file());
+    auto reader = SqliteUserDefaults::openReadOnly(data(), log);
+    ASSERT_TRUE(reader.ok());
+    EXPECT_TRUE(reader->defaults->get(preferences::kScan));
+    const auto refused = reader->defaults->set(preferences::kScan, false);
+    EXPECT_EQ(refused.error().message,
+              "The preferences were opened for reading only; nothing was saved.");
+    EXPECT_FALSE(reader->defaults->removeObject("Scan").ok());
+    EXPECT_FALSE(reader->defaults->setAside("Scan").ok());
+    EXPECT_FALSE(reader->defaults->updateBytes("Scan", [](auto) { return Bytes{}; }).ok());
+
+    setContent(file(), "garbage");
+    auto damaged = SqliteUserDefaults::openReadOnly(data(), log);
+    ASSERT_TRUE(damaged.ok());
+    EXPECT_TRUE(damaged->notice.has_value());
+    EXPECT_FALSE(damaged->defaults->contains(preferences::kScan));
+    EXPECT_EQ(contentOf(file()), "garbage");
+    EXPECT_EQ(namesIn(data()).size(), 1U);
+    setContent(file(), before);
+    EXPECT_TRUE(open()->get(preferences::kScan));
+}
+
+TEST_F(SqliteUserDefaultsTest, UndoesASaveThatWasCutOff)
+{
+    const Bytes old{std::string(100'000, 'o')};
+    ASSERT_TRUE(open()->setObject("k", old).ok());
+    {
+        // Too small a cache makes SQLite write into the file before the end; copied now, the file
+        // and its journal are what a power cut would leave.
+        int code = SQLITE_OK;
+        const SqliteConnection connection(file(), SQLITE_OPEN_READWRITE, code);
+        ASSERT_EQ(connection.execute("PRAGMA cache_size=1; BEGIN IMMEDIATE;"
+                                     "UPDATE preference SET value=randomblob(400000)"),
+                  SQLITE_OK);
+        folder.folder("cut");
+        for (const char* name : {"Pryvane.sqlite", "Pryvane.sqlite-journal"})
+            std::filesystem::copy(data() + "/" + name, folder.hostPath("cut") + "/" + name);
+    }
+    const std::string cut = folder.hostPath("cut");
+    const std::string before = contentOf(cut + "/Pryvane.sqlite");
+    ASSERT_NE(before, contentOf(file()));
+    const auto reader = SqliteUserDefaults::openReadOnly(cut, log);
+    ASSERT_TRUE(reader.ok()) << reader.error().message;
+    ASSERT_TRUE(reader->notice.has_value());
+    EXPECT_NE(reader->notice->find("a save was interrupted"), std::string::npos);
+    EXPECT_EQ(contentOf(cut + "/Pryvane.sqlite"), before);
+    EXPECT_EQ(namesIn(cut).size(), 2U);
+
+    const auto opened = openedStore(cut, log);
+    EXPECT_EQ(opened.notice, std::nullopt);
+    EXPECT_EQ(opened.defaults->getBytes("k"), old);
+    EXPECT_EQ(namesIn(cut).size(), 1U);
+}
+
+TEST_F(SqliteUserDefaultsTest, ReachesItsFolderThroughALink)
+{
+    folder.folder("real");
+    folder.link("share", "real");
+    ASSERT_TRUE(open()->set(preferences::kScan, true).ok());
+    EXPECT_TRUE(folder.contains("real/Pryvane/Pryvane.sqlite"));
+}
+
+TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
+{
+    struct Row {
+        const char* name;
+        std::function<void()> prepare;
+        const char* words;
+    };
+    const std::string path = "share/Pryvane/Pryvane.sqlite";
+    const std::vector<Row> rows = {
+        {"file for the folder", [&] { folder.file("share"); }, "share is not a folder"},
+        {"file for the data folder", [&] { folder.file("share/Pryvane"); }, "is not a folder"},
+        {"dangling link for the folder", [&] { folder.link("share", "gone"); }, "No such file"},
+        {"link", [&] { folder.file("t"), folder.link(path, folder.hostPath("t")); }, "a link"},
+        {"dangling link", [&] { folder.link(path, "gone"); }, "a link"},
+        {"folder", [&] { folder.folder(path); }, "a folder"},
+        {"pipe",
+         [&] {
+             folder.folder("share/Pryvane");
+             ASSERT_EQ(mkfifo(folder.hostPath(path).c_str(), 0600), 0);
+         },
+         "something that is no file"},
+        {"pipe for the journal",
+         [&] {
+             folder.file(path);
+             ASSERT_EQ(mkfifo(folder.hostPath(path + "-journal").c_str(), 0600), 0);
+         },
+         "something that is no file"},
+        {"link for the journal",
+         [&] { folder.file(path), folder.link(path + "-journal", folder.hostPath("t")); },
+         "a link"},
+        {"pipe for the shared memory",
+         [&] {
+             folder.file(path);
+             ASSERT_EQ(mkfifo(folder.hostPath(path + "-shm").c_str(), 0600), 0);
+         },
+         "something that is no file"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        folder.remove("share");
+        row.prepare();
+        for (const bool reading : {false, true}) {
+            const auto opened = reading ? SqliteUserDefaults::openReadOnly(data(), log)
+                                        : SqliteUserDefaults::open(data(), log);
+            if (reading && opened.ok()) {
+                EXPECT_EQ(opened->defaults->path(), "") << "nothing there to read";
+                continue;
+            }
+            ASSERT_FALSE(opened.ok());
+            const std::string& message = opened.error().message;
+            EXPECT_NE(message.find(row.words), std::string::npos) << message;
+            EXPECT_NE(message.find(folder.hostPath("share")), std::string::npos) << message;
+            EXPECT_NE(message.find("PRYVANE_DATA_DIR"), std::string::npos) << message;
+            EXPECT_EQ(message.find('\n'), std::string::npos) << message;
+        }
+    }
+    EXPECT_FALSE(SqliteUserDefaults::open("", log).ok());
+    EXPECT_EQ(contentOf(folder.hostPath("t")), "x");
+}
+
+TEST_F(SqliteUserDefaultsTest, NeverSavesIntoAFileThatWasMovedAway)
+{
+    const auto defaults = open();
+    ASSERT_TRUE(defaults->set(preferences::kScan, true).ok());
+    std::filesystem::rename(file(), folder.hostPath("moved"));
+    const auto saved = defaults->set(preferences::kScan, false);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_NE(saved.error().message.find("moved while the program ran"), std::string::npos)
+        << saved.error().message;
+}
+
+TEST_F(SqliteUserDefaultsTest, LeavesTheFileOfALaterVersionAlone)
+{
+    ASSERT_TRUE(open()->set(preferences::kScan, true).ok());
+    std::string content = contentOf(file());
+    constexpr std::size_t kUserVersion = 63, kApplicationId = 71; // their last bytes
+    ASSERT_EQ(content[kUserVersion], 1);
+    content[kUserVersion] = content[kApplicationId] = 2;
+    setContent(file(), content);
+    const auto opened = SqliteUserDefaults::open(data(), log);
+    ASSERT_FALSE(opened.ok());
+    EXPECT_NE(opened.error().message.find("later version of Pryvane"), std::string::npos);
+    EXPECT_EQ(contentOf(file()), content);
+    EXPECT_EQ(namesIn(data()).size(), 1U);
+}
+
+TEST_F(SqliteUserDefaultsTest, SaysWhenTheFolderMayNotBeWritten)
+{
+    if (!runningAsRoot())
+        GTEST_SKIP() << "needs root, to become another user";
+    ASSERT_TRUE(open()->set(preferences::kScan, true).ok());
+    chmod(folder.path().c_str(), 0755);
+    chmod(folder.hostPath("share").c_str(), 0755);
+    for (const auto& [folderMode, fileMode] : {std::pair{0755, 0666}, {0777, 0444}, {0700, 0600}}) {
+        chmod(data().c_str(), static_cast<mode_t>(folderMode));
+        chmod(file().c_str(), static_cast<mode_t>(fileMode));
+        const std::string before = contentOf(file());
+        PRYVANE_EXPECT_CHILD_OK(inChild([&]() -> std::string {
+            constexpr uid_t kNobody = 65534;
+            if (setgid(kNobody) != 0 || setuid(kNobody) != 0)
+                return std::string(kSkip) + "cannot become another user";
+            const auto opened = SqliteUserDefaults::open(data(), log);
+            if (opened.ok())
+                return "opened";
+            const std::string& message = opened.error().message;
+            const bool told = message.find("Permission denied") != std::string::npos &&
+                              message.find(data()) != std::string::npos;
+            return told ? "" : message;
+        }));
+        EXPECT_EQ(contentOf(file()), before);
+    }
+}
+
+} // namespace
+
+} // namespace pryvane::test

@@ -1,0 +1,270 @@
+#include "reports/DefaultMethods.h"
+#include "support/Fakes.h"
+#include "support/ReportFixtures.h"
+#include "support/StoreFixtures.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <thread>
+#include <unistd.h>
+
+namespace pryvane::test {
+
+namespace {
+
+constexpr auto kKey = preferences::kSaveReport;
+
+ReportList manyReports(int count)
+{
+    ReportList list;
+    for (int i = 0; i < count; ++i)
+        list.push_back(reportOf({"/tmp/a", "/Library/" + std::to_string(i), "/Users/x/b"}));
+    return list;
+}
+
+class StoreDamageTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        auto opened = openedStore(folder->path(), log);
+        ASSERT_TRUE(opened.defaults->set(preferences::kScan, true).ok());
+        DefaultMethods store(*opened.defaults, disk, clock, log);
+        ASSERT_TRUE(store.saveListReport(manyReports(60), kKey).ok());
+        opened.defaults.reset();
+        sound = contentOf(file());
+        ASSERT_GT(sound.size(), 16'384U);
+    }
+
+    [[nodiscard]] std::string file() const { return folder->hostPath(kStoreFile); }
+
+    /// Starts on that file, uses it, and starts again: whatever it holds, everything must work
+    /// then. Says whether the start told of damage.
+    bool survives(std::string_view content)
+    {
+        std::filesystem::remove_all(folder->path());
+        folder->folder("");
+        setContent(file(), content);
+        auto opened = openedStore(folder->path(), log);
+        const bool told = opened.notice.has_value();
+        EXPECT_EQ(namesIn(folder->path()).size(), told ? 2U : 1U);
+        {
+            DefaultMethods store(*opened.defaults, disk, clock, log);
+            const auto list = store.loadListReportWithKey(kKey);
+            EXPECT_TRUE(!told || list.empty());
+            const auto report = reportOf({"/tmp/new"});
+            const auto updated = store.updateReportInDefaults(report);
+            EXPECT_TRUE(updated.ok()) << updated.error().message;
+            EXPECT_TRUE(opened.defaults->set(preferences::kScan, true).ok());
+            const auto again = store.loadListReportWithKey(kKey);
+            EXPECT_TRUE(!again.empty() && again[0]->reportId == report->reportId);
+        }
+        opened.defaults.reset();
+        opened = openedStore(folder->path(), log);
+        EXPECT_EQ(opened.notice, std::nullopt) << "told once";
+        EXPECT_TRUE(opened.defaults->get(preferences::kScan));
+        return told;
+    }
+
+    std::unique_ptr<TemporaryFolder> folder = fastFolder();
+    RecordingLog log;
+    CountingDisk disk;
+    FakeClock clock;
+    std::string sound;
+};
+
+TEST_F(StoreDamageTest, StartsAfreshOnWhatIsNoStore)
+{
+    EXPECT_FALSE(survives(sound));
+    EXPECT_TRUE(survives(""));
+    EXPECT_TRUE(survives("garbage"));
+    EXPECT_TRUE(survives(std::string(8192, '\0')));
+    EXPECT_TRUE(survives(std::string(sound.size(), '\xff')));
+    EXPECT_TRUE(survives("SQLite format 3"));
+    EXPECT_EQ(log.lines().size(), 5U);
+    EXPECT_NE(log.lines()[0].find("kept as " + file() + ".damaged-2"), std::string::npos);
+}
+
+TEST_F(StoreDamageTest, SurvivesTruncationAnywhere)
+{
+    for (std::size_t size = 1; size < sound.size(); size += size < 200 ? 9 : 509) {
+        SCOPED_TRACE(size);
+        // Of the last page only what follows the list's end can be missing unnoticed.
+        EXPECT_TRUE(survives(sound.substr(0, size)) || size > sound.size() - 4096);
+        if (HasFailure())
+            return;
+    }
+}
+
+TEST_F(StoreDamageTest, SurvivesFlippedBits)
+{
+    std::mt19937 random(7);
+    // Every bit of the header and of the first pages' heads, then some anywhere.
+    std::vector<std::size_t> bits;
+    for (std::size_t bit = 0; bit < 112 * 8; ++bit)
+        bits.push_back(bit);
+    for (std::size_t page = 1; page * 4096 < sound.size(); ++page) {
+        for (std::size_t bit = 0; bit < 16 * 8; bit += 5)
+            bits.push_back(page * 4096 * 8 + bit);
+    }
+    for (int i = 0; i < 300; ++i)
+        bits.push_back(random() % (sound.size() * 8));
+    int told = 0;
+    for (const std::size_t bit : bits) {
+        SCOPED_TRACE("byte " + std::to_string(bit / 8) + " bit " + std::to_string(bit % 8));
+        std::string damaged = sound;
+        damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << (bit % 8)));
+        told += survives(damaged) ? 1 : 0;
+        if (HasFailure())
+            return;
+    }
+    EXPECT_GT(told, 100);
+}
+
+TEST_F(StoreDamageTest, KeepsThreeDamagedFilesTheLargestAndTheirJournals)
+{
+    for (int i = 0; i < 6; ++i) {
+        // The second is the one that holds something. An empty file, or SQLite itself would make
+        // away with the odd journal.
+        setContent(file(), i == 1 ? std::string(9000, 'x') : "");
+        if (i != 1)
+            setContent(file() + "-journal", "journal " + std::to_string(i));
+        EXPECT_TRUE(openedStore(folder->path(), log).notice.has_value());
+        usleep(2000); // the names go by the millisecond
+    }
+    const auto names = namesIn(folder->path());
+    ASSERT_EQ(names.size(), 8U);
+    EXPECT_EQ(contentOf(folder->hostPath(names[1])).size(), 9000U);
+    EXPECT_EQ(contentOf(folder->hostPath(names[3])), "journal 3");
+    EXPECT_EQ(contentOf(folder->hostPath(names[7])), "journal 5");
+    EXPECT_EQ(names[3], names[2] + "-journal");
+}
+
+TEST_F(StoreDamageTest, PutsTheFileBackWhereAFreshOneCannotBeMade)
+{
+    setContent(file(), "garbage");
+    const std::string outcome = inChild([&]() -> std::string {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit nothing{0, 0};
+        static_cast<void>(setrlimit(RLIMIT_FSIZE, &nothing));
+        const auto opened = SqliteUserDefaults::open(folder->path(), log);
+        return opened.ok() ? "opened" : opened.error().message;
+    });
+    EXPECT_NE(outcome.find("The damaged file was left as it is."), std::string::npos) << outcome;
+    EXPECT_EQ(namesIn(folder->path()), std::vector<std::string>{std::string(kStoreFile)});
+    EXPECT_EQ(contentOf(file()), "garbage");
+}
+
+TEST_F(StoreDamageTest, RefusesAForeignTableOfTheSameVersion)
+{
+    // The stored statement that makes the table, with one word changed to another of its length.
+    std::string other = sound;
+    const auto word = other.find("type TEXT NOT NULL");
+    ASSERT_NE(word, std::string::npos);
+    other.replace(word, 4, "kind");
+    EXPECT_TRUE(survives(other));
+}
+
+TEST_F(StoreDamageTest, OneOfManyStartingAtOnceReplacesTheFile)
+{
+    setContent(file(), "garbage");
+    std::atomic<int> notices{0};
+    std::vector<std::thread> starts;
+    for (int i = 0; i < 8; ++i) {
+        starts.emplace_back([&] {
+            if (openedStore(folder->path(), log).notice)
+                ++notices;
+        });
+    }
+    for (auto& start : starts)
+        start.join();
+    EXPECT_EQ(notices, 1);
+    EXPECT_EQ(namesIn(folder->path()).size(), 2U);
+}
+
+/// Saves a much longer list where not all of it can be written; the old one must stay.
+std::string savesHonestly(const std::string& folder, const std::function<void()>& restrict)
+{
+    SilentLog log;
+    CountingDisk disk;
+    FakeClock clock;
+    const auto opened = SqliteUserDefaults::open(folder, log);
+    if (!opened)
+        return opened.error().message;
+    DefaultMethods store(*opened->defaults, disk, clock, log);
+    const auto before = store.loadListReportWithKey(kKey).size();
+    restrict();
+    const auto saved = store.saveListReport(manyReports(900), kKey);
+    const auto after = store.loadListReportWithKey(kKey).size();
+    if (saved.ok())
+        return after == 900 ? "" : "a save that succeeded left " + std::to_string(after);
+    if (after != before)
+        return "a save that failed left " + std::to_string(after) + " reports";
+    return "refused: " + saved.error().message;
+}
+
+TEST_F(StoreDamageTest, AWriteThatFailsAnywhereLosesNothing)
+{
+    int refused = 0;
+    for (rlim_t limit = 0; limit < 400'000; limit += 20'000) {
+        SCOPED_TRACE(limit);
+        const std::string outcome = inChild([&] {
+            return savesHonestly(folder->path(), [&] {
+                signal(SIGXFSZ, SIG_IGN);
+                const rlimit size{limit, limit};
+                static_cast<void>(setrlimit(RLIMIT_FSIZE, &size));
+            });
+        });
+        refused += outcome.starts_with("refused: ") ? 1 : 0;
+        EXPECT_TRUE(outcome.empty() || outcome.starts_with("refused: Cannot save")) << outcome;
+        if (outcome.empty())
+            break; // from here on there is room enough
+        EXPECT_FALSE(openedStore(folder->path(), log).notice.has_value());
+    }
+    EXPECT_GT(refused, 3);
+}
+
+TEST_F(StoreDamageTest, AFullDiskIsToldAndLosesNothing)
+{
+    PRYVANE_EXPECT_CHILD_OK(inChild([&]() -> std::string {
+        if (unshare(CLONE_NEWNS) != 0 || mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("tmpfs", folder->path().c_str(), "tmpfs", 0, "size=256k") != 0)
+            return std::string(kSkip) + "needs root and mount namespaces";
+        const std::string filler = folder->hostPath("filler");
+        const auto fill = [&] {
+            std::ofstream out(filler, std::ios::binary);
+            while (out << std::string(4096, 'x') && out.flush()) {
+            }
+        };
+        fill();
+        const auto full = SqliteUserDefaults::open(folder->path(), log);
+        if (full.ok() || full.error().message.find("disk is full") == std::string::npos)
+            return "no word of the full disk when the file is made";
+        if (namesIn(folder->path()) != std::vector<std::string>{"filler"})
+            return "an empty file was left";
+
+        std::filesystem::remove(filler);
+        auto opened = SqliteUserDefaults::open(folder->path(), log);
+        if (!opened || opened->notice)
+            return "cannot start once there is room";
+        DefaultMethods store(*opened->defaults, disk, clock, log);
+        if (!store.saveListReport(manyReports(20), kKey))
+            return "cannot save where there is room";
+        opened->defaults.reset();
+        const std::string outcome = savesHonestly(folder->path(), fill);
+        if (outcome.find("disk is full; free some space") == std::string::npos)
+            return "unexpected: " + outcome;
+        std::filesystem::remove(filler);
+        return savesHonestly(folder->path(), [] {}).starts_with("refused") ? "" : "256k held 900";
+    }));
+}
+
+} // namespace
+
+} // namespace pryvane::test
