@@ -5,6 +5,7 @@
 #include "store/SqliteUserDefaults.h"
 #include "support/FaultyCalls.h"
 #include "support/StoreFixtures.h"
+#include "support/Volumes.h"
 
 #include <array>
 #include <cerrno>

@@ -3,6 +3,7 @@
 #include "store/SqliteHandles.h"
 #include "support/Fakes.h"
 #include "support/StoreFixtures.h"
+#include "support/Volumes.h"
 
 #include <gtest/gtest.h>
 

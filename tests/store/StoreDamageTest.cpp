@@ -2,6 +2,7 @@
 #include "support/Fakes.h"
 #include "support/ReportFixtures.h"
 #include "support/StoreFixtures.h"
+#include "support/Volumes.h"
 
 #include <gtest/gtest.h>
 

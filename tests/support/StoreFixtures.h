@@ -25,10 +25,6 @@ void setContent(const std::string& hostPath, std::string_view content);
 /// Names in the folder, sorted.
 [[nodiscard]] std::vector<std::string> namesIn(const std::string& hostFolder);
 
-/// Runs the work in a process of its own and gives what it returned: an empty text when all was
-/// well, what was wrong otherwise. So a test can give up rights that its own process needs.
-[[nodiscard]] std::string inChild(const std::function<std::string()>& work);
-
 /// What `inChild` work returns where the host does not allow the test.
 inline constexpr std::string_view kSkip = "skip: ";
 
