@@ -37,6 +37,7 @@ struct Host::Documents {
 
 void ConsoleLog::line(std::string_view text)
 {
+    m_hasSpoken = true;
     const std::lock_guard lock(m_mutex);
     m_console.say(forTerminal(text));
 }

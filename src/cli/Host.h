@@ -12,6 +12,7 @@
 #include "platform/UserNotifier.h"
 #include "volume/VolumeFileSystem.h"
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -43,8 +44,10 @@ class ConsoleLog final : public Log {
 public:
     explicit ConsoleLog(const Console& console) : m_console(console) {}
     void line(std::string_view text) override;
+    [[nodiscard]] bool hasSpoken() const { return m_hasSpoken; }
 
 private:
+    std::atomic<bool> m_hasSpoken{false};
     const Console& m_console;
     std::mutex m_mutex; ///< one line at a time
 };
@@ -74,6 +77,8 @@ public:
     [[nodiscard]] NotificationCenter& notifications() { return m_notifications; }
     [[nodiscard]] ScanState& state() { return m_state; }
     [[nodiscard]] Log& log() { return m_log; }
+    /// Whether something was amiss that the console was told of.
+    [[nodiscard]] bool hasLogged() const { return m_log.hasSpoken(); }
 
     /// Documents and printers, made when they are first asked for.
     [[nodiscard]] PDFGenerate& pdf();

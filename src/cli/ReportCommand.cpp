@@ -56,7 +56,7 @@ int withReport(const Console& console, const ReportArguments& arguments, Work wo
 
 int listReports(const ReportArguments& arguments, const Console& console)
 {
-    return withStore(console, arguments, StoreUse::Read, [&](Host&, DefaultMethods& store) {
+    return withStore(console, arguments, StoreUse::Read, [&](Host& host, DefaultMethods& store) {
         using Align = TextTable::Align;
         TextTable table(
             {Align::Left, Align::Left, Align::Left, Align::Left, Align::Left, Align::Left});
@@ -69,6 +69,8 @@ int listReports(const ReportArguments& arguments, const Console& console)
                           report->reportDateDisplay, forTerminal(report->scanDuration)});
         }
         console.out << table.text();
+        if (list.empty() && host.hasLogged())
+            return int{kFailed}; // the list could not be read, and that has been said
         if (list.empty())
             console.say("no reports yet; pryvane-cli scan makes one");
         return int{kDone};
