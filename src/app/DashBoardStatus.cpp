@@ -129,7 +129,7 @@ void DashBoardViewController::loadLastScans()
             DefaultMethods store(m_services.defaults, m_services.disk, m_services.clock,
                                  m_services.log);
             const auto reports = store.loadListReportWithoutDisk(preferences::kSaveReport);
-            m_later.postAfter(std::chrono::milliseconds(0), [this, last = lastScansOf(reports)] {
+            m_later.post([this, last = lastScansOf(reports)] {
                 m_isLoadingLastScans = false;
                 m_lastScans = last;
                 Q_EMIT stateChanged();
@@ -137,10 +137,7 @@ void DashBoardViewController::loadLastScans()
                     loadLastScans();
             });
         },
-        [this](const char*) {
-            m_later.postAfter(std::chrono::milliseconds(0),
-                              [this] { m_isLoadingLastScans = false; });
-        });
+        [this](const char*) { m_later.post([this] { m_isLoadingLastScans = false; }); });
 }
 
 } // namespace pryvane

@@ -60,23 +60,13 @@ Entries listOf(InventoryKind kind, const AdwareScan& scan)
 
 InventoryController::InventoryController(const Services& services, std::string user,
                                          QObject* parent)
-    : QObject(parent), m_services(services), m_user(std::move(user)),
-      m_alive(std::make_shared<char>())
+    : QObject(parent), m_services(services), m_user(std::move(user)), m_later(services.mainQueue)
 {
 }
 
 InventoryController::~InventoryController()
 {
     m_stop.request();
-}
-
-/// Called on the background thread: has the work done on the main thread, if this still lives then.
-void InventoryController::onMain(std::function<void()> work)
-{
-    m_services.mainQueue.post([alive = std::weak_ptr(m_alive), work = std::move(work)] {
-        if (alive.lock())
-            work();
-    });
 }
 
 void InventoryController::viewWillAppear()
@@ -101,18 +91,19 @@ void InventoryController::gather()
             for (std::size_t kind = 0; kind < kInventoryHeadings.size(); ++kind) {
                 if (m_stop.requested())
                     break;
-                onMain([this, kind] {
+                m_later.post([this, kind] {
                     m_gathering = static_cast<InventoryKind>(kind);
                     Q_EMIT stateChanged();
                 });
-                onMain([this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
-                    std::move(found.begin(), found.end(), std::back_inserter(m_entries));
-                    Q_EMIT stateChanged();
-                });
+                m_later.post(
+                    [this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
+                        std::move(found.begin(), found.end(), std::back_inserter(m_entries));
+                        Q_EMIT stateChanged();
+                    });
             }
-            onMain([this, whole = scan.whole()] { ended(whole); });
+            m_later.post([this, whole = scan.whole()] { ended(whole); });
         },
-        [this](const char*) { onMain([this] { ended(false); }); });
+        [this](const char*) { m_later.post([this] { ended(false); }); });
     Q_EMIT stateChanged();
 }
 

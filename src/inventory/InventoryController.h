@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/StopFlag.h"
-#include "core/tasks/MainQueue.h"
+#include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "inventory/AdwareScan.h"
 #include "inventory/InventoryKind.h"
@@ -10,8 +10,6 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,7 +62,6 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
-    void onMain(std::function<void()> work);
     void ended(bool whole);
 
     const Services m_services;
@@ -75,8 +72,8 @@ private:
     InventoryKind m_gathering{};
     std::vector<InventoryEntry> m_entries;
     StopFlag m_stop;
-    std::shared_ptr<char> m_alive; ///< what is posted asks whether this still lives
-    Worker m_thread;               // last: it ends before anything it uses
+    BoundQueue m_later;
+    Worker m_thread; // last: it ends before anything it uses
 };
 
 } // namespace pryvane

@@ -2,7 +2,6 @@
 
 #include "core/Escape.h"
 #include "core/NotificationCenter.h"
-#include "core/tasks/MainQueue.h"
 #include "findings/ScanState.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -23,7 +22,7 @@ constexpr std::size_t kNotifiedFindings = 20;
 FindingInbox::FindingInbox(const PlatformServices& services, ScanState& state,
                            std::function<void()> listChanged)
     : m_services(services), m_state(state), m_listChanged(std::move(listChanged)),
-      m_applications(services.workspace)
+      m_applications(services.workspace), m_later(services.mainQueue)
 {
 }
 
@@ -93,14 +92,6 @@ void FindingInbox::push(Pending pending)
     }
 }
 
-void FindingInbox::schedule()
-{
-    m_services.mainQueue.post([this, alive = std::weak_ptr(m_alive)] {
-        if (!alive.expired())
-            drainSlice();
-    });
-}
-
 bool FindingInbox::take(std::deque<Pending>& slice)
 {
     const std::lock_guard lock(m_mutex);
@@ -126,22 +117,13 @@ void FindingInbox::drainSlice()
             if (pending.record)
                 admit(pending);
             else
-                postDone(pending.done);
+                m_later.post(pending.done); // behind what the scan's threads had posted before
         }
     }
     if (m_state.arrSpywareList.records().size() != before)
         m_listChanged();
     if (more)
         schedule();
-}
-
-/// Behind what the scan's threads had posted to the main thread before, such as their last steps.
-void FindingInbox::postDone(const std::function<void()>& done)
-{
-    m_services.mainQueue.post([done, alive = std::weak_ptr(m_alive)] {
-        if (!alive.expired())
-            done();
-    });
 }
 
 void FindingInbox::admit(const Pending& pending)

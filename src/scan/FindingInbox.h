@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/tasks/BoundQueue.h"
 #include "findings/Spyware.h"
 #include "platform/PlatformServices.h"
 #include "signatures/FindingSink.h"
@@ -54,10 +55,12 @@ private:
 
     void test(std::shared_ptr<Spyware> record);
     void push(Pending pending);
-    void schedule();
+    void schedule()
+    {
+        m_later.post([this] { drainSlice(); });
+    }
     void drainSlice();
     [[nodiscard]] bool take(std::deque<Pending>& slice);
-    void postDone(const std::function<void()>& done);
     void admit(const Pending& pending);
     void holdBack(const FileURL& url);
     void list(const std::shared_ptr<Spyware>& record);
@@ -68,7 +71,7 @@ private:
     MakersApplications m_applications;
     std::vector<std::string> m_heldBack;
     std::unordered_set<std::string> m_heldBackLocations;
-    std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
+    BoundQueue m_later;
 
     std::mutex m_mutex;
     std::deque<Pending> m_pending; // guarded by m_mutex

@@ -1,6 +1,5 @@
 #include "scan/ScanViewController.h"
 
-#include "core/tasks/MainQueue.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
@@ -33,7 +32,7 @@ ScanViewController::ScanViewController(const PlatformServices& services, ScanSta
                                        ScanOptions options, QObject* parent)
     : QObject(parent), m_services(services), m_state(state), m_access(access), m_store(store),
       m_options(std::move(options)), m_launchDate(services.clock.now()),
-      m_inbox(services, state, [this] { Q_EMIT stateChanged(); }),
+      m_later(services.mainQueue), m_inbox(services, state, [this] { Q_EMIT stateChanged(); }),
       m_removal(services, remover,
                 {state, m_display, m_lists, m_options.user, [this] { return isScanning(); },
                  [this] { makeAccessibleUIChanges(); }, [this] { Q_EMIT stateChanged(); },
@@ -81,7 +80,7 @@ void ScanViewController::SpywareScanStart()
     m_display.entries = 0;
     m_display.progressBar = 0;
     Q_EMIT stateChanged();
-    postToMain([this] { scanInBGThread(); });
+    m_later.post([this] { scanInBGThread(); });
 }
 
 void ScanViewController::showStart()
@@ -115,7 +114,7 @@ void ScanViewController::startChecks()
     CheckSequence::StepShown shown;
     if (!m_state.isDeepScan) {
         shown = [this](std::string_view label, int step) {
-            postToMain(
+            m_later.post(
                 [this, text = std::string(label), step] { ScanningProgressChange(text, step); });
         };
     }
@@ -152,14 +151,14 @@ void ScanViewController::startDeepScan()
         [this, folders] {
             DeepScan walk(m_services, m_state, m_inbox, m_root, folders);
             if (walk.count()) {
-                postToMain([this] { DeepScanStart(); });
+                m_later.post([this] { DeepScanStart(); });
                 walk.scan();
             }
             const auto ending =
                 folders == DeepScan::Folders::Nodes ? Ending::WithReport : Ending::WithoutReport;
             // Behind DeepScanStart() in the main queue, so that the checks are known to run by
             // then.
-            postToMain([this, ending, coverage = walk.coverage()] {
+            m_later.post([this, ending, coverage = walk.coverage()] {
                 m_inbox.whenEmpty(
                     [this, ending, coverage] { partEnded(Part::Walk, ending, coverage); });
             });
@@ -182,7 +181,7 @@ void ScanViewController::DeepScanStart()
 void ScanViewController::partGivenUp(Part part, const char* why)
 {
     m_state.isScanStop.request();
-    postToMain([this, part, why] {
+    m_later.post([this, part, why] {
         m_givenUp = why;
         m_inbox.whenEmpty([this, part] { partEnded(part, Ending::WithoutReport, {}); });
     });
@@ -259,12 +258,12 @@ void ScanViewController::doneScan()
             logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
             logFailure(m_services.log, m_services.defaults.set(preferences::kLastScanDate, now));
             auto findings = factsOf(*m_report->spyWareList);
-            postToMain([this, error, findings = std::move(findings)]() mutable {
+            m_later.post([this, error, findings = std::move(findings)]() mutable {
                 reportStored(error, std::move(findings));
             });
         },
         [this](const char* why) {
-            postToMain([this, why] { reportStored(why, factsOf(*m_report->spyWareList)); });
+            m_later.post([this, why] { reportStored(why, factsOf(*m_report->spyWareList)); });
         });
 }
 
@@ -329,21 +328,6 @@ void ScanViewController::stopScan()
     m_display.indeterminate = false;
     Q_EMIT stateChanged();
     m_services.notifications.post(NotificationName::StopScan);
-}
-
-void ScanViewController::postToMain(std::function<void()> work)
-{
-    postToMainAfter(std::chrono::milliseconds(0), std::move(work));
-}
-
-/// Work that is dropped when this object is gone by then. Callable from any thread.
-void ScanViewController::postToMainAfter(std::chrono::milliseconds delay,
-                                         std::function<void()> work)
-{
-    m_services.mainQueue.postAfter(delay, [alive = std::weak_ptr(m_alive), work = std::move(work)] {
-        if (!alive.expired())
-            work();
-    });
 }
 
 } // namespace pryvane

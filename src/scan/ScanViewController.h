@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/NotificationCenter.h"
+#include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "findings/ScanCoverage.h"
 #include "findings/ScanState.h"
@@ -130,8 +131,6 @@ private:
     void addCoverage(ScanCoverage coverage);
     void finishCoverage();
     [[nodiscard]] std::string durationText(Date now) const;
-    void postToMain(std::function<void()> work);
-    void postToMainAfter(std::chrono::milliseconds delay, std::function<void()> work);
 
     PlatformServices m_services;
     ScanState& m_state;
@@ -156,7 +155,7 @@ private:
     bool m_fileCountCompleted = false;
 
     std::vector<NotificationCenter::Observation> m_observations;
-    std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
+    BoundQueue m_later;
     FindingInbox m_inbox;
     ThreatRemoval m_removal;
     Worker m_checkThread; // last: they end before anything they use

@@ -1,6 +1,5 @@
 // What the scan screen shows: the half of the controller that follows notifications and progress.
 #include "core/Escape.h"
-#include "core/tasks/MainQueue.h"
 #include "platform/Clock.h"
 #include "platform/Log.h"
 #include "platform/UserDefaults.h"
@@ -27,13 +26,13 @@ void ScanViewController::observe()
         if (m_services.mainQueue.isMainThread())
             updateThreatBox();
         else
-            postToMain([this] { updateThreatBox(); });
+            m_later.post([this] { updateThreatBox(); });
     });
     on(NotificationName::ScanningProgress,
-       [this](const Notification&) { postToMain([this] { ScanningProgressUIChange(); }); });
+       [this](const Notification&) { m_later.post([this] { ScanningProgressUIChange(); }); });
     on(NotificationName::ScanningProgressURL, [this](const Notification& note) {
         if (const auto* location = std::get_if<std::string_view>(&note.object)) {
-            postToMain([this, text = std::string(*location)] { ScanningProgressURL(text); });
+            m_later.post([this, text = std::string(*location)] { ScanningProgressURL(text); });
         }
     });
 }
@@ -47,7 +46,7 @@ void ScanViewController::ScanningProgressChange(const std::string& label, int st
     m_display.location = forScreen(label);
     m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
     Q_EMIT stateChanged();
-    postToMainAfter(kSecondHalfOfStep, [this, step] {
+    m_later.postAfter(kSecondHalfOfStep, [this, step] {
         if (!m_isScanning)
             return;
         showProgress(step + 1);

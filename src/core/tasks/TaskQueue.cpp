@@ -1,7 +1,5 @@
 #include "core/tasks/TaskQueue.h"
 
-#include "core/tasks/MainQueue.h"
-
 #include <condition_variable>
 #include <mutex>
 #include <optional>
@@ -25,29 +23,8 @@ void TaskQueue::startNext()
     m_waiting.pop_front();
     const auto handover = std::make_shared<Handover>();
     m_worker.start(
-        [this, handover, job = std::move(job), alive = std::weak_ptr(m_alive)] {
-            Ending ending = job(m_stop);
-            const std::lock_guard lock(handover->mutex);
-            handover->ending = std::move(ending);
-            if (handover->isWaitedFor) {
-                handover->ended.notify_one();
-                return;
-            }
-            m_queue.post([this, handover, alive] {
-                if (!alive.expired())
-                    finish(*handover);
-            });
-        },
-        [this, handover, alive = std::weak_ptr(m_alive)](const char*) {
-            const std::lock_guard lock(handover->mutex);
-            handover->ending.emplace(); // what was asked for does not come
-            if (handover->isWaitedFor)
-                return handover->ended.notify_one();
-            m_queue.post([this, handover, alive] {
-                if (!alive.expired())
-                    finish(*handover);
-            });
-        });
+        [this, handover, job = std::move(job)] { ended(handover, job(m_stop)); },
+        [this, handover](const char*) { ended(handover, {}); }); // what was asked for does not come
     std::unique_lock lock(handover->mutex);
     handover->isWaitedFor =
         handover->ended.wait_for(lock, m_patience, [&] { return handover->ending.has_value(); });
@@ -55,6 +32,17 @@ void TaskQueue::startNext()
     lock.unlock();
     if (isThere)
         finish(*handover);
+}
+
+/// On the thread: leaves what it made to whoever waits for it, or to the main thread.
+void TaskQueue::ended(const std::shared_ptr<Handover>& handover, Ending ending)
+{
+    const std::lock_guard lock(handover->mutex);
+    handover->ending = std::move(ending);
+    if (handover->isWaitedFor)
+        handover->ended.notify_one();
+    else
+        m_later.post([this, handover] { finish(*handover); });
 }
 
 void TaskQueue::finish(Handover& handover)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/StopFlag.h"
+#include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 
 #include <chrono>
@@ -10,8 +11,6 @@
 
 namespace pryvane {
 
-class MainQueue;
-
 /// Runs pieces of work in turn on a thread of its own and hands what each made to the main thread.
 /// The caller waits for quick work, so that what it shows need not change twice; slow work ends
 /// through the main queue. Main thread only; work not begun when it ends is dropped.
@@ -19,7 +18,7 @@ class TaskQueue {
 public:
     explicit TaskQueue(MainQueue& queue,
                        std::chrono::milliseconds patience = std::chrono::milliseconds(10))
-        : m_queue(queue), m_patience(patience)
+        : m_later(queue), m_patience(patience)
     {
     }
     ~TaskQueue() { m_stop.request(); }
@@ -48,14 +47,14 @@ private:
     struct Handover;
 
     void startNext();
+    void ended(const std::shared_ptr<Handover>& handover, Ending ending);
     void finish(Handover& handover);
 
-    MainQueue& m_queue;
+    BoundQueue m_later;
     const std::chrono::milliseconds m_patience;
     StopFlag m_stop;
     bool m_isRunning = false;
     std::deque<Job> m_waiting;
-    std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
     Worker m_worker; // last: it ends before anything it uses
 };
 

@@ -3,6 +3,7 @@
 #include "core/ErrorText.h"
 #include "core/Escape.h"
 #include "core/UniqueFd.h"
+#include "core/tasks/Thread.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +20,6 @@
 #include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace pryvane {
@@ -49,8 +49,6 @@ public:
     CutOff(http_t* http, std::chrono::milliseconds longest, const StopFlag* stop)
         : m_http(http), m_longest(longest), m_stop(stop)
     {
-        restart();
-        m_thread = std::thread([this] { watch(); });
     }
     ~CutOff()
     {
@@ -59,7 +57,6 @@ public:
             m_done = true;
         }
         m_wake.notify_one();
-        m_thread.join();
     }
     CutOff(const CutOff&) = delete;
     CutOff& operator=(const CutOff&) = delete;
@@ -95,9 +92,10 @@ private:
     std::atomic<Reason> m_reason{Reason::None};
     std::mutex m_mutex;
     std::condition_variable m_wake;
-    std::chrono::steady_clock::time_point m_end; // guarded by m_mutex
-    bool m_done = false;                         // guarded by m_mutex
-    std::thread m_thread;
+    std::chrono::steady_clock::time_point m_end =
+        std::chrono::steady_clock::now() + m_longest; // guarded by m_mutex
+    bool m_done = false;                              // guarded by m_mutex
+    Thread m_thread{[this] { watch(); }};             // last: it ends before anything it uses
 };
 
 /// One connection to the print service, and why it last failed.
