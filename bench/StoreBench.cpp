@@ -1,6 +1,7 @@
 // Writing and reading the report list, 10,000 reports of 20 findings, against Qt's streaming CBOR
 // classes over the same bytes; both readers test each distinct path once.
 
+#include "PeakMemory.h"
 #include "StoreBenchPeer.h"
 #include "hosts/posix/SystemClock.h"
 #include "platform/FileSystem.h"
@@ -15,6 +16,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -155,12 +158,93 @@ void wholeStore(const ReportList& reports)
     std::filesystem::remove_all(folder);
 }
 
+constexpr int kLargeReports = 5, kLargeFindings = 1'000'000;
+
+std::shared_ptr<SpywareScanReport> largeReport(int findings)
+{
+    auto list = std::make_shared<SpywareList>();
+    for (int i = 0; i < findings; ++i) {
+        auto record = std::make_shared<Spyware>();
+        record->url =
+            FileURL::fileURLWithPath("/Users/jane/dev/project-" + std::to_string(i / 1000) +
+                                     "/component-" + std::to_string(i));
+        record->name = record->url.lastPathComponent();
+        record->infections = "Okaz Installer";
+        record->risk = kHighRisk;
+        list->push_back(std::move(record));
+    }
+    const Date date(std::chrono::milliseconds(1'700'000'000'123));
+    auto report =
+        SpywareScanReport::ScanReportWithSpywareList(list, date, " 12 seconds", "Deep Scan", date);
+    report->volume = "host";
+    return report;
+}
+
+/// Opens the store anew in a process of its own, does the work, and says what that took.
+template <typename Work>
+void measured(const char* name, const std::string& folder, Work work)
+{
+    std::fflush(stdout);
+    const pid_t child = fork();
+    if (child == 0) {
+        const double taken = milliseconds([&] {
+            SilentLog log;
+            HostDisk disk;
+            SystemClock clock;
+            auto opened = SqliteUserDefaults::open(folder, log);
+            require(opened.ok(), "cannot open the store");
+            DefaultMethods store(*opened->defaults, disk, clock, log);
+            work(store);
+        });
+        std::printf("%-34s %8.0f ms %8.0f MB at most\n", name, taken,
+                    static_cast<double>(peakMemory()) / 1000);
+        std::fflush(stdout);
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    require(status == 0, "a process of the large store failed");
+}
+
+void largeStore()
+{
+    std::string folder = (std::filesystem::temp_directory_path() / "store-bench-XXXXXX").string();
+    require(mkdtemp(folder.data()) != nullptr, "cannot make a temporary folder");
+    std::printf("%d reports x %d findings\n", kLargeReports, kLargeFindings);
+    measured("make it", folder, [](DefaultMethods& store) {
+        const auto report = largeReport(kLargeFindings);
+        for (int i = 0; i < kLargeReports; ++i) {
+            report->reportId = "large-" + std::to_string(i);
+            require(store.updateReportInDefaults(report).ok(), "no save");
+        }
+    });
+    std::printf("%-34s %8.0f MB\n", "the file",
+                static_cast<double>(std::filesystem::file_size(folder + "/Pryvane.sqlite")) / 1e6);
+    measured("open", folder, [](DefaultMethods&) {});
+    measured("list", folder, [](DefaultMethods& store) {
+        require(store.listReports()->size() == kLargeReports, "no list");
+    });
+    measured("save a small report", folder, [](DefaultMethods& store) {
+        require(store.updateReportInDefaults(largeReport(20)).ok(), "no save");
+    });
+    measured("load one of a million", folder,
+             [](DefaultMethods& store) { require(store.loadReport("large-2").ok(), "no load"); });
+    measured("delete one of a million", folder, [](DefaultMethods& store) {
+        require(store.deleteReport("large-3").value(), "no deletion");
+    });
+    std::filesystem::remove_all(folder);
+}
+
 } // namespace
 
 } // namespace pryvane::bench
 
-int main()
+int main(int argc, char** argv)
 {
+    if (argc > 1 && std::string_view(argv[1]) == "--large") {
+        pryvane::bench::largeStore();
+        return 0;
+    }
     const auto reports = pryvane::bench::sampleReports();
     pryvane::bench::codecAgainstQt(reports);
     pryvane::bench::wholeStore(reports);

@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 #include "app/DashBoardViewController.h"
 #include "platform/Clock.h"
+#include "platform/Log.h"
 #include "platform/UserDefaults.h"
 #include "reports/DefaultMethods.h"
 
@@ -128,8 +129,11 @@ void DashBoardViewController::loadLastScans()
         [this] {
             DefaultMethods store(m_services.defaults, m_services.disk, m_services.clock,
                                  m_services.log);
-            const auto reports = store.loadListReportWithoutDisk(preferences::kSaveReport);
-            m_later.post([this, last = lastScansOf(reports)] {
+            const auto reports = store.listReports();
+            if (!reports)
+                m_services.log.line(reports.error().message);
+            const LastScans read = reports ? lastScansOf(*reports) : LastScans();
+            m_later.post([this, last = read] {
                 m_isLoadingLastScans = false;
                 m_lastScans = last;
                 Q_EMIT stateChanged();

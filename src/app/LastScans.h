@@ -1,10 +1,11 @@
 #pragma once
 
 #include "core/Texts.h"
-#include "reports/SpywareScanReport.h"
+#include "reports/ReportFacts.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace pryvane {
 
@@ -17,6 +18,6 @@ struct LastScans {
 };
 
 /// From the report list, newest first.
-[[nodiscard]] LastScans lastScansOf(const ReportList& reports);
+[[nodiscard]] LastScans lastScansOf(const std::vector<ReportFacts>& reports);
 
 } // namespace pryvane

@@ -195,8 +195,7 @@ int runRemove(const RemoveArguments& arguments, const Console& console)
     if (!host)
         return console.fail(host.error().message);
     DefaultMethods store((*host)->defaults(), (*host)->disk(), (*host)->clock(), (*host)->log());
-    const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
-    const auto report = findReport(list, arguments.id);
+    const auto report = findReport(store, arguments.id);
     if (!report)
         return console.fail(report.error().message);
     if ((*report)->spyWareList->empty()) {

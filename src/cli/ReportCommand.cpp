@@ -48,8 +48,7 @@ int withReport(const Console& console, const ReportArguments& arguments, Work wo
                StoreUse use = StoreUse::Read)
 {
     return withStore(console, arguments, use, [&](Host& host, DefaultMethods& store) {
-        const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
-        const auto report = findReport(list, arguments.id);
+        const auto report = findReport(store, arguments.id);
         return report ? work(host, store, **report) : console.fail(report.error().message);
     });
 }
@@ -60,18 +59,21 @@ int listReports(const ReportArguments& arguments, const Console& console)
         using Align = TextTable::Align;
         TextTable table(
             {Align::Left, Align::Left, Align::Left, Align::Left, Align::Left, Align::Left});
-        const ReportList list = store.loadListReportWithoutDisk(preferences::kSaveReport);
-        for (const auto& report : list) {
-            const std::size_t count = report->spyWareList->size();
-            table.addRow({forTerminal(report->reportId), localDateText(report->scanDate),
-                          forTerminal(report->reportType),
-                          count ? "found " + std::to_string(count) : "clean",
-                          report->reportDateDisplay, forTerminal(report->scanDuration)});
+        const auto list = store.listReports();
+        if (!list)
+            return console.fail(list.error().message);
+        const Date now = host.clock().now();
+        for (const ReportFacts& report : *list) {
+            table.addRow({forTerminal(report.reportId), localDateText(report.scanDate),
+                          forTerminal(report.reportType),
+                          report.findings ? "found " + std::to_string(report.findings) : "clean",
+                          relativeDateStringForDate(report.scanDate, now),
+                          forTerminal(report.scanDuration)});
         }
         console.out << table.text();
-        if (list.empty() && host.hasLogged())
+        if (list->empty() && host.hasLogged())
             return int{kFailed}; // the list could not be read, and that has been said
-        if (list.empty())
+        if (list->empty())
             console.say("no reports yet; pryvane-cli scan makes one");
         return int{kDone};
     });
@@ -220,9 +222,8 @@ void printChanges(const Console& console, const char* sign, const SpywareList& l
 int compareReports(const ReportArguments& arguments, const Console& console)
 {
     return withStore(console, arguments, StoreUse::Read, [&](Host&, DefaultMethods& store) {
-        const ReportList list = store.loadListReportWithKey(preferences::kSaveReport);
-        const auto older = findReport(list, arguments.id);
-        const auto newer = findReport(list, arguments.otherId);
+        const auto older = findReport(store, arguments.id);
+        const auto newer = findReport(store, arguments.otherId);
         if (!older)
             return console.fail(older.error().message);
         if (!newer)

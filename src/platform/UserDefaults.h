@@ -11,6 +11,8 @@
 
 namespace pryvane {
 
+class ReportStore;
+
 /// A preference as stored.
 using PreferenceValue = std::variant<bool, std::int64_t, Date, std::string, Bytes, double>;
 
@@ -36,6 +38,9 @@ public:
     /// Moves a damaged value to a dated key of its own, where a later look can find it. May be
     /// called from inside a change of that key, and is then stored together with it.
     virtual Result<Done> setAside(std::string_view key) = 0;
+
+    /// The list of reports, which is kept with the preferences.
+    [[nodiscard]] virtual ReportStore& reports() = 0;
 
     [[nodiscard]] bool contains(std::string_view key) { return objectForKey(key).has_value(); }
 

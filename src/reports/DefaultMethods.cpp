@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "platform/Clock.h"
 #include "platform/Log.h"
+#include "platform/ReportStore.h"
 #include "platform/UserDefaults.h"
 #include "reports/RecordAvailability.h"
 #include "reports/ReportCodec.h"
@@ -13,25 +14,85 @@ namespace pryvane {
 
 namespace {
 
-auto firstOfIdentity(ReportList& list, std::string_view reportId)
+constexpr std::string_view kOlder = preferences::kSaveReport;
+
+NewReport rowFor(const SpywareScanReport& report)
 {
-    return std::find_if(list.begin(), list.end(),
-                        [&](const auto& report) { return report->reportId == reportId; });
+    return {report.reportId, encodeFacts(report),
+            [&report](const PieceSink& sink) { return encodeReport(report, sink); }};
+}
+
+ReportFacts factsOf(const SpywareScanReport& report)
+{
+    auto facts = decodeFacts(encodeFacts(report));
+    return facts ? std::move(facts).value() : ReportFacts();
 }
 
 } // namespace
 
 DefaultMethods::DefaultMethods(UserDefaults& defaults, FileSystem& disk, Clock& clock, Log& log)
-    : m_defaults(defaults), m_disk(disk), m_clock(clock), m_log(log)
+    : m_defaults(defaults), m_reports(defaults.reports()), m_disk(disk), m_clock(clock), m_log(log)
 {
 }
 
-Result<Done> DefaultMethods::saveListReport(const ReportList& list, std::string_view key)
+Result<std::vector<ReportFacts>> DefaultMethods::listReports()
 {
-    return edit(key, [&](ReportList& stored) {
-        stored = list;
-        return true;
-    });
+    std::vector<ReportFacts> list;
+    if (const auto older = olderList()) {
+        for (const auto& report : *older)
+            list.push_back(factsOf(*report));
+        return list;
+    }
+    const auto rows = m_reports.list();
+    if (!rows)
+        return rows.error();
+    list.reserve(rows->size());
+    for (const StoredReport& row : *rows) {
+        auto facts = decodeFacts(row.facts);
+        if (facts)
+            list.push_back(std::move(facts).value());
+        else
+            tellDamage("The stored report " + row.id, facts.error());
+    }
+    return list;
+}
+
+Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::loadReport(std::string_view reportId)
+{
+    const auto found = [&]() -> Result<std::shared_ptr<SpywareScanReport>> {
+        if (const auto older = olderList()) {
+            for (const auto& report : *older) {
+                if (report->reportId == reportId)
+                    return report;
+            }
+        } else {
+            const auto rows = m_reports.list();
+            if (!rows)
+                return rows.error();
+            for (const StoredReport& row : *rows) {
+                if (row.id != reportId)
+                    continue;
+                auto report = readNewest(row);
+                if (!report || *report)
+                    return report;
+                break;
+            }
+        }
+        return Error{"The report " + forScreen(reportId) + " is not stored any more."};
+    }();
+    if (found) {
+        (*found)->derive(m_clock.now());
+        followDisk({*found}, m_disk);
+    }
+    return found;
+}
+
+Result<Done> DefaultMethods::saveListReport(const ReportList& list, std::string_view /*key*/)
+{
+    auto ready = takeOver();
+    return told(
+        ready ? m_reports.replaceAll(list.size(), [&](std::size_t i) { return rowFor(*list[i]); })
+              : ready);
 }
 
 ReportList DefaultMethods::loadListReportWithKey(std::string_view key)
@@ -41,94 +102,165 @@ ReportList DefaultMethods::loadListReportWithKey(std::string_view key)
     return list;
 }
 
-ReportList DefaultMethods::loadListReportWithoutDisk(std::string_view key)
-{
-    const auto stored = m_defaults.getBytes(key);
-    if (!stored)
-        return {};
-    auto list = decodeReports(stored->data);
-    if (!list) {
-        tellDamage(key, list.error());
-        return {};
-    }
-    const Date now = m_clock.now();
-    for (const auto& report : *list)
-        report->derive(now);
-    return std::move(list).value();
-}
-
-Result<ReportList>
-DefaultMethods::updateReportInDefaults(const std::shared_ptr<SpywareScanReport>& report)
+ReportList DefaultMethods::loadListReportWithoutDisk(std::string_view /*key*/)
 {
     ReportList list;
-    const auto stored = edit(preferences::kSaveReport, [&](ReportList& current) {
-        if (const auto same = firstOfIdentity(current, report->reportId); same != current.end())
-            current.erase(same);
-        current.insert(current.begin(), report);
-        list = current;
-        return true;
-    });
-    if (!stored)
-        return stored.error();
-
-    // The given report stays as its owner has it; the others are fresh from the store.
-    const ReportList others(list.begin() + 1, list.end());
+    if (auto older = olderList()) {
+        list = std::move(*older);
+    } else {
+        const auto rows = m_reports.list();
+        if (!rows) {
+            m_log.line(rows.error().message);
+            return list;
+        }
+        list.reserve(rows->size());
+        for (const StoredReport& row : *rows) {
+            auto report = readNewest(row);
+            if (report && *report)
+                list.push_back(std::move(report).value());
+            else if (!report)
+                tellDamage("The stored report " + row.id, report.error());
+        }
+    }
     const Date now = m_clock.now();
-    for (const auto& other : others)
-        other->derive(now);
-    followDisk(others, m_disk);
+    for (const auto& report : list)
+        report->derive(now);
     return list;
+}
+
+Result<Done>
+DefaultMethods::updateReportInDefaults(const std::shared_ptr<SpywareScanReport>& report)
+{
+    auto ready = takeOver();
+    return told(ready ? m_reports.put(rowFor(*report)) : ready);
 }
 
 Result<bool> DefaultMethods::deleteReport(std::string_view reportId)
 {
-    bool found = false;
-    const auto stored = edit(preferences::kSaveReport, [&](ReportList& list) {
-        const auto report = firstOfIdentity(list, reportId);
-        found = report != list.end();
-        if (found)
-            list.erase(report);
-        return found;
-    });
+    if (const auto ready = takeOver(); !ready)
+        return ready.error();
+    return m_reports.remove(reportId);
+}
+
+std::optional<ReportList> DefaultMethods::olderList()
+{
+    const auto stored = m_defaults.getBytes(kOlder);
     if (!stored)
-        return stored.error();
-    return found;
+        return std::nullopt;
+    auto list = decodeReports(stored->data);
+    if (list)
+        return std::move(list).value();
+    tellDamage("The list of reports of an earlier version", list.error());
+    return std::nullopt;
 }
 
-Result<Done> DefaultMethods::edit(std::string_view key, const Edit& edit)
+/// Moves the list of an earlier version into rows, once. The older value goes when the rows have
+/// been read back; as long as it is there, it is the list, so a crash in between changes nothing.
+Result<Done> DefaultMethods::takeOver()
 {
-    std::optional<Error> failure;
-    const auto change = [&](const std::optional<Bytes>& stored) -> std::optional<Bytes> {
-        Result<ReportList> list = stored ? decodeReports(stored->data) : ReportList();
-        const bool damaged = !list.ok();
-        if (damaged) {
-            tellDamage(key, list.error());
-            list = ReportList();
-        }
-        if (!edit(*list))
-            return std::nullopt;
-        if (damaged) {
-            if (const auto aside = m_defaults.setAside(key); !aside) {
-                failure = aside.error();
-                return std::nullopt;
-            }
-        }
-        return Bytes{encodeReports(*list)};
-    };
-    const auto stored = m_defaults.updateBytes(key, change);
-    if (!failure && !stored)
-        failure = stored.error();
-    if (!failure)
+    if (!m_defaults.contains(kOlder))
         return Done{};
-    m_log.line("The reports were not saved. " + failure->message);
-    return *failure;
+    std::optional<Error> failure;
+    bool damaged = false;
+    const auto fill = [&](const std::optional<Bytes>& stored) -> std::optional<Bytes> {
+        const auto list = stored ? decodeReports(stored->data) : ReportList();
+        damaged = !list;
+        if (damaged)
+            tellDamage("The list of reports of an earlier version", list.error());
+        Result<Done> done = Done{};
+        if (damaged)
+            done = m_defaults.setAside(kOlder);
+        else if (stored)
+            done = m_reports.replaceAll(list->size(),
+                                        [&](std::size_t i) { return rowFor(*(*list)[i]); });
+        if (!done)
+            failure = done.error();
+        return std::nullopt;
+    };
+    const auto finish = [&](const std::optional<Bytes>& stored) -> std::optional<Bytes> {
+        const auto list = stored ? decodeReports(stored->data) : ReportList();
+        if (!stored || !list)
+            return std::nullopt;
+        failure = sameInRows(*list);
+        if (!failure) {
+            if (const auto removed = m_defaults.removeObject(kOlder); !removed)
+                failure = removed.error();
+        }
+        return std::nullopt;
+    };
+    auto outcome = m_defaults.updateBytes(kOlder, fill);
+    if (outcome && !failure && !damaged)
+        outcome = m_defaults.updateBytes(kOlder, finish);
+    return failure ? Result<Done>(*failure) : outcome;
 }
 
-void DefaultMethods::tellDamage(std::string_view key, const Error& error)
+/// Why the rows are not that list.
+std::optional<Error> DefaultMethods::sameInRows(const ReportList& list)
 {
-    if (m_toldDamage.emplace(key).second)
-        m_log.line("The stored reports under " + forScreen(key) + " are damaged (" + error.message +
-                   "); the list starts afresh, and the next save keeps a copy of them.");
+    const auto rows = m_reports.list();
+    if (!rows)
+        return rows.error();
+    bool same = rows->size() == list.size();
+    for (std::size_t i = 0; same && i < list.size(); ++i) {
+        const auto report = read((*rows)[i]);
+        same = report && encodeReports({*report}) == encodeReports({list[i]}) &&
+               (*rows)[i].facts == encodeFacts(*list[i]);
+    }
+    if (same)
+        return std::nullopt;
+    return Error{"The reports of an earlier version could not be taken over; they stay as they "
+                 "are. Check the disk and try again."};
+}
+
+Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::read(const StoredReport& row)
+{
+    ReportDecoder decoder;
+    for (std::int64_t number = 0; !decoder.isWhole(); ++number) {
+        const auto piece = m_reports.piece(row.place, number);
+        if (!piece)
+            return piece.error();
+        if (!*piece || !decoder.add(**piece))
+            return Error{"The report " + forScreen(row.id) + " is damaged: its piece " +
+                         std::to_string(number + 1) +
+                         (*piece ? " is none of a report." : " is missing.")};
+    }
+    return decoder.report();
+}
+
+/// The report of a row that another program may replace or take out while it is read; none once it
+/// is gone.
+Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::readNewest(StoredReport row)
+{
+    constexpr int kTries = 100;
+    for (int tries = 1;; ++tries) {
+        auto report = read(row);
+        if (report)
+            return report;
+        const auto rows = m_reports.list();
+        if (!rows)
+            return rows.error();
+        const auto same = std::ranges::find(*rows, row.id, &StoredReport::id);
+        if (same == rows->end())
+            return std::shared_ptr<SpywareScanReport>();
+        if (tries == kTries ||
+            std::ranges::find(*rows, row.place, &StoredReport::place) != rows->end())
+            return report;
+        row = *same;
+    }
+}
+
+Result<Done> DefaultMethods::told(Result<Done> outcome)
+{
+    if (!outcome)
+        m_log.line("The reports were not saved. " + outcome.error().message);
+    return outcome;
+}
+
+void DefaultMethods::tellDamage(std::string_view what, const Error& error)
+{
+    if (m_toldDamage.emplace(what).second)
+        m_log.line(forScreen(what) + " cannot be read and is left out (" + error.message +
+                   "); it stays stored.");
 }
 
 } // namespace pryvane

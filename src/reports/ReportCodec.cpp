@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace pryvane {
@@ -21,7 +22,8 @@ namespace key {
 constexpr std::string_view kSpyWareCount = "spyWareCount", kReportType = "reportType",
                            kScanDate = "scanDate", kSpyWareList = "spyWareList",
                            kScanDuration = "scanDuration", kReportId = "reportId", kIsRed = "isRed",
-                           kVolume = "volume", kCoverage = "coverage";
+                           kVolume = "volume", kCoverage = "coverage", kFindings = "findings",
+                           kThreats = "threats";
 constexpr std::string_view kName = "name", kIsChecked = "isChecked", kInfections = "infections",
                            kSize = "size", kUrl = "url", kRisk = "risk", kPath = "path",
                            kKind = "kind";
@@ -119,7 +121,13 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
         else
             in.skip();
     }
-    record->url = path ? FileURL::fileURLWithPath(*path) : FileURL::fromUrlText(url);
+    // No file has a NUL in its path, and the system would take that for a shorter one that may be
+    // another file.
+    const bool isNone = path ? path->find('\0') != std::string_view::npos
+                             : url.find('\0') != std::string_view::npos ||
+                                   url.find("%00") != std::string_view::npos;
+    if (!isNone)
+        record->url = path ? FileURL::fileURLWithPath(*path) : FileURL::fromUrlText(url);
     return record;
 }
 
@@ -217,27 +225,41 @@ ScanCoverage readCoverage(CborReader& in)
     return coverage;
 }
 
-void writeReport(CborWriter& out, const SpywareScanReport& report)
+/// What both forms of a report have in common; the list and its count are still to be written.
+void writeHead(CborWriter& out, const SpywareScanReport& report)
 {
-    out.map(9);
     out.text(key::kSpyWareCount)
         .integer(static_cast<std::int64_t>(report.spyWareCount & kCountMask));
     out.text(key::kReportType).textOrBytes(report.reportType);
     out.text(key::kScanDate);
     writeDate(out, report.scanDate);
-    out.text(key::kSpyWareList).array(report.spyWareList->size());
-    for (const auto& record : *report.spyWareList)
-        writeRecord(out, *record);
     out.text(key::kScanDuration).textOrBytes(report.scanDuration);
     out.text(key::kReportId).textOrBytes(report.reportId);
     out.text(key::kIsRed).boolean(report.isRed);
     out.text(key::kVolume).bytes(report.volume);
+}
+
+void writeReport(CborWriter& out, const SpywareScanReport& report)
+{
+    out.map(9);
+    writeHead(out, report);
     out.text(key::kCoverage);
     writeCoverage(out, report.coverage);
+    out.text(key::kSpyWareList).array(report.spyWareList->size());
+    for (const auto& record : *report.spyWareList)
+        writeRecord(out, *record);
+}
+
+void readRecords(CborReader& in, SpywareList& records)
+{
+    auto elements = in.array();
+    while (in.more(elements))
+        records.push_back(readRecord(in));
 }
 
 /// `complete` tells whether the map held what makes a report one.
-std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete)
+std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete,
+                                              std::uint64_t* findings = nullptr)
 {
     auto report = std::make_shared<SpywareScanReport>();
     bool hasList = false;
@@ -263,10 +285,10 @@ std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete)
         else if (key == key::kSpyWareList) {
             hasList = true;
             report->spyWareList->clear();
-            auto elements = in.array();
-            while (in.more(elements))
-                report->spyWareList->push_back(readRecord(in));
-        } else
+            readRecords(in, *report->spyWareList);
+        } else if (findings && key == key::kFindings)
+            *findings = static_cast<std::uint64_t>(in.integer());
+        else
             in.skip();
     }
     complete = hasList && !report->reportId.empty();
@@ -287,6 +309,116 @@ std::size_t estimatedSize(const ReportList& reports)
 }
 
 } // namespace
+
+Result<Done> encodeReport(const SpywareScanReport& report, const PieceSink& sink)
+{
+    constexpr std::size_t kPiece = 1 << 20;
+    const SpywareList& records = *report.spyWareList;
+    std::string piece, body;
+    CborWriter head(piece), out(body);
+    for (std::size_t begun = 0, done = 0; begun == 0 || done < records.size(); begun = 1) {
+        body.clear();
+        const std::size_t first = done;
+        while (done < records.size() && body.size() < kPiece)
+            writeRecord(out, *records[done++]);
+        piece.clear();
+        if (begun == 0) {
+            head.tag(kSelfDescribedTag).map(10);
+            writeHead(head, report);
+            head.text(key::kCoverage);
+            writeCoverage(head, report.coverage);
+            head.text(key::kFindings).integer(static_cast<std::int64_t>(records.size()));
+            head.text(key::kSpyWareList);
+        }
+        head.array(done - first);
+        piece += body;
+        if (auto taken = sink(piece); !taken)
+            return taken;
+    }
+    return Done{};
+}
+
+bool ReportDecoder::add(std::string_view piece)
+{
+    if (m_damaged || isWhole())
+        return false;
+    CborReader in(piece);
+    bool complete = true;
+    if (m_report) {
+        const std::size_t before = m_report->spyWareList->size();
+        readRecords(in, *m_report->spyWareList);
+        complete = m_report->spyWareList->size() > before;
+    } else {
+        static_cast<void>(in.takeTag(kSelfDescribedTag));
+        m_report = readReport(in, complete, &m_findings);
+    }
+    m_damaged = !complete || !in.finished() || m_report->spyWareList->size() > m_findings;
+    return !m_damaged;
+}
+
+bool ReportDecoder::isWhole() const
+{
+    return m_report && !m_damaged && m_report->spyWareList->size() == m_findings;
+}
+
+std::shared_ptr<SpywareScanReport> ReportDecoder::report() const
+{
+    return isWhole() ? m_report : nullptr;
+}
+
+std::string encodeFacts(const SpywareScanReport& report)
+{
+    std::set<std::string_view> names;
+    std::vector<std::string_view> threats;
+    for (const auto& record : *report.spyWareList) {
+        if (names.insert(record->infections).second)
+            threats.push_back(record->infections);
+    }
+    std::string bytes;
+    CborWriter out(bytes);
+    out.tag(kSelfDescribedTag).map(9);
+    writeHead(out, report);
+    out.text(key::kFindings).integer(static_cast<std::int64_t>(report.spyWareList->size()));
+    out.text(key::kThreats).array(threats.size());
+    for (const auto threat : threats)
+        out.textOrBytes(threat);
+    return bytes;
+}
+
+Result<ReportFacts> decodeFacts(std::string_view bytes)
+{
+    CborReader in(bytes);
+    ReportFacts facts;
+    static_cast<void>(in.takeTag(kSelfDescribedTag));
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kSpyWareCount)
+            facts.spyWareCount = static_cast<std::uint64_t>(in.integer()) & kCountMask;
+        else if (key == key::kReportType)
+            facts.reportType = in.string();
+        else if (key == key::kScanDate)
+            facts.scanDate = readDate(in);
+        else if (key == key::kScanDuration)
+            facts.scanDuration = in.string();
+        else if (key == key::kReportId)
+            facts.reportId = in.string();
+        else if (key == key::kIsRed)
+            facts.isRed = in.boolean();
+        else if (key == key::kVolume)
+            facts.volume = in.string();
+        else if (key == key::kFindings)
+            facts.findings = static_cast<std::uint64_t>(std::max<std::int64_t>(in.integer(), 0));
+        else if (key == key::kThreats)
+            facts.threats = readNames(in);
+        else
+            in.skip();
+    }
+    if (!in.finished() || facts.reportId.empty())
+        return Error{"not the facts of a report at byte " + std::to_string(in.offset()) + " of " +
+                     std::to_string(bytes.size())};
+    return facts;
+}
 
 std::string encodeReports(const ReportList& reports)
 {

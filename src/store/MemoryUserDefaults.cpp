@@ -1,5 +1,7 @@
 #include "store/MemoryUserDefaults.h"
 
+#include <algorithm>
+
 namespace pryvane {
 
 std::optional<PreferenceValue> MemoryUserDefaults::objectForKey(std::string_view key)
@@ -47,6 +49,78 @@ Result<Done> MemoryUserDefaults::setAside(std::string_view key)
     node.key() += ".damaged";
     m_values.insert(std::move(node));
     return Done{};
+}
+
+Result<std::vector<StoredReport>> MemoryReportStore::list()
+{
+    const std::lock_guard lock(m_mutex);
+    std::vector<StoredReport> rows;
+    for (const auto& [place, held] : m_list)
+        rows.push_back(held.row);
+    return rows;
+}
+
+Result<std::optional<std::string>> MemoryReportStore::piece(std::int64_t place, std::int64_t number)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto held = m_list.find(place);
+    const auto index = static_cast<std::size_t>(number);
+    if (held == m_list.end() || index >= held->second.pieces.size())
+        return std::optional<std::string>();
+    return std::optional(held->second.pieces[index]);
+}
+
+Result<Done> MemoryReportStore::put(const NewReport& report)
+{
+    const std::lock_guard lock(m_mutex);
+    List list = m_list;
+    if (const auto older = newest(list, report.id); older != list.end())
+        list.erase(older);
+    if (const auto inserted = insert(list, report); !inserted)
+        return inserted;
+    m_list.swap(list);
+    return Done{};
+}
+
+Result<bool> MemoryReportStore::remove(std::string_view id)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto found = newest(m_list, id);
+    if (found == m_list.end())
+        return false;
+    m_list.erase(found);
+    return true;
+}
+
+Result<Done> MemoryReportStore::replaceAll(std::size_t count,
+                                           const std::function<NewReport(std::size_t)>& at)
+{
+    const std::lock_guard lock(m_mutex);
+    List list;
+    for (std::size_t i = count; i-- > 0;) {
+        if (const auto inserted = insert(list, at(i)); !inserted)
+            return inserted;
+    }
+    m_list.swap(list);
+    return Done{};
+}
+
+Result<Done> MemoryReportStore::insert(List& list, const NewReport& report)
+{
+    Held held{{++m_lastPlace, report.id, report.facts}, {}};
+    const auto written = report.write([&](std::string_view piece) -> Result<Done> {
+        held.pieces.emplace_back(piece);
+        return Done{};
+    });
+    if (written)
+        list.emplace(held.row.place, std::move(held));
+    return written;
+}
+
+MemoryReportStore::List::iterator MemoryReportStore::newest(List& list, std::string_view id)
+{
+    return std::find_if(list.begin(), list.end(),
+                        [&](const auto& entry) { return entry.second.row.id == id; });
 }
 
 } // namespace pryvane

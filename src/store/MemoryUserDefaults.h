@@ -1,11 +1,37 @@
 #pragma once
 
+#include "platform/ReportStore.h"
 #include "platform/UserDefaults.h"
 
 #include <map>
 #include <mutex>
 
 namespace pryvane {
+
+/// Reports that live as long as the object.
+class MemoryReportStore final : public ReportStore {
+public:
+    [[nodiscard]] Result<std::vector<StoredReport>> list() override;
+    [[nodiscard]] Result<std::optional<std::string>> piece(std::int64_t place,
+                                                           std::int64_t number) override;
+    Result<Done> put(const NewReport& report) override;
+    Result<bool> remove(std::string_view id) override;
+    Result<Done> replaceAll(std::size_t count,
+                            const std::function<NewReport(std::size_t)>& at) override;
+
+private:
+    struct Held {
+        StoredReport row;
+        std::vector<std::string> pieces;
+    };
+    using List = std::map<std::int64_t, Held, std::greater<>>; // newest first
+    [[nodiscard]] Result<Done> insert(List& list, const NewReport& report);
+    [[nodiscard]] static List::iterator newest(List& list, std::string_view id);
+
+    std::recursive_mutex m_mutex;
+    List m_list;                  // guarded by m_mutex
+    std::int64_t m_lastPlace = 0; // guarded by m_mutex
+};
 
 /// Preferences that live as long as the object: for scans that must leave no trace, and for tests.
 class MemoryUserDefaults final : public UserDefaults {
@@ -15,10 +41,12 @@ public:
     Result<Done> removeObject(std::string_view key) override;
     Result<Done> updateBytes(std::string_view key, const Change& change) override;
     Result<Done> setAside(std::string_view key) override;
+    [[nodiscard]] ReportStore& reports() override { return m_reports; }
 
 private:
     std::recursive_mutex m_mutex; ///< recursive: a change may set the old value aside
     std::map<std::string, PreferenceValue, std::less<>> m_values; // guarded by m_mutex
+    MemoryReportStore m_reports;
 };
 
 } // namespace pryvane

@@ -62,6 +62,17 @@ int SqliteStatement::step()
     return m_code == SQLITE_OK ? sqlite3_step(m_statement.get()) : m_code;
 }
 
+SqliteStatement& SqliteStatement::again()
+{
+    if (!m_statement)
+        return *this;
+    sqlite3_reset(m_statement.get()); // gives the last step's failure once more
+    sqlite3_clear_bindings(m_statement.get());
+    m_code = SQLITE_OK;
+    m_bound = 0;
+    return *this;
+}
+
 int SqliteStatement::columnType(int column) const
 {
     return sqlite3_column_type(m_statement.get(), column);
@@ -88,20 +99,25 @@ bool SqliteStatement::bytesColumn(int column, std::string& bytes) const
 }
 
 SqliteTransaction::SqliteTransaction(const SqliteConnection& connection)
-    : m_connection(connection), m_code(connection.execute("BEGIN IMMEDIATE"))
+    : m_connection(connection), m_isInner(sqlite3_get_autocommit(connection.handle()) == 0),
+      m_isOpen(false), m_code(connection.execute(m_isInner ? "SAVEPOINT part" : "BEGIN IMMEDIATE"))
 {
+    m_isOpen = m_code == SQLITE_OK;
 }
 
 SqliteTransaction::~SqliteTransaction()
 {
     // SQLite has rolled back by itself after some failures; then there is nothing left to do.
-    if (m_code == SQLITE_OK && sqlite3_get_autocommit(m_connection.handle()) == 0)
-        static_cast<void>(m_connection.execute("ROLLBACK"));
+    if (m_isOpen && sqlite3_get_autocommit(m_connection.handle()) == 0)
+        static_cast<void>(
+            m_connection.execute(m_isInner ? "ROLLBACK TO part; RELEASE part" : "ROLLBACK"));
 }
 
 int SqliteTransaction::commit()
 {
-    return m_connection.execute("COMMIT");
+    const int code = m_connection.execute(m_isInner ? "RELEASE part" : "COMMIT");
+    m_isOpen = code != SQLITE_OK;
+    return code;
 }
 
 } // namespace pryvane

@@ -45,6 +45,12 @@ public:
     /// SQLITE_ROW, SQLITE_DONE, or what went wrong.
     [[nodiscard]] int step();
 
+    /// Whether it could not even be prepared.
+    [[nodiscard]] bool isUnusable() const { return !m_statement; }
+
+    /// Ready to be bound and run again; holds nothing of the file until then.
+    SqliteStatement& again();
+
     [[nodiscard]] int columnType(int column) const;
     [[nodiscard]] std::int64_t integerColumn(int column) const;
     [[nodiscard]] double realColumn(int column) const;
@@ -61,7 +67,7 @@ private:
 };
 
 /// A write transaction that holds off all other writers from its beginning, and is rolled back
-/// unless it was committed.
+/// unless it was committed. Inside another one it is a part of that, and rolled back alone.
 class SqliteTransaction {
 public:
     explicit SqliteTransaction(const SqliteConnection& connection);
@@ -75,6 +81,8 @@ public:
 
 private:
     const SqliteConnection& m_connection;
+    const bool m_isInner;
+    bool m_isOpen;
     int m_code;
 };
 

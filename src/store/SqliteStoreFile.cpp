@@ -14,10 +14,18 @@ namespace pryvane {
 
 namespace {
 
-/// One tree holds everything, so that no index can disagree with its table.
-constexpr std::string_view kSchema = "CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, "
-                                     "type TEXT NOT NULL, value NOT NULL) WITHOUT ROWID";
-constexpr std::int64_t kSchemaVersion = 1;
+/// No table has an index of its own, so that no index can disagree with its table.
+constexpr std::string_view kPreferences = "CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, "
+                                          "type TEXT NOT NULL, value NOT NULL) WITHOUT ROWID";
+/// AUTOINCREMENT: no place is given twice.
+constexpr std::string_view kReports = "CREATE TABLE report(place INTEGER PRIMARY KEY "
+                                      "AUTOINCREMENT, id TEXT NOT NULL, facts BLOB NOT NULL)";
+constexpr std::string_view kPieces =
+    "CREATE TABLE report_piece(report INTEGER NOT NULL, number INTEGER NOT NULL, "
+    "value BLOB NOT NULL, PRIMARY KEY(report, number)) WITHOUT ROWID";
+constexpr std::string_view kSequence = "CREATE TABLE sqlite_sequence(name,seq)"; // SQLite's own
+constexpr std::int64_t kSchemaVersion = 2;
+constexpr std::int64_t kWithoutReports = 1; ///< the version that kept them as one preference
 
 /// The file's application id: "Py", and the schema version once more, so that a damaged version
 /// number cannot pass for a later program's file.
@@ -31,6 +39,7 @@ struct Attempt {
     std::optional<SqliteConnection> sound;
     std::optional<std::string> damage;
     std::optional<Error> error;
+    bool holdsReports = false;
     bool cutOff = false; ///< the damage is a save that was cut off, which writing would undo
 };
 
@@ -102,7 +111,7 @@ int readText(const SqliteConnection& connection, std::string_view sql, std::stri
 /// Looks the whole file over: header, pages, and that it holds our table and nothing else.
 Attempt checked(SqliteConnection connection, const std::string& path)
 {
-    std::int64_t version = 0, application = 0, tables = 0;
+    std::int64_t version = 0, application = 0;
     for (const auto& [sql, value] : {std::pair{"PRAGMA user_version", &version},
                                      std::pair{"PRAGMA application_id", &application}}) {
         if (const int code = readInteger(connection, sql, *value); code != SQLITE_ROW)
@@ -128,15 +137,37 @@ Attempt checked(SqliteConnection connection, const std::string& path)
             return failed(connection, path, SQLITE_CORRUPT);
         return {{}, verdict, {}};
     }
-    const int counted = readInteger(connection, "SELECT count(*) FROM sqlite_master", tables);
-    if (counted != SQLITE_ROW)
-        return failed(connection, path, counted);
-    const int read = readText(connection, "SELECT sql FROM sqlite_master", schema);
-    if (read != SQLITE_ROW && read != SQLITE_DONE)
+    const std::string expected = version == kWithoutReports
+                                     ? std::string(kPreferences)
+                                     : std::string(kPreferences) + "\n" + std::string(kReports) +
+                                           "\n" + std::string(kPieces) + "\n" +
+                                           std::string(kSequence);
+    const int read = readText(
+        connection,
+        "SELECT group_concat(sql, char(10)) FROM (SELECT sql FROM sqlite_master ORDER BY name)",
+        schema);
+    if (read != SQLITE_ROW)
         return failed(connection, path, read);
-    if (tables != 1 || schema != kSchema)
-        return {{}, "its table is not the expected one", {}};
-    return {std::move(connection), {}, {}};
+    if (schema != expected)
+        return {{}, "its tables are not the expected ones", {}};
+    Attempt attempt;
+    attempt.holdsReports = version != kWithoutReports;
+    attempt.sound = std::move(connection);
+    return attempt;
+}
+
+/// Makes the tables that the file does not have yet, and states its version.
+int setUp(const SqliteConnection& connection, bool hasPreferences)
+{
+    SqliteTransaction transaction(connection);
+    std::string sql = hasPreferences ? "" : std::string(kPreferences) + ";";
+    sql += std::string(kReports) + ";" + std::string(kPieces) +
+           ";PRAGMA user_version=" + std::to_string(kSchemaVersion) +
+           ";PRAGMA application_id=" + std::to_string(applicationId(kSchemaVersion));
+    int code = transaction.code();
+    if (code == SQLITE_OK)
+        code = connection.execute(sql.c_str());
+    return code == SQLITE_OK ? transaction.commit() : code;
 }
 
 Attempt openChecked(const std::string& path, int flags)
@@ -158,8 +189,14 @@ Attempt openChecked(const std::string& path, int flags)
         return failed(*attempt.sound, path, code);
     if (mode != "delete")
         return {{}, {}, storeError("open the preferences", path, SQLITE_BUSY)};
-    if (sqlite3_db_readonly(attempt.sound->handle(), "main") == 0)
-        return attempt;
+    if (sqlite3_db_readonly(attempt.sound->handle(), "main") == 0) {
+        if (!attempt.holdsReports)
+            code = setUp(*attempt.sound, true);
+        attempt.holdsReports = true;
+        if (code == SQLITE_ROW || code == SQLITE_OK)
+            return attempt;
+        return {{}, {}, storeError("bring the preferences up to date", path, code)};
+    }
     // Our own permissions were looked at before, so it is the file's header that forbids writing.
     return {{}, "its header forbids writing", {}};
 }
@@ -179,19 +216,14 @@ Attempt create(const std::string& path)
         path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_FULLMUTEX, code);
     if (code == SQLITE_OK)
         code = configure(connection);
-    if (code == SQLITE_OK) {
-        SqliteTransaction transaction(connection);
-        const std::string setUp =
-            std::string(kSchema) + "; PRAGMA user_version=" + std::to_string(kSchemaVersion) +
-            "; PRAGMA application_id=" + std::to_string(applicationId(kSchemaVersion));
-        code = transaction.code();
-        if (code == SQLITE_OK)
-            code = connection.execute(setUp.c_str());
-        if (code == SQLITE_OK)
-            code = transaction.commit();
-    }
     if (code == SQLITE_OK)
-        return {std::move(connection), {}, {}};
+        code = setUp(connection, false);
+    if (code == SQLITE_OK) {
+        Attempt attempt;
+        attempt.sound = std::move(connection);
+        attempt.holdsReports = true;
+        return attempt;
+    }
     connection = {};
     ::unlink(path.c_str()); // nothing is in it, and an empty file would look like a loss
     return {{}, {}, storeError("make the preferences file", path, code)};
@@ -202,7 +234,7 @@ Result<OpenedStore> outcome(Attempt attempt, const std::string& path,
 {
     if (attempt.error)
         return *attempt.error;
-    return OpenedStore{std::move(*attempt.sound), path, std::move(notice)};
+    return OpenedStore{std::move(*attempt.sound), path, attempt.holdsReports, std::move(notice)};
 }
 
 /// What stands in the file, without taking a failing disk for damage: damaged is only what was read
@@ -294,7 +326,7 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cu
     if (!found)
         return found.error();
     if (*found == InPlace::Nothing)
-        return OpenedStore{{}, path, {}};
+        return OpenedStore{{}, path, false, {}};
 
     Attempt attempt = judged(path, *found, SQLITE_OPEN_READONLY);
     if (attempt.cutOff && cutOff == CutOffSave::Undo) {
@@ -305,6 +337,7 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cu
         return outcome(std::move(attempt), path, {});
     return OpenedStore{{},
                        path,
+                       false,
                        "The preferences in " + forScreen(path) + " cannot be read (" +
                            forScreen(*attempt.damage) + "). Nothing was changed."};
 }

@@ -15,6 +15,7 @@ class Log;
 struct OpenedStore {
     SqliteConnection connection;       ///< none where a read-only opening found nothing to read
     std::string path;                  ///< of the file
+    bool holdsReports = false;         ///< whether it has the tables of the report list yet
     std::optional<std::string> notice; ///< what the person must be told once
 };
 

@@ -68,7 +68,8 @@ std::optional<PreferenceValue> valueColumns(const SqliteStatement& statement)
 } // namespace
 
 SqliteUserDefaults::SqliteUserDefaults(OpenedStore store, Access access, Log& log)
-    : m_log(log), m_access(access), m_store(std::make_unique<OpenedStore>(std::move(store)))
+    : m_log(log), m_access(access), m_store(std::make_unique<OpenedStore>(std::move(store))),
+      m_reports(*m_store, m_mutex, access == Access::ReadOnly)
 {
 }
 
@@ -137,8 +138,6 @@ Result<Done> SqliteUserDefaults::setAside(std::string_view key)
     const std::lock_guard lock(m_mutex);
     if (m_access == Access::ReadOnly)
         return saved(SQLITE_READONLY);
-    if (sqlite3_get_autocommit(m_store->connection.handle()) == 0)
-        return saved(moveAside(key)); // inside a change, which commits it
     SqliteTransaction transaction(m_store->connection);
     int code = transaction.code();
     if (code == SQLITE_OK)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/UserDefaults.h"
+#include "store/SqliteReportStore.h"
 #include "store/SqliteStoreFile.h"
 
 #include <memory>
@@ -42,6 +43,7 @@ public:
     Result<Done> removeObject(std::string_view key) override;
     Result<Done> updateBytes(std::string_view key, const Change& change) override;
     Result<Done> setAside(std::string_view key) override;
+    [[nodiscard]] ReportStore& reports() override { return m_reports; }
 
 private:
     enum class Access : std::uint8_t { ReadOnly, ReadWrite };
@@ -59,6 +61,7 @@ private:
     const Access m_access;
     std::recursive_mutex m_mutex; ///< recursive: a change may set the old value aside
     std::unique_ptr<OpenedStore> m_store;
+    SqliteReportStore m_reports;
 };
 
 } // namespace pryvane

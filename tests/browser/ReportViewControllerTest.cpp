@@ -174,7 +174,7 @@ TEST_F(ReportViewControllerTest, OpensTheReportThatTheScanScreenHandsOver)
     EXPECT_FALSE(host.print);
 
     // With nothing stored there is no list to go back to.
-    ASSERT_TRUE(defaults.removeObject(preferences::kSaveReport));
+    ASSERT_TRUE(methods.saveListReport({}, preferences::kSaveReport));
     browser.viewWillAppear();
     notifications.post(NotificationName::RefreshReport, std::any(report));
     settle();

@@ -60,6 +60,17 @@ TEST(ReportCodec, KeepsNamesOfAnyBytes)
     EXPECT_EQ(storedFields(*roundTrip(report)), storedFields(*report));
 }
 
+TEST(ReportCodec, APathWithANulIsNoPath)
+{
+    std::string bytes = encodeReports({reportOf({"/tmp/Xx"})});
+    const auto place = bytes.rfind("/tmp/Xx");
+    ASSERT_NE(place, std::string::npos);
+    bytes[place + 5] = '\0';
+    const auto back = decodeReports(bytes);
+    ASSERT_TRUE(back.ok());
+    EXPECT_EQ((*back->front()->spyWareList)[0]->url.relativePath(), "");
+}
+
 TEST(ReportCodec, StoresTheCountInEightBits)
 {
     struct Row {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <new>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <thread>
@@ -307,14 +308,79 @@ TEST_F(SqliteUserDefaultsTest, LeavesTheFileOfALaterVersionAlone)
     ASSERT_TRUE(open()->set(preferences::kScan, true).ok());
     std::string content = contentOf(file());
     constexpr std::size_t kUserVersion = 63, kApplicationId = 71; // their last bytes
-    ASSERT_EQ(content[kUserVersion], 1);
-    content[kUserVersion] = content[kApplicationId] = 2;
+    ASSERT_EQ(content[kUserVersion], 2);
+    content[kUserVersion] = content[kApplicationId] = 3;
     setContent(file(), content);
     const auto opened = SqliteUserDefaults::open(data(), log);
     ASSERT_FALSE(opened.ok());
     EXPECT_NE(opened.error().message.find("later version of Pryvane"), std::string::npos);
     EXPECT_EQ(contentOf(file()), content);
     EXPECT_EQ(namesIn(data()).size(), 1U);
+}
+
+TEST_F(SqliteUserDefaultsTest, BringsTheFileOfAnEarlierVersionUpToDate)
+{
+    folder.folder("share/Pryvane");
+    {
+        int code = SQLITE_OK;
+        const SqliteConnection connection(file(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, code);
+        ASSERT_EQ(connection.execute(
+                      "CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, type TEXT NOT NULL, "
+                      "value NOT NULL) WITHOUT ROWID;"
+                      "PRAGMA user_version=1; PRAGMA application_id=0x50790001;"
+                      "INSERT INTO preference VALUES('SaveReport', 'bytes', x'00ff')"),
+                  SQLITE_OK);
+    }
+    const std::string before = contentOf(file());
+    {
+        const auto reader = SqliteUserDefaults::openReadOnly(data(), log);
+        ASSERT_TRUE(reader.ok()) << reader.error().message;
+        EXPECT_EQ(reader->notice, std::nullopt);
+        EXPECT_EQ(reader->defaults->getBytes("SaveReport"), Bytes{"\0\xff"s});
+        EXPECT_TRUE(reader->defaults->reports().list()->empty());
+        EXPECT_FALSE(reader->defaults->reports().remove("any").ok());
+    }
+    EXPECT_EQ(contentOf(file()), before);
+    for (int times = 0; times < 2; ++times) {
+        const auto defaults = open();
+        EXPECT_EQ(defaults->getBytes("SaveReport"), Bytes{"\0\xff"s});
+        const auto put = defaults->reports().put(
+            {"id", "facts", [](const PieceSink& sink) { return sink("piece"); }});
+        EXPECT_TRUE(put.ok()) << put.error().message;
+        EXPECT_EQ(defaults->reports().list()->size(), 1U);
+    }
+}
+
+/// What a writer of a report does in the middle of it.
+TEST_F(SqliteUserDefaultsTest, AReportThatCannotBeWrittenLeavesTheListAsItWas)
+{
+    const auto defaults = open();
+    ReportStore& reports = defaults->reports();
+    ASSERT_TRUE(
+        reports.put({"old", "", [](const PieceSink& sink) { return sink("old piece"); }}).ok());
+    const auto fails = [](const PieceSink& sink) -> Result<Done> {
+        EXPECT_TRUE(sink("new piece").ok());
+        return Error{"no"};
+    };
+    const auto throws = [](const PieceSink& sink) -> Result<Done> {
+        EXPECT_TRUE(sink("new piece").ok());
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(reports.put({"old", "", fails}).error().message, "no");
+    EXPECT_THROW(static_cast<void>(reports.put({"old", "", throws})), std::bad_alloc);
+    EXPECT_THROW(static_cast<void>(
+                     defaults->updateBytes("k",
+                                           [&](auto) -> std::optional<Bytes> {
+                                               EXPECT_FALSE(reports.put({"old", "", fails}).ok());
+                                               EXPECT_TRUE(reports.remove("old").value());
+                                               throw std::bad_alloc();
+                                           })),
+                 std::bad_alloc);
+    const auto rows = reports.list();
+    ASSERT_TRUE(rows.ok() && rows->size() == 1);
+    EXPECT_EQ(*reports.piece(rows->front().place, 0), "old piece");
+    EXPECT_TRUE(openedStore(data(), log).defaults->set(preferences::kScan, true).ok())
+        << "a lock was left behind";
 }
 
 TEST_F(SqliteUserDefaultsTest, SaysWhenTheFolderMayNotBeWritten)

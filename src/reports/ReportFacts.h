@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/Texts.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pryvane {
+
+/// What a list shows of a stored report, without its findings.
+struct ReportFacts {
+    std::string reportId;
+    std::string reportType;
+    std::string scanDuration;
+    std::string volume; ///< identity of the volume that was scanned
+    Date scanDate{};
+    bool isRed = false;
+    std::uint64_t spyWareCount = 0;   ///< its low 8 bits
+    std::uint64_t findings = 0;       ///< all of them
+    std::vector<std::string> threats; ///< their names, each once
+};
+
+} // namespace pryvane

@@ -1,0 +1,165 @@
+#include "store/SqliteReportStore.h"
+
+#include "store/SqliteStoreFile.h"
+
+namespace pryvane {
+
+/// A statement that is kept prepared between its uses, and is at rest outside them.
+class SqliteReportStore::Statement {
+public:
+    Statement(std::optional<SqliteStatement>& kept, const SqliteConnection& connection,
+              std::string_view sql)
+        : m_kept(kept)
+    {
+        if (!m_kept || m_kept->isUnusable())
+            m_kept.emplace(connection, sql);
+    }
+    ~Statement() { m_kept->again(); }
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+    SqliteStatement* operator->() { return &*m_kept; }
+
+private:
+    std::optional<SqliteStatement>& m_kept;
+};
+
+const SqliteConnection& SqliteReportStore::connection() const
+{
+    return m_store.connection;
+}
+
+Result<std::vector<StoredReport>> SqliteReportStore::list()
+{
+    const std::lock_guard lock(m_mutex);
+    std::vector<StoredReport> reports;
+    if (!m_store.holdsReports)
+        return reports;
+    SqliteStatement rows(connection(), "SELECT place, id, facts FROM report ORDER BY place DESC");
+    int code = rows.step();
+    for (; code == SQLITE_ROW; code = rows.step()) {
+        StoredReport& report = reports.emplace_back();
+        report.place = rows.integerColumn(0);
+        if (!rows.bytesColumn(1, report.id) || !rows.bytesColumn(2, report.facts)) {
+            code = SQLITE_NOMEM;
+            break;
+        }
+    }
+    if (code != SQLITE_DONE)
+        return storeError("read the list of reports", m_store.path, code);
+    return reports;
+}
+
+Result<std::optional<std::string>> SqliteReportStore::piece(std::int64_t place, std::int64_t number)
+{
+    const std::lock_guard lock(m_mutex);
+    if (!m_store.holdsReports)
+        return std::optional<std::string>();
+    Statement row(m_readPiece, connection(),
+                  "SELECT value FROM report_piece WHERE report=? AND number=?");
+    const int code = row->integer(place).integer(number).step();
+    if (code == SQLITE_DONE)
+        return std::optional<std::string>();
+    std::optional<std::string> value = std::string();
+    if (code == SQLITE_ROW && row->bytesColumn(0, *value))
+        return value;
+    return storeError("read a report", m_store.path, code == SQLITE_ROW ? SQLITE_NOMEM : code);
+}
+
+Result<Done> SqliteReportStore::put(const NewReport& report)
+{
+    return change([&]() -> Outcome {
+        std::optional<std::int64_t> older;
+        int code = newest(report.id, older);
+        if (code == SQLITE_OK && older)
+            code = erase(*older);
+        return code == SQLITE_OK ? insert(report) : Outcome{code, {}};
+    });
+}
+
+Result<bool> SqliteReportStore::remove(std::string_view id)
+{
+    std::optional<std::int64_t> place;
+    const auto removed = change([&]() -> Outcome {
+        int code = newest(id, place);
+        if (code == SQLITE_OK && place)
+            code = erase(*place);
+        return {code, {}};
+    });
+    if (!removed)
+        return removed.error();
+    return place.has_value();
+}
+
+Result<Done> SqliteReportStore::replaceAll(std::size_t count,
+                                           const std::function<NewReport(std::size_t)>& at)
+{
+    return change([&]() -> Outcome {
+        Outcome outcome{connection().execute("DELETE FROM report_piece; DELETE FROM report"), {}};
+        for (std::size_t i = count; i-- > 0 && outcome.code == SQLITE_OK && !outcome.error;)
+            outcome = insert(at(i));
+        return outcome;
+    });
+}
+
+/// All of the work or, where any of it fails or throws, nothing of it.
+Result<Done> SqliteReportStore::change(const Work& work)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_readOnly)
+        return Error{"The reports were opened for reading only; nothing was saved."};
+    SqliteTransaction transaction(connection());
+    Outcome outcome{transaction.code(), {}};
+    if (outcome.code == SQLITE_OK)
+        outcome = work();
+    if (outcome.error)
+        return *outcome.error;
+    if (outcome.code == SQLITE_OK)
+        outcome.code = transaction.commit();
+    if (outcome.code == SQLITE_OK)
+        return Done{};
+    return storeError("save the reports", m_store.path, outcome.code);
+}
+
+SqliteReportStore::Outcome SqliteReportStore::insert(const NewReport& report)
+{
+    Statement row(m_insertReport, connection(), "INSERT INTO report(id, facts) VALUES(?, ?)");
+    if (const int code = row->text(report.id).blob(report.facts).step(); code != SQLITE_DONE)
+        return {code, {}};
+    const std::int64_t place = sqlite3_last_insert_rowid(connection().handle());
+    Outcome outcome{SQLITE_OK, {}};
+    std::int64_t number = 0;
+    const auto written = report.write([&](std::string_view piece) -> Result<Done> {
+        Statement part(m_insertPiece, connection(),
+                       "INSERT INTO report_piece(report, number, value) VALUES(?, ?, ?)");
+        const int code = part->integer(place).integer(number++).blob(piece).step();
+        if (code == SQLITE_DONE)
+            return Done{};
+        outcome.code = code;
+        return Error{};
+    });
+    if (!written && outcome.code == SQLITE_OK)
+        outcome.error = written.error();
+    return outcome;
+}
+
+int SqliteReportStore::newest(std::string_view id, std::optional<std::int64_t>& place)
+{
+    SqliteStatement row(connection(), "SELECT place FROM report WHERE id=? ORDER BY place DESC");
+    const int code = row.text(id).step();
+    if (code == SQLITE_ROW)
+        place = row.integerColumn(0);
+    return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+int SqliteReportStore::erase(std::int64_t place)
+{
+    for (const char* sql :
+         {"DELETE FROM report_piece WHERE report=?", "DELETE FROM report WHERE place=?"}) {
+        SqliteStatement row(connection(), sql);
+        if (const int code = row.integer(place).step(); code != SQLITE_DONE)
+            return code;
+    }
+    return SQLITE_OK;
+}
+
+} // namespace pryvane
