@@ -37,8 +37,29 @@ public:
     std::vector<std::string> asked;
 };
 
-/// A report browser over a volume of real files and a store in memory.
-class BrowserFixture : public EngineFixture {
+/// A volume of real files, and reports of them.
+class ReportsFixture : public EngineFixture {
+protected:
+    /// Makes the files and stores a report of them at the head of the list.
+    std::shared_ptr<SpywareScanReport> storeIn(DefaultMethods& methods,
+                                               const std::vector<std::string>& paths,
+                                               std::string_view type, std::string_view duration)
+    {
+        auto list = std::make_shared<SpywareList>();
+        for (const auto& path : paths) {
+            volume.file(path);
+            list->push_back(recordAt(path));
+        }
+        auto report = SpywareScanReport::ScanReportWithSpywareList(list, clock.now(), duration,
+                                                                   type, clock.now());
+        report->volume = disk->identity();
+        EXPECT_TRUE(methods.updateReportInDefaults(report));
+        return report;
+    }
+};
+
+/// A report browser over a store in memory.
+class BrowserFixture : public ReportsFixture {
 protected:
     BrowserFixture()
     {
@@ -52,21 +73,11 @@ protected:
             }));
     }
 
-    /// Makes the files and stores a report of them at the head of the list.
     std::shared_ptr<SpywareScanReport> store(const std::vector<std::string>& paths,
                                              std::string_view type = "Quick Scan",
                                              std::string_view duration = " 2 seconds")
     {
-        auto list = std::make_shared<SpywareList>();
-        for (const auto& path : paths) {
-            volume.file(path);
-            list->push_back(recordAt(path));
-        }
-        auto report = SpywareScanReport::ScanReportWithSpywareList(list, clock.now(), duration,
-                                                                   type, clock.now());
-        report->volume = disk->identity();
-        EXPECT_TRUE(methods.updateReportInDefaults(report));
-        return report;
+        return storeIn(methods, paths, type, duration);
     }
     ReportList stored() { return methods.loadListReportWithKey(preferences::kSaveReport); }
 

@@ -5,19 +5,12 @@
 
 #include <array>
 #include <cstdio>
-#include <fstream>
 #include <unistd.h>
 
 namespace pryvane {
 namespace {
 
 using testing::HasSubstr;
-
-std::string contentOf(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class PrintCommandTest : public test::CliFixture {
 protected:
@@ -97,7 +90,7 @@ TEST_F(PrintCommandTest, PrintsWhatItWrote)
     const auto arrived = server.arrived();
     ASSERT_TRUE(arrived);
     EXPECT_THAT(*arrived, testing::StartsWith("%PDF-"));
-    EXPECT_EQ(*arrived, contentOf(data.hostPath("caches/pryvane/Report.PDF")));
+    EXPECT_EQ(*arrived, test::contentOf(data.hostPath("caches/pryvane/Report.PDF")));
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <sys/stat.h>
 
 namespace pryvane::test {
@@ -210,50 +209,6 @@ TEST_F(AdwareScanTest, ApplicationsOutsidePackagesAndHiddenFolders)
                 UnorderedElementsAre("/Applications/A.app", "/Applications/Utilities/B.app",
                                      "/Users/alice/deep/er/J.app", "/Users/alice/v1.2/L.app"));
     EXPECT_TRUE(listed.size() == 4 && listed[1].starts_with("/Applications/"));
-}
-
-TEST_F(AdwareScanTest, FilesThatAreNoneGiveNothing)
-{
-    const TemporaryFolder outside;
-    outside.file("/state", R"({"profile":{"info_cache":{"Default":{"name":"Outside"}}}})");
-    const std::string state = kChromeFolder + "/Local State";
-    const std::string addOns = kFirefoxFolder + "/a.default/extensions.json";
-    const auto host = [&](const std::string& path) { return volume.hostPath(path); };
-    const struct {
-        const char* what;
-        std::function<void(const std::string& path)> plant;
-    } rows[] = {
-        {"a FIFO",
-         [&](const std::string& path) { ASSERT_EQ(mkfifo(host(path).c_str(), 0600), 0); }},
-        {"a folder", [&](const std::string& path) { volume.folder(path); }},
-        {"a link to the outside",
-         [&](const std::string& path) { volume.link(path, outside.path() + "/state"); }},
-        {"a link to an endless device",
-         [&](const std::string& path) { volume.link(path, "/dev/zero"); }},
-        {"a link to itself", [&](const std::string& path) { volume.link(path, path); }},
-        {"a file that is too long",
-         [&](const std::string& path) {
-             volume.file(path, "{}");
-             std::filesystem::resize_file(host(path), std::uint64_t{1} << 40);
-         }},
-        {"sixteen megabytes of brackets",
-         [&](const std::string& path) {
-             volume.file(path, std::string(std::size_t{16} << 20, '['));
-         }},
-    };
-    volume.folder(kChromeFolder);
-    volume.folder(kFirefoxFolder + "/a.default");
-    extension("Default", "aaa", "One");
-    for (const auto& row : rows) {
-        row.plant(state);
-        row.plant(addOns);
-        EXPECT_THAT(inventory().getChromeExtantionList(), IsEmpty()) << row.what;
-        EXPECT_THAT(inventory().getFirefoxExtantionList(), IsEmpty()) << row.what;
-        volume.remove(state);
-        volume.remove(addOns);
-    }
-    localState(kDefaultProfile);
-    EXPECT_EQ(inventory().getChromeExtantionList().size(), 1U);
 }
 
 } // namespace pryvane::test

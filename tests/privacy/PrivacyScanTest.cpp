@@ -273,29 +273,6 @@ TEST_F(PrivacyScanTest, ExtensionsStandUnderTheirBrowsersHeadings)
     EXPECT_EQ(items[4].bytes, naiveSize(volume.hostPath(chrome)));
 }
 
-TEST_F(PrivacyScanTest, LinksAreNeverFollowed)
-{
-    const TemporaryFolder outside;
-    outside.file("/precious", std::string(50'000, 'x'));
-    volume.file(kHome + "/Documents/mine", std::string(50'000, 'x'));
-    volume.link(kHome + "/Library/Caches", "../Documents");
-    volume.link(kHome + "/Library/Logs", outside.path());
-    volume.link(kHome + "/Library/Safari/LocalStorage", "../../Documents");
-    volume.link(kHome + "/.Trash/out", outside.path());
-    volume.link(kHome + "/Library/Containers/evil", outside.path());
-    auto groups = privacyGroups();
-    for (ToolGroup& group : groups) {
-        EXPECT_EQ(group.bytes, naiveSize(volume.hostPath(kHome + "/.Trash/out"))) << group.Name;
-        for (ToolItem& item : group.List)
-            item.isChecked = true;
-    }
-    const StopFlag never;
-    static_cast<void>(cleanSelected(previewCleaning(selectedRows(groups), {}, remover(), never),
-                                    remover(), never));
-    EXPECT_TRUE(outside.contains("/precious"));
-    EXPECT_TRUE(volume.contains(kHome + "/Documents/mine"));
-}
-
 TEST_F(PrivacyScanTest, APreviewNamesBrowsersCountsOnceAndCanBeUnticked)
 {
     for (const char* file : {"Library/Caches/com.apple.Safari", "Library/Caches/other",

@@ -136,15 +136,5 @@ TEST_F(DeepScanTest, AStopAnywhereEndsInOneStoppedReport)
     EXPECT_NE(stored().front()->scanDuration, "Stopped");
 }
 
-TEST_F(DeepScanTest, AFloodOfFindingsArrivesWholeAndOnce)
-{
-    constexpr int kFiles = 3000;
-    for (int i = 0; i < kFiles; ++i)
-        volume.file("/Users/alice/dev/" + std::to_string(i));
-    scan();
-    EXPECT_EQ(walkFindings().size(), std::size_t{kFiles});
-    EXPECT_EQ(stored().front()->spyWareList->size(), std::size_t{kFiles});
-}
-
 } // namespace
 } // namespace pryvane

@@ -170,20 +170,4 @@ TEST(Explain, TellsWhatKeepsAPathOffTheList)
     EXPECT_FALSE(explained("/Users/alice/Sabpab").matches.front().onlyOnWholeDisk);
 }
 
-TEST(Explain, NotesWhatIsPeculiar)
-{
-    std::set<std::string_view> noted;
-    for (const CatalogRow& row : catalogRows()) {
-        if (!row.note.empty())
-            noted.insert(row.signature);
-    }
-    for (const std::string_view peculiar :
-         {"MARKER/_gen_/Metasploit Framework", "Library/.local/updated",
-          "Library/LaunchAgents/com.apple.mdworker.plist", "/Application/MacGuard.app/",
-          "LaunchAgents/LaunchAgents/checkvir.plist", "/Library/startupitems/LiloDS",
-          "Applications/MacGuard.app/Contents/Resources/CC-Back.png"})
-        EXPECT_TRUE(noted.contains(peculiar)) << peculiar;
-    EXPECT_FALSE(noted.contains("/tmp/.mdworker"));
-}
-
 } // namespace pryvane::test

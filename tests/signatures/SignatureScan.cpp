@@ -66,24 +66,25 @@ FolderListing RefusingDisk::list(const FileURL& folder)
     return m_disk.list(folder);
 }
 
+namespace {
+bool goOn(std::string_view, std::chrono::milliseconds)
+{
+    return true;
+}
+} // namespace
+
 void SignatureScan::run()
 {
     runner.prepareForScan();
-    const auto waitFor = [this](std::string_view label, std::chrono::milliseconds interval) {
-        waits.emplace_back(label, interval);
-        return true;
-    };
-    for (const SequenceRow& row : catalogue::sequence()) {
+    for (const SequenceRow& row : catalogue::sequence())
         for (const std::string_view method : row.methods)
-            runner.run(method, waitFor);
-        waitFor(row.label, row.pause);
-    }
+            runner.run(method, goOn);
 }
 
 void SignatureScan::run(std::string_view method)
 {
     runner.prepareForScan();
-    runner.run(method, [](std::string_view, std::chrono::milliseconds) { return true; });
+    runner.run(method, goOn);
 }
 
 } // namespace pryvane::test

@@ -92,7 +92,6 @@ struct SignatureScan {
     ScanCoverage coverage;
     RecordingSink sink;
     CheckRunner runner;
-    std::vector<std::pair<std::string, std::chrono::milliseconds>> waits;
 };
 
 } // namespace pryvane::test

@@ -10,12 +10,6 @@
 
 namespace pryvane::test {
 
-MemoryDisk::MemoryDisk()
-{
-    if (access("/dev/shm", W_OK) == 0)
-        setenv("TMPDIR", "/dev/shm", 1);
-}
-
 JournalScene::JournalScene() : disk(volumeAt(volume, NameMatching::AsOnMac))
 {
     for (const char* path : {"/a/file", "/a/folder", "/b/\xff\n\"name", "/a/link", "/b/empty"})

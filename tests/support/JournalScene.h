@@ -3,19 +3,13 @@
 #include "hosts/posix/SystemClock.h"
 #include "platform/Removal.h"
 #include "removal/disk/RemovalJournalFile.h"
-#include "support/Volumes.h"
+#include "support/RemovalFixtures.h"
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace pryvane::test {
-
-/// Puts temporary folders on a memory disk where the host has one: what is opened thousands of
-/// times waits for no device.
-struct MemoryDisk {
-    MemoryDisk();
-};
 
 /// A volume with things to remove and a data folder with the journal of it.
 class JournalScene {
@@ -32,7 +26,7 @@ public:
     /// What an opened journal and the disk do not agree on; empty when all is right.
     [[nodiscard]] std::string disagreement() const;
 
-    MemoryDisk inMemory;
+    InMemory inMemory;
     TemporaryFolder data, volume;
     std::unique_ptr<VolumeFileSystem> disk;
     mutable SystemClock clock;

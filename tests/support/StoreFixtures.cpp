@@ -27,12 +27,6 @@ SqliteUserDefaults::Opened openedStore(const std::string& folder, Log& log)
     return std::move(opened).value();
 }
 
-std::string contentOf(const std::string& hostPath)
-{
-    std::ifstream in(hostPath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 void setContent(const std::string& hostPath, std::string_view content)
 {
     std::ofstream out(hostPath, std::ios::binary | std::ios::trunc);

@@ -19,7 +19,6 @@ inline constexpr std::string_view kStoreFile = "Pryvane.sqlite";
 /// Opens the store there; a failure fails the test.
 [[nodiscard]] SqliteUserDefaults::Opened openedStore(const std::string& folder, Log& log);
 
-[[nodiscard]] std::string contentOf(const std::string& hostPath);
 void setContent(const std::string& hostPath, std::string_view content);
 
 /// Names in the folder, sorted.

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -75,6 +76,12 @@ bool TemporaryFolder::contains(std::string_view path) const
 {
     struct stat data {};
     return lstat(hostPath(path).c_str(), &data) == 0;
+}
+
+std::string contentOf(const std::string& hostPath)
+{
+    std::ifstream file(hostPath, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 bool runningAsRoot()

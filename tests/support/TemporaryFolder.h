@@ -33,6 +33,9 @@ private:
     std::string m_path;
 };
 
+/// The bytes of a file of the host.
+[[nodiscard]] std::string contentOf(const std::string& hostPath);
+
 /// Root reads through permissions; tests about refusals then say that they were skipped.
 [[nodiscard]] bool runningAsRoot();
 

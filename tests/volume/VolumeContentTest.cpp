@@ -75,32 +75,6 @@ TEST_F(VolumeContentTest, ListsEntriesWithTheirKinds)
         EXPECT_EQ(volume->kind(at(row.path)), row.kind) << row.path;
 }
 
-TEST_F(VolumeContentTest, MeasuresWhatIsAllocatedOncePerName)
-{
-    disk.file("t/small", "x");
-    disk.file("t/large", std::string(300'000, 'y'));
-    disk.file("t/sub/empty", "");
-    disk.file("t/sub/deep/er/file", std::string(5000, 'z'));
-    disk.file("elsewhere/big", std::string(100'000, 'w'));
-    disk.link("t/out", "/elsewhere");
-    disk.link("t/sub/toFile", "../../elsewhere/big");
-    disk.link("t/self", ".");
-    disk.link("t/longLink", std::string(3000, 'l')); // takes a block of its own
-    fs::create_hard_link(disk.hostPath("t/large"), disk.hostPath("t/sub/again"));
-    disk.file("t/sparse", "");
-    ASSERT_EQ(truncate(disk.hostPath("t/sparse").c_str(), 50'000'000), 0);
-
-    const std::int64_t expected = naiveSize(disk.hostPath("t"));
-    EXPECT_GT(expected, 600'000);
-    EXPECT_LT(expected, 700'000);
-    for (const char* path : {"/t", "t/", "/T", "/t/sub/.."})
-        EXPECT_EQ(volume->allocatedSize(at(path)), expected) << path;
-    for (const char* path : {"t/small", "t/large", "t/sparse", "t/out", "t/longLink", "t/sub"})
-        EXPECT_EQ(volume->allocatedSize(at(path)), naiveSize(disk.hostPath(path))) << path;
-    EXPECT_EQ(volume->allocatedSize(at("t/out/big")), naiveSize(disk.hostPath("elsewhere/big")));
-    EXPECT_EQ(volume->allocatedSize(at("t/none")), 0);
-}
-
 TEST_F(VolumeContentTest, MeasuresFoldersNestedDeeperThanAPathReaches)
 {
     nest("deep", 5000);

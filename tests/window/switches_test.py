@@ -85,6 +85,7 @@ def check_second_start(pilot, program):
     second = subprocess.run([program], timeout=60)
     assert second.returncode == 0
     wait_for("the first one's window", lambda: windows_of(pilot.process))
+    wait_for("its taskbar hint", lambda: skips_taskbar(pilot))
     assert pilot.process.poll() is None
 
 

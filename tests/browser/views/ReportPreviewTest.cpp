@@ -28,26 +28,22 @@ TEST_F(ReportPreviewTest, ShowsThePagesAndScrollsByKeyboard)
 {
     auto* pages = openPreview();
     ASSERT_TRUE(pages);
-    shot("preview");
     EXPECT_TRUE(pages->hasFocus());
     EXPECT_TRUE(find("printPages")->isEnabled());
     const QString first = pages->accessibleDescription();
     EXPECT_TRUE(first.startsWith("Page 1 of ")) << first.toStdString();
-    const QImage top = pages->viewport()->grab().toImage();
+    const QImage page = pages->viewport()->grab().toImage();
+    int ink = 0;
+    for (int y = 0; y < page.height(); ++y)
+        for (int x = 0; x < page.width(); ++x)
+            ink += qGray(page.pixel(x, y)) < 128 ? 1 : 0;
+    EXPECT_GT(ink, 500) << "the page is not blank";
     QTest::keyClick(pages, Qt::Key_PageDown);
     const int below = pages->verticalScrollBar()->value();
     EXPECT_GT(below, 0);
     QTest::keyClick(pages, Qt::Key_End);
     EXPECT_EQ(pages->verticalScrollBar()->value(), pages->verticalScrollBar()->maximum());
     EXPECT_NE(pages->accessibleDescription(), first);
-    shot("preview-end");
-    QTest::keyClick(pages, Qt::Key_Home);
-    EXPECT_EQ(pages->viewport()->grab().toImage(), top);
-    int ink = 0;
-    for (int y = 0; y < top.height(); ++y)
-        for (int x = 0; x < top.width(); ++x)
-            ink += qGray(top.pixel(x, y)) < 128 ? 1 : 0;
-    EXPECT_GT(ink, 500) << "the page is not blank";
     QTest::keyClick(pages, Qt::Key_Escape);
     runFor(std::chrono::milliseconds(20));
     EXPECT_FALSE(isShown("pages"));
@@ -62,8 +58,6 @@ TEST_F(ReportPreviewTest, PrintsWhereTheDialogSays)
 
     const std::string path = exports.hostPath("printed.pdf");
     whenAsked<QDialog>([&](QDialog* dialog) {
-        if (std::getenv("PRYVANE_SCREENSHOTS"))
-            dialog->grab().save(QString(std::getenv("PRYVANE_SCREENSHOTS")) + "/reports-print.png");
         auto* file = dialog->findChild<QLineEdit*>("filename");
         ASSERT_TRUE(file);
         file->setText(QString::fromStdString(path));

@@ -20,7 +20,7 @@
 namespace pryvane::test {
 
 /// The report screen in a window, over a volume of real files and a store of its own.
-class ReportWindowFixture : public EngineFixture {
+class ReportWindowFixture : public ReportsFixture {
 protected:
     ReportWindowFixture()
     {
@@ -37,18 +37,7 @@ protected:
                                              std::string_view type = "Quick Scan",
                                              std::string_view duration = " 12 seconds")
     {
-        auto list = std::make_shared<SpywareList>();
-        for (const auto& path : paths) {
-            volume.file(path);
-            list->push_back(recordAt(path));
-        }
-        auto report = SpywareScanReport::ScanReportWithSpywareList(list, clock.now(), duration,
-                                                                   type, clock.now());
-        report->volume = disk->identity();
-        report->coverage.signaturesTested = 4000;
-        report->coverage.foldersListed = 210;
-        EXPECT_TRUE(methods->updateReportInDefaults(report));
-        return report;
+        return storeIn(*methods, paths, type, duration);
     }
     ReportList stored() { return methods->loadListReportWithKey(preferences::kSaveReport); }
 
@@ -132,16 +121,6 @@ protected:
             else
                 whenAsked<Dialog>(work);
         });
-    }
-
-    /// Keeps a picture of the window where PRYVANE_SCREENSHOTS names a folder.
-    void shot(const std::string& name)
-    {
-        if (const char* folder = std::getenv("PRYVANE_SCREENSHOTS")) {
-            runFor(std::chrono::milliseconds(50));
-            EXPECT_TRUE(window->grab().save(
-                QString::fromStdString(std::string(folder) + "/reports-" + name + ".png")));
-        }
     }
 
     TemporaryFolder data, caches, exports;

@@ -16,8 +16,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <sys/stat.h>
 #include <thread>
 
@@ -72,14 +70,6 @@ TEST(FolderGrantsTest, aGrantIsForOneFolderAsItStood)
     EXPECT_FALSE(reopens(home)) << "a fresh folder with, it may be, the old inode";
 }
 
-std::string contentOf(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    return out.str();
-}
-
 TEST(XdgLoginItemTest, writesAndRemovesAValidEntry)
 {
     const TemporaryFolder folder;
@@ -118,19 +108,6 @@ TEST(XdgLoginItemTest, writesAndRemovesAValidEntry)
         XdgLoginItem({places, "/nowhere/helper", "/x", folder.path()}).setEnabled(true).ok());
     for (const char* unfit : {"/opt/\xff", "/opt/a\nb", "/opt/a=b"})
         EXPECT_FALSE(execValue({unfit}).ok()) << unfit;
-}
-
-TEST(XdgLoginItemTest, knowsWhetherTheHelperRuns)
-{
-    const TemporaryFolder folder;
-    XdgLoginItem item({folder.path(), "/bin/true", "/bin/true", folder.path()});
-    EXPECT_FALSE(item.helperIsRunning());
-    UniqueFd lock = takeLoginHelperLock(folder.path());
-    ASSERT_TRUE(lock);
-    EXPECT_TRUE(item.helperIsRunning());
-    EXPECT_FALSE(takeLoginHelperLock(folder.path()));
-    lock.reset();
-    EXPECT_FALSE(item.helperIsRunning());
 }
 
 TEST(QtMainQueueTest, runsInOrderOnTheMainThreadAndNeverEarly)

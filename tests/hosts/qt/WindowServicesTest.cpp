@@ -3,7 +3,6 @@
 #include "hosts/qt/widgets/DesktopWebBrowser.h"
 #include "hosts/qt/widgets/FolderPanel.h"
 #include "hosts/qt/widgets/ShownWindows.h"
-#include "hosts/qt/widgets/TaskbarDockIcon.h"
 #include "hosts/qt/widgets/TrayStatusItem.h"
 #include "hosts/qt/widgets/WidgetAlerts.h"
 #include "hosts/qt/widgets/WidgetFolderPicker.h"
@@ -17,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QProcess>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
@@ -128,20 +126,6 @@ TEST(DesktopWebBrowserTest, opensOnlyWebAddresses)
     qputenv("PATH", path);
 }
 
-/// The states that the window manager keeps for the window.
-QByteArray statesOf(const QWidget& window)
-{
-    QProcess xprop;
-    xprop.start("xprop", {"-id", QString::number(window.winId()), "_NET_WM_STATE"});
-    xprop.waitForFinished();
-    return xprop.readAllStandardOutput();
-}
-
-bool listed(const QWidget& window)
-{
-    return !statesOf(window).contains("SKIP_TASKBAR");
-}
-
 TEST(ShownWindowsTest, asksAgainForAWindowThatNobodyMapped)
 {
     const ShownWindows shownWindows;
@@ -162,28 +146,6 @@ TEST(ShownWindowsTest, asksAgainForAWindowThatNobodyMapped)
     window.showMinimized();
     runFor(std::chrono::milliseconds(600));
     EXPECT_FALSE(x11::isOverlooked(id)) << "the window manager hides it";
-}
-
-TEST(TaskbarDockIconTest, hidesWindowsFromTheTaskBar)
-{
-    RecordingLog log;
-    TaskbarDockIcon icon(log);
-    QWidget early;
-    QWidget late;
-    early.show();
-    ASSERT_TRUE(runUntil([&] { return early.windowHandle()->isExposed(); }));
-    EXPECT_TRUE(listed(early));
-    icon.setPolicy(ActivationPolicy::Accessory);
-    EXPECT_TRUE(runUntil([&] { return !listed(early); }));
-    late.show();
-    EXPECT_TRUE(runUntil([&] { return !listed(late); }));
-    late.hide();
-    runFor(std::chrono::milliseconds(100));
-    late.show();
-    EXPECT_TRUE(runUntil([&] { return !listed(late); })) << "shown again";
-    icon.setPolicy(ActivationPolicy::Regular);
-    EXPECT_TRUE(runUntil([&] { return listed(early) && listed(late); }));
-    EXPECT_TRUE(log.lines().empty());
 }
 
 /// The service in a thread of its own, as Qt asks it waiting.

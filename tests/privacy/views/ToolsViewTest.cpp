@@ -118,16 +118,6 @@ protected:
     }
     std::string words(const char* label) { return find<QLabel>(label)->text().toStdString(); }
 
-    /// Keeps a picture of the screen where somebody asked for it.
-    void picture(const char* name)
-    {
-        const QString folder = qEnvironmentVariable("PRYVANE_SCREENSHOTS");
-        if (folder.isEmpty())
-            return;
-        settle();
-        EXPECT_TRUE(view.grab().save(folder + '/' + name + ".png"));
-    }
-
     QtMainQueue queue;
     ScriptedAlerts alerts;
     FakeWorkspace workspace;
@@ -140,7 +130,6 @@ protected:
 
 TEST_F(ToolsViewTest, ClearsWhatIsTickedButWhatThePreviewLeavesOut)
 {
-    picture("tools-idle");
     EXPECT_EQ(words("statement"), "Not measured yet");
     ASSERT_TRUE(measures());
     EXPECT_EQ(columnOf(groups(), 0),
@@ -158,17 +147,14 @@ TEST_F(ToolsViewTest, ClearsWhatIsTickedButWhatThePreviewLeavesOut)
     tickItem("Safari", "LastSession");
     EXPECT_EQ(groups()->currentIndex().data(Qt::CheckStateRole).toInt(), Qt::PartiallyChecked);
     tickItem("Chrome", "Cookies (Alice)");
-    picture("tools-measured");
     EXPECT_EQ(words("total"), ticked({kHistory, kDownloads, kChromeFolder + "/Default/Cookies"}));
 
     QTest::keyClick(find("previewSelected"), Qt::Key_Space);
-    picture("tools-looking");
     ASSERT_TRUE(reaches(State::Previewing) && settle());
     EXPECT_EQ(QApplication::focusWidget(), find("cancelPreview"));
     auto* const preview = find<QAbstractItemView>("preview");
     choose(preview, QString::fromStdString(kDownloads), 1);
     QTest::keyClick(preview, Qt::Key_Space);
-    picture("tools-preview");
     EXPECT_TRUE(find<QWidget>("closeBrowsers")->isVisible());
     workspace.running = {};
     find("retryButton")->click();
@@ -190,10 +176,8 @@ TEST_F(ToolsViewTest, ClearsWhatIsTickedButWhatThePreviewLeavesOut)
     EXPECT_NE(groups()->model()->index(0, 0).data(Qt::AccessibleTextRole).toString(), before);
     EXPECT_TRUE(words("outcome").ends_with(" 1 location stayed.")) << words("outcome");
     EXPECT_EQ(words("total"), "Nothing is ticked");
-    picture("tools-done");
     find("showLeftOvers")->click();
     EXPECT_EQ(columnOf(find<QAbstractItemView>("reasons"), 2).size(), 1);
-    picture("tools-left-overs");
 }
 
 TEST_F(ToolsViewTest, EscapeLeavesEverythingWhereItIs)
@@ -203,7 +187,6 @@ TEST_F(ToolsViewTest, EscapeLeavesEverythingWhereItIs)
     find("cleanAndReloadData")->click();
     EXPECT_FALSE(find<QAbstractItemView>("preview")->isVisible());
     ASSERT_TRUE(reaches(State::Previewing) && settle());
-    picture("tools-clear");
     find("listLocations")->click();
     EXPECT_TRUE(find<QAbstractItemView>("preview")->isVisible());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
@@ -219,14 +202,12 @@ TEST_F(ToolsViewTest, EscapeLeavesEverythingWhereItIs)
     choose(groups(), "Browser Extensions", 0);
     EXPECT_TRUE(columnOf(items(), 1).contains("Google Chrome Extensions"));
     EXPECT_TRUE(columnOf(items(), 1).contains("Blocker v1.2 (Alice)"));
-    picture("tools-extensions");
 }
 
 TEST_F(ToolsViewTest, InventoryListsFiltersRevealsAndCopies)
 {
     find("showInventory")->click();
     ASSERT_TRUE(QTest::qWaitFor([&] { return inventoryController.isWhole(); }, 30'000) && settle());
-    picture("tools-inventory");
     auto* const table = find<QAbstractItemView>("inventory");
     const QStringList names = columnOf(table, 1);
     for (const char* planted : {"Blocker", "com.example.daemon.plist", "Mail.app", "Safari.app",
@@ -252,7 +233,6 @@ TEST_F(ToolsViewTest, InventoryListsFiltersRevealsAndCopies)
               "/Library/LaunchAgents/a<b>\\xff\\n\\u{202e}.plist");
     find<QLineEdit>("filter")->setText("nothing like it");
     EXPECT_FALSE(table->isVisible());
-    picture("tools-inventory-empty");
 }
 
 } // namespace

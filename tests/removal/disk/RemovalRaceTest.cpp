@@ -258,44 +258,5 @@ TEST_P(RemovalRaceTest, TakesNothingElseAndTellsTheTruth)
     }
 }
 
-/// What many programs do: looks, then acts by the path.
-void removeNaively(const fs::path& path)
-{
-    std::error_code ignored;
-    if (fs::is_directory(fs::symlink_status(path, ignored))) {
-        std::vector<fs::path> entries;
-        for (auto entry = fs::directory_iterator(path, ignored);
-             !ignored && entry != fs::directory_iterator(); entry.increment(ignored))
-            entries.push_back(entry->path());
-        for (const fs::path& entry : entries)
-            removeNaively(entry);
-    }
-    fs::remove(path, ignored);
-}
-
-class NaiveRemovalTest : public RemovalRaceTest {};
-
-// All but the last, which is about climbing back by "..", as no removal by path does.
-INSTANTIATE_TEST_SUITE_P(All, NaiveRemovalTest,
-                         testing::Combine(testing::ValuesIn(std::begin(kRaces),
-                                                            std::end(kRaces) - 1),
-                                          testing::Values(Confinement::BestAvailable)),
-                         nameOf);
-
-/// Otherwise the races above would prove nothing.
-TEST_P(NaiveRemovalTest, HurtsOthers)
-{
-    const Arena arena(Confinement::BestAvailable);
-    const std::string before = arena.victims();
-    const std::string path = arena.disk.folder.hostPath("lib/place/finding");
-    run(arena, 200'000, [&](int) {
-        removeNaively(path);
-        return arena.victims() == before;
-    });
-    if (!IsSkipped()) {
-        EXPECT_NE(arena.victims(), before);
-    }
-}
-
 } // namespace
 } // namespace pryvane

@@ -2,10 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <atomic>
 #include <fcntl.h>
-#include <fstream>
-#include <random>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -264,32 +261,6 @@ TEST(Removal, AsRootTakesNoFolderForAFile)
     disk.folder.remove("a/file");
     disk.folder.link("a/file", "/elsewhere"); // but a link for a file, which goes itself
     EXPECT_EQ(inWords(disk.remove(item)), "removed 1");
-}
-
-TEST(Removal, TakesNamesOfAnyBytes)
-{
-    for (const auto matching : {NameMatching::Exact, NameMatching::AsOnMac}) {
-        const RemovalDisk disk(matching);
-        std::mt19937 random(7);
-        std::vector<RemovalItem> items;
-        for (int i = 0; i < 150; ++i) {
-            std::string name(1 + random() % 200, '\0');
-            for (char& byte : name)
-                do
-                    byte = static_cast<char>(random() % 256);
-                while (byte == '\0' || byte == '/');
-            disk.folder.file("all/x" + name + "/" + name + (i % 2 ? "y" : "/z"));
-            items.push_back(disk.seen("/all/x" + name));
-        }
-        NoRemovalJournal journal;
-        std::size_t removed = 0;
-        VolumeRemover(*disk.volume, journal, {})
-            .remove(items, StopFlag(), [&](std::size_t, const RemovalResult& result) {
-                removed += result.outcome == RemovalOutcome::Removed ? 1 : 0;
-            });
-        EXPECT_EQ(removed, items.size());
-        EXPECT_EQ(treeBelow(disk.folder.path()), "/all\n");
-    }
 }
 
 /// Looks at the disk when it is told something, and can fail.

@@ -102,13 +102,17 @@ TEST_P(HostileShapes, GoWithLittleMemoryAndFewDescriptors)
     EXPECT_FALSE(disk.folder.contains("a/finding"));
 }
 
-/// A tree of anything: files with holes, hard links, links to anywhere, FIFOs, nested folders.
+/// A tree of anything with names of any bytes: files with holes, hard links, links to anywhere,
+/// FIFOs, nested folders.
 void makeAnything(const RemovalDisk& disk, const std::string& top, std::mt19937& random)
 {
     std::vector<std::string> folders = {top};
     disk.folder.folder(top);
     for (int i = 0; i < 40; ++i) {
-        const std::string path = folders[random() % folders.size()] + "/e" + std::to_string(i);
+        std::string path = folders[random() % folders.size()] + "/e" + std::to_string(i);
+        for (auto bytes = random() % 60; bytes > 0; --bytes)
+            if (const char byte = static_cast<char>(random()); byte != '\0' && byte != '/')
+                path += byte;
         const std::string host = disk.folder.hostPath(path);
         switch (random() % 6) {
         case 0:

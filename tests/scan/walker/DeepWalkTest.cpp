@@ -135,41 +135,6 @@ TEST(DeepWalk, CountsFlatWhateverThereIs)
     EXPECT_EQ(nodes.totalCount, 2);
 }
 
-TEST(DeepWalk, PostsAProgressStepForEachHundredth)
-{
-    const struct {
-        int files;
-        std::size_t steps;
-        const char* step;
-        std::int64_t left;
-    } rows[] = {
-        {0, 0, "", 1}, // an empty folder counts once
-        {1, 0, "", 1},
-        {2, 1, "progress 2", 0},
-        {99, 49, "progress 2", 1}, // one more than the step of one
-        {100, 50, "progress 2", 0},
-        {250, 83, "progress 1", 1},
-    };
-    for (const auto& row : rows) {
-        const TemporaryFolder folder;
-        for (int i = 0; i < row.files; ++i)
-            folder.file("f" + std::to_string(i), "");
-        const Walk walk(folder.path(), 8);
-        EXPECT_EQ(walk.scanning.only("progress"), std::vector<std::string>(row.steps, row.step))
-            << row.files;
-        EXPECT_EQ(walk.state.totalScanCount, row.left) << row.files;
-    }
-}
-
-TEST(DeepWalk, SamplesWhereItIs)
-{
-    const TemporaryFolder folder;
-    folder.file("a/b/c");
-    const Walk walk(folder.path(), 1, true);
-    EXPECT_THAT(walk.counting.events, ElementsAre("counted 1"));
-    EXPECT_THAT(walk.scanning.only("at"), ElementsAre("at /Users/alice"));
-}
-
 TEST(DeepWalk, StopsAtTheNextEntry)
 {
     const TemporaryFolder folder;
@@ -207,6 +172,9 @@ TEST(DeepWalk, StopsFromAnotherThreadAtAnyMoment)
     std::mt19937 random(6);
     growRandomTree(folder.path(), random, 6'000);
     const OpenRoot root(folder.path(), kHome);
+    ScanState unstopped;
+    RecordingWalk everything;
+    const auto whole = scanDirectory(unstopped, listedAutomaton(), everything).scan(root).entries;
     for (int microseconds = 0; microseconds < 10'000; microseconds += 500) {
         ScanState state;
         RecordingWalk walk;
@@ -215,8 +183,9 @@ TEST(DeepWalk, StopsFromAnotherThreadAtAnyMoment)
             state.isScanStop.request();
         });
         static_cast<void>(FileCount(state, walk, {8}).countNodes(root));
-        static_cast<void>(scanDirectory(state, listedAutomaton(), walk, {8}).scan(root));
+        const auto outcome = scanDirectory(state, listedAutomaton(), walk, {8}).scan(root);
         stopper.join();
+        EXPECT_TRUE(outcome.stopped || outcome.entries == whole) << microseconds;
     }
 }
 

@@ -104,13 +104,6 @@ TEST_F(CupsPrinterTest, AServerWithoutQueuesIsNoError)
     EXPECT_THAT(refusal(server.socket(), "Report.PDF", "pile"), HasSubstr("has none"));
 }
 
-TEST_F(CupsPrinterTest, WithoutAServerItSaysSo)
-{
-    const std::string nowhere = folder.hostPath("cups.sock");
-    EXPECT_THAT(refusal(nowhere), HasSubstr("there is no print service to be reached"));
-    EXPECT_FALSE(printerOf(nowhere).printers());
-}
-
 TEST_F(CupsPrinterTest, ASilentServerIsNotWaitedForLong)
 {
     PrintServer server;
