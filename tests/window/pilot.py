@@ -74,7 +74,7 @@ def desktop(size=os.environ.get("PRYVANE_TEST_SCREEN", "1280x900")):
         folder = pathlib.Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="pryvane-window-")))
         read, write = os.pipe()
         stack.enter_context(started(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-noreset", "-nolisten", "tcp"],
             pass_fds=[write], stderr=subprocess.DEVNULL))
         os.close(write)
         for name in ("WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORMTHEME", "GTK_MODULES"):
