@@ -1,9 +1,9 @@
 #include "app/AppDelegate.h"
-#include "app/FolderGrant.h"
 #include "platform/Alerts.h"
 #include "platform/FolderPicker.h"
 #include "platform/GrantTokens.h"
 #include "platform/UserDefaults.h"
+#include "scan/RootChoice.h"
 
 #include <array>
 
@@ -81,10 +81,11 @@ void AppDelegate::checkForHDAccess()
 void AppDelegate::confirmAccessAction()
 {
     constexpr std::array kKeys = {preferences::kSaveDirectory, preferences::kSaveDirectoryForHD};
-    const auto outcome = askForGrant(m_services, m_desktop.grantTokens,
-                                     {"Confirm Access", "Give access for scanning in your HardDisk",
-                                      wholeDisk(), &AppDelegate::panelShouldEnableURL},
-                                     kKeys);
+    const auto outcome = askForGrant(
+        m_services, [this](const FileURL& url) { return makeBookmark(url); },
+        {"Confirm Access", "Give access for scanning in your HardDisk", wholeDisk(),
+         &AppDelegate::panelShouldEnableURL},
+        kKeys);
     if (outcome == GrantOutcome::Granted)
         Q_EMIT stateChanged();
 }

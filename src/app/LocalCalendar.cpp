@@ -3,23 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ctime>
 
 namespace pryvane {
-
-namespace {
-
-std::tm localParts(Date date)
-{
-    tzset(); // follows a change of the system's zone, which localtime_r alone need not
-    const std::time_t time =
-        std::chrono::floor<std::chrono::seconds>(date).time_since_epoch().count();
-    std::tm parts{};
-    localtime_r(&time, &parts);
-    return parts;
-}
-
-} // namespace
 
 Date clampedDate(Date date)
 {

@@ -1,8 +1,9 @@
 #include "app/NotAccessVC.h"
 
 #include "app/AppDelegate.h"
-#include "app/FolderGrant.h"
 #include "platform/FolderPicker.h"
+#include "platform/GrantTokens.h"
+#include "scan/RootChoice.h"
 
 #include <array>
 
@@ -25,7 +26,7 @@ void NotAccessVC::confirmAccessAction()
 {
     constexpr std::array kKeys = {preferences::kSaveDirectory};
     const auto outcome = askForGrant(
-        m_services, m_tokens,
+        m_services, [this](const FileURL& url) { return m_tokens.make(url); },
         {"Confirm Access", "Give access for scanning in your Home Directory",
          m_delegate.homeFolder(), [this](const FileURL& url) { return panelShouldEnableURL(url); }},
         kKeys);

@@ -10,14 +10,6 @@ namespace pryvane {
 
 namespace {
 
-std::string folded(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result)
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    return result;
-}
-
 /// Each threat's name once; a report tends to hold many findings of one threat.
 std::string searchableText(const SpywareScanReport& report)
 {
@@ -27,7 +19,7 @@ std::string searchableText(const SpywareScanReport& report)
         if (names.insert(record->infections).second)
             text += '\n' + record->infections;
     }
-    return folded(text);
+    return lowerAscii(text);
 }
 
 } // namespace
@@ -69,7 +61,7 @@ void ReportRows::setFilter(ReportFilter filter)
 void ReportRows::setSearch(std::string_view words)
 {
     m_words.clear();
-    std::istringstream stream(folded(words));
+    std::istringstream stream(lowerAscii(words));
     for (std::string word; stream >> word;)
         m_words.push_back(word);
     choose();

@@ -1,7 +1,6 @@
 #include "core/DateText.h"
 
 #include <array>
-#include <ctime>
 #include <langinfo.h>
 #include <locale.h>
 #include <string_view>
@@ -58,15 +57,6 @@ std::string shortTime(std::string_view mediumTime)
                              mediumTime.find("%I") != std::string_view::npos ||
                              mediumTime.find("%l") != std::string_view::npos;
     return twelveHours ? "%I:%M %p" : "%H:%M";
-}
-
-std::tm localParts(Date date)
-{
-    const std::time_t seconds =
-        std::chrono::floor<std::chrono::seconds>(date).time_since_epoch().count();
-    std::tm parts{};
-    localtime_r(&seconds, &parts);
-    return parts;
 }
 
 bool isSameDay(const std::tm& a, const std::tm& b)

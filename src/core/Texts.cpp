@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 
 namespace pryvane {
 
@@ -25,19 +24,10 @@ struct CivilTime {
     std::int64_t millisecond;
 };
 
-std::tm localBrokenDown(Date date)
-{
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(date);
-    const std::time_t time = seconds.time_since_epoch().count();
-    std::tm parts{};
-    localtime_r(&time, &parts);
-    return parts;
-}
-
 CivilTime civil(Date date)
 {
     using namespace std::chrono;
-    const std::tm parts = localBrokenDown(date);
+    const std::tm parts = localParts(date);
     const auto fraction = date - floor<seconds>(date);
     return {year(parts.tm_year + 1900) / (parts.tm_mon + 1) / parts.tm_mday,
             ((parts.tm_hour * 60LL + parts.tm_min) * 60 + parts.tm_sec) * 1000 + fraction.count()};
@@ -56,6 +46,24 @@ std::string agoText(long long count, const char* unit)
 }
 
 } // namespace
+
+std::string lowerAscii(std::string_view text)
+{
+    std::string lower(text);
+    for (char& c : lower)
+        c = lowerAscii(c);
+    return lower;
+}
+
+std::tm localParts(Date date)
+{
+    tzset(); // follows a change of the system's zone, which localtime_r alone need not
+    const std::time_t time =
+        std::chrono::floor<std::chrono::seconds>(date).time_since_epoch().count();
+    std::tm parts{};
+    localtime_r(&time, &parts);
+    return parts;
+}
 
 std::string stringFromTimeInterval(double seconds)
 {
@@ -144,7 +152,7 @@ std::string iso8601(Date date)
 
 std::string localDateText(Date date)
 {
-    const std::tm parts = localBrokenDown(date);
+    const std::tm parts = localParts(date);
     return formatted("%04d-%02d-%02d %02d:%02d", parts.tm_year + 1900, parts.tm_mon + 1,
                      parts.tm_mday, parts.tm_hour, parts.tm_min);
 }

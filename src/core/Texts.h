@@ -2,12 +2,22 @@
 
 #include <chrono>
 #include <cstdint>
+#include <ctime>
 #include <string>
+#include <string_view>
 
 namespace pryvane {
 
 /// A moment of the wall clock, to the millisecond.
 using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::milliseconds>;
+
+/// The ASCII letter in lower case; any other byte as it is.
+[[nodiscard]] constexpr char lowerAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+[[nodiscard]] std::string lowerAscii(std::string_view text);
 
 /// Duration text of an interval in seconds, truncated to whole seconds: "less then 1 second",
 /// " 1 minute  1 second", " 1 hours  2 minutes  5 seconds". The plural of all units follows the
@@ -23,6 +33,9 @@ using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::mil
 
 /// A byte count for a person, in decimal units: "0 byte", "812 bytes", "1.4 MB".
 [[nodiscard]] std::string sizeText(std::int64_t bytes);
+
+/// A date's parts in the system's time zone, also after the zone was changed.
+[[nodiscard]] std::tm localParts(Date date);
 
 /// ISO 8601 in UTC with milliseconds: "2026-11-21T04:26:23.000Z".
 [[nodiscard]] std::string iso8601(Date date);

@@ -1,5 +1,6 @@
 #include "core/WholeFile.h"
 
+#include "core/ErrorText.h"
 #include "core/Escape.h"
 
 #include <cerrno>
@@ -7,7 +8,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -17,8 +17,7 @@ namespace {
 
 Error failure(const std::string& path, std::string_view what, int error)
 {
-    return Error{forScreen(path) + ": " + std::string(what) + ": " +
-                 std::generic_category().message(error) +
+    return Error{forScreen(path) + ": " + std::string(what) + ": " + errorText(error) +
                  (error == ENOSPC || error == EDQUOT ? "; free some space and try again" : "")};
 }
 

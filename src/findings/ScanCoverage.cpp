@@ -5,21 +5,12 @@
 
 namespace pryvane {
 
-namespace {
-
-} // namespace
-
 void noteHomes(FileSystem& disk, const std::string& homePath, ScanCoverage& coverage)
 {
     if (disk.presence(FileURL::fileURLWithPath(homePath + "/")) != Presence::Absent)
         return;
     coverage.missingHome = homePath;
-    for (const FolderEntry& entry : disk.list(FileURL::fileURLWithPath("/Users")).entries) {
-        const bool isHome = entry.kind == FileKind::Folder && entry.name != "Shared" &&
-                            !entry.name.starts_with('.');
-        if (isHome)
-            coverage.homes.push_back(entry.name);
-    }
+    coverage.homes = disk.homes();
 }
 
 std::string missingHomeText(const ScanCoverage& coverage)

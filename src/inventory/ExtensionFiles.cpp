@@ -1,5 +1,6 @@
 #include "inventory/ExtensionFiles.h"
 
+#include "core/Texts.h"
 #include "inventory/JsonTexts.h"
 
 #include <map>
@@ -97,11 +98,7 @@ std::optional<std::string> messageKey(std::string_view name)
         return std::nullopt;
     std::string key = without(without(name, "__"), "MSG_");
     // Only names of several words are written in mixed case by some and in lower case by others.
-    if (key.find('_') != key.npos) {
-        for (char& c : key)
-            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
-    return key;
+    return key.find('_') == key.npos ? key : lowerAscii(key);
 }
 
 std::optional<std::string> messageText(std::string_view messages, std::string_view key)

@@ -1,5 +1,7 @@
 #include "inventory/Packages.h"
 
+#include "core/Texts.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -66,24 +68,13 @@ constexpr auto kPackageExtensions = std::to_array<std::string_view>({
     "xpc",
 });
 
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool sameLetters(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
-}
-
 } // namespace
 
 bool isPackage(const FileURL& folder)
 {
-    const std::string_view extension = folder.pathExtension();
+    const std::string extension = lowerAscii(folder.pathExtension());
     return std::any_of(kPackageExtensions.begin(), kPackageExtensions.end(),
-                       [&](std::string_view known) { return sameLetters(known, extension); });
+                       [&](std::string_view known) { return lowerAscii(known) == extension; });
 }
 
 } // namespace pryvane

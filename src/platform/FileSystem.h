@@ -102,6 +102,9 @@ public:
     virtual void forgetListings() = 0;
 
     [[nodiscard]] bool exists(const FileURL& url) { return presence(url) == Presence::Present; }
+
+    /// The accounts of a Mac's disk, by the names of the folders in which they live.
+    [[nodiscard]] std::vector<std::string> homes();
 };
 
 } // namespace pryvane

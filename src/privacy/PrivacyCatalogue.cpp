@@ -1,5 +1,7 @@
 #include "privacy/PrivacyCatalogue.h"
 
+#include "core/Texts.h"
+
 #include <algorithm>
 
 namespace pryvane {
@@ -46,11 +48,7 @@ std::string withName(std::string_view pattern, std::string_view name)
 /// Whether the name contains the ASCII text, whatever the letter case.
 bool containsIgnoringCase(std::string_view name, std::string_view text)
 {
-    const auto lower = [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    };
-    return std::search(name.begin(), name.end(), text.begin(), text.end(),
-                       [&](char a, char b) { return lower(a) == lower(b); }) != name.end();
+    return lowerAscii(name).find(lowerAscii(text)) != std::string::npos;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "scan/DeepScan.h"
 
+#include "core/ErrorText.h"
 #include "findings/ScanState.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -9,7 +10,6 @@
 #include <cerrno>
 #include <chrono>
 #include <string>
-#include <system_error>
 #include <unistd.h>
 
 namespace pryvane {
@@ -30,7 +30,7 @@ void DeepScan::onRoot(Pass pass)
     const int folder = m_services.disk.openFolder(*m_root);
     if (folder < 0) {
         // Both passes meet the same refusal; it is told once.
-        const std::string reason = std::generic_category().message(errno);
+        const std::string reason = errorText(errno);
         const Refusal refusal{m_root->relativePath(), reason};
         if (m_coverage.refused.empty() || !(m_coverage.refused.front() == refusal))
             m_coverage.refused.insert(m_coverage.refused.begin(), refusal);

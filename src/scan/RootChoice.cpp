@@ -6,6 +6,8 @@
 #include "platform/UserDefaults.h"
 #include "scan/DiskAccess.h"
 
+#include <array>
+
 namespace pryvane {
 
 namespace {
@@ -54,26 +56,42 @@ FileURL RootChoice::wholeDiskOrHome()
 
 std::optional<FileURL> RootChoice::askForFolder()
 {
-    const auto picked =
-        m_services.folderPicker.pickFolder({"Confirm Access",
-                                            "Give access for scanning in your HardDisk",
-                                            FileURL::fileURLWithPath(m_options.homePath()),
-                                            {}});
-    if (!picked)
-        return m_options.homeRoot();
-    logFailure(m_services.log, m_services.defaults.set(preferences::kLibraryAccess, true));
-    const auto bookmark = m_access.makeBookmark(*picked);
-    if (!bookmark) {
-        m_services.log.line("Error bookmarking selected URL: " + bookmark.error().message);
-        m_services.alerts.runModal({"", "Access Denied", {"OK"}});
+    constexpr std::array kKeys = {preferences::kSaveDirectory, preferences::kSaveDirectoryForHD};
+    const auto outcome = askForGrant(
+        m_services, [this](const FileURL& url) { return m_access.makeBookmark(url); },
+        {"Confirm Access",
+         "Give access for scanning in your HardDisk",
+         FileURL::fileURLWithPath(m_options.homePath()),
+         {}},
+        kKeys, EarlierGrants::Kept);
+    if (outcome != GrantOutcome::Cancelled)
+        logFailure(m_services.log, m_services.defaults.set(preferences::kLibraryAccess, true));
+    if (outcome == GrantOutcome::Failed)
         return std::nullopt;
-    }
     // The folder is only bookmarked: what is scanned stays the home folder.
-    logFailure(m_services.log,
-               m_services.defaults.setObject(preferences::kSaveDirectory, *bookmark));
-    logFailure(m_services.log,
-               m_services.defaults.setObject(preferences::kSaveDirectoryForHD, *bookmark));
     return m_options.homeRoot();
+}
+
+GrantOutcome askForGrant(const PlatformServices& services, const TokenMaker& makeToken,
+                         const FolderQuestion& question, std::span<const std::string_view> keys,
+                         EarlierGrants onFailure)
+{
+    const auto picked = services.folderPicker.pickFolder(question);
+    // Asked again: a panel may take a typed path that it does not offer.
+    if (!picked || (question.allows && !question.allows(*picked)))
+        return GrantOutcome::Cancelled;
+    const auto token = makeToken(*picked);
+    for (const std::string_view key : keys) {
+        if (token)
+            logFailure(services.log, services.defaults.setObject(key, *token));
+        else if (onFailure == EarlierGrants::Cleared)
+            logFailure(services.log, services.defaults.removeObject(key));
+    }
+    if (token)
+        return GrantOutcome::Granted;
+    services.log.line("Error bookmarking selected URL: " + token.error().message);
+    services.alerts.runModal({"", "Access Denied", {"OK"}});
+    return GrantOutcome::Failed;
 }
 
 } // namespace pryvane

@@ -1,13 +1,19 @@
 #pragma once
 
+#include "core/Result.h"
 #include "platform/PlatformServices.h"
+#include "platform/PreferenceKeys.h"
 #include "scan/ScanOptions.h"
 
+#include <functional>
 #include <optional>
+#include <span>
+#include <string_view>
 
 namespace pryvane {
 
 class DiskAccess;
+struct FolderQuestion;
 
 /// Settles which folder a scan covers, asking the user where no grant tells. Main thread only.
 class RootChoice {
@@ -26,5 +32,19 @@ private:
     DiskAccess& m_access;
     const ScanOptions& m_options;
 };
+
+enum class GrantOutcome : std::uint8_t { Cancelled, Granted, Failed };
+
+/// What becomes of the keys where no grant can be made for the folder that was picked.
+enum class EarlierGrants : std::uint8_t { Cleared, Kept };
+
+using TokenMaker = std::function<Result<Bytes>(const FileURL&)>;
+
+/// Lets the user pick a folder and keeps a grant for it under each of the keys. A grant that cannot
+/// be made is logged and shown in an alert; a cancelled panel changes nothing. Main thread only.
+[[nodiscard]] GrantOutcome askForGrant(const PlatformServices& services,
+                                       const TokenMaker& makeToken, const FolderQuestion& question,
+                                       std::span<const std::string_view> keys,
+                                       EarlierGrants onFailure = EarlierGrants::Cleared);
 
 } // namespace pryvane

@@ -1,5 +1,7 @@
 #include "signatures/PatternAutomaton.h"
 
+#include "core/Texts.h"
+
 #include <bit>
 #include <stdexcept>
 
@@ -11,7 +13,7 @@ constexpr std::size_t kMaxStates = 0x7fff;
 
 unsigned char lowered(unsigned char c)
 {
-    return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c - 'A' + 'a') : c;
+    return static_cast<unsigned char>(lowerAscii(static_cast<char>(c)));
 }
 
 } // namespace

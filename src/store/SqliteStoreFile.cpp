@@ -1,5 +1,6 @@
 #include "store/SqliteStoreFile.h"
 
+#include "core/ErrorText.h"
 #include "core/Escape.h"
 #include "platform/Log.h"
 #include "store/StoreFolder.h"
@@ -207,7 +208,7 @@ Attempt create(const std::string& path)
     if (file < 0)
         return {{},
                 {},
-                Error{"Cannot make " + forScreen(path) + ": " + reasonOf(errno) +
+                Error{"Cannot make " + forScreen(path) + ": " + errorText(errno) +
                       "; repair that, " + std::string(kElsewhere) + "."}};
     ::close(file);
 
@@ -314,7 +315,7 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cu
     if (stat(given.c_str(), &data) != 0) {
         if (errno == ENOENT || errno == ENOTDIR)
             return OpenedStore{};
-        return folderError(given, reasonOf(errno));
+        return folderError(given, errorText(errno));
     }
     if (!S_ISDIR(data.st_mode))
         return folderError(given, "it is not a folder");

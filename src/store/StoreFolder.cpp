@@ -1,5 +1,6 @@
 #include "store/StoreFolder.h"
 
+#include "core/ErrorText.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
 
@@ -11,7 +12,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -75,11 +75,6 @@ Error folderError(std::string_view folder, std::string_view what)
                  "; repair that, " + std::string(kElsewhere) + "."};
 }
 
-std::string reasonOf(int error)
-{
-    return std::generic_category().message(error);
-}
-
 std::string storePath(const std::string& folder)
 {
     return folder + "/" + std::string(kFileName);
@@ -96,7 +91,7 @@ Result<Done> makeFolders(const std::string& folder)
             if (!S_ISDIR(data.st_mode))
                 return folderError(folder, forScreen(part) + " is not a folder");
         } else if (mkdir(part.c_str(), 0700) != 0 && errno != EEXIST) {
-            return folderError(folder, reasonOf(errno));
+            return folderError(folder, errorText(errno));
         }
     }
     return Done{};
@@ -106,7 +101,7 @@ Result<std::string> resolvedFolder(const std::string& folder)
 {
     char* resolved = realpath(folder.c_str(), nullptr);
     if (!resolved)
-        return folderError(folder, reasonOf(errno));
+        return folderError(folder, errorText(errno));
     std::string path = resolved;
     std::free(resolved);
     return path;
@@ -121,7 +116,7 @@ Result<InPlace> inPlace(const std::string& path)
         if (lstat(name.c_str(), &data) != 0) {
             if (errno == ENOENT)
                 continue;
-            return folderError(name, reasonOf(errno));
+            return folderError(name, errorText(errno));
         }
         if (!S_ISREG(data.st_mode))
             return Error{"Cannot keep the preferences in " + forScreen(path) + ": " +
@@ -138,7 +133,7 @@ Result<Done> readsThrough(const std::string& path, bool forWriting)
 {
     for (const std::string& name : {path, path + "-journal"}) {
         if (const int error = readThrough(name, forWriting ? O_RDWR : O_RDONLY); error != 0)
-            return Error{"Cannot read " + forScreen(name) + ": " + reasonOf(error) +
+            return Error{"Cannot read " + forScreen(name) + ": " + errorText(error) +
                          "; nothing was changed. Repair that and try again, " +
                          std::string(kElsewhere) + "."};
     }
@@ -148,11 +143,11 @@ Result<Done> readsThrough(const std::string& path, bool forWriting)
 Result<Done> mayWrite(const std::string& folder, const std::string& path, InPlace found)
 {
     if (faccessat(AT_FDCWD, folder.c_str(), R_OK | W_OK | X_OK, AT_EACCESS) != 0)
-        return folderError(folder, "the folder is not yours to write: " + reasonOf(errno));
+        return folderError(folder, "the folder is not yours to write: " + errorText(errno));
     if (found != InPlace::Nothing &&
         faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0)
         return folderError(folder,
-                           forScreen(kFileName) + " is not yours to write: " + reasonOf(errno));
+                           forScreen(kFileName) + " is not yours to write: " + errorText(errno));
     return Done{};
 }
 
@@ -165,7 +160,7 @@ Result<std::string> moveFileAside(const std::string& path)
         aside = base + "-" + std::to_string(i);
     if (const int error = renameWhole(path, aside); error != 0)
         return Error{"The preferences in " + forScreen(path) +
-                     " are damaged and cannot be moved aside: " + reasonOf(error) +
+                     " are damaged and cannot be moved aside: " + errorText(error) +
                      "; move that file away, " + std::string(kElsewhere) + "."};
     return aside;
 }

@@ -25,7 +25,6 @@ inline constexpr std::string_view kAsideMark = ".damaged-";
 inline constexpr std::string_view kElsewhere = "or set PRYVANE_DATA_DIR to a folder of your own";
 
 [[nodiscard]] Error folderError(std::string_view folder, std::string_view what);
-[[nodiscard]] std::string reasonOf(int error);
 
 /// Where the store lies in its folder.
 [[nodiscard]] std::string storePath(const std::string& folder);

@@ -1,5 +1,7 @@
 #include "volume/FoldedName.h"
 
+#include "core/Texts.h"
+
 #include <utf8proc.h>
 
 #include <algorithm>
@@ -16,7 +18,7 @@ namespace {
 constexpr std::array<char, 128> kLowerCase = [] {
     std::array<char, 128> table{};
     for (std::size_t i = 0; i < table.size(); ++i)
-        table[i] = static_cast<char>(i >= 'A' && i <= 'Z' ? i - 'A' + 'a' : i);
+        table[i] = lowerAscii(static_cast<char>(i));
     return table;
 }();
 

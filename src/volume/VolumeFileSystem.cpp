@@ -32,24 +32,12 @@ bool isHostRoot(int rootFd)
            volume.st_ino == host.st_ino;
 }
 
-/// File system, root folder and its birth: what stays the same when a disk is mounted again, and
-/// differs between disks. Drivers that leave out the first or the last, as many in user space do,
+/// Drivers that leave out the file system's number or the birth time, as many in user space do,
 /// give all their disks the same rest: such a disk has no identity.
-std::string identityOf(int rootFd)
+std::string volumeIdentity(int rootFd)
 {
-    struct statvfs fileSystem {};
-    struct stat root {};
-    const auto birth = birthTime(rootFd);
-    if (fstatvfs(rootFd, &fileSystem) != 0 || fileSystem.f_fsid == 0 || fstat(rootFd, &root) != 0 ||
-        !birth)
-        return {};
-    char text[96];
-    const int length = std::snprintf(text, sizeof text, "%llx-%llx-%llx.%llx",
-                                     static_cast<unsigned long long>(fileSystem.f_fsid),
-                                     static_cast<unsigned long long>(root.st_ino),
-                                     static_cast<unsigned long long>(birth->seconds),
-                                     static_cast<unsigned long long>(birth->nanoseconds));
-    return {text, static_cast<std::size_t>(length)};
+    const auto identity = folderIdentity(rootFd);
+    return identity && identity->isComplete ? identity->text : std::string();
 }
 
 Error cannotOpen(std::string_view hostFolder, int error)
@@ -97,6 +85,24 @@ Result<std::string> readAll(int fd, std::size_t limit)
 
 } // namespace
 
+std::optional<FolderIdentity> folderIdentity(int folder)
+{
+    struct statvfs fileSystem {};
+    struct stat data {};
+    if (fstatvfs(folder, &fileSystem) != 0 || fstat(folder, &data) != 0)
+        return std::nullopt;
+    const auto birth = birthTime(folder);
+    const BirthTime made = birth.value_or(BirthTime());
+    char text[96];
+    const int length = std::snprintf(text, sizeof text, "%llx-%llx-%llx.%llx",
+                                     static_cast<unsigned long long>(fileSystem.f_fsid),
+                                     static_cast<unsigned long long>(data.st_ino),
+                                     static_cast<unsigned long long>(made.seconds),
+                                     static_cast<unsigned long long>(made.nanoseconds));
+    return FolderIdentity{{text, static_cast<std::size_t>(length)},
+                          fileSystem.f_fsid != 0 && birth.has_value()};
+}
+
 /// Where something stands: a name in an open folder, with what stands there.
 struct VolumeFileSystem::Place {
     UniqueFd parent;
@@ -128,7 +134,7 @@ VolumeFileSystem::VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot
     : m_rootFd(std::move(rootFd)), m_root(std::move(root)),
       m_isHostRoot(pryvane::isHostRoot(m_rootFd.get())),
       m_matching(m_isHostRoot ? NameMatching::Exact : matching),
-      m_identity(identityOf(m_rootFd.get())), m_spellings(*m_root)
+      m_identity(volumeIdentity(m_rootFd.get())), m_spellings(*m_root)
 {
 }
 

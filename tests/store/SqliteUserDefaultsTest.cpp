@@ -243,7 +243,7 @@ TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
     const std::vector<Row> rows = {
         {"file for the folder", [&] { folder.file("share"); }, "share is not a folder"},
         {"file for the data folder", [&] { folder.file("share/Pryvane"); }, "is not a folder"},
-        {"dangling link for the folder", [&] { folder.link("share", "gone"); }, "No such file"},
+        {"dangling link for the folder", [&] { folder.link("share", "gone"); }, "no such file"},
         {"link", [&] { folder.file("t"), folder.link(path, folder.hostPath("t")); }, "a link"},
         {"dangling link", [&] { folder.link(path, "gone"); }, "a link"},
         {"folder", [&] { folder.folder(path); }, "a folder"},
@@ -402,7 +402,7 @@ TEST_F(SqliteUserDefaultsTest, SaysWhenTheFolderMayNotBeWritten)
             if (opened.ok())
                 return "opened";
             const std::string& message = opened.error().message;
-            const bool told = message.find("Permission denied") != std::string::npos &&
+            const bool told = message.find("permission denied") != std::string::npos &&
                               message.find(data()) != std::string::npos;
             return told ? "" : message;
         }));

@@ -62,11 +62,7 @@ std::optional<std::string> usersOf(const std::string& folder, std::vector<std::s
     auto disk = VolumeFileSystem::open(folder);
     if (!disk)
         return disk.error().message;
-    const FileURL homes = FileURL::fileURLWithPath("/Users");
-    for (const auto& entry : (*disk)->list(homes).entries)
-        if (entry.kind == FileKind::Folder && entry.name != "Shared" &&
-            !entry.name.starts_with('.'))
-            users.push_back(entry.name);
+    users = (*disk)->homes();
     std::sort(users.begin(), users.end());
     return std::nullopt;
 }

@@ -11,6 +11,9 @@
 /// What a removal needs of its host in ways of their own; CMake chooses the file that does it.
 namespace pryvane {
 
+/// So many folders of one tree are held open at most.
+inline constexpr std::size_t kMostHandles = 32;
+
 /// One entry as a removal sees it, looked at without following it.
 struct EntryFacts {
     FolderId id;

@@ -1,5 +1,6 @@
 #include "removal/disk/JournalStorage.h"
 
+#include "core/ErrorText.h"
 #include "core/Escape.h"
 #include "store/StoreFolder.h"
 #include "volume/folders/FolderHandle.h"
@@ -21,7 +22,7 @@ constexpr std::string_view kSuffix = ".jsonl";
 
 Error journalError(const std::string& what, int error)
 {
-    return {"the journal of removals " + what + " (" + reasonOf(error) +
+    return {"the journal of removals " + what + " (" + errorText(error) +
             "); make room in its folder, " + std::string(kElsewhere)};
 }
 

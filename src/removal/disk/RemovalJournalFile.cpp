@@ -4,8 +4,8 @@
 #include "core/Sha256.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "removal/disk/EntryCount.h"
 #include "removal/disk/JournalLines.h"
+#include "removal/disk/TreeCensus.h"
 
 #include <nlohmann/json.hpp>
 

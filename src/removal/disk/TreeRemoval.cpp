@@ -9,8 +9,6 @@ namespace pryvane {
 
 namespace {
 
-constexpr std::size_t kMostHandles = 32;
-
 // As much of a folder's names as is read at once; what stands behind comes with another reading.
 constexpr std::size_t kMostNames = std::size_t{16} * 1024 * 1024;
 

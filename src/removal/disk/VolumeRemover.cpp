@@ -145,7 +145,7 @@ RemovalForecast VolumeRemover::forecastOf(const RemovalItem& item, const StopFla
         forecast.bytes = target.leaf.bytes;
     }
     if (forecast.kind == FileKind::Folder)
-        countBelow(target.parent.get(), target.name, places, stop, forecast);
+        foreseeBelow(target.parent.get(), target.name, places, stop, forecast);
     return forecast;
 }
 

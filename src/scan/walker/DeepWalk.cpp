@@ -1,12 +1,12 @@
 #include "scan/walker/DeepWalk.h"
 
+#include "core/ErrorText.h"
 #include "findings/ScanState.h"
 #include "platform/FileURL.h"
 #include "scan/walker/TreeWalker.h"
 #include "signatures/PatternAutomaton.h"
 
 #include <cerrno>
-#include <system_error>
 #include <unistd.h>
 
 namespace pryvane {
@@ -28,7 +28,7 @@ void walkTree(const WalkRoot& root, const WalkRules& rules, unsigned threads, co
     task.folder = FolderHandle::openIn(root.folder, ".");
     if (!task.folder) {
         if (!rules.onlyCount())
-            report.add(task.place, {root.path, 0, std::generic_category().message(errno)});
+            report.add(task.place, {root.path, 0, errorText(errno)});
         report.flush();
         return;
     }

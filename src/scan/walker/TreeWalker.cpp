@@ -1,8 +1,9 @@
 #include "scan/walker/TreeWalker.h"
 
+#include "core/ErrorText.h"
+
 #include <cerrno>
 #include <limits>
-#include <system_error>
 
 namespace pryvane {
 
@@ -217,7 +218,7 @@ void TreeWalker::addMatch(std::string_view name)
 
 void TreeWalker::refuse(std::size_t pathLength, int error)
 {
-    refuse(pathLength, std::generic_category().message(error));
+    refuse(pathLength, errorText(error));
 }
 
 void TreeWalker::refuse(std::size_t pathLength, std::string reason)

@@ -243,7 +243,7 @@ TEST_F(PDFGenerateTest, AFullDiskKeepsTheOldFile)
     std::ofstream(folder.hostPath("rest")) << std::string(64 * 1024, 'x');
     const auto written = generate.createPDFFileFor(*reportOf({"/new"}));
     EXPECT_THAT(written.ok() ? "" : written.error().message,
-                testing::HasSubstr("No space left on device"));
+                testing::HasSubstr("no space left on device"));
     EXPECT_EQ(content(), old);
     EXPECT_EQ(files().size(), 2U);
     umount(folder.path().c_str());

@@ -207,7 +207,7 @@ TEST(HostileTrees, UnreadableFoldersAreNamedAndTheRestIsWalked)
         }
         return text;
     });
-    const std::string once = "2 refused /Users/alice/a/shut: Permission denied; ";
+    const std::string once = "2 refused /Users/alice/a/shut: permission denied; ";
     EXPECT_EQ(told, once + once);
     chmod(folder.hostPath("a/shut").c_str(), 0755);
 }
