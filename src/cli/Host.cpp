@@ -38,7 +38,7 @@ struct Host::Documents {
 void ConsoleLog::line(std::string_view text)
 {
     m_hasSpoken = true;
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     m_console.say(forTerminal(text));
 }
 

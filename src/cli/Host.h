@@ -3,6 +3,7 @@
 #include "cli/Console.h"
 #include "core/NotificationCenter.h"
 #include "core/Result.h"
+#include "core/ThreadSafety.h"
 #include "core/tasks/BlockingMainQueue.h"
 #include "findings/ScanState.h"
 #include "hosts/posix/SystemClock.h"
@@ -14,7 +15,6 @@
 
 #include <atomic>
 #include <memory>
-#include <mutex>
 #include <string>
 
 namespace pryvane {
@@ -48,8 +48,8 @@ public:
 
 private:
     std::atomic<bool> m_hasSpoken{false};
-    const Console& m_console;
-    std::mutex m_mutex; ///< one line at a time
+    Mutex m_mutex;
+    const Console& m_console GUARDED_BY(m_mutex); ///< one line at a time
 };
 
 /// The services of this process, put together once for the command that runs.

@@ -25,29 +25,27 @@ void NotificationCenter::Observation::end()
 
 NotificationCenter::Observation NotificationCenter::observe(NotificationName name, Handler handler)
 {
-    const std::lock_guard lock(m_mutex);
-    Slot& target = slot(name);
-    auto changed = target.observers ? Observers(*target.observers) : Observers();
+    const MutexLock lock(m_mutex);
+    const auto& known = m_observers[index(name)];
+    auto changed = known ? Observers(*known) : Observers();
     const auto id = ++m_lastId;
     changed.push_back({id, std::move(handler)});
-    replace(target, std::move(changed));
+    replace(name, std::move(changed));
     return {*this, name, id};
 }
 
 void NotificationCenter::forget(NotificationName name, std::uint64_t id)
 {
-    const std::lock_guard lock(m_mutex);
-    Slot& target = slot(name);
-    Observers changed = *target.observers;
+    const MutexLock lock(m_mutex);
+    Observers changed = *m_observers[index(name)];
     std::erase_if(changed, [id](const Observer& observer) { return observer.id == id; });
-    replace(target, std::move(changed));
+    replace(name, std::move(changed));
 }
 
-/// Needs m_mutex held.
-void NotificationCenter::replace(Slot& target, Observers observers)
+void NotificationCenter::replace(NotificationName name, Observers observers)
 {
-    target.count.store(observers.size(), std::memory_order_release);
-    target.observers = std::make_shared<const Observers>(std::move(observers));
+    m_counts[index(name)].store(observers.size(), std::memory_order_release);
+    m_observers[index(name)] = std::make_shared<const Observers>(std::move(observers));
 }
 
 void NotificationCenter::post(NotificationName name, const NotificationObject& object)
@@ -56,8 +54,8 @@ void NotificationCenter::post(NotificationName name, const NotificationObject& o
         return;
     std::shared_ptr<const Observers> observers;
     {
-        const std::lock_guard lock(m_mutex);
-        observers = slot(name).observers;
+        const MutexLock lock(m_mutex);
+        observers = m_observers[index(name)];
     }
     // Outside the lock: a handler may post, observe or end observations itself.
     for (const Observer& observer : *observers)

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "core/Notifications.h"
+#include "core/ThreadSafety.h"
 
 #include <array>
 #include <atomic>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <vector>
 
 namespace pryvane {
@@ -48,7 +48,7 @@ public:
     /// skip making an object that nobody reads.
     [[nodiscard]] bool hasObservers(NotificationName name) const
     {
-        return slot(name).count.load(std::memory_order_acquire) != 0;
+        return m_counts[index(name)].load(std::memory_order_acquire) != 0;
     }
 
     void post(NotificationName name, const NotificationObject& object = {});
@@ -59,19 +59,16 @@ private:
         Handler handler;
     };
     using Observers = std::vector<Observer>;
-    struct Slot {
-        std::atomic<std::size_t> count{0};
-        std::shared_ptr<const Observers> observers; // guarded by m_mutex; copied on change
-    };
 
-    [[nodiscard]] Slot& slot(NotificationName name) { return m_slots[index(name)]; }
-    [[nodiscard]] const Slot& slot(NotificationName name) const { return m_slots[index(name)]; }
-    static void replace(Slot& target, Observers observers);
-    void forget(NotificationName name, std::uint64_t id);
+    void replace(NotificationName name, Observers observers) REQUIRES(m_mutex);
+    void forget(NotificationName name, std::uint64_t id) EXCLUDES(m_mutex);
 
-    std::mutex m_mutex;
-    std::uint64_t m_lastId = 0; // guarded by m_mutex
-    std::array<Slot, kNotificationCount> m_slots;
+    Mutex m_mutex;
+    std::uint64_t m_lastId GUARDED_BY(m_mutex) = 0;
+    /// By name; copied on change.
+    std::array<std::shared_ptr<const Observers>, kNotificationCount>
+        m_observers GUARDED_BY(m_mutex);
+    std::array<std::atomic<std::size_t>, kNotificationCount> m_counts{}; ///< of observers, by name
 };
 
 } // namespace pryvane

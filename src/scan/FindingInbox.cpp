@@ -59,7 +59,7 @@ void FindingInbox::whenEmpty(std::function<void()> done)
 
 void FindingInbox::clear()
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     m_pending.clear();
     m_heldBack.clear();
     m_heldBackLocations.clear();
@@ -78,7 +78,7 @@ void FindingInbox::test(std::shared_ptr<Spyware> record)
 void FindingInbox::push(Pending pending)
 {
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         m_pending.push_back(std::move(pending));
         if (std::exchange(m_scheduled, true))
             return;
@@ -86,7 +86,7 @@ void FindingInbox::push(Pending pending)
     try {
         schedule();
     } catch (...) {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         m_scheduled = false; // for whoever hands in the next one
         throw;
     }
@@ -94,7 +94,7 @@ void FindingInbox::push(Pending pending)
 
 bool FindingInbox::take(std::deque<Pending>& slice)
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     while (!m_pending.empty() && slice.size() < kTakenAtOnce) {
         slice.push_back(std::move(m_pending.front()));
         m_pending.pop_front();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "core/tasks/BoundQueue.h"
 #include "findings/Spyware.h"
 #include "platform/PlatformServices.h"
@@ -10,7 +11,6 @@
 #include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -73,9 +73,9 @@ private:
     std::unordered_set<std::string> m_heldBackLocations;
     BoundQueue m_later;
 
-    std::mutex m_mutex;
-    std::deque<Pending> m_pending; // guarded by m_mutex
-    bool m_scheduled = false;      // guarded by m_mutex
+    Mutex m_mutex;
+    std::deque<Pending> m_pending GUARDED_BY(m_mutex);
+    bool m_scheduled GUARDED_BY(m_mutex) = false;
 };
 
 } // namespace pryvane

@@ -69,7 +69,7 @@ std::optional<std::size_t> MakersApplications::timesListed(const FileURL& url,
 
 std::optional<bool> MakersApplications::isStrangers(std::string_view product, const StopFlag& stop)
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     if (const auto known = m_strangers.find(product); known != m_strangers.end())
         return known->second;
     if (stop.requested())
@@ -80,7 +80,7 @@ std::optional<bool> MakersApplications::isStrangers(std::string_view product, co
 
 void MakersApplications::forget()
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     m_strangers.clear();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "platform/FileURL.h"
 
 #include <cstddef>
 #include <map>
-#include <mutex>
 #include <optional>
 #include <span>
 #include <string>
@@ -46,8 +46,8 @@ private:
     [[nodiscard]] std::optional<bool> isStrangers(std::string_view product, const StopFlag& stop);
 
     Workspace& m_workspace;
-    std::mutex m_mutex;
-    std::map<std::string_view, bool> m_strangers; ///< by product; guarded by m_mutex
+    Mutex m_mutex;
+    std::map<std::string_view, bool> m_strangers GUARDED_BY(m_mutex); ///< by product
 };
 
 } // namespace pryvane

@@ -6,21 +6,21 @@ namespace pryvane {
 
 std::optional<PreferenceValue> MemoryUserDefaults::objectForKey(std::string_view key)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     const auto found = m_values.find(key);
     return found == m_values.end() ? std::nullopt : std::optional(found->second);
 }
 
 Result<Done> MemoryUserDefaults::setObject(std::string_view key, const PreferenceValue& value)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     m_values.insert_or_assign(std::string(key), value);
     return Done{};
 }
 
 Result<Done> MemoryUserDefaults::removeObject(std::string_view key)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     if (const auto found = m_values.find(key); found != m_values.end())
         m_values.erase(found);
     return Done{};
@@ -28,7 +28,7 @@ Result<Done> MemoryUserDefaults::removeObject(std::string_view key)
 
 Result<Done> MemoryUserDefaults::updateBytes(std::string_view key, const Change& change)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     std::optional<Bytes> stored;
     if (const auto found = m_values.find(key); found != m_values.end()) {
         if (const auto* bytes = std::get_if<Bytes>(&found->second))
@@ -41,7 +41,7 @@ Result<Done> MemoryUserDefaults::updateBytes(std::string_view key, const Change&
 
 Result<Done> MemoryUserDefaults::setAside(std::string_view key)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     const auto found = m_values.find(key);
     if (found == m_values.end())
         return Done{};
@@ -53,7 +53,7 @@ Result<Done> MemoryUserDefaults::setAside(std::string_view key)
 
 Result<std::vector<StoredReport>> MemoryReportStore::list()
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     std::vector<StoredReport> rows;
     for (const auto& [place, held] : m_list)
         rows.push_back(held.row);
@@ -62,7 +62,7 @@ Result<std::vector<StoredReport>> MemoryReportStore::list()
 
 Result<std::optional<std::string>> MemoryReportStore::piece(std::int64_t place, std::int64_t number)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     const auto held = m_list.find(place);
     const auto index = static_cast<std::size_t>(number);
     if (held == m_list.end() || index >= held->second.pieces.size())
@@ -72,7 +72,7 @@ Result<std::optional<std::string>> MemoryReportStore::piece(std::int64_t place, 
 
 Result<Done> MemoryReportStore::put(const NewReport& report)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     List list = m_list;
     if (const auto older = newest(list, report.id); older != list.end())
         list.erase(older);
@@ -84,7 +84,7 @@ Result<Done> MemoryReportStore::put(const NewReport& report)
 
 Result<bool> MemoryReportStore::remove(std::string_view id)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     const auto found = newest(m_list, id);
     if (found == m_list.end())
         return false;
@@ -95,7 +95,7 @@ Result<bool> MemoryReportStore::remove(std::string_view id)
 Result<Done> MemoryReportStore::replaceAll(std::size_t count,
                                            const std::function<NewReport(std::size_t)>& at)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     List list;
     for (std::size_t i = count; i-- > 0;) {
         if (const auto inserted = insert(list, at(i)); !inserted)

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "platform/ReportStore.h"
 #include "platform/UserDefaults.h"
 
 #include <map>
-#include <mutex>
 
 namespace pryvane {
 
@@ -25,12 +25,12 @@ private:
         std::vector<std::string> pieces;
     };
     using List = std::map<std::int64_t, Held, std::greater<>>; // newest first
-    [[nodiscard]] Result<Done> insert(List& list, const NewReport& report);
+    [[nodiscard]] Result<Done> insert(List& list, const NewReport& report) REQUIRES(m_mutex);
     [[nodiscard]] static List::iterator newest(List& list, std::string_view id);
 
-    std::recursive_mutex m_mutex;
-    List m_list;                  // guarded by m_mutex
-    std::int64_t m_lastPlace = 0; // guarded by m_mutex
+    RecursiveMutex m_mutex;
+    List m_list GUARDED_BY(m_mutex);
+    std::int64_t m_lastPlace GUARDED_BY(m_mutex) = 0;
 };
 
 /// Preferences that live as long as the object: for scans that must leave no trace, and for tests.
@@ -44,8 +44,8 @@ public:
     [[nodiscard]] ReportStore& reports() override { return m_reports; }
 
 private:
-    std::recursive_mutex m_mutex; ///< recursive: a change may set the old value aside
-    std::map<std::string, PreferenceValue, std::less<>> m_values; // guarded by m_mutex
+    RecursiveMutex m_mutex; ///< recursive: a change may set the old value aside
+    std::map<std::string, PreferenceValue, std::less<>> m_values GUARDED_BY(m_mutex);
     MemoryReportStore m_reports;
 };
 

@@ -30,7 +30,7 @@ const SqliteConnection& SqliteReportStore::connection() const
 
 Result<std::vector<StoredReport>> SqliteReportStore::list()
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     std::vector<StoredReport> reports;
     if (!m_store.holdsReports)
         return reports;
@@ -51,7 +51,7 @@ Result<std::vector<StoredReport>> SqliteReportStore::list()
 
 Result<std::optional<std::string>> SqliteReportStore::piece(std::int64_t place, std::int64_t number)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     if (!m_store.holdsReports)
         return std::optional<std::string>();
     Statement row(m_readPiece, connection(),
@@ -67,7 +67,7 @@ Result<std::optional<std::string>> SqliteReportStore::piece(std::int64_t place, 
 
 Result<Done> SqliteReportStore::put(const NewReport& report)
 {
-    return change([&]() -> Outcome {
+    return change([&]() REQUIRES(m_mutex) -> Outcome {
         std::optional<std::int64_t> older;
         int code = newest(report.id, older);
         if (code == SQLITE_OK && older)
@@ -79,7 +79,7 @@ Result<Done> SqliteReportStore::put(const NewReport& report)
 Result<bool> SqliteReportStore::remove(std::string_view id)
 {
     std::optional<std::int64_t> place;
-    const auto removed = change([&]() -> Outcome {
+    const auto removed = change([&]() REQUIRES(m_mutex) -> Outcome {
         int code = newest(id, place);
         if (code == SQLITE_OK && place)
             code = erase(*place);
@@ -93,7 +93,7 @@ Result<bool> SqliteReportStore::remove(std::string_view id)
 Result<Done> SqliteReportStore::replaceAll(std::size_t count,
                                            const std::function<NewReport(std::size_t)>& at)
 {
-    return change([&]() -> Outcome {
+    return change([&]() REQUIRES(m_mutex) -> Outcome {
         Outcome outcome{connection().execute("DELETE FROM report_piece; DELETE FROM report"), {}};
         for (std::size_t i = count; i-- > 0 && outcome.code == SQLITE_OK && !outcome.error;)
             outcome = insert(at(i));
@@ -104,7 +104,7 @@ Result<Done> SqliteReportStore::replaceAll(std::size_t count,
 /// All of the work or, where any of it fails or throws, nothing of it.
 Result<Done> SqliteReportStore::change(const Work& work)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     if (m_readOnly)
         return Error{"The reports were opened for reading only; nothing was saved."};
     SqliteTransaction transaction(connection());
@@ -128,7 +128,7 @@ SqliteReportStore::Outcome SqliteReportStore::insert(const NewReport& report)
     const std::int64_t place = sqlite3_last_insert_rowid(connection().handle());
     Outcome outcome{SQLITE_OK, {}};
     std::int64_t number = 0;
-    const auto written = report.write([&](std::string_view piece) -> Result<Done> {
+    const auto written = report.write([&](std::string_view piece) REQUIRES(m_mutex) -> Result<Done> {
         Statement part(m_insertPiece, connection(),
                        "INSERT INTO report_piece(report, number, value) VALUES(?, ?, ?)");
         const int code = part->integer(place).integer(number++).blob(piece).step();

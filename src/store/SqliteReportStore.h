@@ -1,9 +1,8 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "platform/ReportStore.h"
 #include "store/SqliteHandles.h"
-
-#include <mutex>
 
 namespace pryvane {
 
@@ -13,7 +12,7 @@ struct OpenedStore;
 class SqliteReportStore final : public ReportStore {
 public:
     /// Both outlive it.
-    SqliteReportStore(OpenedStore& store, std::recursive_mutex& mutex, bool readOnly)
+    SqliteReportStore(OpenedStore& store, RecursiveMutex& mutex, bool readOnly)
         : m_store(store), m_mutex(mutex), m_readOnly(readOnly)
     {
     }
@@ -36,15 +35,17 @@ private:
     class Statement;
 
     [[nodiscard]] Result<Done> change(const Work& work);
-    [[nodiscard]] Outcome insert(const NewReport& report);
-    [[nodiscard]] int newest(std::string_view id, std::optional<std::int64_t>& place);
-    [[nodiscard]] int erase(std::int64_t place);
-    [[nodiscard]] const SqliteConnection& connection() const;
+    [[nodiscard]] Outcome insert(const NewReport& report) REQUIRES(m_mutex);
+    [[nodiscard]] int newest(std::string_view id, std::optional<std::int64_t>& place)
+        REQUIRES(m_mutex);
+    [[nodiscard]] int erase(std::int64_t place) REQUIRES(m_mutex);
+    [[nodiscard]] const SqliteConnection& connection() const REQUIRES(m_mutex);
 
     OpenedStore& m_store;
-    std::recursive_mutex& m_mutex;
+    RecursiveMutex& m_mutex;
     const bool m_readOnly;
-    std::optional<SqliteStatement> m_readPiece, m_insertReport, m_insertPiece;
+    std::optional<SqliteStatement> m_readPiece GUARDED_BY(m_mutex),
+        m_insertReport GUARDED_BY(m_mutex), m_insertPiece GUARDED_BY(m_mutex);
 };
 
 } // namespace pryvane

@@ -68,8 +68,8 @@ std::optional<PreferenceValue> valueColumns(const SqliteStatement& statement)
 } // namespace
 
 SqliteUserDefaults::SqliteUserDefaults(OpenedStore store, Access access, Log& log)
-    : m_log(log), m_access(access), m_store(std::make_unique<OpenedStore>(std::move(store))),
-      m_reports(*m_store, m_mutex, access == Access::ReadOnly)
+    : m_log(log), m_access(access), m_path(store.path), m_store(std::move(store)),
+      m_reports(m_store, m_mutex, access == Access::ReadOnly)
 {
 }
 
@@ -97,14 +97,9 @@ Result<SqliteUserDefaults::Opened> SqliteUserDefaults::made(Result<OpenedStore> 
     return opened;
 }
 
-const std::string& SqliteUserDefaults::path() const
-{
-    return m_store->path;
-}
-
 std::optional<PreferenceValue> SqliteUserDefaults::objectForKey(std::string_view key)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     std::optional<PreferenceValue> value;
     if (const int code = read(key, value); code != SQLITE_OK)
         m_log.line(storeError("read the preference " + forScreen(key), path(), code).message);
@@ -113,32 +108,32 @@ std::optional<PreferenceValue> SqliteUserDefaults::objectForKey(std::string_view
 
 Result<Done> SqliteUserDefaults::setObject(std::string_view key, const PreferenceValue& value)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     return saved(write(key, value));
 }
 
 Result<Done> SqliteUserDefaults::removeObject(std::string_view key)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     if (m_access == Access::ReadOnly)
         return saved(SQLITE_READONLY);
-    SqliteStatement statement(m_store->connection, "DELETE FROM preference WHERE key=?");
+    SqliteStatement statement(m_store.connection, "DELETE FROM preference WHERE key=?");
     const int code = statement.text(key).step();
     return saved(code == SQLITE_DONE ? SQLITE_OK : code);
 }
 
 Result<Done> SqliteUserDefaults::updateBytes(std::string_view key, const Change& change)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     return saved(this->change(key, change));
 }
 
 Result<Done> SqliteUserDefaults::setAside(std::string_view key)
 {
-    const std::lock_guard lock(m_mutex);
+    const RecursiveMutexLock lock(m_mutex);
     if (m_access == Access::ReadOnly)
         return saved(SQLITE_READONLY);
-    SqliteTransaction transaction(m_store->connection);
+    SqliteTransaction transaction(m_store.connection);
     int code = transaction.code();
     if (code == SQLITE_OK)
         code = moveAside(key);
@@ -149,10 +144,9 @@ Result<Done> SqliteUserDefaults::setAside(std::string_view key)
 
 int SqliteUserDefaults::read(std::string_view key, std::optional<PreferenceValue>& value)
 {
-    if (!m_store->connection)
+    if (!m_store.connection)
         return SQLITE_OK;
-    SqliteStatement statement(m_store->connection,
-                              "SELECT type, value FROM preference WHERE key=?");
+    SqliteStatement statement(m_store.connection, "SELECT type, value FROM preference WHERE key=?");
     const int code = statement.text(key).step();
     if (code != SQLITE_ROW)
         return code == SQLITE_DONE ? SQLITE_OK : code;
@@ -164,7 +158,7 @@ int SqliteUserDefaults::write(std::string_view key, const PreferenceValue& value
 {
     if (m_access == Access::ReadOnly)
         return SQLITE_READONLY;
-    SqliteStatement statement(m_store->connection,
+    SqliteStatement statement(m_store.connection,
                               "INSERT INTO preference(key, type, value) VALUES(?, ?, ?) "
                               "ON CONFLICT(key) DO UPDATE SET type=excluded.type, "
                               "value=excluded.value");
@@ -178,7 +172,7 @@ int SqliteUserDefaults::change(std::string_view key, const Change& change)
 {
     if (m_access == Access::ReadOnly)
         return SQLITE_READONLY;
-    SqliteTransaction transaction(m_store->connection);
+    SqliteTransaction transaction(m_store.connection);
     if (transaction.code() != SQLITE_OK)
         return transaction.code();
     std::optional<PreferenceValue> value;
@@ -203,11 +197,11 @@ int SqliteUserDefaults::moveAside(std::string_view key)
 {
     const std::string prefix = std::string(key) + std::string(kAsideMark);
     const std::string name = prefix + asideStamp();
-    SqliteStatement rename(m_store->connection,
+    SqliteStatement rename(m_store.connection,
                            "UPDATE OR REPLACE preference SET key=? WHERE key=?");
     if (const int code = rename.text(name).text(key).step(); code != SQLITE_DONE)
         return code;
-    SqliteStatement forget(m_store->connection,
+    SqliteStatement forget(m_store.connection,
                            "DELETE FROM preference WHERE key IN (SELECT key FROM preference "
                            "WHERE substr(key, 1, length(?1)) = ?1 ORDER BY key DESC "
                            "LIMIT -1 OFFSET ?2)");

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "platform/UserDefaults.h"
 #include "store/SqliteReportStore.h"
 #include "store/SqliteStoreFile.h"
 
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,7 +36,7 @@ public:
     ~SqliteUserDefaults() override;
 
     /// Where the file lies; empty where a read-only opening found none.
-    [[nodiscard]] const std::string& path() const;
+    [[nodiscard]] const std::string& path() const { return m_path; }
 
     [[nodiscard]] std::optional<PreferenceValue> objectForKey(std::string_view key) override;
     Result<Done> setObject(std::string_view key, const PreferenceValue& value) override;
@@ -50,17 +50,19 @@ private:
     SqliteUserDefaults(OpenedStore store, Access access, Log& log);
     static Result<Opened> made(Result<OpenedStore> store, Access access, Log& log);
 
-    /// The calls below need m_mutex held and give SQLite's result codes.
-    [[nodiscard]] int read(std::string_view key, std::optional<PreferenceValue>& value);
-    [[nodiscard]] int write(std::string_view key, const PreferenceValue& value);
-    [[nodiscard]] int moveAside(std::string_view key);
-    [[nodiscard]] int change(std::string_view key, const Change& change);
+    /// The calls below give SQLite's result codes.
+    [[nodiscard]] int read(std::string_view key, std::optional<PreferenceValue>& value)
+        REQUIRES(m_mutex);
+    [[nodiscard]] int write(std::string_view key, const PreferenceValue& value) REQUIRES(m_mutex);
+    [[nodiscard]] int moveAside(std::string_view key) REQUIRES(m_mutex);
+    [[nodiscard]] int change(std::string_view key, const Change& change) REQUIRES(m_mutex);
     [[nodiscard]] Result<Done> saved(int code);
 
     Log& m_log;
     const Access m_access;
-    std::recursive_mutex m_mutex; ///< recursive: a change may set the old value aside
-    std::unique_ptr<OpenedStore> m_store;
+    const std::string m_path;
+    RecursiveMutex m_mutex; ///< recursive: a change may set the old value aside
+    OpenedStore m_store GUARDED_BY(m_mutex);
     SqliteReportStore m_reports;
 };
 

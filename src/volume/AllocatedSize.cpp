@@ -1,5 +1,6 @@
 #include "volume/AllocatedSize.h"
 
+#include "core/ThreadSafety.h"
 #include "core/tasks/WorkCrew.h"
 #include "volume/folders/Ancestry.h"
 #include "volume/folders/FolderHandle.h"
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <fcntl.h>
 #include <iterator>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <sys/stat.h>
@@ -46,7 +46,7 @@ public:
         sum.bytes.fetch_add(bytes);
         if (sum.parts.fetch_sub(1) > 1)
             return;
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         // Asked for here, as the telling waited for may have been what stopped it.
         if (!m_stop.requested())
             m_told(location, sum.bytes.load());
@@ -59,8 +59,8 @@ private:
     };
     std::vector<Sum> m_sums;
     const StopFlag& m_stop;
-    const SizeMeter::Told& m_told;
-    std::mutex m_mutex; // one telling at a time
+    Mutex m_mutex;
+    const SizeMeter::Told& m_told GUARDED_BY(m_mutex); // one telling at a time
 };
 
 /// One thread's part of a measurement: depth first, with an own stack, holding few folders open.

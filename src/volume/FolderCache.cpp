@@ -78,27 +78,27 @@ FolderNames::Name FolderNames::find(std::string_view name) const
 
 FolderCache::Names FolderCache::find(std::string_view path) const
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     const auto found = m_folders.find(path);
     return found == m_folders.end() ? nullptr : found->second;
 }
 
 std::uint64_t FolderCache::generation() const
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     return m_generation;
 }
 
 void FolderCache::store(std::string_view path, Names names, std::uint64_t generation)
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     if (generation == m_generation)
         m_folders.insert_or_assign(std::string(path), std::move(names));
 }
 
 void FolderCache::clear()
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     m_folders.clear();
     ++m_generation;
 }

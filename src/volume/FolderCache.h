@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "platform/FileSystem.h"
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -76,9 +76,9 @@ private:
         using is_transparent = void;
     };
 
-    mutable std::mutex m_mutex;
-    std::unordered_map<std::string, Names, Hash, std::equal_to<>> m_folders; // guarded by m_mutex
-    std::uint64_t m_generation = 0;                                          // guarded by m_mutex
+    mutable Mutex m_mutex;
+    std::unordered_map<std::string, Names, Hash, std::equal_to<>> m_folders GUARDED_BY(m_mutex);
+    std::uint64_t m_generation GUARDED_BY(m_mutex) = 0;
 };
 
 } // namespace pryvane

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "platform/Remover.h"
-
-#include <mutex>
 
 namespace pryvane {
 
@@ -15,14 +14,14 @@ public:
     void plan(std::span<const RemovalItem> items, const StopFlag& stop,
               const RemovalForecasts& told) override
     {
-        const std::lock_guard lock(m_oneAtATime);
+        const MutexLock lock(m_oneAtATime);
         m_remover.plan(items, stop, told);
     }
 
     void remove(std::span<const RemovalItem> items, const StopFlag& stop,
                 const RemovalResults& told) override
     {
-        const std::lock_guard lock(m_oneAtATime);
+        const MutexLock lock(m_oneAtATime);
         m_remover.remove(items, stop, told);
     }
 
@@ -30,13 +29,13 @@ public:
     template <typename Work>
     void meanwhileNothing(Work work)
     {
-        const std::lock_guard lock(m_oneAtATime);
+        const MutexLock lock(m_oneAtATime);
         work();
     }
 
 private:
-    Remover& m_remover;
-    std::mutex m_oneAtATime;
+    Mutex m_oneAtATime;
+    Remover& m_remover GUARDED_BY(m_oneAtATime);
 };
 
 } // namespace pryvane

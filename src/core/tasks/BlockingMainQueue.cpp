@@ -7,16 +7,16 @@ namespace pryvane {
 void BlockingMainQueue::postAfter(std::chrono::milliseconds delay, Work work)
 {
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         m_work.emplace(std::chrono::steady_clock::now() + delay, std::move(work));
     }
-    m_changed.notify_one();
+    m_changed.notifyOne();
 }
 
 void BlockingMainQueue::run(const Work& idle)
 {
     constexpr std::chrono::milliseconds kIdleStep{20};
-    std::unique_lock lock(m_mutex);
+    MutexLock lock(m_mutex);
     while (!m_quit) {
         const auto now = std::chrono::steady_clock::now();
         if (!m_work.empty() && m_work.begin()->first <= now) {
@@ -30,7 +30,7 @@ void BlockingMainQueue::run(const Work& idle)
         Time wake = now + kIdleStep;
         if (!m_work.empty())
             wake = std::min(wake, m_work.begin()->first);
-        m_changed.wait_until(lock, wake);
+        m_changed.waitUntil(lock, wake);
         if (idle) {
             lock.unlock();
             idle();
@@ -43,10 +43,10 @@ void BlockingMainQueue::run(const Work& idle)
 void BlockingMainQueue::quit()
 {
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         m_quit = true;
     }
-    m_changed.notify_one();
+    m_changed.notifyOne();
 }
 
 } // namespace pryvane

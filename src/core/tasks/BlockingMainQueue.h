@@ -1,10 +1,9 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
 #include "core/tasks/MainQueue.h"
 
-#include <condition_variable>
 #include <map>
-#include <mutex>
 #include <thread>
 
 namespace pryvane {
@@ -30,10 +29,10 @@ private:
     using Time = std::chrono::steady_clock::time_point;
 
     const std::thread::id m_owner = std::this_thread::get_id();
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::multimap<Time, Work> m_work; // guarded by m_mutex; equal times keep the posting order
-    bool m_quit = false;              // guarded by m_mutex
+    Mutex m_mutex;
+    Condition m_changed;
+    std::multimap<Time, Work> m_work GUARDED_BY(m_mutex); // equal times keep the posting order
+    bool m_quit GUARDED_BY(m_mutex) = false;
 };
 
 } // namespace pryvane

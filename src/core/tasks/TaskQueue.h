@@ -47,6 +47,7 @@ private:
     struct Handover;
 
     void startNext();
+    [[nodiscard]] bool isEndedSoon(Handover& handover) const;
     void ended(const std::shared_ptr<Handover>& handover, Ending ending);
     void finish(Handover& handover);
 

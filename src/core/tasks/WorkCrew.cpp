@@ -68,7 +68,7 @@ void GrowingCrew::run()
     for (std::size_t i = 0;; ++i) {
         std::thread helper;
         {
-            const std::lock_guard lock(m_mutex);
+            const MutexLock lock(m_mutex);
             if (i == m_helpers.size())
                 return;
             helper = std::move(m_helpers[i]);
@@ -79,7 +79,7 @@ void GrowingCrew::run()
 
 void GrowingCrew::addOne()
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     if (m_helpers.size() + 1 >= m_most)
         return;
     try {

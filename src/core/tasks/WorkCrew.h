@@ -1,12 +1,12 @@
 #pragma once
 
+#include "core/ThreadSafety.h"
+
 #include <atomic>
-#include <condition_variable>
 #include <cstddef>
 #include <deque>
 #include <exception>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -26,19 +26,20 @@ public:
     template <typename Make>
     void give(Make&& make)
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         if (m_wanted.load(std::memory_order_relaxed) <= 0)
             return;
         if (std::optional<Task> task = make()) {
             m_tasks.push_back(std::move(*task));
             m_wanted.fetch_sub(1, std::memory_order_relaxed);
-            m_changed.notify_one();
+            m_changed.notifyOne();
         }
     }
 
     /// Hands in a first task, before any thread asks.
     void begin(Task task)
     {
+        const MutexLock lock(m_mutex);
         m_tasks.push_back(std::move(task));
         m_wanted.fetch_sub(1, std::memory_order_relaxed);
     }
@@ -46,11 +47,12 @@ public:
     /// The next task, or none when all is walked.
     [[nodiscard]] std::optional<Task> take()
     {
-        std::unique_lock lock(m_mutex);
+        MutexLock lock(m_mutex);
         m_wanted.fetch_add(1, std::memory_order_relaxed);
-        m_changed.wait(lock, [this] { return !m_tasks.empty() || m_working == 0 || m_failure; });
+        while (m_tasks.empty() && m_working > 0 && !m_failure)
+            m_changed.wait(lock);
         if (m_tasks.empty() || m_failure) {
-            m_changed.notify_all();
+            m_changed.notifyAll();
             return std::nullopt;
         }
         std::optional<Task> task(std::move(m_tasks.front()));
@@ -62,9 +64,9 @@ public:
     /// Says that the task taken before has been walked.
     void finished()
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         if (--m_working == 0)
-            m_changed.notify_all();
+            m_changed.notifyAll();
     }
 
     /// Does one thread's share of the work. What it throws ends the shares of the others, too, each
@@ -75,25 +77,26 @@ public:
         try {
             work();
         } catch (...) {
-            const std::lock_guard lock(m_mutex);
+            const MutexLock lock(m_mutex);
             m_failure = std::current_exception();
-            m_changed.notify_all();
+            m_changed.notifyAll();
         }
     }
 
     /// Throws on what a share threw, once all threads have ended.
     void throwOn() const
     {
+        const MutexLock lock(m_mutex);
         if (m_failure)
             std::rethrow_exception(m_failure);
     }
 
 private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::deque<Task> m_tasks;     // guarded by m_mutex
-    int m_working = 0;            // guarded by m_mutex
-    std::exception_ptr m_failure; // guarded by m_mutex
+    mutable Mutex m_mutex;
+    Condition m_changed;
+    std::deque<Task> m_tasks GUARDED_BY(m_mutex);
+    int m_working GUARDED_BY(m_mutex) = 0;
+    std::exception_ptr m_failure GUARDED_BY(m_mutex);
     std::atomic<int> m_wanted{0}; ///< waiting threads less tasks on their way to them
 };
 
@@ -126,8 +129,8 @@ public:
 private:
     const std::size_t m_most;
     const std::function<void()> m_work;
-    std::mutex m_mutex;
-    std::vector<std::thread> m_helpers; // guarded by m_mutex
+    Mutex m_mutex;
+    std::vector<std::thread> m_helpers GUARDED_BY(m_mutex);
 };
 
 /// Notices that the calling thread keeps waiting for the disk. One thread's own.

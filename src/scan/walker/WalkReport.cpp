@@ -14,22 +14,22 @@ constexpr std::chrono::milliseconds kStopPolled{20};
 
 WalkReport::Place WalkReport::first()
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     return m_stretches.emplace(m_stretches.begin());
 }
 
 WalkReport::Place WalkReport::insertAfter(Place place)
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     return m_stretches.emplace(std::next(place));
 }
 
 void WalkReport::add(Place place, Item item)
 {
-    std::unique_lock lock(m_mutex);
+    MutexLock lock(m_mutex);
     while (place != m_stretches.begin() && place->waiting.size() >= kMostWaiting &&
            !m_stop.requested())
-        m_advanced.wait_for(lock, kStopPolled);
+        m_advanced.waitFor(lock, kStopPolled);
     if (place == m_stretches.begin())
         tell(item);
     else
@@ -38,19 +38,19 @@ void WalkReport::add(Place place, Item item)
 
 void WalkReport::complete(Place place)
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     place->complete = true;
     while (!m_stretches.empty() && m_stretches.front().complete) {
         m_stretches.pop_front();
         if (!m_stretches.empty())
             tellWaiting(m_stretches.front());
     }
-    m_advanced.notify_all();
+    m_advanced.notifyAll();
 }
 
 void WalkReport::flush()
 {
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     for (Stretch& stretch : m_stretches)
         tellWaiting(stretch);
     m_stretches.clear();

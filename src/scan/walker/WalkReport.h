@@ -1,13 +1,12 @@
 #pragma once
 
 #include "core/StopFlag.h"
+#include "core/ThreadSafety.h"
 #include "scan/walker/WalkObserver.h"
 
 #include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <list>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,7 +31,7 @@ public:
     };
     using Place = std::list<Stretch>::iterator;
 
-    WalkReport(WalkObserver& observer, const StopFlag& stop) : m_observer(observer), m_stop(stop) {}
+    WalkReport(WalkObserver& observer, const StopFlag& stop) : m_stop(stop), m_observer(observer) {}
 
     /// The stretch of the whole walk, before any was split off.
     [[nodiscard]] Place first();
@@ -52,22 +51,26 @@ public:
     template <typename Tell>
     void alone(Tell&& tell)
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         tell(m_observer);
     }
 
-    [[nodiscard]] std::int64_t refusals() const { return m_refusals; }
+    [[nodiscard]] std::int64_t refusals() const
+    {
+        const MutexLock lock(m_mutex);
+        return m_refusals;
+    }
 
 private:
-    void tell(const Item& item);
-    void tellWaiting(Stretch& stretch);
+    void tell(const Item& item) REQUIRES(m_mutex);
+    void tellWaiting(Stretch& stretch) REQUIRES(m_mutex);
 
-    WalkObserver& m_observer;
     const StopFlag& m_stop;
-    std::mutex m_mutex;
-    std::condition_variable m_advanced;
-    std::list<Stretch> m_stretches; // guarded by m_mutex
-    std::int64_t m_refusals = 0;    // guarded by m_mutex
+    mutable Mutex m_mutex;
+    Condition m_advanced;
+    WalkObserver& m_observer GUARDED_BY(m_mutex);
+    std::list<Stretch> m_stretches GUARDED_BY(m_mutex);
+    std::int64_t m_refusals GUARDED_BY(m_mutex) = 0;
 };
 
 } // namespace pryvane

@@ -2,6 +2,7 @@
 
 #include "core/ErrorText.h"
 #include "core/Escape.h"
+#include "core/ThreadSafety.h"
 #include "core/UniqueFd.h"
 #include "core/tasks/Thread.h"
 
@@ -10,13 +11,11 @@
 #include <atomic>
 #include <cerrno>
 #include <cmath>
-#include <condition_variable>
 #include <cstdlib>
 #include <cups/cups.h>
 #include <cups/pwg.h>
 #include <fcntl.h>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -53,10 +52,10 @@ public:
     ~CutOff()
     {
         {
-            const std::lock_guard lock(m_mutex);
+            const MutexLock lock(m_mutex);
             m_done = true;
         }
-        m_wake.notify_one();
+        m_wake.notifyOne();
     }
     CutOff(const CutOff&) = delete;
     CutOff& operator=(const CutOff&) = delete;
@@ -64,7 +63,7 @@ public:
     /// The time begins anew, for the next answer.
     void restart()
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         m_end = std::chrono::steady_clock::now() + m_longest;
     }
 
@@ -74,8 +73,8 @@ private:
     void watch()
     {
         constexpr std::chrono::milliseconds kStep{20};
-        std::unique_lock lock(m_mutex);
-        while (!m_wake.wait_for(lock, kStep, [this] { return m_done; })) {
+        MutexLock lock(m_mutex);
+        while (!m_done) {
             if (m_reason == Reason::None && m_stop && m_stop->requested())
                 m_reason = Reason::Stop;
             else if (m_reason == Reason::None && std::chrono::steady_clock::now() > m_end)
@@ -83,6 +82,7 @@ private:
             // Again and again, as the library may connect once more on its own.
             if (m_reason != Reason::None)
                 shutdown(httpGetFd(m_http), SHUT_RDWR);
+            m_wake.waitFor(lock, kStep);
         }
     }
 
@@ -90,12 +90,12 @@ private:
     const std::chrono::milliseconds m_longest;
     const StopFlag* m_stop;
     std::atomic<Reason> m_reason{Reason::None};
-    std::mutex m_mutex;
-    std::condition_variable m_wake;
-    std::chrono::steady_clock::time_point m_end =
-        std::chrono::steady_clock::now() + m_longest; // guarded by m_mutex
-    bool m_done = false;                              // guarded by m_mutex
-    Thread m_thread{[this] { watch(); }};             // last: it ends before anything it uses
+    Mutex m_mutex;
+    Condition m_wake;
+    std::chrono::steady_clock::time_point
+        m_end GUARDED_BY(m_mutex) = std::chrono::steady_clock::now() + m_longest;
+    bool m_done GUARDED_BY(m_mutex) = false;
+    Thread m_thread{[this] { watch(); }}; // last: it ends before anything it uses
 };
 
 /// One connection to the print service, and why it last failed.
