@@ -52,17 +52,12 @@ bool AppDelegate::isUserDirAccessible()
 
 bool AppDelegate::isHDAccessible()
 {
-    const bool accessible = grantReopens(wholeDisk(), preferences::kSaveDirectoryForHD);
-    m_state.isHDAccessible = accessible;
-    return accessible;
+    return grantReopens(wholeDisk(), preferences::kSaveDirectoryForHD);
 }
 
 bool AppDelegate::isUserAccessible()
 {
-    const bool accessible =
-        isWritable(homeFolder()) || makeBookMarkURLAccessible(preferences::kSaveDirectory);
-    m_state.isUserDirAccessible = accessible;
-    return accessible;
+    return isWritable(homeFolder()) || makeBookMarkURLAccessible(preferences::kSaveDirectory);
 }
 
 void AppDelegate::checkForHDAccess()

@@ -51,12 +51,6 @@ void DashBoardViewController::scanningStartAction()
     m_delegate.requestScan([this] {
         m_scanButton.deepShown = false;
         m_scanButton.deepEnabled = false;
-        ScanState& state = m_delegate.state();
-        // A scan started by hand counts as a real-time one while the switch is on, on purpose.
-        state.reportType = state.isRealTimeProtectionON ? "Real Time Scan"
-                           : state.isDeepScan           ? "Deep Scan"
-                           : m_isRealTimeProtectionON   ? "Real Time Scan"
-                                                        : "Quick Scan";
         Q_EMIT stateChanged();
     });
     m_services.notifications.post(NotificationName::UpdateThreat);
@@ -81,7 +75,6 @@ void DashBoardViewController::stopScan()
 {
     ScanState& state = m_delegate.state();
     state.isScanStop.request();
-    state.isScanning = false;
     state.totalScanCount = 0;
     state.totalCount = 0;
     m_scanButton.colour = TitleColour::White;

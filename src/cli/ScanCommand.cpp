@@ -50,7 +50,6 @@ public:
         m_stopObservation =
             host.notifications().observe(NotificationName::StopScan, [this](const Notification&) {
                 m_host.state().isScanStop.request();
-                m_host.state().isScanning = false;
             });
         QObject::connect(&m_controller, &ScanViewController::scanEnded, &m_controller,
                          [this] { m_host.mainQueue().quit(); });

@@ -41,8 +41,7 @@ private:
 template <typename Standard>
 class PRYVANE_GUARD(scoped_lockable) GuardingLock {
 public:
-    explicit GuardingLock(GuardingMutex<Standard>& mutex)
-        PRYVANE_GUARD(acquire_capability(mutex))
+    explicit GuardingLock(GuardingMutex<Standard>& mutex) PRYVANE_GUARD(acquire_capability(mutex))
         : m_lock(mutex.m_mutex)
     {
     }

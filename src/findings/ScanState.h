@@ -10,22 +10,25 @@
 
 namespace pryvane {
 
-/// The scan state that all screens share. Flags and counters are read by several threads; the lists
-/// and the report type belong to the main thread.
+/// The scan state that all screens share. Counters and the stop are for several threads; the rest
+/// belongs to the main thread.
 struct ScanState {
+    enum class Phase : std::uint8_t { Idle, Scanning, Storing };
+
+    Phase phase = Phase::Idle; ///< of the one scan that there is
+    [[nodiscard]] bool isScanning() const { return phase != Phase::Idle; }
+
+    // What the next scan is to be.
+    bool isDeepScan = false;
+    bool isRealTimeProtectionON = false;
+
     std::vector<std::string> fullSystemScanPaths; ///< set by each deep scan as it starts
     std::vector<std::string>
         arrDefaultTorvellApp; ///< names of the maker's own products; set before any scan
     ResultList arrSpywareList;
-    std::string reportType;
     std::atomic<std::int64_t> totalCount{0};     ///< entries counted by a deep scan's first pass
     std::atomic<std::int64_t> totalScanCount{0}; ///< entries walked since the last progress step
-    std::atomic<bool> isDeepScan{false};
-    std::atomic<bool> isScanning{false};
     StopFlag isScanStop;
-    std::atomic<bool> isRealTimeProtectionON{false};
-    std::atomic<bool> isUserDirAccessible{false};
-    std::atomic<bool> isHDAccessible{false};
 };
 
 } // namespace pryvane

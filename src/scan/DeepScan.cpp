@@ -15,8 +15,8 @@
 namespace pryvane {
 
 DeepScan::DeepScan(const PlatformServices& services, ScanState& state, FindingSink& findings,
-                   const std::optional<FileURL>& root, Folders folders)
-    : m_services(services), m_state(state), m_root(root), m_folders(folders),
+                   ScanRequest request)
+    : m_services(services), m_state(state), m_request(std::move(request)),
       m_texts(state.fullSystemScanPaths, PatternAutomaton::Letters::Exact),
       m_notifications(services.notifications, findings, m_coverage)
 {
@@ -25,18 +25,19 @@ DeepScan::DeepScan(const PlatformServices& services, ScanState& state, FindingSi
 template <typename Pass>
 void DeepScan::onRoot(Pass pass)
 {
-    if (!m_root)
+    if (!m_request.root)
         return;
-    const int folder = m_services.disk.openFolder(*m_root);
+    const FileURL& url = *m_request.root;
+    const int folder = m_services.disk.openFolder(url);
     if (folder < 0) {
         // Both passes meet the same refusal; it is told once.
         const std::string reason = errorText(errno);
-        const Refusal refusal{m_root->relativePath(), reason};
+        const Refusal refusal{url.relativePath(), reason};
         if (m_coverage.refused.empty() || !(m_coverage.refused.front() == refusal))
             m_coverage.refused.insert(m_coverage.refused.begin(), refusal);
         return;
     }
-    pass(WalkRoot{folder, m_root->relativePath()});
+    pass(WalkRoot{folder, url.relativePath()});
     close(folder);
 }
 
@@ -45,7 +46,7 @@ bool DeepScan::count()
     const auto started = m_services.clock.steadyNow();
     onRoot([this](const WalkRoot& root) {
         FileCount pass(m_state, m_notifications);
-        if (m_folders == Folders::Flat)
+        if (m_request.folders == ScanRequest::Folders::Flat)
             pass.countFlat(root);
         else
             pass.countNodes(root);
@@ -53,7 +54,7 @@ bool DeepScan::count()
     const std::chrono::duration<double> taken = m_services.clock.steadyNow() - started;
     m_services.log.line("count time " + std::to_string(taken.count()));
     // A flat count goes on to the scanning pass even when stopped, which then ends at once.
-    return m_folders == Folders::Flat || !m_state.isScanStop.requested();
+    return m_request.folders == ScanRequest::Folders::Flat || !m_state.isScanStop.requested();
 }
 
 void DeepScan::scan()

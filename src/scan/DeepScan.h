@@ -1,13 +1,10 @@
 #pragma once
 
 #include "findings/ScanCoverage.h"
-#include "platform/FileURL.h"
 #include "platform/PlatformServices.h"
+#include "scan/ScanRequest.h"
 #include "scan/walker/WalkNotifications.h"
 #include "signatures/PatternAutomaton.h"
-
-#include <cstdint>
-#include <optional>
 
 namespace pryvane {
 
@@ -19,12 +16,9 @@ struct WalkRoot;
 /// and findings. One thread drives it from beginning to end; it may be any.
 class DeepScan {
 public:
-    /// Which of the two ways to go through folders the preference asks for.
-    enum class Folders : std::uint8_t { Nodes, Flat };
-
     /// Without a root there is nothing to walk, and both passes end at once.
     DeepScan(const PlatformServices& services, ScanState& state, FindingSink& findings,
-             const std::optional<FileURL>& root, Folders folders);
+             ScanRequest request);
 
     /// Counts the entries; false when a stop came meanwhile.
     [[nodiscard]] bool count();
@@ -41,8 +35,7 @@ private:
 
     PlatformServices m_services;
     ScanState& m_state;
-    const std::optional<FileURL> m_root;
-    const Folders m_folders;
+    const ScanRequest m_request;
     const PatternAutomaton m_texts;
     ScanCoverage m_coverage;
     WalkNotifications m_notifications;

@@ -48,18 +48,40 @@ ScanViewController::~ScanViewController()
     m_checkThread.join();
     m_walkThread.join();
     m_storeThread.join();
-    m_state.isScanStop.clear(); // the state outlives this
+    m_state.phase = ScanState::Phase::Idle; // the state outlives this
+    resetState();
+}
+
+ScanRequest ScanViewController::requested() const
+{
+    const std::string checkSubDir = m_options.checkSubDir
+                                        ? *m_options.checkSubDir
+                                        : m_services.defaults.get(preferences::kCheckSubDir);
+    ScanRequest request;
+    request.user = m_options.user;
+    if (checkSubDir == "n")
+        request.folders = ScanRequest::Folders::Flat;
+    if (m_state.isDeepScan)
+        request.kind = ScanRequest::Kind::Deep;
+    else if (m_state.isRealTimeProtectionON)
+        request.kind = ScanRequest::Kind::RealTime;
+    return request;
 }
 
 void ScanViewController::SpywareScanStart()
 {
-    if (m_removal.isRemoving())
+    if (m_removal.isRemoving()) {
+        // Whoever asked has made ready for a scan that does not come.
+        m_services.notifications.post(NotificationName::ScanStatusChange, false);
         return;
-    showStart();
-    if (m_isScanning || m_isStoring) {
+    }
+    if (isScanning()) {
+        showStart();
         Q_EMIT stateChanged();
         return;
     }
+    m_request = requested();
+    showStart();
     m_state.isScanStop.clear(); // first, so that even a stop that the start provokes counts
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, true));
     m_services.notifications.post(NotificationName::ScanStatusChange, true);
@@ -68,7 +90,7 @@ void ScanViewController::SpywareScanStart()
     m_startedAt = m_services.clock.steadyNow();
     m_display.scanBox = true;
     m_display.reportBox = false;
-    m_isScanning = true;
+    m_state.phase = ScanState::Phase::Scanning;
     makeAccessibleUIChanges();
     m_state.arrSpywareList.clear();
     m_inbox.clear();
@@ -85,7 +107,7 @@ void ScanViewController::SpywareScanStart()
 
 void ScanViewController::showStart()
 {
-    const bool deep = m_state.isDeepScan;
+    const bool deep = m_request.isDeep();
     m_display.headerCollapsed = true;
     m_display.scanTypeLabel = deep ? "Calculating Files:" : "Scanning Entry:";
     m_display.activityIndicator = true;
@@ -98,10 +120,10 @@ void ScanViewController::scanInBGThread()
 {
     m_state.arrSpywareList.clear();
     m_givenUp.clear();
-    m_state.isScanning = true;
-    m_root = RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
+    m_request.root =
+        RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
     m_coverage = {};
-    if (m_state.isDeepScan) {
+    if (m_request.isDeep()) {
         startDeepScan();
     } else {
         m_partsRunning = 1;
@@ -112,17 +134,16 @@ void ScanViewController::scanInBGThread()
 void ScanViewController::startChecks()
 {
     CheckSequence::StepShown shown;
-    if (!m_state.isDeepScan) {
+    if (!m_request.isDeep()) {
         shown = [this](std::string_view label, int step) {
             m_later.post(
                 [this, text = std::string(label), step] { ScanningProgressChange(text, step); });
         };
     }
     m_checkThread.start(
-        [this, shown = std::move(shown)] {
+        [this, shown = std::move(shown), user = m_request.user] {
             ScanCoverage coverage;
-            CheckRunner checks(m_services.disk, m_services.defaults, m_options.user, m_inbox,
-                               coverage);
+            CheckRunner checks(m_services.disk, m_services.defaults, user, m_inbox, coverage);
             CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
             const auto outcome = sequence.scan4SpywareStart();
             noteHomes(m_services.disk, m_options.homePath(), coverage);
@@ -139,23 +160,19 @@ void ScanViewController::startChecks()
 /// folders are gone through as nodes; a scan that is stopped while it counts has no checks.
 void ScanViewController::startDeepScan()
 {
-    m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_options.user);
-    const std::string checkSubDir = m_options.checkSubDir
-                                        ? *m_options.checkSubDir
-                                        : m_services.defaults.get(preferences::kCheckSubDir);
-    const bool flat = checkSubDir == "n";
-    const auto folders = flat ? DeepScan::Folders::Flat : DeepScan::Folders::Nodes;
+    m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_request.user);
     m_fileCountCompleted = false;
     m_partsRunning = 1;
     m_walkThread.start(
-        [this, folders] {
-            DeepScan walk(m_services, m_state, m_inbox, m_root, folders);
+        [this, request = m_request] {
+            DeepScan walk(m_services, m_state, m_inbox, request);
             if (walk.count()) {
                 m_later.post([this] { DeepScanStart(); });
                 walk.scan();
             }
-            const auto ending =
-                folders == DeepScan::Folders::Nodes ? Ending::WithReport : Ending::WithoutReport;
+            const auto ending = request.folders == ScanRequest::Folders::Nodes
+                                    ? Ending::WithReport
+                                    : Ending::WithoutReport;
             // Behind DeepScanStart() in the main queue, so that the checks are known to run by
             // then.
             m_later.post([this, ending, coverage = walk.coverage()] {
@@ -190,7 +207,7 @@ void ScanViewController::partGivenUp(Part part, const char* why)
 /// The scan is over when all its parts are: no finding of a slower one may be missing.
 void ScanViewController::partEnded(Part part, Ending ending, ScanCoverage coverage)
 {
-    const bool decides = part == Part::Walk || !m_state.isDeepScan;
+    const bool decides = part == Part::Walk || !m_request.isDeep();
     if (decides)
         m_ending = ending;
     (part == Part::Walk ? m_walkThread : m_checkThread).join();
@@ -226,29 +243,22 @@ void ScanViewController::finishCoverage()
 void ScanViewController::doneScan()
 {
     m_services.log.line("Done Scanning");
-    m_reportType = m_state.isDeepScan               ? "Deep Scan"
-                   : m_state.isRealTimeProtectionON ? "Real Time Scan"
-                                                    : "Quick Scan";
-    m_isScanning = false;
+    // Encoding and storing a great many findings takes a while, which the main loop must not. Until
+    // it is told that this is over, the main thread leaves the report and the store alone.
+    m_state.phase = ScanState::Phase::Storing;
     m_lists.threatFound = !m_state.arrSpywareList.records().empty();
     m_lists.arrThreats = m_state.arrSpywareList.records();
     makeAccessibleUIChanges();
 
     const Date now = m_services.clock.now();
-    m_report = SpywareScanReport::ScanReportWithSpywareList(m_state.arrSpywareList.shared(), now,
-                                                            durationText(now), m_reportType, now);
+    m_report = SpywareScanReport::ScanReportWithSpywareList(
+        m_state.arrSpywareList.shared(), now, durationText(now), m_request.reportType(), now);
     m_report->volume = m_services.disk.identity();
     m_report->coverage = m_coverage;
     m_lists.tempReport = m_report;
 
-    m_state.isScanStop.clear();
-    m_state.totalCount = 0;
-    m_state.totalScanCount = 0;
+    resetState();
     m_display.progressText = "0%";
-
-    // Encoding and storing a great many findings takes a while, which the main loop must not. Until
-    // it is told that this is over, the main thread leaves the report and the store alone.
-    m_isStoring = true;
     Q_EMIT stateChanged();
     m_storeThread.start(
         [this, now] {
@@ -270,7 +280,7 @@ void ScanViewController::doneScan()
 void ScanViewController::reportStored(const std::string& error, FindingFacts findings)
 {
     m_storeThread.join();
-    m_isStoring = false;
+    m_state.phase = ScanState::Phase::Idle;
     m_storeError = error;
     m_display.progressText = "0%";
     endSession();
@@ -284,8 +294,8 @@ void ScanViewController::reportStored(const std::string& error, FindingFacts fin
 /// The end of a scan that leaves no report behind.
 void ScanViewController::backToIdle()
 {
-    m_isScanning = false;
-    m_state.isScanStop.clear();
+    m_state.phase = ScanState::Phase::Idle;
+    resetState();
     m_display.progressText = "0%";
     m_display.progressBar = 0;
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
@@ -304,9 +314,16 @@ void ScanViewController::keepFacts(FindingFacts findings)
     m_lists.ARDDetect = findings.hasRemoteDesktop;
 }
 
+/// What the scan's threads have left in the state must not reach into the next scan.
+void ScanViewController::resetState()
+{
+    m_state.isScanStop.clear();
+    m_state.totalCount = 0;
+    m_state.totalScanCount = 0;
+}
+
 void ScanViewController::endSession()
 {
-    m_state.isScanning = false;
     m_display.activityIndicator = false;
     m_display.stopButton = false;
     m_display.scanBox = false;

@@ -10,6 +10,7 @@
 #include "scan/FindingInbox.h"
 #include "scan/ScanDisplay.h"
 #include "scan/ScanOptions.h"
+#include "scan/ScanRequest.h"
 #include "scan/StatusPanel.h"
 #include "scan/ThreatLists.h"
 #include "scan/ThreatRemoval.h"
@@ -72,7 +73,7 @@ public:
     /// All findings of the running or last scan; a scan that starts begins a list of its own.
     [[nodiscard]] const ResultList& results() const { return m_state.arrSpywareList; }
 
-    [[nodiscard]] bool isScanning() const { return m_isScanning || m_isStoring; }
+    [[nodiscard]] bool isScanning() const { return m_state.isScanning(); }
     [[nodiscard]] const ScanDisplay& display() const { return m_display; }
     [[nodiscard]] const StatusPanel& statusPanel() const { return m_statusPanel; }
     [[nodiscard]] bool threatFound() const { return m_lists.threatFound; }
@@ -81,7 +82,6 @@ public:
     {
         return m_lists.arrSpyWarePath;
     }
-    [[nodiscard]] const std::string& reportType() const { return m_reportType; }
 
     /// The report of the last scan that made one; kept here even where storing it failed.
     [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
@@ -110,6 +110,8 @@ private:
 
     [[nodiscard]] static FindingFacts factsOf(const SpywareList& records);
 
+    [[nodiscard]] ScanRequest requested() const;
+    [[nodiscard]] bool isAtWork() const { return m_state.phase == ScanState::Phase::Scanning; }
     void showStart();
     void scanInBGThread();
     void startChecks();
@@ -120,6 +122,7 @@ private:
     void doneScan();
     void reportStored(const std::string& error, FindingFacts findings);
     void backToIdle();
+    void resetState();
     void endSession();
     void showProgress(int percent);
     void ScanningProgressChange(const std::string& label, int step);
@@ -139,18 +142,15 @@ private:
     const ScanOptions m_options;
     const Date m_launchDate;
 
-    bool m_isScanning = false;
-    bool m_isStoring = false; ///< the store thread has the report and the store
+    ScanRequest m_request; ///< of the running or last scan
     ThreatLists m_lists;
-    std::string m_reportType;
     std::shared_ptr<SpywareScanReport> m_report;
     std::string m_storeError, m_givenUp;
     ScanDisplay m_display;
     StatusPanel m_statusPanel;
     ScanCoverage m_coverage;
     std::chrono::nanoseconds m_startedAt{0};
-    std::optional<FileURL> m_root; ///< what a deep scan walks; none when making the grant failed
-    int m_partsRunning = 0;        ///< a quick scan has one part, a deep scan two
+    int m_partsRunning = 0;                  ///< a quick scan has one part, a deep scan two
     Ending m_ending = Ending::WithoutReport; ///< what the part that decides it has said
     bool m_fileCountCompleted = false;
 

@@ -39,7 +39,7 @@ void ScanViewController::observe()
 
 void ScanViewController::ScanningProgressChange(const std::string& label, int step)
 {
-    if (m_state.isDeepScan || !m_isScanning)
+    if (m_request.isDeep() || !isAtWork())
         return;
     showProgress(step);
     m_display.activityIndicator = false;
@@ -47,7 +47,7 @@ void ScanViewController::ScanningProgressChange(const std::string& label, int st
     m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
     Q_EMIT stateChanged();
     m_later.postAfter(kSecondHalfOfStep, [this, step] {
-        if (!m_isScanning)
+        if (!isAtWork())
             return;
         showProgress(step + 1);
         Q_EMIT stateChanged();
@@ -57,7 +57,7 @@ void ScanViewController::ScanningProgressChange(const std::string& label, int st
 /// One more percent of a deep walk, whatever the number in the notification.
 void ScanViewController::ScanningProgressUIChange()
 {
-    if (!m_isScanning)
+    if (!isAtWork())
         return;
     m_display.entries = m_state.totalCount;
     m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
@@ -67,7 +67,7 @@ void ScanViewController::ScanningProgressUIChange()
 
 void ScanViewController::ScanningProgressURL(const std::string& location)
 {
-    if (!m_isScanning)
+    if (!isAtWork())
         return;
     if (m_state.totalScanCount >= 1) {
         m_display.indeterminate = false;
@@ -103,7 +103,7 @@ void ScanViewController::makeAccessibleUIChanges()
         logFailure(m_services.log, defaults.set(preferences::kCheckSubDir, "y"));
     StatusFacts facts;
     facts.homeWritable = m_access.isWritable(m_options.homeRoot());
-    facts.scanRunning = m_isScanning;
+    facts.scanRunning = isAtWork();
     facts.threatFound = m_lists.threatFound;
     if (defaults.contains(preferences::kLastScanDate))
         facts.lastScan = defaults.get(preferences::kLastScanDate);

@@ -128,15 +128,16 @@ SqliteReportStore::Outcome SqliteReportStore::insert(const NewReport& report)
     const std::int64_t place = sqlite3_last_insert_rowid(connection().handle());
     Outcome outcome{SQLITE_OK, {}};
     std::int64_t number = 0;
-    const auto written = report.write([&](std::string_view piece) REQUIRES(m_mutex) -> Result<Done> {
-        Statement part(m_insertPiece, connection(),
-                       "INSERT INTO report_piece(report, number, value) VALUES(?, ?, ?)");
-        const int code = part->integer(place).integer(number++).blob(piece).step();
-        if (code == SQLITE_DONE)
-            return Done{};
-        outcome.code = code;
-        return Error{};
-    });
+    const auto written =
+        report.write([&](std::string_view piece) REQUIRES(m_mutex) -> Result<Done> {
+            Statement part(m_insertPiece, connection(),
+                           "INSERT INTO report_piece(report, number, value) VALUES(?, ?, ?)");
+            const int code = part->integer(place).integer(number++).blob(piece).step();
+            if (code == SQLITE_DONE)
+                return Done{};
+            outcome.code = code;
+            return Error{};
+        });
     if (!written && outcome.code == SQLITE_OK)
         outcome.error = written.error();
     return outcome;

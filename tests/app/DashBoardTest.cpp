@@ -61,7 +61,6 @@ TEST_F(DashBoardTest, FirstLaunchAppliesTheDefaults)
 TEST_F(DashBoardTest, TheRealTimeTickSelectsTheScanRowAndRaisesNoWindow)
 {
     load();
-    delegate.state().reportType = "Deep Scan";
     takeNotes();
     pass(30min - 1ms);
     EXPECT_THAT(takeNotes(), IsEmpty());
@@ -70,7 +69,6 @@ TEST_F(DashBoardTest, TheRealTimeTickSelectsTheScanRowAndRaisesNoWindow)
     clock.setNow(clock.now() - 24h * 365); // a wall clock set back does not hold the timer up
     pass(30min);
     EXPECT_EQ(takeNotes(), kRequest);
-    EXPECT_EQ(delegate.state().reportType, "Deep Scan");
     mainQueue.drain();
     EXPECT_THAT(takeWindowCalls(), IsEmpty());
 
@@ -159,31 +157,17 @@ TEST_F(DashBoardTest, TheDockIconGoesOnlyWhileTheStatusItemIsThere)
     EXPECT_TRUE(flag(preferences::kIsDockIcon));
 }
 
-TEST_F(DashBoardTest, TheReportKindFollowsTheSwitches)
+TEST_F(DashBoardTest, TheDeepBoxIsHiddenUntilTheScanStartsOrIsRefused)
 {
-    struct Row {
-        bool delegateRealTime, deep, boardRealTime;
-        const char* kind;
-    };
-    const std::vector<Row> rows = {
-        {true, true, true, "Real Time Scan"}, {true, false, false, "Real Time Scan"},
-        {false, true, true, "Deep Scan"},     {false, false, true, "Real Time Scan"},
-        {false, false, false, "Quick Scan"},
-    };
     load();
-    for (const Row& row : rows) {
-        set(preferences::kRealTimeScan, row.boardRealTime);
-        notifications.post(NotificationName::ChangeUI);
-        delegate.state().isRealTimeProtectionON = row.delegateRealTime;
-        board->btnDeepScanClicked(row.deep);
-        takeNotes();
-        board->scanningStartAction();
-        EXPECT_EQ(delegate.state().reportType, row.kind);
-        EXPECT_FALSE(board->scanButton().deepShown || board->scanButton().deepEnabled);
-        auto expected = kRequest;
-        expected.emplace_back("UpdateThreat");
-        EXPECT_EQ(takeNotes(), expected);
-    }
+    takeNotes();
+    board->scanningStartAction();
+    EXPECT_FALSE(board->scanButton().deepShown || board->scanButton().deepEnabled);
+    auto expected = kRequest;
+    expected.emplace_back("UpdateThreat");
+    EXPECT_EQ(takeNotes(), expected);
+    notifications.post(NotificationName::ScanStatusChange, false);
+    EXPECT_TRUE(board->scanButton().deepShown && board->scanButton().deepEnabled);
 }
 
 TEST_F(DashBoardTest, TheScanButtonFollowsTheScan)
@@ -205,13 +189,11 @@ TEST_F(DashBoardTest, TheScanButtonFollowsTheScan)
     EXPECT_TRUE(delegate.state().isDeepScan);
     notifications.post(NotificationName::ScanStatusChange, true);
     EXPECT_EQ(shown(), " spinner");
-    delegate.state().isScanning = true;
     delegate.state().totalCount = 7;
     delegate.state().totalScanCount = 7;
     notifications.post(NotificationName::StopScan);
     EXPECT_EQ(shown(), "Deep Scan > white shown enabled");
     EXPECT_TRUE(delegate.state().isScanStop.requested());
-    EXPECT_FALSE(delegate.state().isScanning);
     EXPECT_EQ(delegate.state().totalCount + delegate.state().totalScanCount, 0);
     board->btnDeepScanClicked(false);
     EXPECT_EQ(shown(), "Quick Scan > shown enabled");

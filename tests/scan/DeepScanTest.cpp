@@ -100,6 +100,8 @@ TEST_F(DeepScanTest, TheFlatVariantLeavesNoReport)
     EXPECT_THAT(walkFindings(), ElementsAre("/opt/Koobface/x"));
     EXPECT_FALSE(controller.isScanning());
     EXPECT_EQ(notes.back(), "ScanStatusChange NO");
+    EXPECT_EQ(state.totalCount, 0);
+    EXPECT_EQ(state.totalScanCount, 0);
 }
 
 /// Stops when that notification comes for the n-th time, on whatever thread it is posted.

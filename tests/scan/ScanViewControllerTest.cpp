@@ -113,7 +113,7 @@ TEST_F(ScanViewControllerTest, AStopAtAnyStepLeavesNoReportAndTheNextScanWorks)
         EXPECT_EQ(clock.pauses().size(), before + step);
         EXPECT_EQ(notes.back(), "ScanStatusChange NO");
         EXPECT_TRUE(stored().empty());
-        EXPECT_FALSE(controller.isScanning() || state.isScanning);
+        EXPECT_FALSE(controller.isScanning());
         EXPECT_FALSE(state.isScanStop.requested());
         EXPECT_FALSE(defaults.get(preferences::kScan));
     }
@@ -180,11 +180,20 @@ TEST_F(ScanViewControllerTest, RemoteDesktopIsListedUntilItIsIgnored)
     }
 }
 
-TEST_F(ScanViewControllerTest, TheRealTimeSwitchNamesTheReport)
+TEST_F(ScanViewControllerTest, WhatIsChosenDuringAScanIsForTheNextOne)
 {
-    state.isRealTimeProtectionON = true;
+    clock.onPause = [&](std::size_t) {
+        mainQueue.post([&] { state.isDeepScan = state.isRealTimeProtectionON = true; });
+    };
+    scan();
+    EXPECT_EQ(stored()[0]->reportType, "Quick Scan");
+    clock.onPause = {};
+    state.isDeepScan = false;
     scan();
     EXPECT_EQ(stored()[0]->reportType, "Real Time Scan");
+    state.isDeepScan = true;
+    scan();
+    EXPECT_EQ(stored()[0]->reportType, "Deep Scan");
 }
 
 TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
@@ -212,6 +221,7 @@ TEST_F(ScanViewControllerTest, DestroyingTheControllerEndsARunningScanAndLeavesN
         passing.reset();
         mainQueue.drain();
         EXPECT_FALSE(state.isScanStop.requested()) << running;
+        EXPECT_FALSE(state.isScanning()) << running;
     }
 }
 

@@ -23,10 +23,8 @@ protected:
         }
         // What the dashboard does.
         m_observations.push_back(
-            notifications.observe(NotificationName::StopScan, [this](const Notification&) {
-                state.isScanStop.request();
-                state.isScanning = false;
-            }));
+            notifications.observe(NotificationName::StopScan,
+                                  [this](const Notification&) { state.isScanStop.request(); }));
         QObject::connect(&controller, &ScanViewController::stateChanged, &controller, [this] {
             const ScanDisplay& shown = controller.display();
             stopOffered |= controller.isScanning() && shown.stopButton;

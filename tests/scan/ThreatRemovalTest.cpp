@@ -353,6 +353,7 @@ TEST_F(GatedRemovalTest, NothingElseStartsMeanwhile)
 {
     gated->SpywareScanStart();
     EXPECT_FALSE(gated->isScanning());
+    EXPECT_EQ(notes.back(), "ScanStatusChange NO"); // for whoever made ready for it
     gated->deleteSelectedThreat();
     gated->removeSpyware();
     gated->selectThreat(0, false);

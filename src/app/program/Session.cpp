@@ -220,7 +220,8 @@ void Session::askForVolume(QWidget* over)
 void Session::change(const VolumeChoice& choice)
 {
     std::string refusal;
-    if (m_delegate.state().isScanning)
+    const ScanState& state = m_delegate.state();
+    if (state.isScanning() && !state.isScanStop.requested())
         refusal = "A scan is running. Stop it first, or wait for its end.";
     else if (m_main && m_main->isBusy())
         refusal = "Something is being removed. Wait for its end.";
