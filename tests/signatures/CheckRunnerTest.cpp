@@ -292,23 +292,6 @@ TEST_F(SignaturesTest, RemoteDesktopIsWatchedUntilTheUserIgnoresIt)
     EXPECT_EQ(scan.defaults.objectForKey("ARD"), PreferenceValue(false));
 }
 
-TEST_F(SignaturesTest, TheWordMacroStepsEndTheCheckWhenTheScanStops)
-{
-    volume.plant("/Library/Caches/cowhand.x");
-    SignatureScan scan(disk);
-    scan.runner.prepareForScan();
-    int steps = 0;
-    scan.runner.otherCheckDefaultOnly([&](std::string_view label, std::chrono::milliseconds wait) {
-        EXPECT_EQ(label, "Word macro");
-        EXPECT_EQ(wait.count(), 100);
-        return ++steps < 2;
-    });
-    EXPECT_EQ(steps, 2);
-    EXPECT_THAT(scan.sink.calls, IsEmpty());
-    scan.run("otherCheckDefaultOnly");
-    EXPECT_THAT(scan.sink.calls, SizeIs(1));
-}
-
 TEST_F(SignaturesTest, NameSearchesReadTheSnapshot)
 {
     volume.plant("/Library/Caches/com.okaz.x");

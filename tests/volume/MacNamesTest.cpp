@@ -69,10 +69,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Ways, MacNamesTest,
                          testing::Values(Confinement::BestAvailable, Confinement::ComponentWalk),
-                         [](const auto& way) {
-                             return way.param == Confinement::BestAvailable ? "BestAvailable"
-                                                                            : "ComponentWalk";
-                         });
+                         testing::PrintToStringParamName());
 
 TEST_P(MacNamesTest, AnySpellingFindsWhatIsThere)
 {

@@ -33,10 +33,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Ways, ConfinementTest,
                          testing::Values(Confinement::BestAvailable, Confinement::ComponentWalk),
-                         [](const auto& way) {
-                             return way.param == Confinement::BestAvailable ? "BestAvailable"
-                                                                            : "ComponentWalk";
-                         });
+                         testing::PrintToStringParamName());
 
 TEST_P(ConfinementTest, NoPathAndNoLinkReachesTheHost)
 {
