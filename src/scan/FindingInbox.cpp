@@ -29,9 +29,16 @@ FindingInbox::FindingInbox(const PlatformServices& services, ScanState& state,
 void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
                               std::string_view risk, std::int64_t size)
 {
-    auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
-    if (!record->isAvail)
+    switch (m_services.disk.presence(url)) {
+    case Presence::Present:
+        break;
+    case Presence::Absent:
         return;
+    case Presence::Unknown:
+        refuse(url);
+        return;
+    }
+    auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
     record->setSighting(m_services.disk.sighting(url));
     test(std::move(record));
 }
@@ -57,13 +64,28 @@ void FindingInbox::whenEmpty(std::function<void()> done)
     push({nullptr, std::move(done), Admission::Tested});
 }
 
+std::vector<Refusal> FindingInbox::refused()
+{
+    const MutexLock lock(m_mutex);
+    return m_refused;
+}
+
 void FindingInbox::clear()
 {
     const MutexLock lock(m_mutex);
     m_pending.clear();
+    m_refused.clear();
+    m_refusedLocations.clear();
     m_heldBack.clear();
     m_heldBackLocations.clear();
     m_applications.forget();
+}
+
+void FindingInbox::refuse(const FileURL& url)
+{
+    const MutexLock lock(m_mutex);
+    if (m_refusedLocations.emplace(url.identity()).second)
+        m_refused.push_back({url.relativePath(), "it was found, and then could not be looked at"});
 }
 
 /// On the scan's threads: the rule for applications may read files.

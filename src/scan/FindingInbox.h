@@ -2,6 +2,7 @@
 
 #include "core/ThreadSafety.h"
 #include "core/tasks/BoundQueue.h"
+#include "findings/ScanCoverage.h"
 #include "findings/Spyware.h"
 #include "platform/PlatformServices.h"
 #include "signatures/FindingSink.h"
@@ -41,7 +42,12 @@ public:
     /// Paths of applications that were found but must not be listed. Main thread only.
     [[nodiscard]] const std::vector<std::string>& heldBack() const { return m_heldBack; }
 
-    /// Forgets what is waiting and what was held back. Main thread only, between scans.
+    /// Locations that were handed to addIfAvail(), and of which the disk could not tell whether
+    /// they are there.
+    [[nodiscard]] std::vector<Refusal> refused();
+
+    /// Forgets what is waiting, what was held back and what was refused. Main thread only, between
+    /// scans.
     void clear();
 
 private:
@@ -54,6 +60,7 @@ private:
     };
 
     void test(std::shared_ptr<Spyware> record);
+    void refuse(const FileURL& url);
     void push(Pending pending);
     void schedule()
     {
@@ -76,6 +83,8 @@ private:
     Mutex m_mutex;
     std::deque<Pending> m_pending GUARDED_BY(m_mutex);
     bool m_scheduled GUARDED_BY(m_mutex) = false;
+    std::vector<Refusal> m_refused GUARDED_BY(m_mutex);
+    std::unordered_set<std::string> m_refusedLocations GUARDED_BY(m_mutex);
 };
 
 } // namespace pryvane

@@ -236,6 +236,8 @@ void ScanViewController::addCoverage(ScanCoverage coverage)
 void ScanViewController::finishCoverage()
 {
     m_coverage.heldBack = m_inbox.heldBack();
+    for (Refusal& refusal : m_inbox.refused())
+        m_coverage.refused.push_back(std::move(refusal));
     m_coverage.seconds =
         std::chrono::duration<double>(m_services.clock.steadyNow() - m_startedAt).count();
 }

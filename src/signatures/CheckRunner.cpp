@@ -105,9 +105,10 @@ void CheckRunner::checkForBackDoor()
     for (const std::string_view pattern : catalogue::backdoorPaths()) {
         const auto url = FileURL::fileURLWithPath(catalogue::filled(pattern, {m_user}));
         ++m_coverage.signaturesTested;
-        // The sink decides; asking here only tells the coverage what could not be tested.
-        static_cast<void>(isPresent(url));
-        m_sink.addIfAvail(url, url.lastPathComponent(), catalogue::kBackdoor, kHighRisk, 0);
+        // The sink decides; asking here only tells the coverage what could not be tested, and that
+        // once for a whole folder.
+        if (presenceOf(url) != Presence::Unknown)
+            m_sink.addIfAvail(url, url.lastPathComponent(), catalogue::kBackdoor, kHighRisk, 0);
     }
 }
 
@@ -159,7 +160,7 @@ const std::vector<std::string>& CheckRunner::defaultCheckingArray() const
 void CheckRunner::appendIfPresent(std::string path, Paths& found)
 {
     ++m_coverage.signaturesTested;
-    if (isPresent(FileURL::fileURLWithPath(path)))
+    if (presenceOf(FileURL::fileURLWithPath(path)) == Presence::Present)
         found.push_back(std::move(path));
 }
 
@@ -169,12 +170,12 @@ void CheckRunner::appendPresent(std::span<const std::string_view> patterns, Path
         appendIfPresent(catalogue::filled(pattern, {m_user}), found);
 }
 
-bool CheckRunner::isPresent(const FileURL& url)
+Presence CheckRunner::presenceOf(const FileURL& url)
 {
     const Presence presence = m_disk.presence(url);
     if (presence == Presence::Unknown)
         noteUntestable(url);
-    return presence == Presence::Present;
+    return presence;
 }
 
 /// Names the folder that stands in the way, since one such folder hides many locations.

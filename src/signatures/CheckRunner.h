@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileSystem.h"
 #include "platform/FileURL.h"
 #include "signatures/CatalogueTypes.h"
 #include "signatures/NameSearch.h"
@@ -16,7 +17,6 @@
 
 namespace pryvane {
 
-class FileSystem;
 class FindingSink;
 class UserDefaults;
 struct ScanCoverage;
@@ -63,7 +63,7 @@ private:
 
     void appendIfPresent(std::string path, Paths& found);
     void appendPresent(std::span<const std::string_view> patterns, Paths& found);
-    [[nodiscard]] bool isPresent(const FileURL& url);
+    [[nodiscard]] Presence presenceOf(const FileURL& url);
     void noteUntestable(const FileURL& url);
     void report(const Paths& found, std::string_view type);
 

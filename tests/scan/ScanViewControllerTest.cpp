@@ -10,6 +10,7 @@
 
 #include <atomic>
 #include <thread>
+#include <tuple>
 
 namespace pryvane {
 namespace {
@@ -207,6 +208,47 @@ TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
     EXPECT_THAT(coverage.homes, ElementsAre("carol"));
     EXPECT_EQ(verdictLine(0, coverage), "Clean, but not everything could be read: no home at "
                                         "/Users/alice, homes there are: carol.");
+}
+
+/// Answers for one path alone.
+class AnsweringDisk final : public test::ForwardingDisk {
+public:
+    AnsweringDisk(FileSystem& disk, std::string path, Presence answer)
+        : ForwardingDisk(disk), m_path(std::move(path)), m_answer(answer)
+    {
+    }
+    Presence presence(const FileURL& url) override
+    {
+        return url.absolutePath() == m_path ? m_answer : ForwardingDisk::presence(url);
+    }
+
+private:
+    const std::string m_path;
+    const Presence m_answer;
+};
+
+TEST_F(ScanViewControllerTest, WhatWasListedAndThenCannotBeLookedAtIsInTheCoverage)
+{
+    const std::string path = "/Library/LaunchAgents/com.refog.agent.plist";
+    volume.file(path);
+    const std::vector<Refusal> none, one{{path, "it was found, and then could not be looked at"}};
+    for (const auto& [answer, listed, refused] :
+         {std::tuple{Presence::Present, 1U, none}, std::tuple{Presence::Absent, 0U, none},
+          std::tuple{Presence::Unknown, 0U, one}}) {
+        AnsweringDisk answering(*disk, path, answer);
+        ScanViewController onIt({answering, defaults, notifications, mainQueue, clock, alerts,
+                                 folderPicker, workspace, userNotifier, log},
+                                state, access, store, remover,
+                                ScanOptions{"alice", FileURL::fileURLWithPath("/")});
+        int over = 0;
+        QObject::connect(&onIt, &ScanViewController::scanEnded, &onIt, [&] { ++over; });
+        for (int scan = 1; scan <= 2; ++scan) { // nothing of the first is told of the second
+            onIt.SpywareScanStart();
+            ASSERT_TRUE(mainQueue.runUntil([&] { return over == scan; }));
+            EXPECT_EQ(stored()[0]->spyWareList->size(), listed);
+            EXPECT_EQ(stored()[0]->coverage.refused, refused);
+        }
+    }
 }
 
 TEST_F(ScanViewControllerTest, DestroyingTheControllerEndsARunningScanAndLeavesNoStop)
