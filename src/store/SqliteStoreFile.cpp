@@ -88,8 +88,12 @@ int configure(const SqliteConnection& connection)
         if (const int code = sqlite3_db_config(handle, option, value, nullptr); code != SQLITE_OK)
             return code;
     }
-    // fullfsync: a Mac's plain fsync stops at the disk's own cache.
+    // fullfsync: a Mac's plain fsync stops at the disk's own cache. secure_delete: some systems
+    // build SQLite so that it overwrites each page that comes free, which for a large report means
+    // to write all of it twice. The file is for its user's eyes only, and reports are no secrets
+    // beyond that.
     return connection.execute("PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON;"
+                              "PRAGMA secure_delete=FAST;"
                               "PRAGMA mmap_size=0; PRAGMA synchronous=EXTRA; PRAGMA fullfsync=ON");
 }
 
