@@ -1,12 +1,11 @@
 #include "browser/ReportRemoval.h"
 
-#include "core/tasks/MainQueue.h"
 #include "platform/Alerts.h"
-#include "platform/Workspace.h"
 #include "signatures/RemoteDesktop.h"
 
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace pryvane {
 
@@ -15,10 +14,10 @@ namespace {
 /// The first record of each location: a report may list one twice.
 SpywareList eachOnce(const SpywareList& records)
 {
-    std::unordered_map<std::string_view, bool> seen;
+    std::unordered_set<std::string_view> seen;
     SpywareList once;
     for (const auto& record : records) {
-        if (seen.try_emplace(record->url.identity(), true).second)
+        if (seen.insert(record->url.identity()).second)
             once.push_back(record);
     }
     return once;
@@ -27,22 +26,17 @@ SpywareList eachOnce(const SpywareList& records)
 } // namespace
 
 ReportRemoval::ReportRemoval(const PlatformServices& services, Remover& remover, Screen screen)
-    : m_services(services), m_remover(remover), m_screen(std::move(screen)),
-      m_panel(services.workspace), m_planning(services.disk, remover, services.mainQueue)
+    : m_alerts(services.alerts), m_screen(std::move(screen)), m_records(services.disk, remover),
+      m_consent(services.alerts, services.workspace,
+                {m_screen.user, m_screen.openReport, [this] { return pathsOf(checked()); },
+                 m_screen.changed, [this] { reloadReportView(); }}),
+      m_session(services.mainQueue)
 {
-    m_panel.setDelegate(this);
-    QObject::connect(&m_panel, &FourceQuitBrowserView::changed, &m_panel,
-                     [this] { m_screen.changed(); });
-}
-
-ReportRemoval::~ReportRemoval()
-{
-    m_stop.request();
 }
 
 bool ReportRemoval::mayStart() const
 {
-    return m_screen.openReport() && !m_isRemoving && !m_isAsking && !m_panel.isPresented();
+    return m_screen.openReport() && !isRemoving() && !m_consent.isOpen();
 }
 
 SpywareList ReportRemoval::checked() const
@@ -61,59 +55,15 @@ void ReportRemoval::removeSelected()
         start(checked(), Then::BannerPlain);
 }
 
-bool ReportRemoval::forceQuitBrowsers()
-{
-    m_confirmed = m_screen.openReport();
-    m_isAsking = true;
-    const int answer = m_services.alerts.runModal(
-        {"Alert", "Are you sure you want to delete selected threats?", {"Yes", "No"}});
-    m_isAsking = false;
-    // While the question stood, another report may have been opened.
-    if (answer != kAlertFirstButton || m_confirmed != m_screen.openReport())
-        return false;
-    auto entries = blockingBrowsers();
-    if (entries.empty())
-        return true;
-    m_panel.present(std::move(entries));
-    return false;
-}
-
-std::vector<BrowserEntry> ReportRemoval::blockingBrowsers() const
-{
-    std::vector<std::string> paths;
-    for (const auto& record : checked())
-        paths.push_back(record->url.relativePath());
-    return browsersToQuit(paths, m_services.workspace.runningApplications(), m_screen.user);
-}
-
-bool ReportRemoval::tryAgain()
-{
-    auto entries = blockingBrowsers();
-    if (entries.empty())
-        return true;
-    m_panel.reload(std::move(entries));
-    return false;
-}
-
-bool ReportRemoval::retryActionForWebBrowser()
-{
-    // Behind the panel another report may have been opened, of which nobody was asked.
-    const bool sameReport = m_screen.openReport() && m_confirmed == m_screen.openReport();
-    if (sameReport && !tryAgain())
-        return false;
-    m_panel.dismiss();
-    if (sameReport)
-        reloadReportView();
-    return sameReport;
-}
-
 void ReportRemoval::planSelected(std::function<std::string(std::string_view)> foldedName,
                                  std::function<void(RemovalPlan)> done)
 {
-    if (mayStart())
-        m_planning.start({eachOnce(checked()), m_screen.openReport()->volume, m_screen.user,
-                          std::move(foldedName)},
-                         std::move(done));
+    if (!mayStart())
+        return;
+    m_session.plan([this, what = RecordSelection{eachOnce(checked()), m_screen.openReport()->volume,
+                                                 m_screen.user, std::move(foldedName)}](
+                       const StopFlag& stop) { return m_records.plan(what, stop); },
+                   std::move(done));
 }
 
 void ReportRemoval::reloadReportView()
@@ -150,61 +100,37 @@ void ReportRemoval::removeThisAdware(const SpywareList& list)
 
 void ReportRemoval::start(const SpywareList& records, Then then)
 {
-    m_planning.stop();
-    m_isRemoving = true;
-    m_done = 0;
     m_banner.reset();
-    m_stop.clear();
-    m_removingFrom = m_screen.openReport();
-    m_screen.changed();
-    const RecordSelection selection{eachOnce(records), m_removingFrom->volume, m_screen.user};
-    m_total = selection.records.size();
-    const auto shared = std::make_shared<std::vector<RemovalResult>>(m_total);
-    const auto end = [this, selection, records, then, shared, alive = std::weak_ptr(m_alive)] {
-        const auto& results = *shared;
-        // A record of a location that is listed twice shares the outcome of the first.
-        std::unordered_map<std::string_view, std::size_t> places;
-        for (std::size_t i = 0; i < results.size(); ++i)
-            places.emplace(selection.records[i]->url.identity(), i);
-        std::vector<RemovalResult> ofAll;
-        for (const auto& record : records)
-            ofAll.push_back(results[places.at(record->url.identity())]);
-        m_services.mainQueue.post([this, alive, records, ofAll = std::move(ofAll), then] {
-            if (!alive.expired())
-                removed(records, ofAll, then);
-        });
-    };
-    m_thread.start(
-        [this, selection, shared, end] {
-            RecordRemoval(m_services.disk, m_remover)
-                .remove(selection, m_stop, [&](std::size_t item, const RemovalResult& result) {
-                    (*shared)[item] = result;
-                    ++m_done;
-                });
-            end();
+    const auto from = m_screen.openReport();
+    const auto what = std::make_shared<const RecordSelection>(
+        RecordSelection{eachOnce(records), from->volume, m_screen.user});
+    m_session.remove(
+        what->records.size(),
+        [this, what](const StopFlag& stop, const RemovalResults& told) {
+            m_records.remove(*what, stop, told);
         },
-        [shared, end](const char* why) {
-            for (RemovalResult& result : *shared)
-                result.giveUp(why);
-            end();
+        [this, from, records, what, then](const std::vector<RemovalResult>& results) {
+            removed(records, what->records, results);
+            if (from == m_screen.openReport())
+                tell(then);
+            m_screen.ended();
         });
+    m_screen.changed();
 }
 
-void ReportRemoval::removed(const SpywareList& records, const std::vector<RemovalResult>& results,
-                            Then then)
+void ReportRemoval::removed(const SpywareList& records, const SpywareList& once,
+                            const std::vector<RemovalResult>& results)
 {
-    m_isRemoving = false;
-    for (std::size_t i = 0; i < records.size(); ++i)
-        setOutcome(*records[i], results[i]);
-    m_deletedSpyware.clear();
-    m_unDeletedSpyware.clear();
-    for (const auto& record : eachOnce(records))
-        (record->isDeleted ? m_deletedSpyware : m_unDeletedSpyware).push_back(record);
+    // A record of a location that is listed twice shares the outcome of the first.
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (std::size_t i = 0; i < once.size(); ++i)
+        places.emplace(once[i]->url.identity(), i);
+    for (const auto& record : records)
+        setOutcome(*record, results[places.at(record->url.identity())]);
+    auto sorted = sortOutcomes(once, results);
+    m_deletedSpyware = std::move(sorted.removed);
+    m_unDeletedSpyware = std::move(sorted.failed);
     m_deletedCount = m_deletedSpyware.size();
-    const auto from = std::exchange(m_removingFrom, nullptr);
-    if (from == m_screen.openReport())
-        tell(then);
-    m_screen.ended();
 }
 
 void ReportRemoval::tell(Then then)
@@ -216,7 +142,7 @@ void ReportRemoval::tell(Then then)
             removalSummary(m_unDeletedSpyware.size(),
                            then == Then::BannerIndented ? FailedText::Indented : FailedText::Plain);
     } else if (m_listUnDeleted.empty()) {
-        m_services.alerts.runModal({"Alert", "Selected malware successfully removed.", {"OK"}});
+        m_alerts.runModal({"Alert", "Selected malware successfully removed.", {"OK"}});
     }
 }
 

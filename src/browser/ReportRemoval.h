@@ -1,15 +1,12 @@
 #pragma once
 
-#include "core/StopFlag.h"
-#include "core/tasks/Worker.h"
 #include "platform/PlatformServices.h"
-#include "removal/session/FourceQuitBrowserView.h"
 #include "removal/session/RecordRemoval.h"
-#include "removal/session/RemovalPlanning.h"
+#include "removal/session/RemovalConsent.h"
+#include "removal/session/RemovalSession.h"
 #include "removal/session/RemovalSummary.h"
 #include "reports/SpywareScanReport.h"
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,10 +15,9 @@
 
 namespace pryvane {
 
-/// The removing half of the report browser: confirmation, browsers, removal, banner. Outcomes stay
-/// in memory; nothing here changes the store. Main thread only; files are removed on a thread that
-/// ends with it.
-class ReportRemoval final : public FourceQuitBrowserDelegate {
+/// The removing half of the report browser: what of the open report is removed, and the banner that
+/// follows. Outcomes stay in memory; nothing here changes the store. Main thread only.
+class ReportRemoval final {
 public:
     /// What it asks of and tells the screen it is half of.
     struct Screen {
@@ -34,7 +30,6 @@ public:
 
     /// The remover is used by nobody else meanwhile.
     ReportRemoval(const PlatformServices& services, Remover& remover, Screen screen);
-    ~ReportRemoval() override;
     ReportRemoval(const ReportRemoval&) = delete;
     ReportRemoval& operator=(const ReportRemoval&) = delete;
 
@@ -45,9 +40,8 @@ public:
 
     /// The remove button: asks, has browsers quit, removes the checked threats.
     void removeSelected();
-    /// Asks for confirmation, then looks for browsers to be quit: true when removal may go on,
-    /// false when the user declined or the panel is shown now.
-    [[nodiscard]] bool forceQuitBrowsers();
+    /// See RemovalConsent.
+    [[nodiscard]] bool forceQuitBrowsers() { return m_consent.forceQuitBrowsers(); }
     /// Removes the checked threats without a question, as after a retry.
     void reloadReportView();
 
@@ -56,17 +50,17 @@ public:
     /// Removes these; the remote-desktop entry is left to the instructions.
     void removeThisAdware(const SpywareList& list);
 
-    [[nodiscard]] bool tryAgain();
-    bool retryActionForWebBrowser() override;
-    void disMissPanel() { m_panel.dismiss(); }
-    void stopRemoval() { m_stop.request(); }
+    [[nodiscard]] bool tryAgain() { return m_consent.tryAgain(); }
+    bool retryActionForWebBrowser() { return m_consent.retryActionForWebBrowser(); }
+    void disMissPanel() { panel().dismiss(); }
+    void stopRemoval() { m_session.stop(); }
     /// Forgets what the last run came to.
     void reset();
 
-    [[nodiscard]] bool isRemoving() const { return m_isRemoving; }
+    [[nodiscard]] bool isRemoving() const { return m_session.isRemoving(); }
     /// How many locations of the running removal have been dealt with, and of how many.
-    [[nodiscard]] RemovalProgress progress() const { return {m_done, m_total}; }
-    [[nodiscard]] FourceQuitBrowserView& panel() { return m_panel; }
+    [[nodiscard]] RemovalProgress progress() const { return m_session.progress(); }
+    [[nodiscard]] FourceQuitBrowserView& panel() { return m_consent.panel(); }
     /// What the last removal of checked threats came to; none before one has ended.
     [[nodiscard]] const std::optional<RemovalSummary>& banner() const { return m_banner; }
 
@@ -85,29 +79,20 @@ private:
 
     [[nodiscard]] bool mayStart() const;
     [[nodiscard]] SpywareList checked() const;
-    [[nodiscard]] std::vector<BrowserEntry> blockingBrowsers() const;
     void start(const SpywareList& records, Then then);
-    void removed(const SpywareList& records, const std::vector<RemovalResult>& results, Then then);
+    void removed(const SpywareList& records, const SpywareList& once,
+                 const std::vector<RemovalResult>& results);
     void tell(Then then);
 
-    PlatformServices m_services;
-    Remover& m_remover;
+    Alerts& m_alerts;
     const Screen m_screen;
-    FourceQuitBrowserView m_panel;
-    RemovalPlanning m_planning;
-    bool m_isAsking = false; ///< the confirmation is on the screen
-    bool m_isRemoving = false;
+    const RecordRemoval m_records;
+    RemovalConsent m_consent;
     bool m_isFileListPresented = false;
-    std::shared_ptr<SpywareScanReport> m_confirmed; ///< the report that the user was asked about
-    std::shared_ptr<SpywareScanReport> m_removingFrom;
     std::optional<RemovalSummary> m_banner;
     SpywareList m_deletedSpyware, m_unDeletedSpyware, m_listUnDeleted;
     std::size_t m_deletedCount = 0;
-    std::size_t m_total = 0;
-    std::atomic<std::size_t> m_done{0};
-    StopFlag m_stop;
-    std::shared_ptr<char> m_alive = std::make_shared<char>(); // expires with this, for posted work
-    Worker m_thread; // last: it ends before anything it uses
+    RemovalSession m_session; // last: its thread ends before anything it uses
 };
 
 } // namespace pryvane

@@ -6,14 +6,16 @@
 #include "core/Escape.h"
 #include "core/Texts.h"
 #include "platform/Workspace.h"
-#include "removal/session/Browsers.h"
+#include "removal/session/BrowsersToQuit.h"
 #include "removal/session/RecordRemoval.h"
 #include "reports/DefaultMethods.h"
+#include "signatures/RemoteDesktop.h"
 #include "volume/FoldedName.h"
 
 #include <algorithm>
 #include <atomic>
 #include <charconv>
+#include <optional>
 #include <ostream>
 #include <set>
 
@@ -34,7 +36,14 @@ struct RemoveArguments {
 struct Choice {
     RecordSelection selection;
     std::vector<std::size_t> numbers;
+    std::optional<std::size_t> leftOut = {}; ///< the number of the item that is never removed
 };
+
+std::string remoteDesktopText(std::size_t number)
+{
+    return "item " + std::to_string(number) +
+           " stays: " + obstacleText(RemovalObstacle::RemoteDesktop);
+}
 
 Result<std::size_t> itemNumber(const std::string& text, std::size_t count)
 {
@@ -74,7 +83,7 @@ Result<std::vector<std::size_t>> itemNumbers(const RemoveArguments& arguments, s
 Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& arguments,
                       const std::string& user)
 {
-    auto numbers = itemNumbers(arguments, report.spyWareList->size());
+    const auto numbers = itemNumbers(arguments, report.spyWareList->size());
     if (!numbers)
         return numbers.error();
     Choice choice;
@@ -82,19 +91,26 @@ Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& ar
     choice.selection.user = user;
     if (!arguments.volume.caseSensitive)
         choice.selection.foldedName = [](std::string_view name) { return foldedName(name); };
-    for (const std::size_t number : *numbers)
-        choice.selection.records.push_back((*report.spyWareList)[number - 1]);
-    choice.numbers = std::move(numbers).value();
+    for (const std::size_t number : *numbers) {
+        const auto& record = (*report.spyWareList)[number - 1];
+        const bool stays = isRemoteDesktop(*record);
+        if (stays && !arguments.all)
+            return Error{remoteDesktopText(number)};
+        if (stays) {
+            choice.leftOut = number;
+        } else {
+            choice.selection.records.push_back(record);
+            choice.numbers.push_back(number);
+        }
+    }
     return choice;
 }
 
 /// Whether a browser that runs has findings among its files; each is named.
 bool browsersBlock(Host& host, const SpywareList& records, const Console& console)
 {
-    std::vector<std::string> paths;
-    for (const auto& record : records)
-        paths.push_back(record->url.relativePath());
-    const auto entries = browsersToQuit(paths, host.workspace().runningApplications(), host.user());
+    const auto entries =
+        browsersToQuit(pathsOf(records), host.workspace().runningApplications(), host.user());
     for (const BrowserEntry& entry : entries)
         console.say(entry.NameBrowser +
                     " is running and keeps its data open, in which there are findings; quit it "
@@ -151,7 +167,7 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
     const bool whole = std::ranges::none_of(results, [](const RemovalResult& result) {
         return result.outcome == RemovalOutcome::Failed;
     });
-    return whole ? kDone : kFindings;
+    return whole && !choice.leftOut ? kDone : kFindings;
 }
 
 int removeChosen(Host& host, const Choice& choice, const RemoveArguments& arguments,
@@ -205,6 +221,10 @@ int runRemove(const RemoveArguments& arguments, const Console& console)
     const auto choice = choose(**report, arguments, (*host)->user());
     if (!choice)
         return console.fail(choice.error().message);
+    if (choice->leftOut)
+        console.say(remoteDesktopText(*choice->leftOut));
+    if (choice->numbers.empty())
+        return arguments.dryRun ? kDone : kFindings;
     return removeChosen(**host, *choice, arguments, console);
 }
 

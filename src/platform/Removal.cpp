@@ -36,6 +36,8 @@ std::string_view sentence(RemovalObstacle obstacle)
         return "the report is of another volume; connect that one";
     case RemovalObstacle::UnknownVolume:
         return "it cannot be told whether the report is of this disk; scan it again first";
+    case RemovalObstacle::RemoteDesktop:
+        return "remote desktop is not removed; switch it off in the Mac's Sharing settings";
     case RemovalObstacle::Confined:
         return "the system stopped a removal outside the volume";
     case RemovalObstacle::Stopped:

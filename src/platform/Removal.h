@@ -53,6 +53,7 @@ enum class RemovalObstacle : std::uint8_t {
     Unreadable,     ///< its folder cannot be read or searched
     OtherVolume,    ///< the report that lists it is of another volume
     UnknownVolume,  ///< whether that report is of this volume cannot be told
+    RemoteDesktop,  ///< it is switched off, not removed
     Confined,       ///< the kernel stopped a removal outside the volume
     Stopped,        ///< the user stopped before it was whole
     DeviceError,

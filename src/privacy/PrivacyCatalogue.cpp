@@ -11,10 +11,6 @@ using tables::Take;
 
 namespace {
 
-constexpr std::string_view kSafari = "Safari";
-constexpr std::string_view kChrome = "Google Chrome";
-constexpr std::string_view kFirefox = "Firefox";
-
 const tables::PrivacyGroup& tableGroup(ToolGroupKind kind)
 {
     return *std::find_if(std::begin(tables::kPrivacyGroups), std::end(tables::kPrivacyGroups),
@@ -26,11 +22,11 @@ std::string_view browserOf(const tables::PrivacyRow& row)
 {
     switch (row.anchor) {
     case Anchor::Safari:
-        return kSafari;
+        return kSafari.applicationName;
     case Anchor::ChromeProfile:
-        return kChrome;
+        return kChrome.applicationName;
     case Anchor::FirefoxProfile:
-        return kFirefox;
+        return kFirefox.applicationName;
     case Anchor::Home:
     case Anchor::Container:
         break;
@@ -213,7 +209,8 @@ void PrivacyCatalogue::addExtensions(std::vector<ToolItem>& items)
     if (addHeader(ToolGroupKind::Safari, "Safari Extensions")) {
         for (SafariExtension& extension : m_inventory.safariExtensions()) {
             if (m_way.kind(extension.url) != FileKind::Missing)
-                addExtension(items, std::move(extension.name), extension.url, kSafari);
+                addExtension(items, std::move(extension.name), extension.url,
+                             kSafari.applicationName);
         }
     }
     if (addHeader(ToolGroupKind::Chrome, "Google Chrome Extensions")) {
@@ -221,13 +218,14 @@ void PrivacyCatalogue::addExtensions(std::vector<ToolItem>& items)
             if (!m_way.isFolder(entry.urlExt))
                 continue;
             addExtension(items, entry.nameExt + " v" + entry.verExt + " (" + entry.PersonExt + ")",
-                         entry.urlExt, kChrome);
+                         entry.urlExt, kChrome.applicationName);
         }
     }
     if (addHeader(ToolGroupKind::Firefox, "Firefox Extensions")) {
         for (const ExtensionEntry& entry : m_inventory.firefoxAddOns()) {
             addExtension(items, entry.nameExt + " v" + entry.verExt,
-                         isAddOnPlace(entry.urlExt) ? entry.urlExt : FileURL(), kFirefox);
+                         isAddOnPlace(entry.urlExt) ? entry.urlExt : FileURL(),
+                         kFirefox.applicationName);
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "privacy/PrivacyCleaning.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <string_view>
 #include <unordered_set>
@@ -10,13 +11,9 @@ namespace pryvane {
 
 namespace {
 
-std::vector<RemovalItem> removalItems(std::span<const CleaningRow* const> rows)
+RemovalItem removalItem(const CleaningRow& row)
 {
-    std::vector<RemovalItem> items;
-    items.reserve(rows.size());
-    for (const CleaningRow* row : rows)
-        items.push_back({row->location.url, {}, row->location.scope, row->location.kind});
-    return items;
+    return {row.location.url, {}, row.location.scope, row.location.kind};
 }
 
 /// Whether the path or one above it is in the set.
@@ -132,40 +129,64 @@ CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const s
 {
     CleaningPreview preview;
     preview.rows = std::move(rows);
-    std::vector<const CleaningRow*> all;
+    std::vector<RemovalItem> items;
     for (CleaningRow& row : preview.rows) {
-        all.push_back(&row);
+        items.push_back(removalItem(row));
         row.blockedBy.clear();
         if (!row.location.browser.empty() &&
             std::find(running.begin(), running.end(), row.location.browser) != running.end())
             row.blockedBy = row.location.browser;
     }
-    remover.plan(removalItems(all), stop, [&](std::size_t item, const RemovalForecast& forecast) {
+    remover.plan(items, stop, [&](std::size_t item, const RemovalForecast& forecast) {
         preview.rows[item].forecast = forecast;
     });
     return preview;
 }
 
+std::size_t countGoing(const CleaningPreview& preview)
+{
+    return static_cast<std::size_t>(std::ranges::count_if(preview.rows, &CleaningRow::willGo));
+}
+
+void removeGoing(const CleaningPreview& preview, Remover& remover, const StopFlag& stop,
+                 const RemovalResults& told)
+{
+    std::vector<RemovalItem> items;
+    for (const CleaningRow& row : preview.rows) {
+        if (row.willGo())
+            items.push_back(removalItem(row));
+    }
+    remover.remove(items, stop, told);
+}
+
+CleaningOutcome outcomeOf(const CleaningPreview& preview, std::span<const RemovalResult> results)
+{
+    CleaningOutcome outcome;
+    std::vector<LeftOver> failed; // told behind what was not even tried
+    auto result = results.begin();
+    for (const CleaningRow& row : preview.rows) {
+        if (row.willGo()) {
+            outcome.entriesRemoved += result->entriesRemoved;
+            outcome.bytesRemoved += result->bytesRemoved;
+            if (result->outcome == RemovalOutcome::Failed)
+                failed.push_back({row.item, row.location.url, result->reason()});
+            ++result;
+        } else if (row.ticked) {
+            outcome.stayed.push_back({row.item, row.location.url,
+                                      row.blockedBy + " is running; close it and try again"});
+        }
+    }
+    std::ranges::move(failed, std::back_inserter(outcome.stayed));
+    return outcome;
+}
+
 CleaningOutcome cleanSelected(const CleaningPreview& preview, Remover& remover,
                               const StopFlag& stop)
 {
-    CleaningOutcome outcome;
-    std::vector<const CleaningRow*> going;
-    for (const CleaningRow& row : preview.rows) {
-        if (row.willGo())
-            going.push_back(&row);
-        else if (row.ticked)
-            outcome.stayed.push_back({row.item, row.location.url,
-                                      row.blockedBy + " is running; close it and try again"});
-    }
-    remover.remove(removalItems(going), stop, [&](std::size_t item, const RemovalResult& result) {
-        outcome.entriesRemoved += result.entriesRemoved;
-        outcome.bytesRemoved += result.bytesRemoved;
-        if (result.outcome == RemovalOutcome::Failed)
-            outcome.stayed.push_back(
-                {going[item]->item, going[item]->location.url, result.reason()});
-    });
-    return outcome;
+    std::vector<RemovalResult> results(countGoing(preview));
+    removeGoing(preview, remover, stop,
+                [&](std::size_t item, const RemovalResult& result) { results[item] = result; });
+    return outcomeOf(preview, results);
 }
 
 } // namespace pryvane

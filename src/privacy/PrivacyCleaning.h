@@ -71,6 +71,17 @@ inline constexpr const char* kCleanedText = "You have successfully cleared selec
                                               std::span<const std::string> running,
                                               Remover& remover, const StopFlag& stop);
 
+/// How many rows will go.
+[[nodiscard]] std::size_t countGoing(const CleaningPreview& preview);
+
+/// Removes for good the rows that will go, and tells of each in order. Blocks.
+void removeGoing(const CleaningPreview& preview, Remover& remover, const StopFlag& stop,
+                 const RemovalResults& told);
+
+/// What the cleaning came to, by the results of the rows that went.
+[[nodiscard]] CleaningOutcome outcomeOf(const CleaningPreview& preview,
+                                        std::span<const RemovalResult> results);
+
 /// Removes for good what will go by the preview. Blocks.
 [[nodiscard]] CleaningOutcome cleanSelected(const CleaningPreview& preview, Remover& remover,
                                             const StopFlag& stop);

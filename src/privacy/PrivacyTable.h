@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Browsers.h"
+
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -29,14 +31,17 @@ struct PrivacyGroup {
     std::string_view icon;
 };
 
+constexpr PrivacyGroup browserGroup(ToolGroupKind kind, const Browser& browser)
+{
+    return {kind, browser.displayName, browser.applicationName, browser.applicationPath,
+            browser.applicationPath};
+}
+
 /// In the order in which they are shown.
 inline constexpr PrivacyGroup kPrivacyGroups[] = {
-    {ToolGroupKind::Safari, "Safari", "Safari", "/Applications/Safari.app",
-     "/Applications/Safari.app"},
-    {ToolGroupKind::Chrome, "Chrome", "Google Chrome", "/Applications/Google Chrome.app",
-     "/Applications/Google Chrome.app"},
-    {ToolGroupKind::Firefox, "Firefox", "Firefox", "/Applications/Firefox.app",
-     "/Applications/Firefox.app"},
+    browserGroup(ToolGroupKind::Safari, kSafari),
+    browserGroup(ToolGroupKind::Chrome, kChrome),
+    browserGroup(ToolGroupKind::Firefox, kFirefox),
     // There when one of the three before is.
     {ToolGroupKind::BrowserExtensions, "Browser_ext", "", "", ""},
     {ToolGroupKind::System, "System", "", "", "/System/Library/CoreServices/Finder.app"},

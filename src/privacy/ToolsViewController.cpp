@@ -1,45 +1,34 @@
 #include "privacy/ToolsViewController.h"
 
+#include <QPointer>
+
 #include <utility>
 
 namespace pryvane {
 
 ToolsViewController::ToolsViewController(const Services& services, std::string user,
-                                         VolumeKind volume, QObject* parent)
-    : QObject(parent), m_services(services), m_user(std::move(user)), m_volume(volume),
-      m_progress(std::make_unique<PrivacyProgress>()), m_alive(std::make_shared<char>())
+                                         QObject* parent)
+    : QObject(parent), m_services(services), m_user(std::move(user)),
+      m_progress(std::make_unique<PrivacyProgress>()), m_queue(services.mainQueue),
+      m_session(services.mainQueue)
 {
 }
 
 ToolsViewController::~ToolsViewController()
 {
-    m_stop.request();
+    stop();
+}
+
+void ToolsViewController::stop()
+{
+    m_stopScan.request();
+    m_session.stop();
 }
 
 void ToolsViewController::setState(State state)
 {
     m_state = state;
     Q_EMIT stateChanged();
-}
-
-/// Puts work on the background thread, once the work before has ended.
-void ToolsViewController::start(State state, std::function<void()> work)
-{
-    m_stop.request();
-    m_thread.join();
-    m_stop.clear();
-    m_thread.start(std::move(work),
-                   [this](const char*) { onMain([this] { setState(State::Idle); }); });
-    setState(state);
-}
-
-/// Called on the background thread: has the work done on the main thread, if this still lives then.
-void ToolsViewController::onMain(std::function<void()> work)
-{
-    m_services.mainQueue.post([alive = std::weak_ptr(m_alive), work = std::move(work)] {
-        if (alive.lock())
-            work();
-    });
 }
 
 void ToolsViewController::viewWillAppear()
@@ -52,28 +41,31 @@ void ToolsViewController::resetAndAddavailbleApplications()
 {
     if (m_state != State::Idle && m_state != State::Scanning)
         return;
-    m_stop.request();
-    m_thread.join();
+    m_stopScan.request();
+    m_scanThread.join();
+    m_stopScan.clear();
     m_availbleApp.clear();
     m_isMeasured = false;
     m_progress = std::make_unique<PrivacyProgress>();
     ++m_round;
-    start(State::Scanning, [this] { scanInBG(); });
+    m_scanThread.start([this] { scanInBG(); },
+                       [this](const char*) { m_queue.post([this] { setState(State::Idle); }); });
+    setState(State::Scanning);
 }
 
 void ToolsViewController::scanInBG()
 {
     const std::uint64_t round = m_round;
     const auto isNews = [this, round] { return round == m_round && m_state == State::Scanning; };
-    scanPrivacy(m_services.disk, m_user, m_stop, *m_progress, [&](ToolGroup group) {
-        onMain([this, isNews, group = std::move(group)]() mutable {
+    scanPrivacy(m_services.disk, m_user, m_stopScan, *m_progress, [&](ToolGroup group) {
+        m_queue.post([this, isNews, group = std::move(group)]() mutable {
             if (!isNews())
                 return;
             m_availbleApp.push_back(std::move(group));
             Q_EMIT stateChanged();
         });
     });
-    onMain([this, isNews] {
+    m_queue.post([this, isNews] {
         if (isNews())
             BGscanDone();
     });
@@ -81,7 +73,7 @@ void ToolsViewController::scanInBG()
 
 void ToolsViewController::BGscanDone()
 {
-    m_isMeasured = !m_stop.requested();
+    m_isMeasured = !m_stopScan.requested();
     setState(State::Idle);
 }
 
@@ -136,16 +128,16 @@ void ToolsViewController::retryCleaningAction()
 
 void ToolsViewController::look(std::vector<CleaningRow> rows)
 {
-    start(State::Looking, [this, rows = std::move(rows)]() mutable {
-        const auto running = m_volume == VolumeKind::HostRoot
-                                 ? m_services.workspace.runningApplications()
-                                 : std::vector<std::string>();
-        auto preview = previewCleaning(std::move(rows), running, m_services.remover, m_stop);
-        onMain([this, preview = std::move(preview)]() mutable {
-            m_preview = m_stop.requested() ? CleaningPreview() : std::move(preview);
+    m_session.plan(
+        [this, rows = std::move(rows)](const StopFlag& stop) mutable {
+            return previewCleaning(std::move(rows), m_services.workspace.runningApplications(),
+                                   m_services.remover, stop);
+        },
+        [this](CleaningPreview preview) {
+            m_preview = std::move(preview);
             setState(m_preview.rows.empty() ? State::Idle : State::Previewing);
         });
-    });
+    setState(State::Looking);
 }
 
 void ToolsViewController::setPreviewTicked(std::size_t row, bool ticked)
@@ -168,23 +160,26 @@ void ToolsViewController::cleanAndReloadData()
 {
     if (m_state != State::Previewing)
         return;
-    start(State::Cleaning, [this, preview = std::move(m_preview)] {
-        auto outcome = cleanSelected(preview, m_services.remover, m_stop);
-        onMain([this, outcome = std::move(outcome)]() mutable {
-            m_outcome = std::move(outcome);
+    const auto preview = std::make_shared<const CleaningPreview>(std::exchange(m_preview, {}));
+    m_session.remove(
+        countGoing(*preview),
+        [this, preview](const StopFlag& stop, const RemovalResults& told) {
+            removeGoing(*preview, m_services.remover, stop, told);
+        },
+        [this, preview](const std::vector<RemovalResult>& results) {
+            m_outcome = outcomeOf(*preview, results);
             cleaned();
         });
-    });
-    m_preview = {};
+    setState(State::Cleaning);
 }
 
 void ToolsViewController::cleaned()
 {
     setState(State::Idle);
     // The message has a loop of its own, in which the volume may be changed and this go.
-    const std::weak_ptr<char> alive = m_alive;
+    const QPointer alive(this);
     m_services.alerts.runModal({kCleanedTitle, kCleanedText, {"OK"}});
-    if (!alive.expired())
+    if (alive)
         resetAndAddavailbleApplications();
 }
 

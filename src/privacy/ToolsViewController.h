@@ -1,12 +1,13 @@
 #pragma once
 
 #include "core/StopFlag.h"
-#include "core/tasks/MainQueue.h"
+#include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "platform/Alerts.h"
 #include "platform/Workspace.h"
 #include "privacy/PrivacyCleaning.h"
 #include "privacy/PrivacyScan.h"
+#include "removal/session/RemovalSession.h"
 
 #include <QObject>
 
@@ -17,11 +18,8 @@
 
 namespace pryvane {
 
-/// Whether the applications that run on this host are those of the volume.
-enum class VolumeKind : std::uint8_t { HostRoot, Mounted };
-
 /// The tools screen without its window: the catalogue with its sizes, what is ticked in it, the
-/// preview of a cleaning, the cleaning. Main thread only; work runs on one background thread.
+/// preview of a cleaning, the cleaning. Main thread only; work runs in the background.
 class ToolsViewController final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ToolsViewController)
@@ -44,8 +42,7 @@ public:
     };
 
     /// The services outlive this.
-    ToolsViewController(const Services& services, std::string user, VolumeKind volume,
-                        QObject* parent = nullptr);
+    ToolsViewController(const Services& services, std::string user, QObject* parent = nullptr);
     ~ToolsViewController() override;
 
     /// The screen is about to be shown: the first time, the catalogue is built.
@@ -55,7 +52,7 @@ public:
     void resetAndAddavailbleApplications();
 
     /// Ends what is under way as soon as it can; what was found or removed by then stands.
-    void stop() { m_stop.request(); }
+    void stop();
 
     /// Ticks what can be ticked: items with something to clean. Groups that have arrived may be
     /// ticked while others still do.
@@ -97,14 +94,11 @@ private:
     void scanInBG();
     void BGscanDone();
     void setState(State state);
-    void start(State state, std::function<void()> work);
-    void onMain(std::function<void()> work);
     void look(std::vector<CleaningRow> rows);
     void cleaned();
 
     const Services m_services;
     const std::string m_user;
-    const VolumeKind m_volume;
     State m_state = State::Idle;
     bool m_isMeasured = false;
     bool m_hasAppeared = false;
@@ -112,10 +106,11 @@ private:
     CleaningPreview m_preview;
     CleaningOutcome m_outcome;
     std::unique_ptr<PrivacyProgress> m_progress; ///< made anew by each scan
-    StopFlag m_stop;
-    std::shared_ptr<char> m_alive; ///< what is posted asks whether this still lives
-    std::uint64_t m_round = 0;     ///< tells the news of a scan from those of one before
-    Worker m_thread;               // last: it ends before anything it uses
+    std::uint64_t m_round = 0; ///< tells the news of a scan from those of one before
+    BoundQueue m_queue;
+    StopFlag m_stopScan;
+    Worker m_scanThread; // last: they end before anything they use
+    RemovalSession m_session;
 };
 
 } // namespace pryvane

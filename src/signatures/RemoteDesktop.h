@@ -5,10 +5,11 @@
 
 namespace pryvane {
 
-/// Whether the record stands for remote desktop, which is switched off rather than removed.
+/// Whether the record stands for remote desktop, which is switched off rather than removed. Known
+/// by its kind: any file may be called as the record is.
 [[nodiscard]] inline bool isRemoteDesktop(const Spyware& record)
 {
-    return record.name == catalogue::kRemoteDesktopName;
+    return record.infections == catalogue::kRemoteDesktop;
 }
 
 } // namespace pryvane

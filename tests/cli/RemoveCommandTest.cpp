@@ -130,6 +130,33 @@ TEST_F(RemoveCommandTest, EachOutcomeHasItsLineAndItsReason)
     EXPECT_EQ(remove({"--item", "1", "--item", "3", "--yes"}).code, 0); // both are gone
 }
 
+TEST_F(RemoveCommandTest, RemoteDesktopStaysWhateverIsAskedFor)
+{
+    const std::string desktop = "/Library/Preferences/com.apple.RemoteDesktop.plist";
+    volume.plant(desktop);
+    EXPECT_EQ(scan().code, 1);
+    const std::string words = "item 5 stays: remote desktop is not removed; switch it off in the "
+                              "Mac's Sharing settings";
+    const struct {
+        std::vector<std::string> arguments;
+        int code;
+        const char* planned; ///< how many are left to be removed
+    } rows[] = {
+        {{"--item", "5", "--item", "1", "--yes"}, 2, ""},
+        {{"--all", "--dry-run"}, 0, "Would remove: 4 findings"},
+        {{"--all", "--yes"}, 1, "Removed: 4 findings"},
+    };
+    for (const auto& row : rows) {
+        expectAllThere();
+        const Outcome outcome = remove(row.arguments);
+        EXPECT_EQ(outcome.code, row.code);
+        EXPECT_THAT(outcome.err, HasSubstr(words));
+        EXPECT_THAT(outcome.out, AllOf(HasSubstr(row.planned), Not(HasSubstr("RemoteDesktop"))));
+    }
+    EXPECT_FALSE(volume.contains(kAobo));
+    EXPECT_TRUE(volume.contains(desktop));
+}
+
 TEST_F(RemoveCommandTest, WhatIsAnotherThingByNowIsTold)
 {
     volume.remove(kMdsa);

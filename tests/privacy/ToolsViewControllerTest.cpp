@@ -21,14 +21,13 @@ protected:
         volume.folder("/Applications/Safari.app");
         volume.file(m_history, std::string(5000, 'x'));
         volume.file(m_log, std::string(5000, 'x'));
-        workspace.running = {"Safari"};
     }
 
-    void makeController(VolumeKind kind)
+    void makeController()
     {
         controller = std::make_unique<ToolsViewController>(
-            ToolsViewController::Services{services(), remover(), queue, alerts, workspace}, "alice",
-            kind);
+            ToolsViewController::Services{services(), remover(), queue, alerts, workspace},
+            "alice");
         controller->resetAndAddavailbleApplications();
         ASSERT_TRUE(reaches(State::Idle));
     }
@@ -58,7 +57,7 @@ protected:
 
 TEST_F(ToolsViewControllerTest, CleansWhatIsTickedSaysSoAndMeasuresAnew)
 {
-    makeController(VolumeKind::Mounted);
+    makeController();
     controller->previewSelected(); // nothing is ticked
     EXPECT_EQ(controller->state(), State::Idle);
     tick();
@@ -99,20 +98,20 @@ TEST_F(ToolsViewControllerTest, CleansWhatIsTickedSaysSoAndMeasuresAnew)
 TEST_F(ToolsViewControllerTest, ListsWhatStayedAndWhy)
 {
     remover().stubborn = {m_history};
-    for (const auto kind : {VolumeKind::Mounted, VolumeKind::HostRoot}) {
-        makeController(kind);
+    for (const bool runs : {false, true}) {
+        workspace.running = runs ? std::vector<std::string>{"Safari"} : std::vector<std::string>();
+        makeController();
         tick();
         controller->previewSelected();
         ASSERT_TRUE(reaches(State::Previewing));
-        EXPECT_EQ(controller->preview().openBrowsers().size(),
-                  kind == VolumeKind::HostRoot ? 1U : 0U);
+        EXPECT_EQ(controller->preview().openBrowsers().size(), runs ? 1U : 0U);
         alerts.answer(kAlertFirstButton);
         controller->cleanAndReloadData();
         ASSERT_TRUE(reaches(State::Scanning));
         ASSERT_EQ(controller->outcome().stayed.size(), 1U);
         EXPECT_EQ(controller->outcome().stayed[0].item, "History");
         EXPECT_EQ(controller->outcome().stayed[0].reason.find("Safari is running"),
-                  kind == VolumeKind::HostRoot ? 0U : std::string::npos);
+                  runs ? 0U : std::string::npos);
     }
 }
 
@@ -122,8 +121,8 @@ TEST_F(ToolsViewControllerTest, MayBeScannedAnewAndDestroyedAtAnyMoment)
         volume.file(kHome + "/Library/Caches/" + std::to_string(i) + "/file");
     for (int round = 0; round < 20; ++round) {
         controller = std::make_unique<ToolsViewController>(
-            ToolsViewController::Services{services(), remover(), queue, alerts, workspace}, "alice",
-            VolumeKind::Mounted);
+            ToolsViewController::Services{services(), remover(), queue, alerts, workspace},
+            "alice");
         controller->resetAndAddavailbleApplications();
         controller->resetAndAddavailbleApplications();
         if (round % 2) {
@@ -155,8 +154,7 @@ TEST_F(ToolsViewControllerTest, MayGoWhileItsMessageIsShown)
     } last;
     last.shown = [this] { controller.reset(); };
     controller = std::make_unique<ToolsViewController>(
-        ToolsViewController::Services{services(), remover(), queue, last, workspace}, "alice",
-        VolumeKind::Mounted);
+        ToolsViewController::Services{services(), remover(), queue, last, workspace}, "alice");
     controller->resetAndAddavailbleApplications();
     ASSERT_TRUE(reaches(State::Idle));
     tick();

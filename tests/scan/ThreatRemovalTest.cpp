@@ -1,9 +1,7 @@
 #include "scan/ThreatRemoval.h"
 
-#include "hosts/linux/RunningApplications.h"
 #include "scan/SessionFixture.h"
 #include "support/ForwardingDisk.h"
-#include "support/RunningProgram.h"
 
 #include <gmock/gmock.h>
 
@@ -22,6 +20,7 @@ constexpr const char* kAobo = "/Users/alice/Library/.A_o_b_o/";
 constexpr const char* kRefog = "/Library/LaunchAgents/com.refog.agent.plist";
 constexpr const char* kMdsa = "/Users/alice/Library/mdsa1331";
 constexpr const char* kMdworker = "/tmp/.mdworker";
+constexpr const char* kRemoteDesktop = "/Library/Preferences/com.apple.RemoteDesktop.plist";
 constexpr const char* kFirefoxFind =
     "/Users/alice/Library/Application Support/Firefox/Profiles/profiled";
 constexpr const char* kChromeFind = "/Users/alice/Library/Application Support/Google/Chrome/nacld";
@@ -71,14 +70,6 @@ protected:
         for (const char* finding : findings)
             EXPECT_TRUE(volume.contains(finding)) << finding;
     }
-    std::vector<std::string> panelEntries()
-    {
-        std::vector<std::string> names;
-        for (const BrowserEntry& entry : panel.browserListController())
-            names.push_back(entry.NameBrowser);
-        return names;
-    }
-
     int removals = 0;
     const ThreatLists& lists = controller.lists();
     FourceQuitBrowserView& panel = controller.removal().panel();
@@ -150,24 +141,16 @@ TEST_F(ThreatRemovalTest, DecliningOnlyMarksWhatWasNotSelected)
     EXPECT_FALSE(controller.removal().summary());
 }
 
-TEST_F(ThreatRemovalTest, BrowsersAreQuitFirstAndARetryCarriesOn)
+TEST_F(ThreatRemovalTest, ARetryCarriesOnAndOrdersTheListsItsOwnWay)
 {
     scanWith({kMdworker, kChromeFind, kFirefoxFind});
     controller.selectThreat(0, false);
-    workspace.running = {"Safari", "Firefox"};
+    workspace.running = {"Firefox"};
     alerts.answer(kYes);
     controller.deleteSelectedThreat();
     EXPECT_TRUE(panel.isPresented());
-    EXPECT_THAT(panel.browserListController(),
-                ElementsAre(BrowserEntry{"Firefox", "/Applications/Firefox.app"}));
-    expectUntouched({kMdworker, kChromeFind, kFirefoxFind});
-
-    workspace.running = {"Firefox", "Google Chrome"};
-    panel.retryCleaningAction();
-    EXPECT_THAT(panel.availbleApp(), ElementsAre("Firefox", "Google Chrome"));
-    EXPECT_THAT(panelEntries(), ElementsAre("Chrome", "Firefox"));
     controller.deleteSelectedThreat(); // behind the sheet: nothing, not even a question
-    expectUntouched({kChromeFind, kFirefoxFind});
+    expectUntouched({kMdworker, kChromeFind, kFirefoxFind});
 
     // A finding that cannot go, to see the order of the lists.
     volume.file("/other/nacld");
@@ -175,27 +158,16 @@ TEST_F(ThreatRemovalTest, BrowsersAreQuitFirstAndARetryCarriesOn)
     volume.link("/Users/alice/Library/Application Support/Google/Chrome", "/other");
     workspace.running = {"Safari"};
     removal([this] { panel.retryCleaningAction(); });
-    EXPECT_FALSE(panel.isPresented());
     EXPECT_THAT(paths(*controller.report()->spyWareList),
                 ElementsAre(kChromeFind, kMdworker, kFirefoxFind));
     EXPECT_EQ(controller.removal().summary(), removalSummary(1));
     EXPECT_FALSE(volume.contains(kFirefoxFind));
     EXPECT_TRUE(volume.contains("/other/nacld"));
-    panel.retryCleaningAction(); // the sheet is gone
-    EXPECT_EQ(removals, 1);
 }
 
-TEST_F(ThreatRemovalTest, ClosingThePanelOrAScanBehindItEndsTheMatter)
+TEST_F(ThreatRemovalTest, AScanBehindThePanelEndsTheMatter)
 {
     scanWith({kMdworker, kFirefoxFind});
-    workspace.running = {"Firefox"};
-    alerts.answer(kYes);
-    controller.deleteSelectedThreat();
-    panel.closeWindowAction();
-    workspace.running.clear();
-    panel.retryCleaningAction();
-    expectUntouched({kMdworker, kFirefoxFind});
-
     workspace.running = {"Firefox"};
     alerts.answer(kYes);
     controller.deleteSelectedThreat();
@@ -208,20 +180,6 @@ TEST_F(ThreatRemovalTest, ClosingThePanelOrAScanBehindItEndsTheMatter)
     controller.reloadThreatDetails();
     expectUntouched({kMdworker, kFirefoxFind, kRefog});
     EXPECT_EQ(removals, 0);
-}
-
-TEST_F(ThreatRemovalTest, ARealProcessOfABrowsersNameBlocks)
-{
-    scanWith({kFirefoxFind});
-    test::RunningProgram firefox("firefox");
-    workspace.running = runningApplicationsOfHost(firefox.processes());
-    alerts.answer(kYes);
-    controller.deleteSelectedThreat();
-    EXPECT_THAT(panelEntries(), ElementsAre("Firefox"));
-    firefox.quit();
-    workspace.running = runningApplicationsOfHost(firefox.processes());
-    removal([this] { panel.retryCleaningAction(); });
-    EXPECT_FALSE(volume.contains(kFirefoxFind));
 }
 
 TEST_F(ThreatRemovalTest, FindingsOfAnotherVolumeStay)
@@ -255,7 +213,7 @@ TEST_F(ThreatRemovalTest, FindingsOfAnotherVolumeStay)
 
 TEST_F(ThreatRemovalTest, TheRemoveButtonDoesNotCountTheRemoteDesktopRow)
 {
-    scanWith({kMdworker, "/Library/Preferences/com.apple.RemoteDesktop.plist"});
+    scanWith({kMdworker, kRemoteDesktop});
     EXPECT_TRUE(lists.ARDDetect);
     EXPECT_TRUE(controller.removal().removeButtonEnabled());
     EXPECT_EQ(controller.arrThreats().back()->name, "ARD");
@@ -268,7 +226,7 @@ TEST_F(ThreatRemovalTest, TheRemoveButtonDoesNotCountTheRemoteDesktopRow)
     EXPECT_EQ(controller.arrThreats().size(), 2U);
     EXPECT_TRUE(controller.removal().removeButtonEnabled());
 
-    volume.remove("/Library/Preferences/com.apple.RemoteDesktop.plist");
+    volume.remove(kRemoteDesktop);
     scan();
     EXPECT_FALSE(lists.ARDDetect);
     EXPECT_TRUE(controller.removal().removeButtonEnabled());
@@ -287,21 +245,27 @@ TEST_F(ThreatRemovalTest, RemoveSpywareAsksNothingAndSelectsTheWholeListAgain)
     EXPECT_THAT(paths(*controller.report()->spyWareList), ElementsAre(kRefog, kMdworker));
 }
 
-TEST_F(ThreatRemovalTest, APlanShowsWhatWouldGo)
+TEST_F(ThreatRemovalTest, RemoteDesktopIsNeitherPlannedNorRemoved)
 {
-    scanWith({kAobo, kMdworker});
+    scanWith({kAobo, kMdworker, kRemoteDesktop});
     volume.file("/Users/alice/Library/.A_o_b_o/one");
     controller.removal().planSelectedThreats();
-    controller.removal().planSelectedThreats(); // asked anew before it is there
     ASSERT_TRUE(mainQueue.runUntil([&] { return !controller.removal().isPlanning(); }));
     const RemovalPlan& plan = controller.removal().plan();
     ASSERT_EQ(plan.rows.size(), 2U);
-    EXPECT_FALSE(plan.stopped);
     EXPECT_EQ(plan.rows[0].forecast.kind, FileKind::Folder);
     EXPECT_EQ(plan.rows[0].forecast.entries, 2U);
     EXPECT_EQ(plan.rows[1].flaggedBy.evidence, Evidence::ExactPath);
     EXPECT_EQ(plan.totals().entries, 3U);
-    expectUntouched({kAobo, kMdworker});
+    expectUntouched({kAobo, kMdworker, kRemoteDesktop});
+
+    deleteSelected();
+    EXPECT_THAT(paths(lists.deletedSpyware), ElementsAre(kAobo, kMdworker));
+    EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kRemoteDesktop));
+    EXPECT_EQ(controller.report()->spyWareList->size(), 3U);
+    removal([this] { controller.removeSpyware(); });
+    removal([this] { controller.removeThisSpyware(state.arrSpywareList.records()); });
+    EXPECT_TRUE(volume.contains(kRemoteDesktop));
 }
 
 /// Waits, before it removes, until it is let go.
@@ -327,65 +291,36 @@ private:
     Remover& m_remover;
 };
 
-class GatedRemovalTest : public ThreatRemovalTest {
-protected:
-    GatedRemovalTest()
-    {
-        volume.plant(kMdworker);
-        QObject::connect(gated.get(), &ScanViewController::scanEnded, gated.get(),
-                         [this] { ++ended; });
-        QObject::connect(gated.get(), &ScanViewController::removalEnded, gated.get(),
-                         [this] { ++removals; });
-        gated->SpywareScanStart();
-        EXPECT_TRUE(mainQueue.runUntil([&] { return ended == 1; }));
-        alerts.answer(kYes);
-        gated->deleteSelectedThreat();
-        EXPECT_TRUE(mainQueue.runUntil([&] { return gate.entered.load(); }));
-    }
-
-    GatedRemover gate{remover};
-    std::unique_ptr<ScanViewController> gated =
-        std::make_unique<ScanViewController>(services(), state, access, store, gate,
-                                             ScanOptions{"alice", FileURL::fileURLWithPath("/")});
-};
-
-TEST_F(GatedRemovalTest, NothingElseStartsMeanwhile)
+TEST_F(ThreatRemovalTest, NothingElseStartsMeanwhile)
 {
-    gated->SpywareScanStart();
-    EXPECT_FALSE(gated->isScanning());
+    GatedRemover gate(remover);
+    ScanViewController gated(services(), state, access, store, gate,
+                             ScanOptions{"alice", FileURL::fileURLWithPath("/")});
+    QObject::connect(&gated, &ScanViewController::scanEnded, &gated, [this] { ++ended; });
+    QObject::connect(&gated, &ScanViewController::removalEnded, &gated, [this] { ++removals; });
+    volume.plant(kMdworker);
+    gated.SpywareScanStart();
+    ASSERT_TRUE(mainQueue.runUntil([&] { return ended == 1; }));
+    alerts.answer(kYes);
+    gated.deleteSelectedThreat();
+    ASSERT_TRUE(mainQueue.runUntil([&] { return gate.entered.load(); }));
+    gated.SpywareScanStart();
+    EXPECT_FALSE(gated.isScanning());
     EXPECT_EQ(notes.back(), "ScanStatusChange NO"); // for whoever made ready for it
-    gated->deleteSelectedThreat();
-    gated->removeSpyware();
-    gated->selectThreat(0, false);
-    gated->removal().planSelectedThreats();
+    gated.deleteSelectedThreat();
+    gated.removeSpyware();
+    gated.selectThreat(0, false);
+    gated.removal().planSelectedThreats();
     mainQueue.drain();
-    EXPECT_TRUE(gated->removal().isRemoving());
-    EXPECT_FALSE(gated->removal().isPlanning() || gated->removal().removeButtonEnabled());
-    EXPECT_EQ(gated->arrThreats().size(), 1U);
+    EXPECT_TRUE(gated.removal().isRemoving());
+    EXPECT_FALSE(gated.removal().isPlanning() || gated.removal().removeButtonEnabled());
+    EXPECT_EQ(gated.arrThreats().size(), 1U);
     gate.open = true;
     ASSERT_TRUE(mainQueue.runUntil([&] { return removals == 1; }));
     EXPECT_FALSE(volume.contains(kMdworker));
-    EXPECT_EQ(gated->removal().progress().done, 1U);
-    gated->SpywareScanStart();
+    EXPECT_EQ(gated.removal().progress().done, 1U);
+    gated.SpywareScanStart();
     EXPECT_TRUE(mainQueue.runUntil([&] { return ended == 2; }));
-}
-
-TEST_F(GatedRemovalTest, AStopOrTheEndOfTheScreenEndsIt)
-{
-    gated->removal().stopRemoval();
-    ASSERT_TRUE(mainQueue.runUntil([&] { return removals == 1; }));
-    EXPECT_EQ(gated->lists().unDeletedSpyware.at(0)->removalFailure,
-              obstacleText(RemovalObstacle::Stopped));
-    EXPECT_TRUE(volume.contains(kMdworker));
-
-    gate.entered = false;
-    alerts.answer(kYes);
-    gated->deleteSelectedThreat();
-    EXPECT_TRUE(mainQueue.runUntil([&] { return gate.entered.load(); }));
-    gated.reset();
-    mainQueue.drain();
-    EXPECT_EQ(removals, 1);
-    EXPECT_TRUE(volume.contains(kMdworker));
 }
 
 } // namespace

@@ -62,7 +62,7 @@ void Session::MainWindowParts::viewReport()
 MadeScreen Session::MainWindowParts::makeTools()
 {
     tools = std::make_unique<ToolsParts>(needs.services, needs.disk, needs.remover,
-                                         needs.facts.user, needs.volume, needs.reveal);
+                                         needs.facts.user, needs.reveal);
     return tools->makeScreen();
 }
 

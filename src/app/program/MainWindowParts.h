@@ -21,7 +21,6 @@ struct Session::MainWindowParts {
         AppDelegate& delegate;
         ApplicationFacts facts;
         VolumeFileSystem& disk;
-        VolumeKind volume;
         Remover& remover;
         FileViewer& fileViewer;
         std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk

@@ -161,8 +161,6 @@ QWidget* Session::makeMainWindow()
                                  .delegate = m_delegate,
                                  .facts = factsFor(m_choice),
                                  .disk = *m_disk,
-                                 .volume = panelRoot(m_choice.folder).empty() ? VolumeKind::HostRoot
-                                                                              : VolumeKind::Mounted,
                                  .remover = m_sharedRemover,
                                  .fileViewer = m_fileViewer,
                                  .foldedName = {},

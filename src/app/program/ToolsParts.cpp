@@ -6,11 +6,10 @@
 namespace pryvane {
 
 ToolsParts::ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
-                       const std::string& user, VolumeKind volume,
-                       std::function<void(const FileURL&)> reveal)
+                       const std::string& user, std::function<void(const FileURL&)> reveal)
     : m_reveal(std::move(reveal)), m_sizes(disk), m_inventorySizes(disk),
       m_tools({{disk, m_sizes}, remover, services.mainQueue, services.alerts, services.workspace},
-              user, volume),
+              user),
       m_inventory({{disk, m_inventorySizes}, services.mainQueue}, user)
 {
 }

@@ -17,8 +17,7 @@ class VolumeFileSystem;
 class ToolsParts {
 public:
     ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
-               const std::string& user, VolumeKind volume,
-               std::function<void(const FileURL&)> reveal);
+               const std::string& user, std::function<void(const FileURL&)> reveal);
 
     [[nodiscard]] MadeScreen makeScreen();
     [[nodiscard]] bool isBusy() const

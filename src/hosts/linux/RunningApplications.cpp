@@ -1,6 +1,7 @@
 #include "hosts/linux/RunningApplications.h"
 
 #include "core/UniqueFd.h"
+#include "platform/Browsers.h"
 
 #include <climits>
 
@@ -16,21 +17,6 @@
 namespace pryvane {
 
 namespace {
-
-struct Application {
-    std::string_view displayName;
-    std::array<std::string_view, 6> programs;
-};
-
-// Chromium keeps its profile elsewhere and is not in the way of Chrome's.
-constexpr Application kApplications[] = {
-    {"Safari", {"Safari"}},
-    {"Google Chrome",
-     {"chrome", "google-chrome", "google-chrome-stable", "google-chrome-beta",
-      "google-chrome-unstable", "Google Chrome"}},
-    {"Firefox",
-     {"firefox", "firefox-esr", "firefox-bin", "firefox-beta", "firefox-nightly", "Firefox"}},
-};
 
 /// The beginning of a small file; empty where it cannot be read.
 std::string beginningOf(int folder, const char* name)
@@ -97,9 +83,8 @@ int applicationOf(int folder)
     const std::string program = programOf(folder);
     const std::string& name = program.empty() ? process.name : program;
     int place = 0;
-    for (const Application& application : kApplications) {
-        if (!name.empty() &&
-            std::ranges::find(application.programs, name) != application.programs.end())
+    for (const Browser& browser : kBrowsers) {
+        if (!name.empty() && std::ranges::find(browser.programs, name) != browser.programs.end())
             return place;
         ++place;
     }
@@ -111,7 +96,7 @@ int applicationOf(int folder)
 std::vector<std::string> runningApplicationsOfHost(const std::string& processes)
 {
     const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(processes.c_str()), closedir);
-    std::array<bool, std::size(kApplications)> runs{};
+    std::array<bool, kBrowsers.size()> runs{};
     while (const dirent* entry = folder ? readdir(folder.get()) : nullptr) {
         if (entry->d_name[0] < '1' || entry->d_name[0] > '9')
             continue;
@@ -124,7 +109,7 @@ std::vector<std::string> runningApplicationsOfHost(const std::string& processes)
     std::vector<std::string> names;
     for (std::size_t i = 0; i < runs.size(); ++i) {
         if (runs[i])
-            names.emplace_back(kApplications[i].displayName);
+            names.emplace_back(kBrowsers[i].applicationName);
     }
     return names;
 }

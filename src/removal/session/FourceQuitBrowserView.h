@@ -1,6 +1,6 @@
 #pragma once
 
-#include "removal/session/Browsers.h"
+#include "removal/session/BrowsersToQuit.h"
 
 #include <QObject>
 

@@ -1,13 +1,19 @@
 #include "removal/session/RecordRemoval.h"
 
 #include "platform/FileSystem.h"
+#include "signatures/RemoteDesktop.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace pryvane {
 
-/// Why a record is not to be looked for on this disk; None where it is.
-RemovalObstacle RecordRemoval::strangeness(const RecordSelection& selection,
-                                           const Spyware& record) const
+/// Why a record is not even to be looked for; None where it is.
+RemovalObstacle RecordRemoval::refusal(const RecordSelection& selection,
+                                       const Spyware& record) const
 {
+    if (isRemoteDesktop(record))
+        return RemovalObstacle::RemoteDesktop;
     const std::string here = m_disk.identity();
     if (isSameVolume(selection.volume, here))
         return RemovalObstacle::None;
@@ -17,7 +23,7 @@ RemovalObstacle RecordRemoval::strangeness(const RecordSelection& selection,
                                                    : RemovalObstacle::UnknownVolume;
 }
 
-/// Lets `work` answer for the records that are this disk's, and refuses the others; all are told in
+/// Lets `work` answer for the records that are looked for, and refuses the others; all are told in
 /// the order of the list. After a stop those that were not reached are left out.
 template <typename Answer, typename Work, typename Told>
 void RecordRemoval::each(const RecordSelection& selection, const StopFlag& stop, const Work& work,
@@ -27,7 +33,7 @@ void RecordRemoval::each(const RecordSelection& selection, const StopFlag& stop,
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < selection.records.size(); ++i) {
         const Spyware& record = *selection.records[i];
-        if (strangeness(selection, record) != RemovalObstacle::None)
+        if (refusal(selection, record) != RemovalObstacle::None)
             continue;
         items.push_back({record.url, record.seen, RemovalScope::Item, record.kind});
         places.push_back(i);
@@ -36,7 +42,7 @@ void RecordRemoval::each(const RecordSelection& selection, const StopFlag& stop,
     const auto refuseUntil = [&](std::size_t end) {
         for (; next < end; ++next) {
             Answer answer;
-            answer.obstacle = strangeness(selection, *selection.records[next]);
+            answer.obstacle = refusal(selection, *selection.records[next]);
             told(next, answer);
         }
     };
@@ -48,30 +54,26 @@ void RecordRemoval::each(const RecordSelection& selection, const StopFlag& stop,
         refuseUntil(selection.records.size());
 }
 
-RemovalPlan RecordRemoval::plan(const RecordSelection& selection, const StopFlag& stop)
+RemovalPlan RecordRemoval::plan(const RecordSelection& selection, const StopFlag& stop) const
 {
     RemovalPlan plan;
     plan.rows.reserve(selection.records.size());
-    const auto add = [&](std::size_t item, const RemovalForecast& forecast) {
-        const auto& record = selection.records[item];
-        plan.rows.push_back(
-            {record, flaggedBy(*record, selection.user, selection.foldedName), forecast});
-    };
     each<RemovalForecast>(
         selection, stop,
         [&](const auto& items, const auto& planned) { m_remover.plan(items, stop, planned); },
         [&](std::size_t item, RemovalForecast forecast) {
-            if (forecast.obstacle == RemovalObstacle::OtherVolume ||
-                forecast.obstacle == RemovalObstacle::UnknownVolume)
+            const auto& record = selection.records[item];
+            if (refusal(selection, *record) != RemovalObstacle::None)
                 forecast.kind = FileKind::Unknown;
-            add(item, forecast);
+            plan.rows.push_back(
+                {record, flaggedBy(*record, selection.user, selection.foldedName), forecast});
         });
     plan.stopped = plan.rows.size() < selection.records.size();
     return plan;
 }
 
 void RecordRemoval::remove(const RecordSelection& selection, const StopFlag& stop,
-                           const RemovalResults& told)
+                           const RemovalResults& told) const
 {
     const StopFlag never; // what is not begun is told too
     each<RemovalResult>(
@@ -80,12 +82,40 @@ void RecordRemoval::remove(const RecordSelection& selection, const StopFlag& sto
         told);
 }
 
+SpywareList removable(const SpywareList& records)
+{
+    SpywareList list;
+    list.reserve(records.size());
+    std::ranges::copy_if(records, std::back_inserter(list),
+                         [](const auto& record) { return !isRemoteDesktop(*record); });
+    return list;
+}
+
+std::vector<std::string> pathsOf(const SpywareList& records)
+{
+    std::vector<std::string> paths;
+    paths.reserve(records.size());
+    for (const auto& record : records)
+        paths.push_back(record->url.relativePath());
+    return paths;
+}
+
 void setOutcome(Spyware& record, const RemovalResult& result)
 {
     record.isNoAction = false;
     record.isDeleted = result.outcome != RemovalOutcome::Failed;
     record.removalFailure = record.isDeleted ? std::string() : result.note();
     record.removalRemark = record.isDeleted ? result.note() : std::string();
+}
+
+SortedRecords sortOutcomes(const SpywareList& records, std::span<const RemovalResult> results)
+{
+    SortedRecords sorted;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        setOutcome(*records[i], results[i]);
+        (records[i]->isDeleted ? sorted.removed : sorted.failed).push_back(records[i]);
+    }
+    return sorted;
 }
 
 } // namespace pryvane

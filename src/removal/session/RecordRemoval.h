@@ -4,8 +4,10 @@
 #include "removal/session/RemovalPlan.h"
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pryvane {
 
@@ -20,21 +22,22 @@ struct RecordSelection {
 
 /// Plans and removes findings: one way for the scan screen, the report browser and the command
 /// line. On another volume than the findings' own nothing is removed; where a disk has no identity,
-/// only what a scan of this run has seen on it is. Its calls block and belong on
-/// a background thread, one at a time; of the records they only read what never changes.
+/// only what a scan of this run has seen on it is; remote desktop is nowhere. Its calls block and
+/// belong on a background thread, one at a time; of the records they only read what never changes.
 class RecordRemoval {
 public:
     RecordRemoval(FileSystem& disk, Remover& remover) : m_disk(disk), m_remover(remover) {}
 
     /// Looks, and changes nothing.
-    [[nodiscard]] RemovalPlan plan(const RecordSelection& selection, const StopFlag& stop);
+    [[nodiscard]] RemovalPlan plan(const RecordSelection& selection, const StopFlag& stop) const;
 
     /// Removes the records in order; `told` is called for each with its place in the list.
-    void remove(const RecordSelection& selection, const StopFlag& stop, const RemovalResults& told);
+    void remove(const RecordSelection& selection, const StopFlag& stop,
+                const RemovalResults& told) const;
 
 private:
-    [[nodiscard]] RemovalObstacle strangeness(const RecordSelection& selection,
-                                              const Spyware& record) const;
+    [[nodiscard]] RemovalObstacle refusal(const RecordSelection& selection,
+                                          const Spyware& record) const;
     template <typename Answer, typename Work, typename Told>
     void each(const RecordSelection& selection, const StopFlag& stop, const Work& work,
               const Told& told) const;
@@ -43,7 +46,22 @@ private:
     Remover& m_remover;
 };
 
+/// The records but for remote desktop, which is switched off and never removed.
+[[nodiscard]] SpywareList removable(const SpywareList& records);
+
+/// Their locations as they were found.
+[[nodiscard]] std::vector<std::string> pathsOf(const SpywareList& records);
+
 /// Puts what became of a record on it. On the thread that owns the record.
 void setOutcome(Spyware& record, const RemovalResult& result);
+
+/// Records after a removal, in their order.
+struct SortedRecords {
+    SpywareList removed, failed;
+};
+
+/// Puts what became of the records on them and sorts them by it.
+[[nodiscard]] SortedRecords sortOutcomes(const SpywareList& records,
+                                         std::span<const RemovalResult> results);
 
 } // namespace pryvane

@@ -9,12 +9,6 @@ namespace pryvane {
 /// How the count of failures is written: a retry and the scan screen indent it by two blanks.
 enum class FailedText : std::uint8_t { Indented, Plain };
 
-/// How many of the records of a removal have been dealt with.
-struct RemovalProgress {
-    std::size_t done = 0;
-    std::size_t total = 0;
-};
-
 /// What a removal comes to, for the banner above the outcome table. Texts and image names are shown
 /// as they stand; the result text centred, white, in the bold system font of size 12.
 struct RemovalSummary {

@@ -1,6 +1,6 @@
 #include "removal/views/RemovalProgressView.h"
 
-#include "removal/session/RemovalSummary.h"
+#include "removal/session/RemovalSession.h"
 #include "ui/Labels.h"
 
 #include <QHBoxLayout>

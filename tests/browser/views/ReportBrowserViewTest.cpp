@@ -163,7 +163,7 @@ TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
 TEST_F(ReportBrowserViewTest, AReportOfAnotherVolumeOffersNoRemoval)
 {
     const auto report = store({"/tmp/a", "/Library/Preferences/com.apple.RemoteDesktop.plist"});
-    (*report->spyWareList)[1]->name = "ARD";
+    (*report->spyWareList)[1]->infections = "Apple Remote Desktop";
     ASSERT_TRUE(methods->updateReportInDefaults(report));
     show();
     press("reportList", 0, Qt::Key_Return);

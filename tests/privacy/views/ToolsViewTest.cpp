@@ -121,8 +121,7 @@ protected:
     QtMainQueue queue;
     ScriptedAlerts alerts;
     FakeWorkspace workspace;
-    ToolsViewController tools{
-        {services(), remover(), queue, alerts, workspace}, "alice", VolumeKind::HostRoot};
+    ToolsViewController tools{{services(), remover(), queue, alerts, workspace}, "alice"};
     InventoryController inventoryController{{services(), queue}, "alice"};
     std::vector<std::string> revealed;
     ToolsView view{tools, inventoryController};

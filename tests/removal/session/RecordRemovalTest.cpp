@@ -1,6 +1,6 @@
 #include "removal/session/RecordRemoval.h"
 
-#include "removal/session/Browsers.h"
+#include "removal/session/BrowsersToQuit.h"
 #include "removal/session/RemovalPlan.h"
 #include "removal/session/RemovalSummary.h"
 #include "reports/RecordAvailability.h"
@@ -139,6 +139,32 @@ TEST(RecordRemoval, RefusesWhatMayBeOfAnotherDisk)
         EXPECT_EQ(DiskPresence(disk).of(report, *selection.records[1]) == Presence::Unknown,
                   row.stored != None);
     }
+}
+
+/// It is switched off; but any file may be called as its record is.
+TEST(RecordRemoval, RemoteDesktopStaysWhoeverAsks)
+{
+    const test::TemporaryFolder folder;
+    const auto volume = test::volumeAt(folder, NameMatching::Exact);
+    WillingRemover remover;
+    const RecordRemoval removal(*volume, remover);
+    RecordSelection selection;
+    selection.volume = volume->identity();
+    for (const auto& [name, threat] : {std::pair("ARD", "Apple Remote Desktop"),
+                                       std::pair("ARD", "Spyware"), std::pair("x", "Spyware")})
+        selection.records.push_back(
+            Spyware::SpyWareSeen(name, threat, 0, FileURL::fileURLWithPath("/x"), kHighRisk));
+    const StopFlag never;
+    const auto plan = removal.plan(selection, never);
+    EXPECT_EQ(plan.rows.at(0).forecast.obstacle, RemovalObstacle::RemoteDesktop);
+    EXPECT_EQ(plan.totals().hindered, 1U);
+    std::vector<RemovalResult> results(3);
+    removal.remove(selection, never,
+                   [&](std::size_t item, const RemovalResult& result) { results[item] = result; });
+    const SortedRecords sorted = sortOutcomes(selection.records, results);
+    EXPECT_THAT(sorted.removed, ElementsAre(selection.records[1], selection.records[2]));
+    EXPECT_THAT(sorted.failed, ElementsAre(selection.records[0]));
+    EXPECT_EQ(removable(selection.records), sorted.removed);
 }
 
 RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findings)

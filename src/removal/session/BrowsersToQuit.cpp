@@ -1,28 +1,11 @@
-#include "removal/session/Browsers.h"
+#include "removal/session/BrowsersToQuit.h"
 
+#include "platform/Browsers.h"
 #include "signatures/Catalogue.h"
 
 #include <algorithm>
 
 namespace pryvane {
-
-namespace {
-
-// The blank behind Safari's folder is meant: only a path that holds it counts as Safari's data.
-constexpr Browser kBrowsers[] = {
-    {"Safari", "Safari", "/Users/%@/Library/Safari/ ", "/Applications/Safari.app"},
-    {"Google Chrome", "Chrome", "/Users/%@/Library/Application Support/Google/Chrome",
-     "/Applications/Google Chrome.app"},
-    {"Firefox", "Firefox", "/Users/%@/Library/Application Support/Firefox/Profiles",
-     "/Applications/Firefox.app"},
-};
-
-} // namespace
-
-std::span<const Browser> browsers()
-{
-    return kBrowsers;
-}
 
 std::vector<BrowserEntry> browsersToQuit(std::span<const std::string> paths,
                                          std::span<const std::string> running,

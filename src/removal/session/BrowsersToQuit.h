@@ -7,17 +7,6 @@
 
 namespace pryvane {
 
-/// A browser that keeps its profile's files open while it runs.
-struct Browser {
-    std::string_view applicationName; ///< as a running application
-    std::string_view displayName;
-    std::string_view profileLocation; ///< "%@" stands for the user's short name
-    std::string_view applicationPath; ///< whose icon is shown
-};
-
-/// All of them, in the order in which they are looked at and listed.
-[[nodiscard]] std::span<const Browser> browsers();
-
 /// A browser that must be quit before removal may go on.
 struct BrowserEntry {
     std::string NameBrowser;
