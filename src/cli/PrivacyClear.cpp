@@ -1,6 +1,7 @@
 #include "cli/PrivacyClear.h"
 
 #include "cli/CleanerHost.h"
+#include "cli/RemoveText.h"
 #include "cli/TextTable.h"
 #include "core/Escape.h"
 #include "core/Result.h"
@@ -22,22 +23,14 @@ std::string noteOf(const CleaningRow& row)
     return obstacleText(row.forecast.obstacle, row.forecast.detail);
 }
 
-std::string countText(const CleaningPreview::Totals& totals)
-{
-    return std::to_string(totals.entries) + (totals.entries == 1 ? " entry, " : " entries, ") +
-           sizeText(totals.bytes);
-}
-
 std::string previewText(const CleaningPreview& preview)
 {
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Right, Align::Right, Align::Left});
     for (const CleaningRow& row : preview.rows) {
-        const std::string note = noteOf(row);
         table.addRow({forTerminal(row.group + "/" + row.item), std::to_string(row.forecast.entries),
                       sizeText(row.forecast.bytes),
-                      forTerminal(plannedLocation(row.location.url, row.forecast)) +
-                          (note.empty() ? "" : "  (stays: " + forTerminal(note) + ")")});
+                      plannedText(row.location.url, row.forecast, noteOf(row))});
     }
     return table.text("  ");
 }
@@ -72,7 +65,7 @@ void writeOutcome(const CleaningOutcome& outcome, bool json, const Console& cons
 {
     if (!json) {
         console.out << kCleanedText
-                    << "\nRemoved: " << countText({outcome.entriesRemoved, outcome.bytesRemoved})
+                    << "\nRemoved: " << amountText(outcome.entriesRemoved, outcome.bytesRemoved)
                     << "\n";
         for (const LeftOver& left : outcome.stayed) {
             console.out << "  stayed: " << forTerminal(left.url.relativePath()) << " ("
@@ -151,12 +144,13 @@ Result<Done> tickItems(std::span<ToolGroup> groups, std::span<const std::string>
 void showPreview(const CleaningPreview& preview, const ClearArguments& arguments,
                  const Console& console)
 {
+    const auto totals = preview.totals();
     for (const std::string& browser : preview.openBrowsers())
         console.say(forTerminal(browser) + " is running and keeps its data open; close it first");
     if (arguments.format != "json")
         console.out << previewText(preview)
                     << (arguments.dryRun ? "Would remove: " : "To be removed: ")
-                    << countText(preview.totals()) << "\n";
+                    << amountText(totals.entries, totals.bytes) << "\n";
     else if (arguments.dryRun)
         console.out << previewJson(preview).dump(2) << "\n";
 }
@@ -185,7 +179,8 @@ int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remov
         return kDone;
     const auto totals = preview.totals();
     if (totals.entries > 0 &&
-        !console.confirmed("Remove " + countText(totals) + " for good?", arguments.yes))
+        !console.confirmed("Remove " + amountText(totals.entries, totals.bytes) + " for good?",
+                           arguments.yes))
         return kFailed;
     CleaningOutcome outcome;
     withProgress(

@@ -44,17 +44,23 @@ const char* outcomeWord(RemovalOutcome outcome)
     return "failed";
 }
 
-std::string withNote(const std::string& location, const std::string& note)
-{
-    return forTerminal(location) + (note.empty() ? "" : "  (" + forTerminal(note) + ")");
-}
+} // namespace
 
 std::string amountText(std::uint64_t entries, std::int64_t bytes)
 {
     return countedText(entries, "entry", "entries") + ", " + sizeText(bytes);
 }
 
-} // namespace
+std::string withNote(const std::string& location, const std::string& note)
+{
+    return forTerminal(location) + (note.empty() ? "" : "  (" + forTerminal(note) + ")");
+}
+
+std::string plannedText(const FileURL& url, const RemovalForecast& forecast,
+                        const std::string& obstacle)
+{
+    return withNote(plannedLocation(url, forecast), obstacle.empty() ? "" : "stays: " + obstacle);
+}
 
 std::string planText(const RemovalPlan& plan, std::span<const std::size_t> numbers)
 {
@@ -64,14 +70,13 @@ std::string planText(const RemovalPlan& plan, std::span<const std::size_t> numbe
     for (std::size_t i = 0; i < plan.rows.size(); ++i) {
         const PlannedRecord& row = plan.rows[i];
         const RemovalForecast& forecast = row.forecast;
-        const std::string obstacle = obstacleText(forecast.obstacle, forecast.detail);
         const char* more = forecast.countedWhole ? "" : "+";
         table.addRow({std::to_string(numbers[i]), kindWord(forecast.kind),
                       std::to_string(forecast.entries) + more, sizeText(forecast.bytes) + more,
                       forTerminal(row.record->infections),
                       std::string(evidenceText(row.flaggedBy.evidence)),
-                      withNote(plannedLocation(row.record->url, forecast),
-                               obstacle.empty() ? "" : "stays: " + obstacle)});
+                      plannedText(row.record->url, forecast,
+                                  obstacleText(forecast.obstacle, forecast.detail))});
     }
     return table.text("  ");
 }

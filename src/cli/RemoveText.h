@@ -2,10 +2,21 @@
 
 #include "removal/session/RemovalPlan.h"
 
+#include <cstdint>
 #include <span>
 #include <string>
 
 namespace pryvane::cli {
+
+/// "5 entries, 12 KB"
+[[nodiscard]] std::string amountText(std::uint64_t entries, std::int64_t bytes);
+
+/// A location for a terminal, with a note in parentheses where there is one.
+[[nodiscard]] std::string withNote(const std::string& location, const std::string& note);
+
+/// The location of a plan, and why it stays where that is told.
+[[nodiscard]] std::string plannedText(const FileURL& url, const RemovalForecast& forecast,
+                                      const std::string& obstacle);
 
 /// The plan as a table, with what each finding would come to. `numbers` are the items', in the
 /// order of the plan.

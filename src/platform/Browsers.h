@@ -9,8 +9,8 @@ namespace pryvane {
 struct Browser {
     std::string_view applicationName; ///< as a running application, see Workspace
     std::string_view displayName;
-    std::string_view profileLocation; ///< "%@" stands for the user's short name
-    std::string_view applicationPath; ///< of a Mac's volume; its icon is shown
+    std::string_view profileLocation;         ///< "%@" stands for the user's short name
+    std::string_view applicationPath;         ///< of a Mac's volume; its icon is shown
     std::array<std::string_view, 6> programs; ///< names of its program's file, as far as known
 };
 
@@ -23,8 +23,7 @@ inline constexpr Browser kChrome{"Google Chrome",
                                  "/Users/%@/Library/Application Support/Google/Chrome",
                                  "/Applications/Google Chrome.app",
                                  {"chrome", "google-chrome", "google-chrome-stable",
-                                  "google-chrome-beta", "google-chrome-unstable",
-                                  "Google Chrome"}};
+                                  "google-chrome-beta", "google-chrome-unstable", "Google Chrome"}};
 inline constexpr Browser kFirefox{
     "Firefox",
     "Firefox",

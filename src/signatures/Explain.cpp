@@ -214,4 +214,16 @@ Explanation explain(const ExplainQuestion& question)
     return Explainer(question).explanation();
 }
 
+FlaggedBy flaggedBy(const ExplainQuestion& question)
+{
+    // A deep scan can flag a great many files, and all of them in this one way.
+    if (question.family == catalogue::kFullSystem)
+        return {ruleText(RuleKind::FullSystemSubstring), {}, Evidence::BareSubstring};
+    const Explanation explanation = explain(question);
+    const auto best = std::ranges::min_element(explanation.matches, {}, &ExplainMatch::evidence);
+    if (best == explanation.matches.end())
+        return {"no rule of this catalogue", {}, Evidence::BareSubstring};
+    return {ruleText(best->row.rule), best->location, best->evidence};
+}
+
 } // namespace pryvane

@@ -47,7 +47,7 @@ ReportBrowserView::ReportBrowserView(ReportViewController& controller, Services 
     : QWidget(parent), m_controller(controller), m_services(std::move(services)),
       m_documents(m_services.mainQueue, m_services.pdf), m_pages(new QStackedWidget),
       m_list(new ReportListPane(controller)),
-      m_details(new ReportDetailsPane(controller, m_services.user))
+      m_details(new ReportDetailsPane(controller, m_services.user, m_services.foldedName))
 {
     setObjectName(QStringLiteral("reportVC"));
     m_pages->addWidget(m_list);

@@ -53,6 +53,7 @@ QString countText(const ReportViewController& controller)
 } // namespace
 
 ReportDetailsPane::ReportDetailsPane(ReportViewController& controller, std::string user,
+                                     std::function<std::string(std::string_view)> foldedName,
                                      QWidget* parent)
     : QWidget(parent), m_controller(controller), m_notice(ui::makeNote()),
       m_banner(new ui::ColouredView), m_progress(new RemovalProgressView)
@@ -69,7 +70,7 @@ ReportDetailsPane::ReportDetailsPane(ReportViewController& controller, std::stri
     column->addWidget(m_progress);
     makeRemovalRow();
     column->addWidget(m_removalRow);
-    makeFindings(std::move(user));
+    makeFindings(std::move(user), std::move(foldedName));
     column->addWidget(m_findings, 1);
     m_progressUpdate.setInterval(kProgressUpdate);
     connect(&m_progressUpdate, &QTimer::timeout, this, &ReportDetailsPane::showRemoval);
@@ -158,10 +159,11 @@ void ReportDetailsPane::makeRemovalRow()
     row->addWidget(m_remove);
 }
 
-void ReportDetailsPane::makeFindings(std::string user)
+void ReportDetailsPane::makeFindings(std::string user,
+                                     std::function<std::string(std::string_view)> foldedName)
 {
     m_findings = new FindingsPane(
-        std::move(user),
+        std::move(user), std::move(foldedName),
         [this](const std::vector<int>& rows, bool on) { m_controller.checkRows(rows, on); },
         FindingsSource::Of::Report);
     m_findings->setEmptyText(tr("This scan found nothing."));

@@ -28,8 +28,9 @@ class ReportDetailsPane final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `user`: short name for which the rules are filled in.
+    /// `user`: short name for which the rules are filled in; `foldedName` as in ExplainQuestion.
     ReportDetailsPane(ReportViewController& controller, std::string user,
+                      std::function<std::string(std::string_view)> foldedName,
                       QWidget* parent = nullptr);
 
     void showState();
@@ -45,7 +46,7 @@ Q_SIGNALS:
     void remoteDesktopHelpWanted();
 
 private:
-    void makeFindings(std::string user);
+    void makeFindings(std::string user, std::function<std::string(std::string_view)> foldedName);
     [[nodiscard]] QWidget* makeHead();
     [[nodiscard]] QWidget* makeFacts();
     void makeRemovalRow();

@@ -22,9 +22,10 @@ namespace pryvane {
 
 using ui::TextRole;
 
-FindingsPane::FindingsPane(std::string user, FindingsSource::Ticked ticked, FindingsSource::Of of,
-                           QWidget* parent)
-    : Card(parent), m_source(std::move(user), std::move(ticked), of),
+FindingsPane::FindingsPane(std::string user,
+                           std::function<std::string(std::string_view)> foldedName,
+                           FindingsSource::Ticked ticked, FindingsSource::Of of, QWidget* parent)
+    : Card(parent), m_source(std::move(user), std::move(foldedName), std::move(ticked), of),
       m_model(m_source, FindingsSource::columns(of)),
       m_table(new ui::RowTable(m_model, tr("Findings"))),
       m_empty(new ui::EmptyState(QStringLiteral("scan"), {})), m_list(new QStackedWidget),

@@ -22,8 +22,8 @@ class FindingsPane final : public ui::Card {
     Q_OBJECT
 
 public:
-    FindingsPane(std::string user, FindingsSource::Ticked ticked,
-                 FindingsSource::Of of = FindingsSource::Of::Scan, QWidget* parent = nullptr);
+    FindingsPane(std::string user, std::function<std::string(std::string_view)> foldedName,
+                 FindingsSource::Ticked ticked, FindingsSource::Of of, QWidget* parent = nullptr);
 
     /// Shows this list, which may have grown at its end since it was last given.
     void showRecords(const std::shared_ptr<const SpywareList>& records);

@@ -9,8 +9,11 @@
 
 namespace pryvane {
 
-FindingsSource::FindingsSource(std::string user, Ticked ticked, Of of)
-    : m_user(std::move(user)), m_ticked(std::move(ticked)), m_of(of)
+FindingsSource::FindingsSource(std::string user,
+                               std::function<std::string(std::string_view)> foldedName,
+                               Ticked ticked, Of of)
+    : m_user(std::move(user)), m_foldedName(std::move(foldedName)), m_ticked(std::move(ticked)),
+      m_of(of)
 {
 }
 
@@ -62,22 +65,19 @@ const Spyware& FindingsSource::record(int row) const
     return *m_records->at(static_cast<std::size_t>(row));
 }
 
-Explanation FindingsSource::explained(int row) const
+/// Of all threats' rules.
+ExplainQuestion FindingsSource::question(int row) const
 {
-    ExplainQuestion question;
-    question.path = record(row).url.relativePath();
-    question.user = m_user;
-    return explain(question);
+    return {record(row).url.relativePath(), m_user, m_foldedName};
 }
 
 Evidence FindingsSource::evidence(int row) const
 {
     const auto [known, isNew] = m_evidence.try_emplace(&record(row), Evidence::BareSubstring);
     if (isNew) {
-        // The record's own family goes first; a disk that ignores letter case may leave none.
-        for (const ExplainMatch& match : explained(row).matches)
-            if (match.row.family == record(row).infections && match.evidence < known->second)
-                known->second = match.evidence;
+        ExplainQuestion ofItsThreat = question(row);
+        ofItsThreat.family = record(row).infections;
+        known->second = flaggedBy(ofItsThreat).evidence;
     }
     return known->second;
 }
@@ -85,7 +85,7 @@ Evidence FindingsSource::evidence(int row) const
 QString FindingsSource::whyFound(int row) const
 {
     QStringList lines;
-    for (const ExplainMatch& match : explained(row).matches)
+    for (const ExplainMatch& match : explain(question(row)).matches)
         lines +=
             QObject::tr("%1: %2, %3 \"%4\"")
                 .arg(ui::text(forScreen(match.row.family)), ui::text(evidenceText(match.evidence)),
@@ -199,8 +199,7 @@ ui::Cell evidenceCell(Evidence evidence)
                                         "bare-substring"};
     return {.text = ui::text(evidenceText(evidence)),
             .iconName = QLatin1String(icons[static_cast<int>(evidence)]),
-            .meaning =
-                evidence == Evidence::BareSubstring ? ui::Meaning::Attention : ui::Meaning::Neutral,
+            .meaning = isWeak(evidence) ? ui::Meaning::Attention : ui::Meaning::Neutral,
             .number = static_cast<qint64>(evidence)};
 }
 

@@ -24,8 +24,10 @@ public:
     /// Tells which rows were ticked or unticked.
     using Ticked = std::function<void(const std::vector<int>& rows, bool on)>;
 
-    /// `user` is the short name for which the rules are filled in.
-    FindingsSource(std::string user, Ticked ticked, Of of);
+    /// `user` is the short name for which the rules are filled in; `foldedName` as in
+    /// ExplainQuestion.
+    FindingsSource(std::string user, std::function<std::string(std::string_view)> foldedName,
+                   Ticked ticked, Of of);
 
     [[nodiscard]] static std::vector<ui::Column> columns(Of of);
 
@@ -59,9 +61,10 @@ private:
     [[nodiscard]] ui::Cell evidenceOrOutcome(int row) const;
     [[nodiscard]] ui::Cell presence(int row) const;
     [[nodiscard]] bool isSelectable(int row) const;
-    [[nodiscard]] Explanation explained(int row) const;
+    [[nodiscard]] ExplainQuestion question(int row) const;
 
     std::string m_user;
+    std::function<std::string(std::string_view)> m_foldedName;
     Ticked m_ticked;
     const Of m_of;
     bool m_presenceKnown = true;

@@ -1,10 +1,9 @@
 #include "privacy/views/PreviewSource.h"
 
 #include "core/Escape.h"
-#include "core/Texts.h"
+#include "removal/views/PlanSource.h"
 #include "ui/Labels.h"
 
-#include <QLocale>
 #include <QObject>
 
 #include <algorithm>
@@ -15,19 +14,9 @@ namespace {
 
 ui::Cell noteCell(const CleaningRow& row)
 {
-    const auto hindrance = [](const QString& words) {
-        return ui::Cell{.text = words,
-                        .iconName = QStringLiteral("attention"),
-                        .meaning = ui::Meaning::Attention};
-    };
     if (!row.blockedBy.empty())
-        return hindrance(QObject::tr("%1 is running").arg(ui::text(forScreen(row.blockedBy))));
-    if (row.forecast.obstacle != RemovalObstacle::None)
-        return hindrance(
-            ui::text(forScreen(obstacleText(row.forecast.obstacle, row.forecast.detail))));
-    if (row.forecast.kind == FileKind::Missing)
-        return {.text = QObject::tr("already gone"), .iconName = QStringLiteral("gone")};
-    return {.text = QObject::tr("can be cleared"), .iconName = QStringLiteral("clean")};
+        return hindranceCell(QObject::tr("%1 is running").arg(ui::text(forScreen(row.blockedBy))));
+    return forecastCell(row.forecast, QObject::tr("can be cleared"));
 }
 
 } // namespace
@@ -53,11 +42,9 @@ ui::Cell PreviewSource::cell(int row, int column) const
     case Location:
         return {.text = ui::text(forScreen(plannedLocation(about.location.url, about.forecast)))};
     case Entries:
-        return {.text = QLocale().toString(static_cast<qulonglong>(about.forecast.entries)) +
-                        (about.forecast.countedWhole ? QString() : QStringLiteral("+")),
-                .number = static_cast<qint64>(about.forecast.entries)};
+        return entriesCell(about.forecast);
     case Size:
-        return {.text = ui::text(sizeText(about.forecast.bytes)), .number = about.forecast.bytes};
+        return sizeCell(about.forecast);
     case Note:
         return noteCell(about);
     default:

@@ -65,8 +65,10 @@ RemovalPlan RecordRemoval::plan(const RecordSelection& selection, const StopFlag
             const auto& record = selection.records[item];
             if (refusal(selection, *record) != RemovalObstacle::None)
                 forecast.kind = FileKind::Unknown;
-            plan.rows.push_back(
-                {record, flaggedBy(*record, selection.user, selection.foldedName), forecast});
+            plan.rows.push_back({record,
+                                 flaggedBy({record->url.relativePath(), selection.user,
+                                            selection.foldedName, record->infections}),
+                                 forecast});
         });
     plan.stopped = plan.rows.size() < selection.records.size();
     return plan;

@@ -5,29 +5,9 @@
 #include "signatures/Explain.h"
 
 #include <cstdint>
-#include <functional>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace pryvane {
-
-/// Which rule flagged a record, and how strongly that speaks.
-struct FlaggedBy {
-    std::string_view rule; ///< in a few words, as in the catalogue; lasts as long as the program
-    std::string signature; ///< the location or text that fits; empty where none could be told
-    Evidence evidence = Evidence::BareSubstring;
-};
-
-/// The strongest rule of the record's threat that fits its path, by the text alone.
-[[nodiscard]] FlaggedBy flaggedBy(const Spyware& record, std::string_view user,
-                                  const std::function<std::string(std::string_view)>& foldedName);
-
-/// Whether a finding of that kind may well be something harmless of a similar name.
-[[nodiscard]] constexpr bool isWeak(Evidence evidence)
-{
-    return evidence == Evidence::BareSubstring;
-}
 
 struct PlannedRecord {
     std::shared_ptr<Spyware> record;

@@ -21,12 +21,12 @@ void RemovalSession::remove(std::size_t count, Removing removing, Ended ended)
     m_total = count;
     const auto results = std::make_shared<std::vector<RemovalResult>>(count);
     begin(std::make_shared<Job>(
-        [this, removing = std::move(removing), results] { carryOut(removing, *results); },
-        [results](const char* why) {
-            for (RemovalResult& result : *results)
-                result.giveUp(why);
-        },
-        [ended = std::move(ended), results] { ended(*results); }));
+        Job{[this, removing = std::move(removing), results] { carryOut(removing, *results); },
+            [results](const char* why) {
+                for (RemovalResult& result : *results)
+                    result.giveUp(why);
+            },
+            [ended = std::move(ended), results] { ended(*results); }}));
 }
 
 /// Only looking is ever under way already, and it gives way.

@@ -51,13 +51,13 @@ public:
         m_isPlanning = true;
         auto plan = std::make_shared<std::invoke_result_t<Look&, const StopFlag&>>();
         begin(std::make_shared<Job>(
-            [this, plan, look = std::move(look)]() mutable { *plan = look(m_stopPlan); },
-            [](const char*) {},
-            [this, plan, planned = std::move(planned)]() mutable {
-                if (m_stopPlan.requested())
-                    *plan = {};
-                planned(std::move(*plan));
-            }));
+            Job{[this, plan, look = std::move(look)]() mutable { *plan = look(m_stopPlan); },
+                [](const char*) {},
+                [this, plan, planned = std::move(planned)]() mutable {
+                    if (m_stopPlan.requested())
+                        *plan = {};
+                    planned(std::move(*plan));
+                }}));
     }
 
     /// Removes that many items; what was not reached before a stop is told as `removing` has it.
@@ -82,12 +82,6 @@ private:
         std::function<void()> work;
         std::function<void(const char* why)> giveUp;
         std::function<void()> end;
-
-        Job(std::function<void()> does, std::function<void(const char*)> givesUp,
-            std::function<void()> ends)
-            : work(std::move(does)), giveUp(std::move(givesUp)), end(std::move(ends))
-        {
-        }
     };
 
     void begin(std::shared_ptr<Job> job);

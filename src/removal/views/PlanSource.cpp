@@ -12,20 +12,32 @@
 
 namespace pryvane {
 
-namespace {
-
-ui::Cell forecastCell(const RemovalForecast& forecast)
+ui::Cell entriesCell(const RemovalForecast& forecast)
 {
-    if (forecast.obstacle != RemovalObstacle::None)
-        return {.text = ui::text(forScreen(obstacleText(forecast.obstacle, forecast.detail))),
-                .iconName = QStringLiteral("attention"),
-                .meaning = ui::Meaning::Attention};
-    if (forecast.kind == FileKind::Missing)
-        return {.text = QObject::tr("already gone"), .iconName = QStringLiteral("gone")};
-    return {.text = QObject::tr("can be removed"), .iconName = QStringLiteral("clean")};
+    return {.text = QLocale().toString(static_cast<qulonglong>(forecast.entries)) +
+                    (forecast.countedWhole ? QString() : QStringLiteral("+")),
+            .number = static_cast<qint64>(forecast.entries)};
 }
 
-} // namespace
+ui::Cell sizeCell(const RemovalForecast& forecast)
+{
+    return {.text = ui::text(sizeText(forecast.bytes)), .number = forecast.bytes};
+}
+
+ui::Cell hindranceCell(const QString& words)
+{
+    return {
+        .text = words, .iconName = QStringLiteral("attention"), .meaning = ui::Meaning::Attention};
+}
+
+ui::Cell forecastCell(const RemovalForecast& forecast, const QString& possible)
+{
+    if (forecast.obstacle != RemovalObstacle::None)
+        return hindranceCell(ui::text(forScreen(obstacleText(forecast.obstacle, forecast.detail))));
+    if (forecast.kind == FileKind::Missing)
+        return {.text = QObject::tr("already gone"), .iconName = QStringLiteral("gone")};
+    return {.text = possible, .iconName = QStringLiteral("clean")};
+}
 
 std::vector<ui::Column> PlanSource::columns()
 {
@@ -72,14 +84,11 @@ ui::Cell PlanSource::cell(int row, int column) const
     case EvidenceColumn:
         return evidenceCell(planned.flaggedBy.evidence);
     case Entries:
-        return {.text = QLocale().toString(static_cast<qulonglong>(planned.forecast.entries)) +
-                        (planned.forecast.countedWhole ? QString() : QStringLiteral("+")),
-                .number = static_cast<qint64>(planned.forecast.entries)};
+        return entriesCell(planned.forecast);
     case Size:
-        return {.text = ui::text(sizeText(planned.forecast.bytes)),
-                .number = planned.forecast.bytes};
+        return sizeCell(planned.forecast);
     case Forecast:
-        return forecastCell(planned.forecast);
+        return forecastCell(planned.forecast, QObject::tr("can be removed"));
     default:
         return {};
     }
@@ -107,7 +116,7 @@ QString PlanSource::group(int row, int grouping) const
     if (grouping == ByRule) {
         name = planned.record->infections + ", " + std::string(planned.flaggedBy.rule);
         if (weak)
-            name += " \"" + planned.flaggedBy.signature + "\"";
+            name += " \"" + planned.flaggedBy.text + "\"";
     } else {
         const std::string path = planned.record->url.absolutePath();
         name = path.substr(0, std::max<std::size_t>(1, path.rfind('/')));

@@ -9,6 +9,12 @@
 
 namespace pryvane {
 
+// The cells of a forecast, the same in every plan. `possible` is said where nothing is in the way.
+[[nodiscard]] ui::Cell entriesCell(const RemovalForecast& forecast);
+[[nodiscard]] ui::Cell sizeCell(const RemovalForecast& forecast);
+[[nodiscard]] ui::Cell forecastCell(const RemovalForecast& forecast, const QString& possible);
+[[nodiscard]] ui::Cell hindranceCell(const QString& words);
+
 /// The rows of a removal's plan: what would go, and what stands in the way. What rests on weak
 /// evidence comes last, in groups of its own.
 class PlanSource final : public ui::RowSource {

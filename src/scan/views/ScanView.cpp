@@ -56,10 +56,13 @@ ScanView::ScanView(ScanViewController& controller, Options options, QWidget* par
       m_failures(makeButton(tr("What stayed…"), "showFailures")),
       m_report(makeButton(tr("View Report"), "viewReport")), m_progress(new ScanProgressView),
       m_removal(new RemovalProgressView), m_coverage(new CoverageView), m_notice(ui::makeNote()),
-      m_findings(new FindingsPane(m_options.user, [this](const std::vector<int>& rows, bool on) {
-          m_controller.removal().selectThreats(std::vector<std::size_t>(rows.begin(), rows.end()),
-                                               on);
-      }))
+      m_findings(new FindingsPane(
+          m_options.user, m_options.foldedName,
+          [this](const std::vector<int>& rows, bool on) {
+              m_controller.removal().selectThreats(
+                  std::vector<std::size_t>(rows.begin(), rows.end()), on);
+          },
+          FindingsSource::Of::Scan))
 {
     setObjectName(QStringLiteral("scanVC"));
     layOut();

@@ -87,8 +87,8 @@ TEST(RemovalConsent, GoesOnOnlyWithWhatWasAskedAboutAndNoBrowserInTheWay)
         Question question;
         question.answer = kAlertFirstButton + row.answer;
         RemovalConsent consent(question, now.workspace,
-                               {"al", [&] { return now.subject; }, [&] { return now.paths; },
-                                [] {}, [&] { ++now.carriedOn; }});
+                               {"al", [&] { return now.subject; }, [&] { return now.paths; }, [] {},
+                                [&] { ++now.carriedOn; }});
         now.consent = &consent;
         question.meanwhile = [&] {
             EXPECT_TRUE(consent.isOpen());
@@ -167,15 +167,15 @@ protected:
         return [this](const std::vector<RemovalResult>& results) {
             std::string text = "removal";
             for (const RemovalResult& result : results)
-                text += result.outcome == RemovalOutcome::Removed ? " removed"
-                                                                  : " " + result.reason();
+                text +=
+                    result.outcome == RemovalOutcome::Removed ? " removed" : " " + result.reason();
             told.push_back(text);
         };
     }
     void settle()
     {
-        ASSERT_TRUE(queue.runUntil(
-            [&] { return !session->isPlanning() && !session->isRemoving(); }));
+        ASSERT_TRUE(
+            queue.runUntil([&] { return !session->isPlanning() && !session->isRemoving(); }));
         queue.drain();
     }
     void waitUntilLooking(int times)
@@ -304,8 +304,8 @@ TEST_F(RemovalSessionTest, EndsItsThreadAndTellsNothingMore)
     // What is told may end it.
     open = true;
     session = std::make_unique<RemovalSession>(queue);
-    session->remove(0, [](const StopFlag&, const RemovalResults&) {},
-                    [this](const auto&) { session.reset(); });
+    session->remove(
+        0, [](const StopFlag&, const RemovalResults&) {}, [this](const auto&) { session.reset(); });
     EXPECT_TRUE(queue.runUntil([&] { return !session; }));
 }
 

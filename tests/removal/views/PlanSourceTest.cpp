@@ -12,7 +12,7 @@ PlannedRecord planned(const char* path, const char* threat, RemovalObstacle obst
     const auto record =
         Spyware::SpyWareSeen("x", threat, 0, FileURL::fileURLWithPath(path), kHighRisk);
     record->isChecked = true;
-    PlannedRecord row{record, flaggedBy(*record, "al", {}), {}};
+    PlannedRecord row{record, flaggedBy({path, "al", {}, threat}), {}};
     row.forecast.kind = FileKind::RegularFile;
     row.forecast.entries = 1;
     row.forecast.bytes = 512;
