@@ -221,6 +221,9 @@ Attempt create(const std::string& path)
         path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_FULLMUTEX, code);
     if (code == SQLITE_OK)
         code = configure(connection);
+    // Looking the file over and deleting a report both go from page to page.
+    if (code == SQLITE_OK)
+        code = connection.execute("PRAGMA page_size=16384");
     if (code == SQLITE_OK)
         code = setUp(connection, false);
     if (code == SQLITE_OK) {

@@ -21,6 +21,8 @@ namespace pryvane::test {
 
 namespace {
 
+constexpr std::size_t kPage = 16384; // bytes of a page of the store
+
 constexpr auto kKey = preferences::kSaveReport;
 
 ReportList manyReports(int count)
@@ -111,9 +113,9 @@ TEST_F(StoreDamageTest, SurvivesFlippedBits)
     std::vector<std::size_t> bits;
     for (std::size_t bit = 0; bit < 112 * 8; ++bit)
         bits.push_back(bit);
-    for (std::size_t page = 1; page * 4096 < sound.size(); ++page) {
+    for (std::size_t page = 1; page * kPage < sound.size(); ++page) {
         for (std::size_t bit = 0; bit < 16 * 8; bit += 5)
-            bits.push_back(page * 4096 * 8 + bit);
+            bits.push_back(page * kPage * 8 + bit);
     }
     for (int i = 0; i < 300; ++i)
         bits.push_back(random() % (sound.size() * 8));
