@@ -1,7 +1,7 @@
 // Grants the window the home of alice on a volume, as the welcome does.
 //   grant_access VOLUME DATA-FOLDER
 #include "hosts/posix/FolderGrants.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "platform/UserDefaults.h"
 #include "store/SqliteUserDefaults.h"
 #include "volume/VolumeFileSystem.h"

@@ -6,7 +6,6 @@
 #include "scan/CheckSequence.h"
 #include "signatures/Catalogue.h"
 #include "signatures/CheckRunner.h"
-#include "signatures/FindingSink.h"
 #include "store/MemoryUserDefaults.h"
 #include "support/ForwardingDisk.h"
 #include "support/TemporaryFolder.h"

@@ -1,5 +1,5 @@
 // Measures one folder the way the privacy tools do, and prints its bytes: to be raced by bench/run.
-#include "volume/VolumeSizeMeter.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -5,7 +5,7 @@
 #include "StoreBenchPeer.h"
 #include "hosts/posix/SystemClock.h"
 #include "platform/FileSystem.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "reports/DefaultMethods.h"
 #include "reports/RecordAvailability.h"
 #include "reports/ReportCodec.h"

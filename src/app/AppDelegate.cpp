@@ -1,12 +1,10 @@
 #include "app/AppDelegate.h"
 
 #include "app/Navigation.h"
-#include "platform/Alerts.h"
-#include "platform/Log.h"
-#include "platform/SettingsFile.h"
-#include "platform/StatusItem.h"
+#include "platform/DesktopWindows.h"
+#include "platform/Messages.h"
+#include "platform/Network.h"
 #include "platform/UserDefaults.h"
-#include "platform/WindowHost.h"
 #include "signatures/MakersApplications.h"
 
 namespace pryvane {

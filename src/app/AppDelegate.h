@@ -1,10 +1,8 @@
 #pragma once
 
-#include "app/ApplicationFacts.h"
 #include "core/NotificationCenter.h"
 #include "core/tasks/BoundQueue.h"
 #include "findings/ScanState.h"
-#include "platform/DesktopServices.h"
 #include "platform/PlatformServices.h"
 #include "scan/DiskAccess.h"
 
@@ -16,6 +14,14 @@
 #include <vector>
 
 namespace pryvane {
+
+/// What the program knows of itself and of whom it serves; settled once at start.
+struct ApplicationFacts {
+    std::string user;             ///< login short name, as raw bytes
+    std::string bundleIdentifier; ///< CFBundleIdentifier
+    std::string bundleVersion;    ///< CFBundleVersion
+    std::string homePage;         ///< address of the maker's web site
+};
 
 enum class ShellWindow : std::uint8_t;
 

@@ -1,7 +1,6 @@
 #include "app/AppDelegate.h"
-#include "platform/Alerts.h"
-#include "platform/FolderPicker.h"
-#include "platform/GrantTokens.h"
+#include "platform/FolderAccess.h"
+#include "platform/Messages.h"
 #include "platform/UserDefaults.h"
 #include "scan/RootChoice.h"
 

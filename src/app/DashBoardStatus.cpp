@@ -1,7 +1,7 @@
 #include "app/AppDelegate.h"
 #include "app/DashBoardViewController.h"
 #include "platform/Clock.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "platform/UserDefaults.h"
 #include "reports/DefaultMethods.h"
 

@@ -1,13 +1,11 @@
 #include "app/DashBoardViewController.h"
 
 #include "app/AppDelegate.h"
-#include "platform/DistributedNotifications.h"
-#include "platform/DockIcon.h"
-#include "platform/Log.h"
-#include "platform/LoginItem.h"
-#include "platform/StatusItem.h"
+#include "platform/DesktopPrograms.h"
+#include "platform/DesktopWindows.h"
+#include "platform/Messages.h"
+#include "platform/Network.h"
 #include "platform/UserDefaults.h"
-#include "platform/WebBrowser.h"
 
 namespace pryvane {
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "app/ApplicationFacts.h"
+#include "app/AppDelegate.h"
 #include "app/LastScans.h"
 #include "core/NotificationCenter.h"
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
-#include "platform/DesktopServices.h"
+#include "platform/Clock.h"
 #include "platform/PlatformServices.h"
-#include "platform/Timers.h"
 
 #include <QObject>
 

@@ -1,8 +1,7 @@
 #include "app/NotAccessVC.h"
 
 #include "app/AppDelegate.h"
-#include "platform/FolderPicker.h"
-#include "platform/GrantTokens.h"
+#include "platform/FolderAccess.h"
 #include "scan/RootChoice.h"
 
 #include <array>

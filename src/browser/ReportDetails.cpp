@@ -1,8 +1,8 @@
 #include "browser/ReportDetails.h"
 
-#include "core/DateText.h"
 #include "core/Escape.h"
-#include "signatures/RemoteDesktop.h"
+#include "core/Texts.h"
+#include "signatures/MakersApplications.h"
 
 namespace pryvane {
 

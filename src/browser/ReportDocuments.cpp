@@ -1,7 +1,7 @@
 #include "browser/ReportDocuments.h"
 
 #include "core/Escape.h"
-#include "core/WholeFile.h"
+#include "core/Files.h"
 #include "reports/ReportExport.h"
 #include "reports/pdf/PDFGenerate.h"
 

@@ -1,7 +1,7 @@
 #include "browser/ReportRemoval.h"
 
-#include "platform/Alerts.h"
-#include "signatures/RemoteDesktop.h"
+#include "platform/Messages.h"
+#include "signatures/MakersApplications.h"
 
 #include <string_view>
 #include <unordered_map>

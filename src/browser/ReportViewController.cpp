@@ -1,15 +1,14 @@
 #include "browser/ReportViewController.h"
 
 #include "browser/ReportBrowserHost.h"
-#include "platform/Alerts.h"
 #include "platform/Clock.h"
+#include "platform/DesktopPrograms.h"
 #include "platform/FileSystem.h"
-#include "platform/FileViewer.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "platform/UserDefaults.h"
 #include "reports/RecordAvailability.h"
 #include "reports/pdf/ReportPrinting.h"
-#include "signatures/RemoteDesktop.h"
+#include "signatures/MakersApplications.h"
 
 namespace pryvane {
 

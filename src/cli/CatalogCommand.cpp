@@ -1,5 +1,5 @@
 #include "cli/CommandLine.h"
-#include "cli/TextTable.h"
+#include "cli/Console.h"
 #include "signatures/CatalogRows.h"
 
 #include <nlohmann/json.hpp>

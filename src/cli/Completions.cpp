@@ -1,5 +1,3 @@
-#include "cli/Completions.h"
-
 #include "cli/ParserFacts.h"
 
 #include <sstream>

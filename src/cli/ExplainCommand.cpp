@@ -1,7 +1,7 @@
 #include "cli/CommandLine.h"
-#include "cli/TextTable.h"
+#include "cli/Console.h"
 #include "core/Escape.h"
-#include "hosts/posix/LoginUser.h"
+#include "hosts/posix/CurrentUser.h"
 #include "signatures/Explain.h"
 #include "volume/FoldedName.h"
 

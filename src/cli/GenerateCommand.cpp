@@ -1,6 +1,5 @@
 #include "cli/CommandLine.h"
-#include "cli/Completions.h"
-#include "cli/ManPage.h"
+#include "cli/ParserFacts.h"
 
 #include <ostream>
 

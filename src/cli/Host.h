@@ -5,12 +5,15 @@
 #include "core/Result.h"
 #include "core/ThreadSafety.h"
 #include "core/tasks/BlockingMainQueue.h"
+#include "findings/ScanCoverage.h"
 #include "findings/ScanState.h"
 #include "hosts/posix/SystemClock.h"
-#include "platform/Log.h"
+#include "inventory/AdwareScan.h"
+#include "platform/FileSystem.h"
+#include "platform/Messages.h"
 #include "platform/PlatformServices.h"
 #include "platform/UserDefaults.h"
-#include "platform/UserNotifier.h"
+#include "scan/DiskAccess.h"
 #include "volume/VolumeFileSystem.h"
 
 #include <atomic>
@@ -26,6 +29,28 @@ class Workspace;
 } // namespace pryvane
 
 namespace pryvane::cli {
+
+/// An explicit command-line call is a grant of its own: what the operating system allows is
+/// accessible, and nothing is kept.
+class GrantedAccess final : public DiskAccess {
+public:
+    explicit GrantedAccess(FileSystem& disk) : m_disk(disk) {}
+
+    [[nodiscard]] bool isHDAccessible() override { return true; }
+    bool isUserAccessible() override { return true; }
+    [[nodiscard]] bool isWritable(const FileURL& folder) override
+    {
+        return m_disk.writable(folder);
+    }
+    void confirmAccessAction() override {}
+    [[nodiscard]] Result<Bytes> makeBookmark(const FileURL&) override
+    {
+        return Error{"the command line keeps no grants; open the window to make one"};
+    }
+
+private:
+    FileSystem& m_disk;
+};
 
 /// What commands that look at a disk have in common.
 struct VolumeArguments {
@@ -110,6 +135,28 @@ private:
     std::unique_ptr<Remover> m_remover;
     std::string m_user;
     std::string m_dataFolder;
+};
+
+/// What the commands around the privacy tools have in common.
+class CleanerHost {
+public:
+    explicit CleanerHost(Host& host) : m_host(host), m_sizes(host.disk()) {}
+
+    [[nodiscard]] const std::string& user() const { return m_host.user(); }
+    [[nodiscard]] CleanerServices services() { return {m_host.disk(), m_sizes}; }
+
+    /// Says so where the volume does not hold the user's home.
+    void sayMissingHome(const Console& console)
+    {
+        ScanCoverage coverage;
+        noteHomes(m_host.disk(), "/Users/" + user(), coverage);
+        if (!coverage.missingHome.empty())
+            console.say(missingHomeText(coverage));
+    }
+
+private:
+    Host& m_host;
+    VolumeSizeMeter m_sizes;
 };
 
 } // namespace pryvane::cli

@@ -1,9 +1,9 @@
-#include "cli/CleanerHost.h"
 #include "cli/CommandLine.h"
-#include "cli/TextTable.h"
+#include "cli/Console.h"
+#include "cli/Host.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
-#include "inventory/InventoryKind.h"
+#include "inventory/AdwareScan.h"
 
 #include <nlohmann/json.hpp>
 

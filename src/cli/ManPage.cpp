@@ -1,5 +1,3 @@
-#include "cli/ManPage.h"
-
 #include "cli/ParserFacts.h"
 
 #include <sstream>

@@ -33,4 +33,12 @@ struct CommandFacts {
 /// A text without its line breaks.
 [[nodiscard]] std::string oneLineOf(const std::string& text);
 
+// Completion scripts made from the parser.
+[[nodiscard]] std::string bashCompletion(const CLI::App& app);
+[[nodiscard]] std::string zshCompletion(const CLI::App& app);
+[[nodiscard]] std::string fishCompletion(const CLI::App& app);
+
+/// The manual page of the whole program, in roff, made from the parser.
+[[nodiscard]] std::string manPage(const CLI::App& app);
+
 } // namespace pryvane::cli

@@ -1,8 +1,8 @@
 #include "cli/PrivacyClear.h"
 
-#include "cli/CleanerHost.h"
+#include "cli/Console.h"
+#include "cli/Host.h"
 #include "cli/RemoveText.h"
-#include "cli/TextTable.h"
 #include "core/Escape.h"
 #include "core/Result.h"
 #include "core/Texts.h"

@@ -1,10 +1,10 @@
-#include "cli/CleanerHost.h"
 #include "cli/CommandLine.h"
+#include "cli/Console.h"
+#include "cli/Host.h"
 #include "cli/PrivacyClear.h"
-#include "cli/TextTable.h"
 #include "core/Escape.h"
+#include "platform/Machine.h"
 #include "platform/Remover.h"
-#include "platform/Workspace.h"
 #include "privacy/PrivacyScan.h"
 
 #include <nlohmann/json.hpp>

@@ -1,6 +1,6 @@
 #include "cli/RemoveText.h"
 
-#include "cli/TextTable.h"
+#include "cli/Console.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
 

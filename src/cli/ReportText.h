@@ -1,13 +1,20 @@
 #pragma once
 
 #include "cli/Console.h"
+#include "core/Result.h"
 #include "reports/SpywareScanReport.h"
 
 #include <map>
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace pryvane {
 struct RemovalRecord;
+}
+
+namespace pryvane {
+class DefaultMethods;
 }
 
 namespace pryvane::cli {
@@ -30,5 +37,9 @@ using RemovalRecords = std::map<std::size_t, RemovalRecord>;
 
 /// The verdict line, coloured where the console shows colour.
 [[nodiscard]] std::string verdictText(const SpywareScanReport& report, const Console& console);
+
+/// The report that a person named: "latest", an identity, or the beginning of exactly one.
+[[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> findReport(DefaultMethods& store,
+                                                                    std::string_view id);
 
 } // namespace pryvane::cli

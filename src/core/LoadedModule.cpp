@@ -1,11 +1,18 @@
 #include "core/LoadedModule.h"
 
 #include "core/Escape.h"
-#include "core/ProgramFile.h"
 
 #include <dlfcn.h>
 
 namespace pryvane {
+
+Result<std::string> besideProgram(const std::string& name)
+{
+    auto program = programFile();
+    if (!program)
+        return program;
+    return program->substr(0, program->rfind('/') + 1) + name;
+}
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "core/ProgramFile.h"
+#include "core/LoadedModule.h"
 
 #include <climits>
 

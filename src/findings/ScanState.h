@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/StopFlag.h"
-#include "findings/ResultList.h"
+#include "findings/Spyware.h"
 
 #include <atomic>
 #include <cstdint>

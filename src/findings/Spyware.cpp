@@ -42,4 +42,16 @@ void Spyware::setAvailability(bool available)
     redGreen = available ? RowColor::Black : RowColor::Grey;
 }
 
+void ResultList::append(std::shared_ptr<Spyware> record)
+{
+    m_locations.insert(record->url.identity());
+    m_records->push_back(std::move(record));
+}
+
+void ResultList::clear()
+{
+    m_locations.clear();
+    m_records = std::make_shared<SpywareList>();
+}
+
 } // namespace pryvane

@@ -2,11 +2,12 @@
 
 #include "core/StopFlag.h"
 #include "inventory/ChromeExtensions.h"
-#include "inventory/HomeFolder.h"
 #include "platform/FileSystem.h"
-#include "platform/SizeMeter.h"
+#include "platform/FileURL.h"
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -14,6 +15,60 @@
 #include <vector>
 
 namespace pryvane {
+
+/// The lists of the inventory, in the order in which a window gathers and shows them.
+enum class InventoryKind : std::uint8_t {
+    LaunchAgents,
+    LaunchDaemons,
+    ChromeExtensions,
+    FirefoxAddOns,
+    SafariExtensions,
+    ApplicationSupport,
+    Applications,
+};
+
+inline constexpr std::array kInventoryHeadings = {
+    "Launch agents",   "Launch daemons",    "Google Chrome extensions",
+    "Firefox add-ons", "Safari extensions", "Application support",
+    "Applications"};
+
+[[nodiscard]] constexpr const char* heading(InventoryKind kind)
+{
+    return kInventoryHeadings[static_cast<std::size_t>(kind)];
+}
+
+/// Where a user's home is on the volume, and what browsers keep in it. The home is always taken
+/// from the login name, never from the environment.
+class HomeFolder {
+public:
+    static constexpr std::string_view kChrome = "Library/Application Support/Google/Chrome";
+    static constexpr std::string_view kFirefoxProfiles =
+        "Library/Application Support/Firefox/Profiles";
+    static constexpr std::string_view kSafari = "Library/Safari";
+
+    explicit HomeFolder(std::string user) : m_path("/Users/" + std::move(user)) {}
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+
+    /// A path below the home, without a slash at its beginning.
+    [[nodiscard]] FileURL at(std::string_view path) const
+    {
+        return FileURL::fileURLWithPath(joinedPath(m_path, path));
+    }
+
+private:
+    std::string m_path;
+};
+
+/// Whether a folder of that name is shown by a Mac as one file, going by its extension, whose
+/// letter case does not matter.
+[[nodiscard]] bool isPackage(const FileURL& folder);
+
+/// Whether a folder of that name counts as an application; only the lower-case extension does.
+[[nodiscard]] inline bool isApplication(const FileURL& folder)
+{
+    return folder.pathExtension() == "app";
+}
 
 struct SafariExtension {
     FileURL url;

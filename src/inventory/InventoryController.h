@@ -4,7 +4,6 @@
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "inventory/AdwareScan.h"
-#include "inventory/InventoryKind.h"
 
 #include <QObject>
 

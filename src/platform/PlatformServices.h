@@ -4,13 +4,22 @@ namespace pryvane {
 
 class Alerts;
 class Clock;
+class DistributedNotifications;
+class DockIcon;
 class FileSystem;
 class FolderPicker;
+class GrantTokens;
 class Log;
+class LoginItem;
 class MainQueue;
 class NotificationCenter;
+class SettingsFile;
+class StatusItem;
+class Timers;
 class UserDefaults;
 class UserNotifier;
+class WebBrowser;
+class WindowHost;
 class Workspace;
 
 /// Everything the program needs from its host, handed down from the composition root of each
@@ -26,6 +35,20 @@ struct PlatformServices {
     Workspace& workspace;
     UserNotifier& userNotifier;
     Log& log;
+};
+
+/// What the application shell needs from the desktop, beside PlatformServices. The services outlive
+/// whoever holds this.
+struct DesktopServices {
+    WindowHost& windows;
+    DockIcon& dockIcon;
+    StatusItem& statusItem;
+    LoginItem& loginItem;
+    DistributedNotifications& distributedNotifications;
+    GrantTokens& grantTokens;
+    SettingsFile& settingsFile;
+    WebBrowser& webBrowser;
+    Timers& timers;
 };
 
 } // namespace pryvane

@@ -2,7 +2,7 @@
 
 #include "core/Escape.h"
 #include "platform/Clock.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "platform/ReportStore.h"
 #include "platform/UserDefaults.h"
 #include "reports/RecordAvailability.h"

@@ -1,10 +1,10 @@
 #include "scan/DeepScan.h"
 
-#include "core/ErrorText.h"
+#include "core/Result.h"
 #include "findings/ScanState.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "scan/walker/DeepWalk.h"
 
 #include <cerrno>

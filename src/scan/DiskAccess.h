@@ -2,7 +2,7 @@
 
 #include "core/Result.h"
 #include "platform/FileURL.h"
-#include "platform/PreferenceKeys.h"
+#include "platform/UserDefaults.h"
 
 namespace pryvane {
 

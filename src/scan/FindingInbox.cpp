@@ -5,7 +5,7 @@
 #include "findings/ScanState.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "platform/UserNotifier.h"
+#include "platform/Messages.h"
 
 namespace pryvane {
 

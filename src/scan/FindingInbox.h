@@ -5,7 +5,7 @@
 #include "findings/ScanCoverage.h"
 #include "findings/Spyware.h"
 #include "platform/PlatformServices.h"
-#include "signatures/FindingSink.h"
+#include "signatures/CheckRunner.h"
 #include "signatures/MakersApplications.h"
 
 #include <atomic>

@@ -1,8 +1,7 @@
 #include "scan/RootChoice.h"
 
-#include "platform/Alerts.h"
-#include "platform/FolderPicker.h"
-#include "platform/Log.h"
+#include "platform/FolderAccess.h"
+#include "platform/Messages.h"
 #include "platform/UserDefaults.h"
 #include "scan/DiskAccess.h"
 

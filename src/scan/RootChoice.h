@@ -2,7 +2,7 @@
 
 #include "core/Result.h"
 #include "platform/PlatformServices.h"
-#include "platform/PreferenceKeys.h"
+#include "platform/UserDefaults.h"
 #include "scan/ScanOptions.h"
 
 #include <functional>

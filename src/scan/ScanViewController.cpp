@@ -2,7 +2,7 @@
 
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "platform/UserDefaults.h"
 #include "reports/DefaultMethods.h"
 #include "scan/CheckSequence.h"

@@ -1,7 +1,7 @@
 // What the scan screen shows: the half of the controller that follows notifications and progress.
 #include "core/Escape.h"
 #include "platform/Clock.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "platform/UserDefaults.h"
 #include "scan/DiskAccess.h"
 #include "scan/ScanViewController.h"

@@ -5,7 +5,6 @@
 #include "platform/FileSystem.h"
 #include "platform/UserDefaults.h"
 #include "signatures/Catalogue.h"
-#include "signatures/FindingSink.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #include "signatures/MakersApplications.h"
 
 #include "core/StopFlag.h"
-#include "platform/Workspace.h"
+#include "platform/Machine.h"
 #include "signatures/tables/MakersTable.h"
 
 #include <algorithm>

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "core/ThreadSafety.h"
+#include "findings/Spyware.h"
 #include "platform/FileURL.h"
+#include "signatures/Catalogue.h"
 
 #include <cstddef>
 #include <map>
@@ -49,5 +51,12 @@ private:
     Mutex m_mutex;
     std::map<std::string_view, bool> m_strangers GUARDED_BY(m_mutex); ///< by product
 };
+
+/// Whether the record stands for remote desktop, which is switched off rather than removed. Known
+/// by its kind: any file may be called as the record is.
+[[nodiscard]] inline bool isRemoteDesktop(const Spyware& record)
+{
+    return record.infections == catalogue::kRemoteDesktop;
+}
 
 } // namespace pryvane

@@ -1,8 +1,8 @@
 #include "store/SqliteStoreFile.h"
 
-#include "core/ErrorText.h"
 #include "core/Escape.h"
-#include "platform/Log.h"
+#include "core/Result.h"
+#include "platform/Messages.h"
 #include "store/StoreFolder.h"
 
 #include <array>

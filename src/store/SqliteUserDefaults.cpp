@@ -1,7 +1,7 @@
 #include "store/SqliteUserDefaults.h"
 
 #include "core/Escape.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "store/SqliteStoreFile.h"
 #include "store/StoreFolder.h"
 

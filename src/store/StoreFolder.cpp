@@ -1,7 +1,7 @@
 #include "store/StoreFolder.h"
 
-#include "core/ErrorText.h"
 #include "core/Escape.h"
+#include "core/Result.h"
 #include "core/Texts.h"
 
 #include <algorithm>

@@ -2,9 +2,13 @@
 
 #include "ui/RowModel.h"
 
+#include <QLineEdit>
 #include <QTableView>
 
 namespace pryvane::ui {
+
+/// A box to type a filter into, with its icon and a button that clears it.
+[[nodiscard]] QLineEdit* makeFilterField(const QString& placeholder);
 
 /// The table of a RowModel: whole rows, Space ticks, Ctrl+A ticks all that is shown, Return and a
 /// double click activate, the menu key opens the row's menu. A ring marks the current row.

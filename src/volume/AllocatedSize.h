@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/Files.h"
 #include "core/StopFlag.h"
-#include "core/UniqueFd.h"
-#include "platform/SizeMeter.h"
+#include "platform/FileSystem.h"
 
 #include <cstddef>
 #include <cstdint>

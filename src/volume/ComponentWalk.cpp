@@ -1,4 +1,4 @@
-#include "volume/ConfinedRoot.h"
+#include "volume/HostVolume.h"
 #include "volume/PathParts.h"
 
 #include <cerrno>

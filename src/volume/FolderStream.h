@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/UniqueFd.h"
+#include "core/Files.h"
 #include "platform/FileSystem.h"
 #include "volume/folders/FolderHandle.h"
 

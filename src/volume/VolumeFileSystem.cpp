@@ -1,7 +1,8 @@
 #include "volume/VolumeFileSystem.h"
 
-#include "core/ErrorText.h"
 #include "core/Escape.h"
+#include "core/Result.h"
+#include "core/tasks/WorkCrew.h"
 #include "volume/FolderStream.h"
 #include "volume/HostVolume.h"
 #include "volume/PathParts.h"
@@ -338,6 +339,20 @@ std::string VolumeFileSystem::placeBehindLinks(const FileURL& url) const
 {
     auto resolved = SpellingResolver(*m_root).resolve(url.identity(), LeafLink::Keep);
     return resolved.presence == Presence::Present ? "/" + resolved.path : std::string();
+}
+
+VolumeSizeMeter::VolumeSizeMeter(VolumeFileSystem& volume)
+    : VolumeSizeMeter(volume, CrewSize::usualThreads())
+{
+}
+
+void VolumeSizeMeter::measure(std::span<const FileURL> locations, const StopFlag& stop,
+                              SizeProgress& progress, const Told& told)
+{
+    allocatedSizes(
+        locations.size(), m_threads,
+        [&](std::size_t location) { return m_volume.measurable(locations[location]); }, stop,
+        progress, told);
 }
 
 } // namespace pryvane

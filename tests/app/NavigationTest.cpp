@@ -1,6 +1,5 @@
 #include "app/AppFixture.h"
 #include "app/DetailsViewController.h"
-#include "app/TableViewController.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,4 @@
 #include "app/AppFixture.h"
-#include "app/LocalCalendar.h"
 #include "app/SchedulerVC.h"
 
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 
 #include "browser/ReportBrowserHost.h"
 #include "browser/ReportViewController.h"
-#include "platform/FileViewer.h"
+#include "platform/DesktopPrograms.h"
 #include "platform/Printer.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/PdfFixtures.h"

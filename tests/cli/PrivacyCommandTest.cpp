@@ -1,8 +1,8 @@
 // inventory and privacy on the command line: their words, their JSON, their exit codes.
-#include "cli/CleanerHost.h"
 #include "cli/CliFixture.h"
+#include "cli/Host.h"
 #include "cli/PrivacyClear.h"
-#include "platform/RemovalJournal.h"
+#include "platform/Remover.h"
 #include "removal/disk/VolumeRemover.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "cli/CliFixture.h"
 #include "hosts/posix/SystemClock.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "reports/DefaultMethods.h"
 #include "store/SqliteUserDefaults.h"
 #include "support/RunningProgram.h"

@@ -1,7 +1,7 @@
 // Every system call with which a command reaches its store fails, once or from then on.
 
 #include "cli/CliFixture.h"
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "store/SqliteUserDefaults.h"
 #include "support/FaultyCalls.h"
 #include "support/StoreFixtures.h"

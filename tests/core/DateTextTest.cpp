@@ -1,4 +1,4 @@
-#include "core/DateText.h"
+#include "core/Texts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RemovalJournal.h"
+#include "platform/Remover.h"
 #include "removal/disk/VolumeRemover.h"
 #include "reports/DefaultMethods.h"
 #include "scan/EngineFixture.h"

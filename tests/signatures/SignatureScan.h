@@ -3,7 +3,6 @@
 #include "findings/ScanCoverage.h"
 #include "platform/FileSystem.h"
 #include "signatures/CheckRunner.h"
-#include "signatures/FindingSink.h"
 #include "store/MemoryUserDefaults.h"
 #include "support/ForwardingDisk.h"
 #include "support/TemporaryFolder.h"

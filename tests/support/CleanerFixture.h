@@ -3,7 +3,7 @@
 #include "privacy/PrivacyScan.h"
 #include "support/StubbornRemover.h"
 #include "support/Volumes.h"
-#include "volume/VolumeSizeMeter.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,17 +1,11 @@
 #pragma once
 
-#include "platform/DesktopServices.h"
-#include "platform/DistributedNotifications.h"
-#include "platform/DockIcon.h"
-#include "platform/FileViewer.h"
-#include "platform/FireTimes.h"
-#include "platform/GrantTokens.h"
-#include "platform/LoginItem.h"
-#include "platform/SettingsFile.h"
-#include "platform/StatusItem.h"
-#include "platform/Timers.h"
-#include "platform/WebBrowser.h"
-#include "platform/WindowHost.h"
+#include "platform/Clock.h"
+#include "platform/DesktopPrograms.h"
+#include "platform/DesktopWindows.h"
+#include "platform/FolderAccess.h"
+#include "platform/Network.h"
+#include "platform/PlatformServices.h"
 
 #include <list>
 #include <map>

@@ -1,12 +1,10 @@
 #pragma once
 
 #include "core/tasks/MainQueue.h"
-#include "platform/Alerts.h"
 #include "platform/Clock.h"
-#include "platform/FolderPicker.h"
-#include "platform/Log.h"
-#include "platform/UserNotifier.h"
-#include "platform/Workspace.h"
+#include "platform/FolderAccess.h"
+#include "platform/Machine.h"
+#include "platform/Messages.h"
 
 #include <condition_variable>
 #include <deque>

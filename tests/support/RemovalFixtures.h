@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RemovalJournal.h"
+#include "platform/Remover.h"
 #include "removal/disk/VolumeRemover.h"
 #include "support/Volumes.h"
 

@@ -1,6 +1,6 @@
 // Measuring many locations at once gives what a plain recursion gives, whatever the trees hold.
 #include "support/Volumes.h"
-#include "volume/VolumeSizeMeter.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "app/program/Arguments.h"
 
 #include "core/Escape.h"
-#include "hosts/posix/LoginUser.h"
+#include "hosts/posix/CurrentUser.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,9 +1,8 @@
 #include "app/program/Desktop.h"
 
-#include "core/ProgramFile.h"
+#include "core/LoadedModule.h"
 #include "hosts/linux/XdgLoginItem.h"
-#include "hosts/posix/DataFolder.h"
-#include "hosts/posix/RuntimeFolder.h"
+#include "hosts/posix/CurrentUser.h"
 #include "store/SqliteUserDefaults.h"
 
 namespace pryvane {

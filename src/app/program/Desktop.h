@@ -1,18 +1,18 @@
 #pragma once
 
-#include "app/program/StandardErrorLog.h"
+#include "core/Escape.h"
 #include "core/Result.h"
 #include "hosts/posix/SystemClock.h"
 #include "hosts/qt/NetworkSettingsFile.h"
-#include "hosts/qt/QtMainQueue.h"
-#include "hosts/qt/QtTimers.h"
+#include "hosts/qt/QtMainLoop.h"
 #include "hosts/qt/bus/BusDistributedNotifications.h"
 #include "hosts/qt/bus/BusUserNotifier.h"
 #include "hosts/qt/widgets/DesktopWebBrowser.h"
-#include "hosts/qt/widgets/ShownWindows.h"
 #include "hosts/qt/widgets/TaskbarDockIcon.h"
 #include "hosts/qt/widgets/WidgetAlerts.h"
+#include "platform/Messages.h"
 
+#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -20,6 +20,16 @@ namespace pryvane {
 
 class LoginItem;
 class UserDefaults;
+
+/// Log lines on standard error, where a desktop's journal picks them up.
+class StandardErrorLog final : public Log {
+public:
+    void line(std::string_view text) override
+    {
+        const std::string whole = "pryvane: " + forTerminal(text) + "\n";
+        static_cast<void>(std::fwrite(whole.data(), 1, whole.size(), stderr));
+    }
+};
 
 /// What the program has once, whichever volume its window looks at. Main thread only.
 class Desktop {

@@ -3,16 +3,17 @@
 #include "app/AppDelegate.h"
 #include "app/NotAccessVC.h"
 #include "app/program/Arguments.h"
-#include "app/program/SharedRemover.h"
 #include "app/views/MainWindow.h"
 #include "app/views/Windows.h"
 #include "core/NotificationCenter.h"
+#include "core/ThreadSafety.h"
 #include "core/tasks/Worker.h"
 #include "hosts/linux/LinuxWorkspace.h"
 #include "hosts/posix/FolderGrants.h"
 #include "hosts/qt/bus/BusFileViewer.h"
 #include "hosts/qt/widgets/TrayStatusItem.h"
 #include "hosts/qt/widgets/WidgetFolderPicker.h"
+#include "platform/Remover.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "removal/disk/VolumeRemover.h"
 #include "volume/VolumeFileSystem.h"
@@ -24,6 +25,39 @@ namespace pryvane {
 
 class Desktop;
 struct InstanceRequest;
+
+/// Lets several screens share one remover: each call waits for the one before. Callable from any
+/// thread.
+class SharedRemover final : public Remover {
+public:
+    explicit SharedRemover(Remover& remover) : m_remover(remover) {}
+
+    void plan(std::span<const RemovalItem> items, const StopFlag& stop,
+              const RemovalForecasts& told) override
+    {
+        const MutexLock lock(m_oneAtATime);
+        m_remover.plan(items, stop, told);
+    }
+
+    void remove(std::span<const RemovalItem> items, const StopFlag& stop,
+                const RemovalResults& told) override
+    {
+        const MutexLock lock(m_oneAtATime);
+        m_remover.remove(items, stop, told);
+    }
+
+    /// Whatever else must not happen while something is removed.
+    template <typename Work>
+    void meanwhileNothing(Work work)
+    {
+        const MutexLock lock(m_oneAtATime);
+        work();
+    }
+
+private:
+    Mutex m_oneAtATime;
+    Remover& m_remover GUARDED_BY(m_oneAtATime);
+};
 
 /// The program while it looks at one volume as one user: services of that volume, controllers,
 /// windows. Another volume takes another session. Main thread only.

@@ -1,8 +1,8 @@
 #include "app/views/MainWindow.h"
 
 #include "app/AppDelegate.h"
+#include "app/DetailsViewController.h"
 #include "app/Navigation.h"
-#include "app/TableViewController.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Navigation.h"

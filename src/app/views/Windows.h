@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/WindowHost.h"
+#include "platform/DesktopWindows.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,7 +1,6 @@
 #include "browser/views/ComparisonSheet.h"
 
 #include "core/Escape.h"
-#include "ui/FilterField.h"
 #include "ui/Labels.h"
 #include "ui/RowTable.h"
 

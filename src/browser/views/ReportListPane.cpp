@@ -1,7 +1,6 @@
 #include "browser/views/ReportListPane.h"
 
 #include "browser/ReportViewController.h"
-#include "ui/FilterField.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/RowTable.h"

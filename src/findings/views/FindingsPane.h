@@ -3,6 +3,8 @@
 #include "findings/views/FindingsSource.h"
 #include "ui/Surfaces.h"
 
+#include <QWidget>
+
 class QCheckBox;
 class QComboBox;
 class QLineEdit;
@@ -14,7 +16,20 @@ class RowTable;
 
 namespace pryvane {
 
-class RemoteDesktopCell;
+/// The remote-desktop finding: what it is, the way to switch it off, and a box to ignore it.
+class RemoteDesktopCell final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `canIgnore`: with the box to ignore it from now on.
+    explicit RemoteDesktopCell(bool canIgnore, QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    /// The instructions on switching it off are wanted; nothing is removed.
+    void removeARD();
+    /// Whether it is to be ignored from now on.
+    void ignoreARD(bool ignore);
+};
 
 /// The findings with what finds one's way among them: select all, filter, grouping, the count of
 /// what is selected, and a menu for each row.

@@ -2,7 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/Texts.h"
-#include "signatures/RemoteDesktop.h"
+#include "signatures/MakersApplications.h"
 #include "ui/Labels.h"
 
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "hosts/linux/LinuxMachineInfo.h"
 
-#include "core/UniqueFd.h"
-#include "hosts/posix/LoginUser.h"
+#include "core/Files.h"
+#include "hosts/posix/CurrentUser.h"
 
 #include <array>
 #include <fcntl.h>

@@ -1,9 +1,18 @@
 #pragma once
 
-#include "platform/Workspace.h"
+#include "platform/Machine.h"
 #include "volume/VolumeFileSystem.h"
 
+#include <string>
+#include <vector>
+
 namespace pryvane {
+
+/// The display names of the known applications that run on this host ("Google Chrome"), each once,
+/// in the order of the table. A process is known by the name of its program or, where another
+/// user's program may not be seen, by its own. `processes` is the folder of all processes.
+[[nodiscard]] std::vector<std::string>
+runningApplicationsOfHost(const std::string& processes = "/proc");
 
 /// Looks for applications where a Mac keeps them on the volume. As callable as its file system.
 class LinuxWorkspace final : public Workspace {

@@ -1,7 +1,7 @@
 #include "hosts/posix/FolderGrants.h"
 
-#include "core/ErrorText.h"
 #include "core/Escape.h"
+#include "core/Result.h"
 #include "volume/VolumeFileSystem.h"
 
 #include <cerrno>

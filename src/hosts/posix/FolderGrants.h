@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/UniqueFd.h"
+#include "core/Files.h"
 #include "platform/FileSystem.h"
-#include "platform/GrantTokens.h"
+#include "platform/FolderAccess.h"
 
 #include <vector>
 

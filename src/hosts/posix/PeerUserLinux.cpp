@@ -1,4 +1,4 @@
-#include "hosts/posix/PeerUser.h"
+#include "hosts/posix/CurrentUser.h"
 
 #include <sys/socket.h>
 

@@ -1,6 +1,6 @@
 #include "hosts/qt/InstanceServer.h"
 
-#include "hosts/posix/PeerUser.h"
+#include "hosts/posix/CurrentUser.h"
 #include "hosts/posix/SingleInstance.h"
 
 #include <QTimer>

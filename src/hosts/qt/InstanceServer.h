@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/UniqueFd.h"
-#include "hosts/posix/InstanceRequest.h"
+#include "core/Files.h"
+#include "hosts/posix/SingleInstance.h"
 
 #include <QObject>
 #include <QSocketNotifier>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SettingsFile.h"
+#include "platform/Network.h"
 
 #include <QNetworkAccessManager>
 #include <QUrl>

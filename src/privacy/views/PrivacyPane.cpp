@@ -6,8 +6,8 @@
 #include "privacy/views/GroupList.h"
 #include "privacy/views/ToolsStatus.h"
 #include "ui/Labels.h"
-#include "ui/ReasonsSheet.h"
 #include "ui/RowTable.h"
+#include "ui/Sheet.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
 

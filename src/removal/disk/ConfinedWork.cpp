@@ -1,7 +1,6 @@
 #include "removal/disk/ConfinedWork.h"
 
 #include "core/tasks/Thread.h"
-#include "removal/disk/HostConfinement.h"
 
 namespace pryvane {
 

@@ -34,4 +34,9 @@ struct ConfinementState {
 /// runs all the same, and what is returned says so. What the work throws is thrown here.
 ConfinementState runConfined(std::span<const int> folders, const std::function<void()>& work);
 
+/// Gives up, for the calling thread and for good, every right to change anything that does not lie
+/// below the open folders, and to make or write anything there. Where the kernel cannot do that,
+/// nothing is given up.
+[[nodiscard]] ConfinementState confineThisThread(std::span<const int> folders);
+
 } // namespace pryvane

@@ -1,6 +1,6 @@
-#include "core/ErrorText.h"
-#include "core/UniqueFd.h"
-#include "removal/disk/HostConfinement.h"
+#include "core/Files.h"
+#include "core/Result.h"
+#include "removal/disk/ConfinedWork.h"
 
 #include <cerrno>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "removal/disk/HostConfinement.h"
+#include "removal/disk/ConfinedWork.h"
 
 namespace pryvane {
 

@@ -1,6 +1,6 @@
 #include "removal/disk/RemovalErrors.h"
 
-#include "core/ErrorText.h"
+#include "core/Result.h"
 #include "removal/disk/ConfinedWork.h"
 
 #include <cerrno>

@@ -4,7 +4,7 @@
 #include "core/Sha256.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "removal/disk/JournalLines.h"
+#include "removal/disk/JournalStorage.h"
 #include "removal/disk/TreeCensus.h"
 
 #include <nlohmann/json.hpp>

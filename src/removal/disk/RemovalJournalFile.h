@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Texts.h"
-#include "platform/RemovalJournal.h"
+#include "platform/Remover.h"
 #include "removal/disk/JournalStorage.h"
 
 #include <functional>

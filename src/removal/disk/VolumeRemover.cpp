@@ -1,10 +1,10 @@
 #include "removal/disk/VolumeRemover.h"
 
 #include "core/Escape.h"
-#include "platform/RemovalJournal.h"
+#include "platform/Remover.h"
 #include "removal/disk/ConfinedWork.h"
-#include "removal/disk/OtherSpellings.h"
-#include "removal/disk/TargetRemoval.h"
+#include "removal/disk/ProtectedPlaces.h"
+#include "removal/disk/RemovalTarget.h"
 #include "removal/disk/TreeCensus.h"
 #include "volume/VolumeFileSystem.h"
 

@@ -1,6 +1,6 @@
 #include "removal/session/FourceQuitBrowserView.h"
 
-#include "platform/Workspace.h"
+#include "platform/Machine.h"
 
 namespace pryvane {
 

@@ -1,7 +1,7 @@
 #include "removal/session/RecordRemoval.h"
 
 #include "platform/FileSystem.h"
-#include "signatures/RemoteDesktop.h"
+#include "signatures/MakersApplications.h"
 
 #include <algorithm>
 #include <iterator>

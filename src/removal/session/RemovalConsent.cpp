@@ -1,7 +1,7 @@
 #include "removal/session/RemovalConsent.h"
 
-#include "platform/Alerts.h"
-#include "platform/Workspace.h"
+#include "platform/Machine.h"
+#include "platform/Messages.h"
 
 namespace pryvane {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "findings/Spyware.h"
-#include "ui/ReasonsSheet.h"
+#include "ui/Sheet.h"
 
 namespace pryvane {
 

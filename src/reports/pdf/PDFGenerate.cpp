@@ -1,9 +1,9 @@
 #include "reports/pdf/PDFGenerate.h"
 
+#include "core/Files.h"
 #include "core/LoadedModule.h"
-#include "core/WholeFile.h"
-#include "reports/pdf/PageLayout.h"
-#include "reports/pdf/PainterModule.h"
+#include "reports/pdf/PageOps.h"
+#include "reports/pdf/PdfPainter.h"
 #include "reports/pdf/ReportTexts.h"
 
 #include <filesystem>

@@ -1,6 +1,5 @@
-#include "reports/pdf/PageLayout.h"
-
 #include "core/Escape.h"
+#include "reports/pdf/PageOps.h"
 #include "reports/pdf/PdfPainter.h"
 #include "reports/pdf/ReportTexts.h"
 #include "signatures/Catalogue.h"

@@ -10,6 +10,9 @@
 /// painter. All lengths are PDF points, the origin is the page's bottom-left corner.
 namespace pryvane::pdf {
 
+class TextMeasure;
+struct ReportTexts;
+
 inline constexpr double kPageWidth = 595, kPageHeight = 842; // A4, upright
 
 /// The system's standard font size.
@@ -74,5 +77,9 @@ struct DocumentInformation {
     std::string subject = "Spyware Report";
     std::string author = "Torvell";
 };
+
+/// Places a report on pages: a title block, the facts, a table with one row per finding, a frame
+/// and a number on each page. A row too tall for any page goes on over as many as it takes.
+[[nodiscard]] std::vector<Page> layOut(const ReportTexts& texts, TextMeasure& measure);
 
 } // namespace pryvane::pdf

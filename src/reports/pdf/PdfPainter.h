@@ -4,6 +4,7 @@
 #include "reports/pdf/PageOps.h"
 
 #include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,14 @@ public:
     /// The bytes of the finished document.
     [[nodiscard]] virtual Result<std::string> paint(const std::vector<Page>& pages,
                                                     const DocumentInformation& information) = 0;
+};
+
+/// The painter's module, apart because binding its forty libraries takes longer than all the rest
+/// of a program's start.
+struct PainterModule {
+    static constexpr const char* kFile = "libpryvane-pdf.so";
+
+    Result<std::unique_ptr<PdfPainter>> (*makePainter)();
 };
 
 } // namespace pryvane::pdf

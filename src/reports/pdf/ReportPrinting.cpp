@@ -1,6 +1,6 @@
 #include "reports/pdf/ReportPrinting.h"
 
-#include "platform/Log.h"
+#include "platform/Messages.h"
 #include "platform/Printer.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/PageOps.h"

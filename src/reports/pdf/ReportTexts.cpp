@@ -1,7 +1,7 @@
 #include "reports/pdf/ReportTexts.h"
 
-#include "core/DateText.h"
-#include "platform/MachineInfo.h"
+#include "core/Texts.h"
+#include "platform/Machine.h"
 #include "reports/RecordAvailability.h"
 #include "reports/pdf/PDFGenerate.h"
 

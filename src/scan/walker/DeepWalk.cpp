@@ -1,6 +1,6 @@
 #include "scan/walker/DeepWalk.h"
 
-#include "core/ErrorText.h"
+#include "core/Result.h"
 #include "findings/ScanState.h"
 #include "platform/FileURL.h"
 #include "scan/walker/TreeWalker.h"

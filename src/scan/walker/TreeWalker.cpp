@@ -1,6 +1,6 @@
 #include "scan/walker/TreeWalker.h"
 
-#include "core/ErrorText.h"
+#include "core/Result.h"
 
 #include <cerrno>
 #include <limits>

@@ -4,7 +4,7 @@
 #include "findings/ScanCoverage.h"
 #include "findings/Spyware.h"
 #include "signatures/Catalogue.h"
-#include "signatures/FindingSink.h"
+#include "signatures/CheckRunner.h"
 
 #include <charconv>
 

@@ -3,7 +3,7 @@
 #include "browser/BrowserFixture.h"
 #include "browser/views/ReportBrowserView.h"
 #include "hosts/qt/EventLoop.h"
-#include "hosts/qt/QtMainQueue.h"
+#include "hosts/qt/QtMainLoop.h"
 #include "store/SqliteUserDefaults.h"
 #include "ui/RowTable.h"
 

@@ -1,5 +1,3 @@
-#include "hosts/linux/RunningApplications.h"
-
 #include "hosts/linux/LinuxWorkspace.h"
 #include "support/RunningProgram.h"
 #include "volume/VolumeFileSystem.h"

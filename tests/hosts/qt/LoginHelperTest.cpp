@@ -1,8 +1,9 @@
-#include "hosts/linux/LoginHelperLock.h"
+#include "hosts/linux/LoginHelper.h"
+
 #include "hosts/qt/EventLoop.h"
 #include "hosts/qt/FakeServices.h"
 #include "hosts/qt/bus/BusDistributedNotifications.h"
-#include "platform/DistributedNotifications.h"
+#include "platform/DesktopPrograms.h"
 #include "support/Fakes.h"
 #include "support/PrivateBus.h"
 

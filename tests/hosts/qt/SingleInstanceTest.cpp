@@ -1,6 +1,6 @@
 #include "hosts/posix/SingleInstance.h"
 
-#include "hosts/posix/RuntimeFolder.h"
+#include "hosts/posix/CurrentUser.h"
 #include "hosts/qt/EventLoop.h"
 #include "hosts/qt/InstanceServer.h"
 #include "support/TemporaryFolder.h"

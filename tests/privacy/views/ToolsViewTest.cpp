@@ -2,7 +2,7 @@
 #include "privacy/views/ToolsView.h"
 
 #include "core/Texts.h"
-#include "hosts/qt/QtMainQueue.h"
+#include "hosts/qt/QtMainLoop.h"
 #include "inventory/InventoryController.h"
 #include "privacy/ToolsViewController.h"
 #include "support/CleanerFixture.h"

@@ -1,6 +1,6 @@
 #include "removal/session/RemovalSession.h"
 
-#include "platform/Alerts.h"
+#include "platform/Messages.h"
 #include "removal/session/RemovalConsent.h"
 #include "support/Fakes.h"
 

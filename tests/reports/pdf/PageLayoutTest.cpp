@@ -1,5 +1,4 @@
-#include "reports/pdf/PageLayout.h"
-
+#include "reports/pdf/PageOps.h"
 #include "reports/pdf/PdfPainter.h"
 #include "reports/pdf/ReportTexts.h"
 #include "signatures/Catalogue.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MachineInfo.h"
+#include "platform/Machine.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "support/ReportFixtures.h"
 

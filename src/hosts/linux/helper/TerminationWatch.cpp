@@ -1,8 +1,8 @@
 #include "hosts/linux/helper/TerminationWatch.h"
 
 #include "core/Escape.h"
-#include "hosts/linux/SessionBusNames.h"
-#include "platform/DistributedNotifications.h"
+#include "hosts/linux/LoginHelper.h"
+#include "platform/DesktopPrograms.h"
 
 #include <chrono>
 #include <cstdlib>

@@ -1,12 +1,11 @@
 /// pryvane-login-helper: started by the desktop at login, starts Pryvane, and quits when Pryvane
 /// says so, has ended, or says nothing for a while.
-#include "core/ErrorText.h"
 #include "core/Escape.h"
-#include "core/ProgramFile.h"
-#include "hosts/linux/LoginHelperLock.h"
+#include "core/LoadedModule.h"
+#include "core/Result.h"
+#include "hosts/linux/LoginHelper.h"
 #include "hosts/linux/helper/TerminationWatch.h"
-#include "hosts/posix/DataFolder.h"
-#include "hosts/posix/RuntimeFolder.h"
+#include "hosts/posix/CurrentUser.h"
 
 #include <algorithm>
 #include <array>

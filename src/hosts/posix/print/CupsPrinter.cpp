@@ -1,9 +1,9 @@
 #include "hosts/posix/print/CupsPrinter.h"
 
-#include "core/ErrorText.h"
 #include "core/Escape.h"
+#include "core/Files.h"
+#include "core/Result.h"
 #include "core/ThreadSafety.h"
-#include "core/UniqueFd.h"
 #include "core/tasks/Thread.h"
 
 #include <algorithm>

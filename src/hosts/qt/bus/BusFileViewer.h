@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/FileViewer.h"
-#include "platform/Log.h"
+#include "platform/DesktopPrograms.h"
+#include "platform/Messages.h"
 #include "volume/VolumeFileSystem.h"
 
 #include <QDBusConnection>

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/Log.h"
-#include "platform/UserNotifier.h"
+#include "platform/Messages.h"
 
 #include <QDBusConnection>
 #include <QObject>

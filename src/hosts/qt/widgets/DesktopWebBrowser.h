@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/WebBrowser.h"
+#include "platform/Network.h"
 
 namespace pryvane {
 

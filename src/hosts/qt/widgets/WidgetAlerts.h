@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Alerts.h"
+#include "platform/Messages.h"
 
 namespace pryvane {
 

@@ -1,5 +1,5 @@
 #include "core/LoadedModule.h"
-#include "reports/pdf/PainterModule.h"
+#include "reports/pdf/PdfPainter.h"
 #include "reports/pdf/painter/CairoPainter.h"
 
 namespace {

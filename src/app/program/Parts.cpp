@@ -1,0 +1,137 @@
+#include "app/program/Parts.h"
+
+#include "app/AppDelegate.h"
+#include "app/views/MainWindow.h"
+#include "browser/views/ReportBrowserView.h"
+#include "hosts/posix/CurrentUser.h"
+#include "platform/Messages.h"
+#include "platform/Network.h"
+#include "privacy/views/ToolsView.h"
+#include "signatures/Catalogue.h"
+#include "volume/VolumeFileSystem.h"
+
+namespace pryvane {
+
+Session::MainWindowParts::MainWindowParts(Needs what)
+    : needs(std::move(what)),
+      store(needs.services.defaults, needs.services.disk, needs.services.clock, needs.services.log),
+      table(needs.services.notifications),
+      dashboard(needs.services, needs.desktop, needs.delegate, needs.facts),
+      scheduler(needs.services, needs.desktop, needs.delegate),
+      scan(needs.services, needs.delegate.state(), needs.delegate, store, needs.remover,
+           ScanOptions{needs.facts.user, {}}),
+      screens({.dashboard = dashboard,
+               .scheduler = scheduler,
+               .scan = scan,
+               .user = needs.facts.user,
+               .foldedName = needs.foldedName,
+               .reveal = needs.reveal,
+               .openRemoteDesktopInstructions = [this] { openRemoteDesktopInstructions(); },
+               .viewReport = [this] { viewReport(); },
+               .makeTools = [this] { return makeTools(); },
+               .makeReports = [this] { return makeReports(); }}),
+      details(needs.services, needs.delegate, screens)
+{
+}
+
+void Session::MainWindowParts::show(MainWindow& window)
+{
+    QObject::connect(&details, &DetailsViewController::stateChanged, &window,
+                     [this] { screens.show(details.currentRow()); });
+    QObject::connect(&window, &MainWindow::filterWanted, &window,
+                     [this] { screens.focusFilter(); });
+    details.viewDidLoad();
+    scheduler.viewDidLoad();
+}
+
+bool Session::MainWindowParts::isBusy() const
+{
+    return scan.removal().isRemoving() || (tools && tools->isBusy()) ||
+           (reports && reports->isBusy());
+}
+
+void Session::MainWindowParts::openRemoteDesktopInstructions()
+{
+    logFailure(needs.services.log,
+               needs.desktop.webBrowser.open(std::string(catalogue::kRemoteDesktopArticle)));
+}
+
+void Session::MainWindowParts::viewReport()
+{
+    if (!scan.report())
+        return;
+    table.selectRow(rowIndex(Row::Reports));
+    needs.services.notifications.post(NotificationName::RefreshReport, std::any(scan.report()));
+}
+
+MadeScreen Session::MainWindowParts::makeTools()
+{
+    tools = std::make_unique<ToolsParts>(needs.services, needs.disk, needs.remover,
+                                         needs.facts.user, needs.reveal);
+    return tools->makeScreen();
+}
+
+MadeScreen Session::MainWindowParts::makeReports()
+{
+    reports = std::make_unique<ReportParts>(
+        needs.services, needs.delegate,
+        ReportParts::Needs{needs.fileViewer, needs.remover, needs.facts.user, needs.foldedName,
+                           [this] { openRemoteDesktopInstructions(); }});
+    return reports->makeScreen();
+}
+
+namespace {
+
+PDFFacts pdfFacts()
+{
+    return {.shortVersion = PRYVANE_VERSION,
+            .buildVersion = PRYVANE_BUILD,
+            .cachesFolder = defaultCachesFolder()};
+}
+
+} // namespace
+
+ReportParts::ReportParts(const PlatformServices& services, AppDelegate& delegate, Needs needs)
+    : m_services(services), m_delegate(delegate), m_needs(std::move(needs)),
+      m_printed(pdfFacts(), services.disk, m_machine),
+      m_shown(pdfFacts(), services.disk, m_machine), m_printing(m_printed, m_printer, services.log),
+      m_controller(services, {*this, m_needs.fileViewer, m_printing, m_needs.remover, m_needs.user})
+{
+}
+
+MadeScreen ReportParts::makeScreen()
+{
+    auto* view = new ReportBrowserView(
+        m_controller, {m_services.mainQueue, m_shown, m_needs.user, m_needs.foldedName});
+    QObject::connect(view, &ReportBrowserView::remoteDesktopHelpWanted, view,
+                     m_needs.openRemoteDesktopInstructions);
+    return {view, [this] { m_controller.viewWillAppear(); }, [view] { view->focusFilter(); }};
+}
+
+void ReportParts::checkForHDAccess()
+{
+    m_delegate.checkForHDAccess();
+}
+
+void ReportParts::setPrintAction(std::function<void()> action)
+{
+    m_delegate.setPrintAction(std::move(action));
+}
+
+ToolsParts::ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
+                       const std::string& user, std::function<void(const FileURL&)> reveal)
+    : m_reveal(std::move(reveal)), m_sizes(disk), m_inventorySizes(disk),
+      m_tools({{disk, m_sizes}, remover, services.mainQueue, services.alerts, services.workspace},
+              user),
+      m_inventory({{disk, m_inventorySizes}, services.mainQueue}, user)
+{
+}
+
+MadeScreen ToolsParts::makeScreen()
+{
+    auto* view = new ToolsView(m_tools, m_inventory);
+    QObject::connect(view, &ToolsView::revealWanted, view, m_reveal);
+    return {view, [view] { view->viewWillAppear(); }, [view] { view->focusFilter(); }};
+}
+
+} // namespace pryvane

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "app/DashBoardViewController.h"
+#include "app/DetailsViewController.h"
+#include "app/SchedulerVC.h"
+#include "app/program/Session.h"
+#include "app/views/Screens.h"
+#include "browser/ReportBrowserHost.h"
+#include "browser/ReportViewController.h"
+#include "hosts/linux/LinuxMachineInfo.h"
+#include "hosts/posix/LoadedPrinter.h"
+#include "inventory/InventoryController.h"
+#include "platform/PlatformServices.h"
+#include "privacy/ToolsViewController.h"
+#include "reports/DefaultMethods.h"
+#include "reports/pdf/PDFGenerate.h"
+#include "reports/pdf/ReportPrinting.h"
+#include "scan/ScanViewController.h"
+#include "volume/VolumeFileSystem.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace pryvane {
+
+class AppDelegate;
+class FileViewer;
+class VolumeFileSystem;
+
+/// What stands behind the report screen; made when that is first shown.
+class ReportParts final : private ReportBrowserHost {
+public:
+    struct Needs {
+        FileViewer& fileViewer;
+        Remover& remover;
+        std::string user;
+        std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk
+        std::function<void()> openRemoteDesktopInstructions;
+    };
+
+    ReportParts(const PlatformServices& services, AppDelegate& delegate, Needs needs);
+
+    [[nodiscard]] MadeScreen makeScreen();
+    [[nodiscard]] bool isBusy() { return m_controller.removal().isRemoving(); }
+
+private:
+    void checkForHDAccess() override;
+    void setPrintAction(std::function<void()> action) override;
+    void openRemoteDesktopInstructions() override { m_needs.openRemoteDesktopInstructions(); }
+
+    PlatformServices m_services;
+    AppDelegate& m_delegate;
+    const Needs m_needs;
+    LinuxMachineInfo m_machine;
+    PDFGenerate m_printed; ///< what goes to the printer
+    PDFGenerate m_shown;   ///< what is previewed and exported
+    LoadedPrinter m_printer;
+    ReportPrinting m_printing;
+    ReportViewController m_controller;
+};
+
+/// What stands behind the tools screen; made when that is first shown.
+class ToolsParts {
+public:
+    ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
+               const std::string& user, std::function<void(const FileURL&)> reveal);
+
+    [[nodiscard]] MadeScreen makeScreen();
+    [[nodiscard]] bool isBusy() const
+    {
+        return m_tools.state() == ToolsViewController::State::Cleaning;
+    }
+
+private:
+    std::function<void(const FileURL&)> m_reveal;
+    VolumeSizeMeter m_sizes;
+    VolumeSizeMeter m_inventorySizes; ///< both may measure at the same time
+    ToolsViewController m_tools;
+    InventoryController m_inventory;
+};
+
+/// The controllers behind the main window; they live as long as it does.
+struct Session::MainWindowParts {
+    struct Needs {
+        PlatformServices services;
+        DesktopServices desktop;
+        AppDelegate& delegate;
+        ApplicationFacts facts;
+        VolumeFileSystem& disk;
+        Remover& remover;
+        FileViewer& fileViewer;
+        std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk
+        std::function<void(const FileURL&)> reveal;
+    };
+
+    explicit MainWindowParts(Needs what);
+
+    /// Shows the first screen in the window made for these.
+    void show(MainWindow& window);
+
+    /// Whether something is being removed.
+    [[nodiscard]] bool isBusy() const;
+
+    void openRemoteDesktopInstructions();
+    /// Shows the report of the last scan in the report browser.
+    void viewReport();
+    [[nodiscard]] MadeScreen makeTools();
+    [[nodiscard]] MadeScreen makeReports();
+
+    const Needs needs;
+    DefaultMethods store;
+    TableViewController table;
+    DashBoardViewController dashboard;
+    SchedulerVC scheduler;
+    ScanViewController scan;
+    std::unique_ptr<ToolsParts> tools;
+    std::unique_ptr<ReportParts> reports;
+    Screens screens;
+    DetailsViewController details;
+};
+
+} // namespace pryvane
