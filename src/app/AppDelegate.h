@@ -93,7 +93,6 @@ public:
     [[nodiscard]] bool makeBookMarkURLAccessible(std::string_view key);
     void confirmAccessAction() override;
     [[nodiscard]] static bool panelShouldEnableURL(const FileURL& url);
-    [[nodiscard]] static Result<Done> panelValidateURL(const FileURL& url);
     [[nodiscard]] bool isWritable(const FileURL& folder) override;
     [[nodiscard]] Result<Bytes> makeBookmark(const FileURL& folder) override;
     [[nodiscard]] FileURL homeFolder() const;

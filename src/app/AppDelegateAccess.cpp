@@ -89,11 +89,4 @@ bool AppDelegate::panelShouldEnableURL(const FileURL& url)
     return url.absolutePath() == "/";
 }
 
-Result<Done> AppDelegate::panelValidateURL(const FileURL& url)
-{
-    if (panelShouldEnableURL(url))
-        return Done{};
-    return Error{"choose the whole disk, \"/\", here"};
-}
-
 } // namespace pryvane

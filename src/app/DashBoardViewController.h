@@ -77,7 +77,6 @@ public:
     [[nodiscard]] bool loginStart() const { return m_loginStart; }
     [[nodiscard]] bool isRealTimeProtectionON() const { return m_isRealTimeProtectionON; }
     [[nodiscard]] const ScanButton& scanButton() const { return m_scanButton; }
-    [[nodiscard]] bool isCheckingForUpdate() const { return m_isCheckingForUpdate; }
     /// When the next real-time scan comes; none while the switch is off.
     [[nodiscard]] std::optional<Date> nextRealTimeScan() const;
     /// How long ago the last scan was: "2 hours ago", "Not scan yet".

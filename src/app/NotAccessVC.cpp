@@ -47,11 +47,4 @@ bool NotAccessVC::panelShouldEnableURL(const FileURL& url) const
     return path == m_delegate.homeFolder().absolutePath() || path == "/Users" || path == "/";
 }
 
-Result<Done> NotAccessVC::panelValidateURL(const FileURL& url) const
-{
-    if (panelShouldEnableURL(url))
-        return Done{};
-    return Error{"choose your home folder, \"/Users\" or \"/\" here"};
-}
-
 } // namespace pryvane

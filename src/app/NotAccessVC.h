@@ -25,7 +25,6 @@ public:
     void confirmAccessAction();
     void closeAppAction();
     [[nodiscard]] bool panelShouldEnableURL(const FileURL& url) const;
-    [[nodiscard]] Result<Done> panelValidateURL(const FileURL& url) const;
 
     /// Whether the access was granted and the main window is about to open.
     [[nodiscard]] bool isGranted() const { return m_isGranted; }

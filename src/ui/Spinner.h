@@ -36,7 +36,6 @@ public:
 
     void showSpinner();
     void hideSpinner();
-    [[nodiscard]] bool isSpinning() const { return m_spinner->isVisibleTo(this); }
 
 protected:
     void resizeEvent(QResizeEvent*) override;

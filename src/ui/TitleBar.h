@@ -37,8 +37,6 @@ public:
     explicit TitleBar(const QString& title, QWidget* parent = nullptr);
 
     [[nodiscard]] WindowButton* closeButton() const { return m_close; }
-    [[nodiscard]] WindowButton* minimiseButton() const { return m_minimise; }
-    [[nodiscard]] WindowButton* maximiseButton() const { return m_maximise; }
 
 protected:
     void mousePressEvent(QMouseEvent*) override;

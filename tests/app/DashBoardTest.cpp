@@ -208,7 +208,6 @@ TEST_F(DashBoardTest, TheStatusMenuActs)
     EXPECT_THAT(takeWindowCalls(), ElementsAre("front main", "activate"));
     choose(3);
     choose(3);
-    EXPECT_TRUE(board->isCheckingForUpdate());
     alerts.answer(kAlertFirstButton);
     mainQueue.drain();
     ASSERT_EQ(alerts.asked().size(), 1U);
