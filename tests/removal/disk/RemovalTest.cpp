@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
+#include <chrono>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <thread>
@@ -352,11 +354,19 @@ TEST(Removal, StopsBetweenTwoEntries)
     VolumeRemover(*disk.volume, journal, {})
         .remove(items, stop, [&](std::size_t i, const RemovalResult& result) {
             told.push_back(result);
-            if (i == 0)
-                user = std::thread([&] {
-                    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-                    stop.request();
-                });
+            if (i != 0)
+                return;
+            // Awake before the folder's turn comes, so that a busy machine cannot make it too late.
+            std::atomic<bool> awake = false;
+            user = std::thread([&stop, &awake] {
+                const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(1);
+                awake = true;
+                while (std::chrono::steady_clock::now() < end) {
+                }
+                stop.request();
+            });
+            while (!awake)
+                std::this_thread::yield();
         });
     user.join();
     ASSERT_EQ(told.size(), 4u);
