@@ -30,19 +30,28 @@ FileKind kindOfType(unsigned char type)
 
 FolderBatch::FolderBatch() : m_buffer(std::make_unique<char[]>(kBufferSize)) {}
 
-/// Fills the buffer with a kind and a NUL-terminated name for each entry.
+/// Fills the buffer with a kind and a NUL-terminated name for each entry. Where the host fails
+/// behind some entries, these come first, and the next fill fails without asking it again: what it
+/// says after a failure, its end included, means nothing.
 bool FolderBatch::fill(FolderHandle& folder)
 {
     m_folder = &folder;
     m_at = m_filled = 0;
     m_atEnd = true;
+    if (folder.m_failure != 0) {
+        errno = folder.m_failure;
+        return false;
+    }
     if (!folder.m_stream && !(folder.m_stream = fdopendir(folder.m_fd)))
         return false;
     while (m_filled + kLongestName + 2 < kBufferSize) {
         errno = 0;
         const dirent* const read = readdir(folder.m_stream);
-        if (!read)
-            return errno == 0 || m_filled > 0;
+        if (!read) {
+            folder.m_failure = errno;
+            m_atEnd = folder.m_failure == 0 || m_filled == 0;
+            return folder.m_failure == 0 || m_filled > 0;
+        }
         const std::string_view name = read->d_name;
         if (name == "." || name == "..")
             continue;

@@ -25,7 +25,8 @@ public:
     /// Takes over a descriptor.
     explicit FolderHandle(int fd) : m_fd(fd) {}
     FolderHandle(FolderHandle&& other) noexcept
-        : m_fd(std::exchange(other.m_fd, -1)), m_stream(std::exchange(other.m_stream, nullptr))
+        : m_fd(std::exchange(other.m_fd, -1)), m_stream(std::exchange(other.m_stream, nullptr)),
+          m_failure(std::exchange(other.m_failure, 0))
     {
     }
     FolderHandle& operator=(FolderHandle&& other) noexcept
@@ -33,6 +34,7 @@ public:
         close();
         m_fd = std::exchange(other.m_fd, -1);
         m_stream = std::exchange(other.m_stream, nullptr);
+        m_failure = std::exchange(other.m_failure, 0);
         return *this;
     }
     ~FolderHandle() { close(); }
@@ -55,6 +57,7 @@ private:
     friend class FolderBatch;
     int m_fd = -1;
     DIR* m_stream = nullptr; ///< where the host has no call that reads a descriptor directly
+    int m_failure = 0;       ///< the errno at which such a stream stopped before its end
 };
 
 /// The buffer through which a thread reads folders, some thousand entries at a time.
