@@ -2,6 +2,7 @@
 
 #include "core/ThreadSafety.h"
 #include "core/tasks/WorkCrew.h"
+#include "volume/HostVolume.h"
 #include "volume/folders/Ancestry.h"
 #include "volume/folders/FolderHandle.h"
 
@@ -161,7 +162,7 @@ private:
                 else if (fstatat(level.folder.fd(), entry.name.data(), &data,
                                  AT_SYMLINK_NOFOLLOW) == 0 &&
                          !S_ISDIR(data.st_mode))
-                    m_bytes += std::int64_t{data.st_blocks} * 512;
+                    m_bytes += m_sizes.bytes(data, level.folder.fd());
             }
         } while (!m_batch.atEnd() && !m_shared.stop.requested());
         m_shared.progress.entries.fetch_add(entries, std::memory_order_relaxed);
@@ -221,6 +222,7 @@ private:
 
     const Shared m_shared;
     FolderBatch m_batch;
+    FileSizes m_sizes;
     Ancestry m_ancestry;
     std::vector<Level> m_levels;
     std::size_t m_above = 0;      ///< folders in m_ancestry above the task's own
@@ -230,6 +232,17 @@ private:
 };
 
 } // namespace
+
+std::int64_t FileSizes::withoutBlocks(const struct stat& data, int folder)
+{
+    if (m_device != data.st_dev) {
+        m_device = data.st_dev;
+        m_byLength = leavesOutBlocks(folder);
+    }
+    constexpr std::int64_t kBlock = 512;
+    const std::int64_t length = data.st_size;
+    return m_byLength ? (length / kBlock + (length % kBlock ? 1 : 0)) * kBlock : 0;
+}
 
 void allocatedSizes(std::size_t locations, unsigned threads, const OpenMeasurable& open,
                     const StopFlag& stop, SizeProgress& progress, const SizeMeter::Told& told)

@@ -26,6 +26,7 @@ class FolderStack {
 public:
     explicit FolderStack(int rootFd) : m_rootFd(rootFd) {}
 
+    [[nodiscard]] bool isAtRoot() const { return m_levels.empty(); }
     [[nodiscard]] int top() const { return m_levels.empty() ? m_rootFd : m_levels.back().fd.get(); }
 
     void toRoot() { m_levels.clear(); }
@@ -72,7 +73,10 @@ private:
 /// One resolution. Stops before the last name, which the caller treats in its own way.
 class Walk {
 public:
-    Walk(int rootFd, const std::string& path) : m_folders(rootFd), m_pending(path) {}
+    Walk(int rootFd, ImpliedLinks implied, const std::string& path)
+        : m_folders(rootFd), m_implied(implied), m_pending(path)
+    {
+    }
 
     /// Follows the path to its end. 0, or the errno that ended it. Afterwards folder() and leaf()
     /// name what stands there; an empty leaf is the folder itself.
@@ -118,17 +122,27 @@ private:
                 m_folders.push(name, std::move(next));
                 return 0;
             }
+            if (errno == ENOENT)
+                return missing(name);
             if (errno != ENOTDIR && errno != ELOOP)
                 return errno;
         }
         if (auto target = linkTarget(m_folders.top(), name))
             return follow(std::move(*target));
+        if (errno == ENOENT)
+            return missing(name);
         if (errno != EINVAL)
             return errno;
         if (mustBeFolder)
             return ENOTDIR;
         m_leaf = name;
         return 0;
+    }
+
+    [[nodiscard]] int missing(const std::string& name)
+    {
+        auto target = m_folders.isAtRoot() ? m_implied.targetOf(name) : std::nullopt;
+        return target ? follow(std::move(*target)) : ENOENT;
     }
 
     [[nodiscard]] int follow(std::string target)
@@ -145,6 +159,7 @@ private:
     }
 
     FolderStack m_folders;
+    const ImpliedLinks m_implied;
     std::string m_pending;
     std::size_t m_at = 0;
     std::string m_leaf;
@@ -153,13 +168,13 @@ private:
 
 class ComponentWalkRoot final : public ConfinedRoot {
 public:
-    explicit ComponentWalkRoot(int rootFd) : m_rootFd(rootFd) {}
+    ComponentWalkRoot(int rootFd, ImpliedLinks implied) : m_rootFd(rootFd), m_implied(implied) {}
 
     [[nodiscard]] int probe(const std::string& path) const override
     {
         if (path.empty())
             return ENOENT;
-        Walk walk(m_rootFd, path);
+        Walk walk(m_rootFd, m_implied, path);
         if (const int error = walk.run())
             return error;
         if (walk.leaf().empty())
@@ -170,7 +185,7 @@ public:
 
     [[nodiscard]] OpenedFolder openFolder(const std::string& path, FolderUse use) const override
     {
-        Walk walk(m_rootFd, path);
+        Walk walk(m_rootFd, m_implied, path);
         if (const int error = walk.run())
             return {UniqueFd(), error};
         const char* name = walk.leaf().empty() ? "." : walk.leaf().c_str();
@@ -184,13 +199,14 @@ public:
 
 private:
     int m_rootFd;
+    ImpliedLinks m_implied;
 };
 
 } // namespace
 
-std::unique_ptr<ConfinedRoot> componentWalk(int rootFd)
+std::unique_ptr<ConfinedRoot> componentWalk(int rootFd, ImpliedLinks implied)
 {
-    return std::make_unique<ComponentWalkRoot>(rootFd);
+    return std::make_unique<ComponentWalkRoot>(rootFd, implied);
 }
 
 } // namespace pryvane

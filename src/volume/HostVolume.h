@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Files.h"
+#include "volume/ImpliedLinks.h"
 
 #include <cstdint>
 #include <memory>
@@ -20,7 +21,8 @@ struct OpenedFolder {
 
 /// Resolves paths inside one folder as a process would whose root that folder is: absolute paths
 /// and link targets start there, ".." stops there. Whatever the paths or the links on the disk say,
-/// nothing outside is reached. Callable from any thread.
+/// nothing outside is reached. Implied links are followed like those on the disk. Callable from any
+/// thread.
 class ConfinedRoot {
 public:
     virtual ~ConfinedRoot() = default;
@@ -35,10 +37,14 @@ public:
 
 /// Confinement by a component walk of our own, which every POSIX system can do. The descriptor must
 /// outlive it.
-[[nodiscard]] std::unique_ptr<ConfinedRoot> componentWalk(int rootFd);
+[[nodiscard]] std::unique_ptr<ConfinedRoot> componentWalk(int rootFd, ImpliedLinks implied);
 
 /// Confinement by the kernel, or nothing where the host has none. The descriptor must outlive it.
-[[nodiscard]] std::unique_ptr<ConfinedRoot> kernelConfinement(int rootFd);
+[[nodiscard]] std::unique_ptr<ConfinedRoot> kernelConfinement(int rootFd, ImpliedLinks implied);
+
+/// Whether the file system of that open file or folder leaves out how many blocks a file has, as
+/// those do that are run by a program in user space.
+[[nodiscard]] bool leavesOutBlocks(int fd);
 
 struct BirthTime {
     std::int64_t seconds = 0;

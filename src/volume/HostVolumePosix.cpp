@@ -2,9 +2,14 @@
 
 namespace pryvane {
 
-std::unique_ptr<ConfinedRoot> kernelConfinement(int)
+std::unique_ptr<ConfinedRoot> kernelConfinement(int, ImpliedLinks)
 {
     return nullptr;
+}
+
+bool leavesOutBlocks(int)
+{
+    return false;
 }
 
 std::optional<BirthTime> birthTime(int)

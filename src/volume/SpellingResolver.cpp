@@ -167,14 +167,21 @@ SpellingResolver::Outcome SpellingResolver::resolve(std::string_view path, LeafL
             return {};
         const auto names = namesIn(folder);
         const auto found = names->find(*name);
-        if (found.kind == FileKind::Missing)
+        auto target = found.kind == FileKind::Missing && folder.empty()
+                          ? m_implied.targetOfFolded(*name)
+                          : std::nullopt;
+        if (found.kind == FileKind::Missing && !target)
             return {names->status() == ListStatus::Refused ? Presence::Unknown : Presence::Absent,
                     {}};
         const bool last = at == pending.size(); // and no slash says that a folder is meant
         if (found.kind == FileKind::SymbolicLink && !(last && leafLink == LeafLink::Keep)) {
             const OpenedFolder opened = m_root.openFolder(folder, FolderUse::Search);
-            auto target = linkTarget(opened.fd.get(), std::string(found.spelling));
-            if (!target || target->empty() || ++links > kMaxLinks)
+            target = linkTarget(opened.fd.get(), std::string(found.spelling));
+            if (!target)
+                return {};
+        }
+        if (target) {
+            if (target->empty() || ++links > kMaxLinks)
                 return {};
             if (target->front() == '/')
                 folder.clear();

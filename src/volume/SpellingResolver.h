@@ -93,7 +93,10 @@ enum class LeafLink : std::uint8_t { Follow, Keep };
 class SpellingResolver {
 public:
     /// The root must outlive it.
-    explicit SpellingResolver(const ConfinedRoot& root) : m_root(root) {}
+    SpellingResolver(const ConfinedRoot& root, ImpliedLinks implied)
+        : m_root(root), m_implied(implied)
+    {
+    }
 
     struct Outcome {
         Presence presence = Presence::Absent;
@@ -117,6 +120,7 @@ private:
     [[nodiscard]] FolderCache::Names namesIn(const std::string& folder);
 
     const ConfinedRoot& m_root;
+    const ImpliedLinks m_implied;
     FolderCache m_cache;
 };
 

@@ -119,24 +119,34 @@ Result<std::unique_ptr<VolumeFileSystem>> VolumeFileSystem::open(std::string_vie
     UniqueFd rootFd(::open(folder.c_str(), O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_CLOEXEC));
     if (!rootFd)
         return cannotOpen(hostFolder, errno);
+    const ImpliedLinks implied =
+        pryvane::isHostRoot(rootFd.get()) ? ImpliedLinks() : ImpliedLinks::ofRoot(rootFd.get());
     std::unique_ptr<ConfinedRoot> root;
     if (options.confinement == Confinement::BestAvailable)
-        root = kernelConfinement(rootFd.get());
+        root = kernelConfinement(rootFd.get(), implied);
     if (!root)
-        root = componentWalk(rootFd.get());
+        root = componentWalk(rootFd.get(), implied);
     if (const int error = root->probe("."))
         return cannotOpen(hostFolder, error);
     return std::unique_ptr<VolumeFileSystem>(
-        new VolumeFileSystem(std::move(rootFd), std::move(root), options.nameMatching));
+        new VolumeFileSystem(std::move(rootFd), std::move(root), implied, options.nameMatching));
 }
 
 VolumeFileSystem::VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root,
-                                   NameMatching matching)
-    : m_rootFd(std::move(rootFd)), m_root(std::move(root)),
+                                   ImpliedLinks implied, NameMatching matching)
+    : m_rootFd(std::move(rootFd)), m_root(std::move(root)), m_implied(implied),
       m_isHostRoot(pryvane::isHostRoot(m_rootFd.get())),
       m_matching(m_isHostRoot ? NameMatching::Exact : matching),
-      m_identity(volumeIdentity(m_rootFd.get())), m_spellings(*m_root)
+      m_identity(volumeIdentity(m_rootFd.get())), m_spellings(*m_root, m_implied)
 {
+}
+
+bool VolumeFileSystem::isRoot(int folder) const
+{
+    struct stat root {};
+    struct stat data {};
+    return fstat(m_rootFd.get(), &root) == 0 && fstat(folder, &data) == 0 &&
+           root.st_dev == data.st_dev && root.st_ino == data.st_ino;
 }
 
 Presence VolumeFileSystem::presence(const FileURL& url)
@@ -167,6 +177,12 @@ VolumeFileSystem::Place VolumeFileSystem::placeOf(const std::string& path, bool 
     if (place.error == 0 &&
         fstatat(place.parent.get(), place.name.c_str(), &place.data, AT_SYMLINK_NOFOLLOW) != 0)
         place.error = errno;
+    if (place.error == ENOENT && place.parent) {
+        // An implied link has no entry of its own: it is the folder behind it.
+        if (const auto target = m_implied.targetOf(place.name);
+            target && isRoot(place.parent.get()))
+            return placeOf("/" + *target, mustBeFolder);
+    }
     if (place.error == 0 && mustBeFolder && !S_ISDIR(place.data.st_mode) &&
         !S_ISLNK(place.data.st_mode))
         place.error = ENOTDIR;
@@ -240,7 +256,7 @@ Measurable VolumeFileSystem::measurable(const FileURL& url)
     if (place.error)
         return {};
     if (!S_ISDIR(place.data.st_mode))
-        return {{}, std::int64_t{place.data.st_blocks} * 512};
+        return {{}, FileSizes().bytes(place.data, place.parent.get())};
     return {UniqueFd(openat(place.parent.get(), place.name.c_str(),
                             O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)),
             0};
@@ -327,7 +343,7 @@ VolumeFileSystem::Parent VolumeFileSystem::openParent(const FileURL& url) const
 {
     Place place = placeOf(url.relativePath(), url.mustBeFolder());
     if (m_matching == NameMatching::AsOnMac && meansAbsent(place.error)) {
-        SpellingResolver fresh(*m_root);
+        SpellingResolver fresh(*m_root, m_implied);
         const auto spelled = fresh.resolve(url.identity(), LeafLink::Keep);
         if (spelled.presence == Presence::Present)
             place = placeOf("/" + spelled.path, url.mustBeFolder());
@@ -337,7 +353,7 @@ VolumeFileSystem::Parent VolumeFileSystem::openParent(const FileURL& url) const
 
 std::string VolumeFileSystem::placeBehindLinks(const FileURL& url) const
 {
-    auto resolved = SpellingResolver(*m_root).resolve(url.identity(), LeafLink::Keep);
+    auto resolved = SpellingResolver(*m_root, m_implied).resolve(url.identity(), LeafLink::Keep);
     return resolved.presence == Presence::Present ? "/" + resolved.path : std::string();
 }
 

@@ -72,6 +72,9 @@ public:
     /// spelling, read anew; empty where it cannot be told.
     [[nodiscard]] std::string placeBehindLinks(const FileURL& url) const;
 
+    /// The links to /private that the volume lacks and that are followed all the same.
+    [[nodiscard]] ImpliedLinks impliedLinks() const { return m_implied; }
+
     /// Whether the volume is the very disk that this host runs from.
     [[nodiscard]] bool isHostRoot() const { return m_isHostRoot; }
 
@@ -79,14 +82,17 @@ public:
     [[nodiscard]] int rootHandle() const { return m_rootFd.get(); }
 
 private:
-    VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root, NameMatching matching);
+    VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root, ImpliedLinks implied,
+                     NameMatching matching);
 
     struct Place;
     [[nodiscard]] Place placeOf(const std::string& path, bool mustBeFolder) const;
     [[nodiscard]] Place locate(const FileURL& url);
+    [[nodiscard]] bool isRoot(int folder) const;
 
     UniqueFd m_rootFd;
     std::unique_ptr<ConfinedRoot> m_root;
+    ImpliedLinks m_implied;
     bool m_isHostRoot;
     NameMatching m_matching;
     std::string m_identity;

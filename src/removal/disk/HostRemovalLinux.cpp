@@ -1,4 +1,5 @@
 #include "removal/disk/HostRemoval.h"
+#include "volume/HostVolume.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -63,7 +64,7 @@ std::string unescaped(const std::string& field)
 std::optional<EntryFacts> factsOf(int folder, const std::string& name)
 {
     constexpr unsigned kAsked =
-        STATX_TYPE | STATX_MODE | STATX_INO | STATX_BLOCKS | STATX_UID | STATX_MNT_ID;
+        STATX_TYPE | STATX_MODE | STATX_INO | STATX_BLOCKS | STATX_SIZE | STATX_UID | STATX_MNT_ID;
     const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | (name.empty() ? AT_EMPTY_PATH : 0);
     struct statx data {};
     if (statx(folder, name.c_str(), flags, kAsked, &data) != 0)
@@ -73,6 +74,9 @@ std::optional<EntryFacts> factsOf(int folder, const std::string& name)
     facts.kind = kindOfMode(data.stx_mode);
     if (facts.kind != FileKind::Folder)
         facts.bytes = static_cast<std::int64_t>(data.stx_blocks) * 512;
+    if (data.stx_blocks == 0 && data.stx_size > 0 && facts.kind == FileKind::RegularFile &&
+        leavesOutBlocks(folder))
+        facts.bytes = static_cast<std::int64_t>((data.stx_size + 511) / 512 * 512);
     facts.owner = data.stx_uid;
     facts.isSticky = facts.kind == FileKind::Folder && (data.stx_mode & S_ISVTX) != 0;
     facts.isLocked = (data.stx_attributes & (STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND)) != 0;

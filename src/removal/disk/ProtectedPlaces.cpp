@@ -114,6 +114,11 @@ ProtectedPlaces::ProtectedPlaces(const VolumeFileSystem& disk,
 {
     addWithAllAbove(openToSearch(disk.rootHandle(), "."));
     addEntriesOf(disk, {}, openToSearch(disk.rootHandle(), "."));
+    for (const std::string_view name : ImpliedLinks::kNames) {
+        const std::string inside = "/" + std::string(name) + "/.";
+        if (const auto behind = disk.openParent(FileURL::fileURLWithPath(inside)).parent)
+            m_places.push_back(idOf(behind.get()));
+    }
     for (const std::string& path : ownFolders) {
         if (UniqueFd folder = openToSearch(AT_FDCWD, path.c_str())) {
             m_own.push_back(idOf(folder.get()));

@@ -111,10 +111,20 @@ private:
                 if (!names.empty())
                     names.pop_back();
             } else if (*name != ".") {
+                if (names.empty() && impliedLink(*name))
+                    names.emplace_back("private");
                 names.emplace_back(*name);
             }
         }
         return {};
+    }
+
+    /// Whether that name in the root is a link which the disk lacks and everything else follows.
+    [[nodiscard]] bool impliedLink(std::string_view name) const
+    {
+        return m_disk.nameMatching() == NameMatching::AsOnMac
+                   ? m_disk.impliedLinks().targetOfFolded(name).has_value()
+                   : m_disk.impliedLinks().targetOf(name).has_value();
     }
 
     /// One name further down, in the disk's spelling; `name` is set to it.
