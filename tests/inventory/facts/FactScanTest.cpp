@@ -1,0 +1,309 @@
+// The facts of a planted disk, through the disk's own interface.
+#include "inventory/facts/FactScan.h"
+
+#include "inventory/facts/FactFixtures.h"
+#include "inventory/facts/Whereabouts.h"
+#include "support/ForwardingDisk.h"
+#include "support/Volumes.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <set>
+#include <sys/stat.h>
+
+namespace pryvane::test {
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+const std::string kTcc = "Library/Application Support/com.apple.TCC/TCC.db";
+
+/// Notes which files were read, and which folders listed.
+class WatchedDisk final : public ForwardingDisk {
+public:
+    using ForwardingDisk::ForwardingDisk;
+    Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
+    {
+        read.insert(url.absolutePath());
+        return m_disk.readSmallFile(url, limit);
+    }
+    FolderListing list(const FileURL& folder) override
+    {
+        listed.insert(folder.absolutePath());
+        return m_disk.list(folder);
+    }
+    std::set<std::string> read;
+    std::set<std::string> listed;
+};
+
+class FactScan : public testing::Test {
+protected:
+    void job(const std::string& path, const std::string& label, const std::string& program,
+             const std::string& more = {}) const
+    {
+        volume.file(path, xmlOf(element("dict", entry("Label", string(label)) +
+                                                    entry("Program", string(program)) + more)));
+    }
+    void permissions(const std::string& path, const std::string& rows) const
+    {
+        volume.file(path, databaseOf("CREATE TABLE access (service,client,client_type,auth_value,"
+                                     "auth_reason); INSERT INTO access VALUES " +
+                                     rows));
+    }
+    Facts gather(const FactKinds& kinds = FactKinds::all())
+    {
+        disk = volumeAt(volume, NameMatching::AsOnMac);
+        watched = std::make_unique<WatchedDisk>(*disk);
+        return gatherFacts(*watched, factHomes(*watched), kinds, stop);
+    }
+
+    TemporaryFolder volume;
+    std::unique_ptr<VolumeFileSystem> disk;
+    std::unique_ptr<WatchedDisk> watched;
+    StopFlag stop;
+};
+
+std::string textOf(const ProgramOnDisk& program)
+{
+    constexpr const char* kWhere[] = {"not known", "there", "missing"};
+    constexpr const char* kPlaces[] = {"", "", ", hidden", ", temporary", ", shared", ", home of "};
+    const auto place = static_cast<std::size_t>(program.place);
+    return std::string(kWhere[static_cast<std::size_t>(program.whereabouts)]) + kPlaces[place] +
+           (program.place == PlaceKind::Home ? program.home : "");
+}
+
+std::vector<std::string> permissionsOf(const Facts& facts)
+{
+    std::vector<std::string> rows;
+    for (const Permission& row : facts.permissions)
+        rows.push_back(row.origin.user + "|" + row.service + "|" +
+                       (row.name.empty() ? row.client : row.name) + "|" + textOf(row.program));
+    return rows;
+}
+
+std::vector<std::string> startUpOf(const Facts& facts)
+{
+    std::vector<std::string> rows;
+    for (const StartUpItem& item : facts.startUp)
+        rows.push_back(item.origin.user + "|" + item.label + "|" +
+                       (item.state == OnOff::On    ? "on"
+                        : item.state == OnOff::Off ? "off"
+                                                   : "?") +
+                       "|" + textOf(item.program));
+    return rows;
+}
+
+std::vector<std::string> troublesOf(const Facts& facts)
+{
+    std::vector<std::string> rows;
+    for (const SourceNote& note : facts.sources)
+        if (note.state != SourceNote::State::Read)
+            rows.push_back(note.path + ": " + note.reason);
+    return rows;
+}
+
+} // namespace
+
+TEST_F(FactScan, WhoMayWatchIsToldForEveryAccount)
+{
+    volume.file("Library/Application Support/.rec/recorder");
+    volume.file("Applications/Chat.app/Contents/Info.plist",
+                xmlOf(element("dict", entry("CFBundleIdentifier", string("com.chat")) +
+                                          entry("CFBundleName", string("Chat")))));
+    volume.file("Users/bob/k");
+    permissions(kTcc, "('kTCCServiceScreenCapture','/Library/Application Support/.rec/recorder',"
+                      "1,2,4),('kTCCServiceCamera','com.chat',0,0,2)");
+    permissions("Users/alice/" + kTcc,
+                "('kTCCServiceListenEvent','/private/tmp/x',1,2,2),('a','com.gone',0,2,2)");
+    permissions("Users/bob/" + kTcc, "('a','/Users/bob/k',1,2,2),('a','/Users/Shared/k',1,2,2),"
+                                     "('a','/usr/libexec/sshd',1,2,2),('a','/opt/x',1,2,2)");
+    const Facts facts = gather({.permissions = true});
+    EXPECT_THAT(permissionsOf(facts),
+                ElementsAre("|kTCCServiceScreenCapture|recorder|there, hidden",
+                            "|kTCCServiceCamera|Chat|there",
+                            "alice|kTCCServiceListenEvent|x|missing, temporary",
+                            "alice|a|com.gone|not known", "bob|a|k|there, home of bob",
+                            "bob|a|k|missing, shared", "bob|a|sshd|not known", "bob|a|x|missing"));
+    EXPECT_THAT(troublesOf(facts), IsEmpty());
+    EXPECT_EQ(facts.permissions[0].origin.source, "/" + kTcc);
+    EXPECT_THAT(facts.startUp, IsEmpty());
+}
+
+TEST_F(FactScan, WhatStartsKnowsWhetherItIsSwitchedOff)
+{
+    const std::string accounts = "private/var/db/dslocal/nodes/Default/users/";
+    volume.file(accounts + "alice.plist",
+                xmlOf(element("dict", entry("name", element("array", string("alice"))) +
+                                          entry("uid", element("array", string("501"))))));
+    const std::string switched = "private/var/db/com.apple.xpc.launchd/";
+    volume.file(switched + "disabled.plist",
+                xmlOf(element("dict", entry("d.off", "<true/>") + entry("d.on", "<false/>") +
+                                          entry("com.openssh.sshd", "<false/>"))));
+    volume.file(switched + "disabled.501.plist",
+                xmlOf(element("dict", entry("a.off", "<true/>") + entry("shared", "<true/>"))));
+    volume.file("opt/run");
+    job("Library/LaunchDaemons/1.plist", "d.off", "/opt/run");
+    job("Library/LaunchDaemons/2.plist", "d.on", "/opt/run", entry("Disabled", "<true/>"));
+    job("Library/LaunchDaemons/3.plist", "d.itself", "/opt/none", entry("Disabled", "<true/>"));
+    job("Library/LaunchAgents/4.plist", "shared", "/opt/run");
+    job("Users/alice/Library/LaunchAgents/.5.plist", "a.off", "/opt/run");
+    job("Applications/B.app/Contents/Library/LaunchAgents/6.plist", "inside", "Contents/MacOS/h");
+    volume.file("Applications/B.app/Contents/MacOS/h");
+    volume.file("private/var/at/tabs/alice", "* * * * * /tmp/.x/run\n");
+    volume.file("Users/alice/.zshrc");
+    const Facts facts = gather({.startUp = true});
+    EXPECT_THAT(startUpOf(facts),
+                ElementsAre("|d.off|off|there", "|d.on|on|there", "|d.itself|off|missing",
+                            "|shared|on|there", "alice|a.off|off|there", "|inside|on|there",
+                            "alice|/tmp/.x/run|?|missing, hidden", "alice|.zshrc|?|there, hidden"));
+    EXPECT_THAT(facts.startUp[3].when, ElementsAre("switched off for alice"));
+    EXPECT_TRUE(facts.startUp[4].hidden);
+    EXPECT_EQ(facts.startUp[5].application, "/Applications/B.app");
+    EXPECT_THAT(facts.remoteAccess, IsEmpty());
+
+    std::vector<std::string> remote;
+    for (const RemoteFact& fact : gather({.remoteAccess = true}).remoteAccess)
+        if (fact.state != OnOff::NotKnown)
+            remote.push_back(fact.what);
+    EXPECT_THAT(remote, ElementsAre("Remote login (SSH)"));
+}
+
+TEST_F(FactScan, RemoteToolsAreFoundAmongWhatStarts)
+{
+    job("Library/LaunchDaemons/com.teamviewer.service.plist", "com.teamviewer.service", "/x");
+    volume.file("Users/alice/.ssh/authorized_keys", "ssh-rsa A\n");
+    std::vector<std::string> facts;
+    for (const RemoteFact& fact : gather({.remoteAccess = true}).remoteAccess)
+        facts.push_back(fact.origin.user + "|" + fact.what + "|" + fact.detail);
+    EXPECT_THAT(facts, Contains("|Starts by itself: TeamViewer|com.teamviewer.service"));
+    EXPECT_THAT(facts, Contains("alice|Keys that may log in from elsewhere|1 key"));
+}
+
+TEST_F(FactScan, TheNewestBackgroundItemsCountAndOthersAreLeftAlone)
+{
+    const std::string folder = "private/var/db/com.apple.backgroundtaskmanagement/";
+    volume.file(folder + "BackgroundItems-v4.btm", "old");
+    volume.file(folder + "BackgroundItems-v13.btm", "new");
+    EXPECT_THAT(troublesOf(gather({.startUp = true})),
+                ElementsAre(testing::StartsWith("/" + folder +
+                                                "BackgroundItems-v13.btm: the "
+                                                "background items are not")));
+    EXPECT_EQ(watched->read.count("/" + folder + "BackgroundItems-v4.btm"), 0U);
+}
+
+TEST_F(FactScan, WhatCannotBeReadIsNamedAndTheRestIsRead)
+{
+    volume.folder("Library/LaunchDaemons");
+    mkfifo(volume.hostPath("Library/LaunchDaemons/fifo.plist").c_str(), 0600);
+    volume.link("Library/LaunchDaemons/link.plist", "/dev/zero");
+    volume.file("Library/LaunchDaemons/broken.plist", "<plist><dict>");
+    job("Library/LaunchDaemons/good.plist", "good", "/x");
+    volume.link("Library/LaunchDaemons/loop.plist", "loop.plist");
+    permissions(kTcc, "('a','b',0,2,2)");
+    volume.file(kTcc + "-wal", std::string(5000, 'w'));
+    volume.file("Users/alice/" + kTcc, "no database");
+    const Facts facts = gather();
+    EXPECT_THAT(startUpOf(facts), ElementsAre("|good|on|missing"));
+    EXPECT_EQ(facts.permissions.size(), 1U);
+    const std::string daemons = "/Library/LaunchDaemons/";
+    EXPECT_THAT(
+        troublesOf(facts),
+        UnorderedElementsAre(
+            "/" + kTcc +
+                "-wal: what was last written to the database and waits here is "
+                "not read",
+            "/Users/alice/" + kTcc + ": the database is not understood: it does not begin like one",
+            testing::StartsWith(daemons + "broken.plist: the property list cannot be"),
+            daemons + "fifo.plist: not a regular file", daemons + "link.plist: not a regular file",
+            daemons + "loop.plist: not a regular file"));
+}
+
+/// A path fits a source's place, below any home.
+bool isListed(const std::string& path)
+{
+    const auto parts = [](std::string_view text) {
+        std::vector<std::string> names;
+        for (std::size_t end = 0; !text.empty(); text.remove_prefix(std::min(end + 1, text.size())))
+            names.emplace_back(text.substr(0, end = std::min(text.find('/'), text.size())));
+        return names;
+    };
+    return std::any_of(factSources().begin(), factSources().end(), [&](const FactSource& source) {
+        std::string place = source.place;
+        if (place.starts_with("~/"))
+            place = "/Users/*" + place.substr(1);
+        const auto wanted = parts(place);
+        const auto names = parts(path);
+        return std::equal(
+            names.begin(), names.end(), wanted.begin(), wanted.end(),
+            [](const auto& name, const auto& pattern) { return fitsPattern(name, pattern); });
+    });
+}
+
+TEST_F(FactScan, NothingBesideTheListedSourcesIsRead)
+{
+    for (const FactSource& source : factSources()) {
+        std::string path = source.place;
+        EXPECT_TRUE(path.starts_with('/') || path.starts_with("~/")) << path;
+        EXPECT_NE(std::string(source.what), "") << path;
+        EXPECT_NE(std::string(source.systems), "") << path;
+        if (path.starts_with("~/"))
+            path = "/Users/alice" + path.substr(1);
+        std::replace(path.begin(), path.end(), '*', 'x');
+        volume.file(path, "something");
+        volume.file(path + ".other", "something else");
+    }
+    volume.file("Users/alice/Documents/letter.txt");
+    permissions(kTcc, "('a','com.b',0,2,2)"); // else no application is looked for
+    static_cast<void>(gather());
+    EXPECT_GT(watched->read.size(), 20U);
+    for (const std::string& path : watched->read)
+        EXPECT_TRUE(isListed(path)) << path;
+    EXPECT_EQ(watched->listed.count("/Users/alice/Documents"), 0U);
+}
+
+TEST_F(FactScan, ThousandsOfRowsAreOneMomentsWork)
+{
+    for (int i = 0; i < 2000; ++i)
+        job("Library/LaunchAgents/" + std::to_string(i) + ".plist", "j", "/opt/x");
+    const Facts facts = gather({.startUp = true});
+    EXPECT_EQ(facts.startUp.size(), 2000U);
+    EXPECT_TRUE(facts.whole);
+    stop.request();
+    EXPECT_THAT(gather().startUp, IsEmpty());
+}
+
+TEST(ProgramPlaces, AreToldByNames)
+{
+    const struct {
+        const char* path;
+        PlaceKind kind;
+        const char* home;
+    } rows[] = {
+        {"/Applications/A.app/Contents/MacOS/A", PlaceKind::Usual, ""},
+        {"/opt/.x", PlaceKind::HiddenFolder, ""},
+        {"/opt/.x/y/z", PlaceKind::HiddenFolder, ""},
+        {"/opt/../x/./y", PlaceKind::Usual, ""},
+        {"/tmp/x", PlaceKind::TemporaryFolder, ""},
+        {"/tmpx/x", PlaceKind::Usual, ""},
+        {"/private/var/folders/a/b", PlaceKind::TemporaryFolder, ""},
+        {"/Users/Shared/x", PlaceKind::Shared, ""},
+        {"/Users/Shared/.x/y", PlaceKind::HiddenFolder, ""},
+        {"/Users/bob/x", PlaceKind::Home, "bob"},
+        {"x", PlaceKind::NotKnown, ""},
+        {"", PlaceKind::NotKnown, ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(placeOf(row.path).kind, row.kind) << row.path;
+        EXPECT_EQ(placeOf(row.path).home, row.home) << row.path;
+    }
+    EXPECT_EQ(applicationOf("/A/B.app/C.app/d"), "/A/B.app");
+    EXPECT_EQ(applicationOf("/A/B.apple/x"), "");
+    EXPECT_EQ(applicationOf("/A/B.app"), "/A/B.app");
+}
+
+} // namespace pryvane::test
