@@ -55,15 +55,14 @@ void ReportRemoval::removeSelected()
         start(checked(), Then::BannerPlain);
 }
 
-void ReportRemoval::planSelected(std::function<std::string(std::string_view)> foldedName,
-                                 std::function<void(RemovalPlan)> done)
+void ReportRemoval::planSelected(std::function<void(RemovalPlan)> done)
 {
     if (!mayStart())
         return;
-    m_session.plan([this, what = RecordSelection{eachOnce(checked()), m_screen.openReport()->volume,
-                                                 m_screen.user, std::move(foldedName)}](
-                       const StopFlag& stop) { return m_records.plan(what, stop); },
-                   std::move(done));
+    m_session.plan(
+        [this, what = RecordSelection{eachOnce(checked()), m_screen.openReport()->volume}](
+            const StopFlag& stop) { return m_records.plan(what, stop); },
+        std::move(done));
 }
 
 void ReportRemoval::reloadReportView()
@@ -102,8 +101,8 @@ void ReportRemoval::start(const SpywareList& records, Then then)
 {
     m_banner.reset();
     const auto from = m_screen.openReport();
-    const auto what = std::make_shared<const RecordSelection>(
-        RecordSelection{eachOnce(records), from->volume, m_screen.user});
+    const auto what =
+        std::make_shared<const RecordSelection>(RecordSelection{eachOnce(records), from->volume});
     m_session.remove(
         what->records.size(),
         [this, what](const StopFlag& stop, const RemovalResults& told) {

@@ -34,9 +34,8 @@ public:
     ReportRemoval& operator=(const ReportRemoval&) = delete;
 
     /// Looks in the background what removing the checked threats would do, and tells it unless
-    /// something else was asked for meanwhile. `foldedName` as in ExplainQuestion.
-    void planSelected(std::function<std::string(std::string_view)> foldedName,
-                      std::function<void(RemovalPlan)> done);
+    /// something else was asked for meanwhile.
+    void planSelected(std::function<void(RemovalPlan)> done);
 
     /// The remove button: asks, has browsers quit, removes the checked threats.
     void removeSelected();

@@ -2,7 +2,7 @@
 #include "cli/Console.h"
 #include "core/Escape.h"
 #include "hosts/posix/CurrentUser.h"
-#include "signatures/Explain.h"
+#include "signatures/FlaggedBy.h"
 #include "volume/FoldedName.h"
 
 #include <ostream>
@@ -31,7 +31,11 @@ int runExplain(const ExplainArguments& arguments, const Console& console)
         return console.fail("the path is empty; give a path of the Mac, such as /Library/X.plist");
     ExplainQuestion question;
     question.path = arguments.path;
-    question.user = arguments.user.empty() ? loginUser() : arguments.user;
+    question.user = arguments.user;
+    if (question.user.empty())
+        question.user = userOfPath(arguments.path);
+    if (question.user.empty())
+        question.user = loginUser();
     question.foldedName = [](std::string_view name) { return foldedName(name); };
     const Explanation explanation = explain(question);
 
@@ -72,7 +76,8 @@ void addExplainCommand(CommandLine& line, CLI::App& app)
         ->required();
     command
         ->add_option("--user", arguments->user,
-                     "Short name of the Mac's user (default: whoever runs this)")
+                     "Short name of the Mac's user (default: the one whose home PATH is in, else "
+                     "whoever runs this)")
         ->type_name("NAME");
     command->footer(
         "Exit code: 0 no rule flags it, 1 at least one does.\n"

@@ -9,8 +9,8 @@
 #include "removal/session/BrowsersToQuit.h"
 #include "removal/session/RecordRemoval.h"
 #include "reports/DefaultMethods.h"
+#include "signatures/FlaggedBy.h"
 #include "signatures/MakersApplications.h"
-#include "volume/FoldedName.h"
 
 #include <algorithm>
 #include <atomic>
@@ -28,6 +28,7 @@ struct RemoveArguments {
     std::string id;
     std::vector<std::string> items;
     bool all = false;
+    bool weak = false;
     bool dryRun = false;
     bool yes = false;
 };
@@ -37,12 +38,24 @@ struct Choice {
     RecordSelection selection;
     std::vector<std::size_t> numbers;
     std::optional<std::size_t> leftOut = {}; ///< the number of the item that is never removed
+    std::size_t weak = 0; ///< still there on weak evidence, which must be asked for
+
+    [[nodiscard]] bool isAll() const { return !leftOut && weak == 0; }
 };
 
 std::string remoteDesktopText(std::size_t number)
 {
     return "item " + std::to_string(number) +
            " stays: " + obstacleText(RemovalObstacle::RemoteDesktop);
+}
+
+std::string weakText(std::size_t count)
+{
+    return countedText(count, "finding that rests", "findings that rest") +
+           " on weak evidence (a part of a name alone) " + (count == 1 ? "stays" : "stay") +
+           "; it may well be something harmless. pryvane-cli report show tells what matched; "
+           "remove "
+           "it with --item N, or all of it with --weak";
 }
 
 Result<std::size_t> itemNumber(const std::string& text, std::size_t count)
@@ -80,17 +93,16 @@ Result<std::vector<std::size_t>> itemNumbers(const RemoveArguments& arguments, s
     return numbers;
 }
 
-Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& arguments,
-                      const std::string& user)
+Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& arguments)
 {
     const auto numbers = itemNumbers(arguments, report.spyWareList->size());
     if (!numbers)
         return numbers.error();
     Choice choice;
     choice.selection.volume = report.volume;
-    choice.selection.user = user;
-    if (!arguments.volume.caseSensitive)
-        choice.selection.foldedName = [](std::string_view name) { return foldedName(name); };
+    SpywareList weak;
+    const bool leavesWeak = arguments.all && !arguments.weak;
+    FindingRules rules;
     for (const std::size_t number : *numbers) {
         const auto& record = (*report.spyWareList)[number - 1];
         const bool stays = isRemoteDesktop(*record);
@@ -98,11 +110,16 @@ Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& ar
             return Error{remoteDesktopText(number)};
         if (stays) {
             choice.leftOut = number;
+        } else if (leavesWeak && isWeak(rules.flaggedBy(*record).evidence)) {
+            if (record->isAvail)
+                weak.push_back(record);
         } else {
             choice.selection.records.push_back(record);
             choice.numbers.push_back(number);
         }
     }
+    choice.weak = static_cast<std::size_t>(
+        std::ranges::count(liesInside(weak, choice.selection.records), false));
     return choice;
 }
 
@@ -167,7 +184,7 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
     const bool whole = std::ranges::none_of(results, [](const RemovalResult& result) {
         return result.outcome == RemovalOutcome::Failed;
     });
-    return whole && !choice.leftOut ? kDone : kFindings;
+    return whole && choice.isAll() ? kDone : kFindings;
 }
 
 int removeChosen(Host& host, const Choice& choice, const RemoveArguments& arguments,
@@ -218,13 +235,15 @@ int runRemove(const RemoveArguments& arguments, const Console& console)
         console.say("the report has no findings; there is nothing to remove");
         return arguments.items.empty() ? kDone : kFailed;
     }
-    const auto choice = choose(**report, arguments, (*host)->user());
+    const auto choice = choose(**report, arguments);
     if (!choice)
         return console.fail(choice.error().message);
     if (choice->leftOut)
         console.say(remoteDesktopText(*choice->leftOut));
+    if (choice->weak > 0)
+        console.say(weakText(choice->weak));
     if (choice->numbers.empty())
-        return arguments.dryRun ? kDone : kFindings;
+        return arguments.dryRun || choice->isAll() ? kDone : kFindings;
     return removeChosen(**host, *choice, arguments, console);
 }
 
@@ -245,13 +264,22 @@ void addRemoveCommand(CommandLine& line, CLI::App& app)
                                    "Number of a finding in the report, from 1; may be repeated")
                       ->type_name("N")
                       ->allow_extra_args(false);
-    command->add_flag("--all", arguments->all, "Every finding of the report")->excludes(items);
+    auto* all = command
+                    ->add_flag("--all", arguments->all,
+                               "Every finding of the report but those on weak evidence")
+                    ->excludes(items);
+    command
+        ->add_flag("--weak", arguments->weak,
+                   "With --all: also those that rest on a part of a name alone")
+        ->needs(all);
     command->add_flag("--dry-run", arguments->dryRun, "Show what would happen, and remove nothing");
     command->add_flag("--yes", arguments->yes, "Do not ask");
     addVolumeOptions(*command, arguments->volume);
     command->footer(
         "Nothing goes to a trash: what is removed is gone. Ctrl+C stops between two entries, and\n"
         "what was removed by then is told.\n"
+        "--all leaves what rests on a part of a name alone, and tells how much; --weak takes it "
+        "too.\n"
         "Exit code: 0 all of it is gone, 1 something stayed or a browser must be quit first,\n"
         "2 error, 130 interrupted.\n"
         "Example: pryvane-cli remove latest --item 2 --item 5 --volume /mnt/mac --user alice");

@@ -73,8 +73,7 @@ std::string planText(const RemovalPlan& plan, std::span<const std::size_t> numbe
         const char* more = forecast.countedWhole ? "" : "+";
         table.addRow({std::to_string(numbers[i]), kindWord(forecast.kind),
                       std::to_string(forecast.entries) + more, sizeText(forecast.bytes) + more,
-                      forTerminal(row.record->infections),
-                      std::string(evidenceText(row.flaggedBy.evidence)),
+                      forTerminal(row.record->infections), forTerminal(evidenceText(row.flaggedBy)),
                       plannedText(row.record->url, forecast,
                                   obstacleText(forecast.obstacle, forecast.detail))});
     }

@@ -4,6 +4,7 @@
 #include "core/Escape.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "reports/DefaultMethods.h"
+#include "signatures/FlaggedBy.h"
 
 #include <cstdio>
 
@@ -37,13 +38,15 @@ std::string findingsText(const SpywareList& list, DiskState state)
     using Align = TextTable::Align;
     if (list.empty())
         return {};
-    TextTable table(
-        {Align::Right, Align::Left, Align::Left, Align::Left, Align::Right, Align::Left});
-    table.addRow({"#", "Threat", "Risk", "State", "Size", "Location"});
+    TextTable table({Align::Right, Align::Left, Align::Left, Align::Left, Align::Right, Align::Left,
+                     Align::Left});
+    table.addRow({"#", "Threat", "Risk", "State", "Size", "Evidence", "Location"});
+    FindingRules rules;
     for (std::size_t i = 0; i < list.size(); ++i) {
         const Spyware& record = *list[i];
         table.addRow({std::to_string(i + 1), forTerminal(record.infections),
                       forTerminal(record.risk), stateWord(record, state), sizeText(record.size),
+                      forTerminal(evidenceText(rules.flaggedBy(record))),
                       forTerminal(record.url.relativePath())});
     }
     return table.text("  ");

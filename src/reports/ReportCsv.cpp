@@ -1,11 +1,13 @@
 #include "core/Escape.h"
 #include "reports/ReportExport.h"
+#include "signatures/FlaggedBy.h"
 
 namespace pryvane {
 
 namespace {
 
-constexpr std::string_view kHeader = "item,name,infections,size,path,url,risk,isAvail\r\n";
+constexpr std::string_view kHeader =
+    "item,name,infections,size,path,url,risk,isAvail,evidence,rule,matched\r\n";
 
 /// A cell of foreign text: harmless to look at, and no formula to any spreadsheet.
 std::string cell(std::string_view bytes)
@@ -31,6 +33,7 @@ std::string cell(std::string_view bytes)
 std::string reportAsCsv(const SpywareScanReport& report)
 {
     std::string csv(kHeader);
+    FindingRules rules;
     std::size_t item = 0;
     for (const auto& record : *report.spyWareList) {
         csv += std::to_string(++item) + ',';
@@ -40,7 +43,11 @@ std::string reportAsCsv(const SpywareScanReport& report)
         csv += cell(record->url.relativePath()) + ',';
         csv += cell(record->url.urlText()) + ',';
         csv += cell(record->risk) + ',';
-        csv += record->isAvail ? "true\r\n" : "false\r\n";
+        csv += record->isAvail ? "true," : "false,";
+        const FlaggedBy flaggedBy = rules.flaggedBy(*record);
+        csv += cell(evidenceText(flaggedBy.evidence)) + ',';
+        csv += cell(flaggedBy.rule) + ',';
+        csv += cell(flaggedBy.text) + "\r\n";
     }
     return csv;
 }

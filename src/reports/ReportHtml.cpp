@@ -1,5 +1,6 @@
 #include "core/Escape.h"
 #include "reports/ReportExport.h"
+#include "signatures/FlaggedBy.h"
 
 namespace pryvane {
 
@@ -79,8 +80,10 @@ void findings(std::string& page, const SpywareList& list)
     if (list.empty())
         return;
     page += "<h2>Findings</h2>\n<div class=\"table\"><table>\n<thead><tr><th>#</th><th>Name</th>"
-            "<th>Threat</th><th>Risk</th><th>Size</th><th>Location</th><th>On disk</th></tr>"
+            "<th>Threat</th><th>Risk</th><th>Size</th><th>Location</th><th>Evidence</th><th>On "
+            "disk</th></tr>"
             "</thead>\n<tbody>\n";
+    FindingRules rules;
     std::size_t item = 0;
     for (const auto& record : list) {
         page += record->isAvail ? "<tr>" : "<tr class=\"soft\">";
@@ -90,6 +93,7 @@ void findings(std::string& page, const SpywareList& list)
         element(page, "td", record->risk);
         element(page, "td", sizeText(record->size), "number");
         element(page, "td", record->url.relativePath(), "path");
+        element(page, "td", evidenceText(rules.flaggedBy(*record)));
         element(page, "td", record->isAvail ? "yes" : "no");
         page += "</tr>\n";
     }

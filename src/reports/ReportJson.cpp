@@ -1,5 +1,6 @@
 #include "core/Escape.h"
 #include "reports/ReportExport.h"
+#include "signatures/FlaggedBy.h"
 
 #include <nlohmann/json.hpp>
 
@@ -9,14 +10,23 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json recordJson(const Spyware& record)
+Json recordJson(const Spyware& record, const FlaggedBy& flaggedBy)
 {
     return {
-        {"name", forJson(record.name)},  {"infections", forJson(record.infections)},
-        {"size", record.size},           {"path", forJson(record.url.relativePath())},
-        {"url", record.url.urlText()},   {"risk", forJson(record.risk)},
-        {"isAvail", record.isAvail},     {"isChecked", record.isChecked},
-        {"isDeleted", record.isDeleted}, {"isNoAction", record.isNoAction},
+        {"name", forJson(record.name)},
+        {"infections", forJson(record.infections)},
+        {"size", record.size},
+        {"path", forJson(record.url.relativePath())},
+        {"url", record.url.urlText()},
+        {"risk", forJson(record.risk)},
+        {"isAvail", record.isAvail},
+        {"isChecked", record.isChecked},
+        {"isDeleted", record.isDeleted},
+        {"isNoAction", record.isNoAction},
+        {"evidence", evidenceText(flaggedBy.evidence)},
+        {"isWeak", isWeak(flaggedBy.evidence)},
+        {"rule", flaggedBy.rule},
+        {"matched", forJson(flaggedBy.text)},
     };
 }
 
@@ -66,8 +76,9 @@ Json coverageJson(std::size_t findings, const ScanCoverage& coverage)
 std::string reportAsJson(const SpywareScanReport& report)
 {
     Json list = Json::array();
+    FindingRules rules;
     for (const auto& record : *report.spyWareList)
-        list.push_back(recordJson(*record));
+        list.push_back(recordJson(*record, rules.flaggedBy(*record)));
     const std::size_t findings = list.size();
     const Json json = {
         {"report",

@@ -100,12 +100,10 @@ void ThreatRemoval::removeSpyware()
         start(m_screen.lists.arrThreats, Then::RebuildList);
 }
 
-std::shared_ptr<const RecordSelection>
-ThreatRemoval::selection(const SpywareList& records,
-                         std::function<std::string(std::string_view)> foldedName) const
+std::shared_ptr<const RecordSelection> ThreatRemoval::selection(const SpywareList& records) const
 {
-    return std::make_shared<const RecordSelection>(RecordSelection{
-        removable(records), m_screen.lists.volume, m_screen.user, std::move(foldedName)});
+    return std::make_shared<const RecordSelection>(
+        RecordSelection{removable(records), m_screen.lists.volume});
 }
 
 void ThreatRemoval::start(const SpywareList& selected, Then then)
@@ -182,12 +180,12 @@ bool ThreatRemoval::removeButtonEnabled() const
     return m_screen.lists.arrThreats.size() > notCounted && !isRemoving() && !m_screen.scanRuns();
 }
 
-void ThreatRemoval::planSelectedThreats(std::function<std::string(std::string_view)> foldedName)
+void ThreatRemoval::planSelectedThreats()
 {
     if (isRemoving())
         return;
     m_plan = {};
-    m_session.plan([this, what = selection(m_screen.lists.arrThreats, std::move(foldedName))](
+    m_session.plan([this, what = selection(m_screen.lists.arrThreats)](
                        const StopFlag& stop) { return m_records.plan(*what, stop); },
                    [this](RemovalPlan plan) {
                        m_plan = std::move(plan);

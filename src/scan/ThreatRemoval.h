@@ -69,8 +69,8 @@ public:
     [[nodiscard]] bool removeButtonEnabled() const;
 
     /// Looks in the background what removing the selected findings would do; plan() has it once
-    /// isPlanning() is over. `foldedName` as in ExplainQuestion.
-    void planSelectedThreats(std::function<std::string(std::string_view)> foldedName = {});
+    /// isPlanning() is over.
+    void planSelectedThreats();
     void forgetSummary() { m_summary.reset(); }
 
     [[nodiscard]] bool isRemoving() const { return m_session.isRemoving(); }
@@ -93,8 +93,7 @@ private:
     void removed(SortedRecords records, Then then);
     void report(Then then);
     [[nodiscard]] std::shared_ptr<const RecordSelection>
-    selection(const SpywareList& records,
-              std::function<std::string(std::string_view)> foldedName = {}) const;
+    selection(const SpywareList& records) const;
 
     const Screen m_screen;
     const RecordRemoval m_records;

@@ -46,7 +46,8 @@ public:
         result.path = m_url.relativePath();
         result.isKnownGood = m_isKnownGood;
         result.applicationRule = applicationRule();
-        for (const CatalogRow& row : catalogRows()) {
+        static const auto rows = catalogRows();
+        for (const CatalogRow& row : rows) {
             if (!m_question.family.empty() && row.family != m_question.family)
                 continue;
             const bool repeated =
@@ -123,9 +124,9 @@ private:
         case RuleKind::LibraryScope:
             return belowLibraryRoot(row);
         case RuleKind::NameFragment:
-            return byName(row, m_search.touchingDot(row.signature));
+            return byName(row, !m_search.touchingDot(row.signature).empty());
         case RuleKind::BareWord:
-            return byName(row, m_search.containing(row.signature));
+            return byName(row, !m_search.containing(row.signature).empty());
         case RuleKind::FullSystemSubstring:
             return inDeepScan(row);
         }
@@ -155,17 +156,16 @@ private:
         return std::nullopt;
     }
 
-    [[nodiscard]] std::optional<ExplainMatch> byName(const CatalogRow& row,
-                                                     const std::vector<std::string>& hits) const
+    [[nodiscard]] std::optional<ExplainMatch> byName(const CatalogRow& row, bool hit) const
     {
-        if (hits.empty())
+        if (!hit)
             return std::nullopt;
         const bool bare = row.rule == RuleKind::BareWord;
         const Evidence named =
             isLaunchFolder(m_defaultFolder) ? Evidence::NameInLaunchFolder : Evidence::NameFragment;
         return ExplainMatch{.row = row,
                             .evidence = bare ? Evidence::BareSubstring : named,
-                            .location = hits.front()};
+                            .location = std::string(row.signature)};
     }
 
     /// A deep scan looks at files only, and not at those whose name begins with a dot.
@@ -177,9 +177,10 @@ private:
         std::string text = catalogue::filled(row.signature, {m_question.user});
         if (path.find(text) == std::string::npos)
             return std::nullopt;
+        const bool whole = path == text;
         const bool inHome = path.starts_with(catalogue::filled("/Users/%@/", {m_question.user}));
         return ExplainMatch{.row = row,
-                            .evidence = Evidence::BareSubstring,
+                            .evidence = whole ? Evidence::ExactPath : Evidence::BareSubstring,
                             .location = std::move(text),
                             .onlyOnWholeDisk = !inHome};
     }
@@ -212,18 +213,6 @@ std::string_view evidenceText(Evidence evidence)
 Explanation explain(const ExplainQuestion& question)
 {
     return Explainer(question).explanation();
-}
-
-FlaggedBy flaggedBy(const ExplainQuestion& question)
-{
-    // A deep scan can flag a great many files, and all of them in this one way.
-    if (question.family == catalogue::kFullSystem)
-        return {ruleText(RuleKind::FullSystemSubstring), {}, Evidence::BareSubstring};
-    const Explanation explanation = explain(question);
-    const auto best = std::ranges::min_element(explanation.matches, {}, &ExplainMatch::evidence);
-    if (best == explanation.matches.end())
-        return {"no rule of this catalogue", {}, Evidence::BareSubstring};
-    return {ruleText(best->row.rule), best->location, best->evidence};
 }
 
 } // namespace pryvane

@@ -51,21 +51,4 @@ struct Explanation {
 /// link on the way to the path is not seen through.
 [[nodiscard]] Explanation explain(const ExplainQuestion& question);
 
-/// Which rule flagged a finding, and how strongly that speaks.
-struct FlaggedBy {
-    std::string_view rule; ///< in a few words, as in the catalogue; lasts as long as the program
-    std::string text;      ///< the location or text that fits; empty where none could be told
-    Evidence evidence = Evidence::BareSubstring;
-};
-
-/// The strongest rule of the family asked for that fits the path. Like explain(), of the text
-/// alone.
-[[nodiscard]] FlaggedBy flaggedBy(const ExplainQuestion& question);
-
-/// Whether a finding of that kind may well be something harmless of a similar name.
-[[nodiscard]] constexpr bool isWeak(Evidence evidence)
-{
-    return evidence == Evidence::BareSubstring;
-}
-
 } // namespace pryvane

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace pryvane {
 namespace {
 
@@ -61,6 +63,7 @@ TEST_F(RemoveCommandTest, SaysWhatIsWrongWithTheArguments)
         {{"--item=-1"}, "is no item's number"},
         {{"--item", "2", "--item", "3", "--item", "2"}, "item 2 is named twice"},
         {{"--item", "2", "--all"}, "excludes"},
+        {{"--item", "2", "--weak"}, "--all"},
         {{"--item", "2", "3"}, "3"},
     };
     for (auto row : rows) {
@@ -80,12 +83,48 @@ TEST_F(RemoveCommandTest, ADryRunShowsThePlanAndRemovesNothing)
     const Outcome plan = remove({"--all", "--dry-run", "--yes"});
     EXPECT_EQ(plan.code, 0) << plan.err;
     EXPECT_THAT(plan.out, ContainsRegex("1  folder +2 +4.1 KB  Aobo Keylogger Pro +exact path"));
-    EXPECT_THAT(plan.out, ContainsRegex("2  file +1 .*known name in a launch folder  /Library"));
+    EXPECT_THAT(plan.out,
+                ContainsRegex("2  file +1 .*known name in a launch folder \"Refog\"  /Lib"));
     EXPECT_THAT(plan.out, ContainsRegex("3  gone +0 +0 byte "));
     EXPECT_THAT(plan.out,
                 HasSubstr("Would remove: 3 findings with 4 entries, 12.3 KB; 1 is gone already\n"));
     volume.plant(kMdsa);
     expectAllThere();
+}
+
+TEST_F(RemoveCommandTest, AllLeavesWhatRestsOnAPartOfANameAlone)
+{
+    const std::vector<std::string> weak{"/Library/Preferences/com.okaz.x",
+                                        "/Users/alice/notes/TypeRecorder.txt",
+                                        "/Users/alice/notes/Koobface.txt"};
+    for (const std::string& path : weak)
+        volume.plant(path);
+    const Outcome found = scan({"--deep"});
+    EXPECT_THAT(found.out,
+                ContainsRegex("name fragment \"Okaz\" +/Library/Preferences/com.okaz.x"));
+    EXPECT_THAT(found.out, ContainsRegex("bare substring \"TypeRecorder\" +/Users/alice/notes"));
+    const Outcome plan = remove({"--all", "--dry-run"});
+    EXPECT_THAT(plan.err, HasSubstr("3 findings that rest on weak evidence"));
+    EXPECT_THAT(plan.out, HasSubstr("Would remove: 4 findings with"));
+
+    const Outcome all = remove({"--all", "--yes"});
+    EXPECT_EQ(all.code, 1) << "something stays";
+    EXPECT_THAT(all.err, HasSubstr("3 findings that rest on weak evidence"));
+    EXPECT_FALSE(volume.contains(kAobo) || volume.contains(kRefog) || volume.contains(kMdworker));
+    const auto left = [&] {
+        return std::ranges::count_if(weak, [&](const auto& path) { return volume.contains(path); });
+    };
+    EXPECT_EQ(left(), 3);
+
+    const std::string number =
+        found.out.substr(found.out.rfind("  ", found.out.find("Okaz Installer") - 3) + 2, 1);
+    EXPECT_EQ(remove({"--item", number, "--yes"}).code, 0) << "named by itself";
+    EXPECT_EQ(left(), 2);
+    EXPECT_THAT(remove({"--all", "--dry-run"}).err, HasSubstr("2 findings that rest"));
+    const Outcome rest = remove({"--all", "--weak", "--yes"});
+    EXPECT_EQ(rest.code, 0) << rest.err;
+    EXPECT_EQ(left(), 0);
+    EXPECT_EQ(remove({"--all", "--yes"}).code, 0) << "what is gone is not left";
 }
 
 TEST_F(RemoveCommandTest, AsksAndRemovesOnlyWhatWasChosen)
@@ -220,15 +259,15 @@ TEST_F(RemoveCommandTest, ABrowserThatRunsBlocksOnItsOwnVolume)
         ASSERT_TRUE(reports.updateReportInDefaults(report));
     }
     test::RunningProgram safari("Safari");
-    const Outcome blocked = remove({"--all", "--yes"}, "/");
+    const Outcome blocked = remove({"--all", "--weak", "--yes"}, "/");
     EXPECT_EQ(blocked.code, 1);
     EXPECT_THAT(blocked.err, HasSubstr("Safari is running"));
     EXPECT_EQ(blocked.out, "");
-    const Outcome plan = remove({"--all", "--dry-run"}, "/");
+    const Outcome plan = remove({"--all", "--weak", "--dry-run"}, "/");
     EXPECT_EQ(plan.code, 0);
     EXPECT_THAT(plan.err, HasSubstr("Safari is running"));
     safari.quit();
-    const Outcome free = remove({"--all", "--yes"}, "/");
+    const Outcome free = remove({"--all", "--weak", "--yes"}, "/");
     EXPECT_EQ(free.code, 0) << free.err;
     EXPECT_THAT(free.out, HasSubstr("1 was gone already"));
 }

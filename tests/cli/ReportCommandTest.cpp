@@ -108,6 +108,9 @@ TEST_F(ReportCommandTest, ExplainAgreesWithTheScan)
     EXPECT_EQ(flagged.code, 1);
     EXPECT_THAT(flagged.out, HasSubstr("BlackHole RAT"));
     EXPECT_THAT(flagged.out, HasSubstr("exact path"));
+    EXPECT_EQ(run({"explain", "/Users/alice/Library/mdsa1331"}).out, flagged.out)
+        << "the user is in the path";
+    EXPECT_EQ(run({"explain", "--user", "bob", "/Users/alice/Library/mdsa1331"}).code, 0);
     EXPECT_EQ(run({"explain", "--user", "alice", "/Users/alice/Library/Fonts"}).code, 0);
 }
 

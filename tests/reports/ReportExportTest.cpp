@@ -59,7 +59,7 @@ std::vector<std::string> hostilePaths(std::size_t randomOnes)
 
 TEST(ReportJson, HasTheAgreedShape)
 {
-    auto report = reportOf({"/Library/a b"});
+    auto report = reportOf({"/Library/Preferences/a okaz."});
     report->reportId = "ID";
     report->coverage.refused = {{"/Users/x/\n", "permission denied"}};
     report->coverage.heldBack = {"/Applications/T.app"};
@@ -68,9 +68,12 @@ TEST(ReportJson, HasTheAgreedShape)
         "report": {"reportId": "ID", "reportType": "Quick Scan",
             "scanDate": "2023-11-14T22:13:20.123Z", "scanDuration": " 2 seconds",
             "spyWareCount": 1, "isRed": true, "spyWareList": [
-                {"name": "a b", "infections": "Okaz Installer", "size": 4096,
-                 "path": "/Library/a b", "url": "file:///Library/a%20b", "risk": "High Risk",
-                 "isAvail": true, "isChecked": true, "isDeleted": false, "isNoAction": false}]},
+                {"name": "a okaz.", "infections": "Okaz Installer", "size": 4096,
+                 "path": "/Library/Preferences/a okaz.",
+                 "url": "file:///Library/Preferences/a%20okaz.", "risk": "High Risk",
+                 "isAvail": true, "isChecked": true, "isDeleted": false, "isNoAction": false,
+                 "evidence": "name fragment", "isWeak": true,
+                 "rule": "name touching a dot in a default location", "matched": "Okaz"}]},
         "coverage": {"verdict": "found",
             "verdictLine": "Found: 1 potential threat; not everything could be read: 1 location could not be read.",
             "signaturesTested": 0, "foldersListed": 0, "entriesSearched": 0, "entriesWalked": 0,
@@ -125,7 +128,7 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     const Cells cells = parsedCsv(csv);
     ASSERT_EQ(cells.size(), paths.size() + 1);
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        ASSERT_EQ(cells[i].size(), 8U) << i;
+        ASSERT_EQ(cells[i].size(), 11U) << i;
         for (const auto& cell : cells[i])
             EXPECT_EQ(std::string("=+-@\t\r").find(cell[0]), std::string::npos) << cell;
         const std::string url = FileURL::fromUrlText(cells[i][5]).relativePath();

@@ -1,7 +1,9 @@
 #include "signatures/Explain.h"
 
 #include "SignatureScan.h"
+#include "findings/Spyware.h"
 #include "signatures/Catalogue.h"
+#include "signatures/FlaggedBy.h"
 #include "support/TemporaryFolder.h"
 #include "volume/FoldedName.h"
 
@@ -139,6 +141,39 @@ TEST(Explain, TellsEveryRuleThatFits)
     };
     for (const auto& row : cases)
         EXPECT_EQ(told(explained(row.path)), row.expected) << row.path;
+}
+
+TEST(FindingRules, TellTheStrongestRuleOfAFindingAndTheTextThatFits)
+{
+    const struct {
+        const char* path;
+        const char* family;
+        const char* expected;
+        bool isWeak;
+    } cases[] = {
+        {"/tmp/.mdworker", "Revir", "exact path", false},
+        {"/Users/bob/Library/.A_o_b_o/", "Aobo Keylogger Pro", "exact path", false},
+        {"/Library/LaunchAgents/com.refog.plist", "Refog Personal Monitor",
+         "known name in a launch folder \"Refog\"", false},
+        {"/Library/Preferences/com.okaz.x", "Okaz Installer", "name fragment \"Okaz\"", true},
+        {"/Users/bob/x/Sabpab.txt", "Spyware", "bare substring \"Sabpab\"", true},
+        // The longest text says most, and the home it lies in is the one that counts.
+        {"/Users/bob/Library/mdsa1331/Sabpab", "Spyware",
+         "bare substring \"/Users/bob/Library/mdsa1331\"", true},
+        // Found by the walk before the check came to it.
+        {"/Library/LaunchAgents/com.refog.plist", "Spyware",
+         "known name in a launch folder \"Refog\"", false},
+        {"/Users/bob/Library/mdsa1331", "Spyware", "exact path", false},
+        {"/no/such/rule", "Revir", "bare substring", true},
+    };
+    FindingRules rules;
+    for (const auto& row : cases) {
+        const auto record =
+            Spyware::SpyWareSeen("x", row.family, 0, FileURL::fileURLWithPath(row.path), kHighRisk);
+        const FlaggedBy flaggedBy = rules.flaggedBy(*record);
+        EXPECT_EQ(evidenceText(flaggedBy), row.expected) << row.path;
+        EXPECT_EQ(isWeak(flaggedBy.evidence), row.isWeak) << row.path;
+    }
 }
 
 TEST(Explain, FoldsLocationsTheWayTheDiskDoes)

@@ -24,7 +24,7 @@ namespace pryvane {
 
 namespace {
 
-/// Ticks in the plan are ticks in the report.
+/// What is chosen in the plan is chosen in the report.
 void checkRecords(ReportViewController& controller, const SpywareList& chosen, bool on)
 {
     if (!controller.report())
@@ -118,11 +118,10 @@ void ReportBrowserView::openPlan()
     });
     connect(plan, &PlanSheet::removalWanted, &m_controller, &ReportViewController::removeSelected);
     plan->present();
-    m_controller.removal().planSelected(m_services.foldedName,
-                                        [plan = QPointer(plan)](const RemovalPlan& made) {
-                                            if (plan)
-                                                plan->setPlan(made);
-                                        });
+    m_controller.removal().planSelected([plan = QPointer(plan)](const RemovalPlan& made) {
+        if (plan)
+            plan->setPlan(made);
+    });
 }
 
 void ReportBrowserView::showFailures()

@@ -71,14 +71,11 @@ ExplainQuestion FindingsSource::question(int row) const
     return {record(row).url.relativePath(), m_user, m_foldedName};
 }
 
-Evidence FindingsSource::evidence(int row) const
+const FlaggedBy& FindingsSource::flaggedBy(int row) const
 {
-    const auto [known, isNew] = m_evidence.try_emplace(&record(row), Evidence::BareSubstring);
-    if (isNew) {
-        ExplainQuestion ofItsThreat = question(row);
-        ofItsThreat.family = record(row).infections;
-        known->second = flaggedBy(ofItsThreat).evidence;
-    }
+    const auto [known, isNew] = m_evidence.try_emplace(&record(row));
+    if (isNew)
+        known->second = m_rules.flaggedBy(record(row));
     return known->second;
 }
 
@@ -136,7 +133,7 @@ ui::Cell FindingsSource::evidenceOrOutcome(int row) const
                 .meaning = ui::Meaning::Found,
                 .number = -2,
                 .tooltip = ui::text(forScreen(found.removalFailure))};
-    return m_of == Of::Scan ? evidenceCell(evidence(row)) : presence(row);
+    return m_of == Of::Scan ? evidenceCell(flaggedBy(row)) : presence(row);
 }
 
 ui::Cell FindingsSource::presence(int row) const
@@ -193,14 +190,19 @@ bool FindingsSource::faded(int row) const
     return !record(row).isAvail || record(row).isDeleted;
 }
 
-ui::Cell evidenceCell(Evidence evidence)
+ui::Cell evidenceCell(const FlaggedBy& flaggedBy)
 {
+    const Evidence evidence = flaggedBy.evidence;
     static const char* const icons[] = {"exact-path", "launch-folder", "name-fragment",
                                         "bare-substring"};
-    return {.text = ui::text(evidenceText(evidence)),
+    std::string why(flaggedBy.rule);
+    if (!flaggedBy.text.empty())
+        why += ": " + flaggedBy.text;
+    return {.text = ui::text(forScreen(evidenceText(flaggedBy))),
             .iconName = QLatin1String(icons[static_cast<int>(evidence)]),
             .meaning = isWeak(evidence) ? ui::Meaning::Attention : ui::Meaning::Neutral,
-            .number = static_cast<qint64>(evidence)};
+            .number = static_cast<qint64>(evidence),
+            .tooltip = ui::text(forScreen(why))};
 }
 
 } // namespace pryvane

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "findings/Spyware.h"
-#include "signatures/Explain.h"
+#include "signatures/FlaggedBy.h"
 #include "ui/RowModel.h"
 
 #include <functional>
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] const Spyware& record(int row) const;
 
     /// The strongest evidence against the record, and all of it in words.
-    [[nodiscard]] Evidence evidence(int row) const;
+    [[nodiscard]] const FlaggedBy& flaggedBy(int row) const;
     [[nodiscard]] QString whyFound(int row) const;
 
     [[nodiscard]] int count() const override;
@@ -72,10 +72,12 @@ private:
     bool m_selectable = true;
     mutable int m_lookedAt = 0; ///< the first row not yet looked at for the next one
     mutable std::optional<int> m_remoteDesktop;
-    mutable std::unordered_map<const Spyware*, Evidence> m_evidence; ///< what was asked for already
+    mutable FindingRules m_rules;
+    mutable std::unordered_map<const Spyware*, FlaggedBy>
+        m_evidence; ///< what was asked for already
 };
 
-/// Icon and word of that evidence.
-[[nodiscard]] ui::Cell evidenceCell(Evidence evidence);
+/// Icon and words of that evidence; the tooltip tells the rule and the text that fits.
+[[nodiscard]] ui::Cell evidenceCell(const FlaggedBy& flaggedBy);
 
 } // namespace pryvane

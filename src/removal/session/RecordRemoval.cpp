@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
 
 namespace pryvane {
 
@@ -57,6 +58,7 @@ void RecordRemoval::each(const RecordSelection& selection, const StopFlag& stop,
 RemovalPlan RecordRemoval::plan(const RecordSelection& selection, const StopFlag& stop) const
 {
     RemovalPlan plan;
+    FindingRules rules;
     plan.rows.reserve(selection.records.size());
     each<RemovalForecast>(
         selection, stop,
@@ -65,10 +67,7 @@ RemovalPlan RecordRemoval::plan(const RecordSelection& selection, const StopFlag
             const auto& record = selection.records[item];
             if (refusal(selection, *record) != RemovalObstacle::None)
                 forecast.kind = FileKind::Unknown;
-            plan.rows.push_back({record,
-                                 flaggedBy({record->url.relativePath(), selection.user,
-                                            selection.foldedName, record->infections}),
-                                 forecast});
+            plan.rows.push_back({record, rules.flaggedBy(*record), forecast});
         });
     plan.stopped = plan.rows.size() < selection.records.size();
     return plan;
@@ -91,6 +90,23 @@ SpywareList removable(const SpywareList& records)
     std::ranges::copy_if(records, std::back_inserter(list),
                          [](const auto& record) { return !isRemoteDesktop(*record); });
     return list;
+}
+
+std::vector<bool> liesInside(const SpywareList& records, const SpywareList& others)
+{
+    std::unordered_set<std::string_view> folders;
+    for (const auto& record : others)
+        folders.insert(record->url.identity());
+    std::vector<bool> inside(records.size());
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        std::string_view above = records[i]->url.identity();
+        for (auto slash = above.rfind('/'); !inside[i] && slash != 0 && slash < above.size();
+             slash = above.rfind('/')) {
+            above = above.substr(0, slash);
+            inside[i] = folders.contains(above);
+        }
+    }
+    return inside;
 }
 
 std::vector<std::string> pathsOf(const SpywareList& records)

@@ -3,10 +3,8 @@
 #include "platform/Remover.h"
 #include "removal/session/RemovalPlan.h"
 
-#include <functional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace pryvane {
@@ -15,9 +13,6 @@ namespace pryvane {
 struct RecordSelection {
     SpywareList records;
     std::string volume; ///< identity of the volume of their report, as FileSystem gives it
-    std::string user;   ///< short name for which the rules are filled in
-    /// How the volume's disk folds a name, see ExplainQuestion; only a plan asks for it.
-    std::function<std::string(std::string_view)> foldedName = {};
 };
 
 /// Plans and removes findings: one way for the scan screen, the report browser and the command
@@ -48,6 +43,10 @@ private:
 
 /// The records but for remote desktop, which is switched off and never removed.
 [[nodiscard]] SpywareList removable(const SpywareList& records);
+
+/// For each of the records whether it lies in the folder that one of the others is, and so goes
+/// with it.
+[[nodiscard]] std::vector<bool> liesInside(const SpywareList& records, const SpywareList& others);
 
 /// Their locations as they were found.
 [[nodiscard]] std::vector<std::string> pathsOf(const SpywareList& records);

@@ -2,7 +2,7 @@
 
 #include "findings/Spyware.h"
 #include "platform/Removal.h"
-#include "signatures/Explain.h"
+#include "signatures/FlaggedBy.h"
 
 #include <cstdint>
 #include <vector>

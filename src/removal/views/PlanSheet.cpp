@@ -60,6 +60,7 @@ PlanSheet::PlanSheet(QWidget* over, PlanSource::Ticked ticked)
     connect(m_cancel, &QPushButton::clicked, this, &Sheet::dismiss);
     connect(m_remove, &QPushButton::clicked, this, [this] {
         dismiss();
+        m_source.handOnTicks();
         Q_EMIT removalWanted();
     });
 }
@@ -114,14 +115,17 @@ void PlanSheet::leaveWeakOut()
 void PlanSheet::showTotals()
 {
     const RemovalPlan::Totals totals = m_source.totals();
-    const auto weak = m_source.weakTicked().size();
+    const auto weak = m_source.weakCount();
     m_totals->setText(totalsText(totals));
     m_remove->setEnabled(totals.rows > 0);
-    m_leaveWeakOut->setVisible(weak > 0);
+    m_leaveWeakOut->setVisible(!m_source.weakTicked().empty());
     m_weak->setText(weak == 0 ? QString()
-                              : tr("%n of these rest on a bare word inside a name. They may well "
-                                   "be something harmless: look at them first.",
-                                   nullptr, static_cast<int>(weak)));
+                    : weak == 1
+                        ? tr("1 of these rests on a part of a name alone. It may well be something "
+                             "harmless, so it is not ticked: look at it first.")
+                        : tr("%1 of these rest on a part of a name alone. They may well be "
+                             "something harmless, so they are not ticked: look at them first.")
+                              .arg(QLocale().toString(static_cast<qulonglong>(weak))));
     m_weak->setVisible(weak > 0);
 }
 

@@ -20,7 +20,8 @@ class PlanSheet final : public ui::Sheet {
     Q_OBJECT
 
 public:
-    /// `ticked` selects or unselects findings in the list that the plan is of.
+    /// `ticked` selects or unselects findings in the list that the plan is of, once the removal is
+    /// wanted; a plan that is cancelled leaves the list as it is.
     PlanSheet(QWidget* over, PlanSource::Ticked ticked);
 
     /// Shows that the disk is being looked at.

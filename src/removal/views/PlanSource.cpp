@@ -54,22 +54,43 @@ void PlanSource::setPlan(const RemovalPlan& plan)
     m_rows = plan.rows;
     std::stable_partition(m_rows.begin(), m_rows.end(),
                           [](const PlannedRecord& row) { return !isWeak(row.flaggedBy.evidence); });
+    m_ticks.clear();
+    for (const PlannedRecord& row : m_rows)
+        m_ticks.push_back(row.record->isChecked && !isWeak(row.flaggedBy.evidence));
 }
 
 RemovalPlan::Totals PlanSource::totals() const
 {
     RemovalPlan::Totals totals;
-    for (const PlannedRecord& row : m_rows)
-        if (row.record->isChecked)
-            totals.add(row);
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (m_ticks[row])
+            totals.add(m_rows[row]);
     return totals;
+}
+
+void PlanSource::handOnTicks() const
+{
+    for (const bool on : {true, false}) {
+        SpywareList records;
+        for (std::size_t row = 0; row < m_rows.size(); ++row)
+            if (m_ticks[row] == on && m_rows[row].record->isChecked != on)
+                records.push_back(m_rows[row].record);
+        if (!records.empty())
+            m_ticked(records, on);
+    }
+}
+
+std::size_t PlanSource::weakCount() const
+{
+    return static_cast<std::size_t>(std::ranges::count_if(
+        m_rows, [](const PlannedRecord& row) { return isWeak(row.flaggedBy.evidence); }));
 }
 
 std::vector<int> PlanSource::weakTicked() const
 {
     std::vector<int> rows;
     for (int row = 0; row < count(); ++row)
-        if (isWeak(at(row).flaggedBy.evidence) && at(row).record->isChecked)
+        if (isWeak(at(row).flaggedBy.evidence) && m_ticks[static_cast<std::size_t>(row)])
             rows.push_back(row);
     return rows;
 }
@@ -82,7 +103,7 @@ ui::Cell PlanSource::cell(int row, int column) const
         return {.text =
                     ui::text(forScreen(plannedLocation(planned.record->url, planned.forecast)))};
     case EvidenceColumn:
-        return evidenceCell(planned.flaggedBy.evidence);
+        return evidenceCell(planned.flaggedBy);
     case Entries:
         return entriesCell(planned.forecast);
     case Size:
@@ -96,16 +117,13 @@ ui::Cell PlanSource::cell(int row, int column) const
 
 std::optional<bool> PlanSource::ticked(int row) const
 {
-    return at(row).record->isChecked;
+    return m_ticks[static_cast<std::size_t>(row)];
 }
 
 void PlanSource::tick(const std::vector<int>& rows, bool on)
 {
-    SpywareList records;
-    records.reserve(rows.size());
     for (const int row : rows)
-        records.push_back(at(row).record);
-    m_ticked(records, on);
+        m_ticks[static_cast<std::size_t>(row)] = on;
 }
 
 QString PlanSource::group(int row, int grouping) const

@@ -16,13 +16,14 @@ namespace pryvane {
 [[nodiscard]] ui::Cell hindranceCell(const QString& words);
 
 /// The rows of a removal's plan: what would go, and what stands in the way. What rests on weak
-/// evidence comes last, in groups of its own.
+/// evidence comes last, in groups of its own, and starts unticked. Ticks are the plan's own until
+/// they are handed on.
 class PlanSource final : public ui::RowSource {
 public:
     enum Column : int { Tick, Location, EvidenceColumn, Entries, Size, Forecast };
     enum Grouping : int { None, ByRule, ByFolder };
 
-    /// Tells which records were ticked or unticked.
+    /// Tells which records are to be selected or unselected.
     using Ticked = std::function<void(const SpywareList& records, bool on)>;
 
     explicit PlanSource(Ticked ticked) : m_ticked(std::move(ticked)) {}
@@ -34,7 +35,11 @@ public:
     /// Of the rows that are ticked.
     [[nodiscard]] RemovalPlan::Totals totals() const;
 
-    /// Rows on weak evidence that are ticked.
+    /// Tells of the records whose tick here is another than their selection.
+    void handOnTicks() const;
+
+    /// Rows on weak evidence, and those of them that are ticked.
+    [[nodiscard]] std::size_t weakCount() const;
     [[nodiscard]] std::vector<int> weakTicked() const;
 
     [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
@@ -53,6 +58,7 @@ private:
 
     Ticked m_ticked;
     std::vector<PlannedRecord> m_rows;
+    std::vector<bool> m_ticks; ///< by row
 };
 
 } // namespace pryvane

@@ -208,7 +208,7 @@ void ScanView::openPlan()
             &ScanViewController::deleteSelectedThreat);
     m_planPending = true;
     m_plan->present();
-    m_controller.removal().planSelectedThreats(m_options.foldedName);
+    m_controller.removal().planSelectedThreats();
 }
 
 /// What is gone cannot stay selected.

@@ -177,7 +177,7 @@ RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findi
         forecast.kind = FileKind::RegularFile;
         forecast.entries = 1;
         forecast.bytes = 512;
-        plan.rows.push_back({record, flaggedBy({path, "al", {}, threat}), forecast});
+        plan.rows.push_back({record, FindingRules().flaggedBy(*record), forecast});
     }
     return plan;
 }

@@ -12,7 +12,7 @@ PlannedRecord planned(const char* path, const char* threat, RemovalObstacle obst
     const auto record =
         Spyware::SpyWareSeen("x", threat, 0, FileURL::fileURLWithPath(path), kHighRisk);
     record->isChecked = true;
-    PlannedRecord row{record, flaggedBy({path, "al", {}, threat}), {}};
+    PlannedRecord row{record, FindingRules().flaggedBy(*record), {}};
     row.forecast.kind = FileKind::RegularFile;
     row.forecast.entries = 1;
     row.forecast.bytes = 512;
@@ -37,7 +37,9 @@ std::vector<std::string> shown(PlanSource& source, int grouping)
 TEST(PlanSource, SetsWeakEvidenceApartHoweverItIsGrouped)
 {
     RemovalPlan plan;
-    plan.rows = {planned("/tmp/Koobface", "Spyware"),
+    plan.rows = {planned("/Library/Preferences/com.okaz.x", "Okaz Installer"),
+                 planned("/tmp/Koobface", "Spyware"),
+                 planned("/tmp/TypeRecorder.txt", "Spyware"),
                  planned("/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"),
                  planned("/tmp/.mdworker", "Revir"),
                  planned("/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor",
@@ -51,21 +53,57 @@ TEST(PlanSource, SetsWeakEvidenceApartHoweverItIsGrouped)
                 ElementsAre("/Library/LaunchAgents",
                             "- /Library/LaunchAgents/com.refog.agent.plist",
                             "- /Library/LaunchAgents/com.refog.x.plist", "/tmp", "- /tmp/.mdworker",
-                            "Look twice: /tmp", "- /tmp/Koobface"));
+                            "Look twice: /Library/Preferences", "- /Library/Preferences/com.okaz.x",
+                            "Look twice: /tmp", "- /tmp/Koobface", "- /tmp/TypeRecorder.txt"));
     EXPECT_THAT(shown(source, PlanSource::ByRule),
                 ElementsAre("Refog Personal Monitor, name touching a dot in a default location",
                             "- /Library/LaunchAgents/com.refog.agent.plist",
                             "- /Library/LaunchAgents/com.refog.x.plist", "Revir, exact path",
-                            "- /tmp/.mdworker", testing::StartsWith("Look twice: Spyware, "),
-                            "- /tmp/Koobface"));
+                            "- /tmp/.mdworker",
+                            "Look twice: Okaz Installer, name touching a dot in a default location "
+                            "\"Okaz\"",
+                            "- /Library/Preferences/com.okaz.x",
+                            "Look twice: Spyware, text in the path of a file (deep scan only) "
+                            "\"Koobface\"",
+                            "- /tmp/Koobface",
+                            "Look twice: Spyware, text in the path of a file (deep scan only) "
+                            "\"TypeRecorder\"",
+                            "- /tmp/TypeRecorder.txt"));
+}
 
-    source.tick(source.weakTicked(), false);
-    EXPECT_TRUE(source.weakTicked().empty());
+TEST(PlanSource, StartsWithWeakEvidenceUntickedAndKeepsItsTicksUntilTheyAreWanted)
+{
+    RemovalPlan plan;
+    plan.rows = {planned("/tmp/Koobface", "Spyware"), planned("/tmp/.mdworker", "Revir"),
+                 planned("/tmp/Sabpab", "Spyware"),
+                 planned("/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"),
+                 planned("/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor",
+                         RemovalObstacle::ReadOnlyVolume)};
+    PlanSource source([](const SpywareList& records, bool on) {
+        for (const auto& record : records)
+            record->isChecked = on;
+    });
+    source.setPlan(plan);
+    EXPECT_EQ(source.weakCount(), 2U);
+    EXPECT_THAT(source.weakTicked(), ElementsAre());
     const RemovalPlan::Totals totals = source.totals();
     EXPECT_EQ(totals.rows, 3U);
     EXPECT_EQ(totals.entries, 2U);
     EXPECT_EQ(totals.bytes, 2 * 512);
     EXPECT_EQ(totals.hindered, 1U);
+
+    source.tick({3}, true); // rows on weak evidence come last
+    source.tick({0}, false);
+    EXPECT_THAT(source.weakTicked(), ElementsAre(3));
+    const auto selected = [&] {
+        std::vector<bool> ticks;
+        for (const PlannedRecord& row : plan.rows)
+            ticks.push_back(row.record->isChecked);
+        return ticks;
+    };
+    EXPECT_THAT(selected(), ElementsAre(true, true, true, true, true)) << "a plan is cancelled";
+    source.handOnTicks();
+    EXPECT_THAT(selected(), ElementsAre(true, false, false, true, true));
 }
 
 } // namespace
