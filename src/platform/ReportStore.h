@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +16,13 @@ struct StoredReport {
         0; ///< in the list: a newer report has a higher one, and no two ever share one
     std::string id;
     std::string facts; ///< encoded: what a list shows
+};
+
+/// One piece of the value of the report at that place, counted from 0.
+struct StoredPiece {
+    std::int64_t place = 0;
+    std::int64_t number = 0;
+    std::string value;
 };
 
 /// Takes the pieces of a report's value, in their order; an error ends it.
@@ -40,10 +46,11 @@ public:
     /// All reports, newest first; touches no value.
     [[nodiscard]] virtual Result<std::vector<StoredReport>> list() = 0;
 
-    /// A piece of that report's value, counted from 0; none behind the last one, or once the report
-    /// is gone.
-    [[nodiscard]] virtual Result<std::optional<std::string>> piece(std::int64_t place,
-                                                                   std::int64_t number) = 0;
+    /// The piece of that report's value, and those that follow it, also in the reports of higher
+    /// places, until there are `bytes` of them; one piece at least, and none behind the last. It
+    /// begins with a later one where that piece is not there.
+    [[nodiscard]] virtual Result<std::vector<StoredPiece>>
+    pieces(std::int64_t place, std::int64_t number, std::size_t bytes) = 0;
 
     /// Puts the report at the head of the list, in place of the newest one of the same identity.
     virtual Result<Done> put(const NewReport& report) = 0;

@@ -14,6 +14,7 @@ namespace pryvane {
 
 namespace {
 
+constexpr std::size_t kReadAhead = 1 << 20; // bytes, where all reports are read
 constexpr std::string_view kOlder = preferences::kSaveReport;
 
 NewReport rowFor(const SpywareScanReport& report)
@@ -29,6 +30,37 @@ ReportFacts factsOf(const SpywareScanReport& report)
 }
 
 } // namespace
+
+/// Reads pieces one after the other, some ahead, so that many small reports take few looks at the
+/// store.
+class DefaultMethods::Pieces {
+public:
+    Pieces(ReportStore& store, std::size_t ahead) : m_store(store), m_ahead(ahead) {}
+
+    /// Null where that piece is not there. Good until the next call.
+    Result<const std::string*> at(std::int64_t place, std::int64_t number)
+    {
+        const auto wanted = [&](const StoredPiece& piece) {
+            return piece.place == place && piece.number == number;
+        };
+        while (m_next < m_read.size() && !wanted(m_read[m_next]))
+            ++m_next;
+        if (m_next == m_read.size()) {
+            auto read = m_store.pieces(place, number, m_ahead);
+            if (!read)
+                return read.error();
+            m_read = std::move(read).value();
+            m_next = 0;
+        }
+        return m_next < m_read.size() && wanted(m_read[m_next]) ? &m_read[m_next].value : nullptr;
+    }
+
+private:
+    ReportStore& m_store;
+    const std::size_t m_ahead;
+    std::vector<StoredPiece> m_read;
+    std::size_t m_next = 0;
+};
 
 DefaultMethods::DefaultMethods(UserDefaults& defaults, FileSystem& disk, Clock& clock, Log& log)
     : m_defaults(defaults), m_reports(defaults.reports()), m_disk(disk), m_clock(clock), m_log(log)
@@ -72,7 +104,8 @@ Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::loadReport(std::strin
             for (const StoredReport& row : *rows) {
                 if (row.id != reportId)
                     continue;
-                auto report = readNewest(row);
+                Pieces pieces(m_reports, 0);
+                auto report = readNewest(row, pieces);
                 if (!report || *report)
                     return report;
                 break;
@@ -114,13 +147,16 @@ ReportList DefaultMethods::loadListReportWithoutDisk(std::string_view /*key*/)
             return list;
         }
         list.reserve(rows->size());
-        for (const StoredReport& row : *rows) {
-            auto report = readNewest(row);
+        Pieces pieces(m_reports, kReadAhead);
+        for (std::size_t i = rows->size(); i-- > 0;) { // as they lie in the store
+            const StoredReport& row = (*rows)[i];
+            auto report = readNewest(row, pieces);
             if (report && *report)
                 list.push_back(std::move(report).value());
             else if (!report)
                 tellDamage("The stored report " + row.id, report.error());
         }
+        std::ranges::reverse(list);
     }
     const Date now = m_clock.now();
     for (const auto& report : list)
@@ -200,9 +236,10 @@ std::optional<Error> DefaultMethods::sameInRows(const ReportList& list)
     const auto rows = m_reports.list();
     if (!rows)
         return rows.error();
+    Pieces pieces(m_reports, kReadAhead);
     bool same = rows->size() == list.size();
-    for (std::size_t i = 0; same && i < list.size(); ++i) {
-        const auto report = read((*rows)[i]);
+    for (std::size_t i = list.size(); same && i-- > 0;) {
+        const auto report = read((*rows)[i], pieces);
         same = report && encodeReports({*report}) == encodeReports({list[i]}) &&
                (*rows)[i].facts == encodeFacts(*list[i]);
     }
@@ -212,11 +249,12 @@ std::optional<Error> DefaultMethods::sameInRows(const ReportList& list)
                  "are. Check the disk and try again."};
 }
 
-Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::read(const StoredReport& row)
+Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::read(const StoredReport& row,
+                                                                Pieces& pieces)
 {
     ReportDecoder decoder;
     for (std::int64_t number = 0; !decoder.isWhole(); ++number) {
-        const auto piece = m_reports.piece(row.place, number);
+        const auto piece = pieces.at(row.place, number);
         if (!piece)
             return piece.error();
         if (!*piece || !decoder.add(**piece))
@@ -229,11 +267,12 @@ Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::read(const StoredRepo
 
 /// The report of a row that another program may replace or take out while it is read; none once it
 /// is gone.
-Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::readNewest(StoredReport row)
+Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::readNewest(StoredReport row,
+                                                                      Pieces& pieces)
 {
     constexpr int kTries = 100;
     for (int tries = 1;; ++tries) {
-        auto report = read(row);
+        auto report = read(row, pieces);
         if (report)
             return report;
         const auto rows = m_reports.list();

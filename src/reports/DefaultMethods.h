@@ -51,12 +51,16 @@ public:
     Result<bool> deleteReport(std::string_view reportId);
 
 private:
+    class Pieces;
+
     /// The list as an earlier version kept it, all in one preference; none once it was taken over.
     [[nodiscard]] std::optional<ReportList> olderList();
     [[nodiscard]] Result<Done> takeOver();
     [[nodiscard]] std::optional<Error> sameInRows(const ReportList& list);
-    [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> read(const StoredReport& row);
-    [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> readNewest(StoredReport row);
+    [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> read(const StoredReport& row,
+                                                                  Pieces& pieces);
+    [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> readNewest(StoredReport row,
+                                                                        Pieces& pieces);
     Result<Done> told(Result<Done> outcome);
     void tellDamage(std::string_view what, const Error& error);
 

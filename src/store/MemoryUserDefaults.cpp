@@ -60,14 +60,23 @@ Result<std::vector<StoredReport>> MemoryReportStore::list()
     return rows;
 }
 
-Result<std::optional<std::string>> MemoryReportStore::piece(std::int64_t place, std::int64_t number)
+Result<std::vector<StoredPiece>> MemoryReportStore::pieces(std::int64_t place, std::int64_t number,
+                                                           std::size_t bytes)
 {
     const RecursiveMutexLock lock(m_mutex);
-    const auto held = m_list.find(place);
-    const auto index = static_cast<std::size_t>(number);
-    if (held == m_list.end() || index >= held->second.pieces.size())
-        return std::optional<std::string>();
-    return std::optional(held->second.pieces[index]);
+    std::vector<StoredPiece> pieces;
+    std::size_t size = 0;
+    for (auto held = m_list.rbegin(); held != m_list.rend(); ++held) {
+        const auto& [at, report] = *held;
+        for (std::size_t i = at == place ? static_cast<std::size_t>(number) : 0;
+             at >= place && i < report.pieces.size(); ++i) {
+            if (!pieces.empty() && size >= bytes)
+                return pieces;
+            size += report.pieces[i].size();
+            pieces.push_back({at, static_cast<std::int64_t>(i), report.pieces[i]});
+        }
+    }
+    return pieces;
 }
 
 Result<Done> MemoryReportStore::put(const NewReport& report)

@@ -12,8 +12,8 @@ namespace pryvane {
 class MemoryReportStore final : public ReportStore {
 public:
     [[nodiscard]] Result<std::vector<StoredReport>> list() override;
-    [[nodiscard]] Result<std::optional<std::string>> piece(std::int64_t place,
-                                                           std::int64_t number) override;
+    [[nodiscard]] Result<std::vector<StoredPiece>> pieces(std::int64_t place, std::int64_t number,
+                                                          std::size_t bytes) override;
     Result<Done> put(const NewReport& report) override;
     Result<bool> remove(std::string_view id) override;
     Result<Done> replaceAll(std::size_t count,

@@ -32,7 +32,7 @@ Result<std::vector<StoredReport>> SqliteReportStore::list()
 {
     const RecursiveMutexLock lock(m_mutex);
     std::vector<StoredReport> reports;
-    if (!m_store.holdsReports)
+    if (m_store.reports == ReportTables::None)
         return reports;
     SqliteStatement rows(connection(), "SELECT place, id, facts FROM report ORDER BY place DESC");
     int code = rows.step();
@@ -49,20 +49,34 @@ Result<std::vector<StoredReport>> SqliteReportStore::list()
     return reports;
 }
 
-Result<std::optional<std::string>> SqliteReportStore::piece(std::int64_t place, std::int64_t number)
+/// One statement, and so one look at the file, for all of them.
+Result<std::vector<StoredPiece>> SqliteReportStore::pieces(std::int64_t place, std::int64_t number,
+                                                           std::size_t bytes)
 {
     const RecursiveMutexLock lock(m_mutex);
-    if (!m_store.holdsReports)
-        return std::optional<std::string>();
-    Statement row(m_readPiece, connection(),
-                  "SELECT value FROM report_piece WHERE report=? AND number=?");
-    const int code = row->integer(place).integer(number).step();
-    if (code == SQLITE_DONE)
-        return std::optional<std::string>();
-    std::optional<std::string> value = std::string();
-    if (code == SQLITE_ROW && row->bytesColumn(0, *value))
-        return value;
-    return storeError("read a report", m_store.path, code == SQLITE_ROW ? SQLITE_NOMEM : code);
+    std::vector<StoredPiece> pieces;
+    const auto first = pieceKey(place, number);
+    if (m_store.reports == ReportTables::None || !first)
+        return pieces;
+    Statement rows(m_readPieces, connection(),
+                   m_store.reports == ReportTables::KeyedByTwo
+                       ? "SELECT report<<20|number, value FROM report_piece "
+                         "WHERE (report, number)>=(?1>>20, ?1&1048575) ORDER BY report, number"
+                       : "SELECT piece, value FROM report_value WHERE piece>=? ORDER BY piece");
+    int code = rows->integer(*first).step();
+    for (std::size_t size = 0; code == SQLITE_ROW; code = rows->step()) {
+        StoredPiece& piece = pieces.emplace_back();
+        piece.place = rows->integerColumn(0) / kPiecesAReport;
+        piece.number = rows->integerColumn(0) % kPiecesAReport;
+        if (!rows->bytesColumn(1, piece.value))
+            return storeError("read a report", m_store.path, SQLITE_NOMEM);
+        size += piece.value.size();
+        if (size >= bytes)
+            return pieces;
+    }
+    if (code != SQLITE_DONE)
+        return storeError("read a report", m_store.path, code);
+    return pieces;
 }
 
 Result<Done> SqliteReportStore::put(const NewReport& report)
@@ -94,7 +108,7 @@ Result<Done> SqliteReportStore::replaceAll(std::size_t count,
                                            const std::function<NewReport(std::size_t)>& at)
 {
     return change([&]() REQUIRES(m_mutex) -> Outcome {
-        Outcome outcome{connection().execute("DELETE FROM report_piece; DELETE FROM report"), {}};
+        Outcome outcome{connection().execute("DELETE FROM report_value; DELETE FROM report"), {}};
         for (std::size_t i = count; i-- > 0 && outcome.code == SQLITE_OK && !outcome.error;)
             outcome = insert(at(i));
         return outcome;
@@ -131,8 +145,9 @@ SqliteReportStore::Outcome SqliteReportStore::insert(const NewReport& report)
     const auto written =
         report.write([&](std::string_view piece) REQUIRES(m_mutex) -> Result<Done> {
             Statement part(m_insertPiece, connection(),
-                           "INSERT INTO report_piece(report, number, value) VALUES(?, ?, ?)");
-            const int code = part->integer(place).integer(number++).blob(piece).step();
+                           "INSERT INTO report_value(piece, value) VALUES(?, ?)");
+            const auto key = pieceKey(place, number++);
+            const int code = key ? part->integer(*key).blob(piece).step() : SQLITE_TOOBIG;
             if (code == SQLITE_DONE)
                 return Done{};
             outcome.code = code;
@@ -154,13 +169,16 @@ int SqliteReportStore::newest(std::string_view id, std::optional<std::int64_t>& 
 
 int SqliteReportStore::erase(std::int64_t place)
 {
-    for (const char* sql :
-         {"DELETE FROM report_piece WHERE report=?", "DELETE FROM report WHERE place=?"}) {
-        SqliteStatement row(connection(), sql);
-        if (const int code = row.integer(place).step(); code != SQLITE_DONE)
+    if (const auto first = pieceKey(place, 0)) {
+        SqliteStatement pieces(connection(),
+                               "DELETE FROM report_value WHERE piece BETWEEN ? AND ?");
+        const int code = pieces.integer(*first).integer(*first + kPiecesAReport - 1).step();
+        if (code != SQLITE_DONE)
             return code;
     }
-    return SQLITE_OK;
+    SqliteStatement row(connection(), "DELETE FROM report WHERE place=?");
+    const int code = row.integer(place).step();
+    return code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
 } // namespace pryvane

@@ -4,6 +4,8 @@
 #include "platform/ReportStore.h"
 #include "store/SqliteHandles.h"
 
+#include <optional>
+
 namespace pryvane {
 
 struct OpenedStore;
@@ -18,8 +20,8 @@ public:
     }
 
     [[nodiscard]] Result<std::vector<StoredReport>> list() override;
-    [[nodiscard]] Result<std::optional<std::string>> piece(std::int64_t place,
-                                                           std::int64_t number) override;
+    [[nodiscard]] Result<std::vector<StoredPiece>> pieces(std::int64_t place, std::int64_t number,
+                                                          std::size_t bytes) override;
     Result<Done> put(const NewReport& report) override;
     Result<bool> remove(std::string_view id) override;
     Result<Done> replaceAll(std::size_t count,
@@ -44,7 +46,7 @@ private:
     OpenedStore& m_store;
     RecursiveMutex& m_mutex;
     const bool m_readOnly;
-    std::optional<SqliteStatement> m_readPiece GUARDED_BY(m_mutex),
+    std::optional<SqliteStatement> m_readPieces GUARDED_BY(m_mutex),
         m_insertReport GUARDED_BY(m_mutex), m_insertPiece GUARDED_BY(m_mutex);
 };
 

@@ -15,33 +15,13 @@ namespace pryvane {
 
 namespace {
 
-/// No table has an index of its own, so that no index can disagree with its table.
-constexpr std::string_view kPreferences = "CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, "
-                                          "type TEXT NOT NULL, value NOT NULL) WITHOUT ROWID";
-/// AUTOINCREMENT: no place is given twice.
-constexpr std::string_view kReports = "CREATE TABLE report(place INTEGER PRIMARY KEY "
-                                      "AUTOINCREMENT, id TEXT NOT NULL, facts BLOB NOT NULL)";
-constexpr std::string_view kPieces =
-    "CREATE TABLE report_piece(report INTEGER NOT NULL, number INTEGER NOT NULL, "
-    "value BLOB NOT NULL, PRIMARY KEY(report, number)) WITHOUT ROWID";
-constexpr std::string_view kSequence = "CREATE TABLE sqlite_sequence(name,seq)"; // SQLite's own
-constexpr std::int64_t kSchemaVersion = 2;
-constexpr std::int64_t kWithoutReports = 1; ///< the version that kept them as one preference
-
-/// The file's application id: "Py", and the schema version once more, so that a damaged version
-/// number cannot pass for a later program's file.
-constexpr std::int64_t applicationId(std::int64_t version)
-{
-    return 0x50790000 + version;
-}
-
 /// What one attempt at opening came to: exactly one of the three is set.
 struct Attempt {
     std::optional<SqliteConnection> sound;
     std::optional<std::string> damage;
     std::optional<Error> error;
-    bool holdsReports = false;
     bool cutOff = false; ///< the damage is a save that was cut off, which writing would undo
+    ReportTables reports = ReportTables::None;
 };
 
 /// SQLite tells an impossible header field as a plain error, which no statement of ours causes.
@@ -124,14 +104,14 @@ Attempt checked(SqliteConnection connection, const std::string& path)
     }
     if (application != applicationId(version))
         return {{}, "its header is not one of ours", {}};
-    if (version > kSchemaVersion) {
+    constexpr auto kLatest = static_cast<std::int64_t>(ReportTables::Current);
+    if (version > kLatest) {
         return {{},
                 {},
                 Error{"The preferences in " + forScreen(path) +
                       " were written by a later version of Pryvane (format " +
-                      std::to_string(version) + ", this one knows " +
-                      std::to_string(kSchemaVersion) + "): use that version, " +
-                      std::string(kElsewhere) + "."}};
+                      std::to_string(version) + ", this one knows " + std::to_string(kLatest) +
+                      "): use that version, " + std::string(kElsewhere) + "."}};
     }
 
     std::string verdict, schema;
@@ -142,37 +122,31 @@ Attempt checked(SqliteConnection connection, const std::string& path)
             return failed(connection, path, SQLITE_CORRUPT);
         return {{}, verdict, {}};
     }
-    const std::string expected = version == kWithoutReports
-                                     ? std::string(kPreferences)
-                                     : std::string(kPreferences) + "\n" + std::string(kReports) +
-                                           "\n" + std::string(kPieces) + "\n" +
-                                           std::string(kSequence);
     const int read = readText(
         connection,
         "SELECT group_concat(sql, char(10)) FROM (SELECT sql FROM sqlite_master ORDER BY name)",
         schema);
     if (read != SQLITE_ROW)
         return failed(connection, path, read);
-    if (schema != expected)
+    const auto reports = static_cast<ReportTables>(version);
+    if (version < 1 || schema != tablesOf(reports))
         return {{}, "its tables are not the expected ones", {}};
+    if (reports != ReportTables::None) {
+        std::int64_t last = 0;
+        const int code =
+            readInteger(connection,
+                        "SELECT max(ifnull((SELECT max(place) FROM report), 0), "
+                        "ifnull((SELECT max(CAST(seq AS INTEGER)) FROM sqlite_sequence), 0))",
+                        last);
+        if (code != SQLITE_ROW)
+            return failed(connection, path, code);
+        if (last >= kLastPlace)
+            return {{}, "the places of its reports are out of bounds", {}};
+    }
     Attempt attempt;
-    attempt.holdsReports = version != kWithoutReports;
+    attempt.reports = reports;
     attempt.sound = std::move(connection);
     return attempt;
-}
-
-/// Makes the tables that the file does not have yet, and states its version.
-int setUp(const SqliteConnection& connection, bool hasPreferences)
-{
-    SqliteTransaction transaction(connection);
-    std::string sql = hasPreferences ? "" : std::string(kPreferences) + ";";
-    sql += std::string(kReports) + ";" + std::string(kPieces) +
-           ";PRAGMA user_version=" + std::to_string(kSchemaVersion) +
-           ";PRAGMA application_id=" + std::to_string(applicationId(kSchemaVersion));
-    int code = transaction.code();
-    if (code == SQLITE_OK)
-        code = connection.execute(sql.c_str());
-    return code == SQLITE_OK ? transaction.commit() : code;
 }
 
 Attempt openChecked(const std::string& path, int flags)
@@ -195,9 +169,9 @@ Attempt openChecked(const std::string& path, int flags)
     if (mode != "delete")
         return {{}, {}, storeError("open the preferences", path, SQLITE_BUSY)};
     if (sqlite3_db_readonly(attempt.sound->handle(), "main") == 0) {
-        if (!attempt.holdsReports)
-            code = setUp(*attempt.sound, true);
-        attempt.holdsReports = true;
+        if (attempt.reports != ReportTables::Current)
+            code = bringUpToDate(*attempt.sound, attempt.reports);
+        attempt.reports = ReportTables::Current;
         if (code == SQLITE_ROW || code == SQLITE_OK)
             return attempt;
         return {{}, {}, storeError("bring the preferences up to date", path, code)};
@@ -225,11 +199,11 @@ Attempt create(const std::string& path)
     if (code == SQLITE_OK)
         code = connection.execute("PRAGMA page_size=16384");
     if (code == SQLITE_OK)
-        code = setUp(connection, false);
+        code = bringUpToDate(connection, std::nullopt);
     if (code == SQLITE_OK) {
         Attempt attempt;
         attempt.sound = std::move(connection);
-        attempt.holdsReports = true;
+        attempt.reports = ReportTables::Current;
         return attempt;
     }
     connection = {};
@@ -242,7 +216,7 @@ Result<OpenedStore> outcome(Attempt attempt, const std::string& path,
 {
     if (attempt.error)
         return *attempt.error;
-    return OpenedStore{std::move(*attempt.sound), path, attempt.holdsReports, std::move(notice)};
+    return OpenedStore{std::move(*attempt.sound), path, attempt.reports, std::move(notice)};
 }
 
 /// What stands in the file, without taking a failing disk for damage: damaged is only what was read
@@ -334,7 +308,7 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cu
     if (!found)
         return found.error();
     if (*found == InPlace::Nothing)
-        return OpenedStore{{}, path, false, {}};
+        return OpenedStore{{}, path, ReportTables::None, {}};
 
     Attempt attempt = judged(path, *found, SQLITE_OPEN_READONLY);
     if (attempt.cutOff && cutOff == CutOffSave::Undo) {
@@ -345,7 +319,7 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cu
         return outcome(std::move(attempt), path, {});
     return OpenedStore{{},
                        path,
-                       false,
+                       ReportTables::None,
                        "The preferences in " + forScreen(path) + " cannot be read (" +
                            forScreen(*attempt.damage) + "). Nothing was changed."};
 }

@@ -2,6 +2,7 @@
 
 #include "core/Result.h"
 #include "store/SqliteHandles.h"
+#include "store/StoreTables.h"
 
 #include <optional>
 #include <string>
@@ -13,9 +14,9 @@ class Log;
 
 /// The preferences file, open and found sound.
 struct OpenedStore {
-    SqliteConnection connection;       ///< none where a read-only opening found nothing to read
-    std::string path;                  ///< of the file
-    bool holdsReports = false;         ///< whether it has the tables of the report list yet
+    SqliteConnection connection; ///< none where a read-only opening found nothing to read
+    std::string path;            ///< of the file
+    ReportTables reports = ReportTables::None;
     std::optional<std::string> notice; ///< what the person must be told once
 };
 

@@ -155,9 +155,20 @@ TEST_P(DefaultMethodsTest, KeepsReportsOfManyPieces)
     ASSERT_TRUE(back.ok());
     EXPECT_EQ(storedFields(**back), storedFields(*large));
     const auto row = defaults->reports().list()->front();
-    EXPECT_TRUE(*defaults->reports().piece(row.place, 2)) << "in one piece";
+    const auto placesFrom = [&](std::int64_t place, std::int64_t number, std::size_t bytes) {
+        std::vector<std::pair<std::int64_t, std::int64_t>> found;
+        const auto pieces = defaults->reports().pieces(place, number, bytes);
+        for (const auto& piece : *pieces)
+            found.emplace_back(piece.place - row.place, piece.number);
+        return found;
+    };
+    using Places = decltype(placesFrom(0, 0, 0));
+    EXPECT_EQ(placesFrom(row.place, 1, 0), (Places{{0, 1}}));
+    EXPECT_EQ(placesFrom(row.place, 2, 100'000'000), (Places{{0, 2}, {0, 3}, {0, 4}}));
+    EXPECT_EQ(placesFrom(row.place - 1, 7, 1'500'000), (Places{{0, 0}, {0, 1}}));
+    EXPECT_EQ(placesFrom(row.place, 5, 1), Places());
     ASSERT_TRUE(store->deleteReport(large->reportId).value());
-    EXPECT_FALSE(*defaults->reports().piece(row.place, 0)) << "left behind";
+    EXPECT_EQ(placesFrom(row.place - 1, 0, 100'000'000), (Places{{-1, 0}})) << "left behind";
     EXPECT_EQ(identities(store->loadListReportWithKey(kKey)), identities({small}));
 }
 
@@ -216,7 +227,10 @@ TEST_P(DefaultMethodsTest, SetsADamagedListOfAnEarlierVersionAsideBeforeTheNextS
 class FullReports final : public ReportStore {
 public:
     Result<std::vector<StoredReport>> list() override { return full(); }
-    Result<std::optional<std::string>> piece(std::int64_t, std::int64_t) override { return full(); }
+    Result<std::vector<StoredPiece>> pieces(std::int64_t, std::int64_t, std::size_t) override
+    {
+        return full();
+    }
     Result<Done> put(const NewReport&) override { return full(); }
     Result<bool> remove(std::string_view) override { return full(); }
     Result<Done> replaceAll(std::size_t, const std::function<NewReport(std::size_t)>&) override

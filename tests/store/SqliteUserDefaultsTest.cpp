@@ -308,8 +308,8 @@ TEST_F(SqliteUserDefaultsTest, LeavesTheFileOfALaterVersionAlone)
     ASSERT_TRUE(open()->set(preferences::kScan, true).ok());
     std::string content = contentOf(file());
     constexpr std::size_t kUserVersion = 63, kApplicationId = 71; // their last bytes
-    ASSERT_EQ(content[kUserVersion], 2);
-    content[kUserVersion] = content[kApplicationId] = 3;
+    ASSERT_EQ(content[kUserVersion], 3);
+    content[kUserVersion] = content[kApplicationId] = 4;
     setContent(file(), content);
     const auto opened = SqliteUserDefaults::open(data(), log);
     ASSERT_FALSE(opened.ok());
@@ -320,34 +320,63 @@ TEST_F(SqliteUserDefaultsTest, LeavesTheFileOfALaterVersionAlone)
 
 TEST_F(SqliteUserDefaultsTest, BringsTheFileOfAnEarlierVersionUpToDate)
 {
-    folder.folder("share/Pryvane");
-    {
+    constexpr const char* kWithoutReports = "PRAGMA user_version=1;"
+                                            "PRAGMA application_id=0x50790001;";
+    constexpr const char* kKeyedByTwo =
+        "CREATE TABLE report(place INTEGER PRIMARY KEY AUTOINCREMENT, id TEXT NOT NULL, "
+        "facts BLOB NOT NULL);"
+        "CREATE TABLE report_piece(report INTEGER NOT NULL, number INTEGER NOT NULL, "
+        "value BLOB NOT NULL, PRIMARY KEY(report, number)) WITHOUT ROWID;"
+        "INSERT INTO report VALUES(3, 'older', x'01'), (7, 'newer', x'02');"
+        "INSERT INTO report_piece VALUES(3, 0, x'61'), (7, 0, x'62'), (7, 1, x'63');"
+        "PRAGMA user_version=2; PRAGMA application_id=0x50790002;";
+    const auto textOf = [](ReportStore& reports) {
+        std::string text;
+        const auto rows = reports.list();
+        const auto pieces = reports.pieces(1, 0, 1000);
+        for (const auto& row : *rows)
+            text += row.id + std::to_string(row.place) + " ";
+        for (const auto& piece : *pieces)
+            text += std::to_string(piece.place) + "." + std::to_string(piece.number) + "=" +
+                    piece.value + " ";
+        return text;
+    };
+    for (const auto& [tables, held, after] :
+         {std::tuple(kWithoutReports, "", "id1 1.0=piece "),
+          std::tuple(kKeyedByTwo, "newer7 older3 3.0=a 7.0=b 7.1=c ",
+                     "id8 newer7 older3 3.0=a 7.0=b 7.1=c 8.0=piece ")}) {
+        std::filesystem::remove_all(data());
+        folder.folder("share/Pryvane");
         int code = SQLITE_OK;
-        const SqliteConnection connection(file(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, code);
-        ASSERT_EQ(connection.execute(
-                      "CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, type TEXT NOT NULL, "
-                      "value NOT NULL) WITHOUT ROWID;"
-                      "PRAGMA user_version=1; PRAGMA application_id=0x50790001;"
-                      "INSERT INTO preference VALUES('SaveReport', 'bytes', x'00ff')"),
-                  SQLITE_OK);
-    }
-    const std::string before = contentOf(file());
-    {
-        const auto reader = SqliteUserDefaults::openReadOnly(data(), log);
-        ASSERT_TRUE(reader.ok()) << reader.error().message;
-        EXPECT_EQ(reader->notice, std::nullopt);
-        EXPECT_EQ(reader->defaults->getBytes("SaveReport"), Bytes{"\0\xff"s});
-        EXPECT_TRUE(reader->defaults->reports().list()->empty());
-        EXPECT_FALSE(reader->defaults->reports().remove("any").ok());
-    }
-    EXPECT_EQ(contentOf(file()), before);
-    for (int times = 0; times < 2; ++times) {
-        const auto defaults = open();
-        EXPECT_EQ(defaults->getBytes("SaveReport"), Bytes{"\0\xff"s});
-        const auto put = defaults->reports().put(
-            {"id", "facts", [](const PieceSink& sink) { return sink("piece"); }});
-        EXPECT_TRUE(put.ok()) << put.error().message;
-        EXPECT_EQ(defaults->reports().list()->size(), 1U);
+        ASSERT_EQ(
+            SqliteConnection(file(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, code)
+                .execute(
+                    (std::string("CREATE TABLE preference(key TEXT PRIMARY KEY NOT NULL, type TEXT "
+                                 "NOT NULL, value NOT NULL) WITHOUT ROWID;"
+                                 "INSERT INTO preference VALUES('SaveReport', 'bytes', x'00ff');") +
+                     tables)
+                        .c_str()),
+            SQLITE_OK);
+        const std::string before = contentOf(file());
+        {
+            const auto reader = SqliteUserDefaults::openReadOnly(data(), log);
+            ASSERT_TRUE(reader.ok()) << reader.error().message;
+            EXPECT_EQ(reader->notice, std::nullopt);
+            EXPECT_EQ(reader->defaults->getBytes("SaveReport"), Bytes{"\0\xff"s});
+            EXPECT_EQ(textOf(reader->defaults->reports()), held);
+            EXPECT_FALSE(reader->defaults->reports().remove("newer").ok());
+        }
+        EXPECT_EQ(contentOf(file()), before);
+        for (int times = 0; times < 2; ++times) {
+            const auto defaults = open();
+            EXPECT_EQ(defaults->getBytes("SaveReport"), Bytes{"\0\xff"s});
+            if (times == 0) {
+                const auto put = defaults->reports().put(
+                    {"id", "facts", [](const PieceSink& sink) { return sink("piece"); }});
+                EXPECT_TRUE(put.ok()) << put.error().message;
+            }
+            EXPECT_EQ(textOf(defaults->reports()), after);
+        }
     }
 }
 
@@ -378,7 +407,7 @@ TEST_F(SqliteUserDefaultsTest, AReportThatCannotBeWrittenLeavesTheListAsItWas)
                  std::bad_alloc);
     const auto rows = reports.list();
     ASSERT_TRUE(rows.ok() && rows->size() == 1);
-    EXPECT_EQ(*reports.piece(rows->front().place, 0), "old piece");
+    EXPECT_EQ(reports.pieces(rows->front().place, 0, 0)->front().value, "old piece");
     EXPECT_TRUE(openedStore(data(), log).defaults->set(preferences::kScan, true).ok())
         << "a lock was left behind";
 }
