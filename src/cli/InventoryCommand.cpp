@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/Host.h"
+#include "cli/InventoryFacts.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
 #include "inventory/AdwareScan.h"
@@ -91,13 +92,19 @@ std::string asText(const UrlList& entries)
     return text;
 }
 
+/// Whether a list was asked for; all are where none was named.
+bool isWanted(const InventoryArguments& arguments, std::string_view name)
+{
+    const auto& wanted = arguments.kinds;
+    return wanted.empty() || std::find(wanted.begin(), wanted.end(), name) != wanted.end();
+}
+
 std::vector<Listed> gather(const AdwareScan& scan, const InventoryArguments& arguments,
                            const StopFlag& stop)
 {
     std::vector<Listed> lists;
     for (const Kind& kind : kKinds) {
-        const auto& wanted = arguments.kinds;
-        if (!wanted.empty() && std::find(wanted.begin(), wanted.end(), kind.name) == wanted.end())
+        if (!isWanted(arguments, kind.name))
             continue;
         if (stop.requested())
             break;
@@ -106,22 +113,17 @@ std::vector<Listed> gather(const AdwareScan& scan, const InventoryArguments& arg
     return lists;
 }
 
-int runInventory(const InventoryArguments& arguments, const Console& console)
+/// Facts alone are told of all homes that there are, unless one is named.
+bool asksForOneHome(const InventoryArguments& arguments)
 {
-    auto host = Host::open(console, arguments.volume, StoreUse::None);
-    if (!host)
-        return console.fail(host.error().message);
-    CleanerHost cleaner(**host);
-    cleaner.sayMissingHome(console);
-    const AdwareScan scan(cleaner.services(), (*host)->user(), console.interrupted);
-    std::vector<Listed> lists;
-    withProgress(
-        console, [] { return std::string("listing"); },
-        [&] { lists = gather(scan, arguments, console.interrupted); });
-    if (console.interrupted.requested()) {
-        console.say("interrupted; nothing was listed");
-        return kInterrupted;
-    }
+    return !arguments.volume.user.empty() ||
+           std::any_of(std::begin(kKinds), std::end(kKinds),
+                       [&](const Kind& kind) { return isWanted(arguments, kind.name); });
+}
+
+void printLists(const Console& console, const std::vector<Listed>& lists,
+                const InventoryArguments& arguments, const Facts& facts, const FactKinds& factKinds)
+{
     auto document = nlohmann::ordered_json::object();
     for (const Listed& list : lists) {
         std::visit(
@@ -134,15 +136,48 @@ int runInventory(const InventoryArguments& arguments, const Console& console)
             },
             list.entries);
     }
-    if (arguments.format == "json")
+    if (arguments.format == "json") {
+        addFactsJson(document, facts, factKinds);
         console.out << document.dump(2) << "\n";
+    } else {
+        printFacts(console, facts, factKinds);
+    }
+}
+
+int runInventory(const InventoryArguments& arguments, const Console& console)
+{
+    auto host = Host::open(console, arguments.volume, StoreUse::None);
+    if (!host)
+        return console.fail(host.error().message);
+    CleanerHost cleaner(**host);
+    if (asksForOneHome(arguments))
+        cleaner.sayMissingHome(console);
+    const AdwareScan scan(cleaner.services(), (*host)->user(), console.interrupted);
+    std::vector<Listed> lists;
+    const FactKinds factKinds = factKindsOf(arguments.kinds);
+    Facts facts;
+    withProgress(
+        console, [] { return std::string("listing"); },
+        [&] {
+            lists = gather(scan, arguments, console.interrupted);
+            if (factKinds.any())
+                facts = gatherFacts((*host)->disk(),
+                                    factHomesOf((*host)->disk(), arguments.volume.user), factKinds,
+                                    console.interrupted);
+        });
+    if (console.interrupted.requested()) {
+        console.say("interrupted; nothing was listed");
+        return kInterrupted;
+    }
+    printLists(console, lists, arguments, facts, factKinds);
+    const bool factsAreWhole = sayUnreadSources(console, facts);
     if (!scan.whole()) {
         console.say(
             "the list of extensions is not whole: this disk names more profiles, folders or "
             "data than any browser makes, and what goes beyond was left out");
         return kFindings;
     }
-    return kDone;
+    return factsAreWhole ? kDone : kFindings;
 }
 
 } // namespace
@@ -151,11 +186,14 @@ void addInventoryCommand(CommandLine& line, CLI::App& app)
 {
     const auto arguments = std::make_shared<InventoryArguments>();
     CLI::App* command = line.addCommand(
-        app, "inventory", "Browser extensions, start-up items and applications; judges nothing",
+        app, "inventory",
+        "Browser extensions, applications, what starts, who may watch; judges nothing",
         [arguments](const Console& console) { return runInventory(*arguments, console); });
     std::vector<std::string> names;
     for (const Kind& kind : kKinds)
         names.emplace_back(kind.name);
+    for (std::string& name : factKindNames())
+        names.push_back(std::move(name));
     command
         ->add_option("--kind", arguments->kinds,
                      "Only this list; may be given several times (default: all)")
@@ -165,7 +203,11 @@ void addInventoryCommand(CommandLine& line, CLI::App& app)
     command->add_option("--format", arguments->format, "text or json")
         ->check(CLI::IsMember({"text", "json"}))
         ->type_name("FORMAT");
-    command->footer("Example: pryvane-cli inventory --kind chrome --volume /mnt/mac --user alice");
+    command->footer("Example: pryvane-cli inventory --kind permissions --volume /mnt/mac\n\n"
+                    "Permissions, start-up and remote access are told for every home of the disk, "
+                    "or for the --user that is named. \"~\" is each home, \"*\" any name, and the "
+                    "numbers are versions of macOS.\n" +
+                    factSourcesText());
 }
 
 } // namespace pryvane::cli

@@ -27,7 +27,8 @@ protected:
                     R"({"name":"Ad \u001b[31m","version":"1.0"})");
         volume.file("/Users/alice/Library/Cookies/Cookies.binarycookies", "x");
         volume.file("/Users/alice/Library/Logs/a.log", std::string(5000, 'x'));
-        volume.file("/Library/LaunchDaemons/d.plist");
+        volume.file("/Library/LaunchDaemons/d.plist",
+                    "<plist><dict><key>Label</key><string>d</string></dict></plist>");
     }
     Outcome on(std::vector<std::string> arguments)
     {
@@ -53,9 +54,10 @@ TEST_F(PrivacyCommandTest, InventoryHasEveryListInJsonAndText)
     const auto outcome = on({"inventory", "--format", "json"});
     ASSERT_EQ(outcome.code, 0) << outcome.err;
     const json lists = json::parse(outcome.out);
-    EXPECT_THAT(keysOf(lists), testing::UnorderedElementsAre("chrome", "firefox", "safari",
-                                                             "launchAgents", "launchDaemons",
-                                                             "applicationSupport", "applications"));
+    EXPECT_THAT(keysOf(lists), testing::UnorderedElementsAre(
+                                   "chrome", "firefox", "safari", "launchAgents", "launchDaemons",
+                                   "applicationSupport", "applications", "permissions", "startUp",
+                                   "remoteAccess", "factSources"));
     ASSERT_EQ(lists["chrome"].size(), 1U);
     const json& entry = lists["chrome"][0];
     EXPECT_EQ(entry["urlExt"], chrome + "/Default/Extensions/aaa/1_0");
@@ -72,6 +74,36 @@ TEST_F(PrivacyCommandTest, InventoryHasEveryListInJsonAndText)
     EXPECT_THAT(text.out, testing::Not(HasSubstr("Applications")));
     EXPECT_EQ(text.out.find('\x1b'), std::string::npos);
     EXPECT_EQ(on({"inventory", "--kind", "nonsense"}).code, 2);
+}
+
+TEST_F(PrivacyCommandTest, InventoryTellsWhatStartsAndWhatItCouldNotRead)
+{
+    const std::string job = "<plist><dict><key>Label</key><string>a\x1b[31m</string>"
+                            "<key>Program</key><string>/tmp/.x/run</string></dict></plist>";
+    volume.file("/Users/bob/Library/LaunchAgents/b.plist", job);
+    volume.file("/Users/alice/Library/LaunchAgents/a.plist", job);
+    const std::vector<std::string> command{"inventory", "--kind", "start-up", "--volume",
+                                           volume.path()};
+    const auto everybody = run(command);
+    EXPECT_EQ(everybody.code, 0) << everybody.err;
+    EXPECT_THAT(everybody.out, HasSubstr("What starts by itself: 3\n"));
+    EXPECT_THAT(everybody.out, HasSubstr("    a\\x1b[31m\n      State: on\n      Whose: alice\n"
+                                         "      On the disk: missing, in a hidden folder\n"
+                                         "      Program: /tmp/.x/run\n"));
+    EXPECT_THAT(everybody.out, HasSubstr("Whose: bob"));
+
+    volume.file("/Users/alice/Library/LaunchAgents/c.plist", "broken");
+    const auto outcome = on({"inventory", "--kind", "start-up", "--format", "json"});
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_THAT(outcome.err,
+                HasSubstr("not understood: /Users/alice/Library/LaunchAgents/c.plist: "));
+    const json document = json::parse(outcome.out);
+    EXPECT_EQ(document.size(), 2U);
+    ASSERT_EQ(document["startUp"].size(), 2U); // one of the whole Mac, one of alice
+    EXPECT_EQ(document["startUp"][1]["path"], "/tmp/.x/run");
+    EXPECT_EQ(document["startUp"][1]["user"], "alice");
+    EXPECT_EQ(document["startUp"][1]["whereabouts"], "missing");
+    EXPECT_EQ(document["factSources"][2]["state"], "not understood");
 }
 
 TEST_F(PrivacyCommandTest, ListTellsGroupsItemsAndPaths)
