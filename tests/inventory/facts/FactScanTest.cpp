@@ -266,6 +266,16 @@ TEST_F(FactScan, NothingBesideTheListedSourcesIsRead)
     EXPECT_EQ(watched->listed.count("/Users/alice/Documents"), 0U);
 }
 
+TEST_F(FactScan, TheGuideListsTheSources)
+{
+    const std::string guide = contentOf(PRYVANE_GUIDE);
+    for (const FactSource& source : factSources()) {
+        const std::string row = std::string("| `") + source.place + "` | " + source.what + " | " +
+                                source.systems + " |\n";
+        EXPECT_NE(guide.find(row), std::string::npos) << "missing in the guide: " << row;
+    }
+}
+
 TEST_F(FactScan, ThousandsOfRowsAreOneMomentsWork)
 {
     for (int i = 0; i < 2000; ++i)
