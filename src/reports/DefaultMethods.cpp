@@ -236,10 +236,9 @@ std::optional<Error> DefaultMethods::sameInRows(const ReportList& list)
     const auto rows = m_reports.list();
     if (!rows)
         return rows.error();
-    Pieces pieces(m_reports, kReadAhead);
     bool same = rows->size() == list.size();
-    for (std::size_t i = list.size(); same && i-- > 0;) {
-        const auto report = read((*rows)[i], pieces);
+    for (std::size_t i = 0; same && i < list.size(); ++i) {
+        const auto report = read((*rows)[i]);
         same = report && encodeReports({*report}) == encodeReports({list[i]}) &&
                (*rows)[i].facts == encodeFacts(*list[i]);
     }
@@ -247,6 +246,12 @@ std::optional<Error> DefaultMethods::sameInRows(const ReportList& list)
         return std::nullopt;
     return Error{"The reports of an earlier version could not be taken over; they stay as they "
                  "are. Check the disk and try again."};
+}
+
+Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::read(const StoredReport& row)
+{
+    Pieces pieces(m_reports, 0);
+    return read(row, pieces);
 }
 
 Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::read(const StoredReport& row,

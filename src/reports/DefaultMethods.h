@@ -57,6 +57,7 @@ private:
     [[nodiscard]] std::optional<ReportList> olderList();
     [[nodiscard]] Result<Done> takeOver();
     [[nodiscard]] std::optional<Error> sameInRows(const ReportList& list);
+    [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> read(const StoredReport& row);
     [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> read(const StoredReport& row,
                                                                   Pieces& pieces);
     [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> readNewest(StoredReport row,
