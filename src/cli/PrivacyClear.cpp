@@ -10,6 +10,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <ostream>
 
 namespace pryvane::cli {
@@ -44,7 +45,10 @@ nlohmann::ordered_json previewJson(const CleaningPreview& preview)
 {
     auto rows = nlohmann::ordered_json::array();
     for (const CleaningRow& row : preview.rows) {
-        nlohmann::ordered_json one{{"group", row.group}, {"item", forJson(row.item)}};
+        nlohmann::ordered_json one{{"user", forJson(row.user)},
+                                   {"group", row.group},
+                                   {"item", forJson(row.item)},
+                                   {"dear", row.cost == Cost::Dear}};
         one.update(locationJson(row.location.url));
         const std::string& place = row.forecast.place;
         one.update({{"place", forJson(place.empty() ? row.location.url.absolutePath() : place)},
@@ -64,9 +68,14 @@ nlohmann::ordered_json previewJson(const CleaningPreview& preview)
 void writeOutcome(const CleaningOutcome& outcome, bool json, const Console& console)
 {
     if (!json) {
-        console.out << kCleanedText
+        console.out << (outcome.stayed.empty() ? cleanedText(outcome)
+                                               : "Not all of the selected data was cleared.")
                     << "\nRemoved: " << amountText(outcome.entriesRemoved, outcome.bytesRemoved)
                     << "\n";
+        for (const CleanedItem& item : outcome.items) {
+            console.out << "  " << forTerminal(item.group + "/" + item.item) << ": "
+                        << amountText(item.entries, item.bytes) << "\n";
+        }
         for (const LeftOver& left : outcome.stayed) {
             console.out << "  stayed: " << forTerminal(left.url.relativePath()) << " ("
                         << forTerminal(left.reason) << ")\n";
@@ -80,8 +89,22 @@ void writeOutcome(const CleaningOutcome& outcome, bool json, const Console& cons
         one["reason"] = forJson(left.reason);
         stayed.push_back(std::move(one));
     }
+    auto items = nlohmann::ordered_json::array();
+    for (const CleanedItem& item : outcome.items) {
+        auto gone = nlohmann::ordered_json::array();
+        for (const FileURL& url : item.gone)
+            gone.push_back(locationJson(url));
+        items.push_back({{"user", forJson(item.user)},
+                         {"group", item.group},
+                         {"item", forJson(item.item)},
+                         {"entries", item.entries},
+                         {"bytes", item.bytes},
+                         {"stayed", item.stayed},
+                         {"gone", std::move(gone)}});
+    }
     console.out << nlohmann::ordered_json{{"entriesRemoved", outcome.entriesRemoved},
                                           {"bytesRemoved", outcome.bytesRemoved},
+                                          {"items", std::move(items)},
                                           {"stayed", std::move(stayed)}}
                        .dump(2)
                 << "\n";
@@ -118,6 +141,36 @@ Candidates candidates(std::span<ToolGroup> groups, const std::string& name)
     return found;
 }
 
+/// Ticks what of the named groups is there and not dear.
+Result<Done> tickGroups(std::span<ToolGroup> groups, std::span<const std::string> names)
+{
+    for (const std::string& name : names) {
+        const auto group = std::ranges::find_if(groups, [&name](const ToolGroup& each) {
+            return name == each.Name || name == shownName(each);
+        });
+        if (group == groups.end())
+            return Error{"there is no group \"" + forTerminal(name) +
+                         "\" on this volume; pryvane-cli privacy list shows those there are"};
+        for (ToolItem& item : group->List)
+            item.isChecked = item.isChecked || (!item.AllList.empty() && item.cost != Cost::Dear);
+    }
+    return Done{};
+}
+
+/// Leaves the named items out.
+Result<Done> untickItems(std::span<ToolGroup> groups, std::span<const std::string> names)
+{
+    for (const std::string& name : names) {
+        const Candidates found = candidates(groups, name);
+        if (found.whole.empty() && found.alone.empty())
+            return Error{"there is no item \"" + forTerminal(name) +
+                         "\" to leave out; pryvane-cli privacy list shows those there are"};
+        for (ToolItem* item : found.whole.empty() ? found.alone : found.whole)
+            item->isChecked = false;
+    }
+    return Done{};
+}
+
 /// Ticks the named items. The error says which name no item has, or several groups' have.
 Result<Done> tickItems(std::span<ToolGroup> groups, std::span<const std::string> names)
 {
@@ -141,6 +194,31 @@ Result<Done> tickItems(std::span<ToolGroup> groups, std::span<const std::string>
     return Done{};
 }
 
+/// Ticks what the arguments name.
+Result<Done> tickWanted(std::span<ToolGroup> groups, const ClearArguments& arguments)
+{
+    auto ticked = tickGroups(groups, arguments.groups);
+    if (ticked)
+        ticked = tickItems(groups, arguments.items);
+    return ticked ? untickItems(groups, arguments.except) : ticked;
+}
+
+/// Says what the named groups hold that only goes by its own name.
+void sayDear(std::span<const ToolGroup> groups, const ClearArguments& arguments,
+             const Console& console)
+{
+    for (const ToolGroup& group : groups) {
+        if (std::ranges::find(arguments.groups, group.Name) == arguments.groups.end() &&
+            std::ranges::find(arguments.groups, shownName(group)) == arguments.groups.end())
+            continue;
+        for (const ToolItem& item : group.List) {
+            if (item.cost == Cost::Dear && !item.isChecked && !item.AllList.empty())
+                console.say("left out, as it cannot be had back: " +
+                            forTerminal(group.Name + "/" + item.NameText) + " (--item clears it)");
+        }
+    }
+}
+
 void showPreview(const CleaningPreview& preview, const ClearArguments& arguments,
                  const Console& console)
 {
@@ -162,13 +240,15 @@ int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remov
 {
     auto groups =
         PrivacyCatalogue(cleaner.services(), cleaner.user(), console.interrupted).groups();
-    if (const auto ticked = tickItems(groups, arguments.items); !ticked)
+    if (const auto ticked = tickWanted(groups, arguments); !ticked)
         return console.fail(ticked.error().message);
+    sayDear(groups, arguments, console);
     CleaningPreview preview;
     withProgress(
         console, [] { return std::string("looking"); },
         [&] {
-            preview = previewCleaning(selectedRows(groups), running, remover, console.interrupted);
+            preview = previewCleaning(selectedRows(groups), running, cleaner.services().disk,
+                                      remover, console.interrupted);
         });
     if (console.interrupted.requested()) {
         console.say("interrupted; nothing was removed");

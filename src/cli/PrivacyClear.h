@@ -16,7 +16,10 @@ struct ClearArguments {
     bool dryRun = false;
     bool yes = false;
     std::string format = "text";
+    std::vector<std::string> groups = {}; ///< all of them but what is dear
+    std::vector<std::string> except = {}; ///< left out of the items above, named as they are
 };
+
 /// Shows what clearing the named items would remove; removes it where that is wanted and agreed to.
 /// `running` are the applications that run on the volume. Returns the exit code.
 int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remover& remover,

@@ -54,10 +54,13 @@ void writeText(const std::vector<ToolGroup>& groups, const Console& console)
     using Align = TextTable::Align;
     for (const ToolGroup& group : groups) {
         console.out << shownName(group) << "  " << group.Size << "\n";
-        TextTable table({Align::Left, Align::Right});
+        TextTable table({Align::Left, Align::Right, Align::Left});
         for (const ToolItem& item : group.List) {
             const std::string indent = group.isFromAdware && item.isExt ? "  " : "";
-            table.addRow({indent + forTerminal(item.NameText), item.sizeText});
+            const char* const note = !item.notSeen.empty()     ? "not all could be looked at"
+                                     : item.cost == Cost::Dear ? "cannot be had back"
+                                                               : "";
+            table.addRow({indent + forTerminal(item.NameText), item.sizeText, note});
         }
         console.out << table.text("  ");
     }
@@ -91,11 +94,19 @@ int listPrivacy(const PrivacyArguments& arguments, const Console& console)
         writeJson(groups, console);
     else
         writeText(groups, console);
-    return kDone;
+    if (!progress.allSeen)
+        console.say("not every folder could be looked at, so there may be more than is listed");
+    if (!progress.whole)
+        console.say("the list is not whole: this disk names more profiles or folders than any Mac "
+                    "has, or profiles in other places; what goes beyond was left out");
+    return progress.whole ? kDone : kFindings;
 }
 
 int clearPrivacy(const PrivacyArguments& arguments, const Console& console)
 {
+    if (arguments.clear.items.empty() && arguments.clear.groups.empty())
+        return console.fail("name what to clear: --item ITEM or --group GROUP, each as often as "
+                            "needed; pryvane-cli privacy list shows what there is");
     auto host = Host::open(console, arguments.volume, StoreUse::None);
     if (!host)
         return console.fail(host.error().message);
@@ -135,14 +146,19 @@ void addPrivacyCommand(CommandLine& line, CLI::App& app)
     clear
         ->add_option("--item", arguments->clear.items,
                      "GROUP/ITEM as privacy list names them, or ITEM where one group has it")
-        ->required()
+        ->type_name("NAME");
+    clear
+        ->add_option("--group", arguments->clear.groups,
+                     "All of a group but passwords, preferences and bookmarks")
+        ->type_name("NAME");
+    clear->add_option("--except", arguments->clear.except, "Leave this item out")
         ->type_name("NAME");
     clear->add_flag("--dry-run", arguments->clear.dryRun, "Only show what would be removed");
     clear->add_flag("--yes", arguments->clear.yes, "Do not ask");
     addVolumeOptions(*clear, arguments->volume);
     addFormat(*clear, arguments->clear.format);
     clear->footer("Exit code: 0 done, 1 something stayed, 2 error, 130 interrupted.\n"
-                  "Example: pryvane-cli privacy clear --item Safari/History --dry-run");
+                  "Example: pryvane-cli privacy clear --group Safari --except Safari/Cookies");
 }
 
 } // namespace pryvane::cli

@@ -2,6 +2,7 @@
 
 #include "core/Texts.h"
 #include "formats/PropertyList.h"
+#include "inventory/FirefoxProfiles.h"
 
 #include <algorithm>
 #include <array>
@@ -112,10 +113,16 @@ std::optional<std::string> AdwareScan::read(const FileURL& file) const
     return content ? std::optional(std::move(content).value()) : std::nullopt;
 }
 
-std::vector<ChromeProfile> AdwareScan::chromeProfiles() const
+std::vector<ChromeProfile> AdwareScan::chromeProfiles(std::string_view place) const
 {
-    const auto content = read(m_home.at(joinedPath(HomeFolder::kChrome, "Local State")));
+    const auto content = read(m_home.at(joinedPath(place, "Local State")));
     return content ? noted(pryvane::chromeProfiles(*content)) : std::vector<ChromeProfile>();
+}
+
+std::vector<std::string> AdwareScan::firefoxProfileFolders() const
+{
+    const auto content = read(m_home.at(joinedPath(HomeFolder::kFirefox, "profiles.ini")));
+    return content ? noted(pryvane::firefoxProfileFolders(*content)) : std::vector<std::string>();
 }
 
 std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
@@ -123,11 +130,11 @@ std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
     return measured(chromeExtensions());
 }
 
-std::vector<ExtensionEntry> AdwareScan::chromeExtensions() const
+std::vector<ExtensionEntry> AdwareScan::chromeExtensions(std::string_view place) const
 {
     ChromeExtensions extensions(m_disk, m_stop);
-    for (const ChromeProfile& profile : chromeProfiles())
-        extensions.add(in(m_home.at(HomeFolder::kChrome), profile.folder), profile.name);
+    for (const ChromeProfile& profile : chromeProfiles(place))
+        extensions.add(in(m_home.at(place), profile.folder), profile.name);
     return noted(extensions.take());
 }
 

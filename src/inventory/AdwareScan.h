@@ -42,6 +42,7 @@ inline constexpr std::array kInventoryHeadings = {
 class HomeFolder {
 public:
     static constexpr std::string_view kChrome = "Library/Application Support/Google/Chrome";
+    static constexpr std::string_view kFirefox = "Library/Application Support/Firefox";
     static constexpr std::string_view kFirefoxProfiles =
         "Library/Application Support/Firefox/Profiles";
     static constexpr std::string_view kSafari = "Library/Safari";
@@ -107,11 +108,16 @@ public:
     /// The application bundles below a folder, outside hidden folders and packages.
     [[nodiscard]] std::vector<FileURL> getApplicationList(const FileURL& folder) const;
 
-    /// The profiles of Chrome on the disk.
-    [[nodiscard]] std::vector<ChromeProfile> chromeProfiles() const;
+    /// The profiles of Chrome, or of a browser made like it whose folder below the home is given.
+    [[nodiscard]] std::vector<ChromeProfile>
+    chromeProfiles(std::string_view place = HomeFolder::kChrome) const;
 
-    /// The extensions, not measured.
-    [[nodiscard]] std::vector<ExtensionEntry> chromeExtensions() const;
+    /// The folders of the profiles that Firefox lists, each one path component.
+    [[nodiscard]] std::vector<std::string> firefoxProfileFolders() const;
+
+    /// The extensions, not measured; Chrome's also of a browser made like it.
+    [[nodiscard]] std::vector<ExtensionEntry>
+    chromeExtensions(std::string_view place = HomeFolder::kChrome) const;
     [[nodiscard]] std::vector<ExtensionEntry> firefoxAddOns() const;
     [[nodiscard]] std::vector<SafariExtension> safariExtensions() const;
 

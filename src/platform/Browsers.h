@@ -31,7 +31,42 @@ inline constexpr Browser kFirefox{
     "/Applications/Firefox.app",
     {"firefox", "firefox-esr", "firefox-bin", "firefox-beta", "firefox-nightly", "Firefox"}};
 
+// Of those below, the names on a Mac are as their makers publish them and were not checked on one.
+inline constexpr Browser kEdge{
+    "Microsoft Edge",
+    "Edge",
+    "/Users/%@/Library/Application Support/Microsoft Edge",
+    "/Applications/Microsoft Edge.app",
+    {"msedge", "microsoft-edge", "microsoft-edge-stable", "microsoft-edge-beta", "Microsoft Edge"}};
+inline constexpr Browser kBrave{
+    "Brave Browser",
+    "Brave",
+    "/Users/%@/Library/Application Support/BraveSoftware/Brave-Browser",
+    "/Applications/Brave Browser.app",
+    {"brave", "brave-browser", "brave-browser-stable", "Brave Browser"}};
+inline constexpr Browser kChromium{"Chromium",
+                                   "Chromium",
+                                   "/Users/%@/Library/Application Support/Chromium",
+                                   "/Applications/Chromium.app",
+                                   {"chromium", "chromium-browser", "Chromium"}};
+inline constexpr Browser kVivaldi{"Vivaldi",
+                                  "Vivaldi",
+                                  "/Users/%@/Library/Application Support/Vivaldi",
+                                  "/Applications/Vivaldi.app",
+                                  {"vivaldi", "vivaldi-bin", "vivaldi-stable", "Vivaldi"}};
+inline constexpr Browser kOpera{"Opera",
+                                "Opera",
+                                "/Users/%@/Library/Application Support/com.operasoftware.Opera",
+                                "/Applications/Opera.app",
+                                {"opera", "opera-stable", "opera-beta", "Opera"}};
+inline constexpr Browser kArc{"Arc",
+                              "Arc",
+                              "/Users/%@/Library/Application Support/Arc/User Data",
+                              "/Applications/Arc.app",
+                              {"Arc"}};
+
 /// All of them, in the order in which they are looked at and listed.
-inline constexpr std::array kBrowsers{kSafari, kChrome, kFirefox};
+inline constexpr std::array kBrowsers{kSafari,   kChrome,  kFirefox, kEdge, kBrave,
+                                      kChromium, kVivaldi, kOpera,   kArc};
 
 } // namespace pryvane

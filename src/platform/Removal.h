@@ -29,6 +29,8 @@ struct RemovalItem {
     std::optional<Sighting> seen;
     RemovalScope scope = RemovalScope::Item;
     FileKind kind = FileKind::Unknown; ///< what it was when it was found
+    /// What it is removed as, such as a privacy item's name; kept in the journal. May be empty.
+    std::string purpose = {};
 
     [[nodiscard]] LinkTrust linkTrust() const
     {

@@ -18,22 +18,32 @@ std::string above(std::string_view path)
 FileKind DirectWay::kind(const FileURL& url)
 {
     const std::string path = url.absolutePath();
-    if (!leadsTo(above(path)))
-        return FileKind::Missing;
+    if (const Presence way = leadsTo(above(path)); way != Presence::Present)
+        return way == Presence::Unknown ? FileKind::Unknown : FileKind::Missing;
     const std::string_view name = url.lastPathComponent();
     if (name == "." || name == "..")
         return FileKind::Missing;
     const FileKind kind = m_disk.kind(FileURL::fileURLWithPath(path));
-    return url.mustBeFolder() && kind != FileKind::Folder ? FileKind::Missing : kind;
+    if (url.mustBeFolder() && kind != FileKind::Folder && kind != FileKind::Unknown)
+        return FileKind::Missing;
+    return kind;
 }
 
-std::vector<FolderEntry> DirectWay::list(const FileURL& folder)
+FolderListing DirectWay::list(const FileURL& folder)
 {
-    return isFolder(folder) ? m_disk.list(folder).entries : std::vector<FolderEntry>();
+    const FileKind there = kind(folder);
+    if (there == FileKind::Folder)
+        return m_disk.list(folder);
+    FolderListing nothing;
+    if (there == FileKind::Unknown) {
+        nothing.status = ListStatus::Refused;
+        nothing.reason = "a folder on the way cannot be searched";
+    }
+    return nothing;
 }
 
 /// Asked for one folder after the other from the root down, so that none is reached by a link.
-bool DirectWay::leadsTo(const std::string& folder)
+Presence DirectWay::leadsTo(const std::string& folder)
 {
     std::string passed;
     for (std::size_t end = 0; end < folder.size();) {
@@ -41,14 +51,17 @@ bool DirectWay::leadsTo(const std::string& folder)
         end = std::min(folder.find('/', start), folder.size());
         passed = folder.substr(0, end);
         const std::string_view name = std::string_view(folder).substr(start, end - start);
-        const auto [entry, isNew] = m_folders.try_emplace(passed, false);
-        if (isNew)
-            entry->second = !name.empty() && name != "." && name != ".." &&
-                            m_disk.kind(FileURL::fileURLWithPath(passed)) == FileKind::Folder;
-        if (!entry->second)
-            return false;
+        const auto [entry, isNew] = m_folders.try_emplace(passed, Presence::Absent);
+        if (isNew && !name.empty() && name != "." && name != "..") {
+            const FileKind kind = m_disk.kind(FileURL::fileURLWithPath(passed));
+            entry->second = kind == FileKind::Folder    ? Presence::Present
+                            : kind == FileKind::Unknown ? Presence::Unknown
+                                                        : Presence::Absent;
+        }
+        if (entry->second != Presence::Present)
+            return entry->second;
     }
-    return true;
+    return Presence::Present;
 }
 
 } // namespace pryvane

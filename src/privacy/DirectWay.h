@@ -16,21 +16,23 @@ public:
     explicit DirectWay(FileSystem& disk) : m_disk(disk) {}
 
     /// What stands at the path's end, itself perhaps a link. Missing also where a link, "." or ".."
-    /// is on the way, and where the path ends in a slash and no folder stands there.
+    /// is on the way, and where the path ends in a slash and no folder stands there. Unknown where
+    /// a folder on the way cannot be searched.
     [[nodiscard]] FileKind kind(const FileURL& url);
 
-    /// The entries of a folder; none where the path does not lead to one by itself.
-    [[nodiscard]] std::vector<FolderEntry> list(const FileURL& folder);
+    /// The entries of a folder. Missing where the path does not lead to one by itself, refused
+    /// where that cannot be told.
+    [[nodiscard]] FolderListing list(const FileURL& folder);
 
     [[nodiscard]] bool isFolder(const FileURL& url) { return kind(url) == FileKind::Folder; }
 
     void forget() { m_folders.clear(); }
 
 private:
-    [[nodiscard]] bool leadsTo(const std::string& folder);
+    [[nodiscard]] Presence leadsTo(const std::string& folder);
 
     FileSystem& m_disk;
-    std::unordered_map<std::string, bool> m_folders;
+    std::unordered_map<std::string, Presence> m_folders;
 };
 
 } // namespace pryvane

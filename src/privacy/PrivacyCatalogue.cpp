@@ -1,8 +1,10 @@
 #include "privacy/PrivacyCatalogue.h"
 
+#include "core/Files.h"
 #include "core/Texts.h"
 
 #include <algorithm>
+#include <sys/stat.h>
 
 namespace pryvane {
 
@@ -11,27 +13,15 @@ using tables::Take;
 
 namespace {
 
+/// More than any folder of a Mac holds in which the tables look for names.
+constexpr std::size_t kMostEntries = 20'000;
+
+constexpr std::string_view kSafariContainer = "Library/Containers/com.apple.Safari/Data/Library";
+
 const tables::PrivacyGroup& tableGroup(ToolGroupKind kind)
 {
     return *std::find_if(std::begin(tables::kPrivacyGroups), std::end(tables::kPrivacyGroups),
                          [kind](const auto& group) { return group.kind == kind; });
-}
-
-/// The browser that keeps open what a row takes.
-std::string_view browserOf(const tables::PrivacyRow& row)
-{
-    switch (row.anchor) {
-    case Anchor::Safari:
-        return kSafari.applicationName;
-    case Anchor::ChromeProfile:
-        return kChrome.applicationName;
-    case Anchor::FirefoxProfile:
-        return kFirefox.applicationName;
-    case Anchor::Home:
-    case Anchor::Container:
-        break;
-    }
-    return tableGroup(row.group).browser;
 }
 
 std::string withName(std::string_view pattern, std::string_view name)
@@ -47,43 +37,141 @@ bool containsIgnoringCase(std::string_view name, std::string_view text)
     return lowerAscii(name).find(lowerAscii(text)) != std::string::npos;
 }
 
+/// "V" and a number, as Mail names the folder of each of its versions.
+bool isMailVersion(std::string_view name)
+{
+    return name.size() > 1 && name.size() <= 4 && name.front() == 'V' &&
+           name.find_first_not_of("0123456789", 1) == name.npos;
+}
+
+/// The owner of a folder; none where that cannot be told.
+std::optional<uid_t> ownerOf(FileSystem& disk, const std::string& folder)
+{
+    const UniqueFd opened(disk.openFolder(FileURL::fileURLWithPath(folder)));
+    struct stat data {};
+    return opened && fstat(opened.get(), &data) == 0 ? std::optional(data.st_uid) : std::nullopt;
+}
+
 } // namespace
 
 std::vector<ToolGroup> PrivacyCatalogue::groups()
 {
-    m_way.forget();
-    m_chromeProfiles.clear();
-    if (m_way.isFolder(m_home.at(HomeFolder::kChrome)))
-        m_chromeProfiles = m_inventory.chromeProfiles();
-    m_firefoxProfiles = foldersIn(m_home.at(HomeFolder::kFirefoxProfiles));
-    std::erase_if(m_firefoxProfiles, [](const std::string& path) {
-        return path.find("default", path.rfind('/')) == path.npos;
-    });
-    m_containers = foldersIn(m_home.at("Library/Containers"));
-
+    lookAround();
     std::vector<ToolGroup> groups;
+    std::vector<ToolGroupKind> browsers;
     for (const tables::PrivacyGroup& row : tables::kPrivacyGroups) {
-        if (!isThere(row))
+        if (m_stop.requested())
+            break;
+        ToolGroup group = groupOf(row);
+        if (row.kind == ToolGroupKind::BrowserExtensions) {
+            if (browsers.empty())
+                continue;
+            std::vector<ToolItem> extensions;
+            addExtensions(browsers, extensions);
+            group.List.insert(group.List.begin(), std::make_move_iterator(extensions.begin()),
+                              std::make_move_iterator(extensions.end()));
+        } else if (!isThere(row, group)) {
             continue;
-        ToolGroup group;
-        group.kind = row.kind;
-        group.Name = row.name;
-        group.Img = FileURL::fileURLWithPath(row.icon);
-        group.isFromAdware = row.kind == ToolGroupKind::BrowserExtensions;
-        if (group.isFromAdware)
-            addExtensions(group.List);
-        for (ToolItem& item : itemsOf(row))
-            group.List.push_back(std::move(item));
+        } else if (!row.browser.empty()) {
+            browsers.push_back(row.kind);
+        }
         groups.push_back(std::move(group));
     }
     return groups;
+}
+
+/// Finds the folders on which several items' rows stand.
+void PrivacyCatalogue::lookAround()
+{
+    m_way.forget();
+    m_whole = true;
+    m_allSeen = true;
+    findChromiumProfiles();
+    findFirefoxProfiles();
+    m_safariProfiles = foldersIn(m_home.at(joinedPath(kSafariContainer, "Safari/Profiles")));
+    m_containers = foldersIn(m_home.at("Library/Containers"));
+    m_mailVersions = foldersIn(m_home.at("Library/Mail"));
+    std::erase_if(m_mailVersions, [](const std::string& path) {
+        return !isMailVersion(std::string_view(path).substr(path.rfind('/') + 1));
+    });
+    findOwnCaches();
+}
+
+void PrivacyCatalogue::findChromiumProfiles()
+{
+    m_chromiumProfiles.clear();
+    for (const tables::BrowserPlace& place : tables::kBrowserPlaces) {
+        if (place.holds != tables::Holds::Profiles || !m_way.isFolder(m_home.at(place.path)))
+            continue;
+        const std::string folder = m_home.at(place.path).absolutePath();
+        for (ChromeProfile& profile : m_inventory.chromeProfiles(place.path))
+            m_chromiumProfiles.push_back(
+                {place.browser, joinedPath(folder, profile.folder), std::move(profile.name)});
+        // Older versions of Opera have one profile, which is the folder itself.
+        if (place.browser == ToolGroupKind::Opera &&
+            m_way.kind(m_home.at(joinedPath(place.path, "Preferences"))) == FileKind::RegularFile)
+            m_chromiumProfiles.push_back({place.browser, folder, std::string(kOpera.displayName)});
+    }
+}
+
+void PrivacyCatalogue::findFirefoxProfiles()
+{
+    std::vector<std::string> listed;
+    if (m_way.isFolder(m_home.at(HomeFolder::kFirefox)))
+        listed = m_inventory.firefoxProfileFolders();
+    m_firefoxProfiles = foldersIn(m_home.at(HomeFolder::kFirefoxProfiles));
+    std::erase_if(m_firefoxProfiles, [&](const std::string& path) {
+        const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
+        return name.find("default") == name.npos && std::ranges::find(listed, name) == listed.end();
+    });
+}
+
+/// The user's folder of caches outside the home. Its name says nothing of whose it is, so its owner
+/// must be the home's, and no other home's.
+void PrivacyCatalogue::findOwnCaches()
+{
+    m_ownCaches.clear();
+    const auto owner = ownerOf(m_disk, m_home.path());
+    const auto homes = owner ? m_disk.homes() : std::vector<std::string>();
+    if (!owner || std::ranges::any_of(homes, [&](const std::string& home) {
+            return home != m_user && ownerOf(m_disk, "/Users/" + home) == owner;
+        }))
+        return;
+    for (const std::string& first : foldersIn(FileURL::fileURLWithPath("/private/var/folders"))) {
+        for (const std::string& second : foldersIn(FileURL::fileURLWithPath(first))) {
+            std::string caches = second + "/C";
+            if (m_way.isFolder(FileURL::fileURLWithPath(caches)) &&
+                ownerOf(m_disk, caches) == owner)
+                m_ownCaches.push_back(std::move(caches));
+        }
+    }
+}
+
+/// What a folder holds, up to a bound.
+std::vector<FolderEntry> PrivacyCatalogue::entriesOf(const FileURL& folder, ToolItem* item)
+{
+    FolderListing listing = m_way.list(folder);
+    if (listing.status == ListStatus::Refused)
+        noteNotSeen(item, listing.reason);
+    if (listing.entries.size() > kMostEntries) {
+        listing.entries.resize(kMostEntries);
+        m_whole = false;
+    }
+    return std::move(listing.entries);
+}
+
+void PrivacyCatalogue::noteNotSeen(ToolItem* item, const std::string& reason)
+{
+    m_allSeen = false;
+    if (item)
+        item->notSeen = reason;
 }
 
 /// The paths of the folders in a folder.
 std::vector<std::string> PrivacyCatalogue::foldersIn(const FileURL& folder)
 {
     std::vector<std::string> paths;
-    for (const FolderEntry& entry : m_way.list(folder)) {
+    for (const FolderEntry& entry : entriesOf(folder)) {
         std::string path = joinedPath(folder.absolutePath(), entry.name);
         if (m_way.isFolder(FileURL::fileURLWithPath(path)))
             paths.push_back(std::move(path));
@@ -91,21 +179,30 @@ std::vector<std::string> PrivacyCatalogue::foldersIn(const FileURL& folder)
     return paths;
 }
 
-bool PrivacyCatalogue::isThere(const tables::PrivacyGroup& group) const
+ToolGroup PrivacyCatalogue::groupOf(const tables::PrivacyGroup& row)
 {
-    if (group.kind == ToolGroupKind::BrowserExtensions) {
-        return isThere(tableGroup(ToolGroupKind::Safari)) ||
-               isThere(tableGroup(ToolGroupKind::Chrome)) ||
-               isThere(tableGroup(ToolGroupKind::Firefox));
-    }
-    return group.application.empty() || m_disk.exists(FileURL::fileURLWithPath(group.application));
+    ToolGroup group;
+    group.kind = row.kind;
+    group.Name = row.name;
+    group.user = m_user;
+    group.Img = FileURL::fileURLWithPath(row.icon);
+    group.isFromAdware = row.kind == ToolGroupKind::BrowserExtensions;
+    group.List = itemsOf(row);
+    return group;
+}
+
+bool PrivacyCatalogue::isThere(const tables::PrivacyGroup& row, const ToolGroup& group) const
+{
+    return row.application.empty() || m_disk.exists(FileURL::fileURLWithPath(row.application)) ||
+           std::ranges::any_of(group.List,
+                               [](const ToolItem& item) { return !item.AllList.empty(); });
 }
 
 std::vector<ToolItem> PrivacyCatalogue::itemsOf(const tables::PrivacyGroup& group)
 {
     std::vector<Rows> items;
     for (const tables::PrivacyRow& row : tables::kPrivacyRows) {
-        if (row.group != group.kind)
+        if (row.set != group.rows)
             continue;
         if (items.empty() || items.back().front()->item != row.item)
             items.emplace_back();
@@ -115,70 +212,96 @@ std::vector<ToolItem> PrivacyCatalogue::itemsOf(const tables::PrivacyGroup& grou
         return rows.front()->item.find("%@") != std::string_view::npos;
     };
     std::vector<ToolItem> list;
-    for (const ChromeProfile& profile : m_chromeProfiles) {
+    for (const Profile& profile : m_chromiumProfiles) {
         for (const Rows& rows : items) {
-            if (isOfProfile(rows))
-                list.push_back(item(rows, withName(rows.front()->item, profile.name), &profile));
+            if (profile.browser == group.kind && isOfProfile(rows))
+                list.push_back(
+                    item(group, rows, withName(rows.front()->item, profile.name), &profile));
         }
     }
     for (const Rows& rows : items) {
         if (!isOfProfile(rows))
-            list.push_back(item(rows, std::string(rows.front()->item)));
+            list.push_back(item(group, rows, std::string(rows.front()->item)));
     }
     return list;
 }
 
-ToolItem PrivacyCatalogue::item(const Rows& rows, std::string name,
-                                const ChromeProfile* onlyProfile)
+ToolItem PrivacyCatalogue::item(const tables::PrivacyGroup& group, const Rows& rows,
+                                std::string name, const Profile* onlyProfile)
 {
     ToolItem item = getDicForList({}, std::move(name), false);
     for (const tables::PrivacyRow* row : rows) {
-        for (const std::string& folder : foldersOf(row->anchor, onlyProfile))
+        for (const std::string& folder : foldersOf(row->anchor, group, onlyProfile))
             addLocations(item, *row, folder);
     }
     return item;
 }
 
 std::vector<std::string> PrivacyCatalogue::foldersOf(Anchor anchor,
-                                                     const ChromeProfile* onlyProfile) const
+                                                     const tables::PrivacyGroup& group,
+                                                     const Profile* onlyProfile) const
 {
-    const auto chromeFolder = [this](const ChromeProfile& profile) {
-        return joinedPath(m_home.at(HomeFolder::kChrome).absolutePath(), profile.folder);
+    std::vector<std::string> folders;
+    const auto addPlaces = [&](tables::Holds held) {
+        for (const tables::BrowserPlace& place : tables::kBrowserPlaces) {
+            if (place.browser == group.kind && place.holds == held)
+                folders.push_back(m_home.at(place.path).absolutePath());
+        }
     };
     switch (anchor) {
     case Anchor::Home:
         return {m_home.path()};
     case Anchor::Safari:
         return {m_home.at(HomeFolder::kSafari).absolutePath()};
+    case Anchor::SafariContainer:
+        return {m_home.at(kSafariContainer).absolutePath()};
+    case Anchor::SafariProfile:
+        return m_safariProfiles;
     case Anchor::FirefoxProfile:
         return m_firefoxProfiles;
     case Anchor::Container:
         return m_containers;
-    case Anchor::ChromeProfile:
+    case Anchor::MailVersion:
+        return m_mailVersions;
+    case Anchor::OwnCaches:
+        return m_ownCaches;
+    case Anchor::ChromiumData:
+        addPlaces(tables::Holds::Profiles);
+        return folders;
+    case Anchor::BrowserCaches:
+        addPlaces(tables::Holds::Caches);
+        return folders;
+    case Anchor::ChromiumProfile:
         break;
     }
     if (onlyProfile)
-        return {chromeFolder(*onlyProfile)};
-    std::vector<std::string> folders;
-    for (const ChromeProfile& profile : m_chromeProfiles)
-        folders.push_back(chromeFolder(profile));
+        return {onlyProfile->path};
+    const bool isOfAll = group.rows == tables::RowSet::BrowserExtensions;
+    for (const Profile& profile : m_chromiumProfiles) {
+        if (isOfAll || profile.browser == group.kind)
+            folders.push_back(profile.path);
+    }
     return folders;
 }
 
 void PrivacyCatalogue::addLocations(ToolItem& item, const tables::PrivacyRow& row,
                                     const std::string& folder)
 {
-    const std::string path = joinedPath(folder, row.path);
-    if (row.take != Take::FilesNamedSo) {
-        addLocation(item, path, row.take, browserOf(row));
+    const std::string path = row.path.empty() ? folder : joinedPath(folder, row.path);
+    if (row.take == Take::Item || row.take == Take::Contents) {
+        addLocation(item, path, row.take, {});
         return;
     }
     const auto slash = path.rfind('/');
     const std::string parent = path.substr(0, slash);
-    for (const FolderEntry& entry : m_way.list(FileURL::fileURLWithPath(parent))) {
-        if (entry.kind != FileKind::Folder &&
-            containsIgnoringCase(entry.name, std::string_view(path).substr(slash + 1)))
-            addLocation(item, joinedPath(parent, entry.name), Take::Item, browserOf(row));
+    const std::string_view name = std::string_view(path).substr(slash + 1);
+    for (const FolderEntry& entry : entriesOf(FileURL::fileURLWithPath(parent), &item)) {
+        const bool isMeant =
+            row.take == Take::NamedFrom
+                ? entry.name.starts_with(name)
+                : entry.kind != FileKind::Folder && containsIgnoringCase(entry.name, name);
+        if (isMeant)
+            addLocation(item, joinedPath(parent, entry.name), Take::Item, {});
     }
 }
 
@@ -190,42 +313,51 @@ void PrivacyCatalogue::addLocation(ToolItem& item, const std::string& path, Take
     location.scope = take == Take::Contents ? RemovalScope::ContentsOf : RemovalScope::Item;
     location.url = FileURL::fileURLWithPath(take == Take::Contents ? path + "/" : path);
     location.kind = m_way.kind(location.url);
+    if (location.kind == FileKind::Unknown)
+        noteNotSeen(&item, "a folder on the way cannot be searched");
     if (location.kind == FileKind::Missing || location.kind == FileKind::Unknown)
         return;
     location.browser = browser;
     item.AllList.push_back(std::move(location));
 }
 
-void PrivacyCatalogue::addExtensions(std::vector<ToolItem>& items)
+void PrivacyCatalogue::addExtensions(const std::vector<ToolGroupKind>& browsers,
+                                     std::vector<ToolItem>& items)
 {
-    const auto addHeader = [&](ToolGroupKind browser, const char* text) {
-        if (!isThere(tableGroup(browser)))
-            return false;
-        ToolItem header = getDicForList({}, text, false);
+    for (const ToolGroupKind kind : browsers) {
+        const tables::PrivacyGroup& browser = tableGroup(kind);
+        ToolItem header = getDicForList({}, std::string(browser.browser) + " Extensions", false);
         header.isHeader = true;
         items.push_back(std::move(header));
-        return true;
-    };
-    if (addHeader(ToolGroupKind::Safari, "Safari Extensions")) {
+        addExtensionsOf(browser, items);
+    }
+}
+
+void PrivacyCatalogue::addExtensionsOf(const tables::PrivacyGroup& browser,
+                                       std::vector<ToolItem>& items)
+{
+    if (browser.kind == ToolGroupKind::Safari) {
         for (SafariExtension& extension : m_inventory.safariExtensions()) {
             if (m_way.kind(extension.url) != FileKind::Missing)
-                addExtension(items, std::move(extension.name), extension.url,
-                             kSafari.applicationName);
+                addExtension(items, std::move(extension.name), extension.url, browser.browser);
         }
+        return;
     }
-    if (addHeader(ToolGroupKind::Chrome, "Google Chrome Extensions")) {
-        for (const ExtensionEntry& entry : m_inventory.chromeExtensions()) {
-            if (!m_way.isFolder(entry.urlExt))
-                continue;
-            addExtension(items, entry.nameExt + " v" + entry.verExt + " (" + entry.PersonExt + ")",
-                         entry.urlExt, kChrome.applicationName);
-        }
-    }
-    if (addHeader(ToolGroupKind::Firefox, "Firefox Extensions")) {
+    if (browser.kind == ToolGroupKind::Firefox) {
         for (const ExtensionEntry& entry : m_inventory.firefoxAddOns()) {
             addExtension(items, entry.nameExt + " v" + entry.verExt,
-                         isAddOnPlace(entry.urlExt) ? entry.urlExt : FileURL(),
-                         kFirefox.applicationName);
+                         isAddOnPlace(entry.urlExt) ? entry.urlExt : FileURL(), browser.browser);
+        }
+        return;
+    }
+    for (const tables::BrowserPlace& place : tables::kBrowserPlaces) {
+        if (place.browser != browser.kind || place.holds != tables::Holds::Profiles)
+            continue;
+        for (const ExtensionEntry& entry : m_inventory.chromeExtensions(place.path)) {
+            if (m_way.isFolder(entry.urlExt))
+                addExtension(items,
+                             entry.nameExt + " v" + entry.verExt + " (" + entry.PersonExt + ")",
+                             entry.urlExt, browser.browser);
         }
     }
 }

@@ -1,5 +1,9 @@
 #include "privacy/PrivacyCleaning.h"
 
+#include "core/Texts.h"
+#include "inventory/AdwareScan.h"
+#include "privacy/DirectWay.h"
+
 #include <algorithm>
 #include <iterator>
 #include <set>
@@ -13,7 +17,99 @@ namespace {
 
 RemovalItem removalItem(const CleaningRow& row)
 {
-    return {row.location.url, {}, row.location.scope, row.location.kind};
+    RemovalItem item{row.location.url, {}, row.location.scope, row.location.kind};
+    item.purpose = row.group + "/" + row.item;
+    return item;
+}
+
+// Beyond these a folder stays one row: its parts would be more than anybody looks through.
+constexpr std::size_t kMostParts = 1000; // of one folder
+constexpr std::size_t kMostPartsInAll = 5000;
+
+/// Whether one of the paths is the other or lies above it, whatever their letter case.
+bool overlap(std::string_view a, std::string_view b)
+{
+    std::string one = lowerAscii(a), other = lowerAscii(b);
+    for (std::string* path : {&one, &other}) {
+        if (!path->ends_with('/'))
+            *path += '/';
+    }
+    return one.starts_with(other) || other.starts_with(one);
+}
+
+/// The running application that keeps open what the row takes; empty: none.
+std::string holderOf(const CleaningRow& row, std::span<const std::string> running)
+{
+    const auto runs = [&](std::string_view name) {
+        return !name.empty() && std::ranges::find(running, name) != running.end();
+    };
+    if (runs(row.location.browser))
+        return std::string(row.location.browser);
+    const HomeFolder home(row.user);
+    const std::string path = row.location.url.absolutePath();
+    for (const tables::PrivacyGroup& group : tables::kPrivacyGroups) {
+        if (runs(group.browser) &&
+            std::ranges::any_of(tables::kBrowserPlaces, [&](const tables::BrowserPlace& place) {
+                return place.browser == group.kind &&
+                       overlap(path, home.at(place.path).absolutePath());
+            }))
+            return std::string(group.browser);
+    }
+    return {};
+}
+
+/// Puts in place of a folder that is taken by its contents what it holds.
+std::vector<CleaningRow> inParts(std::vector<CleaningRow> rows, FileSystem& disk,
+                                 const StopFlag& stop)
+{
+    DirectWay way(disk);
+    std::vector<CleaningRow> all;
+    std::size_t parts = 0;
+    for (CleaningRow& row : rows) {
+        FolderListing listing;
+        if (row.location.scope == RemovalScope::ContentsOf && !stop.requested())
+            listing = way.list(row.location.url);
+        const std::size_t count = listing.entries.size();
+        if (listing.status != ListStatus::Listed || count == 0 || count > kMostParts ||
+            parts + count > kMostPartsInAll) {
+            all.push_back(std::move(row));
+            continue;
+        }
+        parts += count;
+        const std::string folder = row.location.url.absolutePath();
+        for (const FolderEntry& entry : listing.entries) {
+            CleaningRow part = row;
+            part.isPart = true;
+            part.location.scope = RemovalScope::Item;
+            part.location.url = FileURL::fileURLWithPath(joinedPath(folder, entry.name));
+            part.location.kind = way.kind(part.location.url);
+            part.location.bytes = 0;
+            all.push_back(std::move(part));
+        }
+    }
+    return all;
+}
+
+/// The parts of each folder, the largest first.
+void sortParts(std::vector<CleaningRow>& rows)
+{
+    const auto folderOf = [](const CleaningRow& row) {
+        const std::string path = row.location.url.absolutePath();
+        return path.substr(0, path.rfind('/'));
+    };
+    for (auto first = rows.begin(); first != rows.end();) {
+        auto last = std::next(first);
+        if (first->isPart) {
+            const std::string folder = folderOf(*first);
+            last = std::find_if(last, rows.end(), [&](const CleaningRow& row) {
+                return !row.isPart || row.item != first->item || folderOf(row) != folder;
+            });
+            std::stable_sort(first, last, [](const CleaningRow& a, const CleaningRow& b) {
+                return a.forecast.bytes > b.forecast.bytes;
+            });
+        }
+        first = last;
+    }
 }
 
 /// Whether the path or one above it is in the set.
@@ -43,6 +139,31 @@ void eachOnce(std::vector<const Each*> all, const LocationOf& locationOf, const 
     }
 }
 
+bool isOfOneItem(const CleaningRow& a, const CleaningRow& b)
+{
+    return a.user == b.user && a.group == b.group && a.item == b.item;
+}
+
+/// What the wanted rows take. A folder takes what lies below it along.
+template <typename Wanted>
+CleaningPreview::Totals totalsOf(std::span<const CleaningRow> rows, const Wanted& wanted)
+{
+    std::vector<const CleaningRow*> counted;
+    for (const CleaningRow& row : rows) {
+        if (wanted(row))
+            counted.push_back(&row);
+    }
+    CleaningPreview::Totals totals;
+    eachOnce(
+        std::move(counted),
+        [](const CleaningRow& row) -> const ToolLocation& { return row.location; },
+        [&](const CleaningRow& row) {
+            totals.entries += row.forecast.entries;
+            totals.bytes += row.forecast.bytes;
+        });
+    return totals;
+}
+
 /// What the locations of those items take.
 template <typename Wanted>
 std::int64_t bytesOf(std::span<const ToolGroup> groups, const Wanted& wanted)
@@ -67,21 +188,31 @@ std::int64_t bytesOf(std::span<const ToolGroup> groups, const Wanted& wanted)
 
 CleaningPreview::Totals CleaningPreview::totals() const
 {
-    // A folder takes what lies below it along.
-    std::vector<const CleaningRow*> going;
-    for (const CleaningRow& row : rows) {
-        if (row.willGo())
-            going.push_back(&row);
+    return totalsOf(rows, [](const CleaningRow& row) { return row.willGo(); });
+}
+
+std::vector<CleaningPreview::Item> CleaningPreview::items() const
+{
+    std::vector<Item> items;
+    for (std::size_t first = 0, last = 0; first < rows.size(); first = last) {
+        Item item;
+        item.first = first;
+        for (; last < rows.size() && isOfOneItem(rows[first], rows[last]); ++last)
+            item.ticked = item.ticked || rows[last].ticked;
+        item.count = last - first;
+        const ToolItem named = getDicForList({}, rows[first].item, rows[first].isExtension);
+        item.meaning = meaningOf(named);
+        item.totals = totalsOf(std::span(rows).subspan(first, item.count),
+                               [](const CleaningRow&) { return true; });
+        items.push_back(item);
     }
-    Totals totals;
-    eachOnce(
-        std::move(going),
-        [](const CleaningRow& row) -> const ToolLocation& { return row.location; },
-        [&](const CleaningRow& row) {
-            totals.entries += row.forecast.entries;
-            totals.bytes += row.forecast.bytes;
-        });
-    return totals;
+    return items;
+}
+
+void CleaningPreview::leaveDearOut()
+{
+    for (CleaningRow& row : rows)
+        row.ticked = row.ticked && row.cost != Cost::Dear;
 }
 
 std::vector<std::string> CleaningPreview::openBrowsers() const
@@ -107,7 +238,15 @@ std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups)
                 // The same folder may go as a whole and by its contents; the whole is more.
                 std::string key(location.scope == RemovalScope::ContentsOf ? "in " : "");
                 if (seen.insert(key.append(location.url.identity())).second)
-                    rows.push_back({group.Name, item.NameText, location, {}, {}, true});
+                    rows.push_back({.user = group.user,
+                                    .kind = group.kind,
+                                    .group = group.Name,
+                                    .item = item.NameText,
+                                    .cost = item.cost,
+                                    .isExtension = item.isExt,
+                                    .location = location,
+                                    .forecast = {},
+                                    .blockedBy = {}});
             }
         }
     }
@@ -125,67 +264,112 @@ std::int64_t selectedBytes(std::span<const ToolGroup> groups)
 }
 
 CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const std::string> running,
-                                Remover& remover, const StopFlag& stop)
+                                FileSystem& disk, Remover& remover, const StopFlag& stop)
 {
     CleaningPreview preview;
-    preview.rows = std::move(rows);
+    preview.rows = inParts(std::move(rows), disk, stop);
     std::vector<RemovalItem> items;
-    for (CleaningRow& row : preview.rows) {
+    for (const CleaningRow& row : preview.rows)
         items.push_back(removalItem(row));
-        row.blockedBy.clear();
-        if (!row.location.browser.empty() &&
-            std::find(running.begin(), running.end(), row.location.browser) != running.end())
-            row.blockedBy = row.location.browser;
-    }
     remover.plan(items, stop, [&](std::size_t item, const RemovalForecast& forecast) {
         preview.rows[item].forecast = forecast;
     });
+    sortParts(preview.rows);
+    blockOpen(preview, running);
     return preview;
 }
 
-std::size_t countGoing(const CleaningPreview& preview)
+void blockOpen(CleaningPreview& preview, std::span<const std::string> running)
 {
-    return static_cast<std::size_t>(std::ranges::count_if(preview.rows, &CleaningRow::willGo));
+    for (CleaningRow& row : preview.rows)
+        row.blockedBy = holderOf(row, running);
 }
 
 void removeGoing(const CleaningPreview& preview, Remover& remover, const StopFlag& stop,
                  const RemovalResults& told)
 {
     std::vector<RemovalItem> items;
-    for (const CleaningRow& row : preview.rows) {
-        if (row.willGo())
-            items.push_back(removalItem(row));
+    std::vector<std::size_t> rowOf;
+    for (std::size_t row = 0; row < preview.rows.size(); ++row) {
+        if (!preview.rows[row].willGo())
+            continue;
+        items.push_back(removalItem(preview.rows[row]));
+        rowOf.push_back(row);
     }
-    remover.remove(items, stop, told);
+    remover.remove(items, stop, [&](std::size_t item, const RemovalResult& result) {
+        told(rowOf[item], result);
+    });
 }
 
 CleaningOutcome outcomeOf(const CleaningPreview& preview, std::span<const RemovalResult> results)
 {
     CleaningOutcome outcome;
     std::vector<LeftOver> failed; // told behind what was not even tried
-    auto result = results.begin();
-    for (const CleaningRow& row : preview.rows) {
-        if (row.willGo()) {
-            outcome.entriesRemoved += result->entriesRemoved;
-            outcome.bytesRemoved += result->bytesRemoved;
-            if (result->outcome == RemovalOutcome::Failed)
-                failed.push_back({row.item, row.location.url, result->reason()});
-            ++result;
-        } else if (row.ticked) {
+    for (std::size_t i = 0; i < preview.rows.size(); ++i) {
+        const CleaningRow& row = preview.rows[i];
+        if (!row.ticked)
+            continue;
+        auto& items = outcome.items;
+        if (items.empty() || items.back().user != row.user || items.back().group != row.group ||
+            items.back().item != row.item)
+            items.push_back({row.user, row.group, row.item, 0, 0, 0, {}});
+        CleanedItem& item = items.back();
+        if (!row.willGo()) {
+            ++item.stayed;
             outcome.stayed.push_back({row.item, row.location.url,
                                       row.blockedBy + " is running; close it and try again"});
+            continue;
         }
+        const RemovalResult& result = results[i];
+        item.entries += result.entriesRemoved;
+        item.bytes += result.bytesRemoved;
+        if (result.outcome == RemovalOutcome::Failed) {
+            ++item.stayed;
+            failed.push_back({row.item, row.location.url, result.reason()});
+        } else if (result.outcome == RemovalOutcome::Removed) {
+            item.gone.push_back(row.location.url);
+        }
+        outcome.entriesRemoved += result.entriesRemoved;
+        outcome.bytesRemoved += result.bytesRemoved;
     }
     std::ranges::move(failed, std::back_inserter(outcome.stayed));
     return outcome;
 }
 
+std::string cleanedText(const CleaningOutcome& outcome)
+{
+    if (outcome.stayed.empty())
+        return outcome.entriesRemoved > 0 ? kCleanedText
+                                          : "Nothing of the selected data was there any more.";
+    std::string text = outcome.entriesRemoved > 0 ? "Not all of the selected data was cleared."
+                                                  : "None of the selected data was cleared.";
+    text += "\nCleared: " + countedText(outcome.entriesRemoved, "entry", "entries") + ", " +
+            sizeText(outcome.bytesRemoved) + ".";
+    text += "\nStayed: " + countedText(outcome.stayed.size(), "location", "locations") + ".";
+    std::vector<std::pair<std::string_view, std::size_t>> reasons; // in the order of the first
+    for (const LeftOver& left : outcome.stayed) {
+        const auto known = std::ranges::find(reasons, std::string_view(left.reason),
+                                             &decltype(reasons)::value_type::first);
+        if (known == reasons.end())
+            reasons.emplace_back(left.reason, 1);
+        else
+            ++known->second;
+    }
+    constexpr std::size_t kMostReasons = 5; // the list of what stayed has them all
+    for (std::size_t i = 0; i < std::min(reasons.size(), kMostReasons); ++i)
+        text.append("\n  ")
+            .append(std::to_string(reasons[i].second))
+            .append(": ")
+            .append(reasons[i].first);
+    return text;
+}
+
 CleaningOutcome cleanSelected(const CleaningPreview& preview, Remover& remover,
                               const StopFlag& stop)
 {
-    std::vector<RemovalResult> results(countGoing(preview));
+    std::vector<RemovalResult> results(preview.rows.size());
     removeGoing(preview, remover, stop,
-                [&](std::size_t item, const RemovalResult& result) { results[item] = result; });
+                [&](std::size_t row, const RemovalResult& result) { results[row] = result; });
     return outcomeOf(preview, results);
 }
 

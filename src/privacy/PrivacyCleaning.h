@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/StopFlag.h"
+#include "platform/FileSystem.h"
 #include "platform/Remover.h"
 #include "privacy/ToolGroup.h"
 
@@ -13,12 +14,17 @@ namespace pryvane {
 
 /// One location that is about to be cleaned, with what is known beforehand.
 struct CleaningRow {
+    std::string user; ///< whose data it is, by the home's name
+    ToolGroupKind kind = ToolGroupKind::System;
     std::string group;
     std::string item;
+    Cost cost = Cost::Little;
+    bool isExtension = false;
     ToolLocation location;
     RemovalForecast forecast;
     std::string blockedBy; ///< the running application that keeps it open; it then stays
     bool ticked = true;
+    bool isPart = false; ///< one of what a folder holds that is taken by its contents
 
     [[nodiscard]] bool willGo() const { return ticked && blockedBy.empty(); }
 };
@@ -36,6 +42,19 @@ struct CleaningPreview {
 
     /// The applications to be closed first, each once, in order.
     [[nodiscard]] std::vector<std::string> openBrowsers() const;
+
+    /// The rows that make one item.
+    struct Item {
+        std::size_t first = 0; ///< of its rows, which stand together
+        std::size_t count = 0;
+        std::string_view meaning; ///< what clearing it means
+        Totals totals;            ///< of its rows, ticked or not
+        bool ticked = false;      ///< any of them
+    };
+    [[nodiscard]] std::vector<Item> items() const;
+
+    /// Unticks what cannot be had back.
+    void leaveDearOut();
 };
 
 /// A location that was to go and did not, with the reason in words.
@@ -45,15 +64,31 @@ struct LeftOver {
     std::string reason;
 };
 
+/// What became of one item.
+struct CleanedItem {
+    std::string user;
+    std::string group;
+    std::string item;
+    std::uint64_t entries = 0; ///< that went
+    std::int64_t bytes = 0;    ///< that went, allocated
+    std::size_t stayed = 0;    ///< locations that were to go and did not
+    std::vector<FileURL> gone; ///< locations that went
+};
+
 struct CleaningOutcome {
     std::uint64_t entriesRemoved = 0;
     std::int64_t bytesRemoved = 0;
-    std::vector<LeftOver> stayed; ///< what was unticked is not among them
+    std::vector<CleanedItem> items; ///< those of which anything was to go, in the preview's order
+    std::vector<LeftOver> stayed;   ///< what was unticked is not among them
 };
 
-/// What is shown when cleaning has ended, whatever stayed.
+/// What is shown when all that was to go has gone.
 inline constexpr const char* kCleanedTitle = "Alert";
 inline constexpr const char* kCleanedText = "You have successfully cleared selected data.";
+
+/// What is shown when cleaning has ended: kCleanedText where that is so, else what stayed, how much
+/// of it for which reason, each reason in a line of its own.
+[[nodiscard]] std::string cleanedText(const CleaningOutcome& outcome);
 
 /// The locations of the ticked items of all groups; each location once.
 [[nodiscard]] std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups);
@@ -64,21 +99,25 @@ inline constexpr const char* kCleanedText = "You have successfully cleared selec
 /// The same of the ticked items.
 [[nodiscard]] std::int64_t selectedBytes(std::span<const ToolGroup> groups);
 
-/// Looks at what the rows would take away; their ticks stay. `running` are the display names of the
-/// applications that run on the volume. Blocks. After a stop the rows not reached have an empty
-/// forecast.
+/// Looks at what the rows would take away; their ticks stay. A folder that is taken by its contents
+/// becomes a row for each thing it holds, the largest first, so that each can be left out; one that
+/// holds very many stays one row. `running` are the display names of the applications that run on
+/// the volume. Blocks. After a stop the rows not reached have an empty forecast.
 [[nodiscard]] CleaningPreview previewCleaning(std::vector<CleaningRow> rows,
                                               std::span<const std::string> running,
-                                              Remover& remover, const StopFlag& stop);
+                                              FileSystem& disk, Remover& remover,
+                                              const StopFlag& stop);
 
-/// How many rows will go.
-[[nodiscard]] std::size_t countGoing(const CleaningPreview& preview);
+/// Marks the rows that overlap what a running application keeps open, and no others.
+void blockOpen(CleaningPreview& preview, std::span<const std::string> running);
 
-/// Removes for good the rows that will go, and tells of each in order. Blocks.
+/// Removes for good the rows that will go, and tells of each by its place among the preview's rows.
+/// Blocks.
 void removeGoing(const CleaningPreview& preview, Remover& remover, const StopFlag& stop,
                  const RemovalResults& told);
 
-/// What the cleaning came to, by the results of the rows that went.
+/// What the cleaning came to, by a result for each of the preview's rows; those of rows that did
+/// not go count for nothing.
 [[nodiscard]] CleaningOutcome outcomeOf(const CleaningPreview& preview,
                                         std::span<const RemovalResult> results);
 

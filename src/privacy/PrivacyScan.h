@@ -12,6 +12,8 @@ struct PrivacyProgress {
     std::atomic<std::size_t> locations{0}; ///< to be measured; 0 until it is known
     std::atomic<std::size_t> measured{0};
     SizeProgress sizes;
+    std::atomic<bool> whole{true};   ///< no bound was met, see PrivacyCatalogue::whole()
+    std::atomic<bool> allSeen{true}; ///< every folder could be looked at
 };
 
 /// Takes each group once it is measured, in the catalogue's order; called on any thread, but never

@@ -2,9 +2,23 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace pryvane {
+
+namespace {
+
+/// Whether all is ticked that the group's own box ticks.
+bool allTicked(const ToolGroup& group)
+{
+    return std::ranges::any_of(group.List, &ToolItem::isChecked) &&
+           std::ranges::all_of(group.List, [](const ToolItem& item) {
+               return item.isChecked || !ticksWithOthers(item);
+           });
+}
+
+} // namespace
 
 ToolsViewController::ToolsViewController(const Services& services, std::string user,
                                          QObject* parent)
@@ -83,9 +97,7 @@ void ToolsViewController::setChecked(std::size_t group, std::size_t item, bool c
         return;
     ToolGroup& owner = m_availbleApp[group];
     owner.List[item].isChecked = checked && owner.List[item].isEnabled;
-    owner.isChecked = owner.isEnabled;
-    for (const ToolItem& each : owner.List)
-        owner.isChecked = owner.isChecked && (each.isChecked || !each.isEnabled);
+    owner.isChecked = allTicked(owner);
     Q_EMIT stateChanged();
 }
 
@@ -94,9 +106,9 @@ void ToolsViewController::setGroupChecked(std::size_t group, bool checked)
     if (!canTick() || group >= m_availbleApp.size())
         return;
     ToolGroup& owner = m_availbleApp[group];
-    owner.isChecked = checked && owner.isEnabled;
     for (ToolItem& item : owner.List)
-        item.isChecked = checked && item.isEnabled;
+        item.isChecked = checked && (item.isChecked || ticksWithOthers(item));
+    owner.isChecked = allTicked(owner);
     Q_EMIT stateChanged();
 }
 
@@ -131,7 +143,7 @@ void ToolsViewController::look(std::vector<CleaningRow> rows)
     m_session.plan(
         [this, rows = std::move(rows)](const StopFlag& stop) mutable {
             return previewCleaning(std::move(rows), m_services.workspace.runningApplications(),
-                                   m_services.remover, stop);
+                                   m_services.disk.disk, m_services.remover, stop);
         },
         [this](CleaningPreview preview) {
             m_preview = std::move(preview);
@@ -148,6 +160,14 @@ void ToolsViewController::setPreviewTicked(std::size_t row, bool ticked)
     Q_EMIT stateChanged();
 }
 
+void ToolsViewController::leaveDearOut()
+{
+    if (m_state != State::Previewing)
+        return;
+    m_preview.leaveDearOut();
+    Q_EMIT stateChanged();
+}
+
 void ToolsViewController::cancelPreview()
 {
     if (m_state != State::Previewing)
@@ -160,10 +180,12 @@ void ToolsViewController::cleanAndReloadData()
 {
     if (m_state != State::Previewing)
         return;
-    const auto preview = std::make_shared<const CleaningPreview>(std::exchange(m_preview, {}));
+    // Changed by the session's thread, which has ended when it is read again.
+    const auto preview = std::make_shared<CleaningPreview>(std::exchange(m_preview, {}));
     m_session.remove(
-        countGoing(*preview),
+        preview->rows.size(),
         [this, preview](const StopFlag& stop, const RemovalResults& told) {
+            blockOpen(*preview, m_services.workspace.runningApplications());
             removeGoing(*preview, m_services.remover, stop, told);
         },
         [this, preview](const std::vector<RemovalResult>& results) {
@@ -178,7 +200,7 @@ void ToolsViewController::cleaned()
     setState(State::Idle);
     // The message has a loop of its own, in which the volume may be changed and this go.
     const QPointer alive(this);
-    m_services.alerts.runModal({kCleanedTitle, kCleanedText, {"OK"}});
+    m_services.alerts.runModal({kCleanedTitle, cleanedText(m_outcome), {"OK"}});
     if (alive)
         resetAndAddavailbleApplications();
 }

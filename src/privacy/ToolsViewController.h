@@ -54,14 +54,16 @@ public:
     /// Ends what is under way as soon as it can; what was found or removed by then stands.
     void stop();
 
-    /// Ticks what can be ticked: items with something to clean. Groups that have arrived may be
-    /// ticked while others still do.
+    /// Ticks what can be ticked: items with something to clean, of a group those that are not dear.
+    /// Groups that have arrived may be ticked while others still do.
     void setChecked(std::size_t group, std::size_t item, bool checked);
     void setGroupChecked(std::size_t group, bool checked);
 
     /// Looks at what cleaning the ticked items would take away; nothing where none is ticked.
     void previewSelected();
     void setPreviewTicked(std::size_t row, bool ticked);
+    /// Unticks in the preview what cannot be had back.
+    void leaveDearOut();
     void cancelPreview();
 
     /// Looks again, once browsers were closed; what was unticked stays so.
@@ -69,7 +71,8 @@ public:
     /// Puts the panel with the browsers away, and the preview with it.
     void closeWindowAction() { cancelPreview(); }
 
-    /// Removes for good what the preview shows ticked, says so, and builds the catalogue anew.
+    /// Removes for good what the preview shows ticked and no application keeps open at that moment,
+    /// says what became of it, and builds the catalogue anew.
     void cleanAndReloadData();
 
     [[nodiscard]] State state() const { return m_state; }

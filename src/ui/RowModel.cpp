@@ -182,7 +182,8 @@ void RowModel::tickAll(bool on)
 {
     std::vector<int> rows;
     for (const Shown& shown : m_shown)
-        if (shown.row >= 0 && m_source.ticked(shown.row))
+        if (shown.row >= 0 && m_source.ticked(shown.row) &&
+            (!on || m_source.ticksWithOthers(shown.row)))
             rows.push_back(shown.row);
     m_source.tick(rows, on);
     refresh();
@@ -192,7 +193,7 @@ Qt::CheckState RowModel::allTicked() const
 {
     std::vector<int> rows;
     for (const Shown& shown : m_shown)
-        if (shown.row >= 0)
+        if (shown.row >= 0 && m_source.ticksWithOthers(shown.row))
             rows.push_back(shown.row);
     return tickState(rows);
 }
@@ -294,7 +295,8 @@ std::vector<int> RowModel::rowsOfGroup(int group) const
 {
     std::vector<int> rows;
     for (const Shown& shown : m_shown)
-        if (shown.group == group && shown.row >= 0 && m_source.ticked(shown.row))
+        if (shown.group == group && shown.row >= 0 && m_source.ticked(shown.row) &&
+            m_source.ticksWithOthers(shown.row))
             rows.push_back(shown.row);
     return rows;
 }

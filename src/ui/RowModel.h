@@ -38,6 +38,9 @@ public:
     [[nodiscard]] virtual std::optional<bool> ticked(int /*row*/) const { return std::nullopt; }
     virtual void tick(const std::vector<int>& /*rows*/, bool /*on*/) {}
 
+    /// Whether ticking a whole group, or all rows, ticks this one, too.
+    [[nodiscard]] virtual bool ticksWithOthers(int /*row*/) const { return true; }
+
     /// The group of the row under that grouping (1, 2, …); grouping 0 has no groups.
     [[nodiscard]] virtual QString group(int /*row*/, int /*grouping*/) const { return {}; }
 

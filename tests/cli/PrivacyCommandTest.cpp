@@ -184,14 +184,39 @@ TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
     input = "y\n";
     const auto partly = clear({both, false, false, "text"}, {"Google Chrome"});
     EXPECT_EQ(partly.code, 1);
-    EXPECT_THAT(partly.out, HasSubstr("You have successfully cleared selected data."));
+    EXPECT_THAT(partly.out, HasSubstr("Not all of the selected data was cleared."));
+    EXPECT_THAT(partly.out, HasSubstr("  System/System Log Files: 1 entry"));
     EXPECT_THAT(partly.out, HasSubstr("stayed: " + cookies + " (Google Chrome is running"));
     EXPECT_TRUE(volume.contains(cookies) && !volume.contains(log));
     EXPECT_TRUE(volume.contains("/Users/alice/Library/Logs"));
     const auto done = clear({both, false, true, "json"});
     EXPECT_EQ(done.code, 0);
-    EXPECT_TRUE(json::parse(done.out)["stayed"].empty());
+    const json went = json::parse(done.out);
+    EXPECT_TRUE(went["stayed"].empty());
+    EXPECT_EQ(went["items"][0]["user"], "alice");
+    EXPECT_EQ(went["items"][0]["item"], "Cookies (A\\nB)");
+    EXPECT_EQ(went["items"][0]["bytes"], went["bytesRemoved"]);
+    EXPECT_EQ(went["items"][0]["gone"][0]["path"], cookies);
     EXPECT_FALSE(volume.contains(cookies));
+
+    // A group by its name leaves what is dear, and what is excepted.
+    const std::string passwords = chrome + "/Default/Login Data";
+    const std::string history = chrome + "/Default/History";
+    for (const std::string& file : {cookies, passwords, history})
+        volume.file(file, std::string(5000, 'x'));
+    cli::ClearArguments group{{}, false, true, "text"};
+    group.groups = {"Chrome"};
+    group.except = {"Nonsense"};
+    EXPECT_THAT(clear(group).err, HasSubstr("no item \"Nonsense\" to leave out"));
+    group.except = {"Chrome/History (A\\nB)"};
+    const auto whole = clear(group);
+    EXPECT_EQ(whole.code, 0);
+    EXPECT_THAT(whole.out, HasSubstr("You have successfully cleared selected data."));
+    EXPECT_THAT(whole.err, HasSubstr("Chrome/Login Data (A\\nB) (--item clears it)"));
+    EXPECT_TRUE(volume.contains(passwords) && volume.contains(history));
+    EXPECT_FALSE(volume.contains(cookies));
+    group.groups = {"Netscape"};
+    EXPECT_THAT(clear(group).err, HasSubstr("there is no group \"Netscape\""));
 
     volume.file(cookies, "again");
     EXPECT_EQ(on({"privacy", "clear", "--item", both[0], "--dry-run"}).code, 0);

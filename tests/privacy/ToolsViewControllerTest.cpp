@@ -98,21 +98,95 @@ TEST_F(ToolsViewControllerTest, CleansWhatIsTickedSaysSoAndMeasuresAnew)
 TEST_F(ToolsViewControllerTest, ListsWhatStayedAndWhy)
 {
     remover().stubborn = {m_history};
-    for (const bool runs : {false, true}) {
-        workspace.running = runs ? std::vector<std::string>{"Safari"} : std::vector<std::string>();
+    enum Running { Never, Before, BehindThePreview };
+    for (const Running safari : {Never, Before, BehindThePreview}) {
+        const bool runs = safari != Never;
+        workspace.running.clear();
+        if (safari == Before)
+            workspace.running = {"Safari"};
         makeController();
         tick();
         controller->previewSelected();
         ASSERT_TRUE(reaches(State::Previewing));
-        EXPECT_EQ(controller->preview().openBrowsers().size(), runs ? 1U : 0U);
+        EXPECT_EQ(controller->preview().openBrowsers().size(), safari == Before ? 1U : 0U);
         alerts.answer(kAlertFirstButton);
+        if (runs)
+            workspace.running = {"Safari"};
         controller->cleanAndReloadData();
         ASSERT_TRUE(reaches(State::Scanning));
         ASSERT_EQ(controller->outcome().stayed.size(), 1U);
         EXPECT_EQ(controller->outcome().stayed[0].item, "History");
         EXPECT_EQ(controller->outcome().stayed[0].reason.find("Safari is running"),
                   runs ? 0U : std::string::npos);
+        const std::string& said = alerts.asked().back().informativeText;
+        EXPECT_EQ(said.find("You have successfully"), std::string::npos) << said;
+        EXPECT_NE(said.find("1: " + controller->outcome().stayed[0].reason), std::string::npos);
+        ASSERT_TRUE(reaches(State::Idle));
     }
+}
+
+/// Whatever one click ticks can be had back: no password store, preference or bookmark goes.
+TEST_F(ToolsViewControllerTest, AGroupsBoxTicksNothingThatIsDear)
+{
+    const std::string support = kHome + "/Library/Application Support/";
+    const std::string safari = kHome + "/Library/Safari/";
+    std::vector<std::string> dear{safari + "Configurations.plist.signed",
+                                  safari + "Bookmarks.plist", safari + "SafariTabs.db"};
+    std::vector<std::string> cheap{m_history, m_log};
+    for (const char* browser :
+         {"Google/Chrome", "Microsoft Edge", "BraveSoftware/Brave-Browser", "Chromium", "Vivaldi",
+          "com.operasoftware.Opera", "Arc/User Data"}) {
+        const std::string folder = support + browser;
+        volume.file(folder + "/Local State",
+                    R"({"profile":{"info_cache":{"Default":{"name":"One"}}}})");
+        for (const char* file : {"Login Data", "Login Data-journal", "Login Data For Account",
+                                 "Preferences", "Secure Preferences", "Bookmarks"})
+            dear.push_back(folder + "/Default/" + file);
+        for (const char* file : {"Cookies", "History", "Network/Cookies", "Sessions/Tabs_1"})
+            cheap.push_back(folder + "/Default/" + file);
+    }
+    const std::string firefox = kFirefoxFolder + "/abc.default/";
+    for (const char* file : {"logins.json", "key3.db", "key4.db", "logins-backup.json", "prefs.js",
+                             "user.js", "xulstore.json", "places.sqlite", "places.sqlite-wal",
+                             "storage/default/moz-extension+++1/idb/vault.sqlite"})
+        dear.push_back(firefox + file);
+    cheap.push_back(firefox + "cookies.sqlite");
+    cheap.push_back(firefox + "storage/default/https+++example.org/ls/data.sqlite");
+    for (const auto* files : {&dear, &cheap})
+        for (const std::string& file : *files)
+            volume.file(file, std::string(5000, 'x'));
+
+    makeController();
+    EXPECT_EQ(controller->availbleApp().size(), 11U);
+    for (std::size_t group = 0; group < controller->availbleApp().size(); ++group)
+        controller->setGroupChecked(group, true);
+    EXPECT_TRUE(controller->availbleApp()[0].isChecked);
+    controller->previewSelected();
+    ASSERT_TRUE(reaches(State::Previewing));
+    alerts.answer(kAlertFirstButton);
+    controller->cleanAndReloadData();
+    ASSERT_TRUE(reaches(State::Scanning));
+    ASSERT_TRUE(reaches(State::Idle));
+    for (const std::string& file : dear)
+        EXPECT_TRUE(volume.contains(file)) << file;
+    for (const std::string& file : cheap)
+        EXPECT_FALSE(volume.contains(file)) << file;
+
+    // By itself it is ticked, named apart, and left out once more.
+    for (std::size_t item = 0; item < controller->availbleApp()[1].List.size(); ++item)
+        controller->setChecked(1, item, true);
+    controller->previewSelected();
+    ASSERT_TRUE(reaches(State::Previewing));
+    std::vector<std::string> named;
+    for (const auto& item : controller->preview().items()) {
+        const CleaningRow& row = controller->preview().rows[item.first];
+        if (row.cost == Cost::Dear && item.ticked)
+            named.push_back(row.item);
+        EXPECT_FALSE(item.meaning.empty()) << row.item;
+    }
+    EXPECT_THAT(named, ElementsAre("Login Data (One)", "User preferences (One)"));
+    controller->leaveDearOut();
+    EXPECT_EQ(controller->preview().totals().entries, 0U);
 }
 
 TEST_F(ToolsViewControllerTest, MayBeScannedAnewAndDestroyedAtAnyMoment)

@@ -22,7 +22,7 @@ namespace {
 
 using State = ToolsViewController::State;
 
-constexpr int kTableHeight = 260, kShortHeight = 40;
+constexpr int kTableHeight = 260;
 
 QPushButton* makeButton(const QString& title, const char* name)
 {
@@ -35,16 +35,20 @@ QPushButton* makeButton(const QString& title, const char* name)
 
 CleaningPreviewSheet::CleaningPreviewSheet(QWidget* over, ToolsViewController& controller,
                                            Listing listing)
-    : Sheet(over, tr("What would be cleared")), m_controller(controller), m_source(controller),
-      m_model(m_source, PreviewSource::columns()),
+    : Sheet(over, tr("What would be cleared")), m_controller(controller), m_itemSource(controller),
+      m_itemModel(m_itemSource, PreviewItems::columns()),
+      m_items(new ui::RowTable(m_itemModel, tr("Items that would be cleared"))),
+      m_source(controller), m_model(m_source, PreviewSource::columns()),
       m_table(new ui::RowTable(m_model, tr("What would be cleared"))), m_pages(new QStackedWidget),
       m_totals(ui::makeLabel(ui::TextRole::Body)), m_browsers(makeBrowserPanel()),
-      m_list(makeButton(tr("List each location"), "listLocations")),
+      m_dear(makeDearPanel()), m_list(makeButton(tr("List each location"), "listLocations")),
       m_cancel(makeButton(tr("Cancel"), "cancelPreview")),
       m_clear(makeButton(tr("Clear for good"), "clearForGood"))
 {
     setObjectName(QStringLiteral("previewSheet"));
     m_table->setObjectName(QStringLiteral("preview"));
+    m_items->setObjectName(QStringLiteral("previewItems"));
+    m_itemModel.setGrouping(PreviewItems::ByCost);
     m_model.setGrouping(PreviewSource::ByItem);
     m_cancel->setDefault(true);
     ui::makeDestructive(*m_clear);
@@ -77,11 +81,34 @@ QWidget* CleaningPreviewSheet::makeBrowserPanel()
     return panel;
 }
 
+/// Names what cannot be had back, with the way to leave it out.
+QWidget* CleaningPreviewSheet::makeDearPanel()
+{
+    auto* panel = new ui::Card;
+    panel->setObjectName(QStringLiteral("dearItems"));
+    panel->column()->setContentsMargins(12, ui::kRelated, 12, ui::kRelated);
+    auto* picture = new QLabel;
+    picture->setPixmap(ui::icon(QStringLiteral("attention"), ui::Meaning::Attention)
+                           .pixmap(QSize(20, 20), devicePixelRatioF()));
+    m_dearNames = ui::makeLabel(ui::TextRole::Body);
+    m_dearNames->setObjectName(QStringLiteral("dearNames"));
+    m_dearNames->setWordWrap(true);
+    m_leaveOut = makeButton(tr("Leave these out"), "leaveDearOut");
+    auto* row = new QHBoxLayout;
+    row->setSpacing(ui::kRelated);
+    row->addWidget(picture, 0, Qt::AlignTop);
+    row->addWidget(m_dearNames, 1);
+    row->addWidget(m_leaveOut, 0, Qt::AlignTop);
+    panel->column()->addLayout(row);
+    connect(m_leaveOut, &QPushButton::clicked, &m_controller, &ToolsViewController::leaveDearOut);
+    return panel;
+}
+
 void CleaningPreviewSheet::layOut()
 {
     m_pages->addWidget(ui::makeBusyPage(tr("Looking at what would go…")));
     m_pages->addWidget(m_table);
-    m_pages->addWidget(new QWidget);
+    m_pages->addWidget(m_items);
     m_totals->setWordWrap(true);
 
     auto* head = new QHBoxLayout;
@@ -90,6 +117,7 @@ void CleaningPreviewSheet::layOut()
     head->addWidget(m_list);
     body()->addLayout(head);
     body()->addWidget(m_browsers);
+    body()->addWidget(m_dear);
     body()->addWidget(m_pages, 1);
     body()->addWidget(ui::makeNote(tr("Nothing goes to the Trash: what is cleared is gone.")));
     buttons()->addWidget(m_cancel);
@@ -107,6 +135,8 @@ void CleaningPreviewSheet::follow()
         // The rows are gone with the state, so nothing may ask for them any more.
         if (m_controller.state() != State::Previewing && m_filled) {
             m_filled = false;
+            m_itemSource.follow();
+            m_itemModel.reset();
             m_model.reset();
         }
     });
@@ -133,8 +163,8 @@ void CleaningPreviewSheet::present()
 void CleaningPreviewSheet::setListed(bool listed)
 {
     m_list->setVisible(!listed);
-    m_pages->setMinimumHeight(listed ? kTableHeight : kShortHeight);
-    setWidth(listed ? 860 : 560);
+    m_pages->setMinimumHeight(kTableHeight);
+    setWidth(860);
 }
 
 void CleaningPreviewSheet::showState()
@@ -145,15 +175,35 @@ void CleaningPreviewSheet::showState()
     const bool ready = state == State::Previewing;
     if (ready && !m_filled) {
         m_filled = true;
+        m_itemSource.follow();
+        m_itemModel.reset();
         m_model.reset();
+        if (!m_items->currentIndex().isValid())
+            m_items->setCurrentIndex(m_itemModel.index(0, 0));
         if (!m_table->currentIndex().isValid())
             m_table->setCurrentIndex(m_model.index(0, 0));
     }
     const bool listed = m_list->isHidden();
     m_pages->setCurrentIndex(!ready ? 0 : listed ? 1 : 2);
-    m_pages->setVisible(!ready || listed);
     m_list->setEnabled(ready);
+    m_itemSource.follow();
+    m_itemModel.refresh();
+    m_model.refresh();
     showTotals();
+    showDear();
+}
+
+void CleaningPreviewSheet::showDear()
+{
+    QStringList names;
+    for (const CleaningPreview::Item& item : m_controller.preview().items()) {
+        const CleaningRow& row = m_controller.preview().rows[item.first];
+        if (row.cost == Cost::Dear && item.ticked)
+            names += ui::text(forScreen(shownName(row.kind, row.group) + ": " + row.item));
+    }
+    m_dearNames->setText(
+        tr("%1 cannot be had back once cleared.").arg(names.join(QStringLiteral(", "))));
+    m_dear->setVisible(!names.isEmpty());
 }
 
 void CleaningPreviewSheet::showTotals()

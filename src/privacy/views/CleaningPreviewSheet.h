@@ -21,7 +21,7 @@ class CleaningPreviewSheet final : public ui::Sheet {
     Q_OBJECT
 
 public:
-    /// Whether the locations are listed at once, or only once they are asked for.
+    /// Whether each location is listed at once, or items until locations are asked for.
     enum class Listing : bool { OnRequest, Open };
 
     CleaningPreviewSheet(QWidget* over, ToolsViewController& controller, Listing listing);
@@ -29,13 +29,18 @@ public:
 
 private:
     [[nodiscard]] QWidget* makeBrowserPanel();
+    [[nodiscard]] QWidget* makeDearPanel();
     void layOut();
     void follow();
     void showState();
     void showTotals();
+    void showDear();
     void setListed(bool listed);
 
     ToolsViewController& m_controller;
+    PreviewItems m_itemSource;
+    ui::RowModel m_itemModel;
+    ui::RowTable* m_items;
     PreviewSource m_source;
     ui::RowModel m_model;
     ui::RowTable* m_table;
@@ -44,6 +49,9 @@ private:
     QWidget* m_browsers;
     QLabel* m_browserNames;
     QPushButton* m_retry;
+    QWidget* m_dear;
+    QLabel* m_dearNames;
+    QPushButton* m_leaveOut;
     QPushButton* m_list;
     QPushButton* m_cancel;
     QPushButton* m_clear;

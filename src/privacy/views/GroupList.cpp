@@ -30,6 +30,13 @@ QString iconOf(ToolGroupKind kind)
         return QStringLiteral("browser-chrome");
     case ToolGroupKind::Firefox:
         return QStringLiteral("browser-firefox");
+    case ToolGroupKind::Edge:
+    case ToolGroupKind::Brave:
+    case ToolGroupKind::Chromium:
+    case ToolGroupKind::Vivaldi:
+    case ToolGroupKind::Opera:
+    case ToolGroupKind::Arc:
+        return QStringLiteral("browser");
     case ToolGroupKind::BrowserExtensions:
         return QStringLiteral("extension");
     case ToolGroupKind::System:
@@ -129,7 +136,10 @@ private:
     }
     [[nodiscard]] bool canBeTicked(const ToolGroup& group) const
     {
-        return group.isEnabled && m_controller.canTick();
+        return m_controller.canTick() &&
+               std::any_of(group.List.begin(), group.List.end(), [](const ToolItem& item) {
+                   return item.isChecked || ticksWithOthers(item);
+               });
     }
     [[nodiscard]] std::int64_t largest() const
     {

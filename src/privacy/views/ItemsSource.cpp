@@ -1,7 +1,6 @@
 #include "privacy/views/ItemsSource.h"
 
 #include "core/Escape.h"
-#include "privacy/views/ItemExplanations.h"
 #include "ui/Labels.h"
 
 #include <QObject>
@@ -37,11 +36,17 @@ int ItemsSource::count() const
 QString ItemsSource::explanation(int row) const
 {
     const ToolItem& about = item(row);
-    QString words = explanationOf(about);
-    if (!about.isEnabled)
-        words += (words.isEmpty() ? QString() : QStringLiteral(" ")) +
-                 QObject::tr("There is nothing to clear.");
-    return words;
+    QStringList words;
+    if (const auto meaning = meaningOf(about); !meaning.empty())
+        words += ui::text(std::string(meaning));
+    if (about.cost == Cost::Dear)
+        words += QObject::tr("Cannot be had back, so it is ticked by itself only.");
+    if (!about.notSeen.empty())
+        words += QObject::tr("Not all of it could be looked at: %1.")
+                     .arg(ui::text(forScreen(about.notSeen)));
+    else if (!about.isEnabled && !about.isHeader)
+        words += QObject::tr("There is nothing to clear.");
+    return words.join(QLatin1Char(' '));
 }
 
 ui::Cell ItemsSource::cell(int row, int column) const
@@ -49,7 +54,9 @@ ui::Cell ItemsSource::cell(int row, int column) const
     const ToolItem& about = item(row);
     if (column == Name)
         return {.text = ui::text(forScreen(about.NameText)),
-                .iconName = about.isExt ? QStringLiteral("extension") : QString(),
+                .iconName = about.isExt                ? QStringLiteral("extension")
+                            : about.cost == Cost::Dear ? QStringLiteral("attention")
+                                                       : QString(),
                 .tooltip = explanation(row)};
     if (column == Size)
         return {.text = ui::text(about.sizeText), .number = about.bytes};
@@ -66,6 +73,11 @@ void ItemsSource::tick(const std::vector<int>& rows, bool on)
 {
     for (const int row : rows)
         m_controller.setChecked(*m_group, static_cast<std::size_t>(row), on);
+}
+
+bool ItemsSource::ticksWithOthers(int row) const
+{
+    return pryvane::ticksWithOthers(item(row));
 }
 
 /// What follows the last browser's extensions is of all browsers.

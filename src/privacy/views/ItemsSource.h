@@ -26,6 +26,7 @@ public:
     [[nodiscard]] ui::Cell cell(int row, int column) const override;
     [[nodiscard]] std::optional<bool> ticked(int row) const override;
     void tick(const std::vector<int>& rows, bool on) override;
+    [[nodiscard]] bool ticksWithOthers(int row) const override;
     [[nodiscard]] QString group(int row, int grouping) const override;
     [[nodiscard]] bool hidden(int row) const override;
     [[nodiscard]] QString searchText(int row) const override;

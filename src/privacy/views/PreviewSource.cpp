@@ -1,6 +1,7 @@
 #include "privacy/views/PreviewSource.h"
 
 #include "core/Escape.h"
+#include "core/Texts.h"
 #include "removal/views/PlanSource.h"
 #include "ui/Labels.h"
 
@@ -19,7 +20,77 @@ ui::Cell noteCell(const CleaningRow& row)
     return forecastCell(row.forecast, QObject::tr("can be cleared"));
 }
 
+/// "Chrome: Cookies (Alice)"
+QString itemName(const CleaningRow& row)
+{
+    return ui::text(forScreen(shownName(row.kind, row.group))) + QStringLiteral(": ") +
+           ui::text(forScreen(row.item));
+}
+
 } // namespace
+
+std::vector<ui::Column> PreviewItems::columns()
+{
+    return {{.title = QObject::tr("To be cleared"), .width = 40},
+            {.title = QObject::tr("Item"), .width = 220},
+            {.title = QObject::tr("What that means"), .stretches = true},
+            {.title = QObject::tr("Entries"), .width = 64, .isNumber = true},
+            {.title = QObject::tr("Size"), .width = 90, .isNumber = true}};
+}
+
+void PreviewItems::follow()
+{
+    m_items = m_controller.preview().items();
+    std::ranges::stable_partition(m_items, [this](const CleaningPreview::Item& item) {
+        return m_controller.preview().rows[item.first].cost == Cost::Dear;
+    });
+}
+
+ui::Cell PreviewItems::cell(int row, int column) const
+{
+    const CleaningPreview::Item& item = at(row);
+    switch (column) {
+    case Name:
+        return {.text = itemName(firstOf(row))};
+    case Meaning: {
+        const QString meaning = ui::text(std::string(item.meaning));
+        return {.text = meaning, .tooltip = meaning};
+    }
+    case Entries:
+        return {.text = QString::number(item.totals.entries),
+                .number = static_cast<qint64>(item.totals.entries)};
+    case Size:
+        return {.text = ui::text(sizeText(item.totals.bytes)), .number = item.totals.bytes};
+    default:
+        return {};
+    }
+}
+
+std::optional<bool> PreviewItems::ticked(int row) const
+{
+    return at(row).ticked;
+}
+
+void PreviewItems::tick(const std::vector<int>& rows, bool on)
+{
+    for (const int row : rows) {
+        const CleaningPreview::Item item = at(row);
+        for (std::size_t i = 0; i < item.count; ++i)
+            m_controller.setPreviewTicked(item.first + i, on);
+    }
+    follow();
+}
+
+bool PreviewItems::ticksWithOthers(int row) const
+{
+    return firstOf(row).cost != Cost::Dear;
+}
+
+QString PreviewItems::group(int row, int) const
+{
+    return firstOf(row).cost == Cost::Dear ? QObject::tr("Cannot be had back")
+                                           : QObject::tr("The rest");
+}
 
 std::vector<ui::Column> PreviewSource::columns()
 {
@@ -63,15 +134,14 @@ void PreviewSource::tick(const std::vector<int>& rows, bool on)
         m_controller.setPreviewTicked(static_cast<std::size_t>(row), on);
 }
 
+bool PreviewSource::ticksWithOthers(int row) const
+{
+    return at(row).cost != Cost::Dear;
+}
+
 QString PreviewSource::group(int row, int) const
 {
-    const CleaningRow& about = at(row);
-    const auto& groups = m_controller.availbleApp();
-    const auto owner = std::find_if(groups.begin(), groups.end(), [&](const ToolGroup& each) {
-        return each.Name == about.group;
-    });
-    const std::string name = owner == groups.end() ? about.group : shownName(*owner);
-    return ui::text(forScreen(name)) + QStringLiteral(": ") + ui::text(forScreen(about.item));
+    return itemName(at(row));
 }
 
 QString PreviewSource::searchText(int row) const

@@ -130,11 +130,17 @@ void ToolsStatus::showStatement()
         break;
     }
     if (m_controller.isMeasured()) {
+        const PrivacyProgress& progress = m_controller.progress();
+        const bool all = progress.whole && progress.allSeen;
         m_statement->setText(bytes > 0 ? tr("%1 can be cleared").arg(size)
-                                       : tr("There is nothing to clear"));
-        m_detail->setText(bytes > 0 ? tr("Tick what you want to be rid of. Nothing is ticked for "
-                                         "you, and nothing goes before you have seen it.")
-                                    : tr("All that was looked at is empty or not there."));
+                             : all     ? tr("There is nothing to clear")
+                                       : tr("Nothing to clear was found"));
+        m_detail->setText(
+            !progress.allSeen ? tr("Not every folder could be looked at; the items say which.")
+            : !progress.whole ? tr("There are more profiles or folders than were looked at.")
+            : bytes > 0 ? tr("Tick what you want to be rid of. Nothing is ticked for you, and "
+                             "nothing goes before you have seen it.")
+                        : tr("All that was looked at is empty or not there."));
     } else {
         m_statement->setText(known ? tr("Stopped: %1 measured").arg(size) : tr("Not measured yet"));
         m_detail->setText(known ? tr("Groups that are not listed were not reached.")

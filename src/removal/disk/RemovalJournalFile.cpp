@@ -152,7 +152,7 @@ std::string RemovalJournalFile::intentions(std::span<const RemovalItem> items)
     m_begun.clear();
     std::string lines;
     for (const RemovalItem& item : items) {
-        m_begun.push_back({run + "/" + std::to_string(m_begun.size()), item.url});
+        m_begun.push_back({run + "/" + std::to_string(m_begun.size()), item.url, item.purpose});
         const EntryCount count = countEntries(m_disk, item.url, item.scope);
         auto line =
             lineWith({"intent", m_begun.back().id, m_volume, m_begun.back().url, m_clock.now()});
@@ -193,6 +193,8 @@ std::string RemovalJournalFile::outcome(const Begun& item, const RemovalResult& 
     line["entries"] = result.entriesRemoved;
     line["outcome"] = outcomeText(result.outcome);
     line["reason"] = forJson(result.reason());
+    if (!item.purpose.empty())
+        line["purpose"] = forJson(item.purpose);
     if (!result.remark.empty())
         line["remark"] = forJson(result.remark);
     return textOf(line);

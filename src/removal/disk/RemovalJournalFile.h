@@ -41,6 +41,7 @@ private:
     struct Begun {
         std::string id;
         FileURL url;
+        std::string purpose;
     };
     enum class Others : std::uint8_t { Left, Ended };
 
