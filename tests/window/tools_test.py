@@ -60,6 +60,45 @@ def look_at_inventory(pilot, screens):
     pilot.shot("15-inventory")
 
 
+def look_at_facts(pilot, screens):
+    """By mouse: what may watch, what was denied, what starts; by keyboard: a filter and another tab."""
+    def rows(name):
+        return [" ".join(cells) for cells in pilot.cells(pilot.find(name, "table"))]
+
+    def one(table, *words):
+        return wait_for(f"a row with {words}", lambda: next(
+            (row for row in rows(table) if all(word in row for word in words)), None))
+
+    pilot.click("Who May Watch")
+    one("Who may watch", "recorder", "allowed", "still there, in a hidden folder")
+    one("Who may watch", "listen", "missing, in a hidden folder")
+    assert not any("camera" in row for row in rows("Who may watch")), "what was denied is folded away"
+    pilot.read("can notice every key you press")
+    screens.note("who may watch")
+    pilot.shot("16-who-may-watch")
+    pilot.click("Show what was denied (1)")
+    one("Who may watch", "Google Chrome", "denied", "camera")
+    pilot.click("Only what is still there")
+    wait_for("the missing program to go", lambda: not any("listen" in row for row in rows("Who may watch")))
+    pilot.click("Start-up")
+    one("What starts by itself", "LoginHook", "still there, in a hidden folder")
+    assert not any("com.example.gone" in row for row in rows("What starts by itself"))
+    pilot.click("Only what is still there")
+    one("What starts by itself", "com.example.gone", "missing")
+    one("What starts by itself", "com.torvell.tidewell.helper", "still there")
+    pilot.shot("17-what-starts")
+    pilot.keys("ctrl+f")
+    pilot.type("gone")
+    wait_for("the filter", lambda: not any("LoginHook" in row for row in rows("What starts by itself")))
+    pilot.keys("ctrl+a", "BackSpace")
+    pilot.tab_to("Start-up", key="shift+Tab")
+    pilot.keys("Right")
+    one("Remote access and management", "Keys that may log in", "1 key")
+    one("Remote access and management", "203.0.113.7")
+    screens.note("remote access")
+    pilot.shot("18-remote-access")
+
+
 def main(program, make_volume, kept):
     with desktop() as folder:
         volume = folder / "MacintoshHD"
@@ -67,6 +106,7 @@ def main(program, make_volume, kept):
         with flown(program, volume, folder, kept) as (pilot, screens):
             clear_some(pilot, screens, volume / "Users/alice")
             look_at_inventory(pilot, screens)
+            look_at_facts(pilot, screens)
 
 
 if __name__ == "__main__":

@@ -123,13 +123,14 @@ ToolsParts::ToolsParts(const PlatformServices& services, VolumeFileSystem& disk,
     : m_reveal(std::move(reveal)), m_sizes(disk), m_inventorySizes(disk),
       m_tools({{disk, m_sizes}, remover, services.mainQueue, services.alerts, services.workspace},
               user),
-      m_inventory({{disk, m_inventorySizes}, services.mainQueue}, user)
+      m_inventory({{disk, m_inventorySizes}, services.mainQueue}, user),
+      m_facts(disk, services.mainQueue)
 {
 }
 
 MadeScreen ToolsParts::makeScreen()
 {
-    auto* view = new ToolsView(m_tools, m_inventory);
+    auto* view = new ToolsView(m_tools, m_inventory, m_facts);
     QObject::connect(view, &ToolsView::revealWanted, view, m_reveal);
     return {view, [view] { view->viewWillAppear(); }, [view] { view->focusFilter(); }};
 }

@@ -9,6 +9,7 @@
 #include "browser/ReportViewController.h"
 #include "hosts/linux/LinuxMachineInfo.h"
 #include "hosts/posix/LoadedPrinter.h"
+#include "inventory/FactsController.h"
 #include "inventory/InventoryController.h"
 #include "platform/PlatformServices.h"
 #include "privacy/ToolsViewController.h"
@@ -78,6 +79,7 @@ private:
     VolumeSizeMeter m_inventorySizes; ///< both may measure at the same time
     ToolsViewController m_tools;
     InventoryController m_inventory;
+    FactsController m_facts;
 };
 
 /// The controllers behind the main window; they live as long as it does.

@@ -12,9 +12,9 @@ using enum FactReader;
 constexpr auto kSources = std::to_array<FactSource>({
     // Who may watch.
     {Permissions, "/Library/Application Support/com.apple.TCC/TCC.db", PermissionDatabase,
-     "permissions for the whole Mac", "10.8 to 27"},
+     "permissions for the whole Mac", "10.10 to 27"},
     {Permissions, "~/Library/Application Support/com.apple.TCC/TCC.db", PermissionDatabase,
-     "permissions of each account", "10.8 to 26"},
+     "permissions of each account", "10.10 to 26"},
     {Permissions,
      "/private/var/containers/Data/ProtectedSystem/*/Data/Library/Application "
      "Support/com.apple.TCC/TCC.db",

@@ -1,6 +1,8 @@
 #include "privacy/views/ToolsView.h"
 
+#include "inventory/FactsController.h"
 #include "inventory/InventoryController.h"
+#include "inventory/views/FactsView.h"
 #include "inventory/views/InventoryView.h"
 #include "privacy/ToolsViewController.h"
 #include "privacy/views/PrivacyPane.h"
@@ -16,13 +18,15 @@ namespace pryvane {
 
 namespace {
 
-enum Page : int { Privacy, Inventory };
+enum Page : int { Privacy, Inventory, Watchers };
 
 } // namespace
 
-ToolsView::ToolsView(ToolsViewController& tools, InventoryController& inventory, QWidget* parent)
-    : QWidget(parent), m_tools(tools), m_inventory(inventory),
-      m_inventoryView(new InventoryView(inventory)), m_pages(new QStackedWidget)
+ToolsView::ToolsView(ToolsViewController& tools, InventoryController& inventory,
+                     FactsController& facts, QWidget* parent)
+    : QWidget(parent), m_tools(tools), m_inventory(inventory), m_facts(facts),
+      m_inventoryView(new InventoryView(inventory)), m_factsView(new FactsView(facts)),
+      m_pages(new QStackedWidget)
 {
     setObjectName(QStringLiteral("toolsVC"));
     auto* column = new QVBoxLayout(this);
@@ -31,11 +35,13 @@ ToolsView::ToolsView(ToolsViewController& tools, InventoryController& inventory,
     column->addWidget(makePages());
     m_pages->addWidget(new PrivacyPane(tools));
     m_pages->addWidget(m_inventoryView);
+    m_pages->addWidget(m_factsView);
     column->addWidget(m_pages, 1);
     connect(m_inventoryView, &InventoryView::revealWanted, this, &ToolsView::revealWanted);
+    connect(m_factsView, &FactsView::revealWanted, this, &ToolsView::revealWanted);
 }
 
-/// One of two, side by side; the arrow keys change between them.
+/// One of three, side by side; the arrow keys change between them.
 QWidget* ToolsView::makePages()
 {
     auto* bar = new QWidget;
@@ -54,6 +60,7 @@ QWidget* ToolsView::makePages()
     };
     add(tr("Privacy"), "showPrivacy", Privacy);
     add(tr("Inventory"), "showInventory", Inventory);
+    add(tr("Who May Watch"), "showFacts", Watchers);
     row->addStretch();
     connect(choice, &QButtonGroup::idToggled, this, [this](int page, bool on) {
         if (on)
@@ -67,6 +74,8 @@ void ToolsView::showPage(int page)
     m_pages->setCurrentIndex(page);
     if (page == Inventory)
         m_inventory.viewWillAppear();
+    else if (page == Watchers)
+        m_facts.viewWillAppear();
 }
 
 void ToolsView::viewWillAppear()
@@ -78,6 +87,8 @@ void ToolsView::focusFilter()
 {
     if (m_pages->currentIndex() == Inventory)
         m_inventoryView->focusFilter();
+    else if (m_pages->currentIndex() == Watchers)
+        m_factsView->focusFilter();
 }
 
 } // namespace pryvane

@@ -8,21 +8,23 @@ class QStackedWidget;
 
 namespace pryvane {
 
+class FactsController;
+class FactsView;
 class InventoryController;
 class InventoryView;
 class ToolsViewController;
 
-/// The tools screen: what can be cleared, and what is installed.
+/// The tools screen: what can be cleared, what is installed, and who may watch.
 class ToolsView final : public QWidget {
     Q_OBJECT
 
 public:
     /// The controllers outlive this.
-    ToolsView(ToolsViewController& tools, InventoryController& inventory,
+    ToolsView(ToolsViewController& tools, InventoryController& inventory, FactsController& facts,
               QWidget* parent = nullptr);
 
-    /// The screen is about to be shown. Measuring begins with the first time; the inventory is
-    /// gathered when its page is first shown.
+    /// The screen is about to be shown. Measuring begins with the first time; the inventory
+    /// and the facts are gathered when their pages are first shown.
     void viewWillAppear();
 
     /// Puts the keyboard into the filter box, if there is one.
@@ -37,7 +39,9 @@ private:
 
     ToolsViewController& m_tools;
     InventoryController& m_inventory;
+    FactsController& m_facts;
     InventoryView* m_inventoryView;
+    FactsView* m_factsView;
     QStackedWidget* m_pages;
 };
 

@@ -2,6 +2,7 @@
 #include "inventory/facts/FactScan.h"
 
 #include "inventory/facts/FactFixtures.h"
+#include "inventory/facts/FactTable.h"
 #include "inventory/facts/Whereabouts.h"
 #include "support/ForwardingDisk.h"
 #include "support/Volumes.h"
@@ -285,6 +286,38 @@ TEST_F(FactScan, ThousandsOfRowsAreOneMomentsWork)
     EXPECT_TRUE(facts.whole);
     stop.request();
     EXPECT_THAT(gather().startUp, IsEmpty());
+}
+
+TEST(FactTables, AreGroupedWithWhatWasDeniedLast)
+{
+    Facts facts;
+    const auto add = [&](const char* service, const char* client, Decision decision) {
+        Permission row;
+        row.service = service;
+        row.client = client;
+        row.decision = decision;
+        row.origin.source = "/db";
+        facts.permissions.push_back(row);
+    };
+    add("kTCCServiceUnheardOf", "=1+1", Decision::Allowed);
+    add("kTCCServiceCamera", "denied", Decision::Denied);
+    add("kTCCServiceCamera", "a \"b\",\n", Decision::Allowed);
+    add("kTCCServiceListenEvent", "\x1b[2J", Decision::Limited);
+    facts.permissions[3].reason = 3;
+    const FactTable table = factTable(facts, FactKind::Permissions);
+    EXPECT_EQ(
+        factsCsv(table),
+        "Group,Program,Decision,What for,Decided by,Since,Whose,On the disk,Path or "
+        "identifier,Source\r\n"
+        "Sees what you type,\\x1b[2J,limited,keys and mouse in all programs,you (3),,the whole "
+        "Mac,not known,\\x1b[2J,/db\r\n"
+        "Listens or watches,\"a \"\"b\"\",\\n\",allowed,the camera,,,the whole Mac,not "
+        "known,\"a \"\"b\"\",\\n\",/db\r\n"
+        "Listens or watches,denied,denied,the camera,,,the whole Mac,not known,denied,/db\r\n"
+        "Other permissions,\"'=1+1\",allowed,kTCCServiceUnheardOf,,,the whole Mac,not "
+        "known,\"'=1+1\",/db\r\n");
+    EXPECT_TRUE(table.rows[2].isDenied);
+    EXPECT_EQ(factsText(table).find('\x1b'), std::string::npos);
 }
 
 TEST(ProgramPlaces, AreToldByNames)

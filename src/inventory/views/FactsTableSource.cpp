@@ -1,0 +1,99 @@
+#include "inventory/views/FactsTableSource.h"
+
+#include "core/Escape.h"
+#include "ui/Labels.h"
+
+#include <QObject>
+
+#include <algorithm>
+#include <array>
+
+namespace pryvane {
+
+namespace {
+
+/// Which cells of a fact the columns show; the first column has the place of the tick box.
+constexpr std::array<std::array<int, 5>, 3> kCells = {
+    {{0, 1, 2, 5, 6}, {0, 1, 2, 4, 5}, {0, 1, 2, 3, -1}}};
+
+} // namespace
+
+std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
+{
+    switch (kind) {
+    case FactKind::Permissions:
+        return {{.width = 8},
+                {.title = QObject::tr("Program"), .width = 140},
+                {.title = QObject::tr("Decision"), .width = 72},
+                {.title = QObject::tr("What for"), .width = 110, .stretches = true},
+                {.title = QObject::tr("Whose"), .width = 96},
+                {.title = QObject::tr("On the disk"), .width = 184}};
+    case FactKind::StartUp:
+        return {{.width = 8},
+                {.title = QObject::tr("Name"), .width = 130, .stretches = true},
+                {.title = QObject::tr("State"), .width = 72},
+                {.title = QObject::tr("When"), .width = 140},
+                {.title = QObject::tr("Whose"), .width = 96},
+                {.title = QObject::tr("On the disk"), .width = 184}};
+    case FactKind::RemoteAccess:
+        break;
+    }
+    return {{.width = 8},
+            {.title = QObject::tr("What"), .width = 230},
+            {.title = QObject::tr("State"), .width = 72},
+            {.title = QObject::tr("Detail"), .width = 120, .stretches = true},
+            {.title = QObject::tr("Whose"), .width = 96}};
+}
+
+int FactsTableSource::deniedCount() const
+{
+    const auto& rows = m_controller.table(m_kind).rows;
+    return static_cast<int>(
+        std::count_if(rows.begin(), rows.end(), [](const FactRow& each) { return each.isDenied; }));
+}
+
+int FactsTableSource::count() const
+{
+    return static_cast<int>(m_controller.table(m_kind).rows.size());
+}
+
+ui::Cell FactsTableSource::cell(int row, int column) const
+{
+    constexpr std::array<const char*, 3> kIcons = {"application", "launch-folder", "link"};
+    if (column < 1 || column > 5)
+        return {};
+    const auto kind = static_cast<std::size_t>(m_kind);
+    const int shown = kCells[kind][static_cast<std::size_t>(column) - 1];
+    if (shown < 0)
+        return {};
+    return {.text = ui::text(forScreen(this->row(row).cells[static_cast<std::size_t>(shown)])),
+            .iconName = column == 1 ? QString(QLatin1String(kIcons[kind])) : QString()};
+}
+
+QString FactsTableSource::group(int row, int) const
+{
+    return ui::text(m_controller.table(m_kind).groups[this->row(row).group].title);
+}
+
+bool FactsTableSource::hidden(int row) const
+{
+    const FactRow& fact = this->row(row);
+    return (fact.isDenied && !m_choice.denied) ||
+           (m_choice.onlyThere && fact.whereabouts != Whereabouts::There) ||
+           (m_choice.user && fact.user != *m_choice.user);
+}
+
+QString FactsTableSource::searchText(int row) const
+{
+    QString all;
+    for (const std::string& cell : this->row(row).cells)
+        all += ui::text(forScreen(cell)) + QLatin1Char('\n');
+    return all;
+}
+
+bool FactsTableSource::faded(int row) const
+{
+    return this->row(row).whereabouts == Whereabouts::Missing || this->row(row).isDenied;
+}
+
+} // namespace pryvane
