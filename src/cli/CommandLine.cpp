@@ -90,10 +90,23 @@ int CommandLine::run(std::vector<std::string> arguments, const Console& console)
 
 void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
 {
+    auto* volume =
+        command
+            .add_option("--volume", arguments.volume,
+                        "Folder at which the Mac's disk is mounted; it stands for / (default: /)")
+            ->type_name("DIR");
+    auto* listing =
+        command
+            .add_option("--listing", arguments.listing,
+                        "A list of the disk's names in place of the disk, or - for standard input: "
+                        "paths, find -ls, bodyfile, mtree or JSON Lines")
+            ->type_name("FILE")
+            ->excludes(volume);
     command
-        .add_option("--volume", arguments.volume,
-                    "Folder at which the Mac's disk is mounted; it stands for / (default: /)")
-        ->type_name("DIR");
+        .add_option("--strip", arguments.strip,
+                    "With --listing: what every path begins with, to be taken off")
+        ->type_name("PREFIX")
+        ->needs(listing);
     command
         .add_option("--user", arguments.user,
                     "Short name of the Mac's user to look at (default: whoever runs this)")

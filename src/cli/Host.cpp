@@ -2,6 +2,7 @@
 
 #include "cli/Console.h"
 #include "core/Escape.h"
+#include "core/Texts.h"
 #include "hosts/linux/LinuxMachineInfo.h"
 #include "hosts/linux/LinuxWorkspace.h"
 #include "hosts/posix/CurrentUser.h"
@@ -10,11 +11,27 @@
 #include "removal/disk/VolumeRemover.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
+#include "scan/walker/ScanChoice.h"
 #include "signatures/MakersApplications.h"
 #include "store/MemoryUserDefaults.h"
 #include "store/SqliteUserDefaults.h"
+#include "volume/listing/ListingReader.h"
 
 namespace pryvane::cli {
+
+namespace {
+
+constexpr std::string_view kOnlyMounted =
+    "nothing can be removed from a list of names; mount the disk and name its folder with --volume";
+
+} // namespace
+
+bool canChange(const VolumeArguments& arguments, const Console& console)
+{
+    if (!arguments.isFolder())
+        console.fail(kOnlyMounted);
+    return arguments.isFolder();
+}
 
 /// What a report on paper takes.
 struct Host::Documents {
@@ -63,19 +80,14 @@ ReportPrinting& Host::printing()
 }
 
 Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArguments& arguments,
-                                         StoreUse use, Pacing pacing)
+                                         StoreUse use, Pacing pacing, Asking asking)
 {
     std::unique_ptr<Host> host(new Host(console));
     host->m_user = arguments.user.empty() ? loginUser() : arguments.user;
     if (!isShortName(host->m_user))
         return Error{forTerminal(notAShortName(host->m_user))};
-    VolumeFileSystem::Options options;
-    if (arguments.caseSensitive)
-        options.nameMatching = NameMatching::Exact;
-    auto disk = VolumeFileSystem::open(arguments.volume, options);
-    if (!disk)
-        return disk.error();
-    host->m_disk = std::move(disk).value();
+    if (const auto opened = host->openDisk(console, arguments, asking); !opened)
+        return opened.error();
 
     if (pacing == Pacing::Paced)
         host->m_clock = std::make_unique<SystemClock>();
@@ -83,11 +95,49 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
         host->m_clock = std::make_unique<UnpacedClock>();
     host->m_alerts = std::make_unique<DecliningAlerts>();
     host->m_folderPicker = std::make_unique<DecliningFolderPicker>();
-    host->m_workspace = std::make_unique<LinuxWorkspace>(*host->m_disk, host->m_user);
+    host->m_workspace = host->m_names
+                            ? std::make_unique<LinuxWorkspace>(*host->m_names, host->m_user)
+                            : std::make_unique<LinuxWorkspace>(*host->m_disk, host->m_user);
     host->m_state.arrDefaultTorvellApp = makersApplicationKeys();
     if (const auto opened = host->openStore(use); !opened)
         return opened.error();
     return host;
+}
+
+Result<Done> Host::openDisk(const Console& console, const VolumeArguments& arguments, Asking asking)
+{
+    const NameMatching matching =
+        arguments.caseSensitive ? NameMatching::Exact : NameMatching::AsOnMac;
+    if (arguments.isFolder()) {
+        VolumeFileSystem::Options options;
+        options.nameMatching = matching;
+        auto disk = VolumeFileSystem::open(arguments.volume, options);
+        if (!disk)
+            return disk.error();
+        m_disk = std::move(disk).value();
+        return Done{};
+    }
+    ListingOptions options;
+    options.prefix = arguments.strip;
+    options.matching = matching;
+    if (asking == Asking::WhatScansAsk)
+        options.choice = std::make_shared<ScanChoice>();
+    std::atomic<std::uint64_t> bytesRead{0};
+    Result<std::unique_ptr<IndexFileSystem>> disk = Error{};
+    withProgress(
+        console, [&] { return "reading names: " + sizeText(static_cast<std::int64_t>(bytesRead)); },
+        [&] { disk = openListing(arguments.listing, options, console.interrupted, bytesRead); });
+    if (!disk)
+        return disk.error();
+    m_names = std::move(disk).value();
+    return Done{};
+}
+
+std::unique_ptr<SizeMeter> Host::sizeMeter()
+{
+    if (m_names)
+        return std::make_unique<IndexSizeMeter>(*m_names);
+    return std::make_unique<VolumeSizeMeter>(*m_disk);
 }
 
 Result<Done> Host::openStore(StoreUse use)
@@ -120,12 +170,14 @@ Result<Done> Host::openWithoutStore()
 
 PlatformServices Host::services()
 {
-    return {*m_disk,   *m_defaults,     m_notifications, m_mainQueue,    *m_clock,
+    return {disk(),    *m_defaults,     m_notifications, m_mainQueue,    *m_clock,
             *m_alerts, *m_folderPicker, *m_workspace,    m_userNotifier, m_engineLog};
 }
 
 Result<Remover*> Host::remover()
 {
+    if (!m_disk)
+        return Error{std::string(kOnlyMounted)};
     if (!m_remover) {
         m_journal = std::make_unique<RemovalJournalFile>(m_dataFolder, *m_disk, *m_clock);
         m_remover = std::make_unique<VolumeRemover>(*m_disk, *m_journal,

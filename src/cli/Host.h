@@ -15,6 +15,7 @@
 #include "platform/UserDefaults.h"
 #include "scan/DiskAccess.h"
 #include "volume/VolumeFileSystem.h"
+#include "volume/index/IndexFileSystem.h"
 
 #include <atomic>
 #include <memory>
@@ -57,7 +58,17 @@ struct VolumeArguments {
     std::string volume = "/"; ///< host folder that stands for the Mac's root
     std::string user;         ///< login short name; empty: whoever runs the program
     bool caseSensitive = false;
+    std::string listing = {}; ///< a list of names in place of the volume; "-": the standard input
+    std::string strip = {};   ///< what is taken off the front of its paths
+
+    [[nodiscard]] bool isFolder() const { return listing.empty(); }
 };
+
+/// What a command is going to ask a disk that is read beforehand.
+enum class Asking : std::uint8_t { Everything, WhatScansAsk };
+
+/// Refuses what only a mounted disk can do, before anything is asked; says so and returns false.
+[[nodiscard]] bool canChange(const VolumeArguments& arguments, const Console& console);
 
 /// What a command needs of the store. One that only reads makes and moves nothing, and a store that
 /// it cannot read is an error.
@@ -81,10 +92,9 @@ private:
 class Host {
 public:
     /// Opens the volume and, unless it is not wanted, the store. The error says what to do.
-    [[nodiscard]] static Result<std::unique_ptr<Host>> open(const Console& console,
-                                                            const VolumeArguments& arguments,
-                                                            StoreUse use,
-                                                            Pacing pacing = Pacing::Unpaced);
+    [[nodiscard]] static Result<std::unique_ptr<Host>>
+    open(const Console& console, const VolumeArguments& arguments, StoreUse use,
+         Pacing pacing = Pacing::Unpaced, Asking asking = Asking::Everything);
     ~Host();
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
@@ -92,7 +102,14 @@ public:
     [[nodiscard]] PlatformServices services();
     [[nodiscard]] const std::string& user() const { return m_user; }
     [[nodiscard]] const std::string& dataFolder() const { return m_dataFolder; }
-    [[nodiscard]] VolumeFileSystem& disk() { return *m_disk; }
+    [[nodiscard]] FileSystem& disk()
+    {
+        return m_names ? static_cast<FileSystem&>(*m_names) : *m_disk;
+    }
+    /// The disk as a mounted one, where canChange() was asked first.
+    [[nodiscard]] VolumeFileSystem& mountedDisk() { return *m_disk; }
+    /// What measures on that disk; made anew.
+    [[nodiscard]] std::unique_ptr<SizeMeter> sizeMeter();
     [[nodiscard]] Workspace& workspace() { return *m_workspace; }
     [[nodiscard]] UserDefaults& defaults() { return *m_defaults; }
     [[nodiscard]] Clock& clock() { return *m_clock; }
@@ -114,6 +131,8 @@ private:
 
     explicit Host(const Console& console);
     [[nodiscard]] Documents& documents();
+    [[nodiscard]] Result<Done> openDisk(const Console& console, const VolumeArguments& arguments,
+                                        Asking asking);
     [[nodiscard]] Result<Done> openStore(StoreUse use);
     [[nodiscard]] Result<Done> openWithoutStore();
 
@@ -127,7 +146,8 @@ private:
     std::unique_ptr<Alerts> m_alerts;
     std::unique_ptr<FolderPicker> m_folderPicker;
     std::unique_ptr<Clock> m_clock;
-    std::unique_ptr<VolumeFileSystem> m_disk;
+    std::unique_ptr<VolumeFileSystem> m_disk; ///< a mounted one,
+    std::unique_ptr<IndexFileSystem> m_names; ///< or else names that were read
     std::unique_ptr<UserDefaults> m_defaults;
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<Documents> m_documents;
@@ -140,10 +160,10 @@ private:
 /// What the commands around the privacy tools have in common.
 class CleanerHost {
 public:
-    explicit CleanerHost(Host& host) : m_host(host), m_sizes(host.disk()) {}
+    explicit CleanerHost(Host& host) : m_host(host), m_sizes(host.sizeMeter()) {}
 
     [[nodiscard]] const std::string& user() const { return m_host.user(); }
-    [[nodiscard]] CleanerServices services() { return {m_host.disk(), m_sizes}; }
+    [[nodiscard]] CleanerServices services() { return {m_host.disk(), *m_sizes}; }
 
     /// Says so where the volume does not hold the user's home.
     void sayMissingHome(const Console& console)
@@ -156,7 +176,7 @@ public:
 
 private:
     Host& m_host;
-    VolumeSizeMeter m_sizes;
+    std::unique_ptr<SizeMeter> m_sizes;
 };
 
 } // namespace pryvane::cli

@@ -104,6 +104,8 @@ int listPrivacy(const PrivacyArguments& arguments, const Console& console)
 
 int clearPrivacy(const PrivacyArguments& arguments, const Console& console)
 {
+    if (!canChange(arguments.volume, console))
+        return kFailed;
     if (arguments.clear.items.empty() && arguments.clear.groups.empty())
         return console.fail("name what to clear: --item ITEM or --group GROUP, each as often as "
                             "needed; pryvane-cli privacy list shows what there is");

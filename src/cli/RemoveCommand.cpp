@@ -222,6 +222,8 @@ int removeChosen(Host& host, const Choice& choice, const RemoveArguments& argume
 
 int runRemove(const RemoveArguments& arguments, const Console& console)
 {
+    if (!canChange(arguments.volume, console))
+        return kFailed;
     if (!arguments.all && arguments.items.empty())
         return console.fail("name what to remove: --item N for an item of the report, or --all");
     auto host = Host::open(console, arguments.volume, StoreUse::Read);

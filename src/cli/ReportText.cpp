@@ -2,6 +2,8 @@
 
 #include "cli/Console.h"
 #include "core/Escape.h"
+#include "core/Texts.h"
+#include "platform/NameTree.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "reports/DefaultMethods.h"
 #include "signatures/FlaggedBy.h"
@@ -91,6 +93,23 @@ std::string coverageText(const ScanCoverage& coverage)
     }
     for (const std::string& path : coverage.heldBack)
         text += "  matched, but applications are not listed: " + forTerminal(path) + "\n";
+    return text;
+}
+
+std::string sourceFactsText(const SourceFacts& facts)
+{
+    const std::string name = facts.name == "-" ? "standard input" : forTerminal(facts.name);
+    std::string text = "Read from: " + facts.source + ", " + name + " (" + facts.format + "), " +
+                       countedText(static_cast<std::size_t>(facts.entries), "entry", "entries");
+    if (facts.skipped > 0) {
+        text += ", " + countedText(static_cast<std::size_t>(facts.skipped), "line", "lines") +
+                " not understood";
+    }
+    text += "\n";
+    for (const std::string& line : facts.firstSkipped)
+        text += "  not understood: " + forTerminal(line) + "\n";
+    if (!facts.remark.empty())
+        text += "  " + facts.remark + "\n";
     return text;
 }
 

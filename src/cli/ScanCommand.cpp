@@ -4,6 +4,7 @@
 #include "cli/ReportText.h"
 #include "core/Escape.h"
 #include "core/Result.h"
+#include "platform/NameTree.h"
 #include "platform/Remover.h"
 #include "platform/UserDefaults.h"
 #include "reports/DefaultMethods.h"
@@ -108,12 +109,15 @@ private:
     NotificationCenter::Observation m_stopObservation;
 };
 
-void writeText(const Console& console, const SpywareScanReport& report, bool stored)
+void writeText(const Console& console, const SpywareScanReport& report, const NameTree* names,
+               bool stored)
 {
     console.out << verdictText(report, console) << "\n";
     if (!report.spyWareList->empty())
         console.out << "\n" << findingsText(*report.spyWareList, DiskState::Asked);
     console.out << "\n" << coverageText(report.coverage);
+    if (names)
+        console.out << sourceFactsText(names->facts());
     if (stored)
         console.out << "Report: " << forTerminal(report.reportId)
                     << "  (pryvane-cli report show latest)\n";
@@ -144,7 +148,7 @@ int runScan(const ScanArguments& arguments, const Console& console)
 {
     auto host =
         Host::open(console, arguments.volume, arguments.noStore ? StoreUse::None : StoreUse::Write,
-                   arguments.paced ? Pacing::Paced : Pacing::Unpaced);
+                   arguments.paced ? Pacing::Paced : Pacing::Unpaced, Asking::WhatScansAsk);
     if (!host)
         return console.fail(host.error().message);
     // A store that cannot be written is better known before the scan than after it.
@@ -173,7 +177,7 @@ int runScan(const ScanArguments& arguments, const Console& console)
     if (arguments.format == "json")
         console.out << reportAsJson(*report);
     else
-        writeText(console, *report, kept);
+        writeText(console, *report, (*host)->disk().names(), kept);
     if (!madeReport)
         console.say("a deep scan with --check-sub-dir n leaves no report");
     if (!writeDocument(console, **host, arguments, *report))

@@ -17,6 +17,8 @@
 
 namespace pryvane {
 
+class NameTree;
+
 /// "There", "not there" and "could not be told" are three answers.
 enum class Presence : std::uint8_t { Absent, Present, Unknown };
 
@@ -102,6 +104,9 @@ public:
     /// Opaque bytes that tell this volume from others and survive mounting it again; empty where
     /// the file system has nothing that does.
     [[nodiscard]] virtual std::string identity() const = 0;
+
+    /// The names of a disk that has no folders to open; null where openFolder() is the way.
+    [[nodiscard]] virtual const NameTree* names() const { return nullptr; }
 
     /// Drops what was remembered of folders' spellings; called when a scan starts.
     virtual void forgetListings() = 0;

@@ -6,6 +6,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
 #include "scan/walker/DeepWalk.h"
+#include "scan/walker/NameWalk.h"
 
 #include <cerrno>
 #include <chrono>
@@ -22,12 +23,18 @@ DeepScan::DeepScan(const PlatformServices& services, ScanState& state, FindingSi
 {
 }
 
-template <typename Pass>
-void DeepScan::onRoot(Pass pass)
+/// Runs the one of the two that fits the disk: over a folder of its own, or over its names.
+template <typename Pass, typename NamePass>
+void DeepScan::onRoot(Pass pass, NamePass namePass)
 {
     if (!m_request.root)
         return;
     const FileURL& url = *m_request.root;
+    if (const NameTree* names = m_services.disk.names()) {
+        NameWalk walk(m_state, *names, m_notifications);
+        namePass(walk, url);
+        return;
+    }
     const int folder = m_services.disk.openFolder(url);
     if (folder < 0) {
         // Both passes meet the same refusal; it is told once.
@@ -44,34 +51,42 @@ void DeepScan::onRoot(Pass pass)
 bool DeepScan::count()
 {
     const auto started = m_services.clock.steadyNow();
-    onRoot([this](const WalkRoot& root) {
-        FileCount pass(m_state, m_notifications);
-        if (m_request.folders == ScanRequest::Folders::Flat)
-            pass.countFlat(root);
-        else
-            pass.countNodes(root);
-    });
+    const bool flat = m_request.folders == ScanRequest::Folders::Flat;
+    onRoot(
+        [this, flat](const WalkRoot& root) {
+            FileCount pass(m_state, m_notifications);
+            flat ? pass.countFlat(root) : pass.countNodes(root);
+        },
+        [flat](NameWalk& walk, const FileURL& root) {
+            walk.count(root, flat ? NameWalk::Counting::Flat : NameWalk::Counting::Nodes);
+        });
     const std::chrono::duration<double> taken = m_services.clock.steadyNow() - started;
     m_services.log.line("count time " + std::to_string(taken.count()));
     // A flat count goes on to the scanning pass even when stopped, which then ends at once.
-    return m_request.folders == ScanRequest::Folders::Flat || !m_state.isScanStop.requested();
+    return flat || !m_state.isScanStop.requested();
 }
 
 void DeepScan::scan()
 {
     const auto started = m_services.clock.steadyNow();
-    onRoot([this](const WalkRoot& root) {
-        scanDirectory pass(m_state, m_texts, m_notifications);
-        const auto told = m_coverage.refused.size();
-        const WalkOutcome outcome = pass.scan(root);
+    const auto told = m_coverage.refused.size();
+    const auto note = [this, told](const WalkOutcome& outcome, const std::string& root) {
         m_coverage.entriesWalked += outcome.entries;
         // The walk names the first ones only, so that a hostile disk cannot fill the memory.
         const auto named = static_cast<std::int64_t>(m_coverage.refused.size() - told);
         if (outcome.refusals > named) {
             m_coverage.refused.push_back(
-                {root.path, std::to_string(outcome.refusals - named) + " more folders below it"});
+                {root, std::to_string(outcome.refusals - named) + " more folders below it"});
         }
-    });
+    };
+    onRoot(
+        [&](const WalkRoot& root) {
+            scanDirectory pass(m_state, m_texts, m_notifications);
+            note(pass.scan(root), root.path);
+        },
+        [&](NameWalk& walk, const FileURL& root) {
+            note(walk.scan(root, m_texts), root.relativePath());
+        });
     const std::chrono::duration<double> taken = m_services.clock.steadyNow() - started;
     m_services.log.line("scannig time " + std::to_string(taken.count()));
 }

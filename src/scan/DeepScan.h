@@ -30,8 +30,8 @@ public:
     [[nodiscard]] const ScanCoverage& coverage() const { return m_coverage; }
 
 private:
-    template <typename Pass>
-    void onRoot(Pass pass);
+    template <typename Pass, typename NamePass>
+    void onRoot(Pass pass, NamePass namePass);
 
     PlatformServices m_services;
     ScanState& m_state;

@@ -26,9 +26,9 @@ DefaultLocations DefaultLocations::listed(FileSystem& disk, std::string_view use
         FolderListing listing = disk.list(FileURL::fileURLWithPath(folder));
         if (listing.status == ListStatus::Refused)
             coverage.refused.push_back({folder, std::move(listing.reason)});
-        if (listing.status != ListStatus::Listed)
-            continue;
-        ++coverage.foldersListed;
+        // What was read of a folder before its reading failed is searched all the same.
+        if (listing.status == ListStatus::Listed)
+            ++coverage.foldersListed;
         std::vector<std::string> names;
         names.reserve(listing.entries.size());
         for (FolderEntry& entry : listing.entries) {

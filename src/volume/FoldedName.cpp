@@ -64,7 +64,7 @@ std::uint64_t mixed(std::uint64_t a, std::uint64_t b)
     return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
 }
 
-std::uint64_t asciiHash(std::string_view text, std::uint64_t key, bool folded)
+std::uint64_t hashed(std::string_view text, std::uint64_t key, bool folded)
 {
     constexpr std::uint64_t kOdd = 0x9e3779b97f4a7c15U;
     std::uint64_t hash = mixed(key ^ text.size(), kOdd);
@@ -116,7 +116,12 @@ bool sameFoldedName(std::string_view a, std::string_view b)
 
 std::uint64_t foldedHash(std::string_view name, std::uint64_t key)
 {
-    return isAscii(name) ? asciiHash(name, key, false) : asciiHash(foldedName(name), key, true);
+    return isAscii(name) ? hashed(name, key, false) : hashed(foldedName(name), key, true);
+}
+
+std::uint64_t exactHash(std::string_view name, std::uint64_t key)
+{
+    return hashed(name, key, true);
 }
 
 } // namespace pryvane

@@ -17,4 +17,7 @@ namespace pryvane {
 /// A hash of foldedName(name). The key keeps a disk's author from choosing names that collide.
 [[nodiscard]] std::uint64_t foldedHash(std::string_view name, std::uint64_t key);
 
+/// A hash of the name as it stands, with such a key.
+[[nodiscard]] std::uint64_t exactHash(std::string_view name, std::uint64_t key);
+
 } // namespace pryvane

@@ -2,18 +2,13 @@
 
 #include "platform/FileSystem.h"
 #include "volume/AllocatedSize.h"
+#include "volume/NameMatching.h"
 #include "volume/SpellingResolver.h"
 
 #include <memory>
 #include <optional>
 
 namespace pryvane {
-
-/// How names on the volume are compared.
-enum class NameMatching : std::uint8_t {
-    AsOnMac, ///< letter case and Unicode normal form do not matter; an exact spelling goes first
-    Exact,
-};
 
 enum class Confinement : std::uint8_t {
     BestAvailable,

@@ -149,7 +149,7 @@ TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
                     .value());
             cli::CleanerHost cleaner(*host);
             NoRemovalJournal journal;
-            VolumeRemover remover(host->disk(), journal, {});
+            VolumeRemover remover(host->mountedDisk(), journal, {});
             return cli::clearItems(cleaner, running, remover, arguments, console);
         });
     };

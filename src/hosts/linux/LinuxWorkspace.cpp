@@ -145,7 +145,7 @@ std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundl
 std::vector<std::string> LinuxWorkspace::runningApplications()
 {
     // Those of this host have nothing to do with a disk that is mounted on it.
-    return m_disk.isHostRoot() ? runningApplicationsOfHost() : std::vector<std::string>();
+    return m_isHostRoot ? runningApplicationsOfHost() : std::vector<std::string>();
 }
 
 } // namespace pryvane

@@ -18,17 +18,21 @@ runningApplicationsOfHost(const std::string& processes = "/proc");
 class LinuxWorkspace final : public Workspace {
 public:
     /// `user` is the short name of the account on the volume. The file system must outlive this.
-    LinuxWorkspace(VolumeFileSystem& disk, std::string user) : m_disk(disk), m_user(std::move(user))
+    LinuxWorkspace(VolumeFileSystem& disk, std::string user)
+        : m_disk(disk), m_user(std::move(user)), m_isHostRoot(disk.isHostRoot())
     {
     }
+    /// A disk that is not mounted.
+    LinuxWorkspace(FileSystem& disk, std::string user) : m_disk(disk), m_user(std::move(user)) {}
 
     [[nodiscard]] std::optional<FileURL> fullPathForApplication(std::string_view name) override;
     [[nodiscard]] std::optional<std::string> bundleIdentifier(const FileURL& bundle) override;
     [[nodiscard]] std::vector<std::string> runningApplications() override;
 
 private:
-    VolumeFileSystem& m_disk;
+    FileSystem& m_disk;
     std::string m_user;
+    bool m_isHostRoot = false;
 };
 
 } // namespace pryvane

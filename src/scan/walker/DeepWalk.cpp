@@ -57,14 +57,12 @@ WalkOutcome walked(WalkTally::Pass pass, const WalkRoot& root, const WalkRules& 
     return {tally.folders(), tally.entries(), report.refusals(), state.isScanStop.requested()};
 }
 
-/// Whether the root is one that is enumerated as a whole instead of folder by folder.
-bool isEnumerated(const WalkRoot& root)
-{
-    const FileURL url = FileURL::fileURLWithPath(root.path);
-    return url.lastPathComponent().starts_with('.') || url.pathExtension() == "framework";
-}
-
 } // namespace
+
+bool isEnumerated(const FileURL& root)
+{
+    return root.lastPathComponent().starts_with('.') || root.pathExtension() == "framework";
+}
 
 WalkOutcome FileCount::countNodes(const WalkRoot& root)
 {
@@ -83,7 +81,7 @@ WalkOutcome scanDirectory::scan(const WalkRoot& root)
 {
     WalkRules rules;
     rules.texts = &m_texts;
-    rules.allEntries = isEnumerated(root);
+    rules.allEntries = isEnumerated(FileURL::fileURLWithPath(root.path));
     rules.emptyFoldersCount = !rules.allEntries;
     return walked(WalkTally::Pass::Scanning, root, rules, m_observer.wantsLocations(), m_options,
                   m_state, m_observer);

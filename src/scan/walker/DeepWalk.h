@@ -8,6 +8,7 @@
 namespace pryvane {
 
 struct ScanState;
+class FileURL;
 class PatternAutomaton;
 
 /// Where a deep walk begins: a folder of the host, open for reading and owned by the caller, and
@@ -17,6 +18,10 @@ struct WalkRoot {
     int folder = -1;
     std::string path;
 };
+
+/// Whether the root is one that is enumerated as a whole, hidden files too, instead of folder by
+/// folder.
+[[nodiscard]] bool isEnumerated(const FileURL& root);
 
 struct WalkOptions {
     /// The most threads that read folders at the same time, the calling one included: there are
