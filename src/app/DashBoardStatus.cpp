@@ -93,9 +93,7 @@ void DashBoardViewController::showDeepBoxAndTitle()
 std::string DashBoardViewController::lastScanText() const
 {
     const Date now = m_services.clock.now();
-    const bool everScanned = m_services.defaults.contains(preferences::kLastScanDate);
-    return relativeDateStringForDate(
-        everScanned ? m_services.defaults.get(preferences::kLastScanDate) : now, now);
+    return sinceText(m_lastScans.date.value_or(now), now);
 }
 
 std::string DashBoardViewController::scanExplanation() const
@@ -119,17 +117,22 @@ void DashBoardViewController::loadLastScans()
         return;
     m_isLoadingLastScans = true;
     m_loader.start(
-        [this] {
+        [this,
+         whose = ScansOf{m_services.disk.identity(), m_facts.user, m_delegate.state().reportId}] {
             DefaultMethods store(m_services.defaults, m_services.disk, m_services.clock,
                                  m_services.log);
             const auto reports = store.listReports();
             if (!reports)
                 m_services.log.line(reports.error().message);
-            const LastScans read = reports ? lastScansOf(*reports) : LastScans();
+            const LastScans read = reports ? lastScansOf(*reports, whose) : LastScans();
             m_later.post([this, last = read] {
                 m_isLoadingLastScans = false;
                 m_lastScans = last;
+                ScanState& state = m_delegate.state();
+                if (last.date && (!state.lastScan || *state.lastScan < *last.date))
+                    state.lastScan = last.date;
                 Q_EMIT stateChanged();
+                Q_EMIT lastScansRead();
                 if (m_lastScansAreOld)
                     loadLastScans();
             });

@@ -6,6 +6,7 @@
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "platform/Clock.h"
+#include "platform/FileSystem.h"
 #include "platform/PlatformServices.h"
 
 #include <QObject>
@@ -79,15 +80,20 @@ public:
     [[nodiscard]] const ScanButton& scanButton() const { return m_scanButton; }
     /// When the next real-time scan comes; none while the switch is off.
     [[nodiscard]] std::optional<Date> nextRealTimeScan() const;
-    /// How long ago the last scan was: "2 hours ago", "Not scan yet".
+    /// How long ago the last scan of this disk and user was: "just now", "2 hours ago"; "Not scan
+    /// yet" without one.
     [[nodiscard]] std::string lastScanText() const;
     /// Read from the stored reports in the background; empty until that is done.
     [[nodiscard]] const LastScans& lastScans() const { return m_lastScans; }
+    /// False for a disk without an identity: no stored report is known to be about it.
+    [[nodiscard]] bool diskCanBeTold() const { return !m_services.disk.identity().empty(); }
     /// What a scan of the chosen kind does, and how long the last one took, in one line.
     [[nodiscard]] std::string scanExplanation() const;
 
 Q_SIGNALS:
     void stateChanged();
+    /// What the store knows of this disk's last scan has been read.
+    void lastScansRead();
 
 private:
     void observe();

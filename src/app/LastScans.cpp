@@ -1,18 +1,25 @@
 #include "app/LastScans.h"
 
+#include "reports/SpywareScanReport.h"
+
 namespace pryvane {
 
-LastScans lastScansOf(const std::vector<ReportFacts>& reports)
+LastScans lastScansOf(const std::vector<ReportFacts>& reports, const ScansOf& whose)
 {
     LastScans last;
-    if (reports.empty())
-        return last;
-    last.date = reports.front().scanDate;
-    last.threatFound = reports.front().isRed;
     for (const auto& report : reports) {
+        const bool isOfThese = isAbout(report.volume, report.subject, whose.volume, whose.user) ||
+                               (!whose.madeHere.empty() && report.reportId == whose.madeHere);
+        if (!isOfThese)
+            continue;
+        if (!last.date) {
+            last.date = report.scanDate;
+            last.verdict = report.verdict;
+            last.verdictLine = report.verdictLine;
+        }
         std::string& duration =
             report.reportType == "Deep Scan" ? last.deepDuration : last.quickDuration;
-        if (duration.empty() && report.scanDuration != "Stopped")
+        if (duration.empty() && report.scanDuration != kStopped)
             duration = report.scanDuration;
     }
     return last;

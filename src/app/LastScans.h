@@ -9,15 +9,24 @@
 
 namespace pryvane {
 
-/// What the dashboard tells of the scans so far.
+/// What the dashboard tells of the scans so far of one disk and user.
 struct LastScans {
     std::optional<Date> date; ///< of the newest report; none: there is no report
-    bool threatFound = false;
+    Verdict verdict = Verdict::Incomplete;
+    std::string verdictLine;
     std::string quickDuration; ///< of the last quick or real-time scan that was not stopped
     std::string deepDuration;  ///< of the last deep scan that was not stopped
 };
 
-/// From the report list, newest first.
-[[nodiscard]] LastScans lastScansOf(const std::vector<ReportFacts>& reports);
+/// Whose scans are told of.
+struct ScansOf {
+    std::string volume; ///< identity of the disk that is looked at; empty: it has none
+    std::string user;
+    /// A report that was made of that disk since it was opened, so that it needs no identity.
+    std::string madeHere;
+};
+
+/// From the report list, newest first. What was found on other disks is not told.
+[[nodiscard]] LastScans lastScansOf(const std::vector<ReportFacts>& reports, const ScansOf& whose);
 
 } // namespace pryvane

@@ -26,7 +26,7 @@ SelectionState selectionOf(const SpywareList& threats)
         if (isRemoteDesktop(*threat))
             continue; // it is not removed
         state.quarantineBtn |= threat->isChecked;
-        if (threat->isAvail) {
+        if (threat->isAvail()) {
             state.quarantineBtnHide = false;
             state.selectAll &= threat->isChecked;
         }

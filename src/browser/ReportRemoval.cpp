@@ -87,8 +87,8 @@ void ReportRemoval::removeThisAdware(const SpywareList& list)
     bool remoteDesktop = false;
     for (const auto& record : list) {
         if (isRemoteDesktop(*record))
-            remoteDesktop = remoteDesktop || record->isAvail;
-        else if (record->isAvail)
+            remoteDesktop = remoteDesktop || record->isAvail();
+        else if (record->isAvail())
             records.push_back(record);
     }
     if (remoteDesktop)

@@ -13,7 +13,8 @@ namespace {
 /// Each threat's name once; a report tends to hold many findings of one threat.
 std::string searchableText(const SpywareScanReport& report)
 {
-    std::string text = report.reportType + '\n' + localDateText(report.scanDate);
+    std::string text = report.reportType + '\n' + localDateText(report.scanDate) + '\n' +
+                       macName(report.subject) + '\n' + userNames(report.subject);
     std::set<std::string_view> names;
     for (const auto& record : *report.spyWareList) {
         if (names.insert(record->infections).second)
@@ -79,10 +80,11 @@ void ReportRows::choose()
 {
     m_shown.clear();
     for (std::size_t i = 0; i < m_list.reports.size(); ++i) {
-        // The stored count is only its low eight bits; isRed is whole.
-        if (m_filter != ReportFilter::All &&
-            m_list.reports[i]->isRed != (m_filter == ReportFilter::Found))
-            continue;
+        if (m_filter != ReportFilter::All) {
+            const auto wanted = m_filter == ReportFilter::Found ? Verdict::Found : Verdict::Clean;
+            if (m_list.reports[i]->verdict() != wanted)
+                continue;
+        }
         if (isFound(i))
             m_shown.push_back(i);
     }
@@ -92,8 +94,15 @@ ReportRow ReportRows::row(std::size_t row) const
 {
     SpywareScanReport& shown = *report(row);
     shown.reportDateDisplay = relativeDateStringForDate(shown.scanDate, m_now);
-    return {shown.reportDateDisplay, localDateText(shown.scanDate), forScreen(shown.reportType),
-            shown.spyWareCount,      forScreen(shown.scanDuration), shown.redGreen,
+    return {sinceText(shown.scanDate, m_now),
+            localDateText(shown.scanDate),
+            forScreen(shown.reportType),
+            shown.subject.isKnown()
+                ? forScreen(macName(shown.subject)) + ", " + forScreen(userNames(shown.subject))
+                : kNotKnown,
+            shown.spyWareCount,
+            forScreen(shown.scanDuration),
+            shown.redGreen,
             shown.openTrash};
 }
 

@@ -17,6 +17,7 @@ struct ReportRow {
     std::string when; ///< relative to now
     std::string date; ///< the same as date and time
     std::string kind;
+    std::string mac; ///< whose disk and which user's
     std::uint64_t spyWareCount = 0;
     std::string duration;
     Rgba redGreen;

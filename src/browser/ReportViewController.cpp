@@ -16,14 +16,14 @@ namespace {
 
 constexpr int kScanRow = 1; // of the navigation table
 
-/// Whether each record's location is there.
-std::vector<bool> presenceOf(const SpywareScanReport& report, const SpywareList& records,
-                             FileSystem& disk, const StopFlag& stop)
+/// Whether each record's location is there. After a stop the rest is not known.
+std::vector<Presence> presenceOf(const SpywareScanReport& report, const SpywareList& records,
+                                 FileSystem& disk, const StopFlag& stop)
 {
     DiskPresence disks(disk);
-    std::vector<bool> there(records.size());
+    std::vector<Presence> there(records.size(), Presence::Unknown);
     for (std::size_t i = 0; i < records.size() && !stop.requested(); ++i)
-        there[i] = disks.of(report, *records[i]) == Presence::Present;
+        there[i] = disks.of(report, *records[i]);
     return there;
 }
 
@@ -224,16 +224,17 @@ void ReportViewController::reloadThreatDetails()
     m_diskTasks.run(
         [&disk = m_services.disk, report = m_report,
          list = m_report->spyWareList](const StopFlag& stop) {
-            return std::pair(list, presenceOf(*report, *list, disk, stop));
+            return std::pair(report, presenceOf(*report, *list, disk, stop));
         },
         [this](const auto& told) {
-            const auto& [list, there] = told;
+            const auto& [report, there] = told;
+            const std::string here = m_services.disk.identity();
             for (std::size_t i = 0; i < there.size(); ++i) {
-                Spyware& record = *(*list)[i];
+                Spyware& record = *(*report->spyWareList)[i];
                 const bool checked = record.isChecked;
-                record.setAvailability(there[i]);
+                record.setPresence(there[i], whyNotKnown(*report, record, here));
                 // Remote desktop is switched off by instructions, never removed.
-                record.isChecked = there[i] && checked && !isRemoteDesktop(record);
+                record.isChecked = record.isAvail() && checked && !isRemoteDesktop(record);
             }
             ChangeSelection();
         });
@@ -275,7 +276,7 @@ void ReportViewController::checkAllAction(bool on)
     if (!m_report || m_removal.isRemoving())
         return;
     for (const auto& record : *m_report->spyWareList) {
-        if (record->isAvail && !isRemoteDesktop(*record))
+        if (record->isAvail() && !isRemoteDesktop(*record))
             record->isChecked = on;
     }
     ChangeSelection();

@@ -62,6 +62,12 @@ struct VolumeArguments {
     std::string strip = {};   ///< what is taken off the front of its paths
 
     [[nodiscard]] bool isFolder() const { return listing.empty(); }
+
+    /// The identity of the disk that was named; empty where the usual one is looked at.
+    [[nodiscard]] std::string named(const FileSystem& disk) const
+    {
+        return volume == "/" ? std::string() : disk.identity();
+    }
 };
 
 /// What a command is going to ask a disk that is read beforehand.

@@ -111,7 +111,7 @@ Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& ar
         if (stays) {
             choice.leftOut = number;
         } else if (leavesWeak && isWeak(rules.flaggedBy(*record).evidence)) {
-            if (record->isAvail)
+            if (record->isAvail())
                 weak.push_back(record);
         } else {
             choice.selection.records.push_back(record);
@@ -230,7 +230,7 @@ int runRemove(const RemoveArguments& arguments, const Console& console)
     if (!host)
         return console.fail(host.error().message);
     DefaultMethods store((*host)->defaults(), (*host)->disk(), (*host)->clock(), (*host)->log());
-    const auto report = findReport(store, arguments.id);
+    const auto report = findReport(store, arguments.id, arguments.volume.named((*host)->disk()));
     if (!report)
         return console.fail(report.error().message);
     if ((*report)->spyWareList->empty()) {

@@ -5,6 +5,7 @@
 #include "core/Escape.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "reports/DefaultMethods.h"
+#include "reports/RecordAvailability.h"
 #include "reports/ReportCompare.h"
 #include "reports/ReportExport.h"
 #include "reports/pdf/PDFGenerate.h"
@@ -47,26 +48,32 @@ int withReport(const Console& console, const ReportArguments& arguments, Work wo
                StoreUse use = StoreUse::Read)
 {
     return withStore(console, arguments, use, [&](Host& host, DefaultMethods& store) {
-        const auto report = findReport(store, arguments.id);
+        const auto report = findReport(store, arguments.id, arguments.volume.named(host.disk()));
         return report ? work(host, store, **report) : console.fail(report.error().message);
     });
+}
+
+std::string stateOf(const ReportFacts& report)
+{
+    const std::string word = wordsFor(report.verdict).machine;
+    return report.findings > 0 ? word + ' ' + std::to_string(report.findings) : word;
 }
 
 int listReports(const ReportArguments& arguments, const Console& console)
 {
     return withStore(console, arguments, StoreUse::Read, [&](Host& host, DefaultMethods& store) {
         using Align = TextTable::Align;
-        TextTable table(
-            {Align::Left, Align::Left, Align::Left, Align::Left, Align::Left, Align::Left});
+        TextTable table({Align::Left, Align::Left, Align::Left, Align::Left, Align::Left,
+                         Align::Left, Align::Left, Align::Left});
         const auto list = store.listReports();
         if (!list)
             return console.fail(list.error().message);
         const Date now = host.clock().now();
         for (const ReportFacts& report : *list) {
             table.addRow({forTerminal(report.reportId), localDateText(report.scanDate),
-                          forTerminal(report.reportType),
-                          report.findings ? "found " + std::to_string(report.findings) : "clean",
-                          relativeDateStringForDate(report.scanDate, now),
+                          forTerminal(report.reportType), stateOf(report),
+                          forTerminal(macName(report.subject)),
+                          forTerminal(userNames(report.subject)), sinceText(report.scanDate, now),
                           forTerminal(report.scanDuration)});
         }
         console.out << table.text();
@@ -103,43 +110,47 @@ void writeRemovals(const Console& console, const SpywareScanReport& report,
                     << text << "Journal:  " << forTerminal(removalJournalPath(dataFolder)) << "\n";
 }
 
-void writeReport(const Console& console, const SpywareScanReport& report, DiskState state,
-                 const std::string& dataFolder)
+void writeReport(const Console& console, const SpywareScanReport& report,
+                 const std::string& dataFolder, Date now)
 {
     console.out << "Report:   " << forTerminal(report.reportId) << "\n"
                 << "Date:     " << localDateText(report.scanDate) << " ("
-                << report.reportDateDisplay << ")\n"
+                << sinceText(report.scanDate, now) << ")\n"
                 << "Kind:     " << forTerminal(report.reportType) << "\n"
-                << "Duration: " << forTerminal(report.scanDuration) << "\n\n"
+                << "Duration: " << forTerminal(report.scanDuration) << "\n"
+                << "Mac:      " << subjectText(report.subject) << "\n\n"
                 << verdictText(report, console) << "\n";
     if (!report.spyWareList->empty())
-        console.out << "\n" << findingsText(*report.spyWareList, state);
+        console.out << "\n" << findingsText(*report.spyWareList);
     writeRemovals(console, report, dataFolder);
     console.out << "\n" << coverageText(report.coverage);
 }
 
-/// Says so where what is still there cannot be known; true where it can.
-bool isOfThisVolume(const Console& console, Host& host, const SpywareScanReport& report)
+/// Says why it is not known of some findings whether they are still there.
+void sayWhatIsNotKnown(const Console& console, Host& host, const SpywareScanReport& report)
 {
-    const std::string here = host.disk().identity();
-    if (isSameVolume(report.volume, here))
-        return true;
     if (report.spyWareList->empty())
-        return false;
-    console.say(report.volume.empty() || here.empty()
-                    ? "it cannot be told whether this report is of this disk, so what is still "
-                      "there is not known; scan it again"
-                    : "this report is of another volume, so what is still there is not known; name "
-                      "the volume with --volume DIR");
-    return false;
+        return;
+    const std::string here = host.disk().identity();
+    if (const auto why = whyNotAsked(report, here); !why.empty()) {
+        const bool canBeTold = !report.volume.empty() && !here.empty();
+        console.say(std::string(why) + ", so what is still there is not known; " +
+                    (canBeTold ? "name its volume with --volume DIR" : "scan it again"));
+        return;
+    }
+    std::size_t unknown = 0;
+    for (const auto& record : *report.spyWareList)
+        unknown += record->presence == Presence::Unknown ? 1 : 0;
+    if (unknown > 0)
+        console.say("of " + countedText(unknown, "finding", "findings") +
+                    " it is not known whether it is still there: " + std::string(kUnsearchable));
 }
 
 int showReport(const ReportArguments& arguments, const Console& console)
 {
     const auto show = [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
-        const bool known = isOfThisVolume(console, host, report);
-        writeReport(console, report, known ? DiskState::Asked : DiskState::NotAsked,
-                    host.dataFolder());
+        sayWhatIsNotKnown(console, host, report);
+        writeReport(console, report, host.dataFolder(), host.clock().now());
         return int{kDone};
     };
     return withReport(console, arguments, show);
@@ -148,7 +159,8 @@ int showReport(const ReportArguments& arguments, const Console& console)
 int exportReport(const ReportArguments& arguments, const Console& console)
 {
     return withReport(console, arguments,
-                      [&](Host&, DefaultMethods&, const SpywareScanReport& report) {
+                      [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
+                          sayWhatIsNotKnown(console, host, report);
                           if (arguments.format == "csv")
                               console.out << reportAsCsv(report);
                           else if (arguments.format == "html")
@@ -165,7 +177,7 @@ int writePdf(const ReportArguments& arguments, const Console& console)
         const auto written = host.pdf().createPDF(report, arguments.file);
         if (!written)
             return console.fail(written.error().message);
-        isOfThisVolume(console, host, report);
+        sayWhatIsNotKnown(console, host, report);
         return int{kDone};
     };
     return withReport(console, arguments, write);
@@ -187,7 +199,7 @@ int printReport(const ReportArguments& arguments, const Console& console)
         case PrintOutcome::State::Sent:
             break;
         }
-        isOfThisVolume(console, host, report);
+        sayWhatIsNotKnown(console, host, report);
         console.out << "Print job " << outcome.job << "\n";
         return int{kDone};
     };
@@ -220,18 +232,23 @@ void printChanges(const Console& console, const char* sign, const SpywareList& l
 
 int compareReports(const ReportArguments& arguments, const Console& console)
 {
-    return withStore(console, arguments, StoreUse::Read, [&](Host&, DefaultMethods& store) {
-        const auto older = findReport(store, arguments.id);
-        const auto newer = findReport(store, arguments.otherId);
+    return withStore(console, arguments, StoreUse::Read, [&](Host& host, DefaultMethods& store) {
+        const std::string of = arguments.volume.named(host.disk());
+        const auto older = findReport(store, arguments.id, of);
+        const auto newer = findReport(store, arguments.otherId, of);
         if (!older)
             return console.fail(older.error().message);
         if (!newer)
             return console.fail(newer.error().message);
         const ReportComparison changes = pryvane::compareReports(**older, **newer);
+        if (const std::string remark = comparisonRemark(**older, **newer); !remark.empty())
+            console.say(remark);
         printChanges(console, "+", changes.added);
         printChanges(console, "-", changes.gone);
         console.out << changes.added.size() << " new, " << changes.gone.size() << " gone, "
-                    << changes.kept.size() << " in both\n";
+                    << changes.kept.size() << " in both\n"
+                    << "before: " << (*older)->verdictLine() << "\n"
+                    << "after:  " << (*newer)->verdictLine() << "\n";
         return int{kDone};
     });
 }

@@ -24,18 +24,16 @@ std::string secondsText(double seconds)
     return text;
 }
 
-std::string stateWord(const Spyware& record, DiskState state)
+std::string stateWord(const Spyware& record)
 {
     if (record.isDeleted)
         return "removed";
-    if (state == DiskState::NotAsked)
-        return "unknown";
-    return record.isAvail ? "present" : "gone";
+    return record.isAvail() ? "present" : presenceWord(record.presence);
 }
 
 } // namespace
 
-std::string findingsText(const SpywareList& list, DiskState state)
+std::string findingsText(const SpywareList& list)
 {
     using Align = TextTable::Align;
     if (list.empty())
@@ -47,7 +45,7 @@ std::string findingsText(const SpywareList& list, DiskState state)
     for (std::size_t i = 0; i < list.size(); ++i) {
         const Spyware& record = *list[i];
         table.addRow({std::to_string(i + 1), forTerminal(record.infections),
-                      forTerminal(record.risk), stateWord(record, state), sizeText(record.size),
+                      forTerminal(record.risk), stateWord(record), sizeText(record.size),
                       forTerminal(evidenceText(rules.flaggedBy(record))),
                       forTerminal(record.url.relativePath())});
     }
@@ -115,16 +113,15 @@ std::string sourceFactsText(const SourceFacts& facts)
 
 std::string verdictText(const SpywareScanReport& report, const Console& console)
 {
-    const std::size_t count = report.spyWareList->size();
-    std::string line = verdictLine(count, report.coverage);
+    const std::string line = report.verdictLine();
     if (!console.color)
         return line;
-    switch (verdictOf(count, report.coverage)) {
-    case Verdict::Clean:
+    switch (wordsFor(report.verdict()).tone) {
+    case Tone::Green:
         return "\033[1;32m" + line + "\033[0m";
-    case Verdict::CleanWhereRead:
+    case Tone::Amber:
         return "\033[1;33m" + line + "\033[0m";
-    case Verdict::Found:
+    case Tone::Red:
         break;
     }
     return "\033[1;31m" + line + "\033[0m";
@@ -133,12 +130,19 @@ std::string verdictText(const SpywareScanReport& report, const Console& console)
 namespace {
 
 /// The identity of the report that was named.
-Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string_view id)
+Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string_view id,
+                               std::string_view of)
 {
     if (list.empty())
         return Error{"there are no reports yet; pryvane-cli scan makes one"};
-    if (id == "latest")
-        return list.front().reportId;
+    if (id == "latest") {
+        for (const ReportFacts& report : list) {
+            if (of.empty() || isSameVolume(report.volume, of))
+                return report.reportId;
+        }
+        return Error{"there are no reports of this disk yet; pryvane-cli report list shows those "
+                     "of others"};
+    }
     const ReportFacts* match = nullptr;
     for (const ReportFacts& report : list) {
         if (report.reportId == id)
@@ -161,12 +165,13 @@ Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string
 
 } // namespace
 
-Result<std::shared_ptr<SpywareScanReport>> findReport(DefaultMethods& store, std::string_view id)
+Result<std::shared_ptr<SpywareScanReport>> findReport(DefaultMethods& store, std::string_view id,
+                                                      std::string_view of)
 {
     const auto list = store.listReports();
     if (!list)
         return list.error();
-    const auto identity = identityOf(*list, id);
+    const auto identity = identityOf(*list, id, of);
     if (!identity)
         return identity.error();
     return store.loadReport(*identity);

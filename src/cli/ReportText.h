@@ -20,11 +20,8 @@ class DefaultMethods;
 
 namespace pryvane::cli {
 
-/// Whether what the records say of the disk was asked of the report's own volume.
-enum class DiskState : std::uint8_t { Asked, NotAsked };
-
 /// The findings of a report as a numbered table, in the report's order; empty without any.
-[[nodiscard]] std::string findingsText(const SpywareList& list, DiskState state);
+[[nodiscard]] std::string findingsText(const SpywareList& list);
 
 /// What the journal last said of records, by their place in the report.
 using RemovalRecords = std::map<std::size_t, RemovalRecord>;
@@ -42,8 +39,9 @@ using RemovalRecords = std::map<std::size_t, RemovalRecord>;
 /// The verdict line, coloured where the console shows colour.
 [[nodiscard]] std::string verdictText(const SpywareScanReport& report, const Console& console);
 
-/// The report that a person named: "latest", an identity, or the beginning of exactly one.
-[[nodiscard]] Result<std::shared_ptr<SpywareScanReport>> findReport(DefaultMethods& store,
-                                                                    std::string_view id);
+/// The report that a person named: "latest", an identity, or the beginning of exactly one. "latest"
+/// is the newest of the volume `of`, where that has an identity and is not the usual one.
+[[nodiscard]] Result<std::shared_ptr<SpywareScanReport>>
+findReport(DefaultMethods& store, std::string_view id, std::string_view of);
 
 } // namespace pryvane::cli

@@ -86,6 +86,7 @@ public:
             m_host.state().arrSpywareList.shared(), now,
             stringFromTimeInterval(m_controller.coverage().seconds), "Deep Scan", now);
         shown->coverage = m_controller.coverage();
+        shown->subject = m_controller.subject();
         shown->volume = m_host.disk().identity();
         return shown;
     }
@@ -112,9 +113,10 @@ private:
 void writeText(const Console& console, const SpywareScanReport& report, const NameTree* names,
                bool stored)
 {
-    console.out << verdictText(report, console) << "\n";
+    console.out << verdictText(report, console) << "\n"
+                << "Mac:      " << subjectText(report.subject) << "\n";
     if (!report.spyWareList->empty())
-        console.out << "\n" << findingsText(*report.spyWareList, DiskState::Asked);
+        console.out << "\n" << findingsText(*report.spyWareList);
     console.out << "\n" << coverageText(report.coverage);
     if (names)
         console.out << sourceFactsText(names->facts());
@@ -184,7 +186,7 @@ int runScan(const ScanArguments& arguments, const Console& console)
         return kFailed;
     if (lost)
         return console.fail("the report is not stored; what the scan found stands above alone");
-    return report->spyWareList->empty() ? kDone : kFindings;
+    return wordsFor(report->verdict()).exitCode;
 }
 
 } // namespace
@@ -223,8 +225,10 @@ void addScanCommand(CommandLine& line, CLI::App& app)
         ->type_name("FORMAT");
     command->add_option("--pdf", arguments->pdf, "Write the report as a PDF document as well")
         ->type_name("FILE");
-    command->footer("Exit code: 0 nothing found, 1 findings, 2 error, 130 interrupted.\n"
-                    "Example: pryvane-cli scan --volume /mnt/mac --user alice --format json");
+    command->footer(
+        "Exit code: 0 clean, 1 findings or an application that bears a known name, 2 error,\n"
+        "3 nothing found but not everything could be looked at, 130 interrupted.\n"
+        "Example: pryvane-cli scan --volume /mnt/mac --user alice --format json");
 }
 
 } // namespace pryvane::cli

@@ -125,6 +125,12 @@ std::string relativeDateStringForDate(Date date, Date now)
     return "In few seconds";
 }
 
+std::string sinceText(Date date, Date now)
+{
+    const bool isNow = date < now && now - date < std::chrono::minutes(1);
+    return isNow ? "just now" : relativeDateStringForDate(date, now);
+}
+
 std::string countedText(std::uint64_t count, const char* one, const char* many)
 {
     return std::to_string(count) + " " + (count == 1 ? one : many);

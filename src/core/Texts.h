@@ -28,6 +28,9 @@ using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::mil
 /// "1 hour ago", "In few seconds"; "Not scan yet" where `now` is not later than `date`.
 [[nodiscard]] std::string relativeDateStringForDate(Date date, Date now);
 
+/// The same for a text that stays on a screen: "just now" for the first minute.
+[[nodiscard]] std::string sinceText(Date date, Date now);
+
 /// A count with its noun: "1 entry", "3 entries".
 [[nodiscard]] std::string countedText(std::uint64_t count, const char* one, const char* many);
 

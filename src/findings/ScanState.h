@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/StopFlag.h"
+#include "core/Texts.h"
 #include "findings/Spyware.h"
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,9 @@ struct ScanState {
     // What the next scan is to be.
     bool isDeepScan = false;
     bool isRealTimeProtectionON = false;
+
+    std::string reportId;         ///< of the last report of this disk made in this run
+    std::optional<Date> lastScan; ///< of this disk and user; none known
 
     std::vector<std::string> fullSystemScanPaths; ///< set by each deep scan as it starts
     std::vector<std::string>

@@ -10,7 +10,7 @@ std::shared_ptr<Spyware> Spyware::SpyWareWithName(std::string_view name, bool /*
                                                   FileSystem& disk)
 {
     auto record = SpyWareSeen(name, infections, size, url, risk);
-    record->setAvailability(disk.exists(url));
+    record->setPresence(disk.presence(url), kUnsearchable);
     return record;
 }
 
@@ -24,7 +24,7 @@ std::shared_ptr<Spyware> Spyware::SpyWareSeen(std::string_view name, std::string
     record->size = size;
     record->url = url;
     record->risk = risk;
-    record->setAvailability(true);
+    record->setPresence(Presence::Present);
     return record;
 }
 
@@ -35,11 +35,25 @@ void Spyware::setSighting(const std::optional<Sighting>& sighting)
     seen = sighting && sighting->inode != 0 ? sighting : std::nullopt;
 }
 
-void Spyware::setAvailability(bool available)
+void Spyware::setPresence(Presence now, std::string_view reason)
 {
-    isAvail = available;
-    isChecked = available;
-    redGreen = available ? RowColor::Black : RowColor::Grey;
+    presence = now;
+    presenceReason = now == Presence::Unknown ? reason : std::string_view();
+    isChecked = isAvail();
+    redGreen = isAvail() ? RowColor::Black : RowColor::Grey;
+}
+
+const char* presenceWord(Presence presence)
+{
+    switch (presence) {
+    case Presence::Present:
+        return "there";
+    case Presence::Absent:
+        return "gone";
+    case Presence::Unknown:
+        break;
+    }
+    return "unknown";
 }
 
 void ResultList::append(std::shared_ptr<Spyware> record)

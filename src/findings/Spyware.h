@@ -19,6 +19,12 @@ enum class RowColor : std::uint8_t { Black, Grey };
 /// The only risk level that the system uses.
 inline constexpr std::string_view kHighRisk = "High Risk";
 
+/// Why a disk that is asked cannot tell whether something is there.
+inline constexpr std::string_view kUnsearchable = "a folder on the way to it cannot be searched";
+
+/// The three answers for programs: "there", "gone", "unknown".
+[[nodiscard]] const char* presenceWord(Presence presence);
+
 /// One finding: a named threat at one location, with the flags that carry it through removal. A
 /// plain record; while a scan runs the main thread owns it once it is on the result list.
 class Spyware {
@@ -38,8 +44,12 @@ public:
     /// Notes where and what it is, as far as a scan could tell.
     void setSighting(const std::optional<Sighting>& sighting);
 
-    /// Follows the disk: sets isAvail, and isChecked and the row's colour after it.
-    void setAvailability(bool available);
+    /// Follows the disk, and isChecked and the row's colour with it. `reason` says in words why it
+    /// cannot be told.
+    void setPresence(Presence now, std::string_view reason = {});
+
+    /// Known to be there.
+    [[nodiscard]] bool isAvail() const { return presence == Presence::Present; }
 
     std::string name;       ///< last path component as raw bytes, or "ARD"
     std::string infections; ///< the threat's family label
@@ -47,9 +57,10 @@ public:
     FileURL url;
     std::string risk;
     bool isChecked = false; ///< selected for removal
-    bool isAvail = false;   ///< the location existed when the record was made or read back
     bool isDeleted = false; ///< its removal succeeded
     bool isNoAction = false;
+    Presence presence = Presence::Unknown; ///< when the record was made or read back; not stored
+    std::string presenceReason;            ///< why it is not known, in words
     std::string removalFailure; ///< why it could not be removed, for a person; not stored
     std::string removalRemark;  ///< what else is to be known of its removal; not stored
     RowColor redGreen = RowColor::Grey;

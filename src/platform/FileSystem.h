@@ -31,6 +31,15 @@ struct FolderEntry {
 
 enum class ListStatus : std::uint8_t { Listed, Missing, Refused };
 
+/// What a disk comes as, and what it is called there: the last part of the folder's or file's name,
+/// raw bytes.
+struct DiskSource {
+    enum class Kind : std::uint8_t { Unknown, ThisMac, Folder, Image, Listing };
+    Kind kind = Kind::Unknown;
+    std::string name;
+    friend bool operator==(const DiskSource&, const DiskSource&) = default;
+};
+
 /// Whether the identities are those of one volume. An empty one tells nothing of any.
 [[nodiscard]] inline bool isSameVolume(std::string_view a, std::string_view b)
 {
@@ -107,6 +116,8 @@ public:
 
     /// The names of a disk that has no folders to open; null where openFolder() is the way.
     [[nodiscard]] virtual const NameTree* names() const { return nullptr; }
+
+    [[nodiscard]] virtual DiskSource source() const { return {}; }
 
     /// Drops what was remembered of folders' spellings; called when a scan starts.
     virtual void forgetListings() = 0;

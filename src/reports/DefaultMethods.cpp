@@ -79,8 +79,13 @@ Result<std::vector<ReportFacts>> DefaultMethods::listReports()
     if (!rows)
         return rows.error();
     list.reserve(rows->size());
+    Pieces pieces(m_reports, kReadAhead);
     for (const StoredReport& row : *rows) {
         auto facts = decodeFacts(row.facts);
+        if (facts && !facts->tellsVerdict) { // by an older version
+            if (const auto report = read(row, pieces))
+                facts = factsOf(**report);
+        }
         if (facts)
             list.push_back(std::move(facts).value());
         else

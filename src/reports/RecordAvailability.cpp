@@ -2,6 +2,15 @@
 
 namespace pryvane {
 
+std::string_view whyNotAsked(const SpywareScanReport& report, std::string_view here)
+{
+    if (isSameVolume(report.volume, here))
+        return {};
+    return report.volume.empty() || here.empty()
+               ? "it cannot be told whether the report is of this disk"
+               : "the report is of another volume";
+}
+
 Presence DiskPresence::of(const SpywareScanReport& report, const Spyware& record)
 {
     const std::string& path = record.url.relativePath();
@@ -14,12 +23,21 @@ Presence DiskPresence::of(const SpywareScanReport& report, const Spyware& record
     return entry->second;
 }
 
+std::string_view whyNotKnown(const SpywareScanReport& report, const Spyware& record,
+                             std::string_view here)
+{
+    if (const auto why = whyNotAsked(report, here); !why.empty())
+        return why;
+    return record.url.relativePath().empty() ? "its path is damaged" : kUnsearchable;
+}
+
 void followDisk(const ReportList& reports, FileSystem& disk)
 {
     DiskPresence presence(disk);
+    const std::string here = disk.identity();
     for (const auto& report : reports) {
         for (const auto& record : *report->spyWareList)
-            record->setAvailability(presence.of(*report, *record) == Presence::Present);
+            record->setPresence(presence.of(*report, *record), whyNotKnown(*report, *record, here));
     }
 }
 

@@ -9,6 +9,14 @@
 
 namespace pryvane {
 
+/// Why a report's own disk cannot be asked where the volume `here` is looked at; empty where it
+/// can.
+[[nodiscard]] std::string_view whyNotAsked(const SpywareScanReport& report, std::string_view here);
+
+/// Why it is not known whether the record is there still, where it is not.
+[[nodiscard]] std::string_view whyNotKnown(const SpywareScanReport& report, const Spyware& record,
+                                           std::string_view here);
+
 /// What a disk holds of the findings of stored reports. Tests each distinct path once; the reports
 /// must outlive it.
 class DiskPresence {
@@ -28,7 +36,7 @@ private:
 };
 
 /// Makes the records of all reports follow the disk as it is now. The records of another volume
-/// than `disk`, and of one that cannot be told from others, are unavailable.
+/// than `disk`, and of one that cannot be told from others, are not known.
 void followDisk(const ReportList& reports, FileSystem& disk);
 
 } // namespace pryvane

@@ -23,14 +23,20 @@ constexpr std::string_view kSpyWareCount = "spyWareCount", kReportType = "report
                            kScanDate = "scanDate", kSpyWareList = "spyWareList",
                            kScanDuration = "scanDuration", kReportId = "reportId", kIsRed = "isRed",
                            kVolume = "volume", kCoverage = "coverage", kFindings = "findings",
-                           kThreats = "threats";
+                           kThreats = "threats", kSubject = "subject", kVerdict = "verdict",
+                           kVerdictLine = "verdictLine";
+constexpr std::string_view kSource = "source", kVolumeName = "volumeName",
+                           kComputerName = "computerName", kSystemVersion = "systemVersion",
+                           kUsers = "users";
 constexpr std::string_view kName = "name", kIsChecked = "isChecked", kInfections = "infections",
                            kSize = "size", kUrl = "url", kRisk = "risk", kPath = "path",
                            kKind = "kind";
 constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListed = "foldersListed",
                            kEntriesSearched = "entriesSearched", kEntriesWalked = "entriesWalked",
                            kRefused = "refused", kReason = "reason", kHeldBack = "heldBack",
-                           kMissingHome = "missingHome", kHomes = "homes", kSeconds = "seconds";
+                           kMissingHome = "missingHome", kHomes = "homes",
+                           kHomesLeftOut = "homesLeftOut", kSeconds = "seconds", kEnded = "ended",
+                           kHow = "how", kPercent = "percent";
 } // namespace key
 
 /// The years 1700 to 2199: no scan was ever made outside them, and every clock can count them.
@@ -147,9 +153,82 @@ std::vector<std::string> readNames(CborReader& in)
     return names;
 }
 
+/// How a scan ends, as it is stored. What another version wrote reads as finished.
+constexpr std::array<std::pair<ScanEnding::How, std::string_view>, 3> kEndings = {{
+    {ScanEnding::How::Finished, "finished"},
+    {ScanEnding::How::Stopped, "stopped"},
+    {ScanEnding::How::GrantFailed, "grantFailed"},
+}};
+
+void writeEnding(CborWriter& out, const ScanEnding& ended)
+{
+    out.map(2);
+    for (const auto& [how, text] : kEndings) {
+        if (how == ended.how)
+            out.text(key::kHow).text(text);
+    }
+    out.text(key::kPercent).integer(ended.percent);
+}
+
+ScanEnding readEnding(CborReader& in)
+{
+    ScanEnding ended;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kHow) {
+            const std::string_view stored = in.string();
+            for (const auto& [how, text] : kEndings) {
+                if (text == stored)
+                    ended.how = how;
+            }
+        } else if (key == key::kPercent)
+            ended.percent = static_cast<int>(
+                std::clamp<std::int64_t>(in.integer(), ScanEnding::kNotKnown, 100));
+        else
+            in.skip();
+    }
+    return ended;
+}
+
+void writeSubject(CborWriter& out, const Subject& subject)
+{
+    out.map(5);
+    out.text(key::kSource).text(sourceWord(subject.source.kind));
+    out.text(key::kVolumeName).bytes(subject.source.name);
+    out.text(key::kComputerName).textOrBytes(subject.computerName);
+    out.text(key::kSystemVersion).textOrBytes(subject.systemVersion);
+    out.text(key::kUsers);
+    writeNames(out, subject.users);
+}
+
+Subject readSubject(CborReader& in)
+{
+    Subject subject;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kSource)
+            subject.source.kind = sourceOfWord(in.string());
+        else if (key == key::kVolumeName)
+            subject.source.name = in.string();
+        else if (key == key::kComputerName)
+            subject.computerName = in.string();
+        else if (key == key::kSystemVersion)
+            subject.systemVersion = in.string();
+        else if (key == key::kUsers)
+            subject.users = readNames(in);
+        else
+            in.skip();
+    }
+    return subject;
+}
+
 void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
 {
-    out.map(9);
+    out.map(11);
+    out.text(key::kEnded);
+    writeEnding(out, coverage.ended);
     out.text(key::kSignaturesTested).integer(coverage.signaturesTested);
     out.text(key::kFoldersListed).integer(coverage.foldersListed);
     out.text(key::kEntriesSearched).integer(coverage.entriesSearched);
@@ -165,6 +244,8 @@ void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
     out.text(key::kMissingHome).bytes(coverage.missingHome);
     out.text(key::kHomes);
     writeNames(out, coverage.homes);
+    out.text(key::kHomesLeftOut);
+    writeNames(out, coverage.homesLeftOut);
     out.text(key::kSeconds).real(coverage.seconds);
 }
 
@@ -215,6 +296,10 @@ ScanCoverage readCoverage(CborReader& in)
             coverage.missingHome = in.string();
         else if (key == key::kHomes)
             coverage.homes = readNames(in);
+        else if (key == key::kHomesLeftOut)
+            coverage.homesLeftOut = readNames(in);
+        else if (key == key::kEnded)
+            coverage.ended = readEnding(in);
         else if (key == key::kSeconds)
             coverage.seconds = in.real();
         else
@@ -237,11 +322,13 @@ void writeHead(CborWriter& out, const SpywareScanReport& report)
     out.text(key::kReportId).textOrBytes(report.reportId);
     out.text(key::kIsRed).boolean(report.isRed);
     out.text(key::kVolume).bytes(report.volume);
+    out.text(key::kSubject);
+    writeSubject(out, report.subject);
 }
 
 void writeReport(CborWriter& out, const SpywareScanReport& report)
 {
-    out.map(9);
+    out.map(10);
     writeHead(out, report);
     out.text(key::kCoverage);
     writeCoverage(out, report.coverage);
@@ -280,6 +367,8 @@ std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete,
             report->isRed = in.boolean();
         else if (key == key::kVolume)
             report->volume = in.string();
+        else if (key == key::kSubject)
+            report->subject = readSubject(in);
         else if (key == key::kCoverage)
             report->coverage = readCoverage(in);
         else if (key == key::kSpyWareList) {
@@ -291,6 +380,9 @@ std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete,
         else
             in.skip();
     }
+    // Older reports tell by this text alone that they were stopped.
+    if (report->scanDuration == kStopped && report->coverage.ended == ScanEnding())
+        report->coverage.ended.how = ScanEnding::How::Stopped;
     complete = hasList && !report->reportId.empty();
     return report;
 }
@@ -323,7 +415,7 @@ Result<Done> encodeReport(const SpywareScanReport& report, const PieceSink& sink
             writeRecord(out, *records[done++]);
         piece.clear();
         if (begun == 0) {
-            head.tag(kSelfDescribedTag).map(10);
+            head.tag(kSelfDescribedTag).map(11);
             writeHead(head, report);
             head.text(key::kCoverage);
             writeCoverage(head, report.coverage);
@@ -376,8 +468,10 @@ std::string encodeFacts(const SpywareScanReport& report)
     }
     std::string bytes;
     CborWriter out(bytes);
-    out.tag(kSelfDescribedTag).map(9);
+    out.tag(kSelfDescribedTag).map(12);
     writeHead(out, report);
+    out.text(key::kVerdictLine).textOrBytes(report.verdictLine());
+    out.text(key::kVerdict).text(wordsFor(report.verdict()).machine);
     out.text(key::kFindings).integer(static_cast<std::int64_t>(report.spyWareList->size()));
     out.text(key::kThreats).array(threats.size());
     for (const auto threat : threats)
@@ -407,6 +501,13 @@ Result<ReportFacts> decodeFacts(std::string_view bytes)
             facts.isRed = in.boolean();
         else if (key == key::kVolume)
             facts.volume = in.string();
+        else if (key == key::kSubject)
+            facts.subject = readSubject(in);
+        else if (key == key::kVerdict) {
+            facts.verdict = verdictOfWord(in.string());
+            facts.tellsVerdict = true;
+        } else if (key == key::kVerdictLine)
+            facts.verdictLine = in.string();
         else if (key == key::kFindings)
             facts.findings = static_cast<std::uint64_t>(std::max<std::int64_t>(in.integer(), 0));
         else if (key == key::kThreats)

@@ -19,6 +19,27 @@ Locations locationsOf(const SpywareScanReport& report)
 
 } // namespace
 
+std::string comparisonRemark(const SpywareScanReport& earlier, const SpywareScanReport& later)
+{
+    constexpr const char* kElsewhere = "what is new or gone here may merely be elsewhere.";
+    std::string remark;
+    const auto add = [&](const std::string& sentence) {
+        remark += (remark.empty() ? "" : " ") + sentence;
+    };
+    if (earlier.volume.empty() || later.volume.empty())
+        add(std::string("It cannot be told whether these reports are of one disk: ") + kElsewhere);
+    else if (earlier.volume != later.volume)
+        add(std::string("These two are reports of different volumes: ") + kElsewhere);
+    else if (earlier.subject.users != later.subject.users)
+        add(std::string("These two are reports of different users: ") + kElsewhere);
+    const Verdict unfound = verdictOf(0, later.coverage); // what it would be without findings
+    if (unfound == Verdict::Stopped || unfound == Verdict::Incomplete)
+        add("The later scan did not look at everything: what is gone here may still be there.");
+    if (earlier.reportType == "Deep Scan" && later.reportType != earlier.reportType)
+        add("Only the earlier scan was a deep one: what is gone here may still be there.");
+    return remark;
+}
+
 ReportComparison compareReports(const SpywareScanReport& earlier, const SpywareScanReport& later)
 {
     const Locations before = locationsOf(earlier), after = locationsOf(later);

@@ -2,6 +2,8 @@
 
 #include "reports/SpywareScanReport.h"
 
+#include <string>
+
 namespace pryvane {
 
 /// What changed from one report to a later one. Findings at the same location are the same finding.
@@ -10,6 +12,11 @@ struct ReportComparison {
     SpywareList gone;  ///< in the earlier report only, in its order
     SpywareList kept;  ///< in both, the later report's records, in its order
 };
+
+/// Why what is new or gone may not be so, in one line; empty where both scans looked at the same,
+/// and the later one at all of it.
+[[nodiscard]] std::string comparisonRemark(const SpywareScanReport& earlier,
+                                           const SpywareScanReport& later);
 
 [[nodiscard]] ReportComparison compareReports(const SpywareScanReport& earlier,
                                               const SpywareScanReport& later);

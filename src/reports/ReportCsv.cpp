@@ -7,7 +7,8 @@ namespace pryvane {
 namespace {
 
 constexpr std::string_view kHeader =
-    "item,name,infections,size,path,url,risk,isAvail,evidence,rule,matched\r\n";
+    "item,name,infections,size,path,url,risk,isAvail,evidence,rule,matched,presence,verdict,mac,"
+    "users\r\n";
 
 /// A cell of foreign text: harmless to look at, and no formula to any spreadsheet.
 std::string cell(std::string_view bytes)
@@ -34,6 +35,11 @@ std::string reportAsCsv(const SpywareScanReport& report)
 {
     std::string csv(kHeader);
     FindingRules rules;
+    const std::string whole = std::string(wordsFor(report.verdict()).machine) + ',' +
+                              cell(macName(report.subject)) + ',' +
+                              cell(userNames(report.subject)) + "\r\n";
+    if (report.spyWareList->empty())
+        csv += "0,,,,,,,,,,,," + whole;
     std::size_t item = 0;
     for (const auto& record : *report.spyWareList) {
         csv += std::to_string(++item) + ',';
@@ -43,11 +49,12 @@ std::string reportAsCsv(const SpywareScanReport& report)
         csv += cell(record->url.relativePath()) + ',';
         csv += cell(record->url.urlText()) + ',';
         csv += cell(record->risk) + ',';
-        csv += record->isAvail ? "true," : "false,";
+        csv += record->isAvail() ? "true," : "false,";
         const FlaggedBy flaggedBy = rules.flaggedBy(*record);
         csv += cell(evidenceText(flaggedBy.evidence)) + ',';
         csv += cell(flaggedBy.rule) + ',';
-        csv += cell(flaggedBy.text) + "\r\n";
+        csv += cell(flaggedBy.text) + ',';
+        csv += std::string(presenceWord(record->presence)) + ',' + whole;
     }
     return csv;
 }

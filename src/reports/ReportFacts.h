@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/Texts.h"
+#include "findings/Subject.h"
+#include "findings/Verdict.h"
 
 #include <cstdint>
 #include <string>
@@ -14,6 +16,10 @@ struct ReportFacts {
     std::string reportType;
     std::string scanDuration;
     std::string volume; ///< identity of the volume that was scanned
+    Subject subject;    ///< whose disk that is
+    Verdict verdict = Verdict::Incomplete;
+    std::string verdictLine;
+    bool tellsVerdict = false; ///< false in the facts of older reports, as they are stored
     Date scanDate{};
     bool isRed = false;
     std::uint64_t spyWareCount = 0;   ///< its low 8 bits

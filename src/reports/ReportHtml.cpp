@@ -15,14 +15,14 @@ constexpr std::string_view kHead = R"(<!DOCTYPE html>
 <meta name="referrer" content="no-referrer">
 <title>Pryvane scan report</title>
 <style>
-:root { color-scheme: light dark; --line: #d5d5da; --soft: #6b6b70; --red: #b52f35; --green: #2e7d38; }
+:root { color-scheme: light dark; --line: #d5d5da; --soft: #6b6b70; --red: #b52f35; --amber: #8a5a00; --green: #2e7d38; }
 @media (prefers-color-scheme: dark) {
-  :root { --line: #47474c; --soft: #a0a0a8; --red: #ff8085; --green: #6fd47c; }
+  :root { --line: #47474c; --soft: #a0a0a8; --red: #ff8085; --amber: #f0b64a; --green: #6fd47c; }
 }
 body { font: 15px/1.5 system-ui, sans-serif; max-width: 72rem; margin: 2rem auto; padding: 0 1rem; }
 h1 { font-size: 1.4rem; margin-bottom: 0; }
 h2 { font-size: 1.1rem; margin-top: 2rem; }
-.red { color: var(--red); } .green { color: var(--green); } .soft { color: var(--soft); }
+.red { color: var(--red); } .amber { color: var(--amber); } .green { color: var(--green); } .soft { color: var(--soft); }
 dl { display: grid; grid-template-columns: max-content 1fr; gap: .2rem 1.5rem; }
 dt { color: var(--soft); } dd { margin: 0; }
 .table { overflow-x: auto; }
@@ -62,12 +62,42 @@ void fact(std::string& page, std::string_view label, std::string_view bytes)
     page += '\n';
 }
 
+std::string_view toneClass(Tone tone)
+{
+    switch (tone) {
+    case Tone::Red:
+        break;
+    case Tone::Amber:
+        return "amber";
+    case Tone::Green:
+        return "green";
+    }
+    return "red";
+}
+
+/// Whether it was there when the report was written, with the reason where that is not known.
+std::string presenceText(const Spyware& record)
+{
+    switch (record.presence) {
+    case Presence::Present:
+        return "there";
+    case Presence::Absent:
+        return "gone";
+    case Presence::Unknown:
+        break;
+    }
+    return record.presenceReason.empty() ? kNotKnown : "not known: " + record.presenceReason;
+}
+
 void summary(std::string& page, const SpywareScanReport& report)
 {
     page += "<h1>Pryvane scan report</h1>\n";
-    element(page, "p", verdictLine(report.spyWareList->size(), report.coverage),
-            report.isRed ? "red" : "green");
+    element(page, "p", report.verdictLine(), toneClass(wordsFor(report.verdict()).tone));
     page += "\n<dl>\n";
+    fact(page, "Mac", macName(report.subject));
+    fact(page, "System", systemText(report.subject));
+    fact(page, "Disk", sourceText(report.subject));
+    fact(page, "User", userNames(report.subject));
     fact(page, "Scan type", report.reportType);
     fact(page, "Scanned", localDateText(report.scanDate));
     fact(page, "Duration", report.scanDuration);
@@ -86,7 +116,7 @@ void findings(std::string& page, const SpywareList& list)
     FindingRules rules;
     std::size_t item = 0;
     for (const auto& record : list) {
-        page += record->isAvail ? "<tr>" : "<tr class=\"soft\">";
+        page += record->isAvail() ? "<tr>" : "<tr class=\"soft\">";
         element(page, "td", std::to_string(++item), "number");
         element(page, "td", record->name, "path");
         element(page, "td", record->infections);
@@ -94,7 +124,7 @@ void findings(std::string& page, const SpywareList& list)
         element(page, "td", sizeText(record->size), "number");
         element(page, "td", record->url.relativePath(), "path");
         element(page, "td", evidenceText(rules.flaggedBy(*record)));
-        element(page, "td", record->isAvail ? "yes" : "no");
+        element(page, "td", presenceText(*record));
         page += "</tr>\n";
     }
     page += "</tbody>\n</table></div>\n";

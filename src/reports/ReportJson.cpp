@@ -12,14 +12,14 @@ using Json = nlohmann::ordered_json;
 
 Json recordJson(const Spyware& record, const FlaggedBy& flaggedBy)
 {
-    return {
+    Json json = {
         {"name", forJson(record.name)},
         {"infections", forJson(record.infections)},
         {"size", record.size},
         {"path", forJson(record.url.relativePath())},
         {"url", record.url.urlText()},
         {"risk", forJson(record.risk)},
-        {"isAvail", record.isAvail},
+        {"isAvail", record.isAvail()},
         {"isChecked", record.isChecked},
         {"isDeleted", record.isDeleted},
         {"isNoAction", record.isNoAction},
@@ -27,20 +27,11 @@ Json recordJson(const Spyware& record, const FlaggedBy& flaggedBy)
         {"isWeak", isWeak(flaggedBy.evidence)},
         {"rule", flaggedBy.rule},
         {"matched", forJson(flaggedBy.text)},
+        {"presence", presenceWord(record.presence)},
     };
-}
-
-const char* verdictText(Verdict verdict)
-{
-    switch (verdict) {
-    case Verdict::Clean:
-        return "clean";
-    case Verdict::CleanWhereRead:
-        return "cleanWhereRead";
-    case Verdict::Found:
-        break;
-    }
-    return "found";
+    if (!record.presenceReason.empty())
+        json["presenceReason"] = forJson(record.presenceReason);
+    return json;
 }
 
 Json namesJson(const std::vector<std::string>& names)
@@ -51,14 +42,46 @@ Json namesJson(const std::vector<std::string>& names)
     return json;
 }
 
-Json coverageJson(std::size_t findings, const ScanCoverage& coverage)
+/// Null stands for what is not known.
+Json textOrNull(const std::string& bytes)
+{
+    return bytes.empty() ? Json() : Json(forJson(bytes));
+}
+
+Json subjectJson(const Subject& subject, const std::string& volume)
+{
+    return {
+        {"source", sourceWord(subject.source.kind)},
+        {"volumeName", textOrNull(subject.source.name)},
+        {"identity", textOrNull(volume)},
+        {"computerName", textOrNull(subject.computerName)},
+        {"systemVersion", textOrNull(subject.systemVersion)},
+        {"users", namesJson(subject.users)},
+    };
+}
+
+const char* endingWord(ScanEnding::How how)
+{
+    switch (how) {
+    case ScanEnding::How::Finished:
+        break;
+    case ScanEnding::How::Stopped:
+        return "stopped";
+    case ScanEnding::How::GrantFailed:
+        return "grantFailed";
+    }
+    return "finished";
+}
+
+Json coverageJson(const ScanCoverage& coverage)
 {
     Json refused = Json::array();
     for (const Refusal& refusal : coverage.refused)
         refused.push_back({{"path", forJson(refusal.path)}, {"reason", forJson(refusal.reason)}});
     return {
-        {"verdict", verdictText(verdictOf(findings, coverage))},
-        {"verdictLine", verdictLine(findings, coverage)},
+        {"ended", endingWord(coverage.ended.how)},
+        {"endedAtPercent",
+         coverage.ended.percent == ScanEnding::kNotKnown ? Json() : Json(coverage.ended.percent)},
         {"signaturesTested", coverage.signaturesTested},
         {"foldersListed", coverage.foldersListed},
         {"entriesSearched", coverage.entriesSearched},
@@ -67,6 +90,7 @@ Json coverageJson(std::size_t findings, const ScanCoverage& coverage)
         {"heldBack", namesJson(coverage.heldBack)},
         {"missingHome", forJson(coverage.missingHome)},
         {"homes", namesJson(coverage.homes)},
+        {"homesLeftOut", namesJson(coverage.homesLeftOut)},
         {"seconds", coverage.seconds},
     };
 }
@@ -79,7 +103,6 @@ std::string reportAsJson(const SpywareScanReport& report)
     FindingRules rules;
     for (const auto& record : *report.spyWareList)
         list.push_back(recordJson(*record, rules.flaggedBy(*record)));
-    const std::size_t findings = list.size();
     const Json json = {
         {"report",
          {
@@ -91,7 +114,10 @@ std::string reportAsJson(const SpywareScanReport& report)
              {"isRed", report.isRed},
              {"spyWareList", std::move(list)},
          }},
-        {"coverage", coverageJson(findings, report.coverage)},
+        {"verdict", wordsFor(report.verdict()).machine},
+        {"verdictLine", report.verdictLine()},
+        {"subject", subjectJson(report.subject, report.volume)},
+        {"coverage", coverageJson(report.coverage)},
     };
     return json.dump(2) + "\n";
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "core/Texts.h"
-#include "findings/ScanCoverage.h"
 #include "findings/Spyware.h"
+#include "findings/Subject.h"
+#include "findings/Verdict.h"
 
 #include <cstdint>
 #include <memory>
@@ -20,6 +21,9 @@ struct Rgba {
 inline constexpr Rgba kReportRed{0.7098039215686275, 0.1843137254901961, 0.20784313725490197, 1.0};
 inline constexpr Rgba kReportGreen{0.2901960784313726, 0.7529411764705882, 0.33725490196078434,
                                    1.0};
+
+/// What stands in place of a scan's duration when it was stopped.
+inline constexpr std::string_view kStopped = "Stopped";
 
 /// One finished scan. Main thread only; a report shares its threat list with whoever made it.
 class SpywareScanReport {
@@ -48,7 +52,15 @@ public:
     std::string openTrash; ///< name of the row's action icon
 
     std::string volume;    ///< identity of the volume that was scanned, as FileSystem gives it
+    Subject subject;       ///< whose disk that is
     ScanCoverage coverage; ///< what the scan looked at
+
+    /// What the scan came to. redGreen and isRed say no more than whether anything was found.
+    [[nodiscard]] Verdict verdict() const { return verdictOf(spyWareList->size(), coverage); }
+    [[nodiscard]] std::string verdictLine() const
+    {
+        return pryvane::verdictLine(spyWareList->size(), coverage, subject);
+    }
 };
 
 using ReportList = std::vector<std::shared_ptr<SpywareScanReport>>;

@@ -82,11 +82,14 @@ void ScanViewController::SpywareScanStart()
     }
     m_request = requested();
     showStart();
+    m_stoppedAt = ScanEnding::kNotKnown;
+    m_ended.reset();
     m_state.isScanStop.clear(); // first, so that even a stop that the start provokes counts
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, true));
     m_services.notifications.post(NotificationName::ScanStatusChange, true);
     logFailure(m_services.log,
                m_services.defaults.set(preferences::kLastScanDate, m_services.clock.now()));
+    m_state.lastScan = m_services.clock.now();
     m_startedAt = m_services.clock.steadyNow();
     m_display.scanBox = true;
     m_display.reportBox = false;
@@ -123,6 +126,7 @@ void ScanViewController::scanInBGThread()
     m_request.root =
         RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
     m_coverage = {};
+    m_subject = {m_services.disk.source(), {}, {}, {m_request.user}};
     if (m_request.isDeep()) {
         startDeepScan();
     } else {
@@ -147,11 +151,14 @@ void ScanViewController::startChecks()
             CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
             const auto outcome = sequence.scan4SpywareStart();
             noteHomes(m_services.disk, m_options.homePath(), coverage);
+            auto subject = readSubject(m_services.disk, {user});
             const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
                                                                             : Ending::WithoutReport;
-            m_inbox.whenEmpty([this, ending, coverage = std::move(coverage)] {
-                partEnded(Part::Checks, ending, coverage);
-            });
+            m_inbox.whenEmpty(
+                [this, ending, coverage = std::move(coverage), subject = std::move(subject)] {
+                    m_subject = subject;
+                    partEnded(Part::Checks, ending, coverage);
+                });
         },
         [this](const char* why) { partGivenUp(Part::Checks, why); });
 }
@@ -238,6 +245,11 @@ void ScanViewController::finishCoverage()
     m_coverage.heldBack = m_inbox.heldBack();
     for (Refusal& refusal : m_inbox.refused())
         m_coverage.refused.push_back(std::move(refusal));
+    if (m_state.isScanStop.requested())
+        m_coverage.ended = {ScanEnding::How::Stopped, m_stoppedAt};
+    else if (m_request.isDeep() && !m_request.root)
+        m_coverage.ended.how = ScanEnding::How::GrantFailed;
+    m_ended = m_coverage.ended;
     m_coverage.seconds =
         std::chrono::duration<double>(m_services.clock.steadyNow() - m_startedAt).count();
 }
@@ -250,14 +262,17 @@ void ScanViewController::doneScan()
     m_state.phase = ScanState::Phase::Storing;
     m_lists.threatFound = !m_state.arrSpywareList.records().empty();
     m_lists.arrThreats = m_state.arrSpywareList.records();
+    const Date now = m_services.clock.now();
+    m_state.lastScan = now;
     makeAccessibleUIChanges();
 
-    const Date now = m_services.clock.now();
     m_report = SpywareScanReport::ScanReportWithSpywareList(
         m_state.arrSpywareList.shared(), now, durationText(now), m_request.reportType(), now);
     m_report->volume = m_services.disk.identity();
+    m_report->subject = m_subject;
     m_report->coverage = m_coverage;
     m_lists.tempReport = m_report;
+    m_state.reportId = m_report->reportId;
 
     resetState();
     m_display.progressText = "0%";
@@ -298,6 +313,7 @@ void ScanViewController::backToIdle()
 {
     m_state.phase = ScanState::Phase::Idle;
     resetState();
+    m_lists.threatFound = !m_state.arrSpywareList.records().empty();
     m_display.progressText = "0%";
     m_display.progressBar = 0;
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, false));
@@ -335,13 +351,15 @@ void ScanViewController::endSession()
 std::string ScanViewController::durationText(Date now) const
 {
     if (m_state.isScanStop.requested())
-        return "Stopped";
+        return std::string(kStopped);
     const Date started = m_services.defaults.get(preferences::kLastScanDate);
     return stringFromTimeInterval(std::chrono::duration<double>(now - started).count());
 }
 
 void ScanViewController::stopScan()
 {
+    if (m_stoppedAt == ScanEnding::kNotKnown)
+        m_stoppedAt = static_cast<int>(m_display.progressBar);
     m_display.progressText = "0%";
     m_display.progressBar = 0;
     m_display.indeterminate = false;

@@ -86,11 +86,13 @@ public:
     /// The report of the last scan that made one; kept here even where storing it failed.
     [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
 
-    /// Why the last report could not be stored; empty when it was.
     /// Why the scan was given up, which left no report; empty: it was not.
     [[nodiscard]] const std::string& givenUp() const { return m_givenUp; }
+    /// Why the last report could not be stored; empty when it was.
     [[nodiscard]] const std::string& storeError() const { return m_storeError; }
     [[nodiscard]] const ScanCoverage& coverage() const { return m_coverage; }
+    /// Whose disk the last scan looked at.
+    [[nodiscard]] const Subject& subject() const { return m_subject; }
 
 Q_SIGNALS:
     /// Something that display(), statusPanel() or the lists show has changed.
@@ -149,6 +151,9 @@ private:
     ScanDisplay m_display;
     StatusPanel m_statusPanel;
     ScanCoverage m_coverage;
+    Subject m_subject;                       ///< of the running or last scan
+    std::optional<ScanEnding> m_ended;       ///< of the last scan of this run; none while one runs
+    int m_stoppedAt = ScanEnding::kNotKnown; ///< percent, as the stop was asked for
     std::chrono::nanoseconds m_startedAt{0};
     int m_partsRunning = 0;                  ///< a quick scan has one part, a deep scan two
     Ending m_ending = Ending::WithoutReport; ///< what the part that decides it has said

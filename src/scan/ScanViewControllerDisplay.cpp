@@ -104,9 +104,12 @@ void ScanViewController::makeAccessibleUIChanges()
     StatusFacts facts;
     facts.homeWritable = m_access.isWritable(m_options.homeRoot());
     facts.scanRunning = isAtWork();
-    facts.threatFound = m_lists.threatFound;
-    if (defaults.contains(preferences::kLastScanDate))
-        facts.lastScan = defaults.get(preferences::kLastScanDate);
+    if (m_ended) {
+        const std::size_t findings = m_lists.threatFound ? 1 : 0;
+        facts.verdict = verdictOf(findings, m_coverage);
+        facts.detail = verdictLine(findings, m_coverage, m_subject);
+    }
+    facts.lastScan = m_state.lastScan; // the preference tells of other disks, too
     facts.launch = m_launchDate;
     facts.now = m_services.clock.now();
     m_statusPanel = makeStatusPanel(facts);

@@ -22,23 +22,39 @@ void showReminder(StatusPanel& panel, double secondsUntilLastScan)
         "A scan has not been run on your system for " + std::to_string(days) + " days";
 }
 
-void showResult(StatusPanel& panel, bool threatFound)
+void showResult(StatusPanel& panel, Verdict verdict, const std::string& detail)
 {
-    if (threatFound) {
-        panel.showsRemove = true;
-        panel.statusText = "Potential Threats Detected";
-        return;
+    const VerdictWords& words = wordsFor(verdict);
+    const Artwork artwork = artworkOf(words.tone);
+    panel.background = artwork.background;
+    panel.badge = artwork.badge;
+    panel.statusText = words.headline;
+    panel.showsRemove = verdict == Verdict::Found;
+    if (verdict == Verdict::Clean) {
+        panel.headerHeight = kResultHeaderHeight;
+        panel.showsInfoBox = true;
+        panel.bottomIcon = "icn_white_question";
+        panel.bottomText = "Do you still think you are infected\nwith spyware?";
+    } else if (verdict != Verdict::Found) {
+        panel.showsScanNow = true;
+        panel.bottomText = detail;
     }
-    panel.headerHeight = kResultHeaderHeight;
-    panel.showsInfoBox = true;
-    panel.background = "no_threats_bg";
-    panel.badge = "icn_white_check";
-    panel.bottomIcon = "icn_white_question";
-    panel.bottomText = "Do you still think you are infected\nwith spyware?";
-    panel.statusText = "No Potential Threats Detected";
 }
 
 } // namespace
+
+Artwork artworkOf(Tone tone)
+{
+    switch (tone) {
+    case Tone::Red:
+        break;
+    case Tone::Amber:
+        return {"attention_bg", "icn_white_question"};
+    case Tone::Green:
+        return {"no_threats_bg", "icn_white_check"};
+    }
+    return {"threats_bg", "icn_white_cross"};
+}
 
 StatusPanel makeStatusPanel(const StatusFacts& facts)
 {
@@ -61,8 +77,8 @@ StatusPanel makeStatusPanel(const StatusFacts& facts)
     const double untilLastScan = std::chrono::duration<double>(*facts.lastScan - facts.now).count();
     panel.isScanLast3Days = untilLastScan < static_cast<double>(kThreeDays);
     panel.isTodayScan = facts.launch < *facts.lastScan;
-    if (panel.isTodayScan)
-        showResult(panel, facts.threatFound);
+    if (panel.isTodayScan && facts.verdict)
+        showResult(panel, *facts.verdict, facts.detail);
     else
         showReminder(panel, untilLastScan);
     return panel;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Texts.h"
+#include "findings/Verdict.h"
 
 #include <optional>
 #include <string>
@@ -11,11 +12,19 @@ namespace pryvane {
 struct StatusFacts {
     bool homeWritable = false;
     bool scanRunning = false;
-    bool threatFound = false;
+    std::optional<Verdict> verdict; ///< of the scan that ended during this run
+    std::string detail;             ///< what limits that verdict
     std::optional<Date> lastScan;
     Date launch{};
     Date now{};
 };
+
+/// Names of the artwork behind a large statement, and of the badge beside it.
+struct Artwork {
+    const char* background;
+    const char* badge;
+};
+[[nodiscard]] Artwork artworkOf(Tone tone);
 
 /// The protection status at the top of the scan screen. Texts and image names are shown as they
 /// stand.

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
@@ -39,6 +40,15 @@ std::string volumeIdentity(int rootFd)
 {
     const auto identity = folderIdentity(rootFd);
     return identity && identity->isComplete ? identity->text : std::string();
+}
+
+DiskSource sourceOf(const std::string& hostFolder, bool isHostRoot)
+{
+    if (isHostRoot)
+        return {DiskSource::Kind::ThisMac, {}};
+    std::error_code ignored;
+    const auto whole = std::filesystem::canonical(hostFolder, ignored);
+    return {DiskSource::Kind::Folder, whole.filename().string()};
 }
 
 Error cannotOpen(std::string_view hostFolder, int error)
@@ -128,16 +138,18 @@ Result<std::unique_ptr<VolumeFileSystem>> VolumeFileSystem::open(std::string_vie
         root = componentWalk(rootFd.get(), implied);
     if (const int error = root->probe("."))
         return cannotOpen(hostFolder, error);
-    return std::unique_ptr<VolumeFileSystem>(
-        new VolumeFileSystem(std::move(rootFd), std::move(root), implied, options.nameMatching));
+    return std::unique_ptr<VolumeFileSystem>(new VolumeFileSystem(
+        folder, std::move(rootFd), std::move(root), implied, options.nameMatching));
 }
 
-VolumeFileSystem::VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root,
-                                   ImpliedLinks implied, NameMatching matching)
+VolumeFileSystem::VolumeFileSystem(const std::string& hostFolder, UniqueFd rootFd,
+                                   std::unique_ptr<ConfinedRoot> root, ImpliedLinks implied,
+                                   NameMatching matching)
     : m_rootFd(std::move(rootFd)), m_root(std::move(root)), m_implied(implied),
       m_isHostRoot(pryvane::isHostRoot(m_rootFd.get())),
       m_matching(m_isHostRoot ? NameMatching::Exact : matching),
-      m_identity(volumeIdentity(m_rootFd.get())), m_spellings(*m_root, m_implied)
+      m_identity(volumeIdentity(m_rootFd.get())), m_source(sourceOf(hostFolder, m_isHostRoot)),
+      m_spellings(*m_root, m_implied)
 {
 }
 

@@ -42,6 +42,7 @@ public:
     [[nodiscard]] bool writable(const FileURL& url) override;
     [[nodiscard]] Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override;
     [[nodiscard]] std::string identity() const override { return m_identity; }
+    [[nodiscard]] DiskSource source() const override { return m_source; }
     void forgetListings() override { m_spellings.forget(); }
 
     /// The absolute path under which the disk itself has what stands there, links not followed at
@@ -77,7 +78,8 @@ public:
     [[nodiscard]] int rootHandle() const { return m_rootFd.get(); }
 
 private:
-    VolumeFileSystem(UniqueFd rootFd, std::unique_ptr<ConfinedRoot> root, ImpliedLinks implied,
+    VolumeFileSystem(const std::string& hostFolder, UniqueFd rootFd,
+                     std::unique_ptr<ConfinedRoot> root, ImpliedLinks implied,
                      NameMatching matching);
 
     struct Place;
@@ -91,6 +93,7 @@ private:
     bool m_isHostRoot;
     NameMatching m_matching;
     std::string m_identity;
+    DiskSource m_source;
     SpellingResolver m_spellings;
 };
 

@@ -229,24 +229,31 @@ TEST_F(DashBoardTest, TellsHowLongAgoTheLastScanWasAndHowLongItTook)
     load();
     EXPECT_EQ(board->scanExplanation(), "Looks in every place that known spyware settles in.");
     DefaultMethods store(defaults, *disk, clock, log);
-    const auto add = [&](const char* kind, const char* duration, bool red) {
+    const auto add = [&](const char* kind, const char* duration, bool red,
+                         const std::string& identity, const char* user = "alice") {
         clock.advance(1min);
         auto list = std::make_shared<SpywareList>();
         if (red)
             list->push_back(std::make_shared<Spyware>());
-        ASSERT_TRUE(store
-                        .updateReportInDefaults(SpywareScanReport::ScanReportWithSpywareList(
-                            list, clock.now(), duration, kind, clock.now()))
-                        .ok());
+        const auto report = SpywareScanReport::ScanReportWithSpywareList(
+            list, clock.now(), duration, kind, clock.now());
+        report->volume = identity;
+        report->subject.users = {user};
+        ASSERT_TRUE(store.updateReportInDefaults(report).ok());
     };
-    add("Quick Scan", " 3 seconds", false);
-    add("Real Time Scan", " 1 minute  1 second", false);
-    add("Deep Scan", "Stopped", true);
-    ASSERT_TRUE(defaults.set(preferences::kLastScanDate, clock.now()).ok());
+    const std::string here = disk->identity();
+    add("Quick Scan", " 3 seconds", false, here);
+    add("Real Time Scan", " 1 minute  1 second", false, here);
+    add("Deep Scan", "Stopped", true, here);
     clock.advance(30h);
+    // Newer ones of another disk, of one that cannot be told, and of another user on this one.
+    add("Quick Scan", " 7 seconds", false, "another");
+    add("Deep Scan", " 8 seconds", false, "");
+    add("Quick Scan", " 9 seconds", false, here, "bob");
+    ASSERT_TRUE(defaults.set(preferences::kLastScanDate, clock.now()).ok());
     notifications.post(NotificationName::ScanStatusChange, false);
     // The list that was read when the dashboard opened may still come, with some of the reports.
-    ASSERT_TRUE(mainQueue.runUntil([&] { return board->lastScans().threatFound; }));
+    ASSERT_TRUE(mainQueue.runUntil([&] { return board->lastScans().verdict == Verdict::Found; }));
     EXPECT_EQ(board->scanExplanation(), "Looks in every place that known spyware settles in. Last "
                                         "time: 1 minute 1 second.");
     board->btnDeepScanClicked(true);

@@ -53,6 +53,7 @@ protected:
         auto report = SpywareScanReport::ScanReportWithSpywareList(list, clock.now(), duration,
                                                                    type, clock.now());
         report->volume = disk->identity();
+        report->coverage.signaturesTested = 534;
         EXPECT_TRUE(methods.updateReportInDefaults(report));
         return report;
     }

@@ -53,7 +53,7 @@ TEST_F(ReportRemovalTest, TheBannerTellsHowManyRemain)
             for (const auto& threat : threats()) {
                 const bool stays = row.stubborn.contains(threat->url.relativePath());
                 EXPECT_EQ(volume.contains(threat->url.relativePath()), stays);
-                EXPECT_EQ(threat->isAvail, stays);
+                EXPECT_EQ(threat->isAvail(), stays);
                 EXPECT_EQ(threat->isDeleted, !stays);
                 EXPECT_FALSE(threat->isNoAction);
                 EXPECT_EQ(threat->removalFailure.empty(), !stays);

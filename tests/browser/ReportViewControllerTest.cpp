@@ -119,7 +119,7 @@ TEST_F(ReportViewControllerTest, VanishedFilesAreGreyUncheckedAndCannotBeRemoved
     browser.backtoReportList();
     open(0); // without reading the list anew
     for (const auto& threat : threats()) {
-        EXPECT_FALSE(threat->isAvail || threat->isChecked);
+        EXPECT_FALSE(threat->isAvail() || threat->isChecked);
         EXPECT_EQ(threat->redGreen, RowColor::Grey);
     }
     EXPECT_EQ(browser.selection(), SelectionState{});
@@ -134,7 +134,7 @@ TEST_F(ReportViewControllerTest, AReportOfAnotherVolumeCannotBeRemovedOrRevealed
     ASSERT_TRUE(methods.updateReportInDefaults(report));
     showList();
     open(0);
-    EXPECT_FALSE(threats()[0]->isAvail);
+    EXPECT_FALSE(threats()[0]->isAvail());
     browser.checkClicked(0, true);
     browser.reloadReportView();
     settle();

@@ -223,7 +223,11 @@ TEST_F(RemoveCommandTest, AReportOfAnotherVolumeRemovesNothing)
         other.plant(path);
     const Outcome outcome = remove({"--all", "--yes"}, other.path());
     EXPECT_EQ(outcome.code, 2);
-    EXPECT_THAT(outcome.err, HasSubstr("name its volume with --volume DIR"));
+    EXPECT_THAT(outcome.err, HasSubstr("there are no reports of this disk yet"));
+    const Outcome named = run({"remove", reportIds().front(), "--all", "--yes", "--user", "alice",
+                               "--volume", other.path()});
+    EXPECT_EQ(named.code, 2);
+    EXPECT_THAT(named.err, HasSubstr("name its volume with --volume DIR"));
     EXPECT_EQ(remove({"--all", "--dry-run"}, "/").code, 2);
     for (const char* path : {kAobo, kRefog, kMdsa, kMdworker})
         EXPECT_TRUE(other.contains(path)) << path;

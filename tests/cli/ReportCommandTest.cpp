@@ -82,7 +82,9 @@ TEST_F(ReportCommandTest, ComparesByLocation)
     EXPECT_EQ(changes.code, 0);
     EXPECT_EQ(changes.out, "+ BlackHole RAT  /Users/alice/Library/mdsa1331\n"
                            "- Revir  /tmp/.mdworker\n"
-                           "1 new, 1 gone, 0 in both\n");
+                           "1 new, 1 gone, 0 in both\n"
+                           "before: Found: 1 potential threat.\n"
+                           "after:  Found: 1 potential threat.\n");
 }
 
 TEST_F(ReportCommandTest, DeletingAsksFirst)

@@ -94,7 +94,7 @@ TEST_F(ScanCommandTest, ACleanVolumeIsCleanAndAMissingHomeSaysSo)
 
     volume.folder("/Users/bob");
     const Outcome nobody = run({"scan", "--volume", volume.path(), "--user", "carol"});
-    EXPECT_EQ(nobody.code, 0);
+    EXPECT_EQ(nobody.code, 3);
     EXPECT_THAT(nobody.out, Not(HasSubstr("Clean: nothing found.")));
     EXPECT_THAT(nobody.out, HasSubstr("no home at /Users/carol, homes there are: "));
     EXPECT_THAT(nobody.out, HasSubstr("alice"));

@@ -101,9 +101,9 @@ TEST_P(DefaultMethodsTest, RecordsFollowTheDiskEachPathAskedOnce)
     const auto availability = [](const SpywareScanReport& report) {
         std::string text;
         for (const auto& record : *report.spyWareList) {
-            EXPECT_EQ(record->isAvail, record->isChecked);
-            EXPECT_EQ(record->redGreen, record->isAvail ? RowColor::Black : RowColor::Grey);
-            text += record->isAvail ? '+' : '-';
+            EXPECT_EQ(record->isAvail(), record->isChecked);
+            EXPECT_EQ(record->redGreen, record->isAvail() ? RowColor::Black : RowColor::Grey);
+            text += record->isAvail() ? '+' : '-';
         }
         return text;
     };
@@ -140,7 +140,7 @@ TEST_P(DefaultMethodsTest, ListsFactsAndLoadsOneReport)
     const auto loaded = store->loadReport(many->reportId);
     ASSERT_TRUE(loaded.ok());
     EXPECT_EQ(storedFields(**loaded), storedFields(*many));
-    EXPECT_TRUE((*loaded)->spyWareList->back()->isAvail);
+    EXPECT_TRUE((*loaded)->spyWareList->back()->isAvail());
     EXPECT_FALSE(store->loadReport("another").ok());
 }
 

@@ -32,7 +32,10 @@ std::shared_ptr<SpywareScanReport> hostileReport()
     report->coverage.heldBack = {"/Applications/\x1b.app"};
     report->coverage.missingHome = "/Users/nobody";
     report->coverage.homes = hostileNames();
+    report->coverage.homesLeftOut = hostileNames();
+    report->coverage.ended = {ScanEnding::How::Stopped, 37};
     report->coverage.seconds = 0.25;
+    report->subject = {{DiskSource::Kind::Image, "\xff\n"}, "\x1b", "\xfe", hostileNames()};
     return report;
 }
 
@@ -115,7 +118,7 @@ TEST(ReportCodec, DoesNotBringSelectionBack)
 {
     const auto back = roundTrip(reportOf({"/tmp/x"}));
     EXPECT_FALSE((*back->spyWareList)[0]->isChecked);
-    EXPECT_FALSE((*back->spyWareList)[0]->isAvail);
+    EXPECT_FALSE((*back->spyWareList)[0]->isAvail());
 }
 
 /// A stored list whose only report also has the key "later" with that value.

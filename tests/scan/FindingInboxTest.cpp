@@ -48,7 +48,7 @@ TEST_F(FindingInboxTest, ListsOneRecordForOneExistingLocation)
     EXPECT_EQ(record.infections, "Revir");
     EXPECT_EQ(record.risk, "High Risk");
     EXPECT_EQ(record.size, 12);
-    EXPECT_TRUE(record.isAvail && record.isChecked);
+    EXPECT_TRUE(record.isAvail() && record.isChecked);
     EXPECT_FALSE(record.isDeleted || record.isNoAction);
     EXPECT_EQ(record.seen, disk->sighting(record.url));
     EXPECT_EQ(record.kind, FileKind::RegularFile);
@@ -119,7 +119,7 @@ TEST_F(FindingInboxTest, AppendAsksNothingAndCountsAsKnown)
     inbox.append(url, "ARD", "Apple Remote Desktop", kHighRisk, 0);
     mainQueue.drain();
     EXPECT_EQ(listed().size(), 2U);
-    EXPECT_FALSE(state.arrSpywareList.records()[0]->isAvail);
+    EXPECT_FALSE(state.arrSpywareList.records()[0]->isAvail());
     EXPECT_TRUE(state.arrSpywareList.contains(url));
 }
 

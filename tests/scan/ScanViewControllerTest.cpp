@@ -116,6 +116,8 @@ TEST_F(ScanViewControllerTest, AStopAtAnyStepLeavesNoReportAndTheNextScanWorks)
         EXPECT_TRUE(stored().empty());
         EXPECT_FALSE(controller.isScanning());
         EXPECT_FALSE(state.isScanStop.requested());
+        EXPECT_EQ(controller.coverage().ended.how, ScanEnding::How::Stopped);
+        EXPECT_NE(controller.statusPanel().background, "no_threats_bg");
         EXPECT_FALSE(defaults.get(preferences::kScan));
     }
     stopAt = 0;
@@ -206,8 +208,10 @@ TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
     const ScanCoverage coverage = stored()[0]->coverage;
     EXPECT_EQ(coverage.missingHome, "/Users/alice");
     EXPECT_THAT(coverage.homes, ElementsAre("carol"));
-    EXPECT_EQ(verdictLine(0, coverage), "Clean, but not everything could be read: no home at "
-                                        "/Users/alice, homes there are: carol.");
+    EXPECT_EQ(stored()[0]->verdictLine(),
+              "Incomplete: nothing found, but not everything could be looked at: no home at "
+              "/Users/alice, homes there are: carol.");
+    EXPECT_EQ(controller.statusPanel().statusText, "Not Everything Could Be Looked At");
 }
 
 /// Answers for one path alone.

@@ -14,36 +14,46 @@ TEST(StatusPanel, DecidesFromTheLastScan)
         const char* name;
         StatusFacts facts;
         const char* status;
-        const char* badge;
+        const char* background;
         bool scanNow, remove, last3Days, today;
     };
-    const auto facts = [](std::optional<Date> lastScan, bool threat = false, bool running = false,
-                          bool writable = true) {
-        return StatusFacts{writable, running, threat, lastScan, kNow - std::chrono::hours(1), kNow};
+    const auto facts = [](std::optional<Date> lastScan, std::optional<Verdict> verdict = {},
+                          bool running = false, bool writable = true) {
+        return StatusFacts{
+            writable, running, verdict, "why", lastScan, kNow - std::chrono::hours(1), kNow};
     };
+    const auto ended = kNow - std::chrono::minutes(1);
     const Row rows[] = {
-        {"home not writable", facts(kNow - kDay, false, false, false), "", "icn_white_cross", false,
-         false, false, false},
-        {"running", facts(kNow - kDay, false, true), "", "icn_white_cross", false, false, false,
-         false},
-        {"never", facts({}), "A scan has never been run on your system", "icn_white_cross", true,
-         false, false, false},
+        {"home not writable", facts(kNow - kDay, {}, false, false), "", "threats_bg", false, false,
+         false, false},
+        {"running", facts(kNow - kDay, {}, true), "", "threats_bg", false, false, false, false},
+        {"never", facts({}), "A scan has never been run on your system", "threats_bg", true, false,
+         false, false},
         {"five days ago", facts(kNow - 5 * kDay), "Not scan yet, please scan your mac",
-         "icn_white_cross", true, false, true, false},
+         "threats_bg", true, false, true, false},
         {"four days ahead, before this launch by the clock",
-         StatusFacts{true, false, false, kNow + 4 * kDay, kNow + 9 * kDay, kNow},
-         "A scan has not been run on your system for 4 days", "icn_white_cross", true, false, false,
+         StatusFacts{true, false, {}, {}, kNow + 4 * kDay, kNow + 9 * kDay, kNow},
+         "A scan has not been run on your system for 4 days", "threats_bg", true, false, false,
          false},
-        {"clean in this run", facts(kNow - std::chrono::minutes(1)),
-         "No Potential Threats Detected", "icn_white_check", false, false, true, true},
-        {"threats in this run", facts(kNow - std::chrono::minutes(1), true),
-         "Potential Threats Detected", "icn_white_cross", false, true, true, true},
+        {"by another program during this run", facts(ended), "Not scan yet, please scan your mac",
+         "threats_bg", true, false, true, true},
+        {"clean", facts(ended, Verdict::Clean), "No Potential Threats Detected", "no_threats_bg",
+         false, false, true, true},
+        {"found", facts(ended, Verdict::Found), "Potential Threats Detected", "threats_bg", false,
+         true, true, true},
+        {"attention", facts(ended, Verdict::Attention), "An Application Needs Your Attention",
+         "attention_bg", true, false, true, true},
+        {"stopped", facts(ended, Verdict::Stopped), "Stopped Before All Was Looked At",
+         "attention_bg", true, false, true, true},
+        {"incomplete", facts(ended, Verdict::Incomplete), "Not Everything Could Be Looked At",
+         "attention_bg", true, false, true, true},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         const StatusPanel panel = makeStatusPanel(row.facts);
         EXPECT_EQ(panel.statusText, row.status);
-        EXPECT_EQ(panel.badge, row.badge);
+        EXPECT_EQ(panel.background, row.background);
+        EXPECT_EQ(panel.badge == "icn_white_check", panel.background == "no_threats_bg");
         EXPECT_EQ(panel.showsScanNow, row.scanNow);
         EXPECT_EQ(panel.showsRemove, row.remove);
         EXPECT_EQ(panel.isScanLast3Days, row.last3Days);
@@ -54,9 +64,8 @@ TEST(StatusPanel, DecidesFromTheLastScan)
 
 TEST(StatusPanel, ACleanResultHasItsOwnLook)
 {
-    const StatusPanel panel =
-        makeStatusPanel({true, false, false, kNow, kNow - std::chrono::hours(1), kNow});
-    EXPECT_EQ(panel.background, "no_threats_bg");
+    const StatusPanel panel = makeStatusPanel(
+        {true, false, Verdict::Clean, {}, kNow, kNow - std::chrono::hours(1), kNow});
     EXPECT_EQ(panel.bottomIcon, "icn_white_question");
     EXPECT_EQ(panel.bottomText, "Do you still think you are infected\nwith spyware?");
     EXPECT_TRUE(panel.showsInfoBox);

@@ -25,6 +25,7 @@ public:
         return m_disk.readSmallFile(url, limit);
     }
     std::string identity() const override { return m_disk.identity(); }
+    DiskSource source() const override { return m_disk.source(); }
     void forgetListings() override { m_disk.forgetListings(); }
 
 protected:

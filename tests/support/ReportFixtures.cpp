@@ -25,7 +25,7 @@ std::shared_ptr<Spyware> recordAt(std::string_view path)
     record->infections = "Okaz Installer";
     record->size = 4096;
     record->risk = kHighRisk;
-    record->setAvailability(true);
+    record->setPresence(Presence::Present);
     return record;
 }
 
@@ -37,6 +37,9 @@ std::shared_ptr<SpywareScanReport> reportOf(const std::vector<std::string>& path
     auto report = SpywareScanReport::ScanReportWithSpywareList(
         list, kReportDate, " 2 seconds", "Quick Scan", kReportDate + std::chrono::hours(1));
     report->volume = "volume-1";
+    report->subject = {
+        {DiskSource::Kind::Folder, "mac-disk"}, "Alice's Mac", "13.4 (22F66)", {"alice"}};
+    report->coverage.signaturesTested = 534;
     return report;
 }
 
@@ -108,7 +111,14 @@ std::string storedFields(const SpywareScanReport& report)
     const ScanCoverage& coverage = report.coverage;
     out << coverage.signaturesTested << '|' << coverage.foldersListed << '|'
         << coverage.entriesSearched << '|' << coverage.entriesWalked << '|' << coverage.missingHome
-        << '|' << coverage.seconds << '\n';
+        << '|' << coverage.seconds << '|' << int(coverage.ended.how) << coverage.ended.percent
+        << '\n';
+    out << int(report.subject.source.kind) << report.subject.source.name << '|'
+        << report.subject.computerName << '|' << report.subject.systemVersion << '\n';
+    for (const auto& user : report.subject.users)
+        out << "user " << user << '\n';
+    for (const auto& home : coverage.homesLeftOut)
+        out << "left out " << home << '\n';
     for (const auto& refusal : coverage.refused)
         out << "refused " << refusal.path << '|' << refusal.reason << '\n';
     for (const auto& path : coverage.heldBack)

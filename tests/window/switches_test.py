@@ -93,7 +93,7 @@ def check_notification(pilot):
     pilot.click("Deep scan", "check box")
     pilot.click("Deep Scan >")
     pilot.find("Remove…", "push button")
-    pilot.find("Found: 13 potential threats.")
+    pilot.read("Found: 13 potential threats.")
     shown = json.loads(output("dunstctl", "history"))["data"][0]
     displayed = int(output("dunstctl", "count", "displayed") or 0)
     assert displayed + len(shown) > 0, "the notification daemon was told nothing"

@@ -40,6 +40,8 @@ void Session::MainWindowParts::show(MainWindow& window)
                      [this] { screens.show(details.currentRow()); });
     QObject::connect(&window, &MainWindow::filterWanted, &window,
                      [this] { screens.focusFilter(); });
+    QObject::connect(&dashboard, &DashBoardViewController::lastScansRead, &scan,
+                     &ScanViewController::makeAccessibleUIChanges);
     details.viewDidLoad();
     scheduler.viewDidLoad();
 }

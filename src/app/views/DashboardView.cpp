@@ -4,6 +4,7 @@
 #include "app/SchedulerVC.h"
 #include "app/views/ScheduleSheet.h"
 #include "core/Texts.h"
+#include "scan/StatusPanel.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Spinner.h"
@@ -19,6 +20,12 @@
 namespace pryvane {
 
 using ui::TextRole;
+
+namespace {
+
+constexpr std::chrono::seconds kTimePasses{20};
+
+} // namespace
 
 DashboardView::DashboardView(DashBoardViewController& controller, SchedulerVC& scheduler,
                              QWidget* parent)
@@ -47,8 +54,24 @@ DashboardView::DashboardView(DashBoardViewController& controller, SchedulerVC& s
 
     connect(&m_controller, &DashBoardViewController::stateChanged, this, &DashboardView::showState);
     connect(&m_scheduler, &SchedulerVC::stateChanged, this, &DashboardView::showSchedule);
+    m_passing.setInterval(kTimePasses);
+    connect(&m_passing, &QTimer::timeout, this, &DashboardView::showStatement);
     showState();
     showSchedule();
+}
+
+/// How long ago the last scan was is right while it is looked at.
+void DashboardView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    showStatement();
+    m_passing.start();
+}
+
+void DashboardView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    m_passing.stop();
 }
 
 QWidget* DashboardView::makeScanCard()
@@ -131,18 +154,23 @@ void DashboardView::showStatement()
     if (!last.date) {
         m_statement->setArtwork({}, QStringLiteral("icn_white_question"));
         m_statement->setStatement(tr("Not scanned yet"),
-                                  tr("A quick scan takes about a minute and changes nothing."));
+                                  m_controller.diskCanBeTold()
+                                      ? tr("A quick scan takes about a minute and changes nothing.")
+                                      : tr("This disk cannot be told from others, so what earlier "
+                                           "scans found is in the reports only."));
         return;
     }
-    const QString when = ui::text(m_controller.lastScanText());
-    if (last.threatFound) {
-        m_statement->setArtwork(QStringLiteral("threats_bg"), QStringLiteral("icn_white_cross"));
-        m_statement->setStatement(tr("The last scan found something"),
-                                  tr("Last scan: %1").arg(when));
-    } else {
-        m_statement->setArtwork(QStringLiteral("no_threats_bg"), QStringLiteral("icn_white_check"));
-        m_statement->setStatement(tr("The last scan found nothing"), tr("Last scan: %1").arg(when));
-    }
+    const QString when = tr("Last scan: %1").arg(ui::text(m_controller.lastScanText()));
+    const VerdictWords& words = wordsFor(last.verdict);
+    const Artwork artwork = artworkOf(words.tone);
+    m_statement->setArtwork(ui::text(artwork.background), ui::text(artwork.badge));
+    const QString line = when + QLatin1Char('\n') + ui::text(last.verdictLine);
+    if (last.verdict == Verdict::Found)
+        m_statement->setStatement(tr("The last scan found something"), line);
+    else if (last.verdict == Verdict::Clean)
+        m_statement->setStatement(tr("The last scan found nothing"), line);
+    else
+        m_statement->setStatement(ui::text(words.headline), line);
 }
 
 void DashboardView::showScanButton()

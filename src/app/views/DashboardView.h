@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 class QCheckBox;
@@ -25,6 +26,10 @@ public:
     DashboardView(DashBoardViewController& controller, SchedulerVC& scheduler,
                   QWidget* parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     [[nodiscard]] QWidget* makeScanCard();
     [[nodiscard]] QWidget* makeSwitches();
@@ -47,6 +52,7 @@ private:
     ui::SwitchRow* m_runStartUp = nullptr;
     QLabel* m_next = nullptr;
     QPushButton* m_schedule = nullptr;
+    QTimer m_passing; ///< while it is shown
 };
 
 } // namespace pryvane

@@ -79,9 +79,15 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
     connect(m_navigation, &QListWidget::currentRowChanged, &m_table,
             &TableViewController::selectRow);
 
+    const int width = std::max(kSidebarWidth, fontMetrics().averageCharWidth() * 26);
+    // The icon, the gaps and the button's own edges take the rest.
+    const auto fitting = [&](const QString& text) {
+        return fontMetrics()
+            .elidedText(text, Qt::ElideMiddle, width - 72)
+            .replace(QLatin1Char('&'), QStringLiteral("&&"));
+    };
     auto* chip = new QPushButton(ui::icon(QStringLiteral("volume")),
-                                 QString(volume.volume + QStringLiteral("   ") + volume.user)
-                                     .replace(QLatin1Char('&'), QStringLiteral("&&")));
+                                 fitting(volume.volume) + QLatin1Char('\n') + fitting(volume.user));
     chip->setObjectName(QStringLiteral("openVolume"));
     chip->setIconSize(QSize(20, 20));
     chip->setAccessibleName(tr("Looking at %1, user %2").arg(volume.volume, volume.user));
@@ -91,7 +97,7 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
     connect(chip, &QPushButton::clicked, this, &MainWindow::openVolumeWanted);
 
     auto* sidebar = new Sidebar;
-    sidebar->setFixedWidth(std::max(kSidebarWidth, fontMetrics().averageCharWidth() * 26));
+    sidebar->setFixedWidth(width);
     auto* column = new QVBoxLayout(sidebar);
     column->setContentsMargins(0, 0, 0, ui::kRelated);
     column->addWidget(m_navigation, 1);

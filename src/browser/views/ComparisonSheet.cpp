@@ -28,8 +28,9 @@ std::vector<ui::Column> columns()
 
 QString nameOf(const SpywareScanReport& report)
 {
-    return ComparisonSheet::tr("%1 (%2)").arg(ui::text(localDateText(report.scanDate)),
-                                              ui::text(forScreen(report.reportType)));
+    return ComparisonSheet::tr("%1 (%2, %3: %4)")
+        .arg(ui::text(localDateText(report.scanDate)), ui::text(forScreen(report.reportType)),
+             ui::text(subjectText(report.subject)), ui::text(wordsFor(report.verdict()).shortWord));
 }
 
 QString counts(const ReportComparison& changes)
@@ -61,10 +62,10 @@ ComparisonSheet::ComparisonSheet(QWidget* over, const SpywareScanReport& report,
     close->setObjectName(QStringLiteral("closeComparison"));
     connect(close, &QPushButton::clicked, this, &Sheet::dismiss);
     body()->addWidget(between);
-    if (report.volume != other.volume)
-        body()->addWidget(ui::makeNote(
-            tr("These two are reports of different volumes: what is new or gone here may merely "
-               "be elsewhere.")));
+    const std::string remark =
+        turned ? comparisonRemark(other, report) : comparisonRemark(report, other);
+    if (!remark.empty())
+        body()->addWidget(ui::makeNote(ui::text(remark)));
     body()->addWidget(filter);
     body()->addWidget(m_table, 1);
     buttons()->addWidget(close);
@@ -109,10 +110,7 @@ ui::Cell ComparisonSheet::Source::changeCell(Change change)
                 .meaning = ui::Meaning::Found,
                 .number = 0};
     case Change::Gone:
-        return {.text = tr("gone"),
-                .iconName = QStringLiteral("gone"),
-                .meaning = ui::Meaning::Clean,
-                .number = 1};
+        return {.text = tr("gone"), .iconName = QStringLiteral("gone"), .number = 1};
     case Change::Kept:
         break;
     }

@@ -35,7 +35,7 @@ void checkRecords(ReportViewController& controller, const SpywareList& chosen, b
     std::vector<int> rows;
     const SpywareList& all = *controller.report()->spyWareList;
     for (std::size_t row = 0; row < all.size(); ++row)
-        if (all[row]->isAvail && wanted.contains(all[row]->url.identity()))
+        if (all[row]->isAvail() && wanted.contains(all[row]->url.identity()))
             rows.push_back(static_cast<int>(row));
     controller.checkRows(rows, on);
 }

@@ -195,12 +195,12 @@ void ReportDetailsPane::showFacts()
         return;
     const ReportDetails& details = m_controller.details();
     m_type->setText(ui::text(details.type));
-    m_path->setText(ui::text(details.path));
+    m_path->setText(ui::text(details.path + "  (" + subjectText(report->subject) + ")"));
     m_count->setText(countText(m_controller));
     m_start->setText(ui::text(details.startTime));
     m_durationLabel->setText(ui::text(details.durationLabel));
     m_duration->setText(ui::text(details.duration).simplified());
-    m_coverage->show(report->spyWareList->size(), report->coverage);
+    m_coverage->show(report->spyWareList->size(), report->coverage, report->subject);
     m_shown = report.get();
 }
 
@@ -242,7 +242,6 @@ void ReportDetailsPane::showBanner()
 void ReportDetailsPane::showFindings()
 {
     const auto& report = m_controller.report();
-    m_findings->setPresenceKnown(m_controller.isOfThisVolume());
     m_findings->setSelectable(!m_controller.removal().isRemoving());
     m_findings->showRecords(report ? report->spyWareList : nullptr);
     if (!report)

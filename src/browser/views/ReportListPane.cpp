@@ -73,7 +73,7 @@ QWidget* ReportListPane::makeHead()
 
 QWidget* ReportListPane::makeToolbar()
 {
-    m_search = ui::makeFilterField(tr("Search by kind, date or threat"));
+    m_search = ui::makeFilterField(tr("Search by kind, date, Mac or threat"));
     m_search->setObjectName(QStringLiteral("searchReports"));
     connect(m_search, &QLineEdit::textChanged, this,
             [this](const QString& words) { m_controller.setSearch(words.toStdString()); });
@@ -83,6 +83,11 @@ QWidget* ReportListPane::makeToolbar()
     m_filter->addItems({tr("All reports"), tr("Found"), tr("Clean")});
     connect(m_filter, &QComboBox::currentIndexChanged, this,
             [this](int index) { m_controller.setFilter(static_cast<ReportFilter>(index)); });
+    m_grouping = new QComboBox;
+    m_grouping->setObjectName(QStringLiteral("groupReports"));
+    m_grouping->setAccessibleName(tr("Group by"));
+    m_grouping->addItems({tr("No groups"), tr("Group by Mac")});
+    connect(m_grouping, &QComboBox::currentIndexChanged, &m_model, &ui::RowModel::setGrouping);
     m_compare = new QPushButton;
     m_compare->setObjectName(QStringLiteral("compareReports"));
     m_compare->setIcon(ui::icon(QStringLiteral("compare")));
@@ -95,6 +100,7 @@ QWidget* ReportListPane::makeToolbar()
     row->setSpacing(ui::kRelated);
     row->addWidget(m_search, 1);
     row->addWidget(m_filter);
+    row->addWidget(m_grouping);
     row->addWidget(m_compare);
     return bar;
 }
@@ -160,7 +166,8 @@ std::vector<int> ReportListPane::selected() const
 {
     std::vector<int> rows;
     for (const QModelIndex& index : m_table->selectionModel()->selectedRows())
-        rows.push_back(m_model.sourceRow(index));
+        if (!m_model.isHeading(index))
+            rows.push_back(m_model.sourceRow(index));
     std::ranges::sort(rows);
     return rows;
 }
@@ -183,7 +190,7 @@ void ReportListPane::showSelection()
 
 void ReportListPane::act(const QModelIndex& index)
 {
-    if (index.column() == ReportsSource::Action)
+    if (index.column() == ReportsSource::Action && !m_model.isHeading(index))
         m_controller.openThisReport(static_cast<std::size_t>(m_model.sourceRow(index)));
 }
 

@@ -58,6 +58,7 @@ private:
     QWidget* m_scanning;
     QLabel* m_notice;
     QLineEdit* m_search;
+    QComboBox* m_grouping = nullptr;
     QComboBox* m_filter;
     QPushButton* m_compare;
 };

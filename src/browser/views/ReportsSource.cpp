@@ -1,5 +1,7 @@
 #include "browser/views/ReportsSource.h"
 
+#include "core/Escape.h"
+#include "findings/views/CoverageView.h"
 #include "ui/Labels.h"
 
 #include <QLocale>
@@ -11,18 +13,9 @@ namespace {
 
 ui::Cell stateCell(const SpywareScanReport& report)
 {
-    const QString verdict = ui::text(verdictLine(report.spyWareList->size(), report.coverage));
-    if (report.isRed)
-        return {.text = QObject::tr("Found"),
-                .iconName = QStringLiteral("found"),
-                .meaning = ui::Meaning::Found,
-                .number = 1,
-                .tooltip = verdict};
-    return {.text = QObject::tr("Clean"),
-            .iconName = QStringLiteral("clean"),
-            .meaning = ui::Meaning::Clean,
-            .number = 0,
-            .tooltip = verdict};
+    ui::Cell cell = verdictCell(report.verdict());
+    cell.tooltip = ui::text(report.verdictLine());
+    return cell;
 }
 
 ui::Cell actionCell(const ReportRow& row)
@@ -44,7 +37,8 @@ std::vector<ui::Column> ReportsSource::columns()
     return {{.width = 8},
             {.title = QObject::tr("State"), .width = 88},
             {.title = QObject::tr("When"), .width = 124},
-            {.title = QObject::tr("Kind"), .stretches = true},
+            {.title = QObject::tr("Kind"), .width = 110},
+            {.title = QObject::tr("Mac and User"), .stretches = true},
             {.title = QObject::tr("Duration"), .width = 140},
             {.title = QObject::tr("Findings"), .width = 72, .isNumber = true},
             {.width = 92}};
@@ -71,6 +65,8 @@ ui::Cell ReportsSource::cell(int row, int column) const
                 .tooltip = ui::text(texts(row).date)};
     case Kind:
         return {.text = ui::text(texts(row).kind)};
+    case Mac:
+        return {.text = ui::text(texts(row).mac), .tooltip = ui::text(subjectText(report.subject))};
     case Findings: {
         // The count of the report itself is stored with its low eight bits only.
         const auto findings = static_cast<qint64>(report.spyWareList->size());
@@ -84,6 +80,13 @@ ui::Cell ReportsSource::cell(int row, int column) const
     default:
         return {};
     }
+}
+
+/// The one grouping there is goes by Mac.
+QString ReportsSource::group(int row, int /*grouping*/) const
+{
+    const Subject& subject = m_rows.report(static_cast<std::size_t>(row))->subject;
+    return ui::text(forScreen(macName(subject)));
 }
 
 } // namespace pryvane

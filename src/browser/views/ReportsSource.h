@@ -5,10 +5,10 @@
 
 namespace pryvane {
 
-/// The reports of the list as rows of a table: state, date, kind, duration, findings, action.
+/// The reports of the list as rows of a table: state, date, kind, Mac, duration, findings, action.
 class ReportsSource final : public ui::RowSource {
 public:
-    enum Column : int { Edge, State, When, Kind, Duration, Findings, Action };
+    enum Column : int { Edge, State, When, Kind, Mac, Duration, Findings, Action };
 
     explicit ReportsSource(const ReportRows& rows) : m_rows(rows) {}
 
@@ -19,6 +19,7 @@ public:
 
     [[nodiscard]] int count() const override { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] ui::Cell cell(int row, int column) const override;
+    [[nodiscard]] QString group(int row, int grouping) const override;
 
 private:
     [[nodiscard]] const ReportRow& texts(int row) const;

@@ -1,7 +1,6 @@
 #include "findings/views/CoverageView.h"
 
 #include "core/Escape.h"
-#include "findings/ScanCoverage.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Navigation.h"
@@ -24,7 +23,7 @@ QString number(std::int64_t value)
     return QLocale().toString(static_cast<qlonglong>(value));
 }
 
-QString detailsOf(const ScanCoverage& coverage)
+QString detailsOf(const ScanCoverage& coverage, const Subject& subject)
 {
     QStringList lines;
     lines += CoverageView::tr("%1 signatures tested, %2 folders listed, %3 entries searched")
@@ -51,10 +50,33 @@ QString detailsOf(const ScanCoverage& coverage)
     if (!coverage.missingHome.empty())
         lines += CoverageView::tr("There is no home folder %1")
                      .arg(ui::text(forScreen(coverage.missingHome)));
+    if (subject.isKnown())
+        lines.prepend(ui::text(subjectText(subject)));
     return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace
+
+ui::Cell verdictCell(Verdict verdict)
+{
+    const VerdictWords& words = wordsFor(verdict);
+    ui::Cell cell{.text = ui::text(words.shortWord), .number = static_cast<qint64>(verdict)};
+    switch (words.tone) {
+    case Tone::Red:
+        cell.iconName = QStringLiteral("found");
+        cell.meaning = ui::Meaning::Found;
+        break;
+    case Tone::Amber:
+        cell.iconName = QStringLiteral("attention");
+        cell.meaning = ui::Meaning::Attention;
+        break;
+    case Tone::Green:
+        cell.iconName = QStringLiteral("clean");
+        cell.meaning = ui::Meaning::Clean;
+        break;
+    }
+    return cell;
+}
 
 CoverageView::CoverageView(QWidget* parent)
     : QWidget(parent), m_icon(new QLabel), m_verdict(ui::makeLabel(ui::TextRole::GroupTitle)),
@@ -77,20 +99,13 @@ CoverageView::CoverageView(QWidget* parent)
     column->addWidget(m_disclosure);
 }
 
-void CoverageView::show(std::size_t findings, const ScanCoverage& coverage)
+void CoverageView::show(std::size_t findings, const ScanCoverage& coverage, const Subject& subject)
 {
-    const Verdict verdict = verdictOf(findings, coverage);
-    const bool found = verdict == Verdict::Found, clean = verdict == Verdict::Clean;
-    const auto meaning = found   ? ui::Meaning::Found
-                         : clean ? ui::Meaning::Clean
-                                 : ui::Meaning::Attention;
-    m_icon->setPixmap(ui::icon(found   ? QStringLiteral("found")
-                               : clean ? QStringLiteral("clean")
-                                       : QStringLiteral("attention"),
-                               meaning)
-                          .pixmap(QSize(20, 20), devicePixelRatioF()));
-    m_verdict->setText(ui::text(verdictLine(findings, coverage)));
-    m_details->setText(detailsOf(coverage));
+    const ui::Cell look = verdictCell(verdictOf(findings, coverage));
+    m_icon->setPixmap(
+        ui::icon(look.iconName, look.meaning).pixmap(QSize(20, 20), devicePixelRatioF()));
+    m_verdict->setText(ui::text(verdictLine(findings, coverage, subject)));
+    m_details->setText(detailsOf(coverage, subject));
 }
 
 QString CoverageView::verdict() const

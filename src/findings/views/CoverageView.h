@@ -1,5 +1,8 @@
 #pragma once
 
+#include "findings/Verdict.h"
+#include "ui/RowModel.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -10,7 +13,8 @@ class Disclosure;
 
 namespace pryvane {
 
-struct ScanCoverage;
+/// Word, icon and colour of a verdict in a list.
+[[nodiscard]] ui::Cell verdictCell(Verdict verdict);
 
 /// The verdict of a scan in one line, with what was looked at behind a disclosure.
 class CoverageView final : public QWidget {
@@ -19,7 +23,7 @@ class CoverageView final : public QWidget {
 public:
     explicit CoverageView(QWidget* parent = nullptr);
 
-    void show(std::size_t findings, const ScanCoverage& coverage);
+    void show(std::size_t findings, const ScanCoverage& coverage, const Subject& subject);
     [[nodiscard]] QString verdict() const;
 
 private:

@@ -117,7 +117,7 @@ void FindingsPane::showRecords(const std::shared_ptr<const SpywareList>& records
         m_table->takeAppended();
     }
     const auto remoteDesktop = m_source.remoteDesktopRow();
-    m_remoteDesktop->setVisible(remoteDesktop && m_source.record(*remoteDesktop).isAvail &&
+    m_remoteDesktop->setVisible(remoteDesktop && m_source.record(*remoteDesktop).isAvail() &&
                                 !m_source.record(*remoteDesktop).isDeleted);
 }
 
@@ -150,9 +150,9 @@ void FindingsPane::showSelection()
     if (filtered && m_model.rowCount() == 0)
         m_empty->setSentence(tr("Nothing fits the filter."));
     m_list->setCurrentIndex(m_model.rowCount() > 0 ? 1 : 0);
-    for (QWidget* tool : {static_cast<QWidget*>(m_selectAll), static_cast<QWidget*>(m_filter),
-                          static_cast<QWidget*>(m_grouping)})
-        tool->setEnabled(count > 0);
+    m_selectAll->setEnabled(count > 0);
+    m_filter->setEnabled(m_source.count() > 0);
+    m_grouping->setEnabled(m_source.count() > 0);
     m_selectAll->setTristate(m_model.allTicked() == Qt::PartiallyChecked);
     m_selectAll->setCheckState(count > 0 ? m_model.allTicked() : Qt::Unchecked);
     m_selected->setText(count == 0 ? QString()

@@ -43,8 +43,6 @@ public:
     /// Shows this list, which may have grown at its end since it was last given.
     void showRecords(const std::shared_ptr<const SpywareList>& records);
     void setSelectable(bool selectable);
-    /// Whether the disk of a report's findings is the one that is looked at.
-    void setPresenceKnown(bool known) { m_source.setPresenceKnown(known); }
     /// Ticks or outcomes have changed.
     void refresh();
     void setEmptyText(const QString& sentence);

@@ -48,7 +48,7 @@ int FindingsSource::selectableCount() const
 bool FindingsSource::isSelectable(int row) const
 {
     const Spyware& found = record(row);
-    return !found.isDeleted && !isRemoteDesktop(found) && (m_of == Of::Scan || found.isAvail);
+    return !found.isDeleted && !isRemoteDesktop(found) && (m_of == Of::Scan || found.isAvail());
 }
 
 /// Looks at each row once only: the list may be long, and grow.
@@ -138,20 +138,22 @@ ui::Cell FindingsSource::evidenceOrOutcome(int row) const
 
 ui::Cell FindingsSource::presence(int row) const
 {
-    if (!m_presenceKnown)
-        return {.text = QObject::tr("not known"),
-                .iconName = QStringLiteral("info"),
-                .number = 2,
-                .tooltip = QObject::tr("This report is of another volume.")};
-    if (record(row).isAvail)
+    const Spyware& found = record(row);
+    switch (found.presence) {
+    case Presence::Present:
         return {.text = QObject::tr("still there"),
                 .iconName = QStringLiteral("found"),
                 .meaning = ui::Meaning::Found,
                 .number = 0};
-    return {.text = QObject::tr("gone"),
-            .iconName = QStringLiteral("gone"),
-            .meaning = ui::Meaning::Clean,
-            .number = 1};
+    case Presence::Absent:
+        return {.text = QObject::tr("gone"), .iconName = QStringLiteral("gone"), .number = 1};
+    case Presence::Unknown:
+        break;
+    }
+    return {.text = QObject::tr("not known"),
+            .iconName = QStringLiteral("info"),
+            .number = 2,
+            .tooltip = ui::text(found.presenceReason)};
 }
 
 std::optional<bool> FindingsSource::ticked(int row) const
@@ -187,7 +189,7 @@ QString FindingsSource::searchText(int row) const
 
 bool FindingsSource::faded(int row) const
 {
-    return !record(row).isAvail || record(row).isDeleted;
+    return !record(row).isAvail() || record(row).isDeleted;
 }
 
 ui::Cell evidenceCell(const FlaggedBy& flaggedBy)

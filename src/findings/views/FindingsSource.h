@@ -36,8 +36,6 @@ public:
     [[nodiscard]] const std::shared_ptr<const SpywareList>& records() const { return m_records; }
     /// Whether rows can be ticked now.
     void setSelectable(bool selectable) { m_selectable = selectable; }
-    /// Whether the disk of a report's findings is the one that is looked at.
-    void setPresenceKnown(bool known) { m_presenceKnown = known; }
     /// Rows that can be selected, at the best of times.
     [[nodiscard]] int selectableCount() const;
     /// The row of the remote-desktop finding, which a scan shows apart; none without.
@@ -67,7 +65,6 @@ private:
     std::function<std::string(std::string_view)> m_foldedName;
     Ticked m_ticked;
     const Of m_of;
-    bool m_presenceKnown = true;
     std::shared_ptr<const SpywareList> m_records;
     bool m_selectable = true;
     mutable int m_lookedAt = 0; ///< the first row not yet looked at for the next one

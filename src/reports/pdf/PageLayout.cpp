@@ -64,6 +64,7 @@ private:
     void printTallRow(TableRow row);
     void printRow(TableRow row, bool isHeader, float height);
     void cell(const Column& column, std::string text, Font font, float rowHeight);
+    void verdict();
     void closePage();
     void startPage();
 
@@ -112,6 +113,7 @@ std::vector<Page> ReportLayout::pages()
         m_tableHeight += height;
         printRow(std::move(row), false, height);
     }
+    verdict();
     closePage();
     return std::move(m_pages);
 }
@@ -239,9 +241,30 @@ void ReportLayout::cell(const Column& column, std::string text, Font font, float
                .roomHeight = rowHeight - kCellDrop}); // down to the row's own edge
 }
 
+/// Below the table, whose frame stays around its rows.
+void ReportLayout::verdict()
+{
+    if (m_texts.verdict.empty())
+        return;
+    constexpr double kMost = kNextTop - kBottom - kRowPadding - 1;
+    std::string text = shown(wholeCharacters(m_texts.verdict, kMeasuredBytes));
+    const double height = std::min<double>(m_measure.height(text, kRowFont, kFrameWidth), kMost);
+    if (!fits(float(height) + kRowPadding)) {
+        closePage();
+        startPage();
+    }
+    add(TextOp{.text = std::move(text),
+               .rect = {kFrameX, m_position - height - kCellDrop, kFrameWidth, height},
+               .font = kRowFont,
+               .overflow = Overflow::Wraps,
+               .roomWidth = kFrameWidth,
+               .roomHeight = height});
+}
+
 void ReportLayout::closePage()
 {
-    add(FrameOp{{kFrameX, double(m_position), kFrameWidth, m_tableHeight}});
+    if (m_tableHeight > 0)
+        add(FrameOp{{kFrameX, double(m_position), kFrameWidth, m_tableHeight}});
     std::string number = std::to_string(m_pages.size());
     const double height = m_measure.height(number, kPageNumberFont, kOneLine);
     add(TextOp{.text = std::move(number),

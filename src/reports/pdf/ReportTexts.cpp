@@ -12,6 +12,32 @@ namespace {
 /// What stands where the machine tells nothing.
 constexpr const char* kNullText = "(null)";
 
+struct MachineFacts {
+    std::string name, user, model, serialNumber;
+};
+
+MachineFacts factsOf(MachineInfo& machine)
+{
+    return {machine.computerName().value_or(kNullText), machine.loginName(), machine.machineModel(),
+            machine.serialNumber().value_or(kNullText)};
+}
+
+/// What a disk tells of the Mac that it is from; the machine that prints is another one.
+MachineFacts factsOf(const Subject& subject)
+{
+    return {subject.computerName.empty() ? kNotKnown : subject.computerName, userNames(subject),
+            kNotKnown, kNotKnown};
+}
+
+/// An older report does not say what it is about, but its volume may.
+bool isOfThisMac(const SpywareScanReport& report, FileSystem& disk)
+{
+    if (report.subject.isKnown())
+        return report.subject.source.kind == DiskSource::Kind::ThisMac;
+    return disk.source().kind == DiskSource::Kind::ThisMac &&
+           isSameVolume(report.volume, disk.identity());
+}
+
 const char* statusText(Presence presence)
 {
     switch (presence) {
@@ -34,13 +60,14 @@ ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts, 
     texts.application =
         facts.applicationName + " " + facts.shortVersion + " (" + facts.buildVersion + ")";
     texts.scanDate = localizedDate(report.scanDate, DateStyle::Medium, TimeStyle::Short);
+    const MachineFacts mac = isOfThisMac(report, disk) ? factsOf(machine) : factsOf(report.subject);
+    texts.verdict = report.verdictLine();
     texts.facts = {{
-        {{{"Mac Name :", machine.computerName().value_or(kNullText)},
-          {"Scan Type :", report.reportType}}},
-        {{{"Current User :", machine.loginName()},
+        {{{"Mac Name :", mac.name}, {"Scan Type :", report.reportType}}},
+        {{{"Current User :", mac.user},
           {"Scan Started :", localizedDate(report.scanDate, DateStyle::Short, TimeStyle::Medium)}}},
-        {{{"Machine Name :", machine.machineModel()}, {"Scan Duration :", report.scanDuration}}},
-        {{{"Machine Serial Number :", machine.serialNumber().value_or(kNullText)},
+        {{{"Machine Name :", mac.model}, {"Scan Duration :", report.scanDuration}}},
+        {{{"Machine Serial Number :", mac.serialNumber},
           {"Infections :", std::to_string(report.spyWareCount)}}},
     }};
     DiskPresence presence(disk);

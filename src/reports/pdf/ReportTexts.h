@@ -28,7 +28,7 @@ struct TableRow {
     std::string status;
 };
 
-/// One of the eight facts about the machine and the scan.
+/// One of the eight facts about the Mac that was looked at and the scan.
 struct Fact {
     std::string label; ///< up to and including its colon
     std::string value;
@@ -40,9 +40,10 @@ struct ReportTexts {
     std::string scanDate;
     std::array<std::array<Fact, 2>, 4> facts; ///< lines of a left and a right one
     std::vector<TableRow> rows;
+    std::string verdict; ///< stands below the table
 };
 
-/// Asks machine and disk, each distinct location once.
+/// Asks the disk, each distinct location once, and the machine where its own disk was scanned.
 [[nodiscard]] ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts,
                                       FileSystem& disk, MachineInfo& machine);
 

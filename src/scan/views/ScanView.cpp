@@ -152,7 +152,8 @@ void ScanView::showCoverage()
     // A scan may be over before it was seen to run.
     if (shown && m_shownReport != m_controller.report()) {
         m_shownReport = m_controller.report();
-        m_coverage->show(m_shownReport->spyWareList->size(), m_controller.coverage());
+        m_coverage->show(m_shownReport->spyWareList->size(), m_controller.coverage(),
+                         m_controller.subject());
     }
     const std::string& error = m_controller.storeError();
     m_notice->setVisible(shown && !error.empty());
@@ -192,7 +193,7 @@ void ScanView::showFindings()
     if (m_controller.results().records().empty())
         m_findings->setEmptyText(scanning ? tr("Nothing found so far.")
                                  : m_controller.report()
-                                     ? tr("The last scan found nothing.")
+                                     ? tr("This scan found nothing where it looked.")
                                      : tr("Findings are listed here, each with the reason why it "
                                           "was found."));
     m_findings->setSelectable(!isBusy());

@@ -50,6 +50,12 @@ public:
     [[nodiscard]] bool writable(const FileURL&) override { return false; }
     [[nodiscard]] Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override;
     [[nodiscard]] std::string identity() const override { return m_parts.identity; }
+    [[nodiscard]] DiskSource source() const override
+    {
+        const std::string& name = m_parts.facts.name;
+        return {m_parts.content ? DiskSource::Kind::Image : DiskSource::Kind::Listing,
+                name.substr(name.rfind('/') + 1)};
+    }
     void forgetListings() override {}
     [[nodiscard]] const NameTree* names() const override { return this; }
 

@@ -157,6 +157,7 @@ TEST_F(PDFGenerateTest, AnyNameComesOutLegibleAndApart)
         paths.push_back("/hostile/" + name + "/end");
     const auto report = reportOf(paths);
     report->reportType = std::string(120, 'Q'); // a fact that is too long for its half
+    report->subject.source.kind = DiskSource::Kind::ThisMac;
     machine.name = std::string(25, 'M');
     const std::string path = print(*report);
     std::string text = joinedTextOf(path);

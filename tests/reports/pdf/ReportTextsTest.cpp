@@ -72,6 +72,7 @@ TEST(ReportTexts, FactsAboutMachineAndScan)
     FakeMachine machine;
     machine.serial.reset();
     const auto report = reportOf({"/a", "/b"});
+    report->subject.source.kind = DiskSource::Kind::ThisMac;
     const auto texts = pdf::reportTexts(*report, factsIn("/x"), disk, machine);
     EXPECT_EQ(texts.application, "Pryvane 1.2 (34)");
     EXPECT_EQ(texts.scanDate, "Nov 14, 2023, 22:13");
@@ -85,6 +86,24 @@ TEST(ReportTexts, FactsAboutMachineAndScan)
                                      "Current User : alice", "Scan Started : 11/14/23, 22:13:20",
                                      "Machine Name : MacBookPro18,3", "Scan Duration :  2 seconds",
                                      "Machine Serial Number : (null)", "Infections : 2"));
+}
+
+TEST(ReportTexts, FactsAboutAnotherDiskAreThatDisksOwn)
+{
+    CountingDisk disk;
+    FakeMachine machine;
+    const auto values = [&](const SpywareScanReport& report) {
+        const auto facts = pdf::reportTexts(report, factsIn("/x"), disk, machine).facts;
+        return std::vector{facts[0][0].value, facts[1][0].value, facts[2][0].value,
+                           facts[3][0].value};
+    };
+    const auto report = reportOf({});
+    report->subject.computerName = "Bob's Mac";
+    report->subject.users = {"bob"};
+    EXPECT_THAT(values(*report),
+                testing::ElementsAre("Bob's Mac", "bob", "not known", "not known"));
+    report->subject = {};
+    EXPECT_THAT(values(*report), testing::Each("not known"));
 }
 
 } // namespace pryvane::test
