@@ -1,6 +1,7 @@
 #include "core/Files.h"
 
 #include "core/Escape.h"
+#include "core/HostFiles.h"
 #include "core/Result.h"
 
 #include <cerrno>
@@ -52,7 +53,7 @@ public:
                 return written < 0 ? errno : ENOSPC;
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
-        if (fsync(m_fd) != 0)
+        if (syncToDevice(m_fd) != 0)
             return errno;
         return close(std::exchange(m_fd, -1)) == 0 ? 0 : errno;
     }
@@ -81,7 +82,7 @@ void syncFolderOf(const std::string& path)
     const int fd = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
         return;
-    static_cast<void>(fsync(fd));
+    static_cast<void>(syncToDevice(fd));
     close(fd);
 }
 

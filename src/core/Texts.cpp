@@ -8,8 +8,8 @@
 #include <locale.h>
 #include <string_view>
 
-#ifdef __APPLE__
-#include <xlocale.h>
+#if __has_include(<xlocale.h>)
+#include <xlocale.h> // where <locale.h> does not have all of it
 #endif
 
 namespace pryvane {

@@ -1,5 +1,6 @@
 #include "volume/HostVolume.h"
 #include "volume/PathParts.h"
+#include "volume/folders/FolderHandle.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -11,14 +12,7 @@ namespace pryvane {
 
 namespace {
 
-#ifdef O_PATH
-constexpr int kSearchOnly = O_PATH;
-#elif defined(O_SEARCH)
-constexpr int kSearchOnly = O_SEARCH;
-#else
-constexpr int kSearchOnly = O_RDONLY | O_NONBLOCK;
-#endif
-constexpr int kStepFlags = kSearchOnly | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+constexpr int kStepFlags = kToSearch | O_NOFOLLOW;
 
 /// The folders from the root down to where the walk stands. The latest few are held open; going up
 /// to an older one opens it again from the root by its real names, so ".." never asks the disk.

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <sys/stat.h>
 #include <sys/types.h>
 
 /// What a removal needs of its host in ways of their own; CMake chooses the file that does it.
@@ -21,9 +22,13 @@ struct EntryFacts {
     std::int64_t bytes = 0; ///< allocated; 0 for a folder
     uid_t owner = 0;
     bool isSticky = false;    ///< a folder in which only owners may remove
-    bool isLocked = false;    ///< carries the immutable or the append-only mark
+    bool isLocked = false;    ///< carries the immutable, the append-only or a like mark
     bool isMountRoot = false; ///< something is mounted there, as far as the host tells
 };
+
+/// Whether what was found there says itself that it is not to be changed or removed, as far as that
+/// host's stat() tells.
+[[nodiscard]] bool isLocked(const struct stat& data);
 
 /// Looks at the entry of that name, or at the open folder itself where the name is empty. Nothing,
 /// with errno set, where that fails.

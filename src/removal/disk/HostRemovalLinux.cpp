@@ -36,7 +36,7 @@ FolderHandle openAndCompare(int folder, const std::string& name)
 {
     FolderHandle handle = FolderHandle::openIn(folder, name.c_str());
     struct stat above {};
-    if (!handle || (fstat(folder, &above) == 0 && above.st_dev == handle.id().device &&
+    if (!handle || (fstat(folder, &above) == 0 && folderIdOf(above).device == handle.id().device &&
                     mountOf(folder) == mountOf(handle.fd())))
         return handle;
     handle.close();
@@ -110,7 +110,7 @@ bool isSwappedTo(const FolderId& file)
     while (std::getline(swaps, line)) {
         struct stat data {};
         if (stat(unescaped(line.substr(0, line.find_first_of(" \t"))).c_str(), &data) == 0 &&
-            FolderId{data.st_dev, data.st_ino} == file)
+            folderIdOf(data) == file)
             return true;
     }
     return false;

@@ -16,15 +16,13 @@ std::optional<EntryFacts> factsOf(int folder, const std::string& name)
         fstat(folder, &above) != 0)
         return std::nullopt;
     EntryFacts facts;
-    facts.id = {data.st_dev, data.st_ino};
+    facts.id = folderIdOf(data);
     facts.kind = kindOfMode(data.st_mode);
     if (facts.kind != FileKind::Folder)
         facts.bytes = std::int64_t{data.st_blocks} * 512;
     facts.owner = data.st_uid;
     facts.isSticky = facts.kind == FileKind::Folder && (data.st_mode & S_ISVTX) != 0;
-#ifdef __APPLE__
-    facts.isLocked = (data.st_flags & (UF_IMMUTABLE | UF_APPEND | SF_IMMUTABLE | SF_APPEND)) != 0;
-#endif
+    facts.isLocked = isLocked(data);
     facts.isMountRoot = data.st_dev != above.st_dev;
     return facts;
 }
@@ -33,7 +31,7 @@ FolderHandle openBelow(int folder, const std::string& name)
 {
     FolderHandle handle = FolderHandle::openIn(folder, name.c_str());
     struct stat above {};
-    if (!handle || (fstat(folder, &above) == 0 && above.st_dev == handle.id().device))
+    if (!handle || (fstat(folder, &above) == 0 && folderIdOf(above).device == handle.id().device))
         return handle;
     handle.close();
     errno = EXDEV;

@@ -1,6 +1,7 @@
 #include "removal/disk/JournalStorage.h"
 
 #include "core/Escape.h"
+#include "core/HostFiles.h"
 #include "core/Result.h"
 #include "store/StoreFolder.h"
 #include "volume/folders/FolderHandle.h"
@@ -125,15 +126,6 @@ Error journalError(const std::string& what, int error)
             "); make room in its folder, " + std::string(kElsewhere)};
 }
 
-bool putOnDevice(int file)
-{
-#ifdef __APPLE__
-    return fcntl(file, F_FULLFSYNC) == 0 || fsync(file) == 0; // plain fsync stops at the cache
-#else
-    return fdatasync(file) == 0;
-#endif
-}
-
 } // namespace
 
 std::vector<std::string> olderJournals(int folder)
@@ -180,7 +172,7 @@ Result<Done> JournalStorage::open()
         static_cast<void>(fchmod(m_file.get(), 0600));
     // Or a power cut could take the new name, and with it what is on the device.
     if (data.st_size == 0)
-        static_cast<void>(fsync(m_folder.get()));
+        static_cast<void>(syncToDevice(m_folder.get()));
     return Done{};
 }
 
@@ -255,7 +247,7 @@ Result<Done> JournalStorage::append(const std::string& lines)
 
 Result<Done> JournalStorage::sync()
 {
-    if (!putOnDevice(m_file.get()))
+    if (syncContentToDevice(m_file.get()) != 0)
         return journalError("cannot be put on the device", errno);
     return Done{};
 }
@@ -279,7 +271,7 @@ Result<Done> JournalStorage::startAnew()
     if (fstatat(m_folder.get(), older.c_str(), &data, AT_SYMLINK_NOFOLLOW) == 0 ||
         renameat(m_folder.get(), kJournalName, m_folder.get(), older.c_str()) != 0)
         return Done{}; // it goes on
-    static_cast<void>(fsync(m_folder.get()));
+    static_cast<void>(syncToDevice(m_folder.get()));
     const auto names = olderJournals(m_folder.get());
     for (std::size_t i = 0; i + kKeptAside < names.size(); ++i)
         unlinkat(m_folder.get(), names[i].c_str(), 0);

@@ -103,7 +103,7 @@ FolderId idOf(int folder)
 /// A handle to look from, which asks for no right to read.
 UniqueFd openToSearch(int folder, const char* path)
 {
-    return UniqueFd(openat(folder, path, O_PATH | O_DIRECTORY | O_CLOEXEC));
+    return UniqueFd(openat(folder, path, kToSearch));
 }
 
 } // namespace
@@ -144,10 +144,9 @@ void ProtectedPlaces::addEntriesOf(const VolumeFileSystem& disk, const std::stri
                 continue;
             std::string behind = path;
             behind.append("/").append(name).append("/.");
-            UniqueFd child = isLink
-                                 ? disk.openParent(FileURL::fileURLWithPath(behind)).parent
-                                 : UniqueFd(openat(folder.get(), name.c_str(),
-                                                   O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+            UniqueFd child =
+                isLink ? disk.openParent(FileURL::fileURLWithPath(behind)).parent
+                       : UniqueFd(openat(folder.get(), name.c_str(), kToSearch | O_NOFOLLOW));
             if (!child)
                 continue;
             m_places.push_back(idOf(child.get()));

@@ -57,7 +57,7 @@ private:
     [[nodiscard]] Hashes hashesIn(int folder) const;
 
     const std::uint64_t m_key = std::random_device()();
-    std::map<std::pair<dev_t, ino_t>, Hashes> m_known;
+    std::map<std::pair<std::uint64_t, std::uint64_t>, Hashes> m_known;
     std::size_t m_remembered = 0; ///< hashes in all
 };
 

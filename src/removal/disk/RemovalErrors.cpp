@@ -73,7 +73,7 @@ RemovalFailure failureOf(int error, int folder, const std::string& name)
 
 RemovalFailure unreadable(int error)
 {
-    if (error == EACCES || error == EPERM)
+    if (error == EACCES || error == EPERM || error == EDEADLK) // the last: not on this disk
         return {RemovalObstacle::Unreadable, errorText(error)};
     if (error == EXDEV)
         return {RemovalObstacle::MountPoint, {}};

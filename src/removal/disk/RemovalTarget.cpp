@@ -1,5 +1,6 @@
 #include "removal/disk/RemovalTarget.h"
 
+#include "core/HostFiles.h"
 #include "core/Result.h"
 #include "removal/disk/ProtectedPlaces.h"
 #include "volume/FoldedName.h"
@@ -43,7 +44,7 @@ Spelling spelledIn(int folder, std::string_view wanted)
 /// A handle that looks and leads on, and needs no right to read.
 UniqueFd openStep(int folder, const std::string& name)
 {
-    return UniqueFd(openat(folder, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return UniqueFd(openat(folder, name.c_str(), kToSearch | O_NOFOLLOW));
 }
 
 class TargetWalk {
@@ -342,7 +343,8 @@ void TargetRemoval::sync()
         contentsOnly ? m_emptied.duplicate() : FolderHandle::openIn(m_target.parent.get(), ".");
     if (!changed)
         ::sync(); // a folder that may be changed but not read cannot be synced by itself
-    else if (fsync(changed.fd()) != 0 && errno != EINVAL) // some file systems have nothing to sync
+    else if (syncToDevice(changed.fd()) != 0 &&
+             errno != EINVAL) // some file systems have nothing to sync
         m_tree.failed(unreadable(errno));
 }
 

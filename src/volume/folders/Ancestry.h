@@ -50,10 +50,7 @@ public:
 
 private:
     static constexpr std::size_t kFewest = 64; ///< up to here comparing all is the quickest
-    static std::uint64_t key(const FolderId& id)
-    {
-        return std::uint64_t{id.inode} ^ (std::uint64_t{id.device} << 40);
-    }
+    static std::uint64_t key(const FolderId& id) { return id.inode ^ (id.device << 40); }
 
     std::vector<FolderId> m_ids;
     std::unordered_multiset<std::uint64_t> m_deep; ///< of those beyond kFewest

@@ -21,7 +21,7 @@ FolderId FolderHandle::id() const
     struct stat data {};
     if (fstat(m_fd, &data) != 0)
         return {};
-    return {data.st_dev, data.st_ino};
+    return folderIdOf(data);
 }
 
 void FolderHandle::close()

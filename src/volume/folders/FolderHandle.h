@@ -3,9 +3,12 @@
 #include "platform/FileSystem.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <dirent.h>
+#include <fcntl.h>
 #include <memory>
 #include <string_view>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <utility>
 
@@ -13,10 +16,25 @@ namespace pryvane {
 
 /// Which folder of the host it is, whatever it is called.
 struct FolderId {
-    dev_t device = 0;
-    ino_t inode = 0;
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
     friend bool operator==(const FolderId&, const FolderId&) = default;
 };
+
+/// Some hosts count devices with a sign.
+[[nodiscard]] inline FolderId folderIdOf(const struct stat& data)
+{
+    return {static_cast<std::uint64_t>(data.st_dev), data.st_ino};
+}
+
+/// How to open a folder from which to look and lead on, with as few rights as the host lets.
+#ifdef O_PATH
+inline constexpr int kToSearch = O_PATH | O_DIRECTORY | O_CLOEXEC;
+#elif defined(O_SEARCH)
+inline constexpr int kToSearch = O_SEARCH | O_DIRECTORY | O_CLOEXEC;
+#else
+inline constexpr int kToSearch = O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_CLOEXEC;
+#endif
 
 /// One folder held open. Nothing is opened through a link. One thread at a time.
 class FolderHandle {

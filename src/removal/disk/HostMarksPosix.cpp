@@ -1,0 +1,10 @@
+#include "removal/disk/HostRemoval.h"
+
+namespace pryvane {
+
+bool isLocked(const struct stat&)
+{
+    return false;
+}
+
+} // namespace pryvane
