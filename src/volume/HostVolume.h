@@ -46,12 +46,4 @@ public:
 /// those do that are run by a program in user space.
 [[nodiscard]] bool leavesOutBlocks(int fd);
 
-struct BirthTime {
-    std::int64_t seconds = 0;
-    std::int64_t nanoseconds = 0;
-};
-
-/// When the folder was made, where the host and its file system tell.
-[[nodiscard]] std::optional<BirthTime> birthTime(int fd);
-
 } // namespace pryvane

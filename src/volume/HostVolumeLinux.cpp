@@ -6,11 +6,8 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <linux/magic.h>
 #include <linux/openat2.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/vfs.h>
 #include <unistd.h>
 
 namespace pryvane {
@@ -91,20 +88,6 @@ std::unique_ptr<ConfinedRoot> kernelConfinement(int rootFd, ImpliedLinks implied
     if (const UniqueFd self(openInRoot(rootFd, ".", O_PATH)); !self && errno != EACCES)
         return nullptr;
     return std::make_unique<KernelRoot>(rootFd, implied);
-}
-
-bool leavesOutBlocks(int fd)
-{
-    struct statfs data {};
-    return fstatfs(fd, &data) == 0 && data.f_type == FUSE_SUPER_MAGIC;
-}
-
-std::optional<BirthTime> birthTime(int fd)
-{
-    struct statx data {};
-    if (statx(fd, "", AT_EMPTY_PATH, STATX_BTIME, &data) != 0 || !(data.stx_mask & STATX_BTIME))
-        return std::nullopt;
-    return BirthTime{data.stx_btime.tv_sec, data.stx_btime.tv_nsec};
 }
 
 } // namespace pryvane

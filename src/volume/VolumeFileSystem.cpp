@@ -6,14 +6,13 @@
 #include "volume/FolderStream.h"
 #include "volume/HostVolume.h"
 #include "volume/PathParts.h"
+#include "volume/VolumeIdentity.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
 
 namespace pryvane {
 
@@ -95,24 +94,6 @@ Result<std::string> readAll(int fd, std::size_t limit)
 }
 
 } // namespace
-
-std::optional<FolderIdentity> folderIdentity(int folder)
-{
-    struct statvfs fileSystem {};
-    struct stat data {};
-    if (fstatvfs(folder, &fileSystem) != 0 || fstat(folder, &data) != 0)
-        return std::nullopt;
-    const auto birth = birthTime(folder);
-    const BirthTime made = birth.value_or(BirthTime());
-    char text[96];
-    const int length = std::snprintf(text, sizeof text, "%llx-%llx-%llx.%llx",
-                                     static_cast<unsigned long long>(fileSystem.f_fsid),
-                                     static_cast<unsigned long long>(data.st_ino),
-                                     static_cast<unsigned long long>(made.seconds),
-                                     static_cast<unsigned long long>(made.nanoseconds));
-    return FolderIdentity{{text, static_cast<std::size_t>(length)},
-                          fileSystem.f_fsid != 0 && birth.has_value()};
-}
 
 /// Where something stands: a name in an open folder, with what stands there.
 struct VolumeFileSystem::Place {
@@ -227,7 +208,8 @@ std::optional<Sighting> VolumeFileSystem::sighting(const FileURL& url)
     struct stat parent {};
     if (place.error || fstat(place.parent.get(), &parent) != 0)
         return std::nullopt;
-    return Sighting{parent.st_dev, parent.st_ino, kindOfMode(place.data.st_mode)};
+    const FolderId folder = folderIdOf(parent);
+    return Sighting{folder.device, folder.inode, kindOfMode(place.data.st_mode)};
 }
 
 std::optional<FileIdentity> VolumeFileSystem::fileIdentity(const FileURL& url)
@@ -235,7 +217,8 @@ std::optional<FileIdentity> VolumeFileSystem::fileIdentity(const FileURL& url)
     const Place place = locate(url);
     if (place.error)
         return std::nullopt;
-    return FileIdentity{place.data.st_dev, place.data.st_ino};
+    const FolderId id = folderIdOf(place.data);
+    return FileIdentity{id.device, id.inode};
 }
 
 FolderListing VolumeFileSystem::list(const FileURL& folder)

@@ -97,17 +97,6 @@ private:
     SpellingResolver m_spellings;
 };
 
-/// Which folder it is, in a text that stays the same when its disk is mounted again: the file
-/// system's own number rather than the device's, and the time at which the folder was made, as an
-/// inode is used again soon after its folder has gone.
-struct FolderIdentity {
-    std::string text;
-    bool isComplete = false; ///< both the number and the time are known
-};
-
-/// The identity of that open folder; nothing, with errno set, where it cannot be read.
-[[nodiscard]] std::optional<FolderIdentity> folderIdentity(int folder);
-
 /// Measures on a volume. Callable from any thread.
 class VolumeSizeMeter final : public SizeMeter {
 public:

@@ -2,7 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/Result.h"
-#include "volume/VolumeFileSystem.h"
+#include "volume/VolumeIdentity.h"
 
 #include <cerrno>
 #include <optional>
