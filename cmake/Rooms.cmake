@@ -65,17 +65,19 @@ endfunction()
 
 # pryvane_room(SOURCES … [HOST …] [LINKS …])
 #   the library of the room in this folder. HOST names sources that each system has its own of:
-#   NAMELinux.cpp, NAMEMac.cpp, or NAMEPosix.cpp where a system has none. LINKS are third-party
-#   targets that stay behind its sources.
+#   NAMELinux.cpp, NAMEMac.cpp, or NAMEPosix.cpp where a system has none, or is to do without it.
+#   LINKS are third-party targets that stay behind its sources.
 function(pryvane_room)
     cmake_parse_arguments(ROOM "" "" "SOURCES;HOST;LINKS" ${ARGN})
     file(RELATIVE_PATH room "${CMAKE_SOURCE_DIR}/src" "${CMAKE_CURRENT_SOURCE_DIR}")
     string(REPLACE "Darwin" "Mac" system "${CMAKE_SYSTEM_NAME}")
     foreach(name IN LISTS ROOM_HOST)
-        if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${name}${system}.cpp")
-            list(APPEND ROOM_SOURCES ${name}${system}.cpp)
+        set(posix "${CMAKE_CURRENT_SOURCE_DIR}/${name}Posix.cpp")
+        set(own "${CMAKE_CURRENT_SOURCE_DIR}/${name}${system}.cpp")
+        if(EXISTS "${posix}" AND (PRYVANE_POSIX_FORM OR NOT EXISTS "${own}"))
+            list(APPEND ROOM_SOURCES "${posix}")
         else()
-            list(APPEND ROOM_SOURCES ${name}Posix.cpp)
+            list(APPEND ROOM_SOURCES "${own}")
         endif()
     endforeach()
     pryvane_room_targets(library ${room})

@@ -1,4 +1,5 @@
 #include "removal/disk/ConfinedWork.h"
+#include "support/HostForm.h"
 #include "support/RemovalFixtures.h"
 
 #include <gmock/gmock.h>
@@ -15,6 +16,7 @@
 #include <ostream>
 #include <sched.h>
 #include <set>
+#include <string_view>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
@@ -196,6 +198,16 @@ const Row kRows[] = {
      false, "removed 4", 0},
 };
 
+/// Why that row asks what no POSIX system has to tell; empty for the others.
+std::string unknownToPosix(std::string_view row)
+{
+    if (row.starts_with("immutable") || row.starts_with("appendOnly"))
+        return "on Linux, stat() does not tell the marks of a file";
+    if (row.starts_with("sameDevice") || row.starts_with("fileMounted") || row == "mountItself")
+        return "a mount of the same device has the same device number; what it holds is removed";
+    return row == "swap" ? "only Linux tells which files it swaps to" : "";
+}
+
 class ObstacleTest : public testing::TestWithParam<std::tuple<Row, bool>> {};
 
 INSTANTIATE_TEST_SUITE_P(All, ObstacleTest,
@@ -211,6 +223,8 @@ TEST_P(ObstacleTest, IsToldForeseenAndLeavesTheRest)
         GTEST_SKIP() << "only root may mark, mount and become another user";
     const Row& row = std::get<0>(GetParam());
     const bool openat2Known = std::get<1>(GetParam());
+    if (const std::string why = unknownToPosix(row.name); isPosixForm() && !why.empty())
+        GTEST_SKIP() << why;
     RemovalDisk disk;
     for (const char* path :
          {"a/finding/f", "a/finding/in/g", "victim/f", "victim/in/g", "Users/alice/f"})
@@ -267,7 +281,10 @@ TEST(FailingCalls, AreToldAndNeverAsRemoved)
              : "failed after 0: the folder that holds it may not be changed"},
         {SYS_unlinkat, EROFS, 0, "failed after 0: the volume is mounted read-only"},
         {SYS_getdents64, EIO, {}, "failed after 0: " + device + "input/output error)"},
-        {SYS_openat2, EMFILE, {}, "failed after 0: " + device + "too many open files)"},
+        {SYS_openat2,
+         EMFILE,
+         {},
+         isPosixForm() ? "removed 4" : "failed after 0: " + device + "too many open files)"},
         {SYS_fsync, EIO, {}, "failed after 4: " + device + "input/output error)"},
         {SYS_fsync, EINVAL, {}, "removed 4"}, // a file system that has nothing to sync
         // the kernel's confinement, which it may refuse for reasons of its own
