@@ -22,6 +22,16 @@ void showReminder(StatusPanel& panel, double secondsUntilLastScan)
         "A scan has not been run on your system for " + std::to_string(days) + " days";
 }
 
+/// A disk that was attached for reading alone is no danger, and can be scanned.
+void showReadOnly(StatusPanel& panel)
+{
+    panel.background.clear();
+    panel.badge = "icn_white_question";
+    panel.showsScanNow = true;
+    panel.statusText = "The Home Folder Cannot Be Written To";
+    panel.bottomText = "It can be scanned as far as it can be read; nothing in it can be removed.";
+}
+
 void showResult(StatusPanel& panel, Verdict verdict, const std::string& detail)
 {
     const VerdictWords& words = wordsFor(verdict);
@@ -62,12 +72,14 @@ StatusPanel makeStatusPanel(const StatusFacts& facts)
     panel.background = "threats_bg";
     panel.badge = "icn_white_cross";
     panel.isUserDirAccessible = facts.homeWritable;
-    if (!facts.homeWritable) {
+    if (!facts.homeWritable)
         panel.logLine = "Please restart your app";
-        return panel;
-    }
     if (facts.scanRunning)
         return panel;
+    if (!facts.homeWritable && !facts.verdict) {
+        showReadOnly(panel);
+        return panel;
+    }
     if (!facts.lastScan) {
         panel.showsScanNow = true;
         panel.statusText = "A scan has never been run on your system";

@@ -24,8 +24,10 @@ TEST(StatusPanel, DecidesFromTheLastScan)
     };
     const auto ended = kNow - std::chrono::minutes(1);
     const Row rows[] = {
-        {"home not writable", facts(kNow - kDay, {}, false, false), "", "threats_bg", false, false,
-         false, false},
+        {"home not writable", facts(kNow - kDay, {}, false, false),
+         "The Home Folder Cannot Be Written To", "", true, false, false, false},
+        {"home not writable, scanned", facts(ended, Verdict::Clean, false, false),
+         "No Potential Threats Detected", "no_threats_bg", false, false, true, true},
         {"running", facts(kNow - kDay, {}, true), "", "threats_bg", false, false, false, false},
         {"never", facts({}), "A scan has never been run on your system", "threats_bg", true, false,
          false, false},
