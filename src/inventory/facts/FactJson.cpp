@@ -84,7 +84,7 @@ void addOrigin(Json& row, const FactOrigin& origin)
     Json row;
     row["group"] = words(fact.kind).title;
     row["what"] = forJson(fact.what);
-    row["state"] = onOffText(fact.state);
+    row["state"] = fact.state ? Json(onOffText(*fact.state)) : Json();
     row["detail"] = textOrNull(fact.detail);
     addOrigin(row, fact.origin);
     return row;

@@ -197,7 +197,8 @@ private:
             fact.origin = {found.path, found.user};
             fact.kind = source.remote;
             fact.what = source.what;
-            fact.state = isSwitch ? OnOff::On : OnOff::NotKnown;
+            if (isSwitch)
+                fact.state = OnOff::On;
             fact.detail = isSwitch ? std::string() : boundedText(lastName(found.path));
             return push(m_facts.remoteAccess, std::move(fact));
         }
@@ -355,6 +356,7 @@ private:
         for (const RemoteService& service : remoteServices()) {
             RemoteFact fact;
             fact.what = service.what;
+            fact.state = OnOff::NotKnown;
             fact.detail = "the list of switched jobs does not say";
             for (const Switched& switched : m_switched) {
                 const auto found = switched.disabled.find(service.label);

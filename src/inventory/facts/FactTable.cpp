@@ -44,6 +44,15 @@ namespace {
     return row;
 }
 
+/// Nothing is said where nothing is switched, as with a hook.
+[[nodiscard]] std::string stateOf(const StartUpItem& item)
+{
+    const bool isSwitched =
+        item.kind == StartUpKind::LaunchAgent || item.kind == StartUpKind::LaunchDaemon ||
+        item.kind == StartUpKind::BackgroundItem || item.kind == StartUpKind::Extension;
+    return isSwitched || item.state != OnOff::NotKnown ? onOffText(item.state) : "";
+}
+
 [[nodiscard]] FactRow rowOf(const StartUpItem& item)
 {
     FactRow row;
@@ -52,7 +61,7 @@ namespace {
     if (!item.arguments.empty())
         program += " " + joined(item.arguments, " ");
     row.cells = {item.hidden ? item.label + " (hidden)" : item.label,
-                 onOffText(item.state),
+                 stateOf(item),
                  joined(item.when, ", "),
                  item.runsAs,
                  whoseText(item.origin.user),
@@ -70,8 +79,8 @@ namespace {
 {
     FactRow row;
     row.group = static_cast<std::size_t>(fact.kind);
-    row.cells = {fact.what, onOffText(fact.state), fact.detail, whoseText(fact.origin.user),
-                 fact.origin.source};
+    row.cells = {fact.what, fact.state ? onOffText(*fact.state) : "", fact.detail,
+                 whoseText(fact.origin.user), fact.origin.source};
     // The fact is what the source says, and that is there.
     row.whereabouts = fact.origin.source.empty() ? Whereabouts::NotKnown : Whereabouts::There;
     row.user = fact.origin.user;

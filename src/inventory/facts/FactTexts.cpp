@@ -90,9 +90,9 @@ struct Service {
 
 using enum PermissionGroup;
 constexpr auto kServices = std::to_array<Service>({
-    {"ListenEvent", SeesTyping, "keys and mouse in all programs"},
-    {"Accessibility", SeesTyping, "control of all programs (accessibility)"},
-    {"ScreenCapture", SeesScreen, "pictures of the screen"},
+    {"ListenEvent", SeesTyping, "keys and mouse"},
+    {"Accessibility", SeesTyping, "control of programs"},
+    {"ScreenCapture", SeesScreen, "the screen"},
     {"RemoteDesktop", SeesScreen, "the screen, from elsewhere"},
     {"SystemPolicyAllFiles", ReadsEveryFile, "all files"},
     {"SystemPolicySysAdminFiles", ReadsEveryFile, "files of the administration"},
@@ -100,7 +100,7 @@ constexpr auto kServices = std::to_array<Service>({
     {"Camera", ListensOrWatches, "the camera"},
     {"AudioCapture", ListensOrWatches, "the sound of other programs"},
     {"PostEvent", ActsForYou, "pressing keys and clicking"},
-    {"AppleEvents", SteersPrograms, "steering another program"},
+    {"AppleEvents", SteersPrograms, "another program"},
     {"AddressBook", Other, "contacts"},
     {"ContactsFull", Other, "contacts"},
     {"ContactsLimited", Other, "some contacts"},
@@ -245,7 +245,7 @@ std::string whereaboutsText(const ProgramOnDisk& program)
 
 std::string whoseText(const std::string& user)
 {
-    return user.empty() ? "the whole Mac" : user;
+    return user.empty() ? "whole Mac" : user;
 }
 
 const char* stateText(SourceNote::State state)

@@ -41,7 +41,7 @@ struct GroupWords {
 /// "still there, in a hidden folder", "missing", "not known".
 [[nodiscard]] std::string whereaboutsText(const ProgramOnDisk& program);
 
-/// "alice", "the whole Mac".
+/// "alice", "whole Mac".
 [[nodiscard]] std::string whoseText(const std::string& user);
 
 /// "not read", "not understood", "only partly read"; empty where it was read.

@@ -110,9 +110,9 @@ inline constexpr std::size_t kRemoteKinds = 4;
 struct RemoteFact {
     FactOrigin origin;
     RemoteKind kind = RemoteKind::Access;
-    std::string what; ///< "Remote login (SSH)"
-    OnOff state = OnOff::NotKnown;
-    std::string detail; ///< "2 keys", a line of a file
+    std::string what;           ///< "Remote login (SSH)"
+    std::optional<OnOff> state; ///< none where nothing is switched
+    std::string detail;         ///< "2 keys", a line of a file
 };
 
 /// How reading one file or folder went. A place that does not exist has none.

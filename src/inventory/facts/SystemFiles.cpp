@@ -80,7 +80,7 @@ constexpr std::string_view kBlanks = " \t\r";
 }
 
 [[nodiscard]] RemoteFact fact(RemoteKind kind, std::string what, std::string detail,
-                              OnOff state = OnOff::NotKnown)
+                              std::optional<OnOff> state = std::nullopt)
 {
     RemoteFact made;
     made.kind = kind;
@@ -163,8 +163,8 @@ Result<ReadFacts<RemoteFact>> readAuthorisedKeys(std::string_view text)
     }
     ReadFacts<RemoteFact> found;
     if (keys > 0)
-        found.entries.push_back(fact(RemoteKind::Access, "Keys that may log in from elsewhere",
-                                     countedText(keys, "key", "keys")));
+        found.entries.push_back(
+            fact(RemoteKind::Access, "Keys that may log in", countedText(keys, "key", "keys")));
     return found;
 }
 
@@ -189,9 +189,11 @@ Result<ReadFacts<RemoteFact>> readHosts(std::string_view text)
                                          std::pair(address, trimmed(rest))) != kDefault.end();
         if (isDefault)
             continue;
+        std::string shown = boundedText(line);
+        std::replace(shown.begin(), shown.end(), '\t', ' ');
         if (found.entries.size() < kMostLines)
             found.entries.push_back(
-                fact(RemoteKind::Network, "Line of the hosts file", boundedText(line)));
+                fact(RemoteKind::Network, "Line of the hosts file", std::move(shown)));
         else
             ++more;
     }

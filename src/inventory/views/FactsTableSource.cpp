@@ -23,26 +23,26 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
     switch (kind) {
     case FactKind::Permissions:
         return {{.width = 8},
-                {.title = QObject::tr("Program"), .width = 140},
-                {.title = QObject::tr("Decision"), .width = 72},
+                {.title = QObject::tr("Program"), .width = 132},
+                {.title = QObject::tr("Decision"), .width = 66},
                 {.title = QObject::tr("What for"), .width = 110, .stretches = true},
-                {.title = QObject::tr("Whose"), .width = 96},
-                {.title = QObject::tr("On the disk"), .width = 184}};
+                {.title = QObject::tr("Whose"), .width = 78},
+                {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::StartUp:
         return {{.width = 8},
                 {.title = QObject::tr("Name"), .width = 130, .stretches = true},
-                {.title = QObject::tr("State"), .width = 72},
-                {.title = QObject::tr("When"), .width = 140},
-                {.title = QObject::tr("Whose"), .width = 96},
-                {.title = QObject::tr("On the disk"), .width = 184}};
+                {.title = QObject::tr("State"), .width = 52},
+                {.title = QObject::tr("When"), .width = 110},
+                {.title = QObject::tr("Whose"), .width = 78},
+                {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::RemoteAccess:
         break;
     }
     return {{.width = 8},
             {.title = QObject::tr("What"), .width = 230},
-            {.title = QObject::tr("State"), .width = 72},
+            {.title = QObject::tr("State"), .width = 84},
             {.title = QObject::tr("Detail"), .width = 120, .stretches = true},
-            {.title = QObject::tr("Whose"), .width = 96}};
+            {.title = QObject::tr("Whose"), .width = 78}};
 }
 
 int FactsTableSource::deniedCount() const

@@ -403,7 +403,7 @@ TEST(SystemFiles, Crontabs)
 TEST(SystemFiles, RemoteAccess)
 {
     EXPECT_THAT(rowsOf(readAuthorisedKeys("# mine\nssh-ed25519 AAAA a\n\n  \nssh-rsa B b")),
-                ElementsAre("Keys that may log in from elsewhere: 2 keys"));
+                ElementsAre("Keys that may log in: 2 keys"));
     EXPECT_THAT(rowsOf(readAuthorisedKeys("#\n")), IsEmpty());
     EXPECT_THAT(rowsOf(readHosts("##\n127.0.0.1\tlocalhost\n255.255.255.255\tbroadcasthost\n"
                                  "::1             localhost\nfe80::1%lo0 localhost\n"
