@@ -18,13 +18,16 @@ namespace {
 
 using ExtensionList = std::vector<ExtensionEntry>;
 using UrlList = std::vector<FileURL>;
+using FactList = std::vector<ExtensionFact>;
 
 /// One list of the inventory.
 struct Kind {
     const char* name; ///< as --kind takes it
     const char* key;  ///< in JSON
     InventoryKind kind;
-    std::variant<ExtensionList (AdwareScan::*)() const, UrlList (AdwareScan::*)() const> list;
+    std::variant<ExtensionList (AdwareScan::*)() const, UrlList (AdwareScan::*)() const,
+                 FactList (AdwareScan::*)() const>
+        list;
 };
 
 const Kind kKinds[] = {
@@ -38,6 +41,7 @@ const Kind kKinds[] = {
     {"application-support", "applicationSupport", InventoryKind::ApplicationSupport,
      &AdwareScan::getApplicationSupportList},
     {"applications", "applications", InventoryKind::Applications, &AdwareScan::getAppList},
+    {"extensions", "extensions", InventoryKind::AllExtensions, &AdwareScan::extensionFacts},
 };
 
 struct InventoryArguments {
@@ -48,7 +52,7 @@ struct InventoryArguments {
 
 struct Listed {
     const Kind* kind;
-    std::variant<ExtensionList, UrlList> entries;
+    std::variant<ExtensionList, UrlList, FactList> entries;
 };
 
 nlohmann::ordered_json asJson(const ExtensionList& entries)
@@ -72,6 +76,26 @@ nlohmann::ordered_json asJson(const UrlList& entries)
     return list;
 }
 
+nlohmann::ordered_json asJson(const FactList& facts)
+{
+    auto list = nlohmann::ordered_json::array();
+    for (const ExtensionFact& fact : facts) {
+        auto permissions = nlohmann::ordered_json::array();
+        for (const std::string& permission : fact.permissions)
+            permissions.push_back(forJson(permission));
+        list.push_back({{"browser", fact.browser},
+                        {"profile", forJson(fact.entry.PersonExt)},
+                        {"id", forJson(fact.id)},
+                        {"name", forJson(fact.entry.nameExt)},
+                        {"version", forJson(fact.entry.verExt)},
+                        {"path", forJson(fact.entry.urlExt.absolutePath())},
+                        {"bytes", fact.entry.sizeExt},
+                        {"source", sourceText(fact.source)},
+                        {"permissions", std::move(permissions)}});
+    }
+    return list;
+}
+
 std::string asText(const ExtensionList& entries)
 {
     using Align = TextTable::Align;
@@ -82,6 +106,19 @@ std::string asText(const ExtensionList& entries)
                       forTerminal(entry.urlExt.absolutePath())});
     }
     return table.text("  ");
+}
+
+std::string asText(const FactList& facts)
+{
+    std::string text;
+    for (const ExtensionFact& fact : facts) {
+        text += "  " + forTerminal(fact.entry.nameExt + " " + fact.entry.verExt) + "  (" +
+                forTerminal(fact.browser + ", " + fact.entry.PersonExt) + "; " +
+                sourceText(fact.source) + ")\n";
+        for (const std::string& permission : fact.permissions)
+            text += "      " + forTerminal(permission) + "\n";
+    }
+    return text;
 }
 
 std::string asText(const UrlList& entries)

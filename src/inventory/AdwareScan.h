@@ -2,6 +2,7 @@
 
 #include "core/StopFlag.h"
 #include "inventory/ChromeExtensions.h"
+#include "inventory/ExtensionPermissions.h"
 #include "platform/FileSystem.h"
 #include "platform/FileURL.h"
 
@@ -25,12 +26,13 @@ enum class InventoryKind : std::uint8_t {
     SafariExtensions,
     ApplicationSupport,
     Applications,
+    AllExtensions, ///< of every browser but Safari, with what they may do
 };
 
 inline constexpr std::array kInventoryHeadings = {
-    "Launch agents",   "Launch daemons",    "Google Chrome extensions",
-    "Firefox add-ons", "Safari extensions", "Application support",
-    "Applications"};
+    "Launch agents",   "Launch daemons",        "Google Chrome extensions",
+    "Firefox add-ons", "Safari extensions",     "Application support",
+    "Applications",    "What extensions may do"};
 
 [[nodiscard]] constexpr const char* heading(InventoryKind kind)
 {
@@ -70,6 +72,15 @@ private:
 {
     return folder.pathExtension() == "app";
 }
+
+/// An extension of any browser but Safari, with what it may do.
+struct ExtensionFact {
+    ExtensionEntry entry;
+    std::string browser; ///< display name
+    std::string id;      ///< as the browser knows it; of Firefox empty
+    ExtensionSource source = ExtensionSource::NotKnown;
+    std::vector<std::string> permissions; ///< in plain words
+};
 
 struct SafariExtension {
     FileURL url;
@@ -121,12 +132,26 @@ public:
     [[nodiscard]] std::vector<ExtensionEntry> firefoxAddOns() const;
     [[nodiscard]] std::vector<SafariExtension> safariExtensions() const;
 
+    /// The extensions of every browser made like Chrome, those in folders elsewhere included, and
+    /// Firefox's add-ons, measured.
+    [[nodiscard]] std::vector<ExtensionFact> extensionFacts() const;
+
     /// Whether every list so far holds all that there was. False after one met a bound: then the
     /// disk holds more profiles, folders or bytes than any browser makes.
     [[nodiscard]] bool whole() const { return m_whole; }
 
 private:
     [[nodiscard]] std::optional<std::string> read(const FileURL& file) const;
+    /// What is gathered, with what may still be read for it.
+    struct FactsSoFar {
+        ChromeExtensions extensions;
+        std::size_t bytesLeft = ListingBounds().bytesRead;
+        std::vector<ExtensionFact> facts = {};
+    };
+    [[nodiscard]] std::optional<std::string> read(const FileURL& file, FactsSoFar& soFar) const;
+    void addFactsOf(const ChromeProfile& profile, std::string_view place, std::string_view browser,
+                    FactsSoFar& soFar) const;
+    void addFirefoxFacts(FactsSoFar& soFar) const;
     [[nodiscard]] std::vector<FileURL> inBothLibraries(std::string_view folder) const;
     template <typename Entry>
     [[nodiscard]] std::vector<Entry> noted(BoundedList<Entry> list) const

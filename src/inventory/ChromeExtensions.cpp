@@ -19,18 +19,23 @@ void ChromeExtensions::add(const FileURL& folder, const std::string& profileName
         for (const FileURL& version : foldersIn(identifier)) {
             if (!goesOn())
                 return;
-            const auto found = manifest(in(version, "manifest.json"));
-            if (!found)
-                continue;
-            if (m_left.extensions == 0) {
-                m_found.whole = false;
-                return;
-            }
-            --m_left.extensions;
-            m_found.entries.push_back(
-                {version, found->version, displayName(found->name, version), 0, profileName});
+            addOne(version, profileName);
         }
     }
+}
+
+void ChromeExtensions::addOne(const FileURL& version, const std::string& profileName)
+{
+    const auto found = manifest(in(version, "manifest.json"));
+    if (!found)
+        return;
+    if (m_left.extensions == 0) {
+        m_found.whole = false;
+        return;
+    }
+    --m_left.extensions;
+    m_found.entries.push_back(
+        {version, found->version, displayName(found->name, version), 0, profileName});
 }
 
 /// What may be a folder there: a link can lead to one.

@@ -43,8 +43,14 @@ public:
     /// Adds those of one profile; `folder` is the profile's own.
     void add(const FileURL& folder, const std::string& profileName);
 
-    /// What was found. `whole` is false where a bound was met.
-    [[nodiscard]] BoundedList<ExtensionEntry> take() { return std::move(m_found); }
+    /// Adds the extension in a folder of its own, if one is there.
+    void addOne(const FileURL& version, const std::string& profileName);
+
+    /// What was found since the last time. `whole` is false where a bound was met so far.
+    [[nodiscard]] BoundedList<ExtensionEntry> take()
+    {
+        return {std::exchange(m_found.entries, {}), m_found.whole};
+    }
 
 private:
     using MessageKey = std::pair<FileIdentity, std::string>;

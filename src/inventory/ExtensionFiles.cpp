@@ -24,12 +24,19 @@ bool JsonPlace::is(std::initializer_list<std::string_view> keys) const
 /// Listens to the parser. Keeps the way to the current value, but no value.
 class JsonTextReader {
 public:
-    explicit JsonTextReader(const JsonTextSink& sink) : m_sink(sink) {}
+    JsonTextReader(const JsonTextSink& sink, const JsonNumberSink& numbers)
+        : m_sink(sink), m_numbers(numbers)
+    {
+    }
 
     bool null() { return scalar(); }
-    bool boolean(bool) { return scalar(); }
-    bool number_integer(std::int64_t) { return scalar(); }
-    bool number_unsigned(std::uint64_t) { return scalar(); }
+    bool boolean(bool value) { return number(value ? 1 : 0); }
+    bool number_integer(std::int64_t value) { return number(value); }
+    bool number_unsigned(std::uint64_t value)
+    {
+        const bool fits = value <= std::uint64_t{INT64_MAX};
+        return fits ? number(static_cast<std::int64_t>(value)) : scalar();
+    }
     bool number_float(double, const std::string&) { return scalar(); }
     bool binary(const nlohmann::json::binary_t&) { return scalar(); }
     bool string(const std::string& text)
@@ -55,6 +62,13 @@ public:
 
 private:
     static constexpr std::size_t kMostDepth = 512;
+
+    bool number(std::int64_t value)
+    {
+        if (scalar() && m_numbers && m_depth > 0 && m_depth <= JsonPlace::kMostSteps)
+            m_numbers(m_place, value);
+        return true;
+    }
 
     /// Notes that a value begins: an array counts its elements.
     bool scalar()
@@ -83,13 +97,14 @@ private:
     }
 
     const JsonTextSink& m_sink;
+    const JsonNumberSink& m_numbers;
     JsonPlace m_place;
     std::size_t m_depth = 0;
 };
 
-bool readJsonTexts(std::string_view json, const JsonTextSink& sink)
+bool readJsonTexts(std::string_view json, const JsonTextSink& sink, const JsonNumberSink& numbers)
 {
-    JsonTextReader reader(sink);
+    JsonTextReader reader(sink, numbers);
     return nlohmann::json::sax_parse(json, &reader);
 }
 

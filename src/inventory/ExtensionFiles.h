@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <initializer_list>
 #include <optional>
@@ -16,7 +17,7 @@ namespace pryvane {
 /// Where in a JSON document a text stands: the keys and indexes that lead to it from the top.
 class JsonPlace {
 public:
-    static constexpr std::size_t kMostSteps = 4; ///< texts nested deeper are not told
+    static constexpr std::size_t kMostSteps = 5; ///< texts nested deeper are not told
     static constexpr std::string_view kAnyKey{};
 
     /// Whether exactly these object keys lead here; kAnyKey stands for any, of an array's element
@@ -40,11 +41,14 @@ private:
 };
 
 using JsonTextSink = std::function<void(const JsonPlace& place, const std::string& text)>;
+/// Takes integers, and true and false as 1 and 0.
+using JsonNumberSink = std::function<void(const JsonPlace& place, std::int64_t number)>;
 
 /// Tells the texts of a strict JSON document (UTF-8; a byte-order mark is skipped) in its order.
 /// False where it is not one or is nested more than 512 deep; what was told by then is void. Memory
 /// stays in proportion to the longest text, whatever the bytes say.
-[[nodiscard]] bool readJsonTexts(std::string_view json, const JsonTextSink& sink);
+[[nodiscard]] bool readJsonTexts(std::string_view json, const JsonTextSink& sink,
+                                 const JsonNumberSink& numbers = {});
 
 /// Entries up to a bound; `whole` is false where there were more.
 template <typename Entry>

@@ -35,6 +35,20 @@ Entries entriesOf(InventoryKind kind, std::vector<ExtensionEntry> extensions)
     return entries;
 }
 
+Entries entriesOf(InventoryKind kind, std::vector<ExtensionFact> facts)
+{
+    Entries entries;
+    for (ExtensionFact& fact : facts) {
+        std::string detail =
+            fact.browser + ", " + fact.entry.PersonExt + "; " + sourceText(fact.source);
+        for (const std::string& permission : fact.permissions)
+            detail += "; " + permission;
+        entries.push_back({kind, std::move(fact.entry.urlExt), std::move(fact.entry.nameExt),
+                           std::move(detail), fact.entry.sizeExt});
+    }
+    return entries;
+}
+
 Entries listOf(InventoryKind kind, const AdwareScan& scan)
 {
     switch (kind) {
@@ -52,6 +66,8 @@ Entries listOf(InventoryKind kind, const AdwareScan& scan)
         return entriesOf(kind, scan.getApplicationSupportList());
     case InventoryKind::Applications:
         return entriesOf(kind, scan.getAppList());
+    case InventoryKind::AllExtensions:
+        return entriesOf(kind, scan.extensionFacts());
     }
     return {};
 }

@@ -1,6 +1,9 @@
 // What browsers' files say, and that broken ones say nothing.
 #include "inventory/ExtensionFiles.h"
 
+#include "inventory/ExtensionPermissions.h"
+#include "inventory/FirefoxProfiles.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -163,6 +166,82 @@ TEST(ExtensionFiles, ManifestsAndMessages)
     EXPECT_EQ(messageText(messages, "a"), "one");
     for (const char* key : {"b", "c", "d", "message", ""})
         EXPECT_EQ(messageText(messages, key), std::nullopt) << key;
+}
+
+TEST(ExtensionFiles, PermissionsInPlainWords)
+{
+    const struct {
+        const char* manifest;
+        const char* expected;
+    } rows[] = {
+        {R"({"permissions":["tabs","history","downloads","nativeMessaging","<all_urls>"]})",
+         "reads and changes all web sites; talks to programs on this Mac; reads the history; sees "
+         "the addresses and titles of all tabs; sees and starts downloads"},
+        {R"({"host_permissions":["https://*/*","https://a.example/*"],"permissions":["storage"]})",
+         "reads and changes all web sites; 1 other permission"},
+        {R"({"content_scripts":[{"matches":["*://a.example/*"]},{"js":["x"],"matches":)"
+         R"(["https://b.example/*"]}],"permissions":["webRequest","webRequest"]})",
+         "sees what pages load; reads and changes 2 web sites"},
+        {R"({"permissions":[{"usb":["x"]},1,null],"optional_permissions":["history"]})", ""},
+        {R"({"permissions":"history"})", ""},
+        {R"({"permissions":["history"])", ""},
+    };
+    for (const auto& row : rows) {
+        std::string words;
+        for (const std::string& each : plainPermissions(manifestPermissions(row.manifest)))
+            words += (words.empty() ? "" : "; ") + each;
+        EXPECT_EQ(words, row.expected) << row.manifest;
+    }
+    EXPECT_EQ(manifestPermissions(R"({"permissions":[)" + nested(3, "1") + "]}").size(), 0U);
+}
+
+TEST(ExtensionFiles, WhereExtensionsCameFrom)
+{
+    const auto installs = chromeInstalls(
+        R"({"extensions":{"settings":{"a":{"location":1,"from_webstore":true,"path":"a/1_0"},)"
+        R"("b":{"from_webstore":false,"location":1},"c":{"location":4,"path":"/Users/al/x"},)"
+        R"("d":{"location":7},"e":{"location":5},"f":{"location":"1"},"g":{"path":"g"},)"
+        R"("h":[{"location":1}],"i":{"location":18446744073709551615}}}})");
+    std::string text;
+    for (const auto& [id, install] : installs)
+        text += id + install.path + "=" + std::to_string(int(install.source)) + " ";
+    EXPECT_EQ(text, "aa/1_0=1 b=2 c/Users/al/x=4 d=3 e=5 gg=0 ");
+    EXPECT_TRUE(chromeInstalls(R"({"extensions":{"settings":{"a":{"location":1}}})").empty());
+
+    text.clear();
+    for (const auto& [place, install] : firefoxInstalls(
+             R"({"addons":[{"path":"/p/a","location":"app-profile","foreignInstall":false,)"
+             R"("installTelemetryInfo":{"source":"amo"},"userPermissions":{"permissions":["tabs"],)"
+             R"("origins":["<all_urls>"]}},{"foreignInstall":true,"path":"/p/b"},)"
+             R"({"path":"/p/c","location":"app-builtin"},{"path":"/p/d"},{"location":"x"}]})"))
+        text += place + "=" + std::to_string(int(install.source)) + "+" +
+                std::to_string(install.permissions.size()) + " ";
+    EXPECT_EQ(text, "/p/a=1+2 /p/b=2+0 /p/c=5+0 /p/d=0+0 ");
+}
+
+TEST(ExtensionFiles, FirefoxProfilesLieBesideTheirList)
+{
+    const struct {
+        const char* ini;
+        const char* expected;
+        bool whole;
+    } rows[] = {
+        {"[Profile1]\r\nPath=Profiles/a b\r\nIsRelative=1\r\n[Profile0]\nPath=Profiles/c", "a b,c",
+         true},
+        {"[Install4]\nPath=Profiles/x\n[General]\nVersion=2\n", "", true},
+        {"[Profile0]\nPath=Profiles/a\n[Profile1]\nPath=Profiles/a\n", "a", true},
+        {"[Profile0]\nIsRelative=0\nPath=Profiles/a\n", "", false},
+        {"[Profile0]\nPath=Profiles/../a\n[Profile1]\nPath=Profiles/..\n", "", false},
+        {"[Profile0]\nPath=a\n[Profile1]\nPath=Profiles/\n", "", false},
+    };
+    for (const auto& row : rows) {
+        const auto folders = firefoxProfileFolders(row.ini);
+        std::string text;
+        for (const std::string& folder : folders.entries)
+            text += (text.empty() ? "" : ",") + folder;
+        EXPECT_EQ(text, row.expected) << row.ini;
+        EXPECT_EQ(folders.whole, row.whole) << row.ini;
+    }
 }
 
 } // namespace pryvane::test

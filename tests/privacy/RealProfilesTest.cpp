@@ -30,6 +30,9 @@ protected:
         const std::string shell = "cp -a '" + from + "' '" + volume.hostPath(to) + "' && sync";
         ASSERT_EQ(std::system(shell.c_str()), 0);
     }
+    void expectItemsOf(const std::vector<ToolGroup>& groups, const ChromeProfile& profile);
+    void expectUnpacked(const std::string& folder);
+
     /// The items of the group that have something to clean, without those of extensions.
     std::vector<std::string> filled(const std::vector<ToolGroup>& groups, const std::string& name)
     {
@@ -50,14 +53,82 @@ protected:
 
 } // namespace
 
+/// What each item of a profile holds, of what the browser really made.
+void RealProfilesTest::expectItemsOf(const std::vector<ToolGroup>& groups,
+                                     const ChromeProfile& profile)
+{
+    const std::pair<const char*, std::vector<std::string>> items[] = {
+        {"Cookies", {"Cookies", "Cookies-journal", "Network/Cookies", "Network/Cookies-journal"}},
+        {"History", {"History", "History-journal", "History Provider Cache"}},
+        {"Login Data",
+         {"Login Data", "Login Data-journal", "Login Data For Account",
+          "Login Data For Account-journal"}},
+        {"LastSession",
+         {"Session Storage", "Sessions", "Last Session", "Last Tabs", "Current Session",
+          "Current Tabs"}},
+        {"User preferences", {"Preferences", "Secure Preferences"}},
+        {"Favicons", {"Favicons", "Favicons-journal"}},
+        {"Local Storage",
+         {"databases", "File System", "IndexedDB", "Local Storage", "Storage", "Web Data",
+          "Web Data-journal", "Service Worker/Database"}},
+    };
+    std::size_t found = 0;
+    for (const auto& [name, files] : items) {
+        std::vector<std::string> there, listed;
+        for (const std::string& file : files) {
+            const std::string path = kChromeFolder + "/" + profile.folder + "/" + file;
+            if (volume.contains(path))
+                there.push_back(path);
+        }
+        found += there.size();
+        for (const ToolGroup& group : groups) {
+            for (const ToolItem& item : group.List) {
+                if (group.Name != "Chrome" || item.NameText != name + (" (" + profile.name) + ")")
+                    continue;
+                for (const ToolLocation& location : item.AllList)
+                    listed.push_back(location.url.absolutePath());
+            }
+        }
+        EXPECT_THAT(listed, testing::UnorderedElementsAreArray(there)) << name;
+    }
+    EXPECT_GT(found, 10U) << "no longer laid out as real ones are";
+}
+
+/// The extension that was loaded from a folder, which is on no Mac's disk; put there by hand.
+void RealProfilesTest::expectUnpacked(const std::string& folder)
+{
+    volume.file(folder + "/manifest.json",
+                R"({"manifest_version":3,"name":"From a folder","version":"2.5",)"
+                R"("permissions":["history","nativeMessaging"],)"
+                R"("host_permissions":["<all_urls>"]})");
+    std::size_t count = 0;
+    for (const ExtensionFact& fact : inventory().extensionFacts()) {
+        if (fact.entry.nameExt != "From a folder")
+            continue;
+        ++count;
+        EXPECT_EQ(fact.browser, "Chrome");
+        EXPECT_EQ(fact.source, ExtensionSource::Unpacked);
+        EXPECT_THAT(fact.permissions,
+                    testing::ElementsAre("reads and changes all web sites",
+                                         "talks to programs on this Mac", "reads the history"));
+    }
+    EXPECT_EQ(count, 2U) << "of two profiles";
+}
+
 TEST_F(RealProfilesTest, Chromium)
 {
     const TemporaryFolder work;
-    if (!runs(work, "chromium --headless --no-sandbox --disable-gpu --no-first-run "
-                    "--disable-dev-shm-usage --disable-background-networking "
-                    "--disable-component-update --user-data-dir=$PWD/profile "
-                    "--dump-dom about:blank"))
-        GTEST_SKIP() << "chromium is not installed or does not run here";
+    work.file("/unpacked/manifest.json",
+              R"({"manifest_version":3,"name":"From a folder","version":"2.5",)"
+              R"("permissions":["history","nativeMessaging"],"host_permissions":["<all_urls>"]})");
+    for (const char* profile : {"Default", "Profile 1"}) {
+        if (!runs(work, "chromium --headless=new --no-sandbox --disable-gpu --no-first-run "
+                        "--disable-dev-shm-usage --disable-background-networking "
+                        "--disable-component-update --load-extension=$PWD/unpacked "
+                        "--user-data-dir=$PWD/profile '--profile-directory=" +
+                            std::string(profile) + "' --dump-dom about:blank"))
+            GTEST_SKIP() << "chromium is not installed or does not run here";
+    }
     volume.folder("/Applications/Google Chrome.app");
     copy(work.path() + "/profile", kChromeFolder);
     const std::string extension = kChromeFolder + "/Default/Extensions/abcdefgh/1.5_0";
@@ -68,8 +139,9 @@ TEST_F(RealProfilesTest, Chromium)
     sync();
 
     const auto profiles = inventory().chromeProfiles();
-    ASSERT_EQ(profiles.size(), 1U);
+    ASSERT_EQ(profiles.size(), 2U);
     EXPECT_EQ(profiles[0].folder, "Default");
+    EXPECT_EQ(profiles[1].folder, "Profile 1");
     const auto entries = inventory().getChromeExtantionList();
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].nameExt, "Probe");
@@ -83,6 +155,9 @@ TEST_F(RealProfilesTest, Chromium)
                                        "User preferences" + person, "Favicons" + person,
                                        "Local Storage" + person}));
     EXPECT_THAT(filled(groups, "Browser_ext"), testing::Contains("Probe v1.5" + person));
+    for (const ChromeProfile& profile : profiles)
+        expectItemsOf(groups, profile);
+    expectUnpacked(work.path() + "/unpacked");
 }
 
 TEST_F(RealProfilesTest, Firefox)
