@@ -56,8 +56,8 @@ TEST_F(PrivacyCommandTest, InventoryHasEveryListInJsonAndText)
     const json lists = json::parse(outcome.out);
     EXPECT_THAT(keysOf(lists), testing::UnorderedElementsAre(
                                    "chrome", "firefox", "safari", "launchAgents", "launchDaemons",
-                                   "applicationSupport", "applications", "permissions", "startUp",
-                                   "remoteAccess", "factSources"));
+                                   "applicationSupport", "applications", "extensions",
+                                   "permissions", "startUp", "remoteAccess", "factSources"));
     ASSERT_EQ(lists["chrome"].size(), 1U);
     const json& entry = lists["chrome"][0];
     EXPECT_EQ(entry["urlExt"], chrome + "/Default/Extensions/aaa/1_0");
