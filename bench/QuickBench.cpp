@@ -66,14 +66,14 @@ public:
     }
 };
 
-long scan(FileSystem& disk)
+long scan(FileSystem& disk, const std::vector<std::string>& users = {kUser})
 {
     MemoryUserDefaults defaults;
     CountingSink sink;
     ScanCoverage coverage;
     UnpacedClock clock;
     const StopFlag stop;
-    CheckRunner checks(disk, defaults, kUser, sink, coverage);
+    CheckRunner checks(disk, defaults, users, sink, coverage);
     CheckSequence sequence(checks, clock, stop, [](std::string_view, int) {});
     static_cast<void>(sequence.scan4SpywareStart());
     return sink.findings;
@@ -106,6 +106,30 @@ std::pair<double, double> measure(int entries, bool findings, int rounds)
     return {contenders[0].median(), contenders[1].median()};
 }
 
+/// Milliseconds of the scan of so many homes, each with a finding.
+double measureHomes(int homes, int rounds)
+{
+    const test::TemporaryFolder volume;
+    std::vector<std::string> users;
+    for (int i = 0; i < homes; ++i) {
+        users.push_back("user" + std::to_string(i));
+        const std::string library = "/Users/" + users.back() + "/Library";
+        for (const char* file : {"/LaunchAgents/com.refog.agent.plist", "/Caches/a", "/Caches/b",
+                                 "/Preferences/c.plist", "/Containers/d", "/Application Support/e"})
+            volume.file(library + file, "");
+    }
+    auto disk = VolumeFileSystem::open(volume.path(), {});
+    if (!disk) {
+        std::cerr << disk.error().message << "\n";
+        std::exit(2);
+    }
+    long used = 0;
+    std::vector<bench::Contender> contenders{{"scan", [&] { used += scan(**disk, users); }}};
+    bench::race(contenders, rounds);
+    std::printf("%7d homes: scan %.3f ms\n", homes, contenders[0].median());
+    return contenders[0].median();
+}
+
 } // namespace
 
 int main()
@@ -117,6 +141,8 @@ int main()
     bool met = bench::row("quick scan, 2,000 entries / its system calls", small / smallFloor, 2.5);
     met &= bench::row("time per entry, 200,000 / 2,000 entries", large / small / 100, 1.1);
     met &= bench::row("the same with findings", largeFound / smallFound / 100, 1.1);
+    const double fewHomes = measureHomes(50, 15), manyHomes = measureHomes(500, 5);
+    met &= bench::row("time per home, 500 / 50 homes", manyHomes / fewHomes / 10, 1.2);
     std::printf("%-64s %8.2f\n", "quick scan, 200,000 entries / its system calls",
                 large / largeFloor);
     std::printf("%-64s %8.2f\n", "quick scan with findings, 200,000 / its system calls",

@@ -2,6 +2,7 @@
 #include "platform/FolderAccess.h"
 #include "platform/Messages.h"
 #include "platform/UserDefaults.h"
+#include "platform/Users.h"
 #include "scan/RootChoice.h"
 
 #include <array>
@@ -19,7 +20,7 @@ FileURL wholeDisk()
 
 FileURL AppDelegate::homeFolder() const
 {
-    return FileURL::fileURLWithPath("/Users/" + m_facts.user);
+    return FileURL::fileURLWithPath(m_facts.user.empty() ? "/Users" : homePath(m_facts.user));
 }
 
 bool AppDelegate::isWritable(const FileURL& folder)

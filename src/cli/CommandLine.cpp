@@ -108,9 +108,13 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
         ->type_name("PREFIX")
         ->needs(listing);
     command
-        .add_option("--user", arguments.user,
-                    "Short name of the Mac's user to look at (default: whoever runs this)")
-        ->type_name("NAME");
+        .add_option("--user", arguments.users,
+                    "Short name of a user of the Mac to look at; may be repeated (default: whoever "
+                    "runs this on /, every user on any other disk)")
+        ->type_name("NAME")
+        ->allow_extra_args(false);
+    command.add_flag("--all-users", arguments.allUsers, "Look at every user of the Mac")
+        ->excludes("--user");
     command.add_flag("--case-sensitive", arguments.caseSensitive,
                      "Compare names exactly, not as a Mac's disk does");
 }

@@ -171,4 +171,12 @@ std::string TextTable::text(std::string_view indent) const
     return out;
 }
 
+std::string namesText(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + forTerminal(name);
+    return text.empty() ? "none" : text;
+}
+
 } // namespace pryvane::cli

@@ -102,4 +102,7 @@ private:
     std::vector<std::vector<std::string>> m_rows;
 };
 
+/// "alice, bob", as a terminal shows them; "none".
+[[nodiscard]] std::string namesText(const std::vector<std::string>& names);
+
 } // namespace pryvane::cli

@@ -3,6 +3,7 @@
 #include "cli/Console.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
+#include "findings/MacDisk.h"
 #include "hosts/linux/LinuxMachineInfo.h"
 #include "hosts/linux/LinuxWorkspace.h"
 #include "hosts/posix/CurrentUser.h"
@@ -83,11 +84,19 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
                                          StoreUse use, Pacing pacing, Asking asking)
 {
     std::unique_ptr<Host> host(new Host(console));
-    host->m_user = arguments.user.empty() ? loginUser() : arguments.user;
-    if (!isShortName(host->m_user))
-        return Error{forTerminal(notAShortName(host->m_user))};
+    for (const std::string& user : arguments.users) {
+        if (!isShortName(user))
+            return Error{forTerminal(notAShortName(user))};
+    }
     if (const auto opened = host->openDisk(console, arguments, asking); !opened)
         return opened.error();
+    host->m_volume = arguments.isFolder() ? arguments.volume : std::string();
+    const bool isOwn = !host->m_names && host->m_disk->isHostRoot();
+    if (!arguments.users.empty())
+        host->m_whose = UserChoice(arguments.users);
+    else if (isOwn && !arguments.allUsers)
+        host->m_whose = UserChoice(loginUser());
+    host->m_homes = settledHomes(host->disk(), host->m_whose);
 
     if (pacing == Pacing::Paced)
         host->m_clock = std::make_unique<SystemClock>();
@@ -96,8 +105,8 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
     host->m_alerts = std::make_unique<DecliningAlerts>();
     host->m_folderPicker = std::make_unique<DecliningFolderPicker>();
     host->m_workspace = host->m_names
-                            ? std::make_unique<LinuxWorkspace>(*host->m_names, host->m_user)
-                            : std::make_unique<LinuxWorkspace>(*host->m_disk, host->m_user);
+                            ? std::make_unique<LinuxWorkspace>(*host->m_names, host->m_homes.users)
+                            : std::make_unique<LinuxWorkspace>(*host->m_disk, host->m_homes.users);
     host->m_state.arrDefaultTorvellApp = makersApplicationKeys();
     if (const auto opened = host->openStore(use); !opened)
         return opened.error();
@@ -166,6 +175,12 @@ Result<Done> Host::openWithoutStore()
     if (kept && kept->defaults->contains(preferences::kARD))
         return m_defaults->set(preferences::kARD, kept->defaults->get(preferences::kARD));
     return Done{};
+}
+
+Result<Done> Host::mustHoldMac()
+{
+    const auto holds = pryvane::mustHoldMac(disk(), m_volume);
+    return holds ? holds : Result<Done>(Error{forTerminal(holds.error().message)});
 }
 
 PlatformServices Host::services()

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "cli/Console.h"
+#include "core/Escape.h"
 #include "core/NotificationCenter.h"
 #include "core/Result.h"
 #include "core/ThreadSafety.h"
 #include "core/tasks/BlockingMainQueue.h"
+#include "findings/Homes.h"
 #include "findings/ScanCoverage.h"
 #include "findings/ScanState.h"
 #include "hosts/posix/SystemClock.h"
@@ -20,6 +22,7 @@
 #include <atomic>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace pryvane {
 class PDFGenerate;
@@ -55,8 +58,9 @@ private:
 
 /// What commands that look at a disk have in common.
 struct VolumeArguments {
-    std::string volume = "/"; ///< host folder that stands for the Mac's root
-    std::string user;         ///< login short name; empty: whoever runs the program
+    std::string volume = "/";       ///< host folder that stands for the Mac's root
+    std::vector<std::string> users; ///< short names; none: whoever runs the program, or all
+    bool allUsers = false;          ///< the default on any disk but this host's own
     bool caseSensitive = false;
     std::string listing = {}; ///< a list of names in place of the volume; "-": the standard input
     std::string strip = {};   ///< what is taken off the front of its paths
@@ -105,8 +109,18 @@ public:
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
+    /// An error where the disk holds no Mac: nothing that was said of it would mean anything.
+    [[nodiscard]] Result<Done> mustHoldMac();
+
     [[nodiscard]] PlatformServices services();
-    [[nodiscard]] const std::string& user() const { return m_user; }
+    /// Whose homes the command is about, and what of them there was when it began.
+    [[nodiscard]] const UserChoice& whose() const { return m_whose; }
+    [[nodiscard]] const Homes& homes() const { return m_homes; }
+    /// The one user named; empty where there are several.
+    [[nodiscard]] std::string user() const
+    {
+        return m_whose.users().size() == 1 ? m_homes.users.front() : std::string();
+    }
     [[nodiscard]] const std::string& dataFolder() const { return m_dataFolder; }
     [[nodiscard]] FileSystem& disk()
     {
@@ -159,7 +173,9 @@ private:
     std::unique_ptr<Documents> m_documents;
     std::unique_ptr<RemovalJournal> m_journal;
     std::unique_ptr<Remover> m_remover;
-    std::string m_user;
+    std::string m_volume; ///< the host folder, as it was given
+    UserChoice m_whose = UserChoice::everyone();
+    Homes m_homes;
     std::string m_dataFolder;
 };
 
@@ -168,16 +184,21 @@ class CleanerHost {
 public:
     explicit CleanerHost(Host& host) : m_host(host), m_sizes(host.sizeMeter()) {}
 
-    [[nodiscard]] const std::string& user() const { return m_host.user(); }
+    [[nodiscard]] const std::vector<std::string>& users() const { return m_host.homes().users; }
     [[nodiscard]] CleanerServices services() { return {m_host.disk(), *m_sizes}; }
 
-    /// Says so where the volume does not hold the user's home.
-    void sayMissingHome(const Console& console)
+    /// Says what of the homes asked for is not there or could not be read, and whose are left out.
+    void sayHomes(const Console& console)
     {
         ScanCoverage coverage;
-        noteHomes(m_host.disk(), "/Users/" + user(), coverage);
+        m_host.homes().note(coverage);
         if (!coverage.missingHome.empty())
             console.say(missingHomeText(coverage));
+        else if (!coverage.homesLeftOut.empty())
+            console.say(homesLeftOutText(coverage));
+        for (const Refusal& refusal : coverage.refused)
+            console.say("not readable: " + forTerminal(refusal.path) + " (" +
+                        forTerminal(refusal.reason) + ")");
     }
 
 private:

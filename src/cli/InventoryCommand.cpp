@@ -136,12 +136,21 @@ bool isWanted(const InventoryArguments& arguments, std::string_view name)
     return wanted.empty() || std::find(wanted.begin(), wanted.end(), name) != wanted.end();
 }
 
-std::vector<Listed> gather(const AdwareScan& scan, const InventoryArguments& arguments,
-                           const StopFlag& stop)
+/// Whether what all users share has a part in that list.
+bool isShared(const Kind& kind)
+{
+    return std::holds_alternative<UrlList (AdwareScan::*)() const>(kind.list) &&
+           kind.kind != InventoryKind::SafariExtensions;
+}
+
+std::vector<Listed> gather(const AdwareScan& scan, AdwareScan::Part part,
+                           const InventoryArguments& arguments, const StopFlag& stop)
 {
     std::vector<Listed> lists;
     for (const Kind& kind : kKinds) {
         if (!isWanted(arguments, kind.name))
+            continue;
+        if (part == AdwareScan::Part::Shared && !isShared(kind))
             continue;
         if (stop.requested())
             break;
@@ -150,35 +159,86 @@ std::vector<Listed> gather(const AdwareScan& scan, const InventoryArguments& arg
     return lists;
 }
 
-/// Facts alone are told of all homes that there are, unless one is named.
+/// What is listed for one user, or for all of them together.
+struct Section {
+    AdwareScan::Part part = AdwareScan::Part::Both;
+    std::string user; ///< empty: what all share
+    std::vector<Listed> lists = {};
+};
+
+std::vector<Section> sectionsFor(const Host& host, const InventoryArguments& arguments)
+{
+    if (std::ranges::none_of(kKinds,
+                             [&](const Kind& kind) { return isWanted(arguments, kind.name); }))
+        return {};
+    if (const std::string user = host.user(); !user.empty())
+        return {{AdwareScan::Part::Both, user}};
+    std::vector<Section> sections{{AdwareScan::Part::Shared, {}}};
+    for (const std::string& user : host.homes().users)
+        sections.push_back({AdwareScan::Part::Own, user});
+    return sections;
+}
+
+nlohmann::ordered_json asJson(const std::vector<Listed>& lists)
+{
+    auto object = nlohmann::ordered_json::object();
+    for (const Listed& list : lists)
+        std::visit([&](const auto& entries) { object[list.kind->key] = asJson(entries); },
+                   list.entries);
+    return object;
+}
+
+/// Of one user the lists by themselves; of several what they share, then each user's.
+nlohmann::ordered_json asJson(const std::vector<Section>& sections)
+{
+    if (sections.empty())
+        return nlohmann::ordered_json::object();
+    if (sections.front().part == AdwareScan::Part::Both)
+        return asJson(sections.front().lists);
+    auto users = nlohmann::ordered_json::array();
+    for (const Section& section : sections) {
+        if (section.part != AdwareScan::Part::Own)
+            continue;
+        nlohmann::ordered_json user{{"user", forJson(section.user)}};
+        user.update(asJson(section.lists));
+        users.push_back(std::move(user));
+    }
+    return {{"shared", asJson(sections.front().lists)}, {"users", std::move(users)}};
+}
+
+void writeText(const std::vector<Section>& sections, const Console& console)
+{
+    for (const Section& section : sections) {
+        if (section.part == AdwareScan::Part::Shared)
+            console.out << "Shared by all users\n";
+        else if (section.part == AdwareScan::Part::Own)
+            console.out << "\nUser " << forTerminal(section.user) << "\n";
+        for (const Listed& list : section.lists)
+            std::visit(
+                [&](const auto& entries) {
+                    console.out << heading(list.kind->kind) << ": " << entries.size() << "\n"
+                                << asText(entries);
+                },
+                list.entries);
+    }
+}
+
+/// Facts alone are told of all homes that there are, unless users are named.
 bool asksForOneHome(const InventoryArguments& arguments)
 {
-    return !arguments.volume.user.empty() ||
+    return !arguments.volume.users.empty() ||
            std::any_of(std::begin(kKinds), std::end(kKinds),
                        [&](const Kind& kind) { return isWanted(arguments, kind.name); });
 }
 
-void printLists(const Console& console, const std::vector<Listed>& lists,
-                const InventoryArguments& arguments, const Facts& facts, const FactKinds& factKinds)
+std::vector<FactHome> factHomesFor(Host& host, const InventoryArguments& arguments)
 {
-    auto document = nlohmann::ordered_json::object();
-    for (const Listed& list : lists) {
-        std::visit(
-            [&](const auto& entries) {
-                if (arguments.format == "json")
-                    document[list.kind->key] = asJson(entries);
-                else
-                    console.out << heading(list.kind->kind) << ": " << entries.size() << "\n"
-                                << asText(entries);
-            },
-            list.entries);
-    }
-    if (arguments.format == "json") {
-        addFactsJson(document, facts, factKinds);
-        console.out << document.dump(2) << "\n";
-    } else {
-        printFacts(console, facts, factKinds);
-    }
+    if (arguments.volume.users.empty())
+        return factHomes(host.disk());
+    std::vector<FactHome> homes;
+    for (const std::string& user : host.homes().users)
+        homes.push_back({user, homePath(user)});
+    return homes;
 }
 
 int runInventory(const InventoryArguments& arguments, const Console& console)
@@ -186,29 +246,42 @@ int runInventory(const InventoryArguments& arguments, const Console& console)
     auto host = Host::open(console, arguments.volume, StoreUse::None);
     if (!host)
         return console.fail(host.error().message);
+    if (const auto holds = (*host)->mustHoldMac(); !holds)
+        return console.fail(holds.error().message);
     CleanerHost cleaner(**host);
     if (asksForOneHome(arguments))
-        cleaner.sayMissingHome(console);
-    const AdwareScan scan(cleaner.services(), (*host)->user(), console.interrupted);
-    std::vector<Listed> lists;
+        cleaner.sayHomes(console);
+    std::vector<Section> sections = sectionsFor(**host, arguments);
+    bool whole = true;
     const FactKinds factKinds = factKindsOf(arguments.kinds);
     Facts facts;
     withProgress(
         console, [] { return std::string("listing"); },
         [&] {
-            lists = gather(scan, arguments, console.interrupted);
+            for (Section& section : sections) {
+                const AdwareScan scan(cleaner.services(), section.user, console.interrupted,
+                                      section.part);
+                section.lists = gather(scan, section.part, arguments, console.interrupted);
+                whole = whole && scan.whole();
+            }
             if (factKinds.any())
-                facts = gatherFacts((*host)->disk(),
-                                    factHomesOf((*host)->disk(), arguments.volume.user), factKinds,
+                facts = gatherFacts((*host)->disk(), factHomesFor(**host, arguments), factKinds,
                                     console.interrupted);
         });
     if (console.interrupted.requested()) {
         console.say("interrupted; nothing was listed");
         return kInterrupted;
     }
-    printLists(console, lists, arguments, facts, factKinds);
+    if (arguments.format == "json") {
+        auto document = asJson(sections);
+        addFactsJson(document, facts, factKinds);
+        console.out << document.dump(2) << "\n";
+    } else {
+        writeText(sections, console);
+        printFacts(console, facts, factKinds);
+    }
     const bool factsAreWhole = sayUnreadSources(console, facts);
-    if (!scan.whole()) {
+    if (!whole) {
         console.say(
             "the list of extensions is not whole: this disk names more profiles, folders or "
             "data than any browser makes, and what goes beyond was left out");

@@ -41,13 +41,6 @@ FactKinds factKindsOf(const std::vector<std::string>& kinds)
     return {has(FactKind::Permissions), has(FactKind::StartUp), has(FactKind::RemoteAccess)};
 }
 
-std::vector<FactHome> factHomesOf(FileSystem& disk, const std::string& namedUser)
-{
-    if (namedUser.empty())
-        return factHomes(disk);
-    return {{namedUser, "/Users/" + namedUser}};
-}
-
 void addFactsJson(nlohmann::ordered_json& document, const Facts& facts, const FactKinds& kinds)
 {
     if (!kinds.any())

@@ -18,9 +18,6 @@ class Host;
 /// The names that --kind takes for them.
 [[nodiscard]] std::vector<std::string> factKindNames();
 
-/// The homes to be looked at: the user's that was named, or all of the disk.
-[[nodiscard]] std::vector<FactHome> factHomesOf(FileSystem& disk, const std::string& namedUser);
-
 void addFactsJson(nlohmann::ordered_json& document, const Facts& facts, const FactKinds& kinds);
 void printFacts(const Console& console, const Facts& facts, const FactKinds& kinds);
 

@@ -11,6 +11,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <iterator>
 #include <ostream>
 
 namespace pryvane::cli {
@@ -238,9 +239,18 @@ void showPreview(const CleaningPreview& preview, const ClearArguments& arguments
 int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remover& remover,
                const ClearArguments& arguments, const Console& console)
 {
-    auto groups =
-        PrivacyCatalogue(cleaner.services(), cleaner.user(), console.interrupted).groups();
-    if (const auto ticked = tickWanted(groups, arguments); !ticked)
+    std::vector<ToolGroup> groups;
+    Result<Done> ticked = Error{"there is no home to clear"};
+    bool anyTicked = false;
+    for (const std::string& user : cleaner.users()) {
+        auto own = PrivacyCatalogue(cleaner.services(), user, console.interrupted).groups();
+        // What one user has another need not have.
+        ticked = tickWanted(own, arguments);
+        anyTicked = anyTicked || ticked;
+        if (ticked)
+            std::ranges::move(own, std::back_inserter(groups));
+    }
+    if (!anyTicked)
         return console.fail(ticked.error().message);
     sayDear(groups, arguments, console);
     CleaningPreview preview;
@@ -259,7 +269,8 @@ int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remov
         return kDone;
     const auto totals = preview.totals();
     if (totals.entries > 0 &&
-        !console.confirmed("Remove " + amountText(totals.entries, totals.bytes) + " for good?",
+        !console.confirmed("Remove " + amountText(totals.entries, totals.bytes) + " of " +
+                               namesText(cleaner.users()) + " for good?",
                            arguments.yes))
         return kFailed;
     CleaningOutcome outcome;

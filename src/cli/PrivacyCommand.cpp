@@ -33,7 +33,7 @@ nlohmann::ordered_json asJson(const ToolItem& item)
             {"isHeader", item.isHeader},          {"AllList", std::move(paths)}};
 }
 
-void writeJson(const std::vector<ToolGroup>& groups, const Console& console)
+nlohmann::ordered_json asJson(const std::vector<ToolGroup>& groups)
 {
     auto list = nlohmann::ordered_json::array();
     for (const ToolGroup& group : groups) {
@@ -46,7 +46,24 @@ void writeJson(const std::vector<ToolGroup>& groups, const Console& console)
                         {"isEnabled", group.isEnabled},
                         {"items", std::move(items)}});
     }
-    console.out << list.dump(2) << "\n";
+    return list;
+}
+
+/// The groups of one user.
+struct UsersGroups {
+    std::string user;
+    std::vector<ToolGroup> groups = {};
+};
+
+/// Of one user the groups by themselves.
+void writeJson(const std::vector<UsersGroups>& users, bool one, const Console& console)
+{
+    auto list = nlohmann::ordered_json::array();
+    for (const UsersGroups& user : users)
+        list.push_back({{"user", forJson(user.user)}, {"groups", asJson(user.groups)}});
+    const auto document =
+        one ? asJson(users.front().groups) : nlohmann::ordered_json{{"users", std::move(list)}};
+    console.out << document.dump(2) << "\n";
 }
 
 void writeText(const std::vector<ToolGroup>& groups, const Console& console)
@@ -71,9 +88,14 @@ int listPrivacy(const PrivacyArguments& arguments, const Console& console)
     auto host = Host::open(console, arguments.volume, StoreUse::None);
     if (!host)
         return console.fail(host.error().message);
+    if (const auto holds = (*host)->mustHoldMac(); !holds)
+        return console.fail(holds.error().message);
     CleanerHost cleaner(**host);
-    cleaner.sayMissingHome(console);
-    std::vector<ToolGroup> groups;
+    cleaner.sayHomes(console);
+    std::vector<UsersGroups> users;
+    for (const std::string& user : (*host)->homes().users)
+        users.push_back({user});
+    const bool one = !(*host)->user().empty();
     PrivacyProgress progress;
     withProgress(
         console,
@@ -83,17 +105,23 @@ int listPrivacy(const PrivacyArguments& arguments, const Console& console)
                    std::to_string(progress.sizes.entries) + " entries";
         },
         [&] {
-            scanPrivacy(cleaner.services(), (*host)->user(), console.interrupted, progress,
-                        [&](ToolGroup group) { groups.push_back(std::move(group)); });
+            for (UsersGroups& user : users)
+                scanPrivacy(cleaner.services(), user.user, console.interrupted, progress,
+                            [&](ToolGroup group) { user.groups.push_back(std::move(group)); });
         });
     if (console.interrupted.requested()) {
         console.say("interrupted; nothing was listed");
         return kInterrupted;
     }
     if (arguments.format == "json")
-        writeJson(groups, console);
+        writeJson(users, one, console);
     else
-        writeText(groups, console);
+        for (const UsersGroups& user : users) {
+            if (!one)
+                console.out << (&user == &users.front() ? "User " : "\nUser ")
+                            << forTerminal(user.user) << "\n";
+            writeText(user.groups, console);
+        }
     if (!progress.allSeen)
         console.say("not every folder could be looked at, so there may be more than is listed");
     if (!progress.whole)
@@ -106,14 +134,23 @@ int clearPrivacy(const PrivacyArguments& arguments, const Console& console)
 {
     if (!canChange(arguments.volume, console))
         return kFailed;
+    if (arguments.volume.allUsers)
+        return console.fail("private data is cleared for users that are named: give --user NAME "
+                            "for each");
     if (arguments.clear.items.empty() && arguments.clear.groups.empty())
         return console.fail("name what to clear: --item ITEM or --group GROUP, each as often as "
                             "needed; pryvane-cli privacy list shows what there is");
     auto host = Host::open(console, arguments.volume, StoreUse::None);
     if (!host)
         return console.fail(host.error().message);
+    if (const auto holds = (*host)->mustHoldMac(); !holds)
+        return console.fail(holds.error().message);
     CleanerHost cleaner(**host);
-    cleaner.sayMissingHome(console);
+    cleaner.sayHomes(console);
+    if ((*host)->whose().isEveryone())
+        return console.fail("name whose private data to clear: --user NAME, which may be repeated; "
+                            "users of this disk: " +
+                            namesText((*host)->homes().users));
     const auto running = (*host)->workspace().runningApplications();
     const auto remover = (*host)->remover();
     if (!remover)

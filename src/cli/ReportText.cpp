@@ -79,6 +79,10 @@ std::string coverageText(const ScanCoverage& coverage)
         text += ", " + std::to_string(coverage.entriesWalked) + " entries walked";
     text += ", in " + secondsText(coverage.seconds) + "\n";
 
+    for (const std::string& leftOut : {systemVolumeText(coverage), homesLeftOutText(coverage)}) {
+        if (!leftOut.empty())
+            text += "  " + leftOut + "\n";
+    }
     std::size_t shown = 0;
     for (const Refusal& refusal : coverage.refused) {
         if (++shown > kShownRefusals) {

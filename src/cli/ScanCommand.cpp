@@ -94,7 +94,7 @@ public:
 private:
     [[nodiscard]] static ScanOptions options(const Host& host, const ScanArguments& arguments)
     {
-        ScanOptions options{host.user(), {}, arguments.checkSubDir};
+        ScanOptions options{host.whose(), {}, arguments.checkSubDir};
         options.grantedRoot =
             arguments.wholeDisk ? FileURL::fileURLWithPath("/") : options.homeRoot();
         return options;
@@ -153,6 +153,8 @@ int runScan(const ScanArguments& arguments, const Console& console)
                    arguments.paced ? Pacing::Paced : Pacing::Unpaced, Asking::WhatScansAsk);
     if (!host)
         return console.fail(host.error().message);
+    if (const auto holds = (*host)->mustHoldMac(); !holds)
+        return console.fail(holds.error().message);
     // A store that cannot be written is better known before the scan than after it.
     if (const auto writable = (*host)->defaults().set(preferences::kScan, false); !writable)
         return console.fail(writable.error().message + " (--no-store scans without a store)");

@@ -6,17 +6,22 @@
 
 namespace pryvane {
 
-void noteHomes(FileSystem& disk, const std::string& homePath, ScanCoverage& coverage)
+std::string systemVolumeText(const ScanCoverage& coverage)
 {
-    auto homes = disk.homes();
-    std::sort(homes.begin(), homes.end());
-    if (disk.presence(FileURL::fileURLWithPath(homePath + "/")) == Presence::Absent) {
-        coverage.missingHome = homePath;
-        coverage.homes = std::move(homes);
-        return;
-    }
-    std::erase(homes, homePath.substr(homePath.rfind('/') + 1));
-    coverage.homesLeftOut = std::move(homes);
+    return coverage.systemVolumeLeftOut == 0
+               ? std::string()
+               : "the system volume was not looked at: " +
+                     countedText(static_cast<std::uint64_t>(coverage.systemVolumeLeftOut),
+                                 "signature", "signatures") +
+                     " left out";
+}
+
+std::string homesLeftOutText(const ScanCoverage& coverage)
+{
+    std::string text;
+    for (const std::string& home : coverage.homesLeftOut)
+        text += (text.empty() ? "not looked at: the homes of " : ", ") + forScreen(home);
+    return text;
 }
 
 std::string missingHomeText(const ScanCoverage& coverage)

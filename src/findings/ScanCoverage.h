@@ -33,6 +33,9 @@ struct ScanEnding {
 struct ScanCoverage {
     ScanEnding ended;
     std::int64_t signaturesTested = 0; ///< names searched and locations tested
+    /// Locations that lie on the system volume, where only the data volume was looked at; none of
+    /// those tested.
+    std::int64_t systemVolumeLeftOut = 0;
     std::int64_t foldersListed = 0;
     std::int64_t entriesSearched = 0; ///< entries of the default locations
     std::int64_t entriesWalked = 0;   ///< entries of a deep walk
@@ -50,11 +53,13 @@ struct ScanCoverage {
     }
 };
 
-/// Where the volume has no folder of that home, notes that and the homes there are; otherwise notes
-/// the other homes, which nobody asked for.
-void noteHomes(FileSystem& disk, const std::string& homePath, ScanCoverage& coverage);
+/// "the system volume was not looked at: 28 signatures left out"; empty where it was.
+[[nodiscard]] std::string systemVolumeText(const ScanCoverage& coverage);
 
-/// What noteHomes() noted of a missing home, in words escaped for display.
+/// "not looked at: the homes of bob, carol", escaped for display; empty where there are none.
+[[nodiscard]] std::string homesLeftOutText(const ScanCoverage& coverage);
+
+/// What is said of a missing home, in words escaped for display.
 [[nodiscard]] std::string missingHomeText(const ScanCoverage& coverage);
 
 } // namespace pryvane

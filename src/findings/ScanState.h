@@ -27,7 +27,8 @@ struct ScanState {
     std::string reportId;         ///< of the last report of this disk made in this run
     std::optional<Date> lastScan; ///< of this disk and user; none known
 
-    std::vector<std::string> fullSystemScanPaths; ///< set by each deep scan as it starts
+    std::vector<std::string>
+        fullSystemScanPaths; ///< set by each deep scan as it starts, on its thread
     std::vector<std::string>
         arrDefaultTorvellApp; ///< names of the maker's own products; set before any scan
     ResultList arrSpywareList;

@@ -56,6 +56,8 @@ public:
     std::int64_t size = 0;  ///< bytes
     FileURL url;
     std::string risk;
+    std::string
+        user; ///< in whose home it lies, as Users.h names them; empty: in a place that all share
     bool isChecked = false; ///< selected for removal
     bool isDeleted = false; ///< its removal succeeded
     bool isNoAction = false;

@@ -130,7 +130,10 @@ DiskSource::Kind sourceOfWord(std::string_view word)
 bool isAbout(std::string_view volume, const Subject& of, std::string_view here,
              std::string_view user)
 {
-    return isSameVolume(volume, here) && std::ranges::find(of.users, user) != of.users.end();
+    // Of everyone no report tells that looked at one user alone.
+    const bool isTheirs =
+        user.empty() ? of.users.size() > 1 : std::ranges::find(of.users, user) != of.users.end();
+    return isSameVolume(volume, here) && isTheirs;
 }
 
 } // namespace pryvane

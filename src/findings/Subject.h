@@ -46,6 +46,7 @@ inline constexpr const char* kNotKnown = "not known";
 
 /// Whether a report about `of` and its volume tells anything of this user's things on the volume
 /// `here`. A volume without an identity is like no other, and a report without users is of nobody.
+/// An empty user is everyone.
 [[nodiscard]] bool isAbout(std::string_view volume, const Subject& of, std::string_view here,
                            std::string_view user);
 

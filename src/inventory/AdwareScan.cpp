@@ -132,6 +132,8 @@ std::vector<ExtensionEntry> AdwareScan::getChromeExtantionList() const
 
 std::vector<ExtensionEntry> AdwareScan::chromeExtensions(std::string_view place) const
 {
+    if (m_part == Part::Shared)
+        return {};
     ChromeExtensions extensions(m_disk, m_stop);
     for (const ChromeProfile& profile : chromeProfiles(place))
         extensions.add(in(m_home.at(place), profile.folder), profile.name);
@@ -145,6 +147,8 @@ std::vector<ExtensionEntry> AdwareScan::getFirefoxExtantionList() const
 
 std::vector<ExtensionEntry> AdwareScan::firefoxAddOns() const
 {
+    if (m_part == Part::Shared)
+        return {};
     BoundedList<ExtensionEntry> found;
     std::size_t profiles = 0;
     std::size_t bytes = ListingBounds().bytesRead;
@@ -202,6 +206,8 @@ std::vector<ExtensionEntry> AdwareScan::measured(std::vector<ExtensionEntry> ent
 
 std::vector<FileURL> AdwareScan::getSafariExtantionList() const
 {
+    if (m_part == Part::Shared)
+        return {};
     return getUrlListAt(m_home.at(joinedPath(HomeFolder::kSafari, "Extensions")));
 }
 
@@ -253,15 +259,21 @@ std::vector<FileURL> AdwareScan::getApplicationSupportList() const
 
 std::vector<FileURL> AdwareScan::inBothLibraries(std::string_view folder) const
 {
-    auto urls = getUrlListAt(FileURL::fileURLWithPath(joinedPath("/", folder)));
-    append(urls, getUrlListAt(m_home.at(folder)));
+    std::vector<FileURL> urls;
+    if (m_part != Part::Own)
+        urls = getUrlListAt(FileURL::fileURLWithPath(joinedPath("/", folder)));
+    if (m_part != Part::Shared)
+        append(urls, getUrlListAt(m_home.at(folder)));
     return urls;
 }
 
 std::vector<FileURL> AdwareScan::getAppList() const
 {
-    auto urls = getApplicationList(FileURL::fileURLWithPath("/Applications"));
-    append(urls, getApplicationList(FileURL::fileURLWithPath(m_home.path())));
+    std::vector<FileURL> urls;
+    if (m_part != Part::Own)
+        urls = getApplicationList(FileURL::fileURLWithPath("/Applications"));
+    if (m_part != Part::Shared)
+        append(urls, getApplicationList(FileURL::fileURLWithPath(m_home.path())));
     return urls;
 }
 

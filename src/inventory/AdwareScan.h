@@ -5,6 +5,7 @@
 #include "inventory/ExtensionPermissions.h"
 #include "platform/FileSystem.h"
 #include "platform/FileURL.h"
+#include "platform/Users.h"
 
 #include <array>
 #include <atomic>
@@ -49,7 +50,7 @@ public:
         "Library/Application Support/Firefox/Profiles";
     static constexpr std::string_view kSafari = "Library/Safari";
 
-    explicit HomeFolder(std::string user) : m_path("/Users/" + std::move(user)) {}
+    explicit HomeFolder(const std::string& user) : m_path(homePath(user)) {}
 
     [[nodiscard]] const std::string& path() const { return m_path; }
 
@@ -99,8 +100,12 @@ struct CleanerServices {
 /// for partial lists.
 class AdwareScan {
 public:
-    AdwareScan(const CleanerServices& services, std::string user, const StopFlag& stop)
-        : m_services(services), m_disk(services.disk), m_home(std::move(user)), m_stop(stop)
+    /// What of a Mac to list: what all users share, or what is a user's own, or both.
+    enum class Part : std::uint8_t { Both, Shared, Own };
+
+    AdwareScan(const CleanerServices& services, const std::string& user, const StopFlag& stop,
+               Part part = Part::Both)
+        : m_services(services), m_disk(services.disk), m_home(user), m_stop(stop), m_part(part)
     {
     }
 
@@ -166,6 +171,7 @@ private:
     FileSystem& m_disk;
     HomeFolder m_home;
     const StopFlag& m_stop;
+    const Part m_part;
     mutable std::atomic<bool> m_whole{true};
 };
 

@@ -1,6 +1,7 @@
 #include "inventory/InventoryController.h"
 
 #include <algorithm>
+#include <deque>
 #include <iterator>
 #include <utility>
 
@@ -74,9 +75,9 @@ Entries listOf(InventoryKind kind, const AdwareScan& scan)
 
 } // namespace
 
-InventoryController::InventoryController(const Services& services, std::string user,
+InventoryController::InventoryController(const Services& services, UserChoice users,
                                          QObject* parent)
-    : QObject(parent), m_services(services), m_user(std::move(user)), m_later(services.mainQueue)
+    : QObject(parent), m_services(services), m_users(std::move(users)), m_later(services.mainQueue)
 {
 }
 
@@ -103,7 +104,14 @@ void InventoryController::gather()
     m_gathering = {};
     m_thread.start(
         [this] {
-            const AdwareScan scan(m_services.disk, m_user, m_stop);
+            using Part = AdwareScan::Part;
+            std::deque<AdwareScan> scans; // what all share, then each user's own
+            const auto& users = m_users.users();
+            if (users.size() != 1)
+                scans.emplace_back(m_services.disk, std::string(), m_stop, Part::Shared);
+            for (const std::string& user : users)
+                scans.emplace_back(m_services.disk, user, m_stop,
+                                   users.size() == 1 ? Part::Both : Part::Own);
             for (std::size_t kind = 0; kind < kInventoryHeadings.size(); ++kind) {
                 if (m_stop.requested())
                     break;
@@ -111,13 +119,16 @@ void InventoryController::gather()
                     m_gathering = static_cast<InventoryKind>(kind);
                     Q_EMIT stateChanged();
                 });
-                m_later.post(
-                    [this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
-                        std::move(found.begin(), found.end(), std::back_inserter(m_entries));
-                        Q_EMIT stateChanged();
-                    });
+                for (const AdwareScan& scan : scans) {
+                    m_later.post(
+                        [this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
+                            std::move(found.begin(), found.end(), std::back_inserter(m_entries));
+                            Q_EMIT stateChanged();
+                        });
+                }
             }
-            m_later.post([this, whole = scan.whole()] { ended(whole); });
+            const bool whole = std::ranges::all_of(scans, &AdwareScan::whole);
+            m_later.post([this, whole] { ended(whole); });
         },
         [this](const char*) { m_later.post([this] { ended(false); }); });
     Q_EMIT stateChanged();

@@ -37,7 +37,7 @@ public:
     };
 
     /// The services outlive this.
-    InventoryController(const Services& services, std::string user, QObject* parent = nullptr);
+    InventoryController(const Services& services, UserChoice users, QObject* parent = nullptr);
     ~InventoryController() override;
 
     /// The page is about to be shown: the first time, the inventory is gathered.
@@ -64,7 +64,7 @@ private:
     void ended(bool whole);
 
     const Services m_services;
-    const std::string m_user;
+    const UserChoice m_users;
     bool m_hasAppeared = false;
     bool m_isGathering = false;
     bool m_isWhole = false;

@@ -119,6 +119,16 @@ public:
 
     [[nodiscard]] virtual DiskSource source() const { return {}; }
 
+    /// The absolute path of what stands there, links on the way taken out and in the disk's
+    /// spelling; empty where it cannot be told.
+    [[nodiscard]] virtual std::string placeBehindLinks(const FileURL& url) const
+    {
+        return url.absolutePath();
+    }
+
+    /// Whether it is a Mac's data volume by itself, without the system volume that goes with it.
+    [[nodiscard]] virtual bool lacksSystemVolume() const { return false; }
+
     /// Drops what was remembered of folders' spellings; called when a scan starts.
     virtual void forgetListings() = 0;
 

@@ -107,11 +107,12 @@ void scanPrivacy(const CleanerServices& services, const std::string& user, const
     services.disk.forgetListings();
     PrivacyCatalogue catalogue(services, user, stop);
     Waiting waiting(catalogue.groups(), services.disk, progress, sink);
-    progress.whole = catalogue.whole();
-    progress.allSeen = catalogue.allSeen();
+    // Another user's may have been looked at before.
+    progress.whole = progress.whole && catalogue.whole();
+    progress.allSeen = progress.allSeen && catalogue.allSeen();
     if (stop.requested())
         return;
-    progress.locations = waiting.urls().size();
+    progress.locations += waiting.urls().size();
     waiting.tellFinished();
     services.sizes.measure(waiting.urls(), stop, progress.sizes,
                            [&](std::size_t place, std::int64_t bytes) {

@@ -20,9 +20,9 @@ bool allTicked(const ToolGroup& group)
 
 } // namespace
 
-ToolsViewController::ToolsViewController(const Services& services, std::string user,
+ToolsViewController::ToolsViewController(const Services& services, UserChoice users,
                                          QObject* parent)
-    : QObject(parent), m_services(services), m_user(std::move(user)),
+    : QObject(parent), m_services(services), m_users(std::move(users)),
       m_progress(std::make_unique<PrivacyProgress>()), m_queue(services.mainQueue),
       m_session(services.mainQueue)
 {
@@ -71,14 +71,16 @@ void ToolsViewController::scanInBG()
 {
     const std::uint64_t round = m_round;
     const auto isNews = [this, round] { return round == m_round && m_state == State::Scanning; };
-    scanPrivacy(m_services.disk, m_user, m_stopScan, *m_progress, [&](ToolGroup group) {
+    const auto show = [&](ToolGroup group) {
         m_queue.post([this, isNews, group = std::move(group)]() mutable {
             if (!isNews())
                 return;
             m_availbleApp.push_back(std::move(group));
             Q_EMIT stateChanged();
         });
-    });
+    };
+    for (const std::string& user : m_users.users())
+        scanPrivacy(m_services.disk, user, m_stopScan, *m_progress, show);
     m_queue.post([this, isNews] {
         if (isNews())
             BGscanDone();

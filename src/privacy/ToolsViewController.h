@@ -42,7 +42,7 @@ public:
     };
 
     /// The services outlive this.
-    ToolsViewController(const Services& services, std::string user, QObject* parent = nullptr);
+    ToolsViewController(const Services& services, UserChoice users, QObject* parent = nullptr);
     ~ToolsViewController() override;
 
     /// The screen is about to be shown: the first time, the catalogue is built.
@@ -101,7 +101,7 @@ private:
     void cleaned();
 
     const Services m_services;
-    const std::string m_user;
+    const UserChoice m_users;
     State m_state = State::Idle;
     bool m_isMeasured = false;
     bool m_hasAppeared = false;

@@ -30,10 +30,11 @@ constexpr std::string_view kSource = "source", kVolumeName = "volumeName",
                            kUsers = "users";
 constexpr std::string_view kName = "name", kIsChecked = "isChecked", kInfections = "infections",
                            kSize = "size", kUrl = "url", kRisk = "risk", kPath = "path",
-                           kKind = "kind";
+                           kKind = "kind", kUser = "user";
 constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListed = "foldersListed",
                            kEntriesSearched = "entriesSearched", kEntriesWalked = "entriesWalked",
                            kRefused = "refused", kReason = "reason", kHeldBack = "heldBack",
+                           kSystemVolumeLeftOut = "systemVolumeLeftOut",
                            kMissingHome = "missingHome", kHomes = "homes",
                            kHomesLeftOut = "homesLeftOut", kSeconds = "seconds", kEnded = "ended",
                            kHow = "how", kPercent = "percent";
@@ -90,7 +91,7 @@ FileKind kindOf(std::string_view stored)
 
 void writeRecord(CborWriter& out, const Spyware& record)
 {
-    out.map(8);
+    out.map(9);
     out.text(key::kName).textOrBytes(record.name);
     out.text(key::kIsChecked).boolean(record.isChecked);
     out.text(key::kInfections).textOrBytes(record.infections);
@@ -99,6 +100,7 @@ void writeRecord(CborWriter& out, const Spyware& record)
     out.text(key::kRisk).textOrBytes(record.risk);
     out.text(key::kPath).bytes(record.url.relativePath());
     out.text(key::kKind).text(kindText(record.kind));
+    out.text(key::kUser).bytes(record.user);
 }
 
 /// The stored "isChecked" is not read: whether a record is selected follows the disk.
@@ -122,6 +124,8 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
             record->risk = in.string();
         else if (key == key::kPath)
             path = in.string();
+        else if (key == key::kUser)
+            record->user = in.string();
         else if (key == key::kKind)
             record->kind = kindOf(in.string());
         else
@@ -226,10 +230,11 @@ Subject readSubject(CborReader& in)
 
 void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
 {
-    out.map(11);
+    out.map(12);
     out.text(key::kEnded);
     writeEnding(out, coverage.ended);
     out.text(key::kSignaturesTested).integer(coverage.signaturesTested);
+    out.text(key::kSystemVolumeLeftOut).integer(coverage.systemVolumeLeftOut);
     out.text(key::kFoldersListed).integer(coverage.foldersListed);
     out.text(key::kEntriesSearched).integer(coverage.entriesSearched);
     out.text(key::kEntriesWalked).integer(coverage.entriesWalked);
@@ -282,6 +287,8 @@ ScanCoverage readCoverage(CborReader& in)
         const std::string_view key = in.key();
         if (key == key::kSignaturesTested)
             coverage.signaturesTested = in.integer();
+        else if (key == key::kSystemVolumeLeftOut)
+            coverage.systemVolumeLeftOut = in.integer();
         else if (key == key::kFoldersListed)
             coverage.foldersListed = in.integer();
         else if (key == key::kEntriesSearched)

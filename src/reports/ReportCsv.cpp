@@ -7,8 +7,8 @@ namespace pryvane {
 namespace {
 
 constexpr std::string_view kHeader =
-    "item,name,infections,size,path,url,risk,isAvail,evidence,rule,matched,presence,verdict,mac,"
-    "users\r\n";
+    "item,name,infections,size,path,url,risk,isAvail,evidence,rule,matched,presence,user,verdict,"
+    "mac,users\r\n";
 
 /// A cell of foreign text: harmless to look at, and no formula to any spreadsheet.
 std::string cell(std::string_view bytes)
@@ -39,7 +39,7 @@ std::string reportAsCsv(const SpywareScanReport& report)
                               cell(macName(report.subject)) + ',' +
                               cell(userNames(report.subject)) + "\r\n";
     if (report.spyWareList->empty())
-        csv += "0,,,,,,,,,,,," + whole;
+        csv += "0,,,,,,,,,,,,," + whole;
     std::size_t item = 0;
     for (const auto& record : *report.spyWareList) {
         csv += std::to_string(++item) + ',';
@@ -54,7 +54,8 @@ std::string reportAsCsv(const SpywareScanReport& report)
         csv += cell(evidenceText(flaggedBy.evidence)) + ',';
         csv += cell(flaggedBy.rule) + ',';
         csv += cell(flaggedBy.text) + ',';
-        csv += std::string(presenceWord(record->presence)) + ',' + whole;
+        csv += std::string(presenceWord(record->presence)) + ',';
+        csv += cell(record->user) + ',' + whole;
     }
     return csv;
 }

@@ -134,6 +134,10 @@ void coverage(std::string& page, const ScanCoverage& coverage)
 {
     page += "<h2>What was looked at</h2>\n<dl>\n";
     fact(page, "Signatures tested", std::to_string(coverage.signaturesTested));
+    for (const std::string& leftOut : {systemVolumeText(coverage), homesLeftOutText(coverage)}) {
+        if (!leftOut.empty())
+            fact(page, "Left out", leftOut);
+    }
     fact(page, "Folders listed", std::to_string(coverage.foldersListed));
     fact(page, "Entries searched", std::to_string(coverage.entriesSearched));
     fact(page, "Entries walked", std::to_string(coverage.entriesWalked));

@@ -28,6 +28,7 @@ Json recordJson(const Spyware& record, const FlaggedBy& flaggedBy)
         {"rule", flaggedBy.rule},
         {"matched", forJson(flaggedBy.text)},
         {"presence", presenceWord(record.presence)},
+        {"user", forJson(record.user)},
     };
     if (!record.presenceReason.empty())
         json["presenceReason"] = forJson(record.presenceReason);
@@ -83,6 +84,7 @@ Json coverageJson(const ScanCoverage& coverage)
         {"endedAtPercent",
          coverage.ended.percent == ScanEnding::kNotKnown ? Json() : Json(coverage.ended.percent)},
         {"signaturesTested", coverage.signaturesTested},
+        {"systemVolumeLeftOut", coverage.systemVolumeLeftOut},
         {"foldersListed", coverage.foldersListed},
         {"entriesSearched", coverage.entriesSearched},
         {"entriesWalked", coverage.entriesWalked},

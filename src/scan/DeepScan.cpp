@@ -8,6 +8,7 @@
 #include "scan/walker/DeepWalk.h"
 #include "scan/walker/NameWalk.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <string>
@@ -18,6 +19,7 @@ namespace pryvane {
 DeepScan::DeepScan(const PlatformServices& services, ScanState& state, FindingSink& findings,
                    ScanRequest request)
     : m_services(services), m_state(state), m_request(std::move(request)),
+      m_roots(m_request.roots()),
       m_texts(state.fullSystemScanPaths, PatternAutomaton::Letters::Exact),
       m_notifications(services.notifications, findings, m_coverage)
 {
@@ -27,25 +29,23 @@ DeepScan::DeepScan(const PlatformServices& services, ScanState& state, FindingSi
 template <typename Pass, typename NamePass>
 void DeepScan::onRoot(Pass pass, NamePass namePass)
 {
-    if (!m_request.root)
-        return;
-    const FileURL& url = *m_request.root;
-    if (const NameTree* names = m_services.disk.names()) {
-        NameWalk walk(m_state, *names, m_notifications);
-        namePass(walk, url);
-        return;
+    for (const FileURL& url : m_roots) {
+        if (const NameTree* names = m_services.disk.names()) {
+            NameWalk walk(m_state, *names, m_notifications);
+            namePass(walk, url);
+            continue;
+        }
+        const int folder = m_services.disk.openFolder(url);
+        if (folder < 0) {
+            // Both passes meet the same refusal; it is told once.
+            const Refusal refusal{url.relativePath(), errorText(errno)};
+            if (std::ranges::find(m_coverage.refused, refusal) == m_coverage.refused.end())
+                m_coverage.refused.push_back(refusal);
+            continue;
+        }
+        pass(WalkRoot{folder, url.relativePath()});
+        close(folder);
     }
-    const int folder = m_services.disk.openFolder(url);
-    if (folder < 0) {
-        // Both passes meet the same refusal; it is told once.
-        const std::string reason = errorText(errno);
-        const Refusal refusal{url.relativePath(), reason};
-        if (m_coverage.refused.empty() || !(m_coverage.refused.front() == refusal))
-            m_coverage.refused.insert(m_coverage.refused.begin(), refusal);
-        return;
-    }
-    pass(WalkRoot{folder, url.relativePath()});
-    close(folder);
 }
 
 bool DeepScan::count()
@@ -69,8 +69,9 @@ bool DeepScan::count()
 void DeepScan::scan()
 {
     const auto started = m_services.clock.steadyNow();
-    const auto told = m_coverage.refused.size();
-    const auto note = [this, told](const WalkOutcome& outcome, const std::string& root) {
+    const auto walked = [this](const std::string& root, const auto& walk) {
+        const auto told = m_coverage.refused.size();
+        const WalkOutcome outcome = walk();
         m_coverage.entriesWalked += outcome.entries;
         // The walk names the first ones only, so that a hostile disk cannot fill the memory.
         const auto named = static_cast<std::int64_t>(m_coverage.refused.size() - told);
@@ -82,10 +83,10 @@ void DeepScan::scan()
     onRoot(
         [&](const WalkRoot& root) {
             scanDirectory pass(m_state, m_texts, m_notifications);
-            note(pass.scan(root), root.path);
+            walked(root.path, [&] { return pass.scan(root); });
         },
         [&](NameWalk& walk, const FileURL& root) {
-            note(walk.scan(root, m_texts), root.relativePath());
+            walked(root.relativePath(), [&] { return walk.scan(root, m_texts); });
         });
     const std::chrono::duration<double> taken = m_services.clock.steadyNow() - started;
     m_services.log.line("scannig time " + std::to_string(taken.count()));

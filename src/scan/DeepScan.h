@@ -12,11 +12,12 @@ class FindingSink;
 struct ScanState;
 struct WalkRoot;
 
-/// The two passes of a deep scan over one root, told to the rest of the program as notifications
-/// and findings. One thread drives it from beginning to end; it may be any.
+/// The two passes of a deep scan over its roots, one after the other, told to the rest of the
+/// program as notifications and findings. One thread drives it from beginning to end; it may be
+/// any.
 class DeepScan {
 public:
-    /// Without a root there is nothing to walk, and both passes end at once.
+    /// Without roots there is nothing to walk, and both passes end at once.
     DeepScan(const PlatformServices& services, ScanState& state, FindingSink& findings,
              ScanRequest request);
 
@@ -36,6 +37,7 @@ private:
     PlatformServices m_services;
     ScanState& m_state;
     const ScanRequest m_request;
+    const std::vector<FileURL> m_roots;
     const PatternAutomaton m_texts;
     ScanCoverage m_coverage;
     WalkNotifications m_notifications;

@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/NotificationCenter.h"
+#include "findings/Homes.h"
 #include "findings/ScanState.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -81,6 +82,12 @@ void FindingInbox::clear()
     m_applications.forget();
 }
 
+void FindingInbox::setUsers(std::vector<std::string> users)
+{
+    const MutexLock lock(m_mutex);
+    m_users = std::move(users);
+}
+
 void FindingInbox::refuse(const FileURL& url)
 {
     const MutexLock lock(m_mutex);
@@ -91,6 +98,10 @@ void FindingInbox::refuse(const FileURL& url)
 /// On the scan's threads: the rule for applications may read files.
 void FindingInbox::test(std::shared_ptr<Spyware> record)
 {
+    {
+        const MutexLock lock(m_mutex);
+        record->user = userOf(record->url.absolutePath(), m_users);
+    }
     const auto times =
         m_applications.timesListed(record->url, m_state.arrDefaultTorvellApp, m_state.isScanStop);
     if (times)

@@ -36,6 +36,9 @@ public:
     void append(const FileURL& url, std::string_view name, std::string_view type,
                 std::string_view risk, std::int64_t size) override;
 
+    /// Whose homes are looked at from now on, sorted; each finding in one of them gets its user.
+    void setUsers(std::vector<std::string> users);
+
     /// Runs `done` on the main thread once every finding handed in before has been dealt with.
     void whenEmpty(std::function<void()> done);
 
@@ -83,6 +86,7 @@ private:
     Mutex m_mutex;
     std::deque<Pending> m_pending GUARDED_BY(m_mutex);
     bool m_scheduled GUARDED_BY(m_mutex) = false;
+    std::vector<std::string> m_users GUARDED_BY(m_mutex);
     std::vector<Refusal> m_refused GUARDED_BY(m_mutex);
     std::unordered_set<std::string> m_refusedLocations GUARDED_BY(m_mutex);
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileURL.h"
+#include "platform/Users.h"
 
 #include <optional>
 #include <string>
@@ -9,13 +10,22 @@ namespace pryvane {
 
 /// Whose scan it is, and what was settled before it starts.
 struct ScanOptions {
-    std::string user; ///< login short name, as raw bytes
+    UserChoice whose; ///< settled anew by each scan
     std::optional<FileURL>
         grantedRoot; ///< a root that needs no question: the call itself grants it
 
     std::optional<std::string> checkSubDir = {}; ///< "y" or "n" in place of the preference
 
-    [[nodiscard]] std::string homePath() const { return "/Users/" + user; }
+    /// The one user named; empty where there are several.
+    [[nodiscard]] std::string onlyUser() const
+    {
+        return whose.users().size() == 1 ? whose.users().front() : std::string();
+    }
+    /// Of several homes it is the folder that holds them.
+    [[nodiscard]] std::string homePath() const
+    {
+        return onlyUser().empty() ? "/Users" : pryvane::homePath(onlyUser());
+    }
     [[nodiscard]] FileURL homeRoot() const { return FileURL::fileURLWithPath(homePath() + "/"); }
 };
 

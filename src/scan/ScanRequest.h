@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pryvane {
 
@@ -17,8 +18,13 @@ struct ScanRequest {
 
     Kind kind = Kind::Quick;
     Folders folders = Folders::Nodes;
-    std::string user;            ///< login short name, as raw bytes
-    std::optional<FileURL> root; ///< what a deep scan walks; none when making the grant failed
+    std::vector<std::string> users; ///< whose homes, sorted, as Users.h names them
+    /// What a deep scan walks, "/Users" for the homes of several users; none when making the grant
+    /// failed.
+    std::optional<FileURL> root;
+
+    /// The folders that a deep scan walks, none inside another.
+    [[nodiscard]] std::vector<FileURL> roots() const;
 
     [[nodiscard]] bool isDeep() const { return kind == Kind::Deep; }
     /// What the report calls it.

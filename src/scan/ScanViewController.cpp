@@ -1,5 +1,6 @@
 #include "scan/ScanViewController.h"
 
+#include "findings/MacDisk.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
@@ -34,7 +35,7 @@ ScanViewController::ScanViewController(const PlatformServices& services, ScanSta
       m_options(std::move(options)), m_launchDate(services.clock.now()),
       m_later(services.mainQueue), m_inbox(services, state, [this] { Q_EMIT stateChanged(); }),
       m_removal(services, remover,
-                {state, m_display, m_lists, m_options.user, [this] { return isScanning(); },
+                {state, m_display, m_lists, m_options.onlyUser(), [this] { return isScanning(); },
                  [this] { makeAccessibleUIChanges(); }, [this] { Q_EMIT stateChanged(); },
                  [this] { Q_EMIT removalEnded(); }})
 {
@@ -58,7 +59,6 @@ ScanRequest ScanViewController::requested() const
                                         ? *m_options.checkSubDir
                                         : m_services.defaults.get(preferences::kCheckSubDir);
     ScanRequest request;
-    request.user = m_options.user;
     if (checkSubDir == "n")
         request.folders = ScanRequest::Folders::Flat;
     if (m_state.isDeepScan)
@@ -126,16 +126,30 @@ void ScanViewController::scanInBGThread()
     m_request.root =
         RootChoice(m_services, m_access, m_options).choose(m_statusPanel.isUserDirAccessible);
     m_coverage = {};
-    m_subject = {m_services.disk.source(), {}, {}, {m_request.user}};
+    m_subject = {m_services.disk.source(), {}, {}, {}};
+    if (const auto holds = mustHoldMac(m_services.disk); !holds) {
+        m_givenUp = holds.error().message;
+        backToIdle();
+        return;
+    }
     if (m_request.isDeep()) {
         startDeepScan();
     } else {
         m_partsRunning = 1;
-        startChecks();
+        startChecks({});
     }
 }
 
-void ScanViewController::startChecks()
+/// On the scan's first thread, as it reads the disk: whose homes this scan looks at.
+Homes ScanViewController::settle()
+{
+    Homes homes = settledHomes(m_services.disk, m_options.whose);
+    m_inbox.setUsers(homes.users);
+    m_later.post([this, users = homes.users] { m_request.users = users; });
+    return homes;
+}
+
+void ScanViewController::startChecks(std::optional<Homes> settled)
 {
     CheckSequence::StepShown shown;
     if (!m_request.isDeep()) {
@@ -145,13 +159,15 @@ void ScanViewController::startChecks()
         };
     }
     m_checkThread.start(
-        [this, shown = std::move(shown), user = m_request.user] {
+        [this, shown = std::move(shown), settled = std::move(settled)] {
+            const Homes homes = settled ? *settled : settle();
             ScanCoverage coverage;
-            CheckRunner checks(m_services.disk, m_services.defaults, user, m_inbox, coverage);
+            CheckRunner checks(m_services.disk, m_services.defaults, homes.users, m_inbox,
+                               coverage);
             CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
             const auto outcome = sequence.scan4SpywareStart();
-            noteHomes(m_services.disk, m_options.homePath(), coverage);
-            auto subject = readSubject(m_services.disk, {user});
+            homes.note(coverage);
+            auto subject = readSubject(m_services.disk, homes.users);
             const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
                                                                             : Ending::WithoutReport;
             m_inbox.whenEmpty(
@@ -167,14 +183,16 @@ void ScanViewController::startChecks()
 /// folders are gone through as nodes; a scan that is stopped while it counts has no checks.
 void ScanViewController::startDeepScan()
 {
-    m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(m_request.user);
     m_fileCountCompleted = false;
     m_partsRunning = 1;
     m_walkThread.start(
-        [this, request = m_request] {
+        [this, request = m_request]() mutable {
+            const Homes homes = settle();
+            request.users = homes.users;
+            m_state.fullSystemScanPaths = catalogue::fullSyatemScanPath(homes.users);
             DeepScan walk(m_services, m_state, m_inbox, request);
             if (walk.count()) {
-                m_later.post([this] { DeepScanStart(); });
+                m_later.post([this, homes] { DeepScanStart(homes); });
                 walk.scan();
             }
             const auto ending = request.folders == ScanRequest::Folders::Nodes
@@ -190,13 +208,13 @@ void ScanViewController::startDeepScan()
         [this](const char* why) { partGivenUp(Part::Walk, why); });
 }
 
-void ScanViewController::DeepScanStart()
+void ScanViewController::DeepScanStart(Homes homes)
 {
     m_fileCountCompleted = true;
     m_display.activityIndicator = false;
     m_display.scanTypeLabel = "Scanning Entry:";
     ++m_partsRunning;
-    startChecks();
+    startChecks(std::move(homes));
     Q_EMIT stateChanged();
 }
 

@@ -3,6 +3,7 @@
 #include "core/NotificationCenter.h"
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
+#include "findings/Homes.h"
 #include "findings/ScanCoverage.h"
 #include "findings/ScanState.h"
 #include "platform/PlatformServices.h"
@@ -116,9 +117,10 @@ private:
     [[nodiscard]] bool isAtWork() const { return m_state.phase == ScanState::Phase::Scanning; }
     void showStart();
     void scanInBGThread();
-    void startChecks();
+    [[nodiscard]] Homes settle();
+    void startChecks(std::optional<Homes> settled);
     void startDeepScan();
-    void DeepScanStart();
+    void DeepScanStart(Homes homes);
     void partGivenUp(Part part, const char* why);
     void partEnded(Part part, Ending ending, ScanCoverage coverage);
     void doneScan();

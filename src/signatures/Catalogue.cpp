@@ -17,6 +17,7 @@ namespace {
 using namespace tables;
 
 constexpr std::string_view kPlaceholder = "%@";
+constexpr std::string_view kHomes = "/Users/";
 
 constexpr std::string_view kOtherMethods[] = {kOtherSpywareMethod, kBackdoorMethod,
                                               kDefaultOnlyMethod, kRemoteDesktopMethod};
@@ -147,26 +148,43 @@ std::string filled(std::string_view pattern, std::initializer_list<std::string_v
         if (place == std::string_view::npos)
             break;
         text += pattern.substr(0, place);
+        // A home elsewhere goes by its path.
+        if (argument.starts_with('/') && text.ends_with(kHomes))
+            text.resize(text.size() - kHomes.size());
         text += argument;
         pattern.remove_prefix(place + kPlaceholder.size());
     }
     return text += pattern;
 }
 
-std::vector<std::string> fullSyatemScanPath(std::string_view user)
+bool isOfUser(std::string_view pattern)
+{
+    return pattern.find(kPlaceholder) != std::string_view::npos;
+}
+
+std::vector<std::string> fullSyatemScanPath(std::span<const std::string> users)
 {
     std::vector<std::string> paths;
     paths.reserve(std::size(kFullSystemEntries));
-    for (const std::string_view entry : kFullSystemEntries)
-        paths.push_back(filled(entry, {user}));
+    for (const std::string_view entry : kFullSystemEntries) {
+        if (!isOfUser(entry))
+            paths.emplace_back(entry);
+        else
+            for (const std::string& user : users)
+                paths.push_back(filled(entry, {user}));
+    }
     return paths;
+}
+
+bool isRootOfUser(std::string_view root)
+{
+    return root.find(kPlaceholder) != root.rfind(kPlaceholder);
 }
 
 std::string underLibraryRoot(std::string_view root, std::string_view user,
                              std::string_view relative)
 {
-    const bool ofUser = root.find(kPlaceholder) != root.rfind(kPlaceholder);
-    return ofUser ? filled(root, {user, relative}) : filled(root, {relative});
+    return isRootOfUser(root) ? filled(root, {user, relative}) : filled(root, {relative});
 }
 
 bool hasTwinInUsersApplications(std::string_view candidate)

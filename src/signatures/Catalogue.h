@@ -44,12 +44,24 @@ inline constexpr std::string_view kRemoteDesktopArticle =
 [[nodiscard]] std::span<const std::string_view> libraryRoots();
 
 /// Puts the arguments where "%@" stands, in order; what they hold is not looked at again. Further
-/// "%@" than there are arguments stay.
+/// "%@" than there are arguments stay. A user may be the path of a home, which then stands in place
+/// of
+/// "/Users/" and the name.
 [[nodiscard]] std::string filled(std::string_view pattern,
                                  std::initializer_list<std::string_view> arguments);
 
-/// The full-system list of one user, for the deep walk.
-[[nodiscard]] std::vector<std::string> fullSyatemScanPath(std::string_view user);
+/// Whether there is one such location for each user.
+[[nodiscard]] bool isOfUser(std::string_view pattern);
+
+/// The full-system list of those users, for the deep walk.
+[[nodiscard]] std::vector<std::string> fullSyatemScanPath(std::span<const std::string> users);
+[[nodiscard]] inline std::vector<std::string> fullSyatemScanPath(const std::string& user)
+{
+    return fullSyatemScanPath(std::span(&user, 1));
+}
+
+/// Whether there is one such library root for each user.
+[[nodiscard]] bool isRootOfUser(std::string_view root);
 
 /// A location below a library root, for one user.
 [[nodiscard]] std::string underLibraryRoot(std::string_view root, std::string_view user,

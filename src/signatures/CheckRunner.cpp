@@ -1,5 +1,6 @@
 #include "signatures/CheckRunner.h"
 
+#include "findings/MacDisk.h"
 #include "findings/ScanCoverage.h"
 #include "findings/Spyware.h"
 #include "platform/FileSystem.h"
@@ -21,19 +22,30 @@ void append(std::vector<std::string>& paths, std::vector<std::string> more)
 
 } // namespace
 
-CheckRunner::CheckRunner(FileSystem& disk, UserDefaults& defaults, std::string user,
+CheckRunner::CheckRunner(FileSystem& disk, UserDefaults& defaults, std::vector<std::string> users,
                          FindingSink& sink, ScanCoverage& coverage)
-    : m_disk(disk), m_defaults(defaults), m_user(std::move(user)), m_sink(sink),
+    : m_disk(disk), m_defaults(defaults), m_users(std::move(users)), m_sink(sink),
       m_coverage(coverage)
 {
+}
+
+/// Every user's location, or the one that all share.
+template <typename Use>
+void CheckRunner::eachLocation(std::string_view pattern, const Use& use) const
+{
+    if (!catalogue::isOfUser(pattern))
+        return use(std::string(pattern));
+    for (const std::string& user : m_users)
+        use(catalogue::filled(pattern, {user}));
 }
 
 void CheckRunner::prepareForScan()
 {
     m_disk.forgetListings();
+    m_lacksSystemVolume = m_disk.lacksSystemVolume();
     m_untestable.clear();
     m_sizes.clear();
-    m_search = NameSearch(DefaultLocations::listed(m_disk, m_user, m_coverage));
+    m_search = NameSearch(DefaultLocations::listed(m_disk, m_users, m_coverage));
 }
 
 void CheckRunner::run(std::string_view method, const WaitFor& waitFor)
@@ -73,10 +85,13 @@ void CheckRunner::OtherSpyWareSearch()
     for (const std::string_view relative : catalogue::otherSpywareScoped())
         append(found, checkUrlInALLScope(relative));
     for (const std::string_view pattern : catalogue::otherSpywareLocations()) {
-        std::string candidate = catalogue::filled(pattern, {m_user});
-        if (catalogue::hasTwinInUsersApplications(candidate))
-            appendIfPresent(catalogue::inUsersApplications(candidate, m_user), found);
-        appendIfPresent(std::move(candidate), found);
+        eachLocation(pattern, [&](std::string candidate) {
+            if (catalogue::hasTwinInUsersApplications(candidate)) {
+                for (const std::string& user : m_users)
+                    appendIfPresent(catalogue::inUsersApplications(candidate, user), found);
+            }
+            appendIfPresent(std::move(candidate), found);
+        });
     }
     report(found, catalogue::kOtherSpyware);
 }
@@ -102,12 +117,14 @@ void CheckRunner::otherCheckDefaultOnly(const WaitFor& waitFor)
 void CheckRunner::checkForBackDoor()
 {
     for (const std::string_view pattern : catalogue::backdoorPaths()) {
-        const auto url = FileURL::fileURLWithPath(catalogue::filled(pattern, {m_user}));
-        ++m_coverage.signaturesTested;
-        // The sink decides; asking here only tells the coverage what could not be tested, and that
-        // once for a whole folder.
-        if (presenceOf(url) != Presence::Unknown)
-            m_sink.addIfAvail(url, url.lastPathComponent(), catalogue::kBackdoor, kHighRisk, 0);
+        eachLocation(pattern, [&](const std::string& path) {
+            const auto url = FileURL::fileURLWithPath(path);
+            ++m_coverage.signaturesTested;
+            // The sink decides; asking here only tells the coverage what could not be tested, and
+            // that once for a whole folder.
+            if (presenceOf(url) != Presence::Unknown)
+                m_sink.addIfAvail(url, url.lastPathComponent(), catalogue::kBackdoor, kHighRisk, 0);
+        });
     }
 }
 
@@ -138,8 +155,13 @@ CheckRunner::checkForSpywareNameFileInDefaultLocation(std::string_view name)
 std::vector<std::string> CheckRunner::checkUrlInALLScope(std::string_view relative)
 {
     Paths found;
-    for (const std::string_view root : catalogue::libraryRoots())
-        appendIfPresent(catalogue::underLibraryRoot(root, m_user, relative), found);
+    for (const std::string_view root : catalogue::libraryRoots()) {
+        if (!catalogue::isRootOfUser(root))
+            appendIfPresent(catalogue::underLibraryRoot(root, {}, relative), found);
+        else
+            for (const std::string& user : m_users)
+                appendIfPresent(catalogue::underLibraryRoot(root, user, relative), found);
+    }
     return found;
 }
 
@@ -158,15 +180,19 @@ const std::vector<std::string>& CheckRunner::defaultCheckingArray() const
 
 void CheckRunner::appendIfPresent(std::string path, Paths& found)
 {
-    ++m_coverage.signaturesTested;
-    if (presenceOf(FileURL::fileURLWithPath(path)) == Presence::Present)
+    const Presence presence = presenceOf(FileURL::fileURLWithPath(path));
+    if (presence != Presence::Present && m_lacksSystemVolume && isOnSystemVolume(path))
+        ++m_coverage.systemVolumeLeftOut;
+    else
+        ++m_coverage.signaturesTested;
+    if (presence == Presence::Present)
         found.push_back(std::move(path));
 }
 
 void CheckRunner::appendPresent(std::span<const std::string_view> patterns, Paths& found)
 {
     for (const std::string_view pattern : patterns)
-        appendIfPresent(catalogue::filled(pattern, {m_user}), found);
+        eachLocation(pattern, [&](std::string path) { appendIfPresent(std::move(path), found); });
 }
 
 Presence CheckRunner::presenceOf(const FileURL& url)

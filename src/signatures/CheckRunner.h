@@ -52,9 +52,10 @@ public:
     /// Shows a label and waits; returns whether the scan goes on.
     using WaitFor = std::function<bool(std::string_view label, std::chrono::milliseconds interval)>;
 
-    /// `user` is the short name that fills "%@". All references outlive the runner.
-    CheckRunner(FileSystem& disk, UserDefaults& defaults, std::string user, FindingSink& sink,
-                ScanCoverage& coverage);
+    /// Each of the users fills "%@" in turn; what all share is tested once. All references outlive
+    /// the runner.
+    CheckRunner(FileSystem& disk, UserDefaults& defaults, std::vector<std::string> users,
+                FindingSink& sink, ScanCoverage& coverage);
 
     /// Takes the snapshot of the default locations that all name searches of the scan read.
     void prepareForScan();
@@ -72,7 +73,8 @@ public:
     [[nodiscard]] std::vector<std::string>
     checkForSpywareNameFileInDefaultLocation(std::string_view name);
 
-    /// What exists of the location below each library root, in the order of the roots.
+    /// What exists of the location below each library root, in the order of the roots and the
+    /// users.
     [[nodiscard]] std::vector<std::string> checkUrlInALLScope(std::string_view relative);
 
     /// Allocated bytes; measured once per location and scan.
@@ -83,6 +85,8 @@ public:
 private:
     using Paths = std::vector<std::string>;
 
+    template <typename Use>
+    void eachLocation(std::string_view pattern, const Use& use) const;
     void appendIfPresent(std::string path, Paths& found);
     void appendPresent(std::span<const std::string_view> patterns, Paths& found);
     [[nodiscard]] Presence presenceOf(const FileURL& url);
@@ -91,10 +95,11 @@ private:
 
     FileSystem& m_disk;
     UserDefaults& m_defaults;
-    const std::string m_user;
+    const std::vector<std::string> m_users;
     FindingSink& m_sink;
     ScanCoverage& m_coverage;
     NameSearch m_search;
+    bool m_lacksSystemVolume = false;
     std::unordered_set<std::string> m_untestable; ///< folders recorded in the coverage
     std::unordered_map<std::string, std::int64_t> m_sizes;
 };

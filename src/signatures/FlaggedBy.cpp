@@ -96,7 +96,9 @@ FindingRules::OfUser& FindingRules::rulesOf(const std::string& user)
 FlaggedBy FindingRules::flaggedBy(const Spyware& record)
 {
     const std::string& path = record.url.relativePath();
-    ExplainQuestion question{path, userOfPath(path), {}, record.infections};
+    // A home elsewhere is known by the scan alone.
+    ExplainQuestion question{
+        path, record.user.empty() ? userOfPath(path) : record.user, {}, record.infections};
     if (record.infections == catalogue::kFullSystem) {
         // Where a check and the walk meet the same file it goes by whichever was first; what
         // speaks against it is the same.

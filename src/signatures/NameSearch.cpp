@@ -13,15 +13,28 @@
 
 namespace pryvane {
 
-DefaultLocations DefaultLocations::listed(FileSystem& disk, std::string_view user,
+namespace {
+
+/// The names of that folder's entries that the system itself put there.
+std::vector<std::string> knownGoodIn(const std::string& folder, const std::string& user)
+{
+    std::vector<std::string> names;
+    for (const std::string_view pattern : catalogue::knownGoodFiles()) {
+        const std::string file = catalogue::filled(pattern, {user});
+        const auto slash = file.rfind('/');
+        if (file.compare(0, slash, folder) == 0)
+            names.push_back(file.substr(slash + 1));
+    }
+    return names;
+}
+
+} // namespace
+
+DefaultLocations DefaultLocations::listed(FileSystem& disk, std::span<const std::string> users,
                                           ScanCoverage& coverage)
 {
-    std::vector<std::string> knownGood;
-    for (const std::string_view file : catalogue::knownGoodFiles())
-        knownGood.push_back(catalogue::filled(file, {user}));
-
     DefaultLocations locations;
-    for (const std::string_view pattern : catalogue::defaultFolders()) {
+    const auto add = [&](std::string_view pattern, const std::string& user) {
         const std::string folder = catalogue::filled(pattern, {user});
         FolderListing listing = disk.list(FileURL::fileURLWithPath(folder));
         if (listing.status == ListStatus::Refused)
@@ -29,13 +42,24 @@ DefaultLocations DefaultLocations::listed(FileSystem& disk, std::string_view use
         // What was read of a folder before its reading failed is searched all the same.
         if (listing.status == ListStatus::Listed)
             ++coverage.foldersListed;
+        const std::vector<std::string> knownGood = knownGoodIn(folder, user);
         std::vector<std::string> names;
         names.reserve(listing.entries.size());
         for (FolderEntry& entry : listing.entries) {
-            if (std::ranges::find(knownGood, joinedPath(folder, entry.name)) == knownGood.end())
+            if (std::ranges::find(knownGood, entry.name) == knownGood.end())
                 names.push_back(std::move(entry.name));
         }
         locations.addFolder(folder, names);
+    };
+    for (const std::string_view pattern : catalogue::defaultFolders()) {
+        if (!catalogue::isOfUser(pattern))
+            add(pattern, {});
+    }
+    for (const std::string& user : users) {
+        for (const std::string_view pattern : catalogue::defaultFolders()) {
+            if (catalogue::isOfUser(pattern))
+                add(pattern, user);
+        }
     }
     coverage.entriesSearched += static_cast<std::int64_t>(locations.paths().size());
     return locations;

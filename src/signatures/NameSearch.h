@@ -22,11 +22,11 @@ public:
         std::size_t count = 0;
     };
 
-    /// The snapshot of one user's default folders, in their order, without the known-good files.
-    /// Counts folders and entries in the coverage and records the folders that could not be listed;
-    /// missing ones are no gap.
-    [[nodiscard]] static DefaultLocations listed(FileSystem& disk, std::string_view user,
-                                                 ScanCoverage& coverage);
+    /// The snapshot of the default folders, in their order: those that all share, then each user's.
+    /// Known-good files are left out. Counts folders and entries in the coverage and records the
+    /// folders that could not be listed; missing ones are no gap.
+    [[nodiscard]] static DefaultLocations
+    listed(FileSystem& disk, std::span<const std::string> users, ScanCoverage& coverage);
 
     /// Appends the entries of one folder.
     void addFolder(std::string_view folder, std::span<const std::string> names);

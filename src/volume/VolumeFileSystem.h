@@ -43,6 +43,7 @@ public:
     [[nodiscard]] Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override;
     [[nodiscard]] std::string identity() const override { return m_identity; }
     [[nodiscard]] DiskSource source() const override { return m_source; }
+    [[nodiscard]] bool lacksSystemVolume() const override { return m_implied.any(); }
     void forgetListings() override { m_spellings.forget(); }
 
     /// The absolute path under which the disk itself has what stands there, links not followed at
@@ -66,7 +67,7 @@ public:
 
     /// The absolute path of what stands there, links on the way taken out and in the disk's
     /// spelling, read anew; empty where it cannot be told.
-    [[nodiscard]] std::string placeBehindLinks(const FileURL& url) const;
+    [[nodiscard]] std::string placeBehindLinks(const FileURL& url) const override;
 
     /// The links to /private that the volume lacks and that are followed all the same.
     [[nodiscard]] ImpliedLinks impliedLinks() const { return m_implied; }

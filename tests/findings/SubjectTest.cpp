@@ -67,6 +67,8 @@ TEST(Subject, OnlyWhatIsKnownToBeOfADiskAndUserIsAboutThem)
     EXPECT_TRUE(isAbout("1", alice, "1", "bob"));
     EXPECT_FALSE(isAbout("1", alice, "2", "bob"));
     EXPECT_FALSE(isAbout("1", alice, "1", "carol"));
+    EXPECT_TRUE(isAbout("1", alice, "1", ""));
+    EXPECT_FALSE(isAbout("1", {{}, {}, {}, {"alice"}}, "1", "")) << "one of everyone";
     EXPECT_FALSE(isAbout("", alice, "", "bob")) << "two disks without an identity";
     EXPECT_FALSE(isAbout("1", {}, "1", "bob")) << "an older report";
 }

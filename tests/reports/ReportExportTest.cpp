@@ -83,7 +83,7 @@ TEST(ReportJson, HasTheAgreedShape)
         "subject": {"source": "folder", "volumeName": "mac-disk", "identity": "volume-1",
             "computerName": "Alice's Mac", "systemVersion": null, "users": ["alice"]},
         "coverage": {"ended": "finished", "endedAtPercent": null,
-            "signaturesTested": 534, "foldersListed": 0, "entriesSearched": 0, "entriesWalked": 0,
+            "signaturesTested": 534, "systemVolumeLeftOut": 0, "foldersListed": 0, "entriesSearched": 0, "entriesWalked": 0,
             "refused": [{"path": "/Users/x/\\n", "reason": "permission denied"}],
             "heldBack": ["/Applications/T.app"], "missingHome": "", "homes": [],
             "homesLeftOut": ["bob"], "seconds": 0.5}

@@ -162,7 +162,7 @@ TEST_F(ScanViewControllerTest, AStopWithinAStepRunsNoFurtherCheckOfIt)
     StoppingDisk stopping(*disk, state.isScanStop, "/Users/alice/Library/Skype/SkypeHelper");
     ScanCoverage coverage;
     FindingInbox inbox(services(), state, [] {});
-    CheckRunner checks(stopping, defaults, "alice", inbox, coverage);
+    CheckRunner checks(stopping, defaults, {"alice"}, inbox, coverage);
     std::string last;
     CheckSequence sequence(checks, clock, state.isScanStop,
                            [&](std::string_view label, int) { last = label; });

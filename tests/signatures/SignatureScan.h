@@ -78,7 +78,7 @@ public:
 /// One scan's worth of signatures over a disk, without a session.
 struct SignatureScan {
     explicit SignatureScan(FileSystem& disk, std::string_view user = kUser)
-        : sink(disk), runner(disk, defaults, std::string(user), sink, coverage)
+        : sink(disk), runner(disk, defaults, {std::string(user)}, sink, coverage)
     {
     }
 

@@ -26,6 +26,11 @@ public:
     }
     std::string identity() const override { return m_disk.identity(); }
     DiskSource source() const override { return m_disk.source(); }
+    std::string placeBehindLinks(const FileURL& url) const override
+    {
+        return m_disk.placeBehindLinks(url);
+    }
+    bool lacksSystemVolume() const override { return m_disk.lacksSystemVolume(); }
     void forgetListings() override { m_disk.forgetListings(); }
 
 protected:

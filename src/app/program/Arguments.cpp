@@ -32,19 +32,28 @@ std::string absolute(const std::string& folder)
 
 VolumeChoice Arguments::choice() const
 {
-    return {volume.value_or("/"), user.value_or(loginUser()), caseSensitive};
+    const std::string folder = volume.value_or("/");
+    return {folder, user.value_or(usualUser(folder)), caseSensitive};
+}
+
+std::string usualUser(const std::string& folder)
+{
+    return folder == "/" ? loginUser() : std::string();
 }
 
 ParsedArguments parseArguments(int argc, char** argv)
 {
     Arguments arguments;
     std::string volume, user;
+    bool allUsers = false;
     CLI::App app("Looks for spyware on a Mac's disk, in a window.", "pryvane");
     app.set_version_flag("--version", "pryvane " PRYVANE_VERSION " (" PRYVANE_BUILD ")");
     app.add_option("--volume", volume, "Folder that stands for the Mac's root; default /")
         ->type_name("DIR");
-    app.add_option("--user", user, "Short name of the user on that Mac; default: yours")
+    app.add_option("--user", user,
+                   "Short name of the user on that Mac; default: yours on /, every user elsewhere")
         ->type_name("NAME");
+    app.add_flag("--all-users", allUsers, "Look at every user of that Mac")->excludes("--user");
     app.add_flag("--case-sensitive", arguments.caseSensitive,
                  "The disk tells upper from lower case");
     app.add_flag("--scan", arguments.scan, "Start a scan at once");
@@ -70,6 +79,8 @@ ParsedArguments parseArguments(int argc, char** argv)
             return {{}, complain(notAShortName(user))};
         arguments.user = user;
     }
+    if (allUsers)
+        arguments.user = "";
     return {arguments, 0};
 }
 

@@ -10,11 +10,14 @@ namespace pryvane {
 /// Which Mac the window looks at, and as whom. Raw bytes.
 struct VolumeChoice {
     std::string folder = "/"; ///< host folder that stands for the Mac's root, absolute
-    std::string user;         ///< login short name
+    std::string user;         ///< whose homes, as Users.h names them; empty: everyone's
     bool caseSensitive = false;
 
     friend bool operator==(const VolumeChoice&, const VolumeChoice&) = default;
 };
+
+/// Whose homes on the disk in that folder are looked at where nobody is named.
+[[nodiscard]] std::string usualUser(const std::string& folder);
 
 /// What the program was started with.
 struct Arguments {

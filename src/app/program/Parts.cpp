@@ -19,7 +19,9 @@ Session::MainWindowParts::MainWindowParts(Needs what)
       dashboard(needs.services, needs.desktop, needs.delegate, needs.facts),
       scheduler(needs.services, needs.desktop, needs.delegate),
       scan(needs.services, needs.delegate.state(), needs.delegate, store, needs.remover,
-           ScanOptions{needs.facts.user, {}}),
+           ScanOptions{needs.facts.user.empty() ? UserChoice::everyone()
+                                                : UserChoice(needs.facts.user),
+                       {}}),
       screens({.dashboard = dashboard,
                .scheduler = scheduler,
                .scan = scan,
@@ -68,8 +70,8 @@ void Session::MainWindowParts::viewReport()
 
 MadeScreen Session::MainWindowParts::makeTools()
 {
-    tools = std::make_unique<ToolsParts>(needs.services, needs.disk, needs.remover,
-                                         needs.facts.user, needs.reveal);
+    tools = std::make_unique<ToolsParts>(needs.services, needs.disk, needs.remover, needs.users,
+                                         needs.reveal);
     return tools->makeScreen();
 }
 
@@ -121,11 +123,12 @@ void ReportParts::setPrintAction(std::function<void()> action)
 }
 
 ToolsParts::ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
-                       const std::string& user, std::function<void(const FileURL&)> reveal)
+                       const std::vector<std::string>& users,
+                       std::function<void(const FileURL&)> reveal)
     : m_reveal(std::move(reveal)), m_sizes(disk), m_inventorySizes(disk),
       m_tools({{disk, m_sizes}, remover, services.mainQueue, services.alerts, services.workspace},
-              user),
-      m_inventory({{disk, m_inventorySizes}, services.mainQueue}, user),
+              UserChoice(users)),
+      m_inventory({{disk, m_inventorySizes}, services.mainQueue}, UserChoice(users)),
       m_facts(disk, services.mainQueue)
 {
 }

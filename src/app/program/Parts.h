@@ -65,7 +65,7 @@ private:
 class ToolsParts {
 public:
     ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
-               const std::string& user, std::function<void(const FileURL&)> reveal);
+               const std::vector<std::string>& users, std::function<void(const FileURL&)> reveal);
 
     [[nodiscard]] MadeScreen makeScreen();
     [[nodiscard]] bool isBusy() const
@@ -89,6 +89,7 @@ struct Session::MainWindowParts {
         DesktopServices desktop;
         AppDelegate& delegate;
         ApplicationFacts facts;
+        std::vector<std::string> users; ///< whose homes there are to look at
         VolumeFileSystem& disk;
         Remover& remover;
         FileViewer& fileViewer;

@@ -5,6 +5,8 @@
 #include "app/views/PlainWindows.h"
 #include "app/views/VolumeSheet.h"
 #include "core/Escape.h"
+#include "findings/Homes.h"
+#include "findings/MacDisk.h"
 #include "hosts/posix/CurrentUser.h"
 #include "hosts/posix/SingleInstance.h"
 #include "platform/Messages.h"
@@ -29,7 +31,13 @@ Result<std::unique_ptr<VolumeFileSystem>> openDisk(const VolumeChoice& choice)
     VolumeFileSystem::Options options;
     if (choice.caseSensitive)
         options.nameMatching = NameMatching::Exact;
-    return VolumeFileSystem::open(choice.folder, options);
+    auto disk = VolumeFileSystem::open(choice.folder, options);
+    // This computer is what the window begins with where nothing else was named.
+    if (disk && !(*disk)->isHostRoot()) {
+        if (const auto holds = mustHoldMac(**disk, choice.folder); !holds)
+            return holds.error();
+    }
+    return disk;
 }
 
 VolumeWords wordsFor(const VolumeChoice& choice)
@@ -39,7 +47,11 @@ VolumeWords wordsFor(const VolumeChoice& choice)
     return {.volume = own ? QObject::tr("This computer")
                           : ui::text(forScreen(folder.lastPathComponent())),
             .folder = ui::text(forScreen(choice.folder)),
-            .user = ui::text(forScreen(choice.user))};
+            .user =
+                choice.user.empty() ? QObject::tr("Everyone") : ui::text(forScreen(choice.user)),
+            .whose = choice.user.empty()
+                         ? QObject::tr("every user")
+                         : QObject::tr("user %1").arg(ui::text(forScreen(choice.user)))};
 }
 
 /// Without any link on the way, as panels show it; empty for "/".
@@ -55,14 +67,19 @@ ApplicationFacts factsFor(const VolumeChoice& choice)
     return {choice.user, kBundleIdentifier, PRYVANE_VERSION, PRYVANE_HOME_PAGE};
 }
 
-/// The accounts of a Mac's disk, by the folders in which they live.
+/// Nobody named is everyone.
+UserChoice whoseOf(const VolumeChoice& choice)
+{
+    return choice.user.empty() ? UserChoice::everyone() : UserChoice(choice.user);
+}
+
+/// The users of a Mac's disk.
 std::optional<std::string> usersOf(const std::string& folder, std::vector<std::string>& users)
 {
-    auto disk = VolumeFileSystem::open(folder);
+    auto disk = openDisk({folder, {}, false});
     if (!disk)
         return disk.error().message;
-    users = (*disk)->homes();
-    std::sort(users.begin(), users.end());
+    users = settledHomes(**disk, UserChoice::everyone()).users;
     return std::nullopt;
 }
 
@@ -79,8 +96,8 @@ Result<std::unique_ptr<Session>> Session::open(Desktop& desktop, const VolumeCho
 Session::Session(Desktop& desktop, VolumeChoice choice, std::unique_ptr<VolumeFileSystem> disk)
     : m_desktop(desktop), m_choice(std::move(choice)), m_words(wordsFor(m_choice)),
       m_disk(std::move(disk)), m_folderPicker(panelRoot(m_choice.folder)),
-      m_workspace(*m_disk, m_choice.user), m_grants(*m_disk),
-      m_journal(desktop.dataFolder(), *m_disk, desktop.clock),
+      m_users(settledHomes(*m_disk, whoseOf(m_choice)).users), m_workspace(*m_disk, m_users),
+      m_grants(*m_disk), m_journal(desktop.dataFolder(), *m_disk, desktop.clock),
       m_remover(*m_disk, m_journal, {desktop.dataFolder()}), m_sharedRemover(m_remover),
       m_fileViewer(desktop.bus, *m_disk, desktop.log, &QDesktopServices::openUrl),
       m_statusItem(desktop.bus,
@@ -159,6 +176,7 @@ QWidget* Session::makeMainWindow()
                                  .desktop = desktopServices(),
                                  .delegate = m_delegate,
                                  .facts = factsFor(m_choice),
+                                 .users = m_users,
                                  .disk = *m_disk,
                                  .remover = m_sharedRemover,
                                  .fileViewer = m_fileViewer,
@@ -222,7 +240,7 @@ void Session::change(const VolumeChoice& choice)
         refusal = "A scan is running. Stop it first, or wait for its end.";
     else if (m_main && m_main->isBusy())
         refusal = "Something is being removed. Wait for its end.";
-    else if (!isShortName(choice.user))
+    else if (!choice.user.empty() && !choice.user.starts_with('/') && !isShortName(choice.user))
         refusal = notAShortName(choice.user);
     else if (const auto disk = openDisk(choice); !disk)
         refusal = disk.error().message;
@@ -241,8 +259,9 @@ void Session::take(const InstanceRequest& request)
     if (!request.activationToken.empty())
         qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.activationToken));
     m_delegate.applicationShouldHandleReopen();
-    const VolumeChoice wanted{request.volume.value_or(m_choice.folder),
-                              request.user.value_or(m_choice.user), m_choice.caseSensitive};
+    const std::string folder = request.volume.value_or(m_choice.folder);
+    const std::string usual = folder == m_choice.folder ? m_choice.user : usualUser(folder);
+    const VolumeChoice wanted{folder, request.user.value_or(usual), m_choice.caseSensitive};
     if (wanted != m_choice)
         change(wanted);
     else if (request.scan && m_main)

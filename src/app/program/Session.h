@@ -104,6 +104,7 @@ private:
     std::unique_ptr<VolumeFileSystem> m_disk;
     NotificationCenter m_notifications;
     WidgetFolderPicker m_folderPicker;
+    const std::vector<std::string> m_users;
     LinuxWorkspace m_workspace;
     FolderGrants m_grants;
     RemovalJournalFile m_journal;

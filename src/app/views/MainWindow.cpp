@@ -90,7 +90,7 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
                                  fitting(volume.volume) + QLatin1Char('\n') + fitting(volume.user));
     chip->setObjectName(QStringLiteral("openVolume"));
     chip->setIconSize(QSize(20, 20));
-    chip->setAccessibleName(tr("Looking at %1, user %2").arg(volume.volume, volume.user));
+    chip->setAccessibleName(tr("Looking at %1, %2").arg(volume.volume, volume.whose));
     chip->setAccessibleDescription(tr("Choose another volume or user"));
     chip->setToolTip(QStringLiteral("<qt>") + volume.folder.toHtmlEscaped() +
                      QStringLiteral("</qt>"));

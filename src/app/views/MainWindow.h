@@ -21,7 +21,8 @@ class TableViewController;
 struct VolumeWords {
     QString volume; ///< its name: the last part of the folder, or "This computer"
     QString folder; ///< the whole host folder
-    QString user;
+    QString user;   ///< short name, or "Everyone"
+    QString whose;  ///< within a sentence: "user alice", "every user"
 };
 
 /// The main window: title bar with menu, navigation, the screens, and what is being looked at.

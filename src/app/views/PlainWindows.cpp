@@ -27,8 +27,7 @@ AccessWindow::AccessWindow(NotAccessVC& controller, const VolumeWords& volume)
     auto* badge = new QLabel;
     badge->setPixmap(ui::applicationIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
     auto* welcome = ui::makeLabel(TextRole::Statement, tr("Welcome to Pryvane"));
-    auto* looking =
-        ui::makeNote(tr("It will look at %1, user %2.").arg(volume.volume, volume.user));
+    auto* looking = ui::makeNote(tr("It will look at %1, %2.").arg(volume.volume, volume.whose));
     looking->setWordWrap(false);
     looking->setToolTip(QStringLiteral("<qt>") + volume.folder.toHtmlEscaped() +
                         QStringLiteral("</qt>"));

@@ -73,18 +73,20 @@ void VolumeSheet::look()
 {
     m_users.clear();
     const auto refusal = m_asks.users(m_folder, m_users);
+    const bool hasUsers = !m_users.empty();
+    m_users.insert(m_users.begin(), std::string()); // everyone
     m_place->setText(ui::text(forScreen(m_folder)));
     m_account->clear();
     for (const std::string& user : m_users)
-        m_account->addItem(ui::text(forScreen(user)));
+        m_account->addItem(user.empty() ? tr("Everyone") : ui::text(forScreen(user)));
     const auto known = std::find(m_users.begin(), m_users.end(), m_user);
     if (known != m_users.end())
         m_account->setCurrentIndex(static_cast<int>(known - m_users.begin()));
-    else if (m_users.empty())
+    else if (!hasUsers)
         m_account->setEditText(ui::text(forScreen(m_user)));
     m_open->setEnabled(!refusal);
     m_note->setText(refusal ? ui::text(*refusal)
-                    : m_users.empty()
+                    : !hasUsers
                         ? tr("There is no folder \"Users\" with accounts here, so this may not be "
                              "the root of a Mac's disk.")
                         : QString());

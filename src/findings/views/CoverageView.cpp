@@ -32,6 +32,11 @@ QString detailsOf(const ScanCoverage& coverage, const Subject& subject)
     if (coverage.entriesWalked > 0)
         lines += CoverageView::tr("%1 entries walked").arg(number(coverage.entriesWalked));
     lines += CoverageView::tr("%1 seconds").arg(coverage.seconds, 0, 'f', 1);
+    if (coverage.systemVolumeLeftOut > 0)
+        lines += CoverageView::tr("The system volume was not looked at: %1 signatures left out")
+                     .arg(number(coverage.systemVolumeLeftOut));
+    if (const std::string leftOut = homesLeftOutText(coverage); !leftOut.empty())
+        lines += ui::text(leftOut);
     const auto listed = [&](const QString& title, std::size_t count, auto&& line) {
         if (count == 0)
             return;

@@ -68,7 +68,8 @@ const Spyware& FindingsSource::record(int row) const
 /// Of all threats' rules.
 ExplainQuestion FindingsSource::question(int row) const
 {
-    return {record(row).url.relativePath(), m_user, m_foldedName};
+    const std::string& user = record(row).user;
+    return {record(row).url.relativePath(), user.empty() ? m_user : user, m_foldedName};
 }
 
 const FlaggedBy& FindingsSource::flaggedBy(int row) const

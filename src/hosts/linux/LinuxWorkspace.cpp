@@ -3,6 +3,7 @@
 #include "core/Files.h"
 #include "formats/PropertyList.h"
 #include "platform/Browsers.h"
+#include "platform/Users.h"
 
 #include <climits>
 
@@ -120,13 +121,16 @@ std::optional<FileURL> LinuxWorkspace::fullPathForApplication(std::string_view n
     if (name.empty() || name.find('/') != name.npos)
         return std::nullopt;
     const std::string bundle = std::string(name) + ".app";
-    for (const std::string& folder :
-         {std::string("/Applications"), "/Users/" + m_user + "/Applications"}) {
+    const auto inFolder = [&](const std::string& folder) -> std::optional<FileURL> {
         const std::string path = joinedPath(folder, bundle);
         if (m_disk.exists(FileURL::fileURLWithPath(path + "/")))
             return FileURL::fileURLWithPath(path);
-    }
-    return std::nullopt;
+        return std::nullopt;
+    };
+    auto found = inFolder("/Applications");
+    for (auto user = m_users.begin(); user != m_users.end() && !found; ++user)
+        found = inFolder(homePath(*user) + "/Applications");
+    return found;
 }
 
 std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundle)

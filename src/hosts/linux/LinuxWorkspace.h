@@ -17,13 +17,17 @@ runningApplicationsOfHost(const std::string& processes = "/proc");
 /// Looks for applications where a Mac keeps them on the volume. As callable as its file system.
 class LinuxWorkspace final : public Workspace {
 public:
-    /// `user` is the short name of the account on the volume. The file system must outlive this.
-    LinuxWorkspace(VolumeFileSystem& disk, std::string user)
-        : m_disk(disk), m_user(std::move(user)), m_isHostRoot(disk.isHostRoot())
+    /// The users in whose homes applications are looked for, as Users.h names them. The file system
+    /// must outlive this.
+    LinuxWorkspace(VolumeFileSystem& disk, std::vector<std::string> users)
+        : m_disk(disk), m_users(std::move(users)), m_isHostRoot(disk.isHostRoot())
     {
     }
     /// A disk that is not mounted.
-    LinuxWorkspace(FileSystem& disk, std::string user) : m_disk(disk), m_user(std::move(user)) {}
+    LinuxWorkspace(FileSystem& disk, std::vector<std::string> users)
+        : m_disk(disk), m_users(std::move(users))
+    {
+    }
 
     [[nodiscard]] std::optional<FileURL> fullPathForApplication(std::string_view name) override;
     [[nodiscard]] std::optional<std::string> bundleIdentifier(const FileURL& bundle) override;
@@ -31,7 +35,7 @@ public:
 
 private:
     FileSystem& m_disk;
-    std::string m_user;
+    const std::vector<std::string> m_users;
     bool m_isHostRoot = false;
 };
 

@@ -74,7 +74,10 @@ public:
         if (!index.isValid() || index.row() >= known())
             return {};
         const ToolGroup& group = at(index);
-        const QString name = ui::text(forScreen(shownName(group)));
+        QString name = ui::text(forScreen(shownName(group)));
+        if (group.user != m_controller.availbleApp().front().user ||
+            group.user != m_controller.availbleApp().back().user)
+            name += QStringLiteral(" (%1)").arg(ui::text(forScreen(group.user)));
         switch (role) {
         case Qt::DisplayRole:
             return name;

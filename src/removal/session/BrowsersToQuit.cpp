@@ -7,6 +7,12 @@
 
 namespace pryvane {
 
+namespace {
+
+constexpr std::string_view kHome = "/Users/%@"; ///< begins every profile location
+
+} // namespace
+
 std::vector<BrowserEntry> browsersToQuit(std::span<const std::string> paths,
                                          std::span<const std::string> running,
                                          std::string_view user)
@@ -15,7 +21,10 @@ std::vector<BrowserEntry> browsersToQuit(std::span<const std::string> paths,
     for (const Browser& browser : kBrowsers) {
         if (std::ranges::find(running, browser.applicationName) == running.end())
             continue;
-        const std::string location = catalogue::filled(browser.profileLocation, {user});
+        // Of nobody named, whoever's it is.
+        const std::string location = user.empty()
+                                         ? std::string(browser.profileLocation.substr(kHome.size()))
+                                         : catalogue::filled(browser.profileLocation, {user});
         const bool holdsFinding = std::ranges::any_of(paths, [&](const std::string& path) {
             return path.find(location) != std::string::npos;
         });

@@ -15,7 +15,7 @@ struct BrowserEntry {
 };
 
 /// Which browsers must be quit: those that run while at least one of the paths contains their
-/// profile location, by a plain substring test. Pure.
+/// profile location, by a plain substring test. Without a user it may be in anyone's home. Pure.
 [[nodiscard]] std::vector<BrowserEntry> browsersToQuit(std::span<const std::string> paths,
                                                        std::span<const std::string> running,
                                                        std::string_view user);

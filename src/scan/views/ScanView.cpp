@@ -156,9 +156,13 @@ void ScanView::showCoverage()
                          m_controller.subject());
     }
     const std::string& error = m_controller.storeError();
-    m_notice->setVisible(shown && !error.empty());
-    m_notice->setText(tr("The report of this scan is shown here but could not be stored: %1")
-                          .arg(ui::text(forScreen(error))));
+    const std::string& givenUp = m_controller.givenUp();
+    m_notice->setVisible(!isBusy() && (!givenUp.empty() || (shown && !error.empty())));
+    if (!givenUp.empty())
+        m_notice->setText(tr("There was no scan: %1.").arg(ui::text(givenUp)));
+    else
+        m_notice->setText(tr("The report of this scan is shown here but could not be stored: %1")
+                              .arg(ui::text(forScreen(error))));
 }
 
 void ScanView::showStatement()

@@ -67,8 +67,8 @@ TEST(RunningApplications, HaveNothingToDoWithAMountedVolume)
     const auto mounted = VolumeFileSystem::open(folder.path());
     const auto host = VolumeFileSystem::open("/");
     ASSERT_TRUE(mounted && host);
-    EXPECT_THAT(LinuxWorkspace(**mounted, "alice").runningApplications(), IsEmpty());
-    EXPECT_THAT(LinuxWorkspace(**host, "alice").runningApplications(), Contains("Firefox"));
+    EXPECT_THAT(LinuxWorkspace(**mounted, {"alice"}).runningApplications(), IsEmpty());
+    EXPECT_THAT(LinuxWorkspace(**host, {"alice"}).runningApplications(), Contains("Firefox"));
 }
 
 } // namespace

@@ -1,0 +1,261 @@
+#include "cli/CliFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <sys/stat.h>
+
+namespace pryvane::test {
+namespace {
+
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr std::string_view kAgent = "Library/LaunchAgents/com.refog.agent.plist";
+
+std::string agentOf(std::string_view home)
+{
+    return std::string(home) + "/" + std::string(kAgent);
+}
+
+std::string account(const std::string& name, const std::string& home, int uid = 501)
+{
+    const auto attribute = [](const std::string& key, const std::string& value) {
+        return "<key>" + key + "</key><array><string>" + value + "</string></array>";
+    };
+    return "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>" + attribute("name", name) +
+           attribute("uid", std::to_string(uid)) + attribute("home", home) + "</dict></plist>";
+}
+
+std::string accountFile(const std::string& name)
+{
+    return "private/var/db/dslocal/nodes/Default/users/" + name + ".plist";
+}
+
+class UsersCommandTest : public CliFixture {
+protected:
+    json scanned(std::vector<std::string> more)
+    {
+        std::vector<std::string> arguments{"scan", "--volume", volume.path(), "--format", "json"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        last = run(arguments);
+        return json::parse(last.out);
+    }
+    /// "user path" of each finding, in the report's order.
+    static std::vector<std::string> rows(const json& report)
+    {
+        std::vector<std::string> rows;
+        for (const auto& one : report["report"]["spyWareList"])
+            rows.push_back(one["user"].get<std::string>() + " " + one["path"].get<std::string>());
+        return rows;
+    }
+    json inventory(std::vector<std::string> more)
+    {
+        std::vector<std::string> arguments{"inventory", "--volume", volume.path(),  "--format",
+                                           "json",      "--kind",   "launch-agents"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return json::parse(run(arguments).out);
+    }
+
+    Outcome last{};
+};
+
+TEST_F(UsersCommandTest, EveryHomeIsLookedAtUnlessUsersAreNamed)
+{
+    volume.folder("Users/carol/Library");
+    volume.file(agentOf("Users/bob"));
+    volume.file("Users/Shared/" + std::string(kAgent));
+    volume.file(agentOf("Users/.hidden"));
+    const std::string bobs = "bob /" + agentOf("Users/bob");
+    const struct {
+        std::vector<std::string> arguments;
+        std::vector<std::string> found, leftOut;
+    } cases[] = {
+        {{}, {bobs}, {}},
+        {{"--all-users"}, {bobs}, {}},
+        {{"--user", "alice"}, {}, {"bob", "carol"}},
+        {{"--user", "ALICE"}, {}, {"bob", "carol"}},
+        {{"--user", "bob"}, {bobs}, {"alice", "carol"}},
+        {{"--user", "carol", "--user", "bob"}, {bobs}, {"alice"}},
+        {{"--deep"}, {bobs}, {}},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(testing::PrintToString(one.arguments));
+        const json report = scanned(one.arguments);
+        EXPECT_EQ(rows(report), one.found);
+        EXPECT_EQ(report["coverage"]["homesLeftOut"], json(one.leftOut));
+        EXPECT_EQ(last.code, one.found.empty() ? 0 : 1);
+    }
+    EXPECT_THAT(scan().out, HasSubstr("not looked at: the homes of bob, carol"));
+    EXPECT_EQ(run({"scan", "--volume", volume.path(), "--user", "bob", "--all-users"}).code, 2);
+}
+
+TEST_F(UsersCommandTest, EachUsersFindingIsARowAndWhatAllShareIsOne)
+{
+    volume.file(agentOf("Users/bob"));
+    volume.file(agentOf("Users/alice"));
+    volume.file("Library/LaunchAgents/com.refog.agent.plist");
+    volume.file("Users/alice/dev/nothing");
+    EXPECT_THAT(rows(scanned({})),
+                ElementsAre(" /Library/LaunchAgents/com.refog.agent.plist",
+                            "alice /" + agentOf("Users/alice"), "bob /" + agentOf("Users/bob")));
+    const json deep = scanned({"--deep"});
+    EXPECT_THAT(rows(deep), testing::Contains("alice /Users/alice/dev/nothing"));
+    EXPECT_EQ(deep["report"]["reportType"], "Deep Scan");
+    // Below the homes there are a file each, and one more.
+    EXPECT_GE(deep["coverage"]["entriesWalked"], 3);
+
+    const auto shown =
+        run({"report", "export", "latest", "--format", "json", "--volume", volume.path()});
+    EXPECT_EQ(rows(json::parse(shown.out)), rows(deep));
+}
+
+TEST_F(UsersCommandTest, HomesElsewhereAreThoseThatAccountsName)
+{
+    volume.file(agentOf("private/var/people/dave"));
+    volume.file(agentOf("Users/.quiet"));
+    volume.file(agentOf("private/var/service"));
+    volume.file(agentOf("private/var/linked"));
+    volume.file(accountFile("dave"), account("dave", "/var/people/dave"));
+    volume.file(accountFile("quiet"), account("quiet", "/Users/.quiet", 401));
+    volume.file(accountFile("alice"), account("alice", "/Users/alice"));
+    volume.file(accountFile("_service"), account("_service", "/var/service", 240));
+    volume.file(accountFile("root"), account("root", "/var/service", 0));
+    volume.file(accountFile("nowhere"), account("nowhere", "/var/nowhere"));
+    volume.file(accountFile("top"), account("top", "/"));
+    volume.file("private/elsewhere.plist", account("linked", "/var/linked"));
+    volume.link(accountFile("linked"), "/private/elsewhere.plist");
+    ASSERT_EQ(mkfifo(volume.hostPath(accountFile("fifo")).c_str(), 0644), 0);
+    volume.file(accountFile("broken"), "<plist><dict><key>name");
+
+    const std::string daves = "/private/var/people/dave /" + agentOf("private/var/people/dave");
+    const json all = scanned({});
+    EXPECT_THAT(rows(all), ElementsAre(daves, ".quiet /" + agentOf("Users/.quiet")));
+    std::vector<std::string> refused;
+    for (const auto& one : all["coverage"]["refused"])
+        refused.push_back(one["path"]);
+    std::ranges::sort(refused);
+    EXPECT_THAT(refused, ElementsAre("/" + accountFile("broken"), "/" + accountFile("fifo"),
+                                     "/" + accountFile("linked")));
+
+    const json dave = scanned({"--user", "dave"});
+    EXPECT_THAT(rows(dave), ElementsAre(daves));
+    EXPECT_EQ(dave["coverage"]["homesLeftOut"], json({".quiet", "alice"}));
+    EXPECT_EQ(dave["report"]["spyWareList"][0]["evidence"],
+              scanned({"--user", ".quiet"})["report"]["spyWareList"][0]["evidence"]);
+    EXPECT_THAT(run({"scan", "--volume", volume.path(), "--user", "erin"}).out,
+                HasSubstr("no home at /Users/erin"));
+}
+
+TEST_F(UsersCommandTest, ADataVolumeGivesWhatTheWholeDiskGives)
+{
+    volume.file("private/tmp/.lbOOjfsO");
+    volume.file("private/tmp/google.tmp");
+    volume.file("private/etc/manpath.d");
+    volume.file("usr/local/machook/x");
+    volume.file(agentOf("Users/alice"));
+    const json data = scanned({});
+    for (const std::string name : {"etc", "tmp", "var"})
+        volume.link(name, "private/" + name);
+    const json whole = scanned({});
+    EXPECT_EQ(rows(data), rows(whole));
+    EXPECT_GE(rows(whole).size(), 3U);
+    const auto& left = data["coverage"]["systemVolumeLeftOut"];
+    EXPECT_GT(left, 20);
+    EXPECT_EQ(whole["coverage"]["systemVolumeLeftOut"], 0);
+    EXPECT_EQ(data["coverage"]["signaturesTested"].get<int>() + left.get<int>(),
+              whole["coverage"]["signaturesTested"]);
+    for (const std::string name : {"etc", "tmp", "var"})
+        volume.remove(name);
+    const auto removed =
+        run({"remove", "latest", "--all", "--yes", "--weak", "--volume", volume.path()});
+    EXPECT_FALSE(volume.contains("private/tmp/.lbOOjfsO")) << removed.out << removed.err;
+    EXPECT_THAT(scan().out, HasSubstr("the system volume was not looked at: "));
+}
+
+TEST_F(UsersCommandTest, AFolderWithoutAMacIsAnErrorAndNamesTheOneInside)
+{
+    volume.remove("Users");
+    volume.folder("root/private-dir");
+    volume.file("root/Library/x");
+    volume.file("aside/Users/x");
+    const std::string none = "there is no Mac in \"" + volume.path() + "\"";
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"scan"},
+          {"scan", "--deep"},
+          {"inventory"},
+          {"privacy", "list"},
+          {"privacy", "clear", "--item", "x", "--user", "alice"}}) {
+        auto arguments = command;
+        arguments.insert(arguments.end(), {"--volume", volume.path()});
+        const auto outcome = run(arguments);
+        EXPECT_EQ(outcome.code, 2) << command.front();
+        EXPECT_THAT(outcome.err, HasSubstr(none));
+        EXPECT_THAT(outcome.err, HasSubstr("look at \"" + volume.path() + "/root\" instead"));
+        EXPECT_THAT(outcome.out, IsEmpty());
+    }
+    EXPECT_THAT(reportIds(), IsEmpty());
+    volume.remove("root");
+    volume.remove("aside");
+    EXPECT_THAT(scan().err, HasSubstr("give the folder at which the Mac disk is mounted"));
+    volume.folder("Applications");
+    EXPECT_EQ(scan().code, 0);
+    EXPECT_THAT(run({"scan", "--volume", volume.path()}).out, HasSubstr("no home at /Users"));
+}
+
+TEST_F(UsersCommandTest, InventoryAndPrivacyToolsFollowTheChoice)
+{
+    volume.file("Library/LaunchAgents/all.plist");
+    volume.file("Users/alice/Library/LaunchAgents/a.plist");
+    volume.file("Users/bob/Library/LaunchAgents/b.plist");
+    volume.file("Users/alice/Library/Caches/c", std::string(9000, 'c'));
+    volume.file("Users/bob/Library/Caches/c", std::string(9000, 'c'));
+    const char* all = "/Library/LaunchAgents/all.plist";
+    const char* alices = "/Users/alice/Library/LaunchAgents/a.plist";
+    EXPECT_EQ(inventory({"--user", "alice"}), json({{"launchAgents", {all, alices}}}));
+    EXPECT_EQ(inventory({}),
+              json({{"shared", {{"launchAgents", {all}}}},
+                    {"users",
+                     {{{"user", "alice"}, {"launchAgents", {alices}}},
+                      {{"user", "bob"},
+                       {"launchAgents", {"/Users/bob/Library/LaunchAgents/b.plist"}}}}}}));
+
+    const auto privacy = [&](std::vector<std::string> more) {
+        std::vector<std::string> arguments{"privacy",     "list",     "--volume",
+                                           volume.path(), "--format", "json"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return json::parse(run(arguments).out);
+    };
+    const json both = privacy({});
+    ASSERT_EQ(both["users"].size(), 2U);
+    EXPECT_EQ(both["users"][1]["user"], "bob");
+    EXPECT_EQ(both["users"][0]["groups"], privacy({"--user", "alice"}));
+
+    const auto clear = [&](std::vector<std::string> more) {
+        std::vector<std::string> arguments{"privacy",     "clear",  "--volume",
+                                           volume.path(), "--item", "System/User Cache files"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return run(arguments);
+    };
+    for (const auto& unnamed : {clear({"--yes"}), clear({"--yes", "--all-users"})}) {
+        EXPECT_EQ(unnamed.code, 2);
+        EXPECT_THAT(unnamed.err, HasSubstr("--user NAME"));
+    }
+    EXPECT_TRUE(volume.contains("Users/alice/Library/Caches/c"));
+    terminal = true;
+    input = "n\n";
+    EXPECT_THAT(clear({"--user", "bob"}).err, HasSubstr(" of bob for good?"));
+    EXPECT_EQ(clear({"--yes", "--user", "bob"}).code, 0);
+    EXPECT_TRUE(volume.contains("Users/alice/Library/Caches/c"));
+    EXPECT_FALSE(volume.contains("Users/bob/Library/Caches/c"));
+    volume.file("Users/bob/Library/Caches/c", std::string(9000, 'c'));
+    EXPECT_EQ(clear({"--yes", "--user", "bob", "--user", "alice"}).code, 0);
+    EXPECT_FALSE(volume.contains("Users/alice/Library/Caches/c"));
+    EXPECT_FALSE(volume.contains("Users/bob/Library/Caches/c"));
+}
+
+} // namespace
+} // namespace pryvane::test
