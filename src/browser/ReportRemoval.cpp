@@ -137,9 +137,15 @@ void ReportRemoval::tell(Then then)
     m_listUnDeleted = m_unDeletedSpyware;
     m_isFileListPresented = !m_listUnDeleted.empty();
     if (then != Then::Confirmation) {
-        m_banner =
-            removalSummary(m_unDeletedSpyware.size(),
-                           then == Then::BannerIndented ? FailedText::Indented : FailedText::Plain);
+        RemovalCounts counts{m_deletedSpyware.size(), m_unDeletedSpyware.size()};
+        for (const auto& record : *m_screen.openReport()->spyWareList) {
+            const bool isLeft =
+                record->isAvail() && !record->isDeleted && record->removalFailure.empty();
+            counts.left += isLeft ? 1 : 0;
+            counts.remoteDesktop = counts.remoteDesktop || (isLeft && isRemoteDesktop(*record));
+        }
+        m_banner = removalSummary(counts, then == Then::BannerIndented ? FailedText::Indented
+                                                                       : FailedText::Plain);
     } else if (m_listUnDeleted.empty()) {
         m_alerts.runModal({"Alert", "Selected malware successfully removed.", {"OK"}});
     }

@@ -100,7 +100,7 @@ ReportRow ReportRows::row(std::size_t row) const
             shown.subject.isKnown()
                 ? forScreen(macName(shown.subject)) + ", " + forScreen(userNames(shown.subject))
                 : kNotKnown,
-            shown.spyWareCount,
+            shown.hasThreats(),
             forScreen(shown.scanDuration),
             shown.redGreen,
             shown.openTrash};

@@ -18,7 +18,7 @@ struct ReportRow {
     std::string date; ///< the same as date and time
     std::string kind;
     std::string mac; ///< whose disk and which user's
-    std::uint64_t spyWareCount = 0;
+    bool hasThreats = false;
     std::string duration;
     Rgba redGreen;
     std::string openTrash; ///< name of the action icon

@@ -140,7 +140,7 @@ void ReportViewController::openThisReport(std::size_t row)
     if (row >= m_rows.size())
         return;
     const auto report = m_rows.report(row);
-    if (report->spyWareCount == 0) {
+    if (!report->hasThreats()) {
         deleteReport(report->reportId);
         return;
     }

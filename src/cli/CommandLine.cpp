@@ -59,6 +59,7 @@ CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
     addExplainCommand(*this, m_app);
     addInventoryCommand(*this, m_app);
     addPrivacyCommand(*this, m_app);
+    addSettingsCommand(*this, m_app);
     addCatalogCommand(*this, m_app);
     addGenerateCommand(*this, m_app);
 }

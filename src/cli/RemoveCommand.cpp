@@ -18,6 +18,7 @@
 #include <optional>
 #include <ostream>
 #include <set>
+#include <unordered_set>
 
 namespace pryvane::cli {
 
@@ -38,6 +39,7 @@ struct Choice {
     RecordSelection selection;
     std::vector<std::size_t> numbers;
     std::optional<std::size_t> leftOut = {}; ///< the number of the item that is never removed
+    std::size_t left = 0;                    ///< there still, and not chosen
     std::size_t weak = 0; ///< still there on weak evidence, which must be asked for
 
     [[nodiscard]] bool isAll() const { return !leftOut && weak == 0; }
@@ -118,8 +120,19 @@ Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& ar
             choice.numbers.push_back(number);
         }
     }
-    choice.weak = static_cast<std::size_t>(
-        std::ranges::count(liesInside(weak, choice.selection.records), false));
+    GoingLocations going;
+    std::unordered_set<const Spyware*> chosen;
+    for (const auto& record : choice.selection.records) {
+        going.add(*record);
+        chosen.insert(record.get());
+    }
+    choice.left = static_cast<std::size_t>(
+        std::ranges::count_if(*report.spyWareList, [&](const auto& record) {
+            return record->isAvail() && !chosen.contains(record.get()) &&
+                   !going.holdFolderOf(*record);
+        }));
+    choice.weak = static_cast<std::size_t>(std::ranges::count_if(
+        weak, [&](const auto& record) { return !going.holdFolderOf(*record); }));
     return choice;
 }
 
@@ -174,6 +187,9 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
                            });
         });
     console.out << outcomeText(records, results, choice.numbers);
+    if (choice.left > 0)
+        console.out << "Left: " << countedText(choice.left, "finding", "findings")
+                    << " of the report\n";
     const auto isStopped = [](const RemovalResult& result) {
         return result.obstacle == RemovalObstacle::Stopped;
     };
@@ -212,6 +228,12 @@ int removeChosen(Host& host, const Choice& choice, const RemoveArguments& argume
     }
     if (arguments.dryRun)
         return kDone;
+    if (!arguments.yes && console.errIsTerminal)
+        console.say(
+            "removing destroys evidence, and whoever installed it may notice; keep a record "
+            "first: pryvane-cli report pdf " +
+            forTerminal(arguments.id) + " FILE, report export " + forTerminal(arguments.id) +
+            " --format json");
     const std::string question =
         "Remove " + countedText(choice.numbers.size(), "finding", "findings") + " for good?";
     const bool confirmed = console.confirmed(question, arguments.yes);

@@ -71,12 +71,14 @@ public:
         obeyInterrupt();
         m_host.mainQueue().run(obeyInterrupt);
         m_bar.clear();
+        m_wasStopped = stopAsked;
         return !stopAsked;
     }
 
     [[nodiscard]] const ScanViewController& controller() const { return m_controller; }
 
-    /// The report that was made; or, as the flat kind of deep scan makes none, one for showing.
+    /// The report that was made; or, as the flat kind of deep scan and a quick scan that was
+    /// stopped make none, one for showing.
     [[nodiscard]] std::shared_ptr<const SpywareScanReport> report() const
     {
         if (m_controller.report())
@@ -84,7 +86,8 @@ public:
         const Date now = m_host.clock().now();
         auto shown = SpywareScanReport::ScanReportWithSpywareList(
             m_host.state().arrSpywareList.shared(), now,
-            stringFromTimeInterval(m_controller.coverage().seconds), "Deep Scan", now);
+            m_wasStopped ? "Stopped" : stringFromTimeInterval(m_controller.coverage().seconds),
+            m_host.state().isDeepScan ? "Deep Scan" : "Quick Scan", now);
         shown->coverage = m_controller.coverage();
         shown->subject = m_controller.subject();
         shown->volume = m_host.disk().identity();
@@ -107,6 +110,7 @@ private:
     NoRemover m_remover;
     ScanViewController m_controller;
     ProgressBar m_bar;
+    bool m_wasStopped = false;
     NotificationCenter::Observation m_stopObservation;
 };
 
@@ -165,26 +169,27 @@ int runScan(const ScanArguments& arguments, const Console& console)
     ScanRun scan(console, **host, arguments);
     const bool finished = scan.run();
     const bool madeReport = scan.controller().report() != nullptr;
-    if (!scan.controller().givenUp().empty())
-        return console.fail("the scan was given up: " + scan.controller().givenUp());
     const bool lost = !scan.controller().storeError().empty();
     const bool kept = madeReport && !arguments.noStore && !lost;
+    // However a scan ends, what it found by then is told, and in the same form.
     const auto report = scan.report();
-    if (!finished) {
-        console.say(kept ? "interrupted; what was found so far is stored (pryvane-cli report show "
-                           "latest)"
-                         : "interrupted; no report was stored");
-        if (madeReport)
-            writeDocument(console, **host, arguments, *report);
-        return kInterrupted;
-    }
     if (arguments.format == "json")
         console.out << reportAsJson(*report);
     else
         writeText(console, *report, (*host)->disk().names(), kept);
+    const bool written = writeDocument(console, **host, arguments, *report);
+    if (!scan.controller().givenUp().empty())
+        return console.fail("the scan was given up: " + scan.controller().givenUp());
+    if (!finished) {
+        console.say(kept ? "interrupted; what was found so far stands above and is stored "
+                           "(pryvane-cli report show latest)"
+                         : "interrupted; what was found so far stands above, and no report was "
+                           "stored");
+        return kInterrupted;
+    }
     if (!madeReport)
         console.say("a deep scan with --check-sub-dir n leaves no report");
-    if (!writeDocument(console, **host, arguments, *report))
+    if (!written)
         return kFailed;
     if (lost)
         return console.fail("the report is not stored; what the scan found stands above alone");

@@ -11,8 +11,11 @@ namespace {
 
 pryvane::StopFlag g_interrupted;
 
+/// The first Ctrl+C asks for an orderly end, the second one ends at once.
 extern "C" void onInterrupt(int)
 {
+    if (g_interrupted.requested())
+        _exit(pryvane::cli::kInterrupted);
     g_interrupted.request();
 }
 
@@ -25,7 +28,6 @@ int runProgram(int argc, char** argv)
     }
     struct sigaction action {};
     action.sa_handler = onInterrupt;
-    action.sa_flags = static_cast<int>(SA_RESETHAND); // a second Ctrl+C ends the process at once
     sigaction(SIGINT, &action, nullptr);
 
     const char* noColor = std::getenv("NO_COLOR");

@@ -4,6 +4,31 @@
 
 namespace pryvane {
 
+namespace {
+
+/// Whether both are the same but for the letter case of ASCII letters and for all bytes outside
+/// ASCII.
+bool isSpelledLike(std::string_view a, std::string_view b)
+{
+    const auto next = [](std::string_view& text) {
+        while (!text.empty() && static_cast<unsigned char>(text.front()) >= 0x80)
+            text.remove_prefix(1);
+        if (text.empty())
+            return '\0';
+        const char c = text.front();
+        text.remove_prefix(1);
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
+    for (char c = 1; c != '\0';) {
+        c = next(a);
+        if (c != next(b))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 std::shared_ptr<Spyware> Spyware::SpyWareWithName(std::string_view name, bool /*isChecked*/,
                                                   std::string_view infections, std::int64_t size,
                                                   const FileURL& url, std::string_view risk,
@@ -35,6 +60,13 @@ void Spyware::setSighting(const std::optional<Sighting>& sighting)
     seen = sighting && sighting->inode != 0 ? sighting : std::nullopt;
 }
 
+void Spyware::setSpelling(std::string_view path)
+{
+    while (path.size() > 1 && path.ends_with('/'))
+        path.remove_suffix(1);
+    spelling = path;
+}
+
 void Spyware::setPresence(Presence now, std::string_view reason)
 {
     presence = now;
@@ -56,9 +88,21 @@ const char* presenceWord(Presence presence)
     return "unknown";
 }
 
+/// The spelling on the disk where it differs from the location in letter case or normal form alone:
+/// a location behind a link is one of its own.
+std::string_view ResultList::placeOf(const Spyware& record)
+{
+    const std::string_view asked = record.url.identity();
+    std::string_view spelled = record.spelling;
+    if (spelled.starts_with('/'))
+        spelled.remove_prefix(1);
+    return !spelled.empty() && isSpelledLike(asked, spelled) ? spelled : asked;
+}
+
 void ResultList::append(std::shared_ptr<Spyware> record)
 {
     m_locations.insert(record->url.identity());
+    m_locations.insert(placeOf(*record));
     m_records->push_back(std::move(record));
 }
 

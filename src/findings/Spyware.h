@@ -44,6 +44,9 @@ public:
     /// Notes where and what it is, as far as a scan could tell.
     void setSighting(const std::optional<Sighting>& sighting);
 
+    /// Notes under which absolute path the disk itself has it.
+    void setSpelling(std::string_view path);
+
     /// Follows the disk, and isChecked and the row's colour with it. `reason` says in words why it
     /// cannot be told.
     void setPresence(Presence now, std::string_view reason = {});
@@ -66,6 +69,11 @@ public:
     std::string removalFailure; ///< why it could not be removed, for a person; not stored
     std::string removalRemark;  ///< what else is to be known of its removal; not stored
     RowColor redGreen = RowColor::Grey;
+
+    /// Its absolute path as the disk spelled it when a scan found it, raw bytes, without a slash at
+    /// its end; stored. Where letter case or normal form do not matter it may differ from the
+    /// location. Empty: not known, as in older reports.
+    std::string spelling;
 
     /// What stood at the location when a scan found it; stored, and unknown in older reports.
     FileKind kind = FileKind::Unknown;
@@ -90,15 +98,23 @@ public:
         return m_locations.contains(url.identity());
     }
 
+    /// The same for a location by any spelling, where the record's own on the disk is known.
+    [[nodiscard]] bool contains(const Spyware& record) const
+    {
+        return m_locations.contains(placeOf(record));
+    }
+
     void append(std::shared_ptr<Spyware> record);
 
     /// Starts over with a list of its own, so that a report made from the last one keeps it.
     void clear();
 
 private:
+    [[nodiscard]] static std::string_view placeOf(const Spyware& record);
+
     std::shared_ptr<SpywareList> m_records = std::make_shared<SpywareList>();
     std::unordered_set<std::string_view>
-        m_locations; // views into m_records' URLs, which never change
+        m_locations; // views into m_records' URLs and spellings, which never change
 };
 
 } // namespace pryvane

@@ -93,6 +93,14 @@ public:
         return std::nullopt;
     }
 
+    /// The absolute path under which the disk itself has what stands there, links not followed at
+    /// its end; none where nothing does, or where that cannot be told. The same as the asked path
+    /// where that is spelled exactly.
+    [[nodiscard]] virtual std::optional<std::string> spelledPath(const FileURL&)
+    {
+        return std::nullopt;
+    }
+
     [[nodiscard]] virtual FolderListing list(const FileURL& folder) = 0;
 
     /// Allocated bytes of a file, or of all files below a folder: 512-byte blocks × 512, folders

@@ -32,6 +32,13 @@ class UserNotifier {
 public:
     virtual ~UserNotifier() = default;
     virtual void deliver(const std::string& title, const std::string& informativeText) = 0;
+
+    /// Shows the message in the place of the one that was shown this way before, where the desktop
+    /// can do that. Of several in short order the last one counts.
+    virtual void update(const std::string& title, const std::string& informativeText)
+    {
+        deliver(title, informativeText);
+    }
 };
 
 /// Shows nothing, for faces that tell findings in their own way.

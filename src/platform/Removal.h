@@ -31,6 +31,9 @@ struct RemovalItem {
     FileKind kind = FileKind::Unknown; ///< what it was when it was found
     /// What it is removed as, such as a privacy item's name; kept in the journal. May be empty.
     std::string purpose = {};
+    /// Its absolute path as the disk spelled it when it was found: what is spelled otherwise is
+    /// another item, and stays. Empty: any spelling that the disk takes for the same will do.
+    std::string spelling = {};
 
     [[nodiscard]] LinkTrust linkTrust() const
     {

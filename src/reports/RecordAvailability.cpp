@@ -20,7 +20,15 @@ Presence DiskPresence::of(const SpywareScanReport& report, const Spyware& record
     const auto [entry, isNew] = m_known.try_emplace(path, Presence::Unknown);
     if (isNew)
         entry->second = m_disk.presence(record.url);
-    return entry->second;
+    if (entry->second != Presence::Present || record.spelling.empty())
+        return entry->second;
+    // What has a similar name is not what was found.
+    const auto [spelled, isFirst] = m_spelled.try_emplace(record.spelling, true);
+    if (isFirst) {
+        const auto now = m_disk.spelledPath(FileURL::fileURLWithPath(record.spelling));
+        spelled->second = !now || *now == record.spelling;
+    }
+    return spelled->second ? Presence::Present : Presence::Absent;
 }
 
 std::string_view whyNotKnown(const SpywareScanReport& report, const Spyware& record,

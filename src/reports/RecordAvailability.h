@@ -33,6 +33,7 @@ private:
     /// By the path as given: a trailing slash asks for a folder, which is a test of its own. The
     /// views stay valid because a record's location never changes.
     std::unordered_map<std::string_view, Presence> m_known;
+    std::unordered_map<std::string_view, bool> m_spelled; ///< whether that very name is there
 };
 
 /// Makes the records of all reports follow the disk as it is now. The records of another volume

@@ -30,7 +30,7 @@ constexpr std::string_view kSource = "source", kVolumeName = "volumeName",
                            kUsers = "users";
 constexpr std::string_view kName = "name", kIsChecked = "isChecked", kInfections = "infections",
                            kSize = "size", kUrl = "url", kRisk = "risk", kPath = "path",
-                           kKind = "kind", kUser = "user";
+                           kKind = "kind", kUser = "user", kSpelling = "spelling";
 constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListed = "foldersListed",
                            kEntriesSearched = "entriesSearched", kEntriesWalked = "entriesWalked",
                            kRefused = "refused", kReason = "reason", kHeldBack = "heldBack",
@@ -89,9 +89,15 @@ FileKind kindOf(std::string_view stored)
     return FileKind::Unknown;
 }
 
+/// A spelling that is the location's own is stored as nothing.
+bool isAsLocated(std::string_view spelling, const FileURL& url)
+{
+    return spelling.starts_with('/') && spelling.substr(1) == url.identity();
+}
+
 void writeRecord(CborWriter& out, const Spyware& record)
 {
-    out.map(9);
+    out.map(record.spelling.empty() ? 9 : 10);
     out.text(key::kName).textOrBytes(record.name);
     out.text(key::kIsChecked).boolean(record.isChecked);
     out.text(key::kInfections).textOrBytes(record.infections);
@@ -101,6 +107,10 @@ void writeRecord(CborWriter& out, const Spyware& record)
     out.text(key::kPath).bytes(record.url.relativePath());
     out.text(key::kKind).text(kindText(record.kind));
     out.text(key::kUser).bytes(record.user);
+    if (!record.spelling.empty()) {
+        const bool asLocated = isAsLocated(record.spelling, record.url);
+        out.text(key::kSpelling).bytes(asLocated ? std::string_view() : record.spelling);
+    }
 }
 
 /// The stored "isChecked" is not read: whether a record is selected follows the disk.
@@ -108,12 +118,15 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
 {
     auto record = std::make_shared<Spyware>();
     std::optional<std::string_view> path;
+    std::optional<std::string_view> spelling;
     std::string_view url;
     auto fields = in.map();
     while (in.more(fields)) {
         const std::string_view key = in.key();
         if (key == key::kName)
             record->name = in.string();
+        else if (key == key::kSpelling)
+            spelling = in.string();
         else if (key == key::kInfections)
             record->infections = in.string();
         else if (key == key::kSize)
@@ -138,6 +151,9 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
                                    url.find("%00") != std::string_view::npos;
     if (!isNone)
         record->url = path ? FileURL::fileURLWithPath(*path) : FileURL::fromUrlText(url);
+    if (spelling && spelling->find('\0') == std::string_view::npos)
+        record->setSpelling(spelling->empty() ? "/" + std::string(record->url.identity())
+                                              : std::string(*spelling));
     return record;
 }
 

@@ -101,6 +101,7 @@ void summary(std::string& page, const SpywareScanReport& report)
     fact(page, "Scan type", report.reportType);
     fact(page, "Scanned", localDateText(report.scanDate));
     fact(page, "Duration", report.scanDuration);
+    fact(page, "Findings", report.countText());
     fact(page, "Report", report.reportId);
     page += "</dl>\n";
 }

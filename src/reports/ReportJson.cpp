@@ -113,6 +113,7 @@ std::string reportAsJson(const SpywareScanReport& report)
              {"scanDate", iso8601(report.scanDate)},
              {"scanDuration", forJson(report.scanDuration)},
              {"spyWareCount", report.spyWareCount},
+             {"findings", findings},
              {"isRed", report.isRed},
              {"spyWareList", std::move(list)},
          }},

@@ -59,11 +59,19 @@ SpywareScanReport SpywareScanReport::independentCopy() const
     return copy;
 }
 
+std::string SpywareScanReport::countText() const
+{
+    const std::string count = std::to_string(spyWareCount);
+    return spyWareCount == spyWareList->size()
+               ? count
+               : count + " (" + std::to_string(spyWareList->size()) + " listed)";
+}
+
 void SpywareScanReport::derive(Date now)
 {
     reportDateDisplay = relativeDateStringForDate(scanDate, now);
     redGreen = isRed ? kReportRed : kReportGreen;
-    openTrash = spyWareCount != 0 ? "btn_open.tiff" : "btn_trash.tiff";
+    openTrash = hasThreats() ? "btn_open.tiff" : "btn_trash.tiff";
 }
 
 } // namespace pryvane

@@ -37,6 +37,12 @@ public:
     /// The report as it is now with records of its own, for another thread.
     [[nodiscard]] SpywareScanReport independentCopy() const;
 
+    /// Whether it lists threats; the stored count alone cannot tell.
+    [[nodiscard]] bool hasThreats() const { return spyWareCount != 0 || !spyWareList->empty(); }
+
+    /// How many it lists: "11", or "44 (300 listed)" where the stored count is another.
+    [[nodiscard]] std::string countText() const;
+
     /// Sets what follows from the other fields: reportDateDisplay, redGreen and openTrash.
     void derive(Date now);
 

@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/NotificationCenter.h"
+#include "core/Texts.h"
 #include "findings/Homes.h"
 #include "findings/ScanState.h"
 #include "platform/Clock.h"
@@ -15,8 +16,9 @@ namespace {
 constexpr std::chrono::milliseconds kSlice{8};
 constexpr std::size_t kTakenAtOnce = 256;
 
-// A flood of findings must not become a flood of pop-ups.
-constexpr std::size_t kNotifiedFindings = 20;
+// A flood of findings must not become a flood of pop-ups: after so many, one tells their number.
+constexpr std::size_t kNotifiedFindings = 3;
+constexpr std::chrono::seconds kBetweenCounts{1};
 
 } // namespace
 
@@ -40,7 +42,7 @@ void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::st
         return;
     }
     auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
-    record->setSighting(m_services.disk.sighting(url));
+    lookAt(*record);
     test(std::move(record));
 }
 
@@ -49,14 +51,43 @@ void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::strin
 {
     auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
     record->setSighting(seen);
+    record->setSpelling(spelledBelow(url));
     test(std::move(record));
+}
+
+/// Where it is and how the disk spells that.
+void FindingInbox::lookAt(Spyware& record)
+{
+    record.setSighting(m_services.disk.sighting(record.url));
+    if (const auto spelled = m_services.disk.spelledPath(record.url))
+        record.setSpelling(*spelled);
+}
+
+/// Of what a walk has seen: its name is the disk's own, and so are those of all the folders below
+/// the one at which the walk began. Findings of one folder come one after the other.
+std::string FindingInbox::spelledBelow(const FileURL& url)
+{
+    const std::string path = url.absolutePath();
+    const auto slash = path.rfind('/');
+    const std::string folder = path.substr(0, slash);
+    if (folder.empty())
+        return path;
+    {
+        const MutexLock lock(m_mutex);
+        if (m_walked.folder == folder)
+            return m_walked.spelled.empty() ? std::string() : m_walked.spelled + path.substr(slash);
+    }
+    const auto spelled = m_services.disk.spelledPath(FileURL::fileURLWithPath(folder));
+    const MutexLock lock(m_mutex);
+    m_walked = {folder, spelled.value_or("")};
+    return spelled ? *spelled + path.substr(slash) : std::string();
 }
 
 void FindingInbox::append(const FileURL& url, std::string_view name, std::string_view type,
                           std::string_view risk, std::int64_t size)
 {
     auto record = Spyware::SpyWareWithName(name, true, type, size, url, risk, m_services.disk);
-    record->setSighting(m_services.disk.sighting(url));
+    lookAt(*record);
     push({std::move(record), {}, Admission::AsItIs});
 }
 
@@ -79,6 +110,8 @@ void FindingInbox::clear()
     m_refusedLocations.clear();
     m_heldBack.clear();
     m_heldBackLocations.clear();
+    m_walked = {};
+    m_nextCount = {};
     m_applications.forget();
 }
 
@@ -153,8 +186,10 @@ void FindingInbox::drainSlice()
                 m_later.post(pending.done); // behind what the scan's threads had posted before
         }
     }
-    if (m_state.arrSpywareList.records().size() != before)
+    if (m_state.arrSpywareList.records().size() != before) {
+        tellCount();
         m_listChanged();
+    }
     if (more)
         schedule();
 }
@@ -166,7 +201,7 @@ void FindingInbox::admit(const Pending& pending)
         m_state.arrSpywareList.append(record);
         return;
     }
-    if (m_state.arrSpywareList.contains(record->url))
+    if (m_state.arrSpywareList.contains(*record))
         return;
     for (std::size_t i = 0; i < pending.times; ++i)
         list(record);
@@ -188,6 +223,27 @@ void FindingInbox::list(const std::shared_ptr<Spyware>& record)
         m_services.userNotifier.deliver("Pryvane",
                                         "Spyware Found: " + forNotification(record->name));
     }
+}
+
+void FindingInbox::tellCount()
+{
+    const std::size_t count = m_state.arrSpywareList.records().size();
+    const auto now = m_services.clock.steadyNow();
+    if (count <= kNotifiedFindings || now < m_nextCount)
+        return;
+    m_nextCount = now + kBetweenCounts;
+    m_services.userNotifier.update("Pryvane",
+                                   countedText(count, "finding", "findings") + " so far");
+}
+
+void FindingInbox::tellEnd()
+{
+    m_nextCount = {};
+    const std::size_t count = m_state.arrSpywareList.records().size();
+    if (count > 0)
+        m_services.userNotifier.update(
+            "Pryvane",
+            "The scan has ended: " + countedText(count, "potential threat", "potential threats"));
 }
 
 } // namespace pryvane

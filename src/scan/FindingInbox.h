@@ -9,6 +9,7 @@
 #include "signatures/MakersApplications.h"
 
 #include <atomic>
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -49,6 +50,10 @@ public:
     /// they are there.
     [[nodiscard]] std::vector<Refusal> refused();
 
+    /// Tells the user outside the window how many findings there are, in place of what was told
+    /// last; nothing where there are none. Main thread only, once a scan has ended.
+    void tellEnd();
+
     /// Forgets what is waiting, what was held back and what was refused. Main thread only, between
     /// scans.
     void clear();
@@ -62,6 +67,13 @@ private:
         std::size_t times = 1; ///< on the result list
     };
 
+    /// A folder as it was asked for and as the disk spells it; empty: that cannot be told.
+    struct Walked {
+        std::string folder, spelled;
+    };
+
+    void lookAt(Spyware& record);
+    [[nodiscard]] std::string spelledBelow(const FileURL& url);
     void test(std::shared_ptr<Spyware> record);
     void refuse(const FileURL& url);
     void push(Pending pending);
@@ -74,6 +86,7 @@ private:
     void admit(const Pending& pending);
     void holdBack(const FileURL& url);
     void list(const std::shared_ptr<Spyware>& record);
+    void tellCount();
 
     PlatformServices m_services;
     ScanState& m_state;
@@ -81,6 +94,7 @@ private:
     MakersApplications m_applications;
     std::vector<std::string> m_heldBack;
     std::unordered_set<std::string> m_heldBackLocations;
+    std::chrono::nanoseconds m_nextCount{0}; ///< when the number may be told again
     BoundQueue m_later;
 
     Mutex m_mutex;
@@ -89,6 +103,7 @@ private:
     std::vector<std::string> m_users GUARDED_BY(m_mutex);
     std::vector<Refusal> m_refused GUARDED_BY(m_mutex);
     std::unordered_set<std::string> m_refusedLocations GUARDED_BY(m_mutex);
+    Walked m_walked GUARDED_BY(m_mutex); ///< the last folder with a walk's finding
 };
 
 } // namespace pryvane

@@ -360,6 +360,7 @@ void ScanViewController::resetState()
 
 void ScanViewController::endSession()
 {
+    m_inbox.tellEnd();
     m_display.activityIndicator = false;
     m_display.stopButton = false;
     m_display.scanBox = false;

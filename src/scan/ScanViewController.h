@@ -55,6 +55,7 @@ public:
 
     /// The box of the remote-desktop finding: whether it is ignored from now on.
     void ignoreARD(bool ignore);
+    [[nodiscard]] bool ignoresRemoteDesktop() const { return m_ignoresRemoteDesktop; }
 
     // The removal of findings; see ThreatRemoval for what each does.
     void deleteSelectedThreat() { m_removal.deleteSelectedThreat(); }
@@ -160,6 +161,7 @@ private:
     int m_partsRunning = 0;                  ///< a quick scan has one part, a deep scan two
     Ending m_ending = Ending::WithoutReport; ///< what the part that decides it has said
     bool m_fileCountCompleted = false;
+    bool m_ignoresRemoteDesktop = false;
 
     std::vector<NotificationCenter::Observation> m_observations;
     BoundQueue m_later;

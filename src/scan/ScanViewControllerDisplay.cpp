@@ -89,6 +89,8 @@ void ScanViewController::showProgress(int percent)
 void ScanViewController::ignoreARD(bool ignore)
 {
     logFailure(m_services.log, m_services.defaults.set(preferences::kARD, !ignore));
+    m_ignoresRemoteDesktop = ignore;
+    Q_EMIT stateChanged();
 }
 
 void ScanViewController::updateThreatBox()
@@ -101,6 +103,8 @@ void ScanViewController::makeAccessibleUIChanges()
     UserDefaults& defaults = m_services.defaults;
     if (!defaults.contains(preferences::kCheckSubDir))
         logFailure(m_services.log, defaults.set(preferences::kCheckSubDir, "y"));
+    m_ignoresRemoteDesktop =
+        defaults.contains(preferences::kARD) && !defaults.get(preferences::kARD);
     StatusFacts facts;
     facts.homeWritable = m_access.isWritable(m_options.homeRoot());
     facts.scanRunning = isAtWork();

@@ -2,6 +2,7 @@
 
 #include "findings/ScanState.h"
 #include "scan/ScanDisplay.h"
+#include "signatures/MakersApplications.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -149,7 +150,12 @@ void ThreatRemoval::report(Then then)
     append(*list, afterRetry ? lists.deletedSpyware : lists.notActionSpyware);
     if (lists.tempReport)
         lists.tempReport->spyWareList = list;
-    m_summary = removalSummary(lists.unDeletedSpyware.size());
+    RemovalCounts counts{lists.deletedSpyware.size(), lists.unDeletedSpyware.size()};
+    for (const auto& record : lists.notActionSpyware) {
+        counts.left += record->isDeleted ? 0 : 1;
+        counts.remoteDesktop = counts.remoteDesktop || isRemoteDesktop(*record);
+    }
+    m_summary = removalSummary(counts);
 }
 
 void ThreatRemoval::selectThreats(std::span<const std::size_t> rows, bool on)

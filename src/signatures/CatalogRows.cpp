@@ -26,7 +26,7 @@ std::string_view noteOn(RuleKind rule, std::string_view signature)
     if (signature.find("/startupitems/") != std::string_view::npos)
         return "the folder is spelled in lower case on purpose";
     if (rule == RuleKind::RemoteDesktop)
-        return "one finding for all of these locations, shown at the first of them";
+        return "one finding for all of these locations, shown at the first that is there";
     return {};
 }
 

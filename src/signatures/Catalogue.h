@@ -21,7 +21,7 @@ inline constexpr std::string_view kBackdoorMethod = "checkForBackDoor";
 inline constexpr std::string_view kDefaultOnlyMethod = "otherCheckDefaultOnly";
 inline constexpr std::string_view kRemoteDesktopMethod = "checkForARD";
 
-/// The one remote-desktop finding carries this name, and the first remote-desktop path.
+/// The one remote-desktop finding carries this name, and the first of its paths that is there.
 inline constexpr std::string_view kRemoteDesktopName = "ARD";
 
 /// Apple's support article on switching remote management on and off, for whoever finds it on.

@@ -141,7 +141,7 @@ void CheckRunner::checkForARD()
     appendPresent(catalogue::remoteDesktopPaths(), found);
     if (found.empty())
         return;
-    const auto url = FileURL::fileURLWithPath(catalogue::remoteDesktopPaths().front());
+    const auto url = FileURL::fileURLWithPath(found.front());
     m_sink.append(url, catalogue::kRemoteDesktopName, catalogue::kRemoteDesktop, kHighRisk, 0);
 }
 

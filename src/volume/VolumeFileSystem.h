@@ -46,9 +46,7 @@ public:
     [[nodiscard]] bool lacksSystemVolume() const override { return m_implied.any(); }
     void forgetListings() override { m_spellings.forget(); }
 
-    /// The absolute path under which the disk itself has what stands there, links not followed at
-    /// its end; none when nothing does. The same as the asked path where that is spelled exactly.
-    [[nodiscard]] std::optional<std::string> spelledPath(const FileURL& url);
+    [[nodiscard]] std::optional<std::string> spelledPath(const FileURL& url) override;
 
     /// What allocatedSize() measures there: a folder open for reading, or the bytes of what is
     /// none.

@@ -45,7 +45,8 @@ TEST_F(ReportRemovalTest, TheBannerTellsHowManyRemain)
             const std::string text = (again && failed > 0 ? "  " : "") + std::string(row.failed);
             const auto& banner = browser.removal().banner();
             ASSERT_TRUE(banner);
-            EXPECT_EQ(*banner, (RemovalSummary{text, row.background, row.information, row.icon}));
+            EXPECT_EQ(*banner, (RemovalSummary{text, row.background, row.information, row.icon,
+                                               RemovalCounts{3 - failed, failed}.text()}));
             EXPECT_EQ(browser.removal().deletedCount(), 3 - failed);
             EXPECT_EQ(browser.removal().isFileListPresented(), failed > 0);
             EXPECT_EQ(browser.removal().listUnDeleted().size(), failed);

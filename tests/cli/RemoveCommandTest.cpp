@@ -92,6 +92,19 @@ TEST_F(RemoveCommandTest, ADryRunShowsThePlanAndRemovesNothing)
     expectAllThere();
 }
 
+TEST_F(RemoveCommandTest, ASecondRemovalTakesNoTwinOfWhatIsGone)
+{
+    volume.plant("/Library/LaunchAgents/COM.REFOG.AGENT.PLIST");
+    volume.remove(kRefog);
+    EXPECT_EQ(scan().code, 1);
+    volume.plant(kRefog); // comes after the scan
+    EXPECT_EQ(remove({"--all", "--yes"}).code, 0);
+    EXPECT_FALSE(volume.contains("/Library/LaunchAgents/COM.REFOG.AGENT.PLIST"));
+    const Outcome again = remove({"--all", "--yes"});
+    EXPECT_THAT(again.out, HasSubstr("4 were gone already"));
+    EXPECT_TRUE(volume.contains(kRefog)) << again.out;
+}
+
 TEST_F(RemoveCommandTest, AllLeavesWhatRestsOnAPartOfANameAlone)
 {
     const std::vector<std::string> weak{"/Library/Preferences/com.okaz.x",
@@ -138,6 +151,8 @@ TEST_F(RemoveCommandTest, AsksAndRemovesOnlyWhatWasChosen)
     const Outcome removed = remove({"--item", "4", "--item", "1"});
     EXPECT_EQ(removed.code, 0) << removed.err;
     EXPECT_THAT(removed.err, HasSubstr("Remove 2 findings for good? [y/N]"));
+    EXPECT_THAT(removed.err, HasSubstr("keep a record first: pryvane-cli report pdf latest FILE"));
+    EXPECT_THAT(removed.out, HasSubstr("\nLeft: 2 findings of the report\n"));
     EXPECT_THAT(removed.out, ContainsRegex("4  removed +1 +4.1 KB  /tmp/.mdworker\n"));
     EXPECT_THAT(removed.out, ContainsRegex("1  removed +2 +4.1 KB  /Users/alice/Library/.A_o_b_o"));
     EXPECT_THAT(removed.out, HasSubstr("Removed: 2 findings, 3 entries, 8.2 KB in all\n"));

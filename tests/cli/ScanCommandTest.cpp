@@ -4,7 +4,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <chrono>
 #include <fstream>
+#include <set>
+#include <thread>
 
 namespace pryvane {
 namespace {
@@ -73,6 +77,24 @@ TEST_F(ScanCommandTest, DeepScansTheHomeOrTheWholeDisk)
     EXPECT_EQ(scan({"--whole-disk"}).code, 2);
 }
 
+TEST_F(ScanCommandTest, RemoteDesktopIsToldWhereItIsUntilTheSettingsIgnoreIt)
+{
+    volume.folder("/Users/alice/Library/Containers/com.apple.RemoteDesktop");
+    const auto found = [&] {
+        return json::parse(scan({"--format", "json"}).out)["report"]["spyWareList"];
+    };
+    EXPECT_EQ(run({"settings", "remote-desktop"}).out, "Apple Remote Desktop: told by scans\n");
+    ASSERT_EQ(found().size(), 1U);
+    EXPECT_EQ(found()[0]["path"], "/Users/alice/Library/Containers/com.apple.RemoteDesktop");
+    EXPECT_EQ(found()[0]["isAvail"], true);
+    EXPECT_EQ(run({"settings", "remote-desktop", "--ignore"}).code, 0);
+    EXPECT_EQ(found().size(), 0U);
+    EXPECT_EQ(run({"settings", "remote-desktop", "--ignore", "--show"}).code, 2);
+    EXPECT_THAT(run({"settings", "remote-desktop"}).out, HasSubstr("ignored"));
+    EXPECT_EQ(run({"settings", "remote-desktop", "--show"}).code, 0);
+    EXPECT_EQ(found().size(), 1U);
+}
+
 TEST_F(ScanCommandTest, AnInterruptedDeepScanIsKeptAndAQuickOneIsNot)
 {
     volume.file("/tmp/.mdworker");
@@ -81,9 +103,65 @@ TEST_F(ScanCommandTest, AnInterruptedDeepScanIsKeptAndAQuickOneIsNot)
     EXPECT_TRUE(reportIds().empty());
     const Outcome deep = scan({"--deep"});
     EXPECT_EQ(deep.code, 130);
-    EXPECT_EQ(deep.out, "");
     EXPECT_THAT(run({"report", "list"}).out, HasSubstr("Deep Scan"));
     EXPECT_THAT(run({"report", "list"}).out, HasSubstr("Stopped"));
+}
+
+TEST_F(ScanCommandTest, WheneverADeepScanIsStoppedItPrintsWhatItFoundByThen)
+{
+    for (int folder = 0; folder < 60; ++folder) {
+        const std::string place = "/Users/alice/notes/" + std::to_string(folder) + "/";
+        for (int file = 0; file < 30; ++file)
+            volume.file(place + std::to_string(file));
+        volume.file(place + "Koobface");
+    }
+    const auto started = std::chrono::steady_clock::now();
+    const auto all = json::parse(scan({"--deep", "--format", "json"}).out);
+    const auto whole = std::chrono::steady_clock::now() - started;
+    std::set<std::string> everything;
+    for (const auto& finding : all["report"]["spyWareList"])
+        everything.insert(finding["path"]);
+    ASSERT_EQ(everything.size(), 60U);
+
+    for (int stop = 0; stop < 12; ++stop) {
+        for (const bool stored : {true, false}) {
+            for (const char* format : {"json", "text"}) {
+                interrupted.clear();
+                std::thread ctrlC([&] {
+                    std::this_thread::sleep_for(whole * stop / 12);
+                    interrupted.request();
+                });
+                const Outcome outcome =
+                    scan({"--deep", "--format", format, stored ? "--store" : "--no-store"});
+                ctrlC.join();
+                interrupted.clear();
+                if (outcome.code != 130)
+                    continue; // it was at its end already
+                std::set<std::string> told;
+                if (*format == 'j') {
+                    const auto partial = json::parse(outcome.out);
+                    ASSERT_TRUE(partial.contains("coverage"));
+                    EXPECT_EQ(partial["report"]["scanDuration"], "Stopped");
+                    for (const auto& finding : partial["report"]["spyWareList"])
+                        told.insert(finding["path"]);
+                } else {
+                    EXPECT_THAT(outcome.out, HasSubstr("Looked at: "));
+                    for (const std::string& path : everything)
+                        if (outcome.out.find(path + "\n") != std::string::npos)
+                            told.insert(path);
+                }
+                EXPECT_TRUE(std::ranges::includes(everything, told)) << outcome.out;
+                if (!stored)
+                    continue;
+                std::set<std::string> kept;
+                const Outcome shown =
+                    run({"report", "export", "latest", "--volume", volume.path()});
+                for (const auto& finding : json::parse(shown.out)["report"]["spyWareList"])
+                    kept.insert(finding["path"]);
+                EXPECT_EQ(told, kept) << "stop " << stop;
+            }
+        }
+    }
 }
 
 TEST_F(ScanCommandTest, ACleanVolumeIsCleanAndAMissingHomeSaysSo)

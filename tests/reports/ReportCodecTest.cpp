@@ -82,7 +82,7 @@ TEST(ReportCodec, StoresTheCountInEightBits)
         const char* icon;
     };
     for (const Row& row : {Row{0, 0, "btn_trash.tiff"}, Row{255, 255, "btn_open.tiff"},
-                           Row{256, 0, "btn_trash.tiff"}, Row{300, 44, "btn_open.tiff"}}) {
+                           Row{256, 0, "btn_open.tiff"}, Row{300, 44, "btn_open.tiff"}}) {
         SCOPED_TRACE(row.threats);
         const auto report = reportOf(std::vector<std::string>(row.threats, "/tmp/x"));
         EXPECT_EQ(report->spyWareCount, row.threats);
@@ -94,6 +94,17 @@ TEST(ReportCodec, StoresTheCountInEightBits)
         EXPECT_EQ(back->redGreen, row.threats > 0 ? kReportRed : kReportGreen);
         EXPECT_EQ(back->openTrash, row.icon);
     }
+}
+
+TEST(ReportCodec, KeepsTheSpellingOfTheDiskAndWhereItIsNotKnown)
+{
+    const auto report = reportOf({"/tmp/a/", "/tmp/b", "/tmp/c"});
+    (*report->spyWareList)[0]->setSpelling("/tmp/a/");
+    (*report->spyWareList)[1]->setSpelling("/private/tmp/B\xff");
+    const auto back = roundTrip(report);
+    EXPECT_EQ((*back->spyWareList)[0]->spelling, "/tmp/a");
+    EXPECT_EQ((*back->spyWareList)[1]->spelling, "/private/tmp/B\xff");
+    EXPECT_EQ((*back->spyWareList)[2]->spelling, "");
 }
 
 TEST(ReportCodec, KeepsDatesToTheMillisecondAndClampsImpossibleOnes)

@@ -70,7 +70,7 @@ TEST(ReportJson, HasTheAgreedShape)
     EXPECT_EQ(Json::parse(reportAsJson(*report)).dump(), Json::parse(R"({
         "report": {"reportId": "ID", "reportType": "Quick Scan",
             "scanDate": "2023-11-14T22:13:20.123Z", "scanDuration": " 2 seconds",
-            "spyWareCount": 1, "isRed": true, "spyWareList": [
+            "spyWareCount": 1, "findings": 1, "isRed": true, "spyWareList": [
                 {"name": "a okaz.", "infections": "Okaz Installer", "size": 4096,
                  "path": "/Library/Preferences/a okaz.",
                  "url": "file:///Library/Preferences/a%20okaz.", "risk": "High Risk",
@@ -89,6 +89,23 @@ TEST(ReportJson, HasTheAgreedShape)
             "homesLeftOut": ["bob"], "seconds": 0.5}
     })")
                                                              .dump());
+}
+
+TEST(ReportExports, TellHowManyAreListedNotOnlyTheStoredCount)
+{
+    const auto report = reportOf(std::vector<std::string>(300, "/tmp/x"));
+    report->spyWareCount = 300 & 0xff; // as the store keeps it
+    const Json json = Json::parse(reportAsJson(*report))["report"];
+    EXPECT_EQ(json["findings"], 300);
+    EXPECT_EQ(json["spyWareCount"], 44);
+    const std::string page = reportAsHtml(*report);
+    EXPECT_NE(page.find("<dd>44 (300 listed)</dd>"), std::string::npos);
+    EXPECT_NE(page.find("300 potential threats"), std::string::npos);
+
+    const auto whole = reportOf(std::vector<std::string>(256, "/tmp/x"));
+    whole->spyWareCount = 0;
+    whole->derive(whole->scanDate);
+    EXPECT_EQ(whole->openTrash, "btn_open.tiff") << "it has something to show";
 }
 
 TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)

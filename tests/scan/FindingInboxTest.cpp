@@ -139,7 +139,11 @@ TEST_F(FindingInboxTest, AFloodFromTwoThreadsArrivesWholeAndBeforeTheEnd)
     inbox.whenEmpty([&] { atEnd = state.arrSpywareList.records().size(); });
     EXPECT_TRUE(mainQueue.runUntil([&] { return atEnd > 0; }));
     EXPECT_EQ(atEnd, 2U * kEach);
-    EXPECT_LT(userNotifier.delivered.size(), 50U);
+    EXPECT_EQ(userNotifier.delivered.size(), 3U);
+    EXPECT_LT(userNotifier.updated.size(), 50U);
+    inbox.tellEnd();
+    EXPECT_EQ(userNotifier.updated.back(),
+              "Pryvane: The scan has ended: " + std::to_string(2 * kEach) + " potential threats");
 }
 
 } // namespace

@@ -111,7 +111,7 @@ TEST_F(ThreatRemovalTest, SortsFindingsIntoRemovedFailedAndLeftAlone)
     EXPECT_THAT(paths(*controller.report()->spyWareList),
                 ElementsAre(kRefog, kMdsa, kMdworker, kAobo));
     EXPECT_EQ(paths(state.arrSpywareList.records()).size(), 4U);
-    EXPECT_EQ(controller.removal().summary(), removalSummary(1));
+    EXPECT_EQ(controller.removal().summary(), removalSummary({2, 1, 1}));
     EXPECT_TRUE(controller.display().reportBox);
     EXPECT_FALSE(controller.display().scanBox);
 
@@ -123,7 +123,7 @@ TEST_F(ThreatRemovalTest, SortsFindingsIntoRemovedFailedAndLeftAlone)
     EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kRefog));
     for (const auto& record : lists.deletedSpyware)
         EXPECT_EQ(flags(*record), std::pair(true, false)) << record->name;
-    EXPECT_EQ(controller.removal().summary(), removalSummary(0));
+    EXPECT_EQ(controller.removal().summary(), removalSummary({3, 0, 1}));
     EXPECT_FALSE(volume.contains("/Users/alice/Library/.A_o_b_o"));
 }
 
@@ -160,7 +160,7 @@ TEST_F(ThreatRemovalTest, ARetryCarriesOnAndOrdersTheListsItsOwnWay)
     removal([this] { panel.retryCleaningAction(); });
     EXPECT_THAT(paths(*controller.report()->spyWareList),
                 ElementsAre(kChromeFind, kMdworker, kFirefoxFind));
-    EXPECT_EQ(controller.removal().summary(), removalSummary(1));
+    EXPECT_EQ(controller.removal().summary(), removalSummary({1, 1, 1}));
     EXPECT_FALSE(volume.contains(kFirefoxFind));
     EXPECT_TRUE(volume.contains("/other/nacld"));
 }

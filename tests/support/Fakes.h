@@ -96,7 +96,12 @@ public:
     {
         delivered.push_back(title + ": " + informativeText);
     }
+    void update(const std::string& title, const std::string& informativeText) override
+    {
+        updated.push_back(title + ": " + informativeText);
+    }
     std::vector<std::string> delivered;
+    std::vector<std::string> updated;
 };
 
 class RecordingLog final : public Log {

@@ -16,6 +16,10 @@ public:
     {
         return m_disk.fileIdentity(url);
     }
+    std::optional<std::string> spelledPath(const FileURL& url) override
+    {
+        return m_disk.spelledPath(url);
+    }
     FolderListing list(const FileURL& folder) override { return m_disk.list(folder); }
     std::int64_t allocatedSize(const FileURL& url) override { return m_disk.allocatedSize(url); }
     int openFolder(const FileURL& url) override { return m_disk.openFolder(url); }

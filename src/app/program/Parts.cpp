@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/views/MainWindow.h"
+#include "browser/views/RecordKeeping.h"
 #include "browser/views/ReportBrowserView.h"
 #include "hosts/posix/CurrentUser.h"
 #include "platform/Messages.h"
@@ -10,7 +11,20 @@
 #include "signatures/Catalogue.h"
 #include "volume/VolumeFileSystem.h"
 
+#include <QStackedWidget>
+
 namespace pryvane {
+
+namespace {
+
+PDFFacts pdfFacts()
+{
+    return {.shortVersion = PRYVANE_VERSION,
+            .buildVersion = PRYVANE_BUILD,
+            .cachesFolder = defaultCachesFolder()};
+}
+
+} // namespace
 
 Session::MainWindowParts::MainWindowParts(Needs what)
     : needs(std::move(what)),
@@ -22,16 +36,22 @@ Session::MainWindowParts::MainWindowParts(Needs what)
            ScanOptions{needs.facts.user.empty() ? UserChoice::everyone()
                                                 : UserChoice(needs.facts.user),
                        {}}),
-      screens({.dashboard = dashboard,
-               .scheduler = scheduler,
-               .scan = scan,
-               .user = needs.facts.user,
-               .foldedName = needs.foldedName,
-               .reveal = needs.reveal,
-               .openRemoteDesktopInstructions = [this] { openRemoteDesktopInstructions(); },
-               .viewReport = [this] { viewReport(); },
-               .makeTools = [this] { return makeTools(); },
-               .makeReports = [this] { return makeReports(); }}),
+      pdf(pdfFacts(), needs.services.disk, machine), documents(needs.services.mainQueue, pdf),
+      screens(
+          {.dashboard = dashboard,
+           .scheduler = scheduler,
+           .scan = scan,
+           .user = needs.facts.user,
+           .foldedName = needs.foldedName,
+           .reveal = needs.reveal,
+           .openRemoteDesktopInstructions = [this] { openRemoteDesktopInstructions(); },
+           .viewReport = [this] { viewReport(); },
+           .keepRecord =
+               [this](const SpywareScanReport& report, std::function<void(const QString&)> told) {
+                   keepRecord(screens.stack()->window(), documents, report, std::move(told));
+               },
+           .makeTools = [this] { return makeTools(); },
+           .makeReports = [this] { return makeReports(); }}),
       details(needs.services, needs.delegate, screens)
 {
 }
@@ -83,17 +103,6 @@ MadeScreen Session::MainWindowParts::makeReports()
                            [this] { openRemoteDesktopInstructions(); }});
     return reports->makeScreen();
 }
-
-namespace {
-
-PDFFacts pdfFacts()
-{
-    return {.shortVersion = PRYVANE_VERSION,
-            .buildVersion = PRYVANE_BUILD,
-            .cachesFolder = defaultCachesFolder()};
-}
-
-} // namespace
 
 ReportParts::ReportParts(const PlatformServices& services, AppDelegate& delegate, Needs needs)
     : m_services(services), m_delegate(delegate), m_needs(std::move(needs)),

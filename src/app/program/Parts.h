@@ -6,6 +6,7 @@
 #include "app/program/Session.h"
 #include "app/views/Screens.h"
 #include "browser/ReportBrowserHost.h"
+#include "browser/ReportDocuments.h"
 #include "browser/ReportViewController.h"
 #include "hosts/linux/LinuxMachineInfo.h"
 #include "hosts/posix/LoadedPrinter.h"
@@ -119,6 +120,9 @@ struct Session::MainWindowParts {
     ScanViewController scan;
     std::unique_ptr<ToolsParts> tools;
     std::unique_ptr<ReportParts> reports;
+    LinuxMachineInfo machine;
+    PDFGenerate pdf;           ///< for the scan screen alone
+    ReportDocuments documents; ///< with it
     Screens screens;
     DetailsViewController details;
 };

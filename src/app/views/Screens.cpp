@@ -60,7 +60,7 @@ MadeScreen Screens::made(Row row)
 
 MadeScreen Screens::makeScan()
 {
-    auto* view = new ScanView(m_needs.scan, {m_needs.user, m_needs.foldedName});
+    auto* view = new ScanView(m_needs.scan, {m_needs.user, m_needs.foldedName, m_needs.keepRecord});
     QObject::connect(view, &ScanView::revealWanted, view, m_needs.reveal);
     QObject::connect(view, &ScanView::remoteDesktopHelpWanted, view,
                      m_needs.openRemoteDesktopInstructions);

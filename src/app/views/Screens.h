@@ -3,6 +3,8 @@
 #include "app/DetailsViewController.h"
 #include "platform/FileURL.h"
 
+#include <QString>
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -15,6 +17,7 @@ namespace pryvane {
 class DashBoardViewController;
 class ScanViewController;
 class SchedulerVC;
+class SpywareScanReport;
 
 /// A screen's widgets, and what it wants to be told. Empty functions are not called.
 struct MadeScreen {
@@ -36,6 +39,8 @@ public:
         std::function<void(const FileURL&)> reveal;
         std::function<void()> openRemoteDesktopInstructions;
         std::function<void()> viewReport; ///< of the last scan
+        std::function<void(const SpywareScanReport&, std::function<void(const QString&)>)>
+            keepRecord;
         std::function<MadeScreen()> makeTools;
         std::function<MadeScreen()> makeReports;
     };

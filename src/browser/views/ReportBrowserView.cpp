@@ -4,6 +4,7 @@
 #include "browser/views/ComparisonSheet.h"
 #include "browser/views/PreviewModule.h"
 #include "browser/views/PreviewSheet.h"
+#include "browser/views/RecordKeeping.h"
 #include "browser/views/ReportDetailsPane.h"
 #include "browser/views/ReportListPane.h"
 #include "core/Escape.h"
@@ -117,6 +118,14 @@ void ReportBrowserView::openPlan()
         checkRecords(m_controller, records, on);
     });
     connect(plan, &PlanSheet::removalWanted, &m_controller, &ReportViewController::removeSelected);
+    connect(plan, &PlanSheet::recordWanted, this, [this, plan] {
+        if (m_controller.report())
+            keepRecord(window(), m_documents, *m_controller.report(),
+                       [plan = QPointer(plan)](const QString& words) {
+                           if (plan)
+                               plan->tellRecord(words);
+                       });
+    });
     plan->present();
     m_controller.removal().planSelected([plan = QPointer(plan)](const RemovalPlan& made) {
         if (plan)

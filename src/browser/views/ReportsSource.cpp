@@ -21,7 +21,7 @@ ui::Cell stateCell(const SpywareScanReport& report)
 ui::Cell actionCell(const ReportRow& row)
 {
     const QString icon = ui::text(row.openTrash.substr(0, row.openTrash.rfind('.')));
-    if (row.spyWareCount == 0)
+    if (!row.hasThreats)
         return {.text = QObject::tr("Delete"),
                 .iconName = icon,
                 .tooltip = QObject::tr("Delete this report")};

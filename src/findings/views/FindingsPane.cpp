@@ -13,40 +13,60 @@
 #include <QLocale>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace pryvane {
 
-RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent) : QWidget(parent)
+RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent)
+    : QWidget(parent), m_name(ui::makeLabel(ui::TextRole::GroupTitle)), m_sentence(ui::makeNote()),
+      m_location(ui::makeLabel(ui::TextRole::Path)),
+      m_instructions(new QPushButton(tr("How to switch it off"))),
+      m_ignore(new QCheckBox(tr("Ignore from now on")))
 {
     setObjectName(QStringLiteral("ARDCell"));
     auto* picture = new QLabel;
     picture->setPixmap(ui::icon(QStringLiteral("attention"), ui::Meaning::Attention)
                            .pixmap(QSize(20, 20), devicePixelRatioF()));
-    auto* name = ui::makeLabel(ui::TextRole::GroupTitle, tr("Apple Remote Desktop is set up"));
-    auto* sentence = ui::makeNote(tr("Somebody may see and control this Mac from afar. If that is "
-                                     "not wanted, switch it off in the Mac's settings."));
-    auto* instructions = new QPushButton(tr("How to switch it off"));
-    instructions->setObjectName(QStringLiteral("removeARD"));
-    instructions->setToolTip(tr("Opens Apple's article in the web browser"));
-    auto* ignore = new QCheckBox(tr("Ignore from now on"));
-    ignore->setObjectName(QStringLiteral("ignoreARD"));
-    ignore->setVisible(canIgnore);
-    connect(instructions, &QPushButton::clicked, this, &RemoteDesktopCell::removeARD);
-    connect(ignore, &QCheckBox::clicked, this, &RemoteDesktopCell::ignoreARD);
+    m_location->setWordWrap(true);
+    m_location->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_instructions->setObjectName(QStringLiteral("removeARD"));
+    m_instructions->setToolTip(tr("Opens Apple's article in the web browser"));
+    m_ignore->setObjectName(QStringLiteral("ignoreARD"));
+    m_ignore->setVisible(canIgnore);
+    connect(m_instructions, &QPushButton::clicked, this, &RemoteDesktopCell::removeARD);
+    connect(m_ignore, &QCheckBox::toggled, this, &RemoteDesktopCell::ignoreARD);
 
     auto* words = new QVBoxLayout;
     words->setSpacing(2);
-    words->addWidget(name);
-    words->addWidget(sentence);
+    words->addWidget(m_name);
+    words->addWidget(m_location);
+    words->addWidget(m_sentence);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(ui::kRelated);
     row->addWidget(picture, 0, Qt::AlignTop);
     row->addLayout(words, 1);
-    row->addWidget(ignore);
-    row->addWidget(instructions);
+    row->addWidget(m_ignore);
+    row->addWidget(m_instructions);
+}
+
+void RemoteDesktopCell::tell(const QString& location, bool ignored)
+{
+    const bool found = !location.isEmpty();
+    m_name->setText(found ? tr("Apple Remote Desktop is set up")
+                          : tr("Apple Remote Desktop is ignored"));
+    m_sentence->setText(found
+                            ? tr("Somebody may see and control this Mac from afar. If that is not "
+                                 "wanted, switch it off in the Mac's settings.")
+                            : tr("Scans do not look for it. Untick the box, and the next one "
+                                 "does."));
+    m_location->setText(location);
+    m_location->setVisible(found);
+    m_instructions->setVisible(found);
+    const QSignalBlocker quiet(m_ignore);
+    m_ignore->setChecked(ignored);
 }
 
 using ui::TextRole;
@@ -117,8 +137,13 @@ void FindingsPane::showRecords(const std::shared_ptr<const SpywareList>& records
         m_table->takeAppended();
     }
     const auto remoteDesktop = m_source.remoteDesktopRow();
-    m_remoteDesktop->setVisible(remoteDesktop && m_source.record(*remoteDesktop).isAvail() &&
-                                !m_source.record(*remoteDesktop).isDeleted);
+    const Spyware* found = remoteDesktop ? &m_source.record(*remoteDesktop) : nullptr;
+    // A scan has just found it; of a report it is told while it is there.
+    if (found && !m_source.isOfScan() && !found->isAvail())
+        found = nullptr;
+    m_remoteDesktop->tell(found ? ui::text(forScreen(found->url.relativePath())) : QString(),
+                          m_remoteDesktopIgnored);
+    m_remoteDesktop->setVisible(found || m_remoteDesktopIgnored);
 }
 
 void FindingsPane::setSelectable(bool selectable)

@@ -7,7 +7,9 @@
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
+class QPushButton;
 class QStackedWidget;
 
 namespace pryvane::ui {
@@ -24,11 +26,21 @@ public:
     /// `canIgnore`: with the box to ignore it from now on.
     explicit RemoteDesktopCell(bool canIgnore, QWidget* parent = nullptr);
 
+    /// What was found, and where; or, with an empty location, that it is not looked for.
+    void tell(const QString& location, bool ignored);
+
 Q_SIGNALS:
     /// The instructions on switching it off are wanted; nothing is removed.
     void removeARD();
     /// Whether it is to be ignored from now on.
     void ignoreARD(bool ignore);
+
+private:
+    QLabel* m_name;
+    QLabel* m_sentence;
+    QLabel* m_location;
+    QPushButton* m_instructions;
+    QCheckBox* m_ignore;
 };
 
 /// The findings with what finds one's way among them: select all, filter, grouping, the count of
@@ -43,6 +55,8 @@ public:
     /// Shows this list, which may have grown at its end since it was last given.
     void showRecords(const std::shared_ptr<const SpywareList>& records);
     void setSelectable(bool selectable);
+    /// Whether remote desktop is ignored, which is told in its place, so that it can be taken back.
+    void setRemoteDesktopIgnored(bool ignored) { m_remoteDesktopIgnored = ignored; }
     /// Ticks or outcomes have changed.
     void refresh();
     void setEmptyText(const QString& sentence);
@@ -69,6 +83,7 @@ private:
     QComboBox* m_grouping;
     QLabel* m_selected;
     RemoteDesktopCell* m_remoteDesktop;
+    bool m_remoteDesktopIgnored = false;
 };
 
 } // namespace pryvane

@@ -38,6 +38,7 @@ public:
     void setSelectable(bool selectable) { m_selectable = selectable; }
     /// Rows that can be selected, at the best of times.
     [[nodiscard]] int selectableCount() const;
+    [[nodiscard]] bool isOfScan() const { return m_of == Of::Scan; }
     /// The row of the remote-desktop finding, which a scan shows apart; none without.
     [[nodiscard]] std::optional<int> remoteDesktopRow() const;
     [[nodiscard]] const Spyware& record(int row) const;

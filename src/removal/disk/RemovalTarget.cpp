@@ -7,6 +7,7 @@
 #include "volume/PathParts.h"
 #include "volume/VolumeFileSystem.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <exception>
@@ -61,8 +62,10 @@ public:
         std::vector<std::string> names;
         Step parent = parse(path, names);
         if (parent.error == 0) {
+            takeSpelling(names);
             if (m_item.linkTrust() == LinkTrust::SystemsOwn)
                 followSystemsLink(names);
+            takeSpelling(names);
             std::string leaf = std::move(names.back());
             names.pop_back();
             parent = openWithoutLinks(names);
@@ -71,6 +74,9 @@ public:
                 for (const std::string& name : names)
                     target.path.append("/").append(name);
                 target.path.append("/").append(target.name);
+                if (!m_isExact && !m_item.spelling.empty() && target.found() &&
+                    target.path != m_item.spelling)
+                    target.isGone = true; // what was found lay elsewhere, behind a link
                 return target;
             }
         }
@@ -128,13 +134,38 @@ private:
                    : m_disk.impliedLinks().targetOf(name).has_value();
     }
 
+    /// Where the spelling is known and leads the same way as the names: only its names will do.
+    void takeSpelling(std::vector<std::string>& names)
+    {
+        std::vector<std::string> spelled = spelledNames();
+        if (m_isExact || spelled.size() != names.size() ||
+            !std::ranges::equal(spelled, names, sameFoldedName))
+            return;
+        names = std::move(spelled);
+        m_isExact = true;
+    }
+
+    [[nodiscard]] std::vector<std::string> spelledNames() const
+    {
+        std::vector<std::string> names;
+        std::size_t at = 0;
+        while (const auto name = nextName(m_item.spelling, at))
+            names.emplace_back(*name);
+        return names;
+    }
+
+    [[nodiscard]] bool mayFold() const
+    {
+        return !m_isExact && m_disk.nameMatching() == NameMatching::AsOnMac;
+    }
+
     /// One name further down, in the disk's spelling; `name` is set to it.
     [[nodiscard]] Step enter(int folder, std::string& name) const
     {
         Step step;
         step.fd = openStep(folder, name);
         step.error = step.fd ? 0 : errno;
-        if (step.error == ENOENT && m_disk.nameMatching() == NameMatching::AsOnMac) {
+        if (step.error == ENOENT && mayFold()) {
             Spelling spelled = spelledIn(folder, name);
             step.error = spelled.error;
             if (spelled.error == 0) {
@@ -183,7 +214,7 @@ private:
     }
 
     /// A link is on the way: the folder behind it must be the one in which the item was seen.
-    [[nodiscard]] RemovalTarget behindLink() const
+    [[nodiscard]] RemovalTarget behindLink()
     {
         if (m_item.linkTrust() != LinkTrust::AsSeen)
             return refused(RemovalObstacle::LinkOnTheWay);
@@ -195,6 +226,10 @@ private:
         if (!folder || folder->id.device != m_item.seen->device ||
             folder->id.inode != m_item.seen->inode)
             return refused(RemovalObstacle::LinkOnTheWay);
+        if (auto spelled = spelledNames(); !spelled.empty()) {
+            m_isExact = true;
+            return looked(std::move(place.parent), std::move(spelled.back()));
+        }
         return looked(std::move(place.parent), std::move(place.name));
     }
 
@@ -205,7 +240,7 @@ private:
     {
         auto facts = factsOf(parent.get(), name);
         int error = facts ? 0 : errno;
-        if (error == ENOENT && m_disk.nameMatching() == NameMatching::AsOnMac) {
+        if (error == ENOENT && mayFold()) {
             Spelling spelled = spelledIn(parent.get(), name);
             error = spelled.error;
             if (error == 0) {
@@ -226,6 +261,7 @@ private:
 
     const VolumeFileSystem& m_disk;
     const RemovalItem& m_item;
+    bool m_isExact = false; ///< the names are the disk's own, and no others will do
 };
 
 } // namespace

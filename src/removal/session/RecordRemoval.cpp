@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_set>
 
 namespace pryvane {
 
@@ -36,7 +35,8 @@ void RecordRemoval::each(const RecordSelection& selection, const StopFlag& stop,
         const Spyware& record = *selection.records[i];
         if (refusal(selection, record) != RemovalObstacle::None)
             continue;
-        items.push_back({record.url, record.seen, RemovalScope::Item, record.kind});
+        items.push_back(
+            {record.url, record.seen, RemovalScope::Item, record.kind, {}, record.spelling});
         places.push_back(i);
     }
     std::size_t next = 0;
@@ -90,23 +90,6 @@ SpywareList removable(const SpywareList& records)
     std::ranges::copy_if(records, std::back_inserter(list),
                          [](const auto& record) { return !isRemoteDesktop(*record); });
     return list;
-}
-
-std::vector<bool> liesInside(const SpywareList& records, const SpywareList& others)
-{
-    std::unordered_set<std::string_view> folders;
-    for (const auto& record : others)
-        folders.insert(record->url.identity());
-    std::vector<bool> inside(records.size());
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        std::string_view above = records[i]->url.identity();
-        for (auto slash = above.rfind('/'); !inside[i] && slash != 0 && slash < above.size();
-             slash = above.rfind('/')) {
-            above = above.substr(0, slash);
-            inside[i] = folders.contains(above);
-        }
-    }
-    return inside;
 }
 
 std::vector<std::string> pathsOf(const SpywareList& records)

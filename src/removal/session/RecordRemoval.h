@@ -44,10 +44,6 @@ private:
 /// The records but for remote desktop, which is switched off and never removed.
 [[nodiscard]] SpywareList removable(const SpywareList& records);
 
-/// For each of the records whether it lies in the folder that one of the others is, and so goes
-/// with it.
-[[nodiscard]] std::vector<bool> liesInside(const SpywareList& records, const SpywareList& others);
-
 /// Their locations as they were found.
 [[nodiscard]] std::vector<std::string> pathsOf(const SpywareList& records);
 

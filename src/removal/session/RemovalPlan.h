@@ -5,9 +5,26 @@
 #include "signatures/FlaggedBy.h"
 
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace pryvane {
+
+/// Locations of records that go. What lies inside one of them goes with it. The records must
+/// outlive it.
+class GoingLocations {
+public:
+    /// False where the location is among them already.
+    bool add(const Spyware& record) { return m_places.insert(record.url.identity()).second; }
+    [[nodiscard]] bool holdFolderOf(const Spyware& record) const;
+
+private:
+    std::unordered_set<std::string_view> m_places;
+};
 
 struct PlannedRecord {
     std::shared_ptr<Spyware> record;
@@ -25,9 +42,6 @@ struct RemovalPlan {
         std::size_t gone = 0;     ///< records whose location is empty already
         std::size_t hindered = 0; ///< records that cannot be removed whole
         bool countedWhole = true; ///< false: there is more than entries and bytes tell
-
-        /// A hindered record adds nothing to what would go.
-        void add(const PlannedRecord& row);
     };
     std::vector<PlannedRecord> rows; ///< after a stop only those that were reached
     bool stopped = false;
@@ -35,5 +49,10 @@ struct RemovalPlan {
     /// Of all rows.
     [[nodiscard]] Totals totals() const;
 };
+
+/// Of the rows that `counts` says count, by their place. A hindered record adds nothing to what
+/// would go, and what lies inside another one that goes, or is listed twice, goes and counts once.
+[[nodiscard]] RemovalPlan::Totals totalsOf(std::span<const PlannedRecord> rows,
+                                           const std::function<bool(std::size_t row)>& counts);
 
 } // namespace pryvane

@@ -1,14 +1,26 @@
 #include "removal/session/RemovalSummary.h"
 
+#include "core/Texts.h"
+
 namespace pryvane {
 
-RemovalSummary removalSummary(std::size_t failed, FailedText form)
+std::string RemovalCounts::text() const
 {
+    std::string text = countedText(removed, "finding", "findings") + " removed, " +
+                       std::to_string(failed) + " failed, " + std::to_string(left) + " left";
+    if (remoteDesktop)
+        text += "; Apple Remote Desktop stays: it is switched off in the Mac's settings";
+    return text + ".";
+}
+
+RemovalSummary removalSummary(const RemovalCounts& counts, FailedText form)
+{
+    const std::size_t failed = counts.failed;
     if (failed == 0)
-        return {"", "no_threats_bg", "All threats are Removed", "icn_white_check"};
+        return {"", "no_threats_bg", "All threats are Removed", "icn_white_check", counts.text()};
     return {(form == FailedText::Indented ? "  " : "") + std::to_string(failed) + " Failed",
             "report_bg", failed == 1 ? "One Threat Remaining" : "Multiple Threats Remaining",
-            "icn_white"};
+            "icn_white", counts.text()};
 }
 
 } // namespace pryvane

@@ -16,12 +16,24 @@ struct RemovalSummary {
     std::string background;
     std::string informationText;
     std::string icon;
+    std::string
+        counts; ///< how many were removed, failed and were left, and what that leaves; plain
     friend bool operator==(const RemovalSummary&, const RemovalSummary&) = default;
 };
 
 inline constexpr int kRemovalResultPoints = 12;
 
-[[nodiscard]] RemovalSummary removalSummary(std::size_t failed,
+/// Of the findings of a list, what a removal has made of them.
+struct RemovalCounts {
+    std::size_t removed = 0;
+    std::size_t failed = 0;
+    std::size_t left = 0;       ///< there still, and not to be removed
+    bool remoteDesktop = false; ///< among those left
+
+    [[nodiscard]] std::string text() const;
+};
+
+[[nodiscard]] RemovalSummary removalSummary(const RemovalCounts& counts,
                                             FailedText form = FailedText::Indented);
 
 } // namespace pryvane

@@ -39,13 +39,21 @@ PlanSheet::PlanSheet(QWidget* over, PlanSource::Ticked ticked)
       m_model(m_source, PlanSource::columns()),
       m_table(new ui::RowTable(m_model, tr("What would be removed"))), m_pages(new QStackedWidget),
       m_grouping(new QComboBox), m_totals(ui::makeLabel(ui::TextRole::Body)),
-      m_weak(ui::makeNote()), m_leaveWeakOut(new QPushButton(tr("Leave these out"))),
+      m_weak(ui::makeNote()),
+      m_safety(
+          ui::makeNote(tr("If somebody may be watching this Mac: removing destroys evidence of "
+                          "it, and whoever installed it may notice. Keep a record first, and "
+                          "think of your safety before you go on."))),
+      m_keepRecord(new QPushButton(tr("Keep a Record First…"))),
+      m_leaveWeakOut(new QPushButton(tr("Leave these out"))),
       m_cancel(new QPushButton(tr("Cancel"))), m_remove(new QPushButton(tr("Remove for good…")))
 {
     setObjectName(QStringLiteral("planSheet"));
     m_table->setObjectName(QStringLiteral("plan"));
     m_leaveWeakOut->setObjectName(QStringLiteral("leaveWeakOut"));
     m_remove->setObjectName(QStringLiteral("removeForGood"));
+    m_keepRecord->setObjectName(QStringLiteral("keepRecord"));
+    m_keepRecord->setToolTip(tr("Writes the report as a PDF and as JSON"));
     m_cancel->setObjectName(QStringLiteral("cancelPlan"));
     m_cancel->setDefault(true);
     ui::makeDestructive(*m_remove);
@@ -57,6 +65,7 @@ PlanSheet::PlanSheet(QWidget* over, PlanSource::Ticked ticked)
     connect(m_grouping, &QComboBox::currentIndexChanged, &m_model, &ui::RowModel::setGrouping);
     connect(&m_model, &QAbstractItemModel::dataChanged, this, &PlanSheet::showTotals);
     connect(m_leaveWeakOut, &QPushButton::clicked, this, &PlanSheet::leaveWeakOut);
+    connect(m_keepRecord, &QPushButton::clicked, this, &PlanSheet::recordWanted);
     connect(m_cancel, &QPushButton::clicked, this, &Sheet::dismiss);
     connect(m_remove, &QPushButton::clicked, this, [this] {
         dismiss();
@@ -82,6 +91,11 @@ void PlanSheet::layOut()
     body()->addLayout(head);
     body()->addWidget(m_pages, 1);
     body()->addLayout(weak);
+    auto* safety = new QHBoxLayout;
+    safety->setSpacing(ui::kRelated);
+    safety->addWidget(m_safety, 1);
+    safety->addWidget(m_keepRecord);
+    body()->addLayout(safety);
     body()->addWidget(ui::makeNote(
         tr("Nothing goes to a trash: what is removed is gone. Links are removed, never what they "
            "lead to.")));
@@ -103,6 +117,11 @@ void PlanSheet::setPlan(const RemovalPlan& plan)
     m_model.reset();
     m_pages->setCurrentIndex(1);
     showTotals();
+}
+
+void PlanSheet::tellRecord(const QString& words)
+{
+    m_safety->setText(words);
 }
 
 void PlanSheet::leaveWeakOut()

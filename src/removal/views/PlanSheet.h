@@ -28,8 +28,13 @@ public:
     void present();
     void setPlan(const RemovalPlan& plan);
 
+    /// What became of keeping a record, in words.
+    void tellRecord(const QString& words);
+
 Q_SIGNALS:
     void removalWanted();
+    /// The report is to be kept as files before anything goes.
+    void recordWanted();
 
 private:
     void layOut();
@@ -43,6 +48,8 @@ private:
     QComboBox* m_grouping;
     QLabel* m_totals;
     QLabel* m_weak;
+    QLabel* m_safety;
+    QPushButton* m_keepRecord;
     QPushButton* m_leaveWeakOut;
     QPushButton* m_cancel;
     QPushButton* m_remove;

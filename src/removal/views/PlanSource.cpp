@@ -61,11 +61,7 @@ void PlanSource::setPlan(const RemovalPlan& plan)
 
 RemovalPlan::Totals PlanSource::totals() const
 {
-    RemovalPlan::Totals totals;
-    for (std::size_t row = 0; row < m_rows.size(); ++row)
-        if (m_ticks[row])
-            totals.add(m_rows[row]);
-    return totals;
+    return totalsOf(m_rows, [this](std::size_t row) { return m_ticks[row]; });
 }
 
 void PlanSource::handOnTicks() const

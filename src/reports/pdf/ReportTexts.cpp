@@ -67,8 +67,7 @@ ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts, 
         {{{"Current User :", mac.user},
           {"Scan Started :", localizedDate(report.scanDate, DateStyle::Short, TimeStyle::Medium)}}},
         {{{"Machine Name :", mac.model}, {"Scan Duration :", report.scanDuration}}},
-        {{{"Machine Serial Number :", mac.serialNumber},
-          {"Infections :", std::to_string(report.spyWareCount)}}},
+        {{{"Machine Serial Number :", mac.serialNumber}, {"Infections :", report.countText()}}},
     }};
     DiskPresence presence(disk);
     texts.rows.reserve(report.spyWareList->size());

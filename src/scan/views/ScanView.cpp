@@ -157,12 +157,16 @@ void ScanView::showCoverage()
     }
     const std::string& error = m_controller.storeError();
     const std::string& givenUp = m_controller.givenUp();
-    m_notice->setVisible(!isBusy() && (!givenUp.empty() || (shown && !error.empty())));
+    QStringList notes;
     if (!givenUp.empty())
-        m_notice->setText(tr("There was no scan: %1.").arg(ui::text(givenUp)));
-    else
-        m_notice->setText(tr("The report of this scan is shown here but could not be stored: %1")
-                              .arg(ui::text(forScreen(error))));
+        notes += tr("There was no scan: %1.").arg(ui::text(givenUp));
+    if (shown && m_controller.removal().summary())
+        notes += ui::text(m_controller.removal().summary()->counts);
+    if (shown && givenUp.empty() && !error.empty())
+        notes += tr("The report of this scan is shown here but could not be stored: %1")
+                     .arg(ui::text(forScreen(error)));
+    m_notice->setVisible(!isBusy() && !notes.isEmpty());
+    m_notice->setText(notes.join(QLatin1Char('\n')));
 }
 
 void ScanView::showStatement()
@@ -201,6 +205,7 @@ void ScanView::showFindings()
                                      : tr("Findings are listed here, each with the reason why it "
                                           "was found."));
     m_findings->setSelectable(!isBusy());
+    m_findings->setRemoteDesktopIgnored(m_controller.ignoresRemoteDesktop());
     m_findings->showRecords(m_controller.results().shared());
 }
 
@@ -211,6 +216,13 @@ void ScanView::openPlan()
     });
     connect(m_plan, &PlanSheet::removalWanted, &m_controller,
             &ScanViewController::deleteSelectedThreat);
+    connect(m_plan, &PlanSheet::recordWanted, this, [this] {
+        if (m_controller.report() && m_options.keepRecord)
+            m_options.keepRecord(*m_controller.report(), [plan = m_plan](const QString& words) {
+                if (plan)
+                    plan->tellRecord(words);
+            });
+    });
     m_planPending = true;
     m_plan->present();
     m_controller.removal().planSelectedThreats();

@@ -37,6 +37,10 @@ public:
         std::string user; ///< short name for which the rules are filled in
         /// How the volume's disk folds a name; empty: it does not.
         std::function<std::string(std::string_view)> foldedName;
+        /// Keeps the report as files and tells in words what came of it.
+        std::function<void(const SpywareScanReport& report,
+                           std::function<void(const QString& words)> told)>
+            keepRecord = {};
     };
 
     ScanView(ScanViewController& controller, Options options, QWidget* parent = nullptr);

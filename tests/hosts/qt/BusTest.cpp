@@ -46,6 +46,24 @@ TEST_F(BusTest, notificationsFollowWhatTheServiceCanShow)
     EXPECT_TRUE(log.lines().empty());
 }
 
+TEST_F(BusTest, oneNotificationIsKeptUpToDate)
+{
+    FakeNotifications service({"body"});
+    BusUserNotifier notifier(connectionToBus(), log);
+    notifier.update("count", "0"); // before the service has said what it can
+    for (int i = 1; i <= 40; ++i) {
+        notifier.update("count", std::to_string(i));
+        if (i % 10 == 0)
+            notifier.deliver("single", std::to_string(i));
+    }
+    ASSERT_TRUE(runUntil([&] { return service.shown.contains(QStringLiteral("count|40")); }));
+    EXPECT_EQ(service.shown.size(), 5) << "four by themselves, and one";
+    notifier.update("count", "end");
+    EXPECT_TRUE(runUntil([&] { return service.shown.contains(QStringLiteral("count|end")); }));
+    EXPECT_EQ(service.shown.size(), 5);
+    EXPECT_TRUE(log.lines().empty());
+}
+
 TEST_F(BusTest, nothingWaitsForASilentService)
 {
     FakeNotifications service({"body"});

@@ -44,12 +44,18 @@ QStringList FakeNotifications::GetCapabilities()
     return m_capabilities;
 }
 
-uint FakeNotifications::Notify(const QString&, uint, const QString&, const QString& summary,
-                               const QString& body, const QStringList&, const QVariantMap&, int)
+uint FakeNotifications::Notify(const QString&, uint replaces, const QString&,
+                               const QString& summary, const QString& body, const QStringList&,
+                               const QVariantMap&, int)
 {
     if (silent)
         sayNothing();
-    shown << summary + QLatin1Char('|') + body;
+    const QString message = summary + QLatin1Char('|') + body;
+    if (replaces > 0) {
+        shown[static_cast<qsizetype>(replaces) - 1] = message;
+        return replaces;
+    }
+    shown << message;
     return static_cast<uint>(shown.size());
 }
 

@@ -26,7 +26,7 @@ public:
     explicit FakeNotifications(QStringList capabilities);
 
     bool silent = false;
-    QStringList shown; ///< "summary|body"
+    QStringList shown; ///< "summary|body"; of those that were replaced what they were last
 
 public Q_SLOTS:
     QStringList GetCapabilities();

@@ -179,7 +179,47 @@ TEST_P(LinkTest, TurnedSinceTheScanAreNotFollowed)
     EXPECT_TRUE(disk.folder.contains("good/file"));
 }
 
-/// The remembered spelling of a scan may be out of date: the disk decides.
+/// An item is what was found, and not what has a similar name.
+TEST(Removal, TakesNoTwinOfAnotherSpelling)
+{
+    const struct {
+        const char* asked;
+        const char* found; ///< as the disk spells it
+        const char* twin;
+        const char* link = nullptr; ///< from the root to where the twin and what was found lie
+        const char* behind = nullptr;
+    } rows[] = {
+        {"/Applications/Loompa.App", "/Applications/Loompa.App", "/Applications/Loompa.app"},
+        {"/Library/evil", "/Library/EVIL", "/Library/evil"}, // the twin as it was asked for
+        {"/Library/evil", "/Library/EVIL", "/Library/Evil"},
+        {"/Library/evil/x", "/Library/EVIL/x", "/library/evil/x"},
+        {"/Library/\u00e9", "/Library/e\u0301", "/Library/\u00e9"},
+        {"/tmp/evil", "/private/tmp/EVIL", "/private/tmp/evil", "tmp", "private/tmp"},
+        {"/TMP/evil", "/private/tmp/EVIL", "/private/tmp/evil", "tmp", "private/tmp"},
+        {"/way/evil", "/place/EVIL", "/place/evil", "way", "place"},
+    };
+    for (const auto& row : rows) {
+        const RemovalDisk disk;
+        disk.folder.file(row.found);
+        if (row.link)
+            disk.folder.link(row.link, row.behind);
+        RemovalItem item = disk.seen(row.asked);
+        const auto spelled = disk.volume->spelledPath(at(row.asked));
+        ASSERT_EQ(spelled, row.found);
+        item.spelling = *spelled;
+        disk.folder.file(row.twin);
+        EXPECT_EQ(disk.plan(item).kind, FileKind::RegularFile) << row.asked;
+        EXPECT_THAT(inWords(disk.remove(item)), StartsWith("removed 1")) << row.asked;
+        EXPECT_FALSE(disk.folder.contains(row.found)) << row.asked;
+        EXPECT_EQ(disk.plan(item).kind, FileKind::Missing) << row.asked;
+        EXPECT_EQ(inWords(disk.remove(item)), "gone") << row.asked;
+        EXPECT_TRUE(disk.folder.contains(row.twin)) << row.asked;
+        disk.folder.file(row.found);
+        EXPECT_THAT(inWords(disk.remove(item)), StartsWith("removed 1")) << "made anew";
+    }
+}
+
+/// Where the spelling is not known the disk decides, also after a scan has remembered one.
 TEST(Removal, TakesTheSpellingOfTheDisk)
 {
     const RemovalDisk disk;

@@ -51,12 +51,16 @@ TEST(BrowsersToQuit, AreThoseThatRunWithAFindingAmongTheirFiles)
 
 TEST(RemovalSummary, SaysWhatRemains)
 {
-    const RemovalSummary none{"", "no_threats_bg", "All threats are Removed", "icn_white_check"};
-    EXPECT_EQ(removalSummary(0), none);
-    const RemovalSummary one{"  1 Failed", "report_bg", "One Threat Remaining", "icn_white"};
-    EXPECT_EQ(removalSummary(1), one);
-    const RemovalSummary two{"2 Failed", "report_bg", "Multiple Threats Remaining", "icn_white"};
-    EXPECT_EQ(removalSummary(2, FailedText::Plain), two);
+    const RemovalSummary none{"", "no_threats_bg", "All threats are Removed", "icn_white_check",
+                              "1 finding removed, 0 failed, 4 left; Apple Remote Desktop stays: it "
+                              "is switched off in the Mac's settings."};
+    EXPECT_EQ(removalSummary({1, 0, 4, true}), none);
+    const RemovalSummary one{"  1 Failed", "report_bg", "One Threat Remaining", "icn_white",
+                             "0 findings removed, 1 failed, 0 left."};
+    EXPECT_EQ(removalSummary({0, 1}), one);
+    const RemovalSummary two{"2 Failed", "report_bg", "Multiple Threats Remaining", "icn_white",
+                             "7 findings removed, 2 failed, 0 left."};
+    EXPECT_EQ(removalSummary({7, 2}, FailedText::Plain), two);
 }
 
 /// Says of everything that it went.
@@ -204,6 +208,18 @@ TEST(RemovalPlan, TellsWhatFlaggedEachRecordAndWhatWouldGo)
     EXPECT_EQ(totals.bytes, 4 * 512);
     EXPECT_EQ(totals.hindered, 1U);
     EXPECT_EQ(totals.gone, 1U);
+
+    // What lies inside another one, or is listed twice, goes once; not inside one that stays.
+    plan = planOf({{"/a/b/c", "Revir"},
+                   {"/a/b/", "Revir"},
+                   {"/a/bc", "Revir"},
+                   {"/a/b", "Revir"},
+                   {"/stays", "Revir"},
+                   {"/stays/x", "Revir"}});
+    plan.rows[4].forecast.obstacle = RemovalObstacle::ReadOnlyVolume;
+    EXPECT_EQ(plan.totals().rows, 6U);
+    EXPECT_EQ(plan.totals().entries, 3U);
+    EXPECT_EQ(plan.totals().bytes, 3 * 512);
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <utility>
+
 namespace pryvane {
 
 namespace {
@@ -29,16 +31,28 @@ BusUserNotifier::BusUserNotifier(QDBusConnection bus, Log& log, int patienceInMs
 
 void BusUserNotifier::deliver(const std::string& title, const std::string& informativeText)
 {
+    show({title, informativeText});
+}
+
+void BusUserNotifier::update(const std::string& title, const std::string& informativeText)
+{
+    show({title, informativeText, true});
+}
+
+void BusUserNotifier::show(Message message)
+{
     if (!m_bus.isConnected()) {
         logOnce("no notification can be shown: this session has no bus");
         return;
     }
     if (m_known) {
-        send({title, informativeText});
+        send(message);
         return;
     }
+    if (message.updates)
+        std::erase_if(m_queue, [](const Message& waiting) { return waiting.updates; });
     if (m_queue.size() < kWaiting)
-        m_queue.emplace_back(title, informativeText);
+        m_queue.push_back(std::move(message));
     else
         logOnce("some notifications were not shown: the desktop does not answer");
     if (std::exchange(m_asked, true))
@@ -70,11 +84,15 @@ void BusUserNotifier::takeCapabilities(QDBusPendingCallWatcher* reply)
 
 void BusUserNotifier::send(const Message& message)
 {
+    if (message.updates && m_isUpdating) {
+        m_nextUpdate = message;
+        return;
+    }
     if (m_onTheirWay >= kWaiting) {
         logOnce("some notifications were not shown: the desktop does not answer");
         return;
     }
-    const auto& [title, details] = message;
+    const auto& [title, details, updates] = message;
     const auto can = [this](const char* what) {
         return m_capabilities.contains(QLatin1String(what));
     };
@@ -88,17 +106,30 @@ void BusUserNotifier::send(const Message& message)
     const QVariantMap hints{
         {QStringLiteral("desktop-entry"), QStringLiteral("com.torvell.Pryvane")},
         {QStringLiteral("urgency"), QVariant::fromValue<uchar>(1)}};
-    call << QStringLiteral("Pryvane") << 0U << QStringLiteral("pryvane") << qt::text(summary)
-         << qt::text(body) << QStringList() << hints << -1;
+    call << QStringLiteral("Pryvane") << (updates ? m_updated : 0U) << QStringLiteral("pryvane")
+         << qt::text(summary) << qt::text(body) << QStringList() << hints << -1;
     ++m_onTheirWay;
+    m_isUpdating = m_isUpdating || updates;
     auto* reply = new QDBusPendingCallWatcher(m_bus.asyncCall(call, m_patience), this);
-    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply] {
+    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply, updates = updates] {
         --m_onTheirWay;
+        if (updates) {
+            const QDBusPendingReply<unsigned> shown = *reply;
+            updateShown(shown.isError() ? std::nullopt : std::optional(shown.value()));
+        }
         if (reply->isError())
             logOnce("a notification was not shown: " +
                     forScreen(reply->error().message().toStdString()));
         reply->deleteLater();
     });
+}
+
+void BusUserNotifier::updateShown(std::optional<unsigned> id)
+{
+    m_isUpdating = false;
+    m_updated = id.value_or(m_updated);
+    if (const auto next = std::exchange(m_nextUpdate, std::nullopt))
+        send(*next);
 }
 
 /// A silent service fails on each message; one line tells as much as a thousand.

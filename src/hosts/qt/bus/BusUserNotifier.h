@@ -6,8 +6,9 @@
 #include <QObject>
 
 #include <deque>
+#include <optional>
 #include <set>
-#include <utility>
+#include <string>
 
 class QDBusPendingCallWatcher;
 
@@ -25,12 +26,19 @@ public:
     BusUserNotifier(QDBusConnection bus, Log& log, int patienceInMs = 5000);
 
     void deliver(const std::string& title, const std::string& informativeText) override;
+    void update(const std::string& title, const std::string& informativeText) override;
 
 private:
-    using Message = std::pair<std::string, std::string>;
+    struct Message {
+        std::string title, details;
+        bool updates = false; ///< the one that was shown before it of this kind
+    };
+
+    void show(Message message);
 
     void takeCapabilities(QDBusPendingCallWatcher* reply);
     void send(const Message& message);
+    void updateShown(std::optional<unsigned> id);
     void logOnce(const std::string& what);
 
     QDBusConnection m_bus;
@@ -41,6 +49,10 @@ private:
     bool m_known = false;
     std::set<QString> m_capabilities;
     std::size_t m_onTheirWay = 0;
+    unsigned m_updated =
+        0; ///< the service's number of the message that is kept up to date; 0: none
+    bool m_isUpdating = false;           ///< its number is still to come
+    std::optional<Message> m_nextUpdate; ///< waits for it
     std::set<std::string> m_logged;
 };
 
