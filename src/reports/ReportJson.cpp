@@ -113,7 +113,7 @@ std::string reportAsJson(const SpywareScanReport& report)
              {"scanDate", iso8601(report.scanDate)},
              {"scanDuration", forJson(report.scanDuration)},
              {"spyWareCount", report.spyWareCount},
-             {"findings", findings},
+             {"findings", report.spyWareList->size()},
              {"isRed", report.isRed},
              {"spyWareList", std::move(list)},
          }},
