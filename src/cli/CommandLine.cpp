@@ -60,6 +60,7 @@ CommandLine::CommandLine() : m_app(kDescription, "pryvane-cli")
     addInventoryCommand(*this, m_app);
     addPrivacyCommand(*this, m_app);
     addSettingsCommand(*this, m_app);
+    addListingCommand(*this, m_app);
     addCatalogCommand(*this, m_app);
     addGenerateCommand(*this, m_app);
 }
@@ -108,6 +109,29 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
                     "With --listing: what every path begins with, to be taken off")
         ->type_name("PREFIX")
         ->needs(listing);
+    auto* image = command
+                      .add_option("--image", arguments.image,
+                                  "A disk image (raw, split, E01, VMDK, VHD) or device in place "
+                                  "of the disk; read without mounting")
+                      ->type_name("FILE")
+                      ->excludes(volume)
+                      ->excludes(listing);
+    command
+        .add_option("--partition", arguments.partition,
+                    "With --image: the partition's number, as listing --list shows it")
+        ->type_name("N")
+        ->check(CLI::Range(1U, 10'000U))
+        ->needs(image);
+    command
+        .add_option("--apfs-volume", arguments.apfsVolume,
+                    "With --image: name or number of the APFS volume")
+        ->type_name("NAME|N")
+        ->needs(image);
+    command
+        .add_option("--password-file", arguments.passwordFile,
+                    "With --image: a file whose first line opens an encrypted volume")
+        ->type_name("FILE")
+        ->needs(image);
     command
         .add_option("--user", arguments.users,
                     "Short name of a user of the Mac to look at; may be repeated (default: whoever "

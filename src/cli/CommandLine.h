@@ -50,6 +50,7 @@ void addExplainCommand(CommandLine& line, CLI::App& app);
 void addInventoryCommand(CommandLine& line, CLI::App& app);
 void addPrivacyCommand(CommandLine& line, CLI::App& app);
 void addSettingsCommand(CommandLine& line, CLI::App& app);
+void addListingCommand(CommandLine& line, CLI::App& app);
 void addCatalogCommand(CommandLine& line, CLI::App& app);
 void addGenerateCommand(CommandLine& line, CLI::App& app);
 

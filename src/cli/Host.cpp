@@ -2,6 +2,7 @@
 
 #include "cli/Console.h"
 #include "core/Escape.h"
+#include "core/LoadedModule.h"
 #include "core/Texts.h"
 #include "findings/MacDisk.h"
 #include "hosts/linux/LinuxMachineInfo.h"
@@ -18,12 +19,15 @@
 #include "store/SqliteUserDefaults.h"
 #include "volume/listing/ListingReader.h"
 
+#include <fstream>
+
 namespace pryvane::cli {
 
 namespace {
 
 constexpr std::string_view kOnlyMounted =
-    "nothing can be removed from a list of names; mount the disk and name its folder with --volume";
+    "nothing can be removed from a list of names or an image; mount the disk and name its folder "
+    "with --volume";
 
 } // namespace
 
@@ -126,6 +130,8 @@ Result<Done> Host::openDisk(const Console& console, const VolumeArguments& argum
         m_disk = std::move(disk).value();
         return Done{};
     }
+    if (!arguments.image.empty())
+        return openImageDisk(console, arguments);
     ListingOptions options;
     options.prefix = arguments.strip;
     options.matching = matching;
@@ -136,6 +142,45 @@ Result<Done> Host::openDisk(const Console& console, const VolumeArguments& argum
     withProgress(
         console, [&] { return "reading names: " + sizeText(static_cast<std::int64_t>(bytesRead)); },
         [&] { disk = openListing(arguments.listing, options, console.interrupted, bytesRead); });
+    if (!disk)
+        return disk.error();
+    m_names = std::move(disk).value();
+    return Done{};
+}
+
+Result<ImageOptions> imageOptions(const VolumeArguments& arguments)
+{
+    ImageOptions options;
+    auto program = besideProgram("pryvane-image-reader");
+    if (!program)
+        return program.error();
+    options.program = std::move(program).value();
+    options.partition = arguments.partition;
+    options.volume = arguments.apfsVolume;
+    options.caseSensitive = arguments.caseSensitive;
+    if (!arguments.passwordFile.empty()) {
+        constexpr std::size_t kLongest = 4096;
+        std::ifstream file(arguments.passwordFile, std::ios::binary);
+        std::string password(kLongest, '\0');
+        file.read(password.data(), kLongest);
+        if (file.bad() || file.gcount() == 0)
+            return Error{"no password can be read from " + forTerminal(arguments.passwordFile)};
+        password.resize(static_cast<std::size_t>(file.gcount()));
+        options.password = password.substr(0, password.find_first_of("\r\n"));
+    }
+    return options;
+}
+
+Result<Done> Host::openImageDisk(const Console& console, const VolumeArguments& arguments)
+{
+    auto options = imageOptions(arguments);
+    if (!options)
+        return options.error();
+    std::atomic<std::uint64_t> entries{0};
+    Result<std::unique_ptr<IndexFileSystem>> disk = Error{};
+    withProgress(
+        console, [&] { return "reading names: " + std::to_string(entries); },
+        [&] { disk = openImage(arguments.image, *options, console.interrupted, entries); });
     if (!disk)
         return disk.error();
     m_names = std::move(disk).value();

@@ -17,6 +17,7 @@
 #include "platform/UserDefaults.h"
 #include "scan/DiskAccess.h"
 #include "volume/VolumeFileSystem.h"
+#include "volume/image/ImageDisk.h"
 #include "volume/index/IndexFileSystem.h"
 
 #include <atomic>
@@ -64,8 +65,12 @@ struct VolumeArguments {
     bool caseSensitive = false;
     std::string listing = {}; ///< a list of names in place of the volume; "-": the standard input
     std::string strip = {};   ///< what is taken off the front of its paths
+    std::string image = {};   ///< a disk image or device in place of the volume
+    unsigned partition = 0;   ///< of the image; 0: the one that looks like a Mac's
+    std::string apfsVolume = {};   ///< name or number; empty: likewise
+    std::string passwordFile = {}; ///< holds the password of an encrypted volume
 
-    [[nodiscard]] bool isFolder() const { return listing.empty(); }
+    [[nodiscard]] bool isFolder() const { return listing.empty() && image.empty(); }
 
     /// The identity of the disk that was named; empty where the usual one is looked at.
     [[nodiscard]] std::string named(const FileSystem& disk) const
@@ -73,6 +78,9 @@ struct VolumeArguments {
         return volume == "/" ? std::string() : disk.identity();
     }
 };
+
+/// How the image of these arguments is to be read: by which program, and which part of it.
+[[nodiscard]] Result<ImageOptions> imageOptions(const VolumeArguments& arguments);
 
 /// What a command is going to ask a disk that is read beforehand.
 enum class Asking : std::uint8_t { Everything, WhatScansAsk };
@@ -128,6 +136,8 @@ public:
     }
     /// The disk as a mounted one, where canChange() was asked first.
     [[nodiscard]] VolumeFileSystem& mountedDisk() { return *m_disk; }
+    /// The names of a disk that is not mounted.
+    [[nodiscard]] const NameIndex& nameIndex() { return m_names->index(); }
     /// What measures on that disk; made anew.
     [[nodiscard]] std::unique_ptr<SizeMeter> sizeMeter();
     [[nodiscard]] Workspace& workspace() { return *m_workspace; }
@@ -153,6 +163,8 @@ private:
     [[nodiscard]] Documents& documents();
     [[nodiscard]] Result<Done> openDisk(const Console& console, const VolumeArguments& arguments,
                                         Asking asking);
+    [[nodiscard]] Result<Done> openImageDisk(const Console& console,
+                                             const VolumeArguments& arguments);
     [[nodiscard]] Result<Done> openStore(StoreUse use);
     [[nodiscard]] Result<Done> openWithoutStore();
 

@@ -253,7 +253,8 @@ TEST_F(SourcesTest, WhatChangesADiskIsRefusedBeforeAnythingIsAsked)
         arguments.insert(arguments.end(), {"--listing", list});
         const auto outcome = run(arguments);
         EXPECT_EQ(outcome.code, 2);
-        EXPECT_THAT(outcome.err, HasSubstr("nothing can be removed from a list of names"));
+        EXPECT_THAT(outcome.err,
+                    HasSubstr("nothing can be removed from a list of names or an image"));
         EXPECT_THAT(outcome.out, IsEmpty());
     }
 }

@@ -1,0 +1,302 @@
+#include "volume/image/ImageDisk.h"
+
+#include "core/Escape.h"
+#include "volume/image/ImageReader.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace pryvane {
+
+namespace {
+
+using frames::Step;
+
+Error notUnderstood()
+{
+    return {"its reader says what cannot be understood"};
+}
+
+Error about(const std::string& path, const Error& error)
+{
+    return {"the image \"" + forScreen(path) + "\" cannot be read: " + forScreen(error.message)};
+}
+
+/// Asks a new reader for the layout or the names.
+Result<ImageReader> asked(const std::string& path, const ImageOptions& options, frames::What what)
+{
+    // Better said here in words than by a reader that may open nothing else.
+    const UniqueFd file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat data {};
+    if (!file || fstat(file.get(), &data) != 0)
+        return Error{errorText(errno)};
+    if (!S_ISREG(data.st_mode) && !S_ISBLK(data.st_mode))
+        return Error{"it is neither a file nor a disk; --volume takes folders"};
+    std::error_code error;
+    const std::string absolute = std::filesystem::absolute(path, error).string();
+    auto reader = ImageReader::started(options.program);
+    if (!reader)
+        return reader;
+    frames::Writer request;
+    request.number(frames::kVersion);
+    request.number(static_cast<std::uint8_t>(what));
+    request.number(options.partition);
+    request.text(absolute);
+    request.text(options.volume);
+    request.text(options.password);
+    if (const auto sent = reader->send(frames::Kind::Request, request.bytes()); !sent)
+        return sent.error();
+    return reader;
+}
+
+/// Takes in what an image consists of; false for a frame that is about something else.
+Result<bool> takeLayout(const ImageReader::Frame& frame, ImageLayout& layout)
+{
+    constexpr std::size_t kMost = 10'000;
+    frames::Reader body(frame.body);
+    if (frame.kind == frames::Kind::Partition) {
+        ImageLayout::Partition partition;
+        partition.number = body.number<std::uint32_t>();
+        partition.start = body.number<std::uint64_t>();
+        partition.length = body.number<std::uint64_t>();
+        partition.description = body.text();
+        layout.partitions.push_back(std::move(partition));
+    } else if (frame.kind == frames::Kind::Volume) {
+        ImageLayout::Volume volume;
+        volume.partition = body.number<std::uint32_t>();
+        volume.number = body.number<std::uint32_t>();
+        volume.role = body.number<std::uint16_t>();
+        const auto flags = body.number<std::uint8_t>();
+        volume.encrypted = (flags & frames::kEncrypted) != 0;
+        volume.caseSensitive = (flags & frames::kCaseSensitive) != 0;
+        volume.fileSystem = body.text();
+        volume.name = body.text();
+        layout.volumes.push_back(std::move(volume));
+    } else {
+        return false;
+    }
+    if (!body.ok() || !body.atEnd() || layout.partitions.size() > kMost ||
+        layout.volumes.size() > kMost)
+        return notUnderstood();
+    return true;
+}
+
+/// Puts a reader's names into an index.
+class Names {
+public:
+    Names(NameIndex& index, std::size_t most) : m_index(index), m_most(most) {}
+
+    [[nodiscard]] Result<Done> take(std::string_view block)
+    {
+        frames::Reader body(block);
+        while (!body.atEnd()) {
+            if (const auto taken = takeOne(body); !taken)
+                return taken;
+        }
+        return Done{};
+    }
+
+    [[nodiscard]] bool isAtRoot() const { return m_folder == NameIndex::kRoot; }
+    [[nodiscard]] std::int64_t skipped() const { return m_skipped; }
+
+private:
+    [[nodiscard]] Result<Done> takeOne(frames::Reader& body)
+    {
+        const auto step = static_cast<Step>(body.number<std::uint8_t>());
+        if (step == Step::Leave) {
+            if (isAtRoot())
+                return notUnderstood();
+            m_folder = m_index.parent(m_folder);
+            return Done{};
+        }
+        const std::string_view text = body.text(frames::kLongestName);
+        if (!body.ok())
+            return notUnderstood();
+        if (step == Step::Refused) {
+            ++m_skipped;
+            m_index.setRefused(m_folder, text);
+            return Done{};
+        }
+        if (step != Step::Folder && step != Step::File && step != Step::Link && step != Step::Other)
+            return notUnderstood();
+        if (text.empty() || text == "." || text == ".." || text.find('/') != text.npos ||
+            text.find('\0') != text.npos)
+            return notUnderstood();
+        if (m_index.size() >= m_most)
+            return Error{"it has more entries than any disk; the image is damaged, or made to do "
+                         "harm"};
+        constexpr std::array kKinds = {FileKind::Folder, FileKind::RegularFile,
+                                       FileKind::SymbolicLink, FileKind::Other};
+        NameIndex::Facts facts;
+        facts.kind = kKinds[static_cast<std::size_t>(step) - 1];
+        const std::string name(text);
+        std::string target;
+        if (step != Step::Folder) {
+            facts.size = body.number<std::int64_t>();
+            facts.modified = body.number<std::int64_t>();
+            if (step == Step::Link)
+                target = body.text(frames::kLongestName);
+        }
+        if (!body.ok())
+            return notUnderstood();
+        if (step != Step::File)
+            facts.size = NameIndex::kNotKnown;
+        const NameIndex::Node node = m_index.add(m_folder, name, facts);
+        if (step == Step::Folder)
+            m_folder = node;
+        else if (step == Step::Link && !target.empty())
+            m_index.setTarget(node, target);
+        return Done{};
+    }
+
+    NameIndex& m_index;
+    const std::size_t m_most;
+    NameIndex::Node m_folder = NameIndex::kRoot;
+    std::int64_t m_skipped = 0;
+};
+
+/// A file's content, piece by piece, bounded on this side as well.
+Result<std::string> contentOf(ImageReader& reader, const std::string& path, std::size_t limit,
+                              std::chrono::milliseconds patience)
+{
+    frames::Writer wanted;
+    wanted.number(static_cast<std::uint32_t>(std::min<std::size_t>(limit, 0xffffffff)));
+    wanted.text(path);
+    if (const auto sent = reader.send(frames::Kind::Content, wanted.bytes()); !sent)
+        return sent.error();
+    std::string content;
+    for (const StopFlag stop;;) {
+        auto frame = reader.receive(patience, stop);
+        if (!frame)
+            return frame.error();
+        switch (frame->kind) {
+        case frames::Kind::Done:
+            return content;
+        case frames::Kind::Problem:
+            return Error{frame->body};
+        case frames::Kind::Bytes:
+            content += frame->body;
+            if (content.size() > limit)
+                return notUnderstood();
+            break;
+        default:
+            return notUnderstood();
+        }
+    }
+}
+
+} // namespace
+
+std::string imageRoleText(std::uint16_t role)
+{
+    switch (role) {
+    case 0:
+        return {};
+    case 0x01:
+        return "System";
+    case 0x02:
+        return "User";
+    case 0x04:
+        return "Recovery";
+    case 0x08:
+        return "VM";
+    case 0x10:
+        return "Preboot";
+    case 0x20:
+        return "Installer";
+    case 0x40:
+        return "Data";
+    case 0xc0:
+        return "Update";
+    default:
+        return "role " + std::to_string(role);
+    }
+}
+
+Result<ImageLayout> imageLayout(const std::string& path, const ImageOptions& options,
+                                const StopFlag& stop)
+{
+    auto reader = asked(path, options, frames::What::Layout);
+    if (!reader)
+        return about(path, reader.error());
+    ImageLayout layout;
+    for (;;) {
+        const auto frame = reader->receive(options.patience, stop);
+        if (!frame)
+            return about(path, frame.error());
+        if (frame->kind == frames::Kind::Done)
+            return layout;
+        if (frame->kind == frames::Kind::Problem)
+            return about(path, {frame->body});
+        const auto taken = takeLayout(*frame, layout);
+        if (!taken || !taken.value())
+            return about(path, notUnderstood());
+    }
+}
+
+Result<std::unique_ptr<IndexFileSystem>> openImage(const std::string& path,
+                                                   const ImageOptions& options,
+                                                   const StopFlag& stop,
+                                                   std::atomic<std::uint64_t>& entriesRead)
+{
+    auto started = asked(path, options, frames::What::Names);
+    if (!started)
+        return about(path, started.error());
+    const auto reader = std::make_shared<ImageReader>(std::move(started).value());
+    ImageLayout layout;
+    const ImageLayout::Volume* chosen = nullptr;
+    std::unique_ptr<NameIndex> index;
+    std::optional<Names> names;
+    for (;;) {
+        const auto frame = reader->receive(options.patience, stop);
+        if (!frame)
+            return about(path, frame.error());
+        if (frame->kind == frames::Kind::Problem)
+            return about(path, {frame->body});
+        if (frame->kind == frames::Kind::Done && names && names->isAtRoot())
+            break;
+        if (frame->kind == frames::Kind::Entries && names) {
+            if (const auto taken = names->take(frame->body); !taken)
+                return about(path, taken.error());
+            entriesRead = index->size();
+        } else if (frame->kind == frames::Kind::Chosen && !names) {
+            const auto number = frames::Reader(frame->body).number<std::uint32_t>();
+            if (number >= layout.volumes.size())
+                return about(path, notUnderstood());
+            chosen = &layout.volumes[number];
+            const bool exact = options.caseSensitive || chosen->caseSensitive;
+            index =
+                std::make_unique<NameIndex>(exact ? NameMatching::Exact : NameMatching::AsOnMac);
+            names.emplace(*index, options.mostEntries);
+        } else {
+            const auto taken = takeLayout(*frame, layout);
+            if (!taken || !taken.value() || names)
+                return about(path, notUnderstood());
+        }
+    }
+    IndexFileSystem::Parts parts;
+    parts.choice = std::make_shared<EveryEntry>();
+    parts.cover = NameCover::WholeDisk;
+    parts.source = {DiskSource::Kind::Image, path.substr(path.rfind('/') + 1)};
+    parts.facts.source = "a disk image";
+    parts.facts.name = path;
+    parts.facts.format = chosen->fileSystem;
+    if (!chosen->name.empty())
+        parts.facts.format += " volume " + forScreen(chosen->name);
+    if (chosen->partition != 0)
+        parts.facts.format += ", partition " + std::to_string(chosen->partition);
+    parts.facts.entries = static_cast<std::int64_t>(index->size()) - 1;
+    parts.facts.skipped = names->skipped();
+    const NameIndex* const nodes = index.get();
+    parts.content = [reader, nodes, patience = options.patience](NameIndex::Node node,
+                                                                 std::size_t limit) {
+        return contentOf(*reader, nodes->path(node), limit, patience);
+    };
+    parts.names = std::move(index);
+    return std::make_unique<IndexFileSystem>(std::move(parts));
+}
+
+} // namespace pryvane
