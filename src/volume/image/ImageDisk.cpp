@@ -280,7 +280,6 @@ Result<std::unique_ptr<IndexFileSystem>> openImage(const std::string& path,
     IndexFileSystem::Parts parts;
     parts.choice = std::make_shared<EveryEntry>();
     parts.cover = NameCover::WholeDisk;
-    parts.source = {DiskSource::Kind::Image, path.substr(path.rfind('/') + 1)};
     parts.facts.source = "a disk image";
     parts.facts.name = path;
     parts.facts.format = chosen->fileSystem;

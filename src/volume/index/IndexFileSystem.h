@@ -32,7 +32,6 @@ public:
         NameCover cover = NameCover::AsListed;
         /// Names in the longest path that was listed: folders there may hold more than was listed.
         std::size_t deepest = 0;
-        DiskSource source = {};
         SourceFacts facts;
         std::string identity = {};  ///< see FileSystem; empty where there is none
         ContentReader content = {}; ///< empty where the source holds names alone
@@ -57,7 +56,6 @@ public:
         return {m_parts.content ? DiskSource::Kind::Image : DiskSource::Kind::Listing,
                 name.substr(name.rfind('/') + 1)};
     }
-    [[nodiscard]] DiskSource source() const override { return m_parts.source; }
     void forgetListings() override {}
     [[nodiscard]] const NameTree* names() const override { return this; }
 

@@ -95,7 +95,6 @@ public:
         parts.choice = m_options.choice;
         parts.cover = NameCover::AsListed;
         parts.deepest = m_indexer.deepest();
-        parts.source = {DiskSource::Kind::Listing, m_name.substr(m_name.rfind('/') + 1)};
         parts.facts = std::move(facts);
         auto disk = std::make_unique<IndexFileSystem>(std::move(parts));
         if (!holdsMac(*disk))

@@ -70,7 +70,7 @@ void ImageVolumes::look(std::uint32_t partition, std::uint64_t start)
         lookIntoPool(partition, start, *pool);
         return;
     }
-    const OpenVolume volume(tsk_fs_open_img(m_image.get(), offset, TSK_FS_TYPE_DETECT));
+    const OpenVolume volume(tsk_fs_open_img(m_image.get(), offset, TSK_FS_TYPE_HFS_DETECT));
     tsk_error_reset();
     if (!volume || !isApple(volume->ftype))
         return;
@@ -113,7 +113,7 @@ OpenVolume ImageVolumes::openVolume(const ImageVolume& volume, const std::string
         if (inPool != nullptr)
             open.reset(tsk_fs_open_img_decrypt(inPool, offset, TSK_FS_TYPE_APFS, password.c_str()));
     } else {
-        open.reset(tsk_fs_open_img(m_image.get(), offset, TSK_FS_TYPE_DETECT));
+        open.reset(tsk_fs_open_img(m_image.get(), offset, TSK_FS_TYPE_HFS_DETECT));
     }
     if (!open)
         problem = lastProblem("the volume cannot be opened");
