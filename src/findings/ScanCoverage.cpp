@@ -1,8 +1,7 @@
 #include "findings/ScanCoverage.h"
 
 #include "core/Escape.h"
-
-#include <algorithm>
+#include "core/Texts.h"
 
 namespace pryvane {
 
