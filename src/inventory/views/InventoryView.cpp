@@ -30,6 +30,7 @@ QString iconOf(InventoryKind kind)
     case InventoryKind::LaunchAgents:
     case InventoryKind::LaunchDaemons:
         return QStringLiteral("launch-folder");
+    case InventoryKind::AllExtensions:
     case InventoryKind::ChromeExtensions:
     case InventoryKind::FirefoxAddOns:
     case InventoryKind::SafariExtensions:
