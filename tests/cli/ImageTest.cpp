@@ -28,7 +28,7 @@ protected:
     {
         REQUIRE_TOOL("xorriso");
         volume.file("/Library/LaunchAgents/com.refog.agent.plist", "<plist/>");
-        volume.file("/Users/alice/Documents/keylogger.txt");
+        volume.file("/Users/alice/Documents/Aobo Keylogger Pro.pdf");
         volume.file("/Users/alice/Library/mdsa1331", std::string(700, 'x'));
         volume.file("/private/tmp/.mdworker");
         volume.link("/tmp", "private/tmp");
@@ -105,7 +105,7 @@ TEST_F(ImageTest, ExpertWitnessFilesAreReadByTheirFirst)
 TEST_F(ImageTest, DeepScanInventoryAndPrivacyReadIt)
 {
     const auto deep = run({"scan", "--deep", "--user", "alice", "--no-store", "--image", image});
-    EXPECT_THAT(deep.out, HasSubstr("/Users/alice/Documents/keylogger.txt"));
+    EXPECT_THAT(deep.out, HasSubstr("/Users/alice/Documents/Aobo Keylogger Pro.pdf"));
     const auto inventory = run({"inventory", "--kind", "applications", "--image", image});
     EXPECT_THAT(inventory.out, HasSubstr("/Applications/Firefox.app"));
     EXPECT_EQ(run({"privacy", "list", "--user", "alice", "--image", image}).code, 0);
@@ -132,8 +132,9 @@ TEST_F(ImageTest, DamagedImagesEndInASentence)
         const auto outcome = run(
             {"scan", "--user", "alice", "--no-store", "--image", images.hostPath("damaged.img")});
         EXPECT_THAT(outcome.code, testing::AnyOf(1, 2, 3, 0)) << i;
-        if (outcome.code == 2)
+        if (outcome.code == 2) {
             EXPECT_THAT(outcome.err, HasSubstr("cannot be read: "));
+        }
         EXPECT_THAT(outcome.out, Not(HasSubstr("Clean: nothing found"))) << i;
     }
 }
@@ -147,8 +148,8 @@ TEST_F(ImageTest, AReaderThatMisbehavesIsAnErrorInWords)
         {"exit 0", "ended before it was done"},
         {"kill -9 $$", "ended"},
         {"head -c 100000 /dev/zero | tr '\\0' x", "cannot be understood"},
-        {"printf '\\000\\000\\000\\000D'", "cannot be understood"},
-        {"printf '\\004\\000\\000\\000C\\000\\000\\000\\000'", "cannot be understood"},
+        {"printf '\\000\\000\\000\\000D'; sleep 9", "cannot be understood"},
+        {"printf '\\004\\000\\000\\000C\\000\\000\\000\\000'; sleep 9", "cannot be understood"},
         {"sleep 60", "says nothing any more"},
     };
     for (const auto& row : rows) {
@@ -162,6 +163,15 @@ TEST_F(ImageTest, AReaderThatMisbehavesIsAnErrorInWords)
         ASSERT_FALSE(disk.ok()) << row.does;
         EXPECT_THAT(disk.error().message, HasSubstr(row.says)) << row.does;
     }
+    const TemporaryFolder other;
+    other.file("/photos/beach.jpg");
+    const std::string noMac = images.hostPath("other.img");
+    ASSERT_EQ(shell("xorriso -as mkisofs -quiet -hfsplus -o " + noMac + " " + other.path()), 0);
+    const auto refused = run({"scan", "--no-store", "--image", noMac});
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_THAT(refused.err, HasSubstr("holds no Mac"));
+    EXPECT_THAT(run({"listing", "--image", noMac}).out, HasSubstr("/photos/beach.jpg"));
+
     const auto none = run({"scan", "--image", images.hostPath("none.img")});
     EXPECT_EQ(none.code, 2);
     EXPECT_THAT(none.err, HasSubstr("none.img"));
