@@ -145,8 +145,7 @@ TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
     const auto clear = [&](cli::ClearArguments arguments, std::vector<std::string> running = {}) {
         return with([&](const cli::Console& console) {
             auto host = std::move(
-                cli::Host::open(console, {volume.path(), "alice", false}, cli::StoreUse::None)
-                    .value());
+                cli::Host::open(console, {volume.path(), {"alice"}}, cli::StoreUse::None).value());
             cli::CleanerHost cleaner(*host);
             NoRemovalJournal journal;
             VolumeRemover remover(host->mountedDisk(), journal, {});

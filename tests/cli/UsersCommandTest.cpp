@@ -157,16 +157,16 @@ TEST_F(UsersCommandTest, ADataVolumeGivesWhatTheWholeDiskGives)
     volume.file("private/etc/manpath.d");
     volume.file("usr/local/machook/x");
     volume.file(agentOf("Users/alice"));
-    const json data = scanned({});
+    const json dataVolume = scanned({});
     for (const std::string name : {"etc", "tmp", "var"})
         volume.link(name, "private/" + name);
     const json whole = scanned({});
-    EXPECT_EQ(rows(data), rows(whole));
+    EXPECT_EQ(rows(dataVolume), rows(whole));
     EXPECT_GE(rows(whole).size(), 3U);
-    const auto& left = data["coverage"]["systemVolumeLeftOut"];
+    const auto& left = dataVolume["coverage"]["systemVolumeLeftOut"];
     EXPECT_GT(left, 20);
     EXPECT_EQ(whole["coverage"]["systemVolumeLeftOut"], 0);
-    EXPECT_EQ(data["coverage"]["signaturesTested"].get<int>() + left.get<int>(),
+    EXPECT_EQ(dataVolume["coverage"]["signaturesTested"].get<int>() + left.get<int>(),
               whole["coverage"]["signaturesTested"]);
     for (const std::string name : {"etc", "tmp", "var"})
         volume.remove(name);
