@@ -48,7 +48,7 @@ TEST_F(ReportViewControllerTest, FiltersSearchesAndCompares)
         std::vector<std::string> texts;
         for (std::size_t i = 0; i < browser.rows().size(); ++i)
             texts.push_back(browser.rows().row(i).kind + " " +
-                            std::to_string(browser.rows().row(i).spyWareCount));
+                            std::to_string(browser.rows().report(i)->spyWareCount));
         return texts;
     };
     browser.setFilter(ReportFilter::Clean);
@@ -152,7 +152,7 @@ TEST_F(ReportViewControllerTest, ThreeHundredFindingsCountFortyFour)
         paths.push_back("/tmp/finding" + std::to_string(i));
     store(paths);
     showList();
-    EXPECT_EQ(browser.rows().row(0).spyWareCount, 44U);
+    EXPECT_EQ(browser.rows().report(0)->spyWareCount, 44U);
     open(0);
     EXPECT_EQ(browser.details().spyWareCount, 44U);
     EXPECT_EQ(threats().size(), 300U);

@@ -27,7 +27,7 @@ TEST(LinuxWorkspaceTest, FindsApplicationsAndTheirIdentifiers)
     disk.link("Applications/Linked.app/Contents/Info.plist",
               "/Applications/Both.app/Contents/Info.plist");
     const auto volume = std::move(VolumeFileSystem::open(disk.path()).value());
-    LinuxWorkspace workspace(*volume, "ann");
+    LinuxWorkspace workspace(*volume, {"ann"});
 
     const auto path = [&workspace](std::string_view name) {
         const auto url = workspace.fullPathForApplication(name);

@@ -3,6 +3,7 @@
 
 #include "core/Texts.h"
 #include "hosts/qt/QtMainLoop.h"
+#include "inventory/FactsController.h"
 #include "inventory/InventoryController.h"
 #include "privacy/ToolsViewController.h"
 #include "support/CleanerFixture.h"
@@ -123,8 +124,9 @@ protected:
     FakeWorkspace workspace;
     ToolsViewController tools{{services(), remover(), queue, alerts, workspace}, "alice"};
     InventoryController inventoryController{{services(), queue}, "alice"};
+    FactsController factsController{services().disk, queue};
     std::vector<std::string> revealed;
-    ToolsView view{tools, inventoryController};
+    ToolsView view{tools, inventoryController, factsController};
 };
 
 TEST_F(ToolsViewTest, ClearsWhatIsTickedButWhatThePreviewLeavesOut)
