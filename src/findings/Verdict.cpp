@@ -117,7 +117,9 @@ std::string verdictLine(std::size_t findings, const ScanCoverage& coverage, cons
     line += ".";
     if (verdict == Verdict::Found && !coverage.heldBack.empty())
         line += " Besides, " + heldBackText(coverage.heldBack) + ".";
-    if (coverage.homesLeftOut.empty())
+    // A missing home is told with the homes there are.
+    const bool isSaid = !coverage.missingHome.empty() && coverage.homes == coverage.homesLeftOut;
+    if (coverage.homesLeftOut.empty() || isSaid)
         return line;
     line += " Not looked at: ";
     for (std::size_t i = 0; i < coverage.homesLeftOut.size(); ++i)

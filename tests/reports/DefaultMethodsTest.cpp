@@ -147,7 +147,7 @@ TEST_P(DefaultMethodsTest, ListsFactsAndLoadsOneReport)
 TEST_P(DefaultMethodsTest, KeepsReportsOfManyPieces)
 {
     std::vector<std::string> paths;
-    for (int i = 0; i < 12'000; ++i)
+    for (int i = 0; i < 10'000; ++i)
         paths.push_back("/Users/x/" + std::string(100, 'a') + std::to_string(i));
     const auto large = reportOf(paths), small = reportOf({"/tmp/a"});
     ASSERT_TRUE(store->saveListReport({large, small}, kKey).ok());
