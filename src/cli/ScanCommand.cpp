@@ -71,8 +71,9 @@ public:
         obeyInterrupt();
         m_host.mainQueue().run(obeyInterrupt);
         m_bar.clear();
-        m_wasStopped = stopAsked;
-        return !stopAsked;
+        // A stop that came when all was done has stopped nothing.
+        m_wasStopped = stopAsked && m_controller.coverage().ended.how == ScanEnding::How::Stopped;
+        return !m_wasStopped;
     }
 
     [[nodiscard]] const ScanViewController& controller() const { return m_controller; }

@@ -156,7 +156,8 @@ TEST_F(ScanCommandTest, WheneverADeepScanIsStoppedItPrintsWhatItFoundByThen)
                 std::set<std::string> kept;
                 const Outcome shown =
                     run({"report", "export", "latest", "--volume", volume.path()});
-                for (const auto& finding : json::parse(shown.out)["report"]["spyWareList"])
+                const json inStore = json::parse(shown.out);
+                for (const auto& finding : inStore["report"]["spyWareList"])
                     kept.insert(finding["path"]);
                 EXPECT_EQ(told, kept) << "stop " << stop;
             }

@@ -36,8 +36,9 @@ TEST_F(ReportBrowserViewTest, ListsFiltersAndCompares)
     show();
     auto* list = table("reportList");
     ASSERT_EQ(list->model()->rowCount(), 3);
-    EXPECT_THAT(rowText("reportList", 0),
-                AllOf(StartsWith("Found | "), HasSubstr("Quick Scan | 12 seconds | 3 | Open")));
+    EXPECT_THAT(
+        rowText("reportList", 0),
+        AllOf(StartsWith("Found | "), HasSubstr("Quick Scan | not known | 12 seconds | 3 | Open")));
     EXPECT_THAT(rowText("reportList", 1),
                 AllOf(StartsWith("Clean | "), HasSubstr(" | 12 seconds | 0 | Delete")));
     EXPECT_THAT(rowText("reportList", 2), HasSubstr("/Users/alice/Doc\\numents")) << "escaped";
@@ -143,6 +144,10 @@ TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
     EXPECT_FALSE((*browser->report()->spyWareList)[0]->isChecked);
     click("quarantineBtn");
     ASSERT_TRUE(runUntil([&] { return isShown("plan"); }));
+    EXPECT_TRUE(runUntil([&] { return isShown("keepRecord"); }));
+    EXPECT_FALSE(find("removeForGood")->isEnabled()) << "no rule fits, so nothing starts ticked";
+    press("plan", 1, Qt::Key_Space); // behind the group's heading
+    press("plan", 2, Qt::Key_Space);
     EXPECT_TRUE(runUntil([&] { return find("removeForGood")->isEnabled(); }));
     alerts.answer(kAlertFirstButton);
     click("removeForGood");
