@@ -21,7 +21,7 @@ ldd "$cli" | grep -E 'Qt6(Gui|Widgets)|libX11|libcairo|libpango|libcups' &&
 [[ $(grep -c '"infections"' "$work/scan.json") == 11 ]] || fail "the demonstration's findings"
 grep -A1 '"heldBack"' "$work/scan.json" | grep -q '"/Applications/Codec-M.app"' || fail "the application held back"
 "$cli" scan --volume "$work/clean" --user alice >"$work/clean.txt" || fail "a clean volume must give exit code 0"
-grep -q '^Clean: nothing found.$' "$work/clean.txt" || fail "the clean verdict"
+grep -q '^Clean for alice: nothing found.' "$work/clean.txt" || fail "the clean verdict"
 
 "$cli" scan --volume "$work/demo" --user alice --paced >"$work/paced.txt" 2>"$work/paced.err" &
 pid=$!
