@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     look(readHosts(bytes));
     look(readNetworkSettings(bytes));
     look(readRemoteManagement(bytes));
-    static_cast<void>(readAccount(bytes));
+    static_cast<void>(readDirectoryAccount(bytes));
     static_cast<void>(readApplicationNames(bytes));
     require(pathOfBookmark(bytes).size() <= kMostText);
     static_cast<void>(pathOfAlias(bytes));

@@ -202,8 +202,9 @@ TEST_F(UsersCommandTest, AFolderWithoutAMacIsAnErrorAndNamesTheOneInside)
     volume.remove("aside");
     EXPECT_THAT(scan().err, HasSubstr("give the folder at which the Mac disk is mounted"));
     volume.folder("Applications");
-    EXPECT_EQ(scan().code, 0);
-    EXPECT_THAT(run({"scan", "--volume", volume.path()}).out, HasSubstr("no home at /Users"));
+    const auto homeless = run({"scan", "--volume", volume.path()});
+    EXPECT_EQ(homeless.code, 3);
+    EXPECT_THAT(homeless.out, HasSubstr("no home at /Users"));
 }
 
 TEST_F(UsersCommandTest, InventoryAndPrivacyToolsFollowTheChoice)
@@ -236,7 +237,7 @@ TEST_F(UsersCommandTest, InventoryAndPrivacyToolsFollowTheChoice)
 
     const auto clear = [&](std::vector<std::string> more) {
         std::vector<std::string> arguments{"privacy",     "clear",  "--volume",
-                                           volume.path(), "--item", "System/User Cache files"};
+                                           volume.path(), "--item", "System/System Cache Files"};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return run(arguments);
     };

@@ -116,7 +116,7 @@ private:
         case FactReader::ApplicationNames:
             return addApplication(found, readApplicationNames(std::move(bytes)));
         case FactReader::Accounts:
-            return addAccount(source, found, readAccount(std::move(bytes)));
+            return addAccount(source, found, readDirectoryAccount(std::move(bytes)));
         case FactReader::LaunchJob:
             return addJob(source, found, readLaunchJob(std::move(bytes)));
         case FactReader::DisabledJobs:
@@ -251,7 +251,8 @@ private:
         m_applications.try_emplace(read->identifier, std::string(bundle), std::move(name));
     }
 
-    void addAccount(const FactSource& source, const Found& found, const Result<Account>& read)
+    void addAccount(const FactSource& source, const Found& found,
+                    const Result<DirectoryAccount>& read)
     {
         if (!read)
             return m_files.note(source, found.path, State::NotUnderstood, read.error().message);
@@ -281,7 +282,7 @@ private:
 
     [[nodiscard]] std::string userOfNumber(const std::string& number) const
     {
-        for (const Account& account : m_accounts)
+        for (const DirectoryAccount& account : m_accounts)
             if (account.number == number)
                 return account.name;
         return "account " + number;
@@ -328,7 +329,7 @@ private:
     {
         if (identifier == kSystemItems)
             return {};
-        for (const Account& account : m_accounts)
+        for (const DirectoryAccount& account : m_accounts)
             if (!identifier.empty() && account.identifier == identifier)
                 return account.name;
         return identifier;
@@ -395,7 +396,7 @@ private:
     ProgramFinder m_programs;
     std::map<std::string, std::pair<std::string, std::string>, std::less<>>
         m_applications; ///< by identifier: bundle, name
-    std::vector<Account> m_accounts;
+    std::vector<DirectoryAccount> m_accounts;
     std::vector<Switched> m_switched;
     bool m_switchedOffUnknown = false;
     bool m_hasIdentifiers = false;

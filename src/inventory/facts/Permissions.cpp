@@ -206,6 +206,8 @@ constexpr const char* kColumns[] = {"service",
 {
     const bool managed = table == "managed_overrides";
     const auto columns = columnsOf(database, table);
+    if (sqlite3_errcode(database.handle()) == SQLITE_NOMEM)
+        return notUnderstood(database.problem()); // not for what the table holds
     const auto has = [&](std::string_view name) {
         return std::find(columns.begin(), columns.end(), name) != columns.end();
     };

@@ -253,7 +253,7 @@ Result<ReadFacts<RemoteFact>> readRemoteManagement(std::string bytes)
     return found;
 }
 
-Result<Account> readAccount(std::string bytes)
+Result<DirectoryAccount> readDirectoryAccount(std::string bytes)
 {
     const auto list = PropertyList::read(std::move(bytes));
     if (!list)
@@ -266,7 +266,7 @@ Result<Account> readAccount(std::string bytes)
             return boundedText(value.value.text().value_or(std::string_view()));
         return std::string();
     };
-    return Account{first("name"), first("generateduid"), first("uid"), first("home")};
+    return DirectoryAccount{first("name"), first("generateduid"), first("uid"), first("home")};
 }
 
 Result<ApplicationNames> readApplicationNames(std::string bytes)

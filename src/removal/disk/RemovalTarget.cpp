@@ -149,8 +149,11 @@ private:
     {
         std::vector<std::string> names;
         std::size_t at = 0;
-        while (const auto name = nextName(m_item.spelling, at))
+        while (const auto name = nextName(m_item.spelling, at)) {
+            if (names.empty() && impliedLink(*name))
+                names.emplace_back("private"); // as for the location, or they would never agree
             names.emplace_back(*name);
+        }
         return names;
     }
 
