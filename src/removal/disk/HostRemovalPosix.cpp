@@ -1,4 +1,5 @@
 #include "removal/disk/HostRemoval.h"
+#include "volume/AllocatedSize.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -19,7 +20,7 @@ std::optional<EntryFacts> factsOf(int folder, const std::string& name)
     facts.id = folderIdOf(data);
     facts.kind = kindOfMode(data.st_mode);
     if (facts.kind != FileKind::Folder)
-        facts.bytes = std::int64_t{data.st_blocks} * 512;
+        facts.bytes = FileSizes().bytes(data, folder);
     facts.owner = data.st_uid;
     facts.isSticky = facts.kind == FileKind::Folder && (data.st_mode & S_ISVTX) != 0;
     facts.isLocked = isLocked(data);
