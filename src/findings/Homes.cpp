@@ -190,12 +190,11 @@ std::string_view userOf(std::string_view path, const std::vector<std::string>& u
         if (found != users.end() && *found == name)
             return *found;
     }
-    // Few homes lie elsewhere, and their paths come first.
-    for (const std::string& user : users) {
-        if (!user.starts_with('/'))
-            break;
-        if (path.starts_with(user) && (path.size() == user.size() || path[user.size()] == '/'))
-            return user;
+    // Few homes lie elsewhere, and their paths stand together.
+    for (auto user = std::ranges::lower_bound(users, std::string_view("/"), std::less<>());
+         user != users.end() && user->starts_with('/'); ++user) {
+        if (path.starts_with(*user) && (path.size() == user->size() || path[user->size()] == '/'))
+            return *user;
     }
     return {};
 }
