@@ -2,6 +2,7 @@
 // may crash their readers, follow a circle, or make more of themselves than is promised. Every
 // reader gets the same bytes, as a keyed archive may lie where a job should.
 
+#include "formats/Account.h"
 #include "inventory/facts/BackgroundItems.h"
 #include "inventory/facts/Bookmarks.h"
 #include "inventory/facts/LaunchJobs.h"
@@ -68,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     look(readHosts(bytes));
     look(readNetworkSettings(bytes));
     look(readRemoteManagement(bytes));
-    static_cast<void>(readDirectoryAccount(bytes));
+    static_cast<void>(readAccount(bytes));
     static_cast<void>(readApplicationNames(bytes));
     require(pathOfBookmark(bytes).size() <= kMostText);
     static_cast<void>(pathOfAlias(bytes));

@@ -68,6 +68,9 @@ Result<Done> mustHoldMac(FileSystem& disk, std::string_view hostFolder)
     std::string message = "there is no Mac " +
                           (hostFolder.empty() ? "on this disk" : "in " + quoted(hostFolder)) +
                           ": it has none of the folders Library, System, Users and Applications; ";
+    // What is in an image cannot be named as a folder.
+    if (disk.source().kind == DiskSource::Kind::Image)
+        return Error{message + "pryvane-cli listing --image FILE --list shows what volumes it has"};
     const std::string instead = folderWithMac(disk);
     if (instead.empty())
         message += "give the folder at which the Mac disk is mounted";

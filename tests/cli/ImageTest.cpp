@@ -170,6 +170,8 @@ TEST_F(ImageTest, AReaderThatMisbehavesIsAnErrorInWords)
     const auto refused = run({"scan", "--no-store", "--image", noMac});
     EXPECT_EQ(refused.code, 2);
     EXPECT_THAT(refused.err, HasSubstr("no Mac"));
+    EXPECT_THAT(refused.err, HasSubstr("listing --image FILE --list"));
+    EXPECT_THAT(refused.err, Not(HasSubstr("mounted")));
     EXPECT_THAT(run({"listing", "--image", noMac}).out, HasSubstr("/photos/beach.jpg"));
 
     const auto none = run({"scan", "--image", images.hostPath("none.img")});

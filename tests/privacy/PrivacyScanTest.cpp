@@ -111,7 +111,7 @@ std::string absolute(const std::string& file)
         {"C2/", kChromeFolder + "/Profile 1/"},
         {"F1/", kFirefoxFolder + "/abc.default/"},
         {"F2/", kFirefoxFolder + "/xyz.default-release/"},
-        {"F3/", kFirefoxFolder + "/work/"},
+        {"F3/", kFirefoxFolder + "/third/"},
         {"S/", kHome + "/Library/Containers/com.apple.Safari/Data/Library/"},
         {"S1/", kHome + "/Library/Containers/com.apple.Safari/Data/Library/Safari/Profiles/0A1B/"},
         {"A/", kHome + "/Library/Containers/com.example.a/"},
@@ -136,9 +136,9 @@ protected:
             R"({"profile":{"info_cache":{"Default":{"name":"One"},"Profile 1":{"name":"Two"}}}})");
         volume.folder(kFirefoxFolder + "/abc.default");
         volume.folder(kFirefoxFolder + "/xyz.default-release");
-        volume.folder(kFirefoxFolder + "/work");
+        volume.folder(kFirefoxFolder + "/third");
         volume.file(kHome + "/Library/Application Support/Firefox/profiles.ini",
-                    "[Profile1]\r\nName=work\r\nIsRelative=1\r\nPath=Profiles/work\r\n\r\n"
+                    "[Profile1]\r\nName=third\r\nIsRelative=1\r\nPath=Profiles/third\r\n\r\n"
                     "[Profile0]\nName=default\nIsRelative=1\nPath=Profiles/abc.default\n"
                     "[Install0]\nPath=Profiles/other\n");
         volume.folder(kHome + "/Library/Containers/com.example.a");

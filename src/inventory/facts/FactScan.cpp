@@ -1,5 +1,6 @@
 #include "inventory/facts/FactScan.h"
 
+#include "formats/Account.h"
 #include "inventory/facts/BackgroundItems.h"
 #include "inventory/facts/LaunchJobs.h"
 #include "inventory/facts/Permissions.h"
@@ -116,7 +117,7 @@ private:
         case FactReader::ApplicationNames:
             return addApplication(found, readApplicationNames(std::move(bytes)));
         case FactReader::Accounts:
-            return addAccount(source, found, readDirectoryAccount(std::move(bytes)));
+            return addAccount(source, found, readAccount(std::move(bytes)));
         case FactReader::LaunchJob:
             return addJob(source, found, readLaunchJob(std::move(bytes)));
         case FactReader::DisabledJobs:
@@ -251,8 +252,7 @@ private:
         m_applications.try_emplace(read->identifier, std::string(bundle), std::move(name));
     }
 
-    void addAccount(const FactSource& source, const Found& found,
-                    const Result<DirectoryAccount>& read)
+    void addAccount(const FactSource& source, const Found& found, const Result<Account>& read)
     {
         if (!read)
             return m_files.note(source, found.path, State::NotUnderstood, read.error().message);
@@ -282,8 +282,8 @@ private:
 
     [[nodiscard]] std::string userOfNumber(const std::string& number) const
     {
-        for (const DirectoryAccount& account : m_accounts)
-            if (account.number == number)
+        for (const Account& account : m_accounts)
+            if (account.uid && std::to_string(*account.uid) == number)
                 return account.name;
         return "account " + number;
     }
@@ -329,8 +329,8 @@ private:
     {
         if (identifier == kSystemItems)
             return {};
-        for (const DirectoryAccount& account : m_accounts)
-            if (!identifier.empty() && account.identifier == identifier)
+        for (const Account& account : m_accounts)
+            if (!identifier.empty() && account.generatedUid == identifier)
                 return account.name;
         return identifier;
     }
@@ -396,7 +396,7 @@ private:
     ProgramFinder m_programs;
     std::map<std::string, std::pair<std::string, std::string>, std::less<>>
         m_applications; ///< by identifier: bundle, name
-    std::vector<DirectoryAccount> m_accounts;
+    std::vector<Account> m_accounts;
     std::vector<Switched> m_switched;
     bool m_switchedOffUnknown = false;
     bool m_hasIdentifiers = false;

@@ -253,22 +253,6 @@ Result<ReadFacts<RemoteFact>> readRemoteManagement(std::string bytes)
     return found;
 }
 
-Result<DirectoryAccount> readDirectoryAccount(std::string bytes)
-{
-    const auto list = PropertyList::read(std::move(bytes));
-    if (!list)
-        return list.error();
-    const PropertyValue root = list->root();
-    if (root.kind() != PropertyKind::Dictionary || root.size() > kMostKeys)
-        return Error{"it is not understood: it is no dictionary"};
-    const auto first = [&](std::string_view key) {
-        for (const PropertyEntry& value : root[key])
-            return boundedText(value.value.text().value_or(std::string_view()));
-        return std::string();
-    };
-    return DirectoryAccount{first("name"), first("generateduid"), first("uid"), first("home")};
-}
-
 Result<ApplicationNames> readApplicationNames(std::string bytes)
 {
     const auto list = PropertyList::read(std::move(bytes));

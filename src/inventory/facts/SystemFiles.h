@@ -26,15 +26,6 @@ enum class Crontab : std::uint8_t { OfUser, OfSystem };
 /// The switches of remote management.
 [[nodiscard]] Result<ReadFacts<RemoteFact>> readRemoteManagement(std::string bytes);
 
-/// What a property list of one account of the disk says. Empty texts where it does not.
-struct DirectoryAccount {
-    std::string name;
-    std::string identifier; ///< a UUID in capitals
-    std::string number;
-    std::string home;
-};
-[[nodiscard]] Result<DirectoryAccount> readDirectoryAccount(std::string bytes);
-
 /// The identifier and the name of an application.
 struct ApplicationNames {
     std::string identifier;

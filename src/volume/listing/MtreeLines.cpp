@@ -19,8 +19,8 @@ FileKind kindOfWord(std::string_view word)
     return FileKind::Other;
 }
 
-/// The specification of BSD's mtree: names below the folder that was named last, ".." to leave it,
-/// or whole paths, which have a slash; behind them words like type=dir, size=12.
+/// A listing as BSD's mtree writes it: names below the folder that was named last, ".." to leave
+/// it, or whole paths, which have a slash; behind them words like type=dir, size=12.
 class MtreeLines final : public LineReader {
 public:
     MtreeLines() { m_defaults.kind = FileKind::RegularFile; }

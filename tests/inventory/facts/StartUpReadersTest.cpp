@@ -437,12 +437,6 @@ TEST(SystemFiles, RemoteAccess)
                                               entry("ScreenSharingReqPermEnabled", string("?")))))),
                 ElementsAre("Remote management: every account may be used on",
                             "Remote management: viewers with a password of their own off"));
-    const auto account = readDirectoryAccount(binaryOf(element(
-        "dict", entry("name", arrayOf({"alice", "_alice"})) + entry("uid", arrayOf({"501"})) +
-                    entry("generateduid", arrayOf({"B39008E8"})) + entry("home", string("?")))));
-    ASSERT_TRUE(account);
-    EXPECT_EQ(account->name + account->number + account->identifier + account->home,
-              "alice501B39008E8");
 }
 
 TEST(Bookmarks, ForeignBytesGiveNoPath)
