@@ -76,14 +76,13 @@ int main()
                                    picker, workspace, notifier, log},
                                   state, access, reports, remover,
                                   {"alice", FileURL::fileURLWithPath("/"), {}});
-    QObject::connect(&controller, &ScanViewController::scanEnded, &controller,
-                     [&] { queue.inner.quit(); });
+    const auto scanEnded = controller.scanEnded.listen([&] { queue.inner.quit(); });
     controller.SpywareScanStart();
     queue.inner.run();
     const bool scanned = report("scan", queue.held);
 
     ThreatRemoval& removal = controller.removal();
-    const auto planTold = QObject::connect(&controller, &ScanViewController::stateChanged, [&] {
+    auto planTold = controller.stateChanged.listen([&] {
         if (!removal.plan().rows.empty())
             queue.inner.quit();
     });
@@ -91,9 +90,8 @@ int main()
     queue.inner.run();
     const bool planned = report("plan", queue.held);
 
-    QObject::disconnect(planTold);
-    QObject::connect(&controller, &ScanViewController::removalEnded, &controller,
-                     [&] { queue.inner.quit(); });
+    planTold.reset();
+    const auto removalEnded = controller.removalEnded.listen([&] { queue.inner.quit(); });
     alerts.answer(kAlertFirstButton);
     queue.post([&] { controller.deleteSelectedThreat(); });
     queue.inner.run();

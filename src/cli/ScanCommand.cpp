@@ -51,9 +51,8 @@ public:
             host.notifications().observe(NotificationName::StopScan, [this](const Notification&) {
                 m_host.state().isScanStop.request();
             });
-        QObject::connect(&m_controller, &ScanViewController::scanEnded, &m_controller,
-                         [this] { m_host.mainQueue().quit(); });
-        QObject::connect(&m_controller, &ScanViewController::stateChanged, &m_controller, [this] {
+        m_ended = m_controller.scanEnded.listen([this] { m_host.mainQueue().quit(); });
+        m_changed = m_controller.stateChanged.listen([this] {
             if (m_controller.isScanning())
                 m_bar.show(m_controller.display());
         });
@@ -113,6 +112,7 @@ private:
     ProgressBar m_bar;
     bool m_wasStopped = false;
     NotificationCenter::Observation m_stopObservation;
+    Signal::Listening m_ended, m_changed;
 };
 
 void writeText(const Console& console, const SpywareScanReport& report, const NameTree* names,

@@ -10,8 +10,8 @@
 
 namespace pryvane {
 
-FactsController::FactsController(FileSystem& disk, MainQueue& mainQueue, QObject* parent)
-    : QObject(parent), m_disk(disk), m_later(mainQueue)
+FactsController::FactsController(FileSystem& disk, MainQueue& mainQueue)
+    : m_disk(disk), m_later(mainQueue)
 {
 }
 
@@ -36,7 +36,7 @@ void FactsController::gather()
     m_users.clear();
     m_isGathering = true;
     m_thread.start([this] { read(); }, [this](const char*) { m_later.post([this] { ended(); }); });
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 /// On the background thread. What is asked first is read first.
@@ -80,13 +80,13 @@ void FactsController::take(FactKind kind, List list)
             users.insert(row.user);
     m_users.assign(users.begin(), users.end());
     m_lists[static_cast<std::size_t>(kind)] = std::move(list);
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void FactsController::ended()
 {
     m_isGathering = false;
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void FactsController::exportTo(const std::string& path, FactKind kind, FactsFormat format,

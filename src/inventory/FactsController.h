@@ -1,13 +1,12 @@
 #pragma once
 
 #include "core/Result.h"
+#include "core/Signal.h"
 #include "core/StopFlag.h"
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "inventory/facts/FactScan.h"
 #include "inventory/facts/FactTable.h"
-
-#include <QObject>
 
 #include <array>
 #include <string>
@@ -20,14 +19,13 @@ enum class FactsFormat : std::uint8_t { Text, Json, Csv };
 
 /// Who may watch, what starts and who may come in, without a window: read from the disk on one
 /// background thread, for every account, and judged by nobody. Main thread only.
-class FactsController final : public QObject {
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(FactsController)
-
+class FactsController final {
 public:
     /// The disk and the queue outlive this.
-    FactsController(FileSystem& disk, MainQueue& mainQueue, QObject* parent = nullptr);
-    ~FactsController() override;
+    FactsController(FileSystem& disk, MainQueue& mainQueue);
+    ~FactsController();
+    FactsController(const FactsController&) = delete;
+    FactsController& operator=(const FactsController&) = delete;
 
     /// The page is about to be shown: the first time, the facts are read.
     void viewWillAppear();
@@ -52,8 +50,7 @@ public:
     void exportTo(const std::string& path, FactKind kind, FactsFormat format,
                   std::function<void(const Result<Done>&)> told);
 
-Q_SIGNALS:
-    void stateChanged();
+    Signal stateChanged;
 
 private:
     struct List {

@@ -75,9 +75,8 @@ Entries listOf(InventoryKind kind, const AdwareScan& scan)
 
 } // namespace
 
-InventoryController::InventoryController(const Services& services, UserChoice users,
-                                         QObject* parent)
-    : QObject(parent), m_services(services), m_users(std::move(users)), m_later(services.mainQueue)
+InventoryController::InventoryController(const Services& services, UserChoice users)
+    : m_services(services), m_users(std::move(users)), m_later(services.mainQueue)
 {
 }
 
@@ -117,13 +116,13 @@ void InventoryController::gather()
                     break;
                 m_later.post([this, kind] {
                     m_gathering = static_cast<InventoryKind>(kind);
-                    Q_EMIT stateChanged();
+                    stateChanged();
                 });
                 for (const AdwareScan& scan : scans) {
                     m_later.post(
                         [this, found = listOf(static_cast<InventoryKind>(kind), scan)]() mutable {
                             std::move(found.begin(), found.end(), std::back_inserter(m_entries));
-                            Q_EMIT stateChanged();
+                            stateChanged();
                         });
                 }
             }
@@ -131,14 +130,14 @@ void InventoryController::gather()
             m_later.post([this, whole] { ended(whole); });
         },
         [this](const char*) { m_later.post([this] { ended(false); }); });
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void InventoryController::ended(bool whole)
 {
     m_isGathering = false;
     m_isWhole = whole && !m_stop.requested();
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 } // namespace pryvane

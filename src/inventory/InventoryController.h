@@ -1,11 +1,10 @@
 #pragma once
 
+#include "core/Signal.h"
 #include "core/StopFlag.h"
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "inventory/AdwareScan.h"
-
-#include <QObject>
 
 #include <array>
 #include <cstdint>
@@ -26,10 +25,7 @@ struct InventoryEntry {
 
 /// The inventory without its window: gathers it on one background thread, list by list, and judges
 /// nothing. Main thread only.
-class InventoryController final : public QObject {
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(InventoryController)
-
+class InventoryController final {
 public:
     struct Services {
         CleanerServices disk;
@@ -37,8 +33,10 @@ public:
     };
 
     /// The services outlive this.
-    InventoryController(const Services& services, UserChoice users, QObject* parent = nullptr);
-    ~InventoryController() override;
+    InventoryController(const Services& services, UserChoice users);
+    ~InventoryController();
+    InventoryController(const InventoryController&) = delete;
+    InventoryController& operator=(const InventoryController&) = delete;
 
     /// The page is about to be shown: the first time, the inventory is gathered.
     void viewWillAppear();
@@ -57,8 +55,7 @@ public:
     /// Only ever grows while it is gathered.
     [[nodiscard]] const std::vector<InventoryEntry>& entries() const { return m_entries; }
 
-Q_SIGNALS:
-    void stateChanged();
+    Signal stateChanged;
 
 private:
     void ended(bool whole);

@@ -1,7 +1,5 @@
 #include "privacy/ToolsViewController.h"
 
-#include <QPointer>
-
 #include <algorithm>
 #include <utility>
 
@@ -20,9 +18,8 @@ bool allTicked(const ToolGroup& group)
 
 } // namespace
 
-ToolsViewController::ToolsViewController(const Services& services, UserChoice users,
-                                         QObject* parent)
-    : QObject(parent), m_services(services), m_users(std::move(users)),
+ToolsViewController::ToolsViewController(const Services& services, UserChoice users)
+    : m_services(services), m_users(std::move(users)),
       m_progress(std::make_unique<PrivacyProgress>()), m_queue(services.mainQueue),
       m_session(services.mainQueue)
 {
@@ -42,7 +39,7 @@ void ToolsViewController::stop()
 void ToolsViewController::setState(State state)
 {
     m_state = state;
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void ToolsViewController::viewWillAppear()
@@ -76,7 +73,7 @@ void ToolsViewController::scanInBG()
             if (!isNews())
                 return;
             m_availbleApp.push_back(std::move(group));
-            Q_EMIT stateChanged();
+            stateChanged();
         });
     };
     for (const std::string& user : m_users.users())
@@ -100,7 +97,7 @@ void ToolsViewController::setChecked(std::size_t group, std::size_t item, bool c
     ToolGroup& owner = m_availbleApp[group];
     owner.List[item].isChecked = checked && owner.List[item].isEnabled;
     owner.isChecked = allTicked(owner);
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void ToolsViewController::setGroupChecked(std::size_t group, bool checked)
@@ -111,7 +108,7 @@ void ToolsViewController::setGroupChecked(std::size_t group, bool checked)
     for (ToolItem& item : owner.List)
         item.isChecked = checked && (item.isChecked || ticksWithOthers(item));
     owner.isChecked = allTicked(owner);
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 std::map<std::string, std::vector<std::string>> ToolsViewController::toolsSelectedDic() const
@@ -159,7 +156,7 @@ void ToolsViewController::setPreviewTicked(std::size_t row, bool ticked)
     if (m_state != State::Previewing || row >= m_preview.rows.size())
         return;
     m_preview.rows[row].ticked = ticked;
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void ToolsViewController::leaveDearOut()
@@ -167,7 +164,7 @@ void ToolsViewController::leaveDearOut()
     if (m_state != State::Previewing)
         return;
     m_preview.leaveDearOut();
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void ToolsViewController::cancelPreview()
@@ -201,9 +198,9 @@ void ToolsViewController::cleaned()
 {
     setState(State::Idle);
     // The message has a loop of its own, in which the volume may be changed and this go.
-    const QPointer alive(this);
+    const std::weak_ptr<const bool> alive = m_alive;
     m_services.alerts.runModal({kCleanedTitle, cleanedText(m_outcome), {"OK"}});
-    if (alive)
+    if (!alive.expired())
         resetAndAddavailbleApplications();
 }
 

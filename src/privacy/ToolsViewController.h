@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Signal.h"
 #include "core/StopFlag.h"
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
@@ -8,8 +9,6 @@
 #include "privacy/PrivacyCleaning.h"
 #include "privacy/PrivacyScan.h"
 #include "removal/session/RemovalSession.h"
-
-#include <QObject>
 
 #include <map>
 #include <memory>
@@ -20,10 +19,7 @@ namespace pryvane {
 
 /// The tools screen without its window: the catalogue with its sizes, what is ticked in it, the
 /// preview of a cleaning, the cleaning. Main thread only; work runs in the background.
-class ToolsViewController final : public QObject {
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(ToolsViewController)
-
+class ToolsViewController final {
 public:
     enum class State : std::uint8_t {
         Idle,
@@ -42,8 +38,10 @@ public:
     };
 
     /// The services outlive this.
-    ToolsViewController(const Services& services, UserChoice users, QObject* parent = nullptr);
-    ~ToolsViewController() override;
+    ToolsViewController(const Services& services, UserChoice users);
+    ~ToolsViewController();
+    ToolsViewController(const ToolsViewController&) = delete;
+    ToolsViewController& operator=(const ToolsViewController&) = delete;
 
     /// The screen is about to be shown: the first time, the catalogue is built.
     void viewWillAppear();
@@ -90,8 +88,7 @@ public:
     [[nodiscard]] const CleaningOutcome& outcome() const { return m_outcome; }
     [[nodiscard]] const PrivacyProgress& progress() const { return *m_progress; }
 
-Q_SIGNALS:
-    void stateChanged();
+    Signal stateChanged;
 
 private:
     void scanInBG();
@@ -110,6 +107,7 @@ private:
     CleaningOutcome m_outcome;
     std::unique_ptr<PrivacyProgress> m_progress; ///< made anew by each scan
     std::uint64_t m_round = 0; ///< tells the news of a scan from those of one before
+    const std::shared_ptr<const bool> m_alive = std::make_shared<const bool>();
     BoundQueue m_queue;
     StopFlag m_stopScan;
     Worker m_scanThread; // last: they end before anything they use

@@ -30,14 +30,14 @@ ScanViewController::FindingFacts ScanViewController::factsOf(const SpywareList& 
 
 ScanViewController::ScanViewController(const PlatformServices& services, ScanState& state,
                                        DiskAccess& access, DefaultMethods& store, Remover& remover,
-                                       ScanOptions options, QObject* parent)
-    : QObject(parent), m_services(services), m_state(state), m_access(access), m_store(store),
+                                       ScanOptions options)
+    : m_services(services), m_state(state), m_access(access), m_store(store),
       m_options(std::move(options)), m_launchDate(services.clock.now()),
-      m_later(services.mainQueue), m_inbox(services, state, [this] { Q_EMIT stateChanged(); }),
+      m_later(services.mainQueue), m_inbox(services, state, [this] { stateChanged(); }),
       m_removal(services, remover,
                 {state, m_display, m_lists, m_options.onlyUser(), [this] { return isScanning(); },
-                 [this] { makeAccessibleUIChanges(); }, [this] { Q_EMIT stateChanged(); },
-                 [this] { Q_EMIT removalEnded(); }})
+                 [this] { makeAccessibleUIChanges(); }, [this] { stateChanged(); },
+                 [this] { removalEnded(); }})
 {
     observe();
     makeAccessibleUIChanges();
@@ -77,7 +77,7 @@ void ScanViewController::SpywareScanStart()
     }
     if (isScanning()) {
         showStart();
-        Q_EMIT stateChanged();
+        stateChanged();
         return;
     }
     m_request = requested();
@@ -104,7 +104,7 @@ void ScanViewController::SpywareScanStart()
     m_display.findings = 0;
     m_display.entries = 0;
     m_display.progressBar = 0;
-    Q_EMIT stateChanged();
+    stateChanged();
     m_later.post([this] { scanInBGThread(); });
 }
 
@@ -215,7 +215,7 @@ void ScanViewController::DeepScanStart(Homes homes)
     m_display.scanTypeLabel = "Scanning Entry:";
     ++m_partsRunning;
     startChecks(std::move(homes));
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 /// On the part's thread. What was found by then stays on the list, and there is no report: it would
@@ -294,7 +294,7 @@ void ScanViewController::doneScan()
 
     resetState();
     m_display.progressText = "0%";
-    Q_EMIT stateChanged();
+    stateChanged();
     m_storeThread.start(
         [this, now] {
             std::string error;
@@ -322,8 +322,8 @@ void ScanViewController::reportStored(const std::string& error, FindingFacts fin
     m_services.notifications.post(NotificationName::ScanningChange, std::int64_t{0});
     keepFacts(std::move(findings));
     makeAccessibleUIChanges();
-    Q_EMIT stateChanged();
-    Q_EMIT scanEnded();
+    stateChanged();
+    scanEnded();
 }
 
 /// The end of a scan that leaves no report behind.
@@ -338,8 +338,8 @@ void ScanViewController::backToIdle()
     endSession();
     keepFacts(factsOf(m_state.arrSpywareList.records()));
     makeAccessibleUIChanges();
-    Q_EMIT stateChanged();
-    Q_EMIT scanEnded();
+    stateChanged();
+    scanEnded();
 }
 
 /// What a removal asks of the findings; those of a stopped scan can be removed, too.
@@ -382,7 +382,7 @@ void ScanViewController::stopScan()
     m_display.progressText = "0%";
     m_display.progressBar = 0;
     m_display.indeterminate = false;
-    Q_EMIT stateChanged();
+    stateChanged();
     m_services.notifications.post(NotificationName::StopScan);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/NotificationCenter.h"
+#include "core/Signal.h"
 #include "core/tasks/BoundQueue.h"
 #include "core/tasks/Worker.h"
 #include "findings/Homes.h"
@@ -15,8 +16,6 @@
 #include "scan/StatusPanel.h"
 #include "scan/ThreatLists.h"
 #include "scan/ThreatRemoval.h"
-
-#include <QObject>
 
 #include <memory>
 #include <optional>
@@ -33,15 +32,13 @@ class Remover;
 /// The scan screen without its widgets: drives a scan from its start to its stored report, removes
 /// what the user selects of its findings, and says what to show meanwhile. Main thread only; its
 /// background threads end with it.
-class ScanViewController final : public QObject {
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(ScanViewController)
-
+class ScanViewController final {
 public:
     ScanViewController(const PlatformServices& services, ScanState& state, DiskAccess& access,
-                       DefaultMethods& store, Remover& remover, ScanOptions options,
-                       QObject* parent = nullptr);
-    ~ScanViewController() override;
+                       DefaultMethods& store, Remover& remover, ScanOptions options);
+    ~ScanViewController();
+    ScanViewController(const ScanViewController&) = delete;
+    ScanViewController& operator=(const ScanViewController&) = delete;
 
     /// Starts a scan; does nothing while one runs or findings are being removed.
     void SpywareScanStart();
@@ -96,13 +93,12 @@ public:
     /// Whose disk the last scan looked at.
     [[nodiscard]] const Subject& subject() const { return m_subject; }
 
-Q_SIGNALS:
     /// Something that display(), statusPanel() or the lists show has changed.
-    void stateChanged();
+    Signal stateChanged;
     /// A scan has ended, with a report or, when it was stopped, without.
-    void scanEnded();
+    Signal scanEnded;
     /// A removal has ended, whole or not.
-    void removalEnded();
+    Signal removalEnded;
 
 private:
     enum class Ending : std::uint8_t { WithReport, WithoutReport };

@@ -45,12 +45,12 @@ void ScanViewController::ScanningProgressChange(const std::string& label, int st
     m_display.activityIndicator = false;
     m_display.location = forScreen(label);
     m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
-    Q_EMIT stateChanged();
+    stateChanged();
     m_later.postAfter(kSecondHalfOfStep, [this, step] {
         if (!isAtWork())
             return;
         showProgress(step + 1);
-        Q_EMIT stateChanged();
+        stateChanged();
     });
 }
 
@@ -62,7 +62,7 @@ void ScanViewController::ScanningProgressUIChange()
     m_display.entries = m_state.totalCount;
     m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
     showProgress(std::min(static_cast<int>(m_display.progressBar) + 1, 100));
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void ScanViewController::ScanningProgressURL(const std::string& location)
@@ -77,7 +77,7 @@ void ScanViewController::ScanningProgressURL(const std::string& location)
     }
     m_display.location = forScreen(location);
     m_services.notifications.post(NotificationName::ScanningStatusChange, std::any(this));
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void ScanViewController::showProgress(int percent)
@@ -90,7 +90,7 @@ void ScanViewController::ignoreARD(bool ignore)
 {
     logFailure(m_services.log, m_services.defaults.set(preferences::kARD, !ignore));
     m_ignoresRemoteDesktop = ignore;
-    Q_EMIT stateChanged();
+    stateChanged();
 }
 
 void ScanViewController::updateThreatBox()

@@ -25,8 +25,8 @@ TEST_F(ScanViewControllerTest, APacedQuickScanGoesThroughItsStepsAndStoresOneRep
     clock.setNow(Date(std::chrono::seconds(1'700'000'000)));
     // Holds the checks at each pause until both halves of its step were shown.
     std::atomic<int> shown{0};
-    QObject::connect(&controller, &ScanViewController::stateChanged, &controller,
-                     [&] { shown = static_cast<int>(controller.display().progressBar); });
+    const auto listening = controller.stateChanged.listen(
+        [&] { shown = static_cast<int>(controller.display().progressBar); });
     bool inTime = true;
     clock.onPause = [&](std::size_t number) {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
@@ -245,7 +245,7 @@ TEST_F(ScanViewControllerTest, WhatWasListedAndThenCannotBeLookedAtIsInTheCovera
                                 state, access, store, remover,
                                 ScanOptions{"alice", FileURL::fileURLWithPath("/")});
         int over = 0;
-        QObject::connect(&onIt, &ScanViewController::scanEnded, &onIt, [&] { ++over; });
+        const auto listening = onIt.scanEnded.listen([&] { ++over; });
         for (int scan = 1; scan <= 2; ++scan) { // nothing of the first is told of the second
             onIt.SpywareScanStart();
             ASSERT_TRUE(mainQueue.runUntil([&] { return over == scan; }));

@@ -25,7 +25,7 @@ protected:
         m_observations.push_back(
             notifications.observe(NotificationName::StopScan,
                                   [this](const Notification&) { state.isScanStop.request(); }));
-        QObject::connect(&controller, &ScanViewController::stateChanged, &controller, [this] {
+        m_listening.push_back(controller.stateChanged.listen([this] {
             const ScanDisplay& shown = controller.display();
             stopOffered |= controller.isScanning() && shown.stopButton;
             if (types.empty() || types.back() != shown.scanTypeLabel)
@@ -34,9 +34,8 @@ protected:
                 steps.push_back(controller.display().progressText);
             if (labels.empty() || labels.back() != controller.display().location)
                 labels.push_back(controller.display().location);
-        });
-        QObject::connect(&controller, &ScanViewController::scanEnded, &controller,
-                         [this] { ++ended; });
+        }));
+        m_listening.push_back(controller.scanEnded.listen([this] { ++ended; }));
     }
 
     /// Starts a scan and runs the main queue until it has ended.
@@ -74,6 +73,7 @@ private:
             places.emplace_back(*place);
     }
     std::vector<NotificationCenter::Observation> m_observations;
+    std::vector<Signal::Listening> m_listening;
 };
 
 } // namespace pryvane::test

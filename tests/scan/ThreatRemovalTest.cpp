@@ -37,8 +37,7 @@ class ThreatRemovalTest : public test::SessionFixture {
 protected:
     ThreatRemovalTest()
     {
-        QObject::connect(&controller, &ScanViewController::removalEnded, &controller,
-                         [this] { ++removals; });
+        listening = controller.removalEnded.listen([this] { ++removals; });
     }
 
     void scanWith(std::initializer_list<const char*> findings)
@@ -71,6 +70,7 @@ protected:
             EXPECT_TRUE(volume.contains(finding)) << finding;
     }
     int removals = 0;
+    Signal::Listening listening;
     const ThreatLists& lists = controller.lists();
     FourceQuitBrowserView& panel = controller.removal().panel();
 };
@@ -296,8 +296,8 @@ TEST_F(ThreatRemovalTest, NothingElseStartsMeanwhile)
     GatedRemover gate(remover);
     ScanViewController gated(services(), state, access, store, gate,
                              ScanOptions{"alice", FileURL::fileURLWithPath("/")});
-    QObject::connect(&gated, &ScanViewController::scanEnded, &gated, [this] { ++ended; });
-    QObject::connect(&gated, &ScanViewController::removalEnded, &gated, [this] { ++removals; });
+    const auto toldOfEnd = gated.scanEnded.listen([this] { ++ended; });
+    const auto toldOfRemoval = gated.removalEnded.listen([this] { ++removals; });
     volume.plant(kMdworker);
     gated.SpywareScanStart();
     ASSERT_TRUE(mainQueue.runUntil([&] { return ended == 1; }));

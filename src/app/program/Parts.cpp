@@ -62,8 +62,8 @@ void Session::MainWindowParts::show(MainWindow& window)
                      [this] { screens.show(details.currentRow()); });
     QObject::connect(&window, &MainWindow::filterWanted, &window,
                      [this] { screens.focusFilter(); });
-    QObject::connect(&dashboard, &DashBoardViewController::lastScansRead, &scan,
-                     &ScanViewController::makeAccessibleUIChanges);
+    QObject::connect(&dashboard, &DashBoardViewController::lastScansRead, &dashboard,
+                     [this] { scan.makeAccessibleUIChanges(); });
     details.viewDidLoad();
     scheduler.viewDidLoad();
 }

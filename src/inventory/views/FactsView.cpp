@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "ui/Labels.h"
+#include "ui/Listen.h"
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
 
@@ -53,7 +54,7 @@ FactsView::FactsView(FactsController& controller, QWidget* parent)
     m_update.setSingleShot(true);
     m_update.setInterval(0);
     connect(&m_update, &QTimer::timeout, this, &FactsView::showState);
-    connect(&m_controller, &FactsController::stateChanged, this, [this] {
+    ui::listen(m_controller.stateChanged, this, [this] {
         showUsers();
         for (FactsPage* page : m_lists)
             page->showState(); // at once: rows may be gone
@@ -124,7 +125,7 @@ QWidget* FactsView::makeTools()
     connect(m_whose, &QComboBox::currentIndexChanged, this, &FactsView::choose);
     connect(m_onlyThere, &QCheckBox::toggled, this, &FactsView::choose);
     connect(m_denied, &QCheckBox::toggled, this, &FactsView::choose);
-    connect(m_again, &QPushButton::clicked, &m_controller, &FactsController::gather);
+    connect(m_again, &QPushButton::clicked, this, [this] { m_controller.gather(); });
     connect(m_export, &QPushButton::clicked, this, &FactsView::exportList);
     return bar;
 }

@@ -4,6 +4,7 @@
 #include "core/Texts.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/Listen.h"
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
 
@@ -116,7 +117,7 @@ InventoryView::InventoryView(InventoryController& controller, QWidget* parent)
     m_update.setSingleShot(true);
     m_update.setInterval(0);
     connect(&m_update, &QTimer::timeout, this, &InventoryView::showState);
-    connect(&m_controller, &InventoryController::stateChanged, this, [this] {
+    ui::listen(m_controller.stateChanged, this, [this] {
         if (!m_update.isActive())
             m_update.start();
         if (m_controller.entries().size() < m_shown) // gathered anew
@@ -128,7 +129,7 @@ InventoryView::InventoryView(InventoryController& controller, QWidget* parent)
         showList();
     });
     connect(m_stop, &QPushButton::clicked, this, [this] { m_controller.stop(); });
-    connect(m_gather, &QPushButton::clicked, &m_controller, &InventoryController::gather);
+    connect(m_gather, &QPushButton::clicked, this, [this] { m_controller.gather(); });
     connect(m_table, &ui::RowTable::menuWanted, this, &InventoryView::showMenu);
     connect(m_table, &ui::RowTable::rowActivated, this,
             [this](int row) { Q_EMIT revealWanted(m_source.entry(row).url); });

@@ -4,6 +4,7 @@
 #include "core/Texts.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/Listen.h"
 #include "ui/RowTable.h"
 #include "ui/Spinner.h"
 #include "ui/Style.h"
@@ -76,8 +77,7 @@ QWidget* CleaningPreviewSheet::makeBrowserPanel()
     row->addWidget(m_browserNames, 1);
     row->addWidget(m_retry);
     panel->column()->addLayout(row);
-    connect(m_retry, &QPushButton::clicked, &m_controller,
-            &ToolsViewController::retryCleaningAction);
+    connect(m_retry, &QPushButton::clicked, this, [this] { m_controller.retryCleaningAction(); });
     return panel;
 }
 
@@ -100,7 +100,7 @@ QWidget* CleaningPreviewSheet::makeDearPanel()
     row->addWidget(m_dearNames, 1);
     row->addWidget(m_leaveOut, 0, Qt::AlignTop);
     panel->column()->addLayout(row);
-    connect(m_leaveOut, &QPushButton::clicked, &m_controller, &ToolsViewController::leaveDearOut);
+    connect(m_leaveOut, &QPushButton::clicked, this, [this] { m_controller.leaveDearOut(); });
     return panel;
 }
 
@@ -129,7 +129,7 @@ void CleaningPreviewSheet::follow()
     m_update.setSingleShot(true);
     m_update.setInterval(0);
     connect(&m_update, &QTimer::timeout, this, &CleaningPreviewSheet::showState);
-    connect(&m_controller, &ToolsViewController::stateChanged, this, [this] {
+    ui::listen(m_controller.stateChanged, this, [this] {
         if (!m_update.isActive())
             m_update.start();
         // The rows are gone with the state, so nothing may ask for them any more.
@@ -146,9 +146,8 @@ void CleaningPreviewSheet::follow()
         m_table->setFocus(Qt::OtherFocusReason);
     });
     connect(m_cancel, &QPushButton::clicked, this, &Sheet::dismiss);
-    connect(m_clear, &QPushButton::clicked, &m_controller,
-            &ToolsViewController::cleanAndReloadData);
-    connect(this, &Sheet::closed, &m_controller, [this] {
+    connect(m_clear, &QPushButton::clicked, this, [this] { m_controller.cleanAndReloadData(); });
+    connect(this, &Sheet::closed, this, [this] {
         if (m_controller.state() == State::Looking)
             m_controller.stop();
         m_controller.closeWindowAction();

@@ -6,6 +6,7 @@
 #include "privacy/views/GroupList.h"
 #include "privacy/views/ToolsStatus.h"
 #include "ui/Labels.h"
+#include "ui/Listen.h"
 #include "ui/RowTable.h"
 #include "ui/Sheet.h"
 #include "ui/Style.h"
@@ -49,7 +50,7 @@ PrivacyPane::PrivacyPane(ToolsViewController& controller, QWidget* parent)
     m_update.setSingleShot(true);
     m_update.setInterval(0);
     connect(&m_update, &QTimer::timeout, this, &PrivacyPane::showState);
-    connect(&m_controller, &ToolsViewController::stateChanged, this, [this] {
+    ui::listen(m_controller.stateChanged, this, [this] {
         if (!m_update.isActive())
             m_update.start();
         // A catalogue that is built anew has fewer rows than are shown.

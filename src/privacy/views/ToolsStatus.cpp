@@ -4,6 +4,7 @@
 #include "privacy/ToolsViewController.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/Listen.h"
 #include "ui/Theme.h"
 
 #include <QAccessible>
@@ -50,10 +51,10 @@ ToolsStatus::ToolsStatus(ToolsViewController& controller, QWidget* parent)
     m_clock.setInterval(kLook);
     connect(&m_clock, &QTimer::timeout, this, &ToolsStatus::showProgress);
     connect(m_stop, &QPushButton::clicked, this, [this] { m_controller.stop(); });
-    connect(m_measure, &QPushButton::clicked, &m_controller,
-            &ToolsViewController::resetAndAddavailbleApplications);
+    connect(m_measure, &QPushButton::clicked, this,
+            [this] { m_controller.resetAndAddavailbleApplications(); });
     connect(m_leftOvers, &QPushButton::clicked, this, &ToolsStatus::leftOversWanted);
-    connect(&m_controller, &ToolsViewController::stateChanged, this, [this] {
+    ui::listen(m_controller.stateChanged, this, [this] {
         // The one that ends a clearing; it is followed by a scan at once.
         const bool cleaning = m_controller.state() == State::Cleaning;
         if (m_wasCleaning && !cleaning)

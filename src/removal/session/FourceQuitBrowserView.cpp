@@ -21,7 +21,7 @@ void FourceQuitBrowserView::present(std::vector<BrowserEntry> entries)
 void FourceQuitBrowserView::reload(std::vector<BrowserEntry> entries)
 {
     m_entries = std::move(entries);
-    Q_EMIT changed();
+    changed();
 }
 
 void FourceQuitBrowserView::dismiss()
@@ -29,7 +29,7 @@ void FourceQuitBrowserView::dismiss()
     if (!std::exchange(m_isPresented, false))
         return;
     m_entries.clear();
-    Q_EMIT changed();
+    changed();
 }
 
 } // namespace pryvane

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "core/Signal.h"
 #include "removal/session/BrowsersToQuit.h"
-
-#include <QObject>
 
 #include <string>
 #include <vector>
@@ -22,15 +21,9 @@ public:
 
 /// The panel that asks to quit browsers, without its widgets: a sheet is to be shown while
 /// isPresented(). Main thread only.
-class FourceQuitBrowserView final : public QObject {
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(FourceQuitBrowserView)
-
+class FourceQuitBrowserView final {
 public:
-    explicit FourceQuitBrowserView(Workspace& workspace, QObject* parent = nullptr)
-        : QObject(parent), m_workspace(workspace)
-    {
-    }
+    explicit FourceQuitBrowserView(Workspace& workspace) : m_workspace(workspace) {}
 
     /// Who is asked on a retry; outlives this.
     void setDelegate(FourceQuitBrowserDelegate* delegate) { m_delegate = delegate; }
@@ -53,9 +46,8 @@ public:
     /// Display names of the applications that ran at the last retry.
     [[nodiscard]] const std::vector<std::string>& availbleApp() const { return m_availbleApp; }
 
-Q_SIGNALS:
     /// The list or whether the sheet is to be shown has changed.
-    void changed();
+    Signal changed;
 
 private:
     Workspace& m_workspace;

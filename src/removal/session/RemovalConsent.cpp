@@ -9,8 +9,7 @@ RemovalConsent::RemovalConsent(Alerts& alerts, Workspace& workspace, Screen scre
     : m_alerts(alerts), m_workspace(workspace), m_screen(std::move(screen)), m_panel(workspace)
 {
     m_panel.setDelegate(this);
-    QObject::connect(&m_panel, &FourceQuitBrowserView::changed, &m_panel,
-                     [this] { m_screen.changed(); });
+    m_panelChanged = m_panel.changed.listen([this] { m_screen.changed(); });
 }
 
 bool RemovalConsent::forceQuitBrowsers()

@@ -52,6 +52,7 @@ private:
     Workspace& m_workspace;
     const Screen m_screen;
     FourceQuitBrowserView m_panel;
+    Signal::Listening m_panelChanged;
     bool m_isAsking = false;
     std::shared_ptr<const void> m_subject; ///< what the user was asked about
 };

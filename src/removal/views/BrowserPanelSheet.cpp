@@ -4,6 +4,7 @@
 #include "removal/session/FourceQuitBrowserView.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/Listen.h"
 #include "ui/Style.h"
 
 #include <QAccessible>
@@ -19,7 +20,7 @@ namespace pryvane {
 void BrowserPanelSheet::follow(QWidget* over, FourceQuitBrowserView& panel)
 {
     auto shown = std::make_shared<QPointer<BrowserPanelSheet>>();
-    connect(&panel, &FourceQuitBrowserView::changed, over, [over, shown, &panel] {
+    ui::listen(panel.changed, over, [over, shown, &panel] {
         if (panel.isPresented() && !*shown) {
             *shown = new BrowserPanelSheet(over, panel);
             (*shown)->present();
@@ -48,10 +49,10 @@ BrowserPanelSheet::BrowserPanelSheet(QWidget* over, FourceQuitBrowserView& panel
     ui::makePrimary(*m_retry);
     buttons()->addWidget(m_retry);
     buttons()->addWidget(close);
-    connect(m_retry, &QPushButton::clicked, &m_panel, &FourceQuitBrowserView::retryCleaningAction);
-    connect(close, &QPushButton::clicked, &m_panel, &FourceQuitBrowserView::closeWindowAction);
+    connect(m_retry, &QPushButton::clicked, this, [this] { m_panel.retryCleaningAction(); });
+    connect(close, &QPushButton::clicked, this, [this] { m_panel.closeWindowAction(); });
     // Esc closes the sheet by itself.
-    connect(this, &Sheet::closed, &m_panel, [this] {
+    connect(this, &Sheet::closed, this, [this] {
         if (m_panel.isPresented())
             m_panel.closeWindowAction();
     });

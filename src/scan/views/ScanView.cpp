@@ -10,6 +10,7 @@
 #include "scan/ScanViewController.h"
 #include "scan/views/ScanProgressView.h"
 #include "ui/Labels.h"
+#include "ui/Listen.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
 
@@ -67,20 +68,18 @@ ScanView::ScanView(ScanViewController& controller, Options options, QWidget* par
     setObjectName(QStringLiteral("scanVC"));
     layOut();
     followController();
-    connect(m_scanNow, &QPushButton::clicked, &m_controller,
-            &ScanViewController::scanningStartAction);
+    connect(m_scanNow, &QPushButton::clicked, this, [this] { m_controller.scanningStartAction(); });
     connect(m_remove, &QPushButton::clicked, this, &ScanView::openPlan);
     connect(m_failures, &QPushButton::clicked, this, &ScanView::showFailures);
     connect(m_report, &QPushButton::clicked, this, &ScanView::reportWanted);
-    connect(m_progress, &ScanProgressView::stopWanted, &m_controller,
-            &ScanViewController::stopScan);
+    connect(m_progress, &ScanProgressView::stopWanted, this, [this] { m_controller.stopScan(); });
     connect(m_removal, &RemovalProgressView::stopWanted, this,
             [this] { m_controller.removal().stopRemoval(); });
     connect(m_findings, &FindingsPane::revealWanted, this, &ScanView::revealWanted);
     connect(m_findings, &FindingsPane::remoteDesktopHelpWanted, this,
             &ScanView::remoteDesktopHelpWanted);
-    connect(m_findings, &FindingsPane::ignoreRemoteDesktopWanted, &m_controller,
-            &ScanViewController::ignoreARD);
+    connect(m_findings, &FindingsPane::ignoreRemoteDesktopWanted, this,
+            [this](bool ignore) { m_controller.ignoreARD(ignore); });
     showState();
 }
 
@@ -89,12 +88,12 @@ void ScanView::followController()
     m_liveUpdate.setSingleShot(true);
     m_liveUpdate.setInterval(kLiveUpdate);
     connect(&m_liveUpdate, &QTimer::timeout, this, &ScanView::showState);
-    connect(&m_controller, &ScanViewController::stateChanged, this, [this] {
+    ui::listen(m_controller.stateChanged, this, [this] {
         if (!m_liveUpdate.isActive())
             m_liveUpdate.start();
     });
-    connect(&m_controller, &ScanViewController::scanEnded, this, &ScanView::showState);
-    connect(&m_controller, &ScanViewController::removalEnded, this, &ScanView::takeBackRemoved);
+    ui::listen(m_controller.scanEnded, this, &ScanView::showState);
+    ui::listen(m_controller.removalEnded, this, &ScanView::takeBackRemoved);
     BrowserPanelSheet::follow(this, m_controller.removal().panel());
 }
 
@@ -214,8 +213,8 @@ void ScanView::openPlan()
     m_plan = new PlanSheet(this, [this](const SpywareList& records, bool on) {
         selectRecords(m_controller, records, on);
     });
-    connect(m_plan, &PlanSheet::removalWanted, &m_controller,
-            &ScanViewController::deleteSelectedThreat);
+    connect(m_plan, &PlanSheet::removalWanted, this,
+            [this] { m_controller.deleteSelectedThreat(); });
     connect(m_plan, &PlanSheet::recordWanted, this, [this] {
         if (m_controller.report() && m_options.keepRecord)
             m_options.keepRecord(*m_controller.report(), [plan = m_plan](const QString& words) {
