@@ -37,8 +37,11 @@ std::shared_ptr<SpywareScanReport> reportOf(const std::vector<std::string>& path
     auto report = SpywareScanReport::ScanReportWithSpywareList(
         list, kReportDate, " 2 seconds", "Quick Scan", kReportDate + std::chrono::hours(1));
     report->volume = "volume-1";
-    report->subject = {
-        {DiskSource::Kind::Folder, "mac-disk"}, "Alice's Mac", "13.4 (22F66)", {"alice"}};
+    auto& subject = report->subject;
+    subject.source = {DiskSource::Kind::Folder, "mac-disk"};
+    subject.computerName = "Alice's Mac";
+    subject.systemVersion = "13.4 (22F66)";
+    subject.users = {"alice"};
     report->coverage.signaturesTested = 534;
     return report;
 }
