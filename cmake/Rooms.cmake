@@ -4,6 +4,12 @@
 set(PRYVANE_ROOM_TABLE "${CMAKE_SOURCE_DIR}/src/rooms.txt")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PRYVANE_ROOM_TABLE}")
 
+# Which folder of src/hosts is this system's.
+string(TOLOWER "${CMAKE_SYSTEM_NAME}" PRYVANE_SYSTEM)
+if(APPLE)
+    set(PRYVANE_SYSTEM "mac")
+endif()
+
 # pryvane_room_targets(VARIABLE ROOM…)
 #   the libraries of these rooms.
 function(pryvane_room_targets variable)

@@ -4,10 +4,7 @@
 #import <AppKit/AppKit.h>
 #import <Foundation/Foundation.h>
 
-typedef const void* CFTypeRef;
 typedef NSString* CFStringRef;
-typedef NSDictionary* CFMutableDictionaryRef;
-#define CFSTR(text) @text
 
 @interface NSURL (PryvaneCheck)
 - (NSData*)bookmarkDataWithOptions:(NSUInteger)options

@@ -5,10 +5,10 @@
 #include "core/LoadedModule.h"
 #include "core/Texts.h"
 #include "findings/MacDisk.h"
-#include "hosts/linux/LinuxMachineInfo.h"
-#include "hosts/linux/LinuxWorkspace.h"
+#include "hosts/Host.h"
 #include "hosts/posix/CurrentUser.h"
 #include "hosts/posix/LoadedPrinter.h"
+#include "platform/Machine.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "removal/disk/VolumeRemover.h"
 #include "reports/pdf/PDFGenerate.h"
@@ -40,16 +40,17 @@ bool canChange(const VolumeArguments& arguments, const Console& console)
 
 /// What a report on paper takes.
 struct Host::Documents {
-    LinuxMachineInfo machine;
+    std::unique_ptr<MachineInfo> machine;
     PDFGenerate pdf;
     LoadedPrinter printer;
     ReportPrinting printing;
 
     explicit Documents(Host& host)
-        : pdf({.shortVersion = PRYVANE_VERSION,
+        : machine(host.m_system->machineInfo()),
+          pdf({.shortVersion = PRYVANE_VERSION,
                .buildVersion = PRYVANE_BUILD,
-               .cachesFolder = defaultCachesFolder()},
-              host.disk(), machine),
+               .cachesFolder = host.m_system->cachesFolder()},
+              host.disk(), *machine),
           printing(pdf, printer, host.log())
     {
         printer.obey(host.m_interrupted);
@@ -63,7 +64,10 @@ void ConsoleLog::line(std::string_view text)
     m_console.say(forTerminal(text));
 }
 
-Host::Host(const Console& console) : m_log(console), m_interrupted(console.interrupted) {}
+Host::Host(const Console& console)
+    : m_system(makeHost()), m_log(console), m_interrupted(console.interrupted)
+{
+}
 
 Host::~Host() = default;
 
@@ -108,9 +112,10 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
         host->m_clock = std::make_unique<UnpacedClock>();
     host->m_alerts = std::make_unique<DecliningAlerts>();
     host->m_folderPicker = std::make_unique<DecliningFolderPicker>();
-    host->m_workspace = host->m_names
-                            ? std::make_unique<LinuxWorkspace>(*host->m_names, host->m_homes.users)
-                            : std::make_unique<LinuxWorkspace>(*host->m_disk, host->m_homes.users);
+    host->m_workspace = host->m_system->workspace(host->disk(), host->m_homes.users, isOwn);
+    if (const std::string advice = isOwn ? host->m_system->accessAdvice() : std::string();
+        !advice.empty())
+        console.say(advice);
     host->m_state.arrDefaultTorvellApp = makersApplicationKeys();
     if (const auto opened = host->openStore(use); !opened)
         return opened.error();
@@ -196,7 +201,7 @@ std::unique_ptr<SizeMeter> Host::sizeMeter()
 
 Result<Done> Host::openStore(StoreUse use)
 {
-    m_dataFolder = defaultDataFolder();
+    m_dataFolder = m_system->dataFolder();
     if (use == StoreUse::None)
         return openWithoutStore();
     const bool writes = use == StoreUse::Write;

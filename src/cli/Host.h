@@ -26,6 +26,7 @@
 #include <vector>
 
 namespace pryvane {
+class Host;
 class PDFGenerate;
 class ReportPrinting;
 class RemovalJournal;
@@ -168,6 +169,7 @@ private:
     [[nodiscard]] Result<Done> openStore(StoreUse use);
     [[nodiscard]] Result<Done> openWithoutStore();
 
+    std::unique_ptr<pryvane::Host> m_system; ///< what the others are made of
     NotificationCenter m_notifications;
     ScanState m_state;
     BlockingMainQueue m_mainQueue;

@@ -1,6 +1,7 @@
 #include "core/LoadedModule.h"
 
 #include "core/Escape.h"
+#include "core/HostKernel.h"
 
 #include <dlfcn.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include <CoreFoundation/CoreFoundation.h>
 
 typedef std::uint32_t io_object_t;
 typedef io_object_t io_service_t;
@@ -8,7 +8,7 @@ typedef io_object_t io_service_t;
 extern "C" {
 CFMutableDictionaryRef IOServiceMatching(const char* name);
 io_service_t IOServiceGetMatchingService(std::uint32_t port, CFMutableDictionaryRef matching);
-CFTypeRef IORegistryEntryCreateCFProperty(io_object_t entry, CFStringRef key, const void* allocator,
-                                          std::uint32_t options);
+CFTypeRef IORegistryEntryCreateCFProperty(io_object_t entry, CFStringRef key,
+                                          CFAllocatorRef allocator, std::uint32_t options);
 int IOObjectRelease(io_object_t object);
 }

@@ -1,37 +1,21 @@
 #include "app/program/Desktop.h"
 
-#include "core/LoadedModule.h"
-#include "hosts/linux/XdgLoginItem.h"
-#include "hosts/posix/CurrentUser.h"
+#include "hosts/Host.h"
 #include "store/SqliteUserDefaults.h"
 
 namespace pryvane {
 
-namespace {
-
-XdgLoginItem::Places loginPlaces(const std::string& dataFolder)
-{
-    const auto helper = besideProgram("pryvane-login-helper"), own = programFile();
-    const auto runtime = runtimeFolder(dataFolder);
-    return {.autostartFolder = defaultAutostartFolder(),
-            .helper = helper ? *helper : std::string(),
-            .application = own ? *own : std::string(),
-            .runtimeFolder = runtime ? *runtime : std::string()};
-}
-
-} // namespace
-
-Desktop::Desktop(std::string dataFolder)
-    : bus(QDBusConnection::sessionBus()), m_dataFolder(std::move(dataFolder)),
-      m_loginItem(std::make_unique<XdgLoginItem>(loginPlaces(m_dataFolder)))
+Desktop::Desktop(Host& own, const std::string& dataFolder)
+    : host(own), machine(own.machineInfo()), system(makeDesktopHost(own, dataFolder, log)),
+      m_dataFolder(dataFolder)
 {
 }
 
 Desktop::~Desktop() = default;
 
-Result<std::unique_ptr<Desktop>> Desktop::open(const std::string& dataFolder)
+Result<std::unique_ptr<Desktop>> Desktop::open(Host& host, const std::string& dataFolder)
 {
-    std::unique_ptr<Desktop> desktop(new Desktop(dataFolder));
+    std::unique_ptr<Desktop> desktop(new Desktop(host, dataFolder));
     auto opened = SqliteUserDefaults::open(dataFolder, desktop->log);
     if (!opened)
         return opened.error();

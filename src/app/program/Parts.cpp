@@ -4,7 +4,6 @@
 #include "app/views/MainWindow.h"
 #include "browser/views/RecordKeeping.h"
 #include "browser/views/ReportBrowserView.h"
-#include "hosts/posix/CurrentUser.h"
 #include "platform/Messages.h"
 #include "platform/Network.h"
 #include "privacy/views/ToolsView.h"
@@ -17,11 +16,11 @@ namespace pryvane {
 
 namespace {
 
-PDFFacts pdfFacts()
+PDFFacts pdfFacts(const std::string& cachesFolder)
 {
     return {.shortVersion = PRYVANE_VERSION,
             .buildVersion = PRYVANE_BUILD,
-            .cachesFolder = defaultCachesFolder()};
+            .cachesFolder = cachesFolder};
 }
 
 } // namespace
@@ -36,7 +35,8 @@ Session::MainWindowParts::MainWindowParts(Needs what)
            ScanOptions{needs.facts.user.empty() ? UserChoice::everyone()
                                                 : UserChoice(needs.facts.user),
                        {}}),
-      pdf(pdfFacts(), needs.services.disk, machine), documents(needs.services.mainQueue, pdf),
+      pdf(pdfFacts(needs.cachesFolder), needs.services.disk, needs.machine),
+      documents(needs.services.mainQueue, pdf),
       screens(
           {.dashboard = dashboard,
            .scheduler = scheduler,
@@ -99,15 +99,17 @@ MadeScreen Session::MainWindowParts::makeReports()
 {
     reports = std::make_unique<ReportParts>(
         needs.services, needs.delegate,
-        ReportParts::Needs{needs.fileViewer, needs.remover, needs.facts.user, needs.foldedName,
+        ReportParts::Needs{needs.fileViewer, needs.machine, pdfFacts(needs.cachesFolder),
+                           needs.remover, needs.facts.user, needs.foldedName,
                            [this] { openRemoteDesktopInstructions(); }});
     return reports->makeScreen();
 }
 
 ReportParts::ReportParts(const PlatformServices& services, AppDelegate& delegate, Needs needs)
     : m_services(services), m_delegate(delegate), m_needs(std::move(needs)),
-      m_printed(pdfFacts(), services.disk, m_machine),
-      m_shown(pdfFacts(), services.disk, m_machine), m_printing(m_printed, m_printer, services.log),
+      m_printed(m_needs.pdf, services.disk, m_needs.machine),
+      m_shown(m_needs.pdf, services.disk, m_needs.machine),
+      m_printing(m_printed, m_printer, services.log),
       m_controller(services, {*this, m_needs.fileViewer, m_printing, m_needs.remover, m_needs.user})
 {
 }

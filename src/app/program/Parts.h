@@ -8,7 +8,6 @@
 #include "browser/ReportBrowserHost.h"
 #include "browser/ReportDocuments.h"
 #include "browser/ReportViewController.h"
-#include "hosts/linux/LinuxMachineInfo.h"
 #include "hosts/posix/LoadedPrinter.h"
 #include "inventory/FactsController.h"
 #include "inventory/InventoryController.h"
@@ -35,6 +34,8 @@ class ReportParts final : private ReportBrowserHost {
 public:
     struct Needs {
         FileViewer& fileViewer;
+        MachineInfo& machine;
+        PDFFacts pdf;
         Remover& remover;
         std::string user;
         std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk
@@ -54,7 +55,6 @@ private:
     PlatformServices m_services;
     AppDelegate& m_delegate;
     const Needs m_needs;
-    LinuxMachineInfo m_machine;
     PDFGenerate m_printed; ///< what goes to the printer
     PDFGenerate m_shown;   ///< what is previewed and exported
     LoadedPrinter m_printer;
@@ -94,6 +94,8 @@ struct Session::MainWindowParts {
         VolumeFileSystem& disk;
         Remover& remover;
         FileViewer& fileViewer;
+        MachineInfo& machine;
+        std::string cachesFolder;
         std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk
         std::function<void(const FileURL&)> reveal;
     };
@@ -120,7 +122,6 @@ struct Session::MainWindowParts {
     ScanViewController scan;
     std::unique_ptr<ToolsParts> tools;
     std::unique_ptr<ReportParts> reports;
-    LinuxMachineInfo machine;
     PDFGenerate pdf;           ///< for the scan screen alone
     ReportDocuments documents; ///< with it
     Screens screens;

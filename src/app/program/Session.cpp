@@ -7,15 +7,13 @@
 #include "core/Escape.h"
 #include "findings/Homes.h"
 #include "findings/MacDisk.h"
+#include "hosts/Host.h"
 #include "hosts/posix/CurrentUser.h"
 #include "hosts/posix/SingleInstance.h"
 #include "platform/Messages.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "volume/FoldedName.h"
-
-#include <QDesktopServices>
-#include <QUrl>
 
 #include <algorithm>
 #include <filesystem>
@@ -95,15 +93,18 @@ Result<std::unique_ptr<Session>> Session::open(Desktop& desktop, const VolumeCho
 
 Session::Session(Desktop& desktop, VolumeChoice choice, std::unique_ptr<VolumeFileSystem> disk)
     : m_desktop(desktop), m_choice(std::move(choice)), m_words(wordsFor(m_choice)),
-      m_disk(std::move(disk)), m_folderPicker(panelRoot(m_choice.folder)),
-      m_users(settledHomes(*m_disk, whoseOf(m_choice)).users), m_workspace(*m_disk, m_users),
-      m_grants(*m_disk), m_journal(desktop.dataFolder(), *m_disk, desktop.clock),
+      m_disk(std::move(disk)),
+      m_folderPicker(desktop.system->folderPicker(panelRoot(m_choice.folder))),
+      m_users(settledHomes(*m_disk, whoseOf(m_choice)).users),
+      m_workspace(desktop.host.workspace(*m_disk, m_users, m_disk->isHostRoot())),
+      m_grants(desktop.system->grants(*m_disk, panelRoot(m_choice.folder))),
+      m_journal(desktop.dataFolder(), *m_disk, desktop.clock),
       m_remover(*m_disk, m_journal, {desktop.dataFolder()}), m_sharedRemover(m_remover),
-      m_fileViewer(desktop.bus, *m_disk, desktop.log, &QDesktopServices::openUrl),
-      m_statusItem(desktop.bus,
-                   [](std::string_view image, int) { return ui::icon(ui::text(image)); }),
+      m_fileViewer(desktop.system->fileViewer(*m_disk)),
+      m_statusItem(desktop.system->statusItem(
+          [](std::string_view image, int) { return ui::icon(ui::text(image)); })),
       m_delegate(services(), desktopServices(), factsFor(m_choice)),
-      m_access(services(), m_grants, m_delegate)
+      m_access(services(), *m_grants, m_delegate)
 {
     m_windows.setMaker(ShellWindow::Main, [this] { return makeMainWindow(); });
     m_windows.setMaker(ShellWindow::Access, [this] { return makeAccessWindow(); });
@@ -123,20 +124,20 @@ PlatformServices Session::services()
             m_desktop.mainQueue,
             m_desktop.clock,
             m_desktop.alerts,
-            m_folderPicker,
-            m_workspace,
-            m_desktop.userNotifier,
+            *m_folderPicker,
+            *m_workspace,
+            m_desktop.system->userNotifier(),
             m_desktop.log};
 }
 
 DesktopServices Session::desktopServices()
 {
     return {m_windows,
-            m_desktop.dockIcon,
-            m_statusItem,
-            m_desktop.loginItem(),
-            m_desktop.distributedNotifications,
-            m_grants,
+            m_desktop.system->dockIcon(),
+            *m_statusItem,
+            m_desktop.system->loginItem(),
+            m_desktop.system->messages(),
+            *m_grants,
             m_desktop.settingsFile,
             m_desktop.webBrowser,
             m_desktop.timers};
@@ -179,7 +180,9 @@ QWidget* Session::makeMainWindow()
                                  .users = m_users,
                                  .disk = *m_disk,
                                  .remover = m_sharedRemover,
-                                 .fileViewer = m_fileViewer,
+                                 .fileViewer = *m_fileViewer,
+                                 .machine = *m_desktop.machine,
+                                 .cachesFolder = m_desktop.host.cachesFolder(),
                                  .foldedName = {},
                                  .reveal = [this](const FileURL& at) { reveal(at); }};
     if (!m_choice.caseSensitive)
@@ -210,19 +213,19 @@ QWidget* Session::makeHelpWindow()
 
 void Session::reveal(const FileURL& location)
 {
-    if (const auto shown = m_fileViewer.reveal(location); !shown)
+    if (const auto shown = m_fileViewer->reveal(location); !shown)
         m_desktop.alerts.runModal({"", shown.error().message, {"OK"}});
 }
 
 void Session::askForVolume(QWidget* over)
 {
-    const auto pick = [](const std::string& from) -> std::optional<std::string> {
-        WidgetFolderPicker host({});
+    const auto pick = [this](const std::string& from) -> std::optional<std::string> {
+        const auto picker = m_desktop.system->folderPicker({});
         const auto folder =
-            host.pickFolder({"Choose",
-                             "Choose the folder that stands for the root of a Mac's disk",
-                             FileURL::fileURLWithPath(from),
-                             {}});
+            picker->pickFolder({"Choose",
+                                "Choose the folder that stands for the root of a Mac's disk",
+                                FileURL::fileURLWithPath(from),
+                                {}});
         return folder ? std::optional(folder->absolutePath()) : std::nullopt;
     };
     const auto open = [this](const std::string& folder, const std::string& user) {
@@ -257,7 +260,7 @@ void Session::change(const VolumeChoice& choice)
 void Session::take(const InstanceRequest& request)
 {
     if (!request.activationToken.empty())
-        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.activationToken));
+        m_desktop.host.useActivationToken(request.activationToken);
     m_delegate.applicationShouldHandleReopen();
     const std::string folder = request.volume.value_or(m_choice.folder);
     const std::string usual = folder == m_choice.folder ? m_choice.user : usualUser(folder);

@@ -8,11 +8,10 @@
 #include "core/NotificationCenter.h"
 #include "core/ThreadSafety.h"
 #include "core/tasks/Worker.h"
-#include "hosts/linux/LinuxWorkspace.h"
-#include "hosts/posix/FolderGrants.h"
-#include "hosts/qt/bus/BusFileViewer.h"
-#include "hosts/qt/widgets/TrayStatusItem.h"
-#include "hosts/qt/widgets/WidgetFolderPicker.h"
+#include "platform/DesktopPrograms.h"
+#include "platform/DesktopWindows.h"
+#include "platform/FolderAccess.h"
+#include "platform/Machine.h"
 #include "platform/Remover.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "removal/disk/VolumeRemover.h"
@@ -103,15 +102,15 @@ private:
 
     std::unique_ptr<VolumeFileSystem> m_disk;
     NotificationCenter m_notifications;
-    WidgetFolderPicker m_folderPicker;
+    const std::unique_ptr<FolderPicker> m_folderPicker;
     const std::vector<std::string> m_users;
-    LinuxWorkspace m_workspace;
-    FolderGrants m_grants;
+    const std::unique_ptr<Workspace> m_workspace;
+    const std::unique_ptr<GrantTokens> m_grants;
     RemovalJournalFile m_journal;
     VolumeRemover m_remover;
     SharedRemover m_sharedRemover;
-    BusFileViewer m_fileViewer;
-    TrayStatusItem m_statusItem;
+    const std::unique_ptr<FileViewer> m_fileViewer;
+    const std::unique_ptr<StatusItem> m_statusItem;
     Windows m_windows;
     AppDelegate m_delegate;
     NotAccessVC m_access;

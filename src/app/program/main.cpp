@@ -3,7 +3,7 @@
 #include "app/program/Session.h"
 #include "core/Escape.h"
 #include "core/Exhaustion.h"
-#include "hosts/posix/CurrentUser.h"
+#include "hosts/Host.h"
 #include "hosts/posix/SingleInstance.h"
 #include "hosts/qt/InstanceServer.h"
 #include "store/StoreFolder.h"
@@ -14,7 +14,6 @@
 #include <QMessageBox>
 
 #include <csignal>
-#include <cstdlib>
 #include <iostream>
 
 namespace {
@@ -55,11 +54,11 @@ int fail(const std::string& message)
 }
 
 /// One program a store. None where it cannot be told: the store guards itself.
-std::optional<SingleInstance> claim(const std::string& dataFolder)
+std::optional<SingleInstance> claim(Host& host, const std::string& dataFolder)
 {
     if (!makeFolders(dataFolder))
         return std::nullopt; // what opens the store says why
-    const auto runtime = runtimeFolder(dataFolder);
+    const auto runtime = host.runtimeFolder(dataFolder);
     if (!runtime)
         return std::nullopt;
     auto claimed = SingleInstance::claim(dataFolder, *runtime);
@@ -68,11 +67,10 @@ std::optional<SingleInstance> claim(const std::string& dataFolder)
     return std::move(claimed).value();
 }
 
-int handOver(const SingleInstance& instance, const Arguments& arguments)
+int handOver(Host& host, const SingleInstance& instance, const Arguments& arguments)
 {
-    const char* token = std::getenv("XDG_ACTIVATION_TOKEN");
-    const auto taken =
-        instance.handOver({arguments.volume, arguments.user, arguments.scan, token ? token : ""});
+    const auto taken = instance.handOver(
+        {arguments.volume, arguments.user, arguments.scan, host.activationToken()});
     if (taken)
         return 0;
     std::cerr << "pryvane: " << forTerminal(taken.error().message) << std::endl;
@@ -103,8 +101,10 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
         current->start();
         if (isFirst && arguments.scan)
             current->requestScan();
-        if (isFirst && !desktop.notice().empty())
-            desktop.alerts.runModal({"", desktop.notice(), {"OK"}});
+        for (const std::string& told : {desktop.notice(), desktop.host.accessAdvice()}) {
+            if (isFirst && !told.empty())
+                desktop.alerts.runModal({"", told, {"OK"}});
+        }
         if (QApplication::exec() == kFailed)
             return kFailed;
         current->end();
@@ -131,10 +131,11 @@ int runProgram(int argc, char** argv)
     const ParsedArguments parsed = parseArguments(argc, argv);
     if (!parsed.arguments)
         return parsed.exitCode;
-    const std::string dataFolder = defaultDataFolder();
-    auto instance = claim(dataFolder);
+    const auto host = makeHost();
+    const std::string dataFolder = host->dataFolder();
+    auto instance = claim(*host, dataFolder);
     if (instance && !instance->isFirst())
-        return handOver(*instance, *parsed.arguments);
+        return handOver(*host, *instance, *parsed.arguments);
 
     int qtArgumentCount = 1; // the rest has been read
     Application application(qtArgumentCount, argv);
@@ -142,7 +143,7 @@ int runProgram(int argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("pryvane"));
     QApplication::setQuitOnLastWindowClosed(false);
     ui::applyTheme(application);
-    auto desktop = Desktop::open(dataFolder);
+    auto desktop = Desktop::open(*host, dataFolder);
     if (!desktop)
         return fail(desktop.error().message);
     tellOfGivenUpWork(**desktop);

@@ -3,7 +3,7 @@
 #include "core/Escape.h"
 #include "core/Files.h"
 #include "hosts/mac/CocoaText.h"
-#include "hosts/mac/HandlePath.h"
+#include "core/HostKernel.h"
 #include "volume/PathParts.h"
 
 #import <AppKit/AppKit.h>

@@ -2,10 +2,7 @@
 #include "volume/HostVolume.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <linux/openat2.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -42,21 +39,6 @@ FolderHandle openAndCompare(int folder, const std::string& name)
     handle.close();
     errno = EXDEV;
     return handle;
-}
-
-/// A path of /proc/swaps, in which blanks stand as "\040".
-std::string unescaped(const std::string& field)
-{
-    std::string path;
-    for (std::size_t at = 0; at < field.size(); ++at) {
-        if (field[at] == '\\' && at + 3 < field.size()) {
-            path += static_cast<char>(std::strtol(field.substr(at + 1, 3).c_str(), nullptr, 8));
-            at += 3;
-        } else {
-            path += field[at];
-        }
-    }
-    return path;
 }
 
 } // namespace
@@ -100,20 +82,6 @@ FolderHandle openBelow(int folder, const std::string& name)
             break;
     }
     return {};
-}
-
-bool isSwappedTo(const FolderId& file)
-{
-    std::ifstream swaps("/proc/swaps");
-    std::string line;
-    std::getline(swaps, line); // the heading
-    while (std::getline(swaps, line)) {
-        struct stat data {};
-        if (stat(unescaped(line.substr(0, line.find_first_of(" \t"))).c_str(), &data) == 0 &&
-            folderIdOf(data) == file)
-            return true;
-    }
-    return false;
 }
 
 } // namespace pryvane

@@ -39,9 +39,4 @@ FolderHandle openBelow(int folder, const std::string& name)
     return handle;
 }
 
-bool isSwappedTo(const FolderId&)
-{
-    return false; // the host swaps to files of its own only
-}
-
 } // namespace pryvane

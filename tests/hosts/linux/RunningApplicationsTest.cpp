@@ -1,4 +1,6 @@
-#include "hosts/linux/LinuxWorkspace.h"
+#include "hosts/Host.h"
+#include "hosts/linux/RunningPrograms.h"
+#include "platform/Machine.h"
 #include "support/RunningProgram.h"
 #include "volume/VolumeFileSystem.h"
 
@@ -64,11 +66,11 @@ TEST(RunningApplications, HaveNothingToDoWithAMountedVolume)
 {
     const test::RunningProgram running("firefox");
     const TemporaryFolder folder;
-    const auto mounted = VolumeFileSystem::open(folder.path());
-    const auto host = VolumeFileSystem::open("/");
-    ASSERT_TRUE(mounted && host);
-    EXPECT_THAT(LinuxWorkspace(**mounted, {"alice"}).runningApplications(), IsEmpty());
-    EXPECT_THAT(LinuxWorkspace(**host, {"alice"}).runningApplications(), Contains("Firefox"));
+    const auto disk = VolumeFileSystem::open(folder.path());
+    ASSERT_TRUE(disk);
+    const auto host = makeHost();
+    EXPECT_THAT(host->workspace(**disk, {}, false)->runningApplications(), IsEmpty());
+    EXPECT_THAT(host->workspace(**disk, {}, true)->runningApplications(), Contains("Firefox"));
 }
 
 } // namespace

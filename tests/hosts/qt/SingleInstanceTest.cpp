@@ -1,6 +1,6 @@
 #include "hosts/posix/SingleInstance.h"
 
-#include "hosts/posix/CurrentUser.h"
+#include "hosts/linux/XdgFolders.h"
 #include "hosts/qt/EventLoop.h"
 #include "hosts/qt/InstanceServer.h"
 #include "support/TemporaryFolder.h"
@@ -213,12 +213,12 @@ TEST_F(SingleInstanceTest, takesOnlyAPrivateRuntimeFolder)
     const std::string own = folder.hostPath("data/run");
     chmod(open.c_str(), 0755);
     setenv("XDG_RUNTIME_DIR", open.c_str(), 1);
-    EXPECT_EQ(runtimeFolder(folder.hostPath("data")).value(), own);
+    EXPECT_EQ(xdg::runtimeFolder(folder.hostPath("data")).value(), own);
     chmod(open.c_str(), 0700);
-    EXPECT_EQ(runtimeFolder(folder.hostPath("data")).value(), open);
+    EXPECT_EQ(xdg::runtimeFolder(folder.hostPath("data")).value(), open);
     unsetenv("XDG_RUNTIME_DIR");
     chmod(own.c_str(), 0750);
-    EXPECT_FALSE(runtimeFolder(folder.hostPath("data")).ok());
+    EXPECT_FALSE(xdg::runtimeFolder(folder.hostPath("data")).ok());
 }
 
 } // namespace

@@ -1,11 +1,12 @@
+#include "hosts/linux/desktop/TaskbarDockIcon.h"
+#include "hosts/linux/desktop/TrayHosts.h"
+#include "hosts/linux/desktop/X11.h"
 #include "hosts/qt/EventLoop.h"
 #include "hosts/qt/FakeServices.h"
 #include "hosts/qt/widgets/DesktopWebBrowser.h"
-#include "hosts/qt/widgets/TaskbarDockIcon.h"
 #include "hosts/qt/widgets/TrayStatusItem.h"
 #include "hosts/qt/widgets/WidgetAlerts.h"
 #include "hosts/qt/widgets/WidgetFolderPicker.h"
-#include "hosts/qt/widgets/X11.h"
 #include "support/Fakes.h"
 #include "support/PrivateBus.h"
 
@@ -186,7 +187,7 @@ QIcon square(std::string_view, int points)
 
 TEST(TrayStatusItemTest, appearsAndVanishesWithItsPlace)
 {
-    TrayStatusItem item(connectionToBus(), square);
+    TrayStatusItem item(std::make_unique<TrayHosts>(connectionToBus()), square);
     int changes = 0;
     item.whenAvailabilityChanges([&] { ++changes; });
     item.create("spywareStatus", 18);
@@ -230,7 +231,7 @@ struct X11Tray {
 
 TEST(TrayStatusItemTest, followsTraysOfX11)
 {
-    TrayStatusItem item(connectionToBus(), square);
+    TrayStatusItem item(std::make_unique<TrayHosts>(connectionToBus()), square);
     item.create("spywareStatus", 18);
     for (int round = 0; round < 2; ++round) {
         {
@@ -240,14 +241,14 @@ TEST(TrayStatusItemTest, followsTraysOfX11)
         EXPECT_TRUE(runUntil([&] { return !item.available(); }));
     }
     const X11Tray before;
-    TrayStatusItem later(connectionToBus(), square);
+    TrayStatusItem later(std::make_unique<TrayHosts>(connectionToBus()), square);
     later.create("spywareStatus", 18);
     EXPECT_TRUE(runUntil([&] { return later.available(); }));
 }
 
 TEST(TrayStatusItemTest, anActionMayReplaceTheMenu)
 {
-    TrayStatusItem item(connectionToBus(), square);
+    TrayStatusItem item(std::make_unique<TrayHosts>(connectionToBus()), square);
     std::string ran;
     std::function<void()> rebuild = [&] {
         ran += 'r';

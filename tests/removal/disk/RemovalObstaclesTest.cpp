@@ -205,7 +205,7 @@ std::string unknownToPosix(std::string_view row)
         return "on Linux, stat() does not tell the marks of a file";
     if (row.starts_with("sameDevice") || row.starts_with("fileMounted") || row == "mountItself")
         return "a mount of the same device has the same device number; what it holds is removed";
-    return row == "swap" ? "only Linux tells which files it swaps to" : "";
+    return "";
 }
 
 class ObstacleTest : public testing::TestWithParam<std::tuple<Row, bool>> {};

@@ -4,8 +4,8 @@
 #include "core/LoadedModule.h"
 #include "core/Result.h"
 #include "hosts/linux/LoginHelper.h"
+#include "hosts/linux/XdgFolders.h"
 #include "hosts/linux/helper/TerminationWatch.h"
-#include "hosts/posix/CurrentUser.h"
 
 #include <algorithm>
 #include <array>
@@ -97,7 +97,7 @@ int main(int, char** arguments)
         return 2;
     }
     UniqueFd lock;
-    const auto folder = runtimeFolder(defaultDataFolder());
+    const auto folder = xdg::runtimeFolder(xdg::dataFolder());
     if (folder) {
         lock = takeLoginHelperLock(*folder);
         if (!lock && errno == EAGAIN) {

@@ -1,6 +1,7 @@
 #include "hosts/qt/bus/BusFileViewer.h"
 
 #include "core/Escape.h"
+#include "core/HostKernel.h"
 #include "volume/PathParts.h"
 
 #include <QDBusMessage>
@@ -40,11 +41,10 @@ std::optional<BusFileViewer::HostPlace> BusFileViewer::hostPlaceOf(const FileURL
         return std::nullopt;
     const ParentAndName parts = parentAndName(*spelled);
     const UniqueFd folder(m_volume.openFolder(FileURL::fileURLWithPath(parts.parent)));
-    const auto path =
-        folder ? linkTarget(-1, "/proc/self/fd/" + std::to_string(folder.get())) : std::nullopt;
-    if (!path || !path->starts_with('/'))
+    std::string path = folder ? pathOfHandle(folder.get()) : std::string();
+    if (path.empty())
         return std::nullopt;
-    return HostPlace{*path, parts.name};
+    return HostPlace{std::move(path), parts.name};
 }
 
 Result<Done> BusFileViewer::reveal(const FileURL& item)

@@ -2,47 +2,32 @@
 
 #include "platform/DesktopWindows.h"
 
-#include <QAbstractNativeEventFilter>
-#include <QDBusConnection>
 #include <QIcon>
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
 
-#include <cstdint>
 #include <memory>
-
-class QDBusPendingCallWatcher;
 
 namespace pryvane {
 
-/// Whether the desktop has a place for status items now: a StatusNotifierItem host on the session
-/// bus, or a tray of X11. Told by events; nothing is polled.
-class TrayHosts final : public QObject, private QAbstractNativeEventFilter {
+/// Whether the desktop has a place for status items now. Told by events; nothing is polled.
+class TrayPlaces : public QObject {
     Q_OBJECT
 
 public:
-    explicit TrayHosts(QDBusConnection bus);
-    ~TrayHosts() override;
-
-    [[nodiscard]] bool present() const { return m_onBus || m_onX11 != 0; }
+    [[nodiscard]] virtual bool present() const = 0;
 
 Q_SIGNALS:
     void changed();
+};
 
-private Q_SLOTS:
-    void askBus();
+/// For a desktop that always has one.
+class AlwaysAPlace final : public TrayPlaces {
+    Q_OBJECT
 
-private:
-    void takeAnswer(QDBusPendingCallWatcher* reply);
-    void lookAtX11();
-    void settle(bool onBus, std::uint32_t onX11);
-    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
-
-    QDBusConnection m_bus;
-    bool m_onBus = false;
-    std::uint32_t m_selection = 0; // the atom by which a tray of X11 is known
-    std::uint32_t m_onX11 = 0;     // its window
+public:
+    [[nodiscard]] bool present() const override { return true; }
 };
 
 /// The status item as a tray icon. Qt decides once which kind of tray there is, so the icon is made
@@ -54,7 +39,7 @@ public:
     /// Draws the named image of the image set in that size.
     using DrawIcon = std::function<QIcon(std::string_view image, int points)>;
 
-    TrayStatusItem(QDBusConnection bus, DrawIcon drawIcon);
+    TrayStatusItem(std::unique_ptr<TrayPlaces> places, DrawIcon drawIcon);
     ~TrayStatusItem() override;
 
     void create(std::string_view image, int points) override;
@@ -66,12 +51,12 @@ public:
     [[nodiscard]] QMenu& menu() { return m_menu; }
 
 private:
-    void followHosts();
+    void followPlaces();
 
     DrawIcon m_drawIcon;
     QIcon m_image;
     bool m_created = false;
-    TrayHosts m_hosts;
+    const std::unique_ptr<TrayPlaces> m_places;
     QMenu m_menu;
     std::unique_ptr<QSystemTrayIcon> m_icon;
     std::function<void()> m_changed;

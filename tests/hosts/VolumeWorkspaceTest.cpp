@@ -1,4 +1,4 @@
-#include "hosts/linux/LinuxWorkspace.h"
+#include "hosts/VolumeWorkspace.h"
 
 #include "support/TemporaryFolder.h"
 #include "volume/VolumeFileSystem.h"
@@ -8,7 +8,7 @@
 namespace pryvane {
 namespace {
 
-TEST(LinuxWorkspaceTest, FindsApplicationsAndTheirIdentifiers)
+TEST(VolumeWorkspaceTest, FindsApplicationsAndTheirIdentifiers)
 {
     const test::TemporaryFolder disk;
     const auto listWith = [](std::string_view before) {
@@ -27,7 +27,7 @@ TEST(LinuxWorkspaceTest, FindsApplicationsAndTheirIdentifiers)
     disk.link("Applications/Linked.app/Contents/Info.plist",
               "/Applications/Both.app/Contents/Info.plist");
     const auto volume = std::move(VolumeFileSystem::open(disk.path()).value());
-    LinuxWorkspace workspace(*volume, {"ann"});
+    VolumeWorkspace workspace(*volume, {"ann"}, {});
 
     const auto path = [&workspace](std::string_view name) {
         const auto url = workspace.fullPathForApplication(name);

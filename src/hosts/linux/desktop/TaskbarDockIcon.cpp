@@ -1,6 +1,6 @@
-#include "hosts/qt/widgets/TaskbarDockIcon.h"
+#include "hosts/linux/desktop/TaskbarDockIcon.h"
 
-#include "hosts/qt/widgets/X11.h"
+#include "hosts/linux/desktop/X11.h"
 
 #include <QEvent>
 #include <QGuiApplication>

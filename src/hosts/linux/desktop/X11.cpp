@@ -1,4 +1,4 @@
-#include "hosts/qt/widgets/X11.h"
+#include "hosts/linux/desktop/X11.h"
 
 #include <QGuiApplication>
 

@@ -1,9 +1,7 @@
-#include "hosts/linux/LinuxWorkspace.h"
+#include "hosts/linux/RunningPrograms.h"
 
 #include "core/Files.h"
-#include "formats/PropertyList.h"
 #include "platform/Browsers.h"
-#include "platform/Users.h"
 
 #include <climits>
 
@@ -114,42 +112,6 @@ std::vector<std::string> runningApplicationsOfHost(const std::string& processes)
             names.emplace_back(kBrowsers[i].applicationName);
     }
     return names;
-}
-
-std::optional<FileURL> LinuxWorkspace::fullPathForApplication(std::string_view name)
-{
-    if (name.empty() || name.find('/') != name.npos)
-        return std::nullopt;
-    const std::string bundle = std::string(name) + ".app";
-    const auto inFolder = [&](const std::string& folder) -> std::optional<FileURL> {
-        const std::string path = joinedPath(folder, bundle);
-        if (m_disk.exists(FileURL::fileURLWithPath(path + "/")))
-            return FileURL::fileURLWithPath(path);
-        return std::nullopt;
-    };
-    auto found = inFolder("/Applications");
-    for (auto user = m_users.begin(); user != m_users.end() && !found; ++user)
-        found = inFolder(homePath(*user) + "/Applications");
-    return found;
-}
-
-std::optional<std::string> LinuxWorkspace::bundleIdentifier(const FileURL& bundle)
-{
-    constexpr std::size_t kLimit = std::size_t{64} * 1024;
-    const auto url =
-        FileURL::fileURLWithPath(joinedPath(bundle.absolutePath(), "Contents/Info.plist"));
-    auto content = m_disk.readSmallFile(url, kLimit);
-    if (!content)
-        return std::nullopt;
-    const auto list = PropertyList::read(std::move(content).value());
-    const auto identifier = list ? list->root()["CFBundleIdentifier"].text() : std::nullopt;
-    return identifier ? std::optional<std::string>(*identifier) : std::nullopt;
-}
-
-std::vector<std::string> LinuxWorkspace::runningApplications()
-{
-    // Those of this host have nothing to do with a disk that is mounted on it.
-    return m_isHostRoot ? runningApplicationsOfHost() : std::vector<std::string>();
 }
 
 } // namespace pryvane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+class QIcon;
+
+namespace pryvane {
+
+class DistributedNotifications;
+class DockIcon;
+class FileSystem;
+class FileViewer;
+class FolderPicker;
+class GrantTokens;
+class Host;
+class Log;
+class LoginItem;
+class StatusItem;
+class UserNotifier;
+class VolumeFileSystem;
+
+/// What this system's desktop gives a program with a window. Each system has one of its own; what
+/// it makes must end before it does. Main thread only.
+class DesktopHost {
+public:
+    virtual ~DesktopHost() = default;
+
+    [[nodiscard]] virtual UserNotifier& userNotifier() = 0;
+    [[nodiscard]] virtual DistributedNotifications& messages() = 0;
+    [[nodiscard]] virtual DockIcon& dockIcon() = 0;
+    [[nodiscard]] virtual LoginItem& loginItem() = 0;
+
+    /// The volume must outlive it.
+    [[nodiscard]] virtual std::unique_ptr<FileViewer> fileViewer(VolumeFileSystem& volume) = 0;
+
+    /// Draws the named image of the image set in that size.
+    using DrawIcon = std::function<QIcon(std::string_view image, int points)>;
+    [[nodiscard]] virtual std::unique_ptr<StatusItem> statusItem(DrawIcon drawIcon) = 0;
+
+    /// Picks among the folders of a volume. `volumeFolder` is its host folder, absolute and without
+    /// links on the way; empty for "/".
+    [[nodiscard]] virtual std::unique_ptr<FolderPicker> folderPicker(std::string volumeFolder) = 0;
+
+    /// The volume must outlive them.
+    [[nodiscard]] virtual std::unique_ptr<GrantTokens> grants(FileSystem& volume,
+                                                              std::string volumeFolder) = 0;
+
+    /// Whether programs have their menus in a bar at the top of the screen.
+    [[nodiscard]] virtual bool hasMenuBar() const = 0;
+};
+
+/// This system's own. The host and the log must outlive it. CMake chooses the room that makes it.
+[[nodiscard]] std::unique_ptr<DesktopHost> makeDesktopHost(Host& host,
+                                                           const std::string& dataFolder, Log& log);
+
+} // namespace pryvane
