@@ -101,8 +101,8 @@ void ReportRemoval::start(const SpywareList& records, Then then)
 {
     m_banner.reset();
     const auto from = m_screen.openReport();
-    const auto what =
-        std::make_shared<const RecordSelection>(RecordSelection{eachOnce(records), from->volume});
+    const auto what = std::make_shared<const RecordSelection>(
+        RecordSelection{eachOnce(records), from->volume, othersOf(*from->spyWareList, records)});
     m_session.remove(
         what->records.size(),
         [this, what](const StopFlag& stop, const RemovalResults& told) {
@@ -111,7 +111,7 @@ void ReportRemoval::start(const SpywareList& records, Then then)
         [this, from, records, what, then](const std::vector<RemovalResult>& results) {
             removed(records, what->records, results);
             if (from == m_screen.openReport())
-                tell(then);
+                tell(then, countsOf(*what, results));
             m_screen.ended();
         });
     m_screen.changed();
@@ -132,18 +132,11 @@ void ReportRemoval::removed(const SpywareList& records, const SpywareList& once,
     m_deletedCount = m_deletedSpyware.size();
 }
 
-void ReportRemoval::tell(Then then)
+void ReportRemoval::tell(Then then, const RemovalCounts& counts)
 {
     m_listUnDeleted = m_unDeletedSpyware;
     m_isFileListPresented = !m_listUnDeleted.empty();
     if (then != Then::Confirmation) {
-        RemovalCounts counts{m_deletedSpyware.size(), m_unDeletedSpyware.size()};
-        for (const auto& record : *m_screen.openReport()->spyWareList) {
-            const bool isLeft =
-                record->isAvail() && !record->isDeleted && record->removalFailure.empty();
-            counts.left += isLeft ? 1 : 0;
-            counts.remoteDesktop = counts.remoteDesktop || (isLeft && isRemoteDesktop(*record));
-        }
         m_banner = removalSummary(counts, then == Then::BannerIndented ? FailedText::Indented
                                                                        : FailedText::Plain);
     } else if (m_listUnDeleted.empty()) {

@@ -81,7 +81,7 @@ private:
     void start(const SpywareList& records, Then then);
     void removed(const SpywareList& records, const SpywareList& once,
                  const std::vector<RemovalResult>& results);
-    void tell(Then then);
+    void tell(Then then, const RemovalCounts& counts);
 
     Alerts& m_alerts;
     const Screen m_screen;

@@ -18,7 +18,6 @@
 #include <optional>
 #include <ostream>
 #include <set>
-#include <unordered_set>
 
 namespace pryvane::cli {
 
@@ -39,7 +38,6 @@ struct Choice {
     RecordSelection selection;
     std::vector<std::size_t> numbers;
     std::optional<std::size_t> leftOut = {}; ///< the number of the item that is never removed
-    std::size_t left = 0;                    ///< there still, and not chosen
     std::size_t weak = 0; ///< still there on weak evidence, which must be asked for
 
     [[nodiscard]] bool isAll() const { return !leftOut && weak == 0; }
@@ -120,17 +118,10 @@ Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& ar
             choice.numbers.push_back(number);
         }
     }
+    choice.selection.others = othersOf(*report.spyWareList, choice.selection.records);
     GoingLocations going;
-    std::unordered_set<const Spyware*> chosen;
-    for (const auto& record : choice.selection.records) {
+    for (const auto& record : choice.selection.records)
         going.add(*record);
-        chosen.insert(record.get());
-    }
-    choice.left = static_cast<std::size_t>(
-        std::ranges::count_if(*report.spyWareList, [&](const auto& record) {
-            return record->isAvail() && !chosen.contains(record.get()) &&
-                   !going.holdFolderOf(*record);
-        }));
     choice.weak = static_cast<std::size_t>(std::ranges::count_if(
         weak, [&](const auto& record) { return !going.holdFolderOf(*record); }));
     return choice;
@@ -154,8 +145,10 @@ int interruptedBefore(const Console& console)
     return kInterrupted;
 }
 
-/// Shows what would happen; false when the user stopped it.
-bool showPlan(RecordRemoval& removal, const Choice& choice, bool dryRun, const Console& console)
+/// Shows what would happen, and before the first removal from a disk what to think of; false when
+/// the user stopped it.
+bool showPlan(RecordRemoval& removal, const Choice& choice, const RemoveArguments& arguments,
+              const Console& console)
 {
     RemovalPlan plan;
     withProgress(
@@ -163,9 +156,17 @@ bool showPlan(RecordRemoval& removal, const Choice& choice, bool dryRun, const C
         [&] { plan = removal.plan(choice.selection, console.interrupted); });
     if (plan.stopped)
         return false;
-    console.out << planText(plan, choice.numbers) << (dryRun ? "Would remove: " : "To be removed: ")
-                << planTotalText(plan) << "\n"
+    console.out << planText(plan, choice.numbers)
+                << (arguments.dryRun ? "Would remove: " : "To be removed: ") << planTotalText(plan)
+                << "\n"
                 << std::flush;
+    if (plan.isFirst)
+        console.say("nothing was removed from this disk before. If somebody may be watching this "
+                    "Mac: removing destroys evidence of it, and whoever installed it may notice. "
+                    "Keep a record first (pryvane-cli report pdf " +
+                    forTerminal(arguments.id) + " FILE, report export " +
+                    forTerminal(arguments.id) +
+                    " --format json), and think of your safety before you go on");
     return true;
 }
 
@@ -187,9 +188,8 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
                            });
         });
     console.out << outcomeText(records, results, choice.numbers);
-    if (choice.left > 0)
-        console.out << "Left: " << countedText(choice.left, "finding", "findings")
-                    << " of the report\n";
+    if (const auto left = tallyOf(choice.selection, results).left; left > 0)
+        console.out << "Left: " << countedText(left, "finding", "findings") << " of the report\n";
     const auto isStopped = [](const RemovalResult& result) {
         return result.obstacle == RemovalObstacle::Stopped;
     };
@@ -223,17 +223,11 @@ int removeChosen(Host& host, const Choice& choice, const RemoveArguments& argume
     if (blocked && !arguments.dryRun)
         return kFindings;
     if (!arguments.yes || arguments.dryRun) {
-        if (!showPlan(removal, choice, arguments.dryRun, console))
+        if (!showPlan(removal, choice, arguments, console))
             return interruptedBefore(console);
     }
     if (arguments.dryRun)
         return kDone;
-    if (!arguments.yes && console.errIsTerminal)
-        console.say(
-            "removing destroys evidence, and whoever installed it may notice; keep a record "
-            "first: pryvane-cli report pdf " +
-            forTerminal(arguments.id) + " FILE, report export " + forTerminal(arguments.id) +
-            " --format json");
     const std::string question =
         "Remove " + countedText(choice.numbers.size(), "finding", "findings") + " for good?";
     const bool confirmed = console.confirmed(question, arguments.yes);

@@ -3,6 +3,7 @@
 #include "platform/FileSystem.h"
 #include "platform/FileURL.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -85,6 +86,14 @@ struct RemovalForecast {
 [[nodiscard]] std::string plannedLocation(const FileURL& url, const RemovalForecast& forecast);
 
 enum class RemovalOutcome : std::uint8_t { Removed, AlreadyGone, Failed };
+
+/// What became of a report's findings in one removal.
+struct RemovalTally {
+    std::size_t removed = 0; ///< or gone already
+    std::size_t failed = 0;
+    std::size_t left = 0; ///< there still, and not to be removed
+    friend bool operator==(const RemovalTally&, const RemovalTally&) = default;
+};
 
 /// What became of one item. `Removed` is only said once it would survive a power cut.
 struct RemovalResult {

@@ -28,6 +28,13 @@ public:
 
     /// Puts the outcomes on the device; called after the last of a begin()'s items.
     virtual Result<Done> flush() = 0;
+
+    /// One line for what a removal of findings came to as a whole.
+    virtual Result<Done> conclude(const RemovalTally&) { return Done{}; }
+
+    /// Whether it tells of a removal of findings from this volume. Never of a volume that cannot be
+    /// told from others.
+    [[nodiscard]] virtual bool tellsOfEarlier() { return false; }
 };
 
 /// For executables and tests that keep no account.
@@ -59,6 +66,11 @@ public:
     /// told as Stopped with nothing removed.
     virtual void remove(std::span<const RemovalItem> items, const StopFlag& stop,
                         const RemovalResults& told) = 0;
+
+    /// Puts on record what a removal of findings came to, and whether there was one from this
+    /// volume before. For the same thread.
+    virtual void conclude(const RemovalTally&) {}
+    [[nodiscard]] virtual bool hasRemovedBefore() { return false; }
 };
 
 /// For executables and tests that remove nothing: every item fails.

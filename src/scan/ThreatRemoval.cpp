@@ -104,7 +104,8 @@ void ThreatRemoval::removeSpyware()
 std::shared_ptr<const RecordSelection> ThreatRemoval::selection(const SpywareList& records) const
 {
     return std::make_shared<const RecordSelection>(
-        RecordSelection{removable(records), m_screen.lists.volume});
+        RecordSelection{removable(records), m_screen.lists.volume,
+                        othersOf(m_screen.state.arrSpywareList.records(), removable(records))});
 }
 
 void ThreatRemoval::start(const SpywareList& selected, Then then)
@@ -118,6 +119,7 @@ void ThreatRemoval::start(const SpywareList& selected, Then then)
             m_records.remove(*what, stop, told);
         },
         [this, what, then](const std::vector<RemovalResult>& results) {
+            m_counts = countsOf(*what, results);
             removed(sortOutcomes(what->records, results), then);
         });
     m_screen.changed();
@@ -150,12 +152,7 @@ void ThreatRemoval::report(Then then)
     append(*list, afterRetry ? lists.deletedSpyware : lists.notActionSpyware);
     if (lists.tempReport)
         lists.tempReport->spyWareList = list;
-    RemovalCounts counts{lists.deletedSpyware.size(), lists.unDeletedSpyware.size()};
-    for (const auto& record : lists.notActionSpyware) {
-        counts.left += record->isDeleted ? 0 : 1;
-        counts.remoteDesktop = counts.remoteDesktop || isRemoteDesktop(*record);
-    }
-    m_summary = removalSummary(counts);
+    m_summary = removalSummary(m_counts);
 }
 
 void ThreatRemoval::selectThreats(std::span<const std::size_t> rows, bool on)

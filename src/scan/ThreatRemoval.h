@@ -98,6 +98,7 @@ private:
     const Screen m_screen;
     const RecordRemoval m_records;
     RemovalConsent m_consent;
+    RemovalCounts m_counts;
     std::optional<RemovalSummary> m_summary;
     RemovalPlan m_plan;
     RemovalSession m_session; // last: its thread ends before anything it uses

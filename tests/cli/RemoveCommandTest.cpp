@@ -151,14 +151,18 @@ TEST_F(RemoveCommandTest, AsksAndRemovesOnlyWhatWasChosen)
     const Outcome removed = remove({"--item", "4", "--item", "1"});
     EXPECT_EQ(removed.code, 0) << removed.err;
     EXPECT_THAT(removed.err, HasSubstr("Remove 2 findings for good? [y/N]"));
-    EXPECT_THAT(removed.err, HasSubstr("keep a record first: pryvane-cli report pdf latest FILE"));
+    EXPECT_THAT(removed.err, HasSubstr("Keep a record first (pryvane-cli report pdf latest FILE"));
     EXPECT_THAT(removed.out, HasSubstr("\nLeft: 2 findings of the report\n"));
     EXPECT_THAT(removed.out, ContainsRegex("4  removed +1 +4.1 KB  /tmp/.mdworker\n"));
     EXPECT_THAT(removed.out, ContainsRegex("1  removed +2 +4.1 KB  /Users/alice/Library/.A_o_b_o"));
     EXPECT_THAT(removed.out, HasSubstr("Removed: 2 findings, 3 entries, 8.2 KB in all\n"));
     EXPECT_FALSE(volume.contains(kAobo) || volume.contains(kMdworker));
     EXPECT_TRUE(volume.contains(kRefog) && volume.contains(kMdsa));
-    EXPECT_TRUE(data.contains("Removals.jsonl"));
+    EXPECT_THAT(test::contentOf(data.hostPath("Removals.jsonl")),
+                HasSubstr(R"("removed":2,"failed":0,"left":2})"));
+    input = "n\n";
+    EXPECT_THAT(remove({"--item", "2"}).err, Not(HasSubstr("Keep a record first")))
+        << "it is not the first removal from this disk any more";
     // The report tells what is left.
     const Outcome shown = run({"report", "show", "latest", "--volume", volume.path()});
     EXPECT_THAT(shown.out,

@@ -6,6 +6,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace pryvane::test {
 
@@ -15,6 +16,10 @@ public:
     explicit StubbornRemover(const VolumeFileSystem& disk) : m_remover(disk, m_journal, {}) {}
 
     std::set<std::string> stubborn; ///< absolute paths
+    std::vector<RemovalTally> concluded;
+
+    void conclude(const RemovalTally& tally) override { concluded.push_back(tally); }
+    bool hasRemovedBefore() override { return !concluded.empty(); }
 
     void plan(std::span<const RemovalItem> items, const StopFlag& stop,
               const RemovalForecasts& told) override

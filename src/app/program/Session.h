@@ -45,6 +45,18 @@ public:
         m_remover.remove(items, stop, told);
     }
 
+    void conclude(const RemovalTally& tally) override
+    {
+        const MutexLock lock(m_oneAtATime);
+        m_remover.conclude(tally);
+    }
+
+    bool hasRemovedBefore() override
+    {
+        const MutexLock lock(m_oneAtATime);
+        return m_remover.hasRemovedBefore();
+    }
+
     /// Whatever else must not happen while something is removed.
     template <typename Work>
     void meanwhileNothing(Work work)

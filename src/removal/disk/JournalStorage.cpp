@@ -104,6 +104,7 @@ std::optional<JournalLine> parsedJournalLine(std::string_view line)
     parsed.outcome = textOf(object, "outcome");
     parsed.reason = textOf(object, "reason");
     parsed.remark = textOf(object, "remark");
+    parsed.purpose = textOf(object, "purpose");
     parsed.pathHash = textOf(object, "pathSha256");
     parsed.pathLength = numberOf<std::uint64_t>(object, "pathBytes");
     parsed.bytes = numberOf<std::int64_t>(object, "bytes");

@@ -32,7 +32,7 @@ void forEachLine(int file, const std::function<void(std::string_view line)>& tol
 /// A line of the journal taken apart; none for anything else.
 struct JournalLine {
     bool isOutcome = false;
-    std::string id, volume, url, outcome, reason, remark;
+    std::string id, volume, url, outcome, reason, remark, purpose;
     std::string pathHash;         ///< SHA-256 of the path whose beginning the url is; else empty
     std::uint64_t pathLength = 0; ///< of that path, in bytes
     Date time{};

@@ -89,6 +89,24 @@ std::string textOf(const nlohmann::ordered_json& line)
     return line.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+/// Every line on record, oldest first, of the journals set aside too.
+void forEachJournalLine(const std::string& dataFolder,
+                        const std::function<void(std::string_view line)>& told)
+{
+    const UniqueFd folder(::open(dataFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder)
+        return;
+    auto names = olderJournals(folder.get());
+    names.emplace_back(kJournalName);
+    for (const std::string& name : names) {
+        const UniqueFd file(
+            openat(folder.get(), name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        struct stat data {};
+        if (file && fstat(file.get(), &data) == 0 && S_ISREG(data.st_mode))
+            forEachLine(file.get(), told);
+    }
+}
+
 /// What the disk says of an item whose removal was begun and not ended.
 std::string whatIsLeft(const JournalLine& begun, const EntryCount& now)
 {
@@ -112,7 +130,8 @@ std::string whatIsLeft(const JournalLine& begun, const EntryCount& now)
 
 RemovalJournalFile::RemovalJournalFile(const std::string& dataFolder, FileSystem& disk,
                                        Clock& clock)
-    : m_storage(dataFolder), m_disk(disk), m_clock(clock), m_volume(percentEncoded(disk.identity()))
+    : m_dataFolder(dataFolder), m_storage(dataFolder), m_disk(disk), m_clock(clock),
+      m_volume(percentEncoded(disk.identity()))
 {
 }
 
@@ -218,6 +237,36 @@ Result<Done> RemovalJournalFile::flush()
     return done;
 }
 
+Result<Done> RemovalJournalFile::conclude(const RemovalTally& tally)
+{
+    const nlohmann::ordered_json line{{"event", "summary"},     {"time", iso8601(m_clock.now())},
+                                      {"volume", m_volume},     {"removed", tally.removed},
+                                      {"failed", tally.failed}, {"left", tally.left}};
+    auto done = hold();
+    if (done)
+        done = m_storage.append(textOf(line));
+    if (done)
+        done = m_storage.sync();
+    m_storage.release();
+    return done;
+}
+
+bool RemovalJournalFile::tellsOfEarlier()
+{
+    bool told = false;
+    const auto look = [&](std::string_view text) {
+        if (told || text.find(m_volume) == std::string_view::npos)
+            return;
+        const auto line = parsedJournalLine(text);
+        // What has a purpose was private data that was cleared.
+        told = line && line->isOutcome && line->volume == m_volume && line->purpose.empty() &&
+               line->outcome != outcomeText(RemovalOutcome::Failed);
+    };
+    if (!m_volume.empty())
+        forEachJournalLine(m_dataFolder, look);
+    return told;
+}
+
 std::string RemovalJournalFile::interruption(const JournalLine& begun) const
 {
     const PathOnRecord path(begun);
@@ -275,28 +324,15 @@ std::string removalJournalPath(const std::string& dataFolder)
 void readRemovalJournal(const std::string& dataFolder,
                         const std::function<void(const RemovalRecord&)>& told)
 {
-    const UniqueFd folder(::open(dataFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder)
-        return;
-    auto names = olderJournals(folder.get());
-    names.emplace_back(kJournalName);
-    for (const std::string& name : names) {
-        const UniqueFd file(
-            openat(folder.get(), name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-        struct stat data {};
-        if (!file || fstat(file.get(), &data) != 0 || !S_ISREG(data.st_mode))
-            continue;
-        forEachLine(file.get(), [&](std::string_view text) {
-            const auto line = parsedJournalLine(text);
-            if (!line)
-                return;
-            const auto url = FileURL::fromUrlText(line->url);
-            told({url, line->pathHash.empty() ? std::string(url.identity()) : line->pathHash,
-                  percentDecoded(line->volume), line->time,
-                  line->isOutcome ? line->outcome : "begun", line->reason, line->remark,
-                  line->bytes, line->entries});
-        });
-    }
+    forEachJournalLine(dataFolder, [&](std::string_view text) {
+        const auto line = parsedJournalLine(text);
+        if (!line)
+            return;
+        const auto url = FileURL::fromUrlText(line->url);
+        told({url, line->pathHash.empty() ? std::string(url.identity()) : line->pathHash,
+              percentDecoded(line->volume), line->time, line->isOutcome ? line->outcome : "begun",
+              line->reason, line->remark, line->bytes, line->entries});
+    });
 }
 
 } // namespace pryvane

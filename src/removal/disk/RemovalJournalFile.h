@@ -17,7 +17,8 @@ class FileSystem;
 struct JournalLine;
 
 /// The journal as a file of JSON lines, "Removals.jsonl" in the data folder: for each item one line
-/// with the intention, on the device before anything is removed, and one with the outcome. Where a
+/// with the intention, on the device before anything is removed, and one with the outcome; at the
+/// end of a removal of findings one with how many were removed, failed and were left. Where a
 /// crash left an intention without its outcome, one is added from what the disk then says.
 class RemovalJournalFile final : public RemovalJournal {
 public:
@@ -36,6 +37,8 @@ public:
     [[nodiscard]] Result<Done> begin(std::span<const RemovalItem> items) override;
     void ended(std::size_t item, const RemovalResult& result) override;
     Result<Done> flush() override;
+    Result<Done> conclude(const RemovalTally& tally) override;
+    [[nodiscard]] bool tellsOfEarlier() override;
 
 private:
     struct Begun {
@@ -51,6 +54,7 @@ private:
     [[nodiscard]] std::string outcome(const Begun& item, const RemovalResult& result) const;
     [[nodiscard]] std::string interruption(const JournalLine& begun) const;
 
+    const std::string m_dataFolder;
     JournalStorage m_storage;
     FileSystem& m_disk;
     Clock& m_clock;

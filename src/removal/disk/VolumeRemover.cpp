@@ -63,6 +63,11 @@ void VolumeRemover::remove(std::span<const RemovalItem> items, const StopFlag& s
                    run, told);
 }
 
+void VolumeRemover::conclude(const RemovalTally& tally)
+{
+    static_cast<void>(m_journal.conclude(tally)); // each outcome is on record by itself
+}
+
 void VolumeRemover::removeSome(std::span<const RemovalItem> items, std::size_t first,
                                const Run& run, const RemovalResults& told)
 {

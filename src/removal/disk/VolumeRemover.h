@@ -25,6 +25,8 @@ public:
               const RemovalForecasts& told) override;
     void remove(std::span<const RemovalItem> items, const StopFlag& stop,
                 const RemovalResults& told) override;
+    void conclude(const RemovalTally& tally) override;
+    [[nodiscard]] bool hasRemovedBefore() override { return m_journal.tellsOfEarlier(); }
 
 private:
     /// What is made once for all items of a call.

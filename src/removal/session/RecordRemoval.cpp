@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
+#include <unordered_set>
 
 namespace pryvane {
 
@@ -69,6 +71,7 @@ RemovalPlan RecordRemoval::plan(const RecordSelection& selection, const StopFlag
                 forecast.kind = FileKind::Unknown;
             plan.rows.push_back({record, rules.flaggedBy(*record), forecast});
         });
+    plan.isFirst = !m_remover.hasRemovedBefore();
     plan.stopped = plan.rows.size() < selection.records.size();
     return plan;
 }
@@ -77,10 +80,52 @@ void RecordRemoval::remove(const RecordSelection& selection, const StopFlag& sto
                            const RemovalResults& told) const
 {
     const StopFlag never; // what is not begun is told too
+    std::vector<RemovalResult> results(selection.records.size());
     each<RemovalResult>(
         selection, never,
         [&](const auto& items, const auto& removed) { m_remover.remove(items, stop, removed); },
-        told);
+        [&](std::size_t item, const RemovalResult& result) {
+            results[item] = result;
+            told(item, result);
+        });
+    m_remover.conclude(tallyOf(selection, results));
+}
+
+SpywareList othersOf(const SpywareList& all, const SpywareList& going)
+{
+    std::unordered_set<std::string_view> locations;
+    for (const auto& record : going)
+        locations.insert(record->url.identity());
+    SpywareList others;
+    std::ranges::copy_if(all, std::back_inserter(others), [&](const auto& record) {
+        return record->isAvail() && !record->isDeleted &&
+               !locations.contains(record->url.identity());
+    });
+    return others;
+}
+
+RemovalTally tallyOf(const RecordSelection& selection, std::span<const RemovalResult> results)
+{
+    RemovalTally tally;
+    GoingLocations gone;
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        if (results[i].outcome == RemovalOutcome::Failed) {
+            ++tally.failed;
+        } else {
+            ++tally.removed;
+            gone.add(*selection.records[i]);
+        }
+    }
+    tally.left = static_cast<std::size_t>(std::ranges::count_if(
+        selection.others, [&](const auto& record) { return !gone.holdFolderOf(*record); }));
+    return tally;
+}
+
+RemovalCounts countsOf(const RecordSelection& selection, std::span<const RemovalResult> results)
+{
+    return {tallyOf(selection, results),
+            std::ranges::any_of(selection.others,
+                                [](const auto& record) { return isRemoteDesktop(*record); })};
 }
 
 SpywareList removable(const SpywareList& records)

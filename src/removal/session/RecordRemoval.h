@@ -2,6 +2,7 @@
 
 #include "platform/Remover.h"
 #include "removal/session/RemovalPlan.h"
+#include "removal/session/RemovalSummary.h"
 
 #include <span>
 #include <string>
@@ -12,8 +13,20 @@ namespace pryvane {
 /// Findings to remove, and where they were found.
 struct RecordSelection {
     SpywareList records;
-    std::string volume; ///< identity of the volume of their report, as FileSystem gives it
+    std::string volume;      ///< identity of the volume of their report, as FileSystem gives it
+    SpywareList others = {}; ///< of the same report, which are there and stay
 };
+
+/// The records of a report that are there and not among those that go.
+[[nodiscard]] SpywareList othersOf(const SpywareList& all, const SpywareList& going);
+
+/// What the removal of a selection came to. What lay in something that went is not left.
+[[nodiscard]] RemovalTally tallyOf(const RecordSelection& selection,
+                                   std::span<const RemovalResult> results);
+
+/// The same for a summary.
+[[nodiscard]] RemovalCounts countsOf(const RecordSelection& selection,
+                                     std::span<const RemovalResult> results);
 
 /// Plans and removes findings: one way for the scan screen, the report browser and the command
 /// line. On another volume than the findings' own nothing is removed; where a disk has no identity,
@@ -26,7 +39,8 @@ public:
     /// Looks, and changes nothing.
     [[nodiscard]] RemovalPlan plan(const RecordSelection& selection, const StopFlag& stop) const;
 
-    /// Removes the records in order; `told` is called for each with its place in the list.
+    /// Removes the records in order; `told` is called for each with its place in the list. What it
+    /// came to is on record afterwards.
     void remove(const RecordSelection& selection, const StopFlag& stop,
                 const RemovalResults& told) const;
 

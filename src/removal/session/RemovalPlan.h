@@ -45,6 +45,7 @@ struct RemovalPlan {
     };
     std::vector<PlannedRecord> rows; ///< after a stop only those that were reached
     bool stopped = false;
+    bool isFirst = true; ///< no removal from this disk is on record
 
     /// Of all rows.
     [[nodiscard]] Totals totals() const;

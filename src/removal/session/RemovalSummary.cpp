@@ -6,8 +6,9 @@ namespace pryvane {
 
 std::string RemovalCounts::text() const
 {
-    std::string text = countedText(removed, "finding", "findings") + " removed, " +
-                       std::to_string(failed) + " failed, " + std::to_string(left) + " left";
+    std::string text = countedText(tally.removed, "finding", "findings") + " removed, " +
+                       std::to_string(tally.failed) + " failed, " + std::to_string(tally.left) +
+                       " left";
     if (remoteDesktop)
         text += "; Apple Remote Desktop stays: it is switched off in the Mac's settings";
     return text + ".";
@@ -15,7 +16,7 @@ std::string RemovalCounts::text() const
 
 RemovalSummary removalSummary(const RemovalCounts& counts, FailedText form)
 {
-    const std::size_t failed = counts.failed;
+    const std::size_t failed = counts.tally.failed;
     if (failed == 0)
         return {"", "no_threats_bg", "All threats are Removed", "icn_white_check", counts.text()};
     return {(form == FailedText::Indented ? "  " : "") + std::to_string(failed) + " Failed",

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstddef>
+#include "platform/Removal.h"
+
 #include <cstdint>
 #include <string>
 
@@ -23,11 +24,9 @@ struct RemovalSummary {
 
 inline constexpr int kRemovalResultPoints = 12;
 
-/// Of the findings of a list, what a removal has made of them.
+/// What a removal has made of a list's findings, in one line.
 struct RemovalCounts {
-    std::size_t removed = 0;
-    std::size_t failed = 0;
-    std::size_t left = 0;       ///< there still, and not to be removed
+    RemovalTally tally;
     bool remoteDesktop = false; ///< among those left
 
     [[nodiscard]] std::string text() const;

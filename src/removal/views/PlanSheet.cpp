@@ -52,6 +52,7 @@ PlanSheet::PlanSheet(QWidget* over, PlanSource::Ticked ticked)
     m_table->setObjectName(QStringLiteral("plan"));
     m_leaveWeakOut->setObjectName(QStringLiteral("leaveWeakOut"));
     m_remove->setObjectName(QStringLiteral("removeForGood"));
+    m_safety->setObjectName(QStringLiteral("safetyNote"));
     m_keepRecord->setObjectName(QStringLiteral("keepRecord"));
     m_keepRecord->setToolTip(tr("Writes the report as a PDF and as JSON"));
     m_cancel->setObjectName(QStringLiteral("cancelPlan"));
@@ -104,6 +105,8 @@ void PlanSheet::layOut()
     setWidth(880);
     m_remove->setEnabled(false);
     m_leaveWeakOut->hide();
+    m_safety->hide();
+    m_keepRecord->hide();
 }
 
 void PlanSheet::present()
@@ -116,6 +119,8 @@ void PlanSheet::setPlan(const RemovalPlan& plan)
     m_source.setPlan(plan);
     m_model.reset();
     m_pages->setCurrentIndex(1);
+    m_safety->setVisible(plan.isFirst);
+    m_keepRecord->setVisible(plan.isFirst);
     showTotals();
 }
 

@@ -15,7 +15,8 @@ class RowTable;
 }
 
 /// The plan before a removal: what would go, grouped, what rests on weak evidence apart and quick
-/// to leave out. Nothing happens without the button that is not the default one.
+/// to leave out; before the first one from a disk, what to think of. Nothing happens without the
+/// button that is not the default one.
 class PlanSheet final : public ui::Sheet {
     Q_OBJECT
 

@@ -6,6 +6,9 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <filesystem>
+#include <map>
+
 namespace pryvane::test {
 namespace {
 
@@ -144,7 +147,22 @@ TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
     EXPECT_FALSE((*browser->report()->spyWareList)[0]->isChecked);
     click("quarantineBtn");
     ASSERT_TRUE(runUntil([&] { return isShown("plan"); }));
-    EXPECT_TRUE(runUntil([&] { return isShown("keepRecord"); }));
+    ASSERT_TRUE(runUntil([&] { return isShown("keepRecord"); }));
+    EXPECT_TRUE(isShown("safetyNote"));
+    whenAsked<QFileDialog>([&](QFileDialog* dialog) {
+        dialog->findChild<QLineEdit*>("fileNameEdit")
+            ->setText(QString::fromStdString(exports.path()));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    click("keepRecord");
+    ASSERT_TRUE(runUntil([&] { return textOf("safetyNote").starts_with("The record is in "); }))
+        << textOf("safetyNote");
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(exports.path()))
+        files[entry.path().extension()] = contentOf(entry.path());
+    ASSERT_EQ(files.size(), 2U);
+    EXPECT_THAT(files[".pdf"], AllOf(StartsWith("%PDF-"), HasSubstr("%%EOF")));
+    EXPECT_THAT(files[".json"], HasSubstr("file:///tmp/new"));
     EXPECT_FALSE(find("removeForGood")->isEnabled()) << "no rule fits, so nothing starts ticked";
     press("plan", 1, Qt::Key_Space); // behind the group's heading
     press("plan", 2, Qt::Key_Space);
@@ -163,6 +181,11 @@ TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
     EXPECT_THAT(rowText("findings", 1), HasSubstr("removed"));
     EXPECT_THAT(rowText("findings", 2), HasSubstr("not removed"));
     EXPECT_EQ(stored()[0]->spyWareCount, 3U) << "the stored report is as it was";
+    EXPECT_THAT(remover.concluded, testing::ElementsAre(RemovalTally{1, 1, 1}));
+
+    click("quarantineBtn");
+    ASSERT_TRUE(runUntil([&] { return isShown("plan"); }));
+    EXPECT_FALSE(isShown("keepRecord")) << "it is not the first removal any more";
 }
 
 TEST_F(ReportBrowserViewTest, AReportOfAnotherVolumeOffersNoRemoval)

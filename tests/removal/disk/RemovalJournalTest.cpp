@@ -89,6 +89,39 @@ TEST_F(RemovalJournalTest, KeepsEachOutcomeWithTheBytesOfItsName)
     EXPECT_EQ(data.st_mode & 0777U, 0600U);
 }
 
+TEST_F(RemovalJournalTest, KnowsTheDisksFromWhichFindingsWereRemoved)
+{
+    const TemporaryFolder other;
+    const auto otherDisk = volumeAt(other, NameMatching::AsOnMac);
+    RemovalJournalFile elsewhere(scene.data.path(), *otherDisk, scene.clock);
+    const auto journal = opened();
+    EXPECT_FALSE(journal->tellsOfEarlier());
+    const auto ended = [&](RemovalOutcome outcome, const std::string& purpose) {
+        RemovalItem item = scene.items().front();
+        item.purpose = purpose;
+        EXPECT_TRUE(journal->begin(std::span(&item, 1)));
+        journal->ended(0, resultOf(outcome));
+        EXPECT_TRUE(journal->flush());
+        return journal->tellsOfEarlier();
+    };
+    EXPECT_FALSE(ended(RemovalOutcome::Removed, "Safari Cookies")) << "no finding";
+    EXPECT_FALSE(ended(RemovalOutcome::Failed, ""));
+    EXPECT_TRUE(ended(RemovalOutcome::Removed, ""));
+    EXPECT_FALSE(elsewhere.tellsOfEarlier()) << "of another disk";
+
+    const std::size_t before = scene.records().size();
+    ASSERT_TRUE(journal->conclude({2, 1, 40}));
+    EXPECT_EQ(scene.records().size(), before) << "it is about none by itself";
+    const std::string content = contentOf(scene.journal());
+    const auto line =
+        nlohmann::json::parse(content.substr(content.rfind('\n', content.size() - 2)));
+    EXPECT_EQ(line.at("event"), "summary");
+    EXPECT_EQ(line.at("volume"), scene.disk->identity());
+    EXPECT_EQ(line.at("removed"), 2);
+    EXPECT_EQ(line.at("failed"), 1);
+    EXPECT_EQ(line.at("left"), 40);
+}
+
 TEST_F(RemovalJournalTest, TellsFromTheDiskWhatBecameOfAnInterruptedRemoval)
 {
     std::vector<RemovalItem> items = scene.items();

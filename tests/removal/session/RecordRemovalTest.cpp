@@ -171,6 +171,28 @@ TEST(RecordRemoval, RemoteDesktopStaysWhoeverAsks)
     EXPECT_EQ(removable(selection.records), sorted.removed);
 }
 
+TEST(RecordRemoval, CountsWhatWasRemovedFailedAndIsLeft)
+{
+    const auto recordOf = [](const char* path, bool isThere = true) {
+        auto record =
+            Spyware::SpyWareSeen("x", "Revir", 0, FileURL::fileURLWithPath(path), kHighRisk);
+        record->setPresence(isThere ? Presence::Present : Presence::Absent);
+        return record;
+    };
+    const SpywareList all{recordOf("/a"),       recordOf("/a/in"), recordOf("/b"),
+                          recordOf("/b/in"),    recordOf("/c"),    recordOf("/gone", false),
+                          recordOf("/relative")};
+    RecordSelection selection{{all[0], all[2]}, "", {}};
+    selection.others = othersOf(all, selection.records);
+    EXPECT_EQ(selection.others, (SpywareList{all[1], all[3], all[4], all[6]}));
+    std::vector<RemovalResult> results(2);
+    results[0].outcome = RemovalOutcome::Removed;
+    // What lay in the one that went is not left; what lies in the one that failed is.
+    EXPECT_EQ(tallyOf(selection, results), (RemovalTally{1, 1, 3}));
+    results[1].outcome = RemovalOutcome::AlreadyGone;
+    EXPECT_EQ(tallyOf(selection, results), (RemovalTally{2, 0, 2}));
+}
+
 RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findings)
 {
     RemovalPlan plan;
