@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/DashBoardViewController.h"
+#include "findings/Homes.h"
 #include "platform/Clock.h"
 #include "platform/Messages.h"
 #include "platform/UserDefaults.h"
@@ -93,7 +94,8 @@ void DashBoardViewController::showDeepBoxAndTitle()
 std::string DashBoardViewController::lastScanText() const
 {
     const Date now = m_services.clock.now();
-    return sinceText(m_lastScans.date.value_or(now), now);
+    return m_lastScans.date ? sinceText(*m_lastScans.date, now)
+                            : relativeDateStringForDate(now, now); // "Not scan yet"
 }
 
 std::string DashBoardViewController::scanExplanation() const
@@ -117,8 +119,11 @@ void DashBoardViewController::loadLastScans()
         return;
     m_isLoadingLastScans = true;
     m_loader.start(
-        [this,
-         whose = ScansOf{m_services.disk.identity(), m_facts.user, m_delegate.state().reportId}] {
+        [this, madeHere = m_delegate.state().reportId] {
+            FileSystem& disk = m_services.disk;
+            const UserChoice users =
+                m_facts.user.empty() ? UserChoice::everyone() : UserChoice(m_facts.user);
+            const ScansOf whose{disk.identity(), settledHomes(disk, users).users, madeHere};
             DefaultMethods store(m_services.defaults, m_services.disk, m_services.clock,
                                  m_services.log);
             const auto reports = store.listReports();

@@ -8,7 +8,7 @@ LastScans lastScansOf(const std::vector<ReportFacts>& reports, const ScansOf& wh
 {
     LastScans last;
     for (const auto& report : reports) {
-        const bool isOfThese = isAbout(report.volume, report.subject, whose.volume, whose.user) ||
+        const bool isOfThese = isAbout(report.volume, report.subject, whose.volume, whose.users) ||
                                (!whose.madeHere.empty() && report.reportId == whose.madeHere);
         if (!isOfThese)
             continue;

@@ -9,7 +9,7 @@
 
 namespace pryvane {
 
-/// What the dashboard tells of the scans so far of one disk and user.
+/// What the dashboard tells of the scans so far of one disk and its users.
 struct LastScans {
     std::optional<Date> date; ///< of the newest report; none: there is no report
     Verdict verdict = Verdict::Incomplete;
@@ -20,8 +20,8 @@ struct LastScans {
 
 /// Whose scans are told of.
 struct ScansOf {
-    std::string volume; ///< identity of the disk that is looked at; empty: it has none
-    std::string user;
+    std::string volume;             ///< identity of the disk that is looked at; empty: it has none
+    std::vector<std::string> users; ///< a report must have looked at each of them
     /// A report that was made of that disk since it was opened, so that it needs no identity.
     std::string madeHere;
 };

@@ -22,6 +22,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,10 +74,11 @@ struct VolumeArguments {
 
     [[nodiscard]] bool isFolder() const { return listing.empty() && image.empty(); }
 
-    /// The identity of the disk that was named; empty where the usual one is looked at.
-    [[nodiscard]] std::string named(const FileSystem& disk) const
+    /// The identity of the disk that was named, which may be empty; none where the usual one is
+    /// looked at.
+    [[nodiscard]] std::optional<std::string> named(const FileSystem& disk) const
     {
-        return volume == "/" ? std::string() : disk.identity();
+        return volume == "/" && isFolder() ? std::nullopt : std::optional(disk.identity());
     }
 };
 

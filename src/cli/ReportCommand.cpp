@@ -69,7 +69,14 @@ int listReports(const ReportArguments& arguments, const Console& console)
         if (!list)
             return console.fail(list.error().message);
         const Date now = host.clock().now();
+        const auto of = arguments.volume.named(host.disk());
+        const bool canBeTold = of && !of->empty();
+        std::size_t others = 0;
         for (const ReportFacts& report : *list) {
+            if (canBeTold && !isSameVolume(report.volume, *of)) {
+                ++others;
+                continue;
+            }
             table.addRow({forTerminal(report.reportId), localDateText(report.scanDate),
                           forTerminal(report.reportType), stateOf(report),
                           forTerminal(macName(report.subject)),
@@ -81,6 +88,11 @@ int listReports(const ReportArguments& arguments, const Console& console)
             return int{kFailed}; // the list could not be read, and that has been said
         if (list->empty())
             console.say("no reports yet; pryvane-cli scan makes one");
+        if (others > 0)
+            console.say(countedText(others, "report", "reports") +
+                        " of other disks left out; without --volume all are listed");
+        if (of && !canBeTold && !list->empty())
+            console.say("this disk cannot be told from others, so all reports are listed");
         return int{kDone};
     });
 }
@@ -233,7 +245,7 @@ void printChanges(const Console& console, const char* sign, const SpywareList& l
 int compareReports(const ReportArguments& arguments, const Console& console)
 {
     return withStore(console, arguments, StoreUse::Read, [&](Host& host, DefaultMethods& store) {
-        const std::string of = arguments.volume.named(host.disk());
+        const auto of = arguments.volume.named(host.disk());
         const auto older = findReport(store, arguments.id, of);
         const auto newer = findReport(store, arguments.otherId, of);
         if (!older)
@@ -280,7 +292,8 @@ void addReportCommand(CommandLine& line, CLI::App& app)
     parent->require_subcommand(1);
     const auto arguments = std::make_shared<ReportArguments>();
 
-    addOne(line, *parent, "list", "All reports, newest first, each behind its identity",
+    addOne(line, *parent, "list",
+           "Reports, newest first, each behind its identity; of one disk where it is named",
            listReports, arguments);
     addId(*addOne(line, *parent, "show", "One report, with what is still there", showReport,
                   arguments),

@@ -135,13 +135,17 @@ namespace {
 
 /// The identity of the report that was named.
 Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string_view id,
-                               std::string_view of)
+                               const std::optional<std::string>& of)
 {
     if (list.empty())
         return Error{"there are no reports yet; pryvane-cli scan makes one"};
     if (id == "latest") {
+        if (of && of->empty())
+            return Error{"this disk cannot be told from others, so it is not known which report is "
+                         "its latest; name one by its identity, as pryvane-cli report list shows "
+                         "it"};
         for (const ReportFacts& report : list) {
-            if (of.empty() || isSameVolume(report.volume, of))
+            if (!of || isSameVolume(report.volume, *of))
                 return report.reportId;
         }
         return Error{"there are no reports of this disk yet; pryvane-cli report list shows those "
@@ -170,7 +174,7 @@ Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string
 } // namespace
 
 Result<std::shared_ptr<SpywareScanReport>> findReport(DefaultMethods& store, std::string_view id,
-                                                      std::string_view of)
+                                                      const std::optional<std::string>& of)
 {
     const auto list = store.listReports();
     if (!list)

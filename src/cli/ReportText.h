@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -40,8 +41,9 @@ using RemovalRecords = std::map<std::size_t, RemovalRecord>;
 [[nodiscard]] std::string verdictText(const SpywareScanReport& report, const Console& console);
 
 /// The report that a person named: "latest", an identity, or the beginning of exactly one. "latest"
-/// is the newest of the volume `of`, where that has an identity and is not the usual one.
+/// is the newest of the volume of that identity, and of all where none is given; of one that cannot
+/// be told from others there is none.
 [[nodiscard]] Result<std::shared_ptr<SpywareScanReport>>
-findReport(DefaultMethods& store, std::string_view id, std::string_view of);
+findReport(DefaultMethods& store, std::string_view id, const std::optional<std::string>& of);
 
 } // namespace pryvane::cli

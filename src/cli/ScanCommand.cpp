@@ -71,28 +71,10 @@ public:
         m_host.mainQueue().run(obeyInterrupt);
         m_bar.clear();
         // A stop that came when all was done has stopped nothing.
-        m_wasStopped = stopAsked && m_controller.coverage().ended.how == ScanEnding::How::Stopped;
-        return !m_wasStopped;
+        return !stopAsked || m_controller.coverage().ended.how != ScanEnding::How::Stopped;
     }
 
     [[nodiscard]] const ScanViewController& controller() const { return m_controller; }
-
-    /// The report that was made; or, as the flat kind of deep scan and a quick scan that was
-    /// stopped make none, one for showing.
-    [[nodiscard]] std::shared_ptr<const SpywareScanReport> report() const
-    {
-        if (m_controller.report())
-            return m_controller.report();
-        const Date now = m_host.clock().now();
-        auto shown = SpywareScanReport::ScanReportWithSpywareList(
-            m_host.state().arrSpywareList.shared(), now,
-            m_wasStopped ? "Stopped" : stringFromTimeInterval(m_controller.coverage().seconds),
-            m_host.state().isDeepScan ? "Deep Scan" : "Quick Scan", now);
-        shown->coverage = m_controller.coverage();
-        shown->subject = m_controller.subject();
-        shown->volume = m_host.disk().identity();
-        return shown;
-    }
 
 private:
     [[nodiscard]] static ScanOptions options(const Host& host, const ScanArguments& arguments)
@@ -110,7 +92,6 @@ private:
     NoRemover m_remover;
     ScanViewController m_controller;
     ProgressBar m_bar;
-    bool m_wasStopped = false;
     NotificationCenter::Observation m_stopObservation;
     Signal::Listening m_ended, m_changed;
 };
@@ -173,7 +154,7 @@ int runScan(const ScanArguments& arguments, const Console& console)
     const bool lost = !scan.controller().storeError().empty();
     const bool kept = madeReport && !arguments.noStore && !lost;
     // However a scan ends, what it found by then is told, and in the same form.
-    const auto report = scan.report();
+    const auto report = scan.controller().reportForShowing();
     if (arguments.format == "json")
         console.out << reportAsJson(*report);
     else

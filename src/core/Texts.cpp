@@ -127,7 +127,7 @@ std::string relativeDateStringForDate(Date date, Date now)
 
 std::string sinceText(Date date, Date now)
 {
-    const bool isNow = date < now && now - date < std::chrono::minutes(1);
+    const bool isNow = date <= now && now - date < std::chrono::minutes(1);
     return isNow ? "just now" : relativeDateStringForDate(date, now);
 }
 

@@ -128,12 +128,12 @@ DiskSource::Kind sourceOfWord(std::string_view word)
 }
 
 bool isAbout(std::string_view volume, const Subject& of, std::string_view here,
-             std::string_view user)
+             std::span<const std::string> users)
 {
-    // Of everyone no report tells that looked at one user alone.
-    const bool isTheirs =
-        user.empty() ? of.users.size() > 1 : std::ranges::find(of.users, user) != of.users.end();
-    return isSameVolume(volume, here) && isTheirs;
+    return of.isKnown() && isSameVolume(volume, here) &&
+           std::ranges::all_of(users, [&](const std::string& user) {
+               return std::ranges::find(of.users, user) != of.users.end();
+           });
 }
 
 } // namespace pryvane

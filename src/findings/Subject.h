@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -44,10 +45,9 @@ inline constexpr const char* kNotKnown = "not known";
 [[nodiscard]] const char* sourceWord(DiskSource::Kind kind);
 [[nodiscard]] DiskSource::Kind sourceOfWord(std::string_view word);
 
-/// Whether a report about `of` and its volume tells anything of this user's things on the volume
-/// `here`. A volume without an identity is like no other, and a report without users is of nobody.
-/// An empty user is everyone.
+/// Whether a report about `of` and its volume tells of the things of each of these users on the
+/// volume `here`. A volume without an identity is like no other.
 [[nodiscard]] bool isAbout(std::string_view volume, const Subject& of, std::string_view here,
-                           std::string_view user);
+                           std::span<const std::string> users);
 
 } // namespace pryvane

@@ -55,6 +55,24 @@ std::string heldBackText(const std::vector<std::string>& paths)
     return text;
 }
 
+/// What nobody asked for, or what the disk does not hold of its Mac; empty where there is none.
+std::string notLookedAtText(const ScanCoverage& coverage)
+{
+    std::string text;
+    // A missing home is told with the homes there are.
+    const bool isSaid = !coverage.missingHome.empty() && coverage.homes == coverage.homesLeftOut;
+    for (const std::string& home : coverage.homesLeftOut) {
+        if (!isSaid)
+            text += (text.empty() ? "" : ", ") + forScreen(home);
+    }
+    if (coverage.systemVolumeLeftOut > 0)
+        text += (text.empty() ? "the system volume (" : ", the system volume (") +
+                countedText(static_cast<std::uint64_t>(coverage.systemVolumeLeftOut), "signature",
+                            "signatures") +
+                ")";
+    return text;
+}
+
 /// What the verdict is, up to its full stop; the gaps that it mentions itself are taken out.
 std::string statementOf(Verdict verdict, std::size_t findings, const ScanCoverage& coverage,
                         const Subject& subject, std::string& gaps)
@@ -117,14 +135,8 @@ std::string verdictLine(std::size_t findings, const ScanCoverage& coverage, cons
     line += ".";
     if (verdict == Verdict::Found && !coverage.heldBack.empty())
         line += " Besides, " + heldBackText(coverage.heldBack) + ".";
-    // A missing home is told with the homes there are.
-    const bool isSaid = !coverage.missingHome.empty() && coverage.homes == coverage.homesLeftOut;
-    if (coverage.homesLeftOut.empty() || isSaid)
-        return line;
-    line += " Not looked at: ";
-    for (std::size_t i = 0; i < coverage.homesLeftOut.size(); ++i)
-        line += (i ? ", " : "") + forScreen(coverage.homesLeftOut[i]);
-    return line + ".";
+    const std::string notLookedAt = notLookedAtText(coverage);
+    return notLookedAt.empty() ? line : line + " Not looked at: " + notLookedAt + ".";
 }
 
 } // namespace pryvane

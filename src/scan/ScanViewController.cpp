@@ -84,6 +84,7 @@ void ScanViewController::SpywareScanStart()
     showStart();
     m_stoppedAt = ScanEnding::kNotKnown;
     m_ended.reset();
+    m_hasReport = false;
     m_state.isScanStop.clear(); // first, so that even a stop that the start provokes counts
     logFailure(m_services.log, m_services.defaults.set(preferences::kScan, true));
     m_services.notifications.post(NotificationName::ScanStatusChange, true);
@@ -145,7 +146,11 @@ Homes ScanViewController::settle()
 {
     Homes homes = settledHomes(m_services.disk, m_options.whose);
     m_inbox.setUsers(homes.users);
-    m_later.post([this, users = homes.users] { m_request.users = users; });
+    // Even a scan that is stopped at once tells whose disk it was about.
+    m_later.post([this, subject = readSubject(m_services.disk, homes.users)] {
+        m_request.users = subject.users;
+        m_subject = subject;
+    });
     return homes;
 }
 
@@ -167,14 +172,11 @@ void ScanViewController::startChecks(std::optional<Homes> settled)
             CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
             const auto outcome = sequence.scan4SpywareStart();
             homes.note(coverage);
-            auto subject = readSubject(m_services.disk, homes.users);
             const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
                                                                             : Ending::WithoutReport;
-            m_inbox.whenEmpty(
-                [this, ending, coverage = std::move(coverage), subject = std::move(subject)] {
-                    m_subject = subject;
-                    partEnded(Part::Checks, ending, coverage);
-                });
+            m_inbox.whenEmpty([this, ending, coverage = std::move(coverage)] {
+                partEnded(Part::Checks, ending, coverage);
+            });
         },
         [this](const char* why) { partGivenUp(Part::Checks, why); });
 }
@@ -284,11 +286,8 @@ void ScanViewController::doneScan()
     m_state.lastScan = now;
     makeAccessibleUIChanges();
 
-    m_report = SpywareScanReport::ScanReportWithSpywareList(
-        m_state.arrSpywareList.shared(), now, durationText(now), m_request.reportType(), now);
-    m_report->volume = m_services.disk.identity();
-    m_report->subject = m_subject;
-    m_report->coverage = m_coverage;
+    m_report = makeReport(durationText(now), now);
+    m_hasReport = true;
     m_lists.tempReport = m_report;
     m_state.reportId = m_report->reportId;
 
@@ -310,6 +309,27 @@ void ScanViewController::doneScan()
         [this](const char* why) {
             m_later.post([this, why] { reportStored(why, factsOf(*m_report->spyWareList)); });
         });
+}
+
+std::shared_ptr<SpywareScanReport> ScanViewController::makeReport(std::string_view duration,
+                                                                  Date now) const
+{
+    auto report = SpywareScanReport::ScanReportWithSpywareList(
+        m_state.arrSpywareList.shared(), now, duration, m_request.reportType(), now);
+    report->volume = m_services.disk.identity();
+    report->subject = m_subject;
+    report->coverage = m_coverage;
+    return report;
+}
+
+std::shared_ptr<SpywareScanReport> ScanViewController::reportForShowing() const
+{
+    if (m_hasReport)
+        return m_report;
+    const bool isStopped = m_coverage.ended.how == ScanEnding::How::Stopped;
+    return makeReport(isStopped ? std::string(kStopped)
+                                : stringFromTimeInterval(m_coverage.seconds),
+                      m_services.clock.now());
 }
 
 void ScanViewController::reportStored(const std::string& error, FindingFacts findings)
@@ -360,7 +380,7 @@ void ScanViewController::resetState()
 
 void ScanViewController::endSession()
 {
-    m_inbox.tellEnd();
+    m_inbox.tellEnd(m_coverage.ended.how);
     m_display.activityIndicator = false;
     m_display.stopButton = false;
     m_display.scanBox = false;

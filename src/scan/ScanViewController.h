@@ -85,6 +85,9 @@ public:
     /// The report of the last scan that made one; kept here even where storing it failed.
     [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report() const { return m_report; }
 
+    /// The report of the last scan; of one that made none, one that is kept nowhere.
+    [[nodiscard]] std::shared_ptr<SpywareScanReport> reportForShowing() const;
+
     /// Why the scan was given up, which left no report; empty: it was not.
     [[nodiscard]] const std::string& givenUp() const { return m_givenUp; }
     /// Why the last report could not be stored; empty when it was.
@@ -120,6 +123,8 @@ private:
     void DeepScanStart(Homes homes);
     void partGivenUp(Part part, const char* why);
     void partEnded(Part part, Ending ending, ScanCoverage coverage);
+    [[nodiscard]] std::shared_ptr<SpywareScanReport> makeReport(std::string_view duration,
+                                                                Date now) const;
     void doneScan();
     void reportStored(const std::string& error, FindingFacts findings);
     void backToIdle();
@@ -146,6 +151,7 @@ private:
     ScanRequest m_request; ///< of the running or last scan
     ThreatLists m_lists;
     std::shared_ptr<SpywareScanReport> m_report;
+    bool m_hasReport = false; ///< the last scan made it
     std::string m_storeError, m_givenUp;
     ScanDisplay m_display;
     StatusPanel m_statusPanel;

@@ -261,5 +261,35 @@ TEST_F(DashBoardTest, TellsHowLongAgoTheLastScanWasAndHowLongItTook)
     EXPECT_EQ(board->lastScanText(), "Yesterday");
 }
 
+TEST_F(DashBoardTest, OfEveryoneAReportTellsThatLeftNobodyOut)
+{
+    facts.user.clear();
+    board =
+        std::make_unique<DashBoardViewController>(services(), desktop.services(), delegate, facts);
+    load();
+    DefaultMethods store(defaults, *disk, clock, log);
+    const auto dateAfter = [&](const std::vector<std::string>& users) {
+        clock.advance(1min);
+        const auto report = SpywareScanReport::ScanReportWithSpywareList(
+            std::make_shared<SpywareList>(), clock.now(), " 1 second", "Quick Scan", clock.now());
+        report->volume = disk->identity();
+        report->subject.users = users;
+        EXPECT_TRUE(store.updateReportInDefaults(report).ok());
+        bool read = false;
+        const auto seen = QObject::connect(board.get(), &DashBoardViewController::lastScansRead,
+                                           [&] { read = true; });
+        notifications.post(NotificationName::ScanStatusChange, false);
+        EXPECT_TRUE(mainQueue.runUntil([&] { return read; }));
+        mainQueue.drain();
+        QObject::disconnect(seen);
+        return board->lastScans().date;
+    };
+    EXPECT_TRUE(dateAfter({"alice"})) << "the only home there is";
+    volume.folder("/Users/bob");
+    EXPECT_FALSE(dateAfter({"alice"})) << "bob's home was not looked at";
+    EXPECT_TRUE(dateAfter({"alice", "bob"}));
+    EXPECT_EQ(board->lastScans().date, clock.now());
+}
+
 } // namespace
 } // namespace pryvane

@@ -14,13 +14,41 @@
 
 namespace pryvane::test {
 
+/// What a command came to.
+struct Outcome {
+    int code;
+    std::string out, err;
+};
+
+/// Who sits in front of a command.
+struct Seat {
+    std::string input = {};
+    bool terminal = false;
+    StopFlag& interrupted;
+};
+
+/// What the work writes to a console, and the code it returns.
+[[nodiscard]] inline Outcome onConsole(const Seat& seat,
+                                       const std::function<int(const cli::Console&)>& work)
+{
+    std::istringstream in(seat.input);
+    std::ostringstream out, err;
+    const cli::Console console{.in = in,
+                               .out = out,
+                               .err = err,
+                               .inIsTerminal = seat.terminal,
+                               .outIsTerminal = false,
+                               .errIsTerminal = seat.terminal,
+                               .color = false,
+                               .interrupted = seat.interrupted};
+    const int code = work(console);
+    return {code, out.str(), err.str()};
+}
+
 /// Runs commands inside this process, with a data folder and a volume of their own.
 class CliFixture : public testing::Test {
 protected:
-    struct Outcome {
-        int code;
-        std::string out, err;
-    };
+    using Outcome = test::Outcome;
 
     CliFixture()
     {
@@ -36,21 +64,9 @@ protected:
         });
     }
 
-    /// What the work writes to a console, and the code it returns.
     Outcome with(const std::function<int(const cli::Console&)>& work)
     {
-        std::istringstream in(input);
-        std::ostringstream out, err;
-        const cli::Console console{.in = in,
-                                   .out = out,
-                                   .err = err,
-                                   .inIsTerminal = terminal,
-                                   .outIsTerminal = false,
-                                   .errIsTerminal = terminal,
-                                   .color = false,
-                                   .interrupted = interrupted};
-        const int code = work(console);
-        return {code, out.str(), err.str()};
+        return onConsole({input, terminal, interrupted}, work);
     }
 
     Outcome scan(std::vector<std::string> more = {})

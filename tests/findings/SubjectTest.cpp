@@ -64,13 +64,18 @@ TEST(Subject, IsReadFromTheDiskAsFarAsTheDiskTells)
 TEST(Subject, OnlyWhatIsKnownToBeOfADiskAndUserIsAboutThem)
 {
     const Subject alice{{}, {}, {}, {"alice", "bob"}};
-    EXPECT_TRUE(isAbout("1", alice, "1", "bob"));
-    EXPECT_FALSE(isAbout("1", alice, "2", "bob"));
-    EXPECT_FALSE(isAbout("1", alice, "1", "carol"));
-    EXPECT_TRUE(isAbout("1", alice, "1", ""));
-    EXPECT_FALSE(isAbout("1", {{}, {}, {}, {"alice"}}, "1", "")) << "one of everyone";
-    EXPECT_FALSE(isAbout("", alice, "", "bob")) << "two disks without an identity";
-    EXPECT_FALSE(isAbout("1", {}, "1", "bob")) << "an older report";
+    const Subject nobody{{DiskSource::Kind::Folder, "disk"}, {}, {}, {}};
+    using Users = std::vector<std::string>;
+    const Users bob{"bob"}, both{"alice", "bob"}, three{"alice", "bob", "carol"};
+    EXPECT_TRUE(isAbout("1", alice, "1", bob));
+    EXPECT_FALSE(isAbout("1", alice, "2", bob));
+    EXPECT_FALSE(isAbout("1", alice, "1", Users{"carol"}));
+    EXPECT_TRUE(isAbout("1", alice, "1", both));
+    EXPECT_FALSE(isAbout("1", alice, "1", three)) << "one of everyone was not looked at";
+    EXPECT_TRUE(isAbout("1", nobody, "1", {})) << "a disk without homes";
+    EXPECT_FALSE(isAbout("", alice, "", bob)) << "two disks without an identity";
+    EXPECT_FALSE(isAbout("1", {}, "1", bob)) << "an older report";
+    EXPECT_FALSE(isAbout("1", {}, "1", {})) << "an older report";
 }
 
 } // namespace

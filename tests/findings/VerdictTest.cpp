@@ -33,6 +33,15 @@ TEST(Verdict, SaysWhatTheScanCameToAndWhatLimitsIt)
          Verdict::Clean, "Clean for alice: nothing found. Not looked at: bob, carol."},
         {0,
          [](auto& c) {
+             c.homesLeftOut = {"bob"};
+             c.systemVolumeLeftOut = 28;
+         },
+         Verdict::Clean,
+         "Clean for alice: nothing found. Not looked at: bob, the system volume (28 signatures)."},
+        {0, [](auto& c) { c.systemVolumeLeftOut = 1; }, Verdict::Clean,
+         "Clean: nothing found. Not looked at: the system volume (1 signature)."},
+        {0,
+         [](auto& c) {
              c.ended = {How::Stopped, 0};
          },
          Verdict::Stopped, "Stopped at 0 %: nothing found in the part that was looked at."},

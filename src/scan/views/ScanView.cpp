@@ -146,7 +146,9 @@ void ScanView::showState()
 
 void ScanView::showCoverage()
 {
-    const bool shown = !isBusy() && m_controller.report() != nullptr;
+    // What an earlier scan came to says nothing of one that was given up.
+    const bool shown =
+        !isBusy() && m_controller.report() != nullptr && m_controller.givenUp().empty();
     m_coverage->setVisible(shown && !m_controller.removal().summary());
     // A scan may be over before it was seen to run.
     if (shown && m_shownReport != m_controller.report()) {
@@ -161,7 +163,7 @@ void ScanView::showCoverage()
         notes += tr("There was no scan: %1.").arg(ui::text(givenUp));
     if (shown && m_controller.removal().summary())
         notes += ui::text(m_controller.removal().summary()->counts);
-    if (shown && givenUp.empty() && !error.empty())
+    if (shown && !error.empty())
         notes += tr("The report of this scan is shown here but could not be stored: %1")
                      .arg(ui::text(forScreen(error)));
     m_notice->setVisible(!isBusy() && !notes.isEmpty());
@@ -216,11 +218,12 @@ void ScanView::openPlan()
     connect(m_plan, &PlanSheet::removalWanted, this,
             [this] { m_controller.deleteSelectedThreat(); });
     connect(m_plan, &PlanSheet::recordWanted, this, [this] {
-        if (m_controller.report() && m_options.keepRecord)
-            m_options.keepRecord(*m_controller.report(), [plan = m_plan](const QString& words) {
-                if (plan)
-                    plan->tellRecord(words);
-            });
+        if (m_options.keepRecord)
+            m_options.keepRecord(*m_controller.reportForShowing(),
+                                 [plan = m_plan](const QString& words) {
+                                     if (plan)
+                                         plan->tellRecord(words);
+                                 });
     });
     m_planPending = true;
     m_plan->present();

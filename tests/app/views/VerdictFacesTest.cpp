@@ -1,0 +1,363 @@
+#include "app/DashBoardViewController.h"
+#include "app/SchedulerVC.h"
+#include "app/views/DashboardView.h"
+#include "app/views/Faces.h"
+#include "browser/views/WindowFixture.h"
+#include "cli/CliFixture.h"
+#include "core/Escape.h"
+#include "scan/ScanViewController.h"
+#include "scan/views/ScanView.h"
+#include "support/DesktopFakes.h"
+#include "support/ForwardingDisk.h"
+
+#include <QPushButton>
+
+#include <map>
+
+namespace pryvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using nlohmann::json;
+using testing::AnyOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+/// A disk whose home only its owner may enter.
+class HiddenHome final : public ForwardingDisk {
+public:
+    using ForwardingDisk::ForwardingDisk;
+
+    Presence presence(const FileURL& url) override
+    {
+        return isHidden(url) ? Presence::Unknown : m_disk.presence(url);
+    }
+    FolderListing list(const FileURL& folder) override
+    {
+        if (!isHidden(folder))
+            return m_disk.list(folder);
+        return {ListStatus::Refused, {}, "permission denied"};
+    }
+    bool isOn = false;
+
+private:
+    [[nodiscard]] bool isHidden(const FileURL& url) const
+    {
+        return isOn && url.absolutePath().starts_with("/Users/alice/");
+    }
+};
+
+/// The whole program over one disk: a scan in the window, and afterwards, as after a new start,
+/// each screen, command and file.
+class VerdictFacesTest : public ReportWindowFixture {
+protected:
+    VerdictFacesTest()
+    {
+        setenv("PRYVANE_DATA_DIR", data.path().c_str(), 1);
+        // So many that one percent is less than two entries, and the walk's last step is the 99th.
+        for (int i = 0; i < 197; ++i)
+            volume.file("/Users/alice/Documents/" + std::to_string(i));
+        // What an earlier scan of this Mac came to is none of the news.
+        store({});
+        const auto earlier = stored().front();
+        earlier->subject.users = {"alice"};
+        EXPECT_TRUE(methods->updateReportInDefaults(earlier));
+        clock.advance(24h);
+    }
+    ~VerdictFacesTest() override { unsetenv("PRYVANE_DATA_DIR"); }
+
+    PlatformServices services()
+    {
+        return {hidden, *kept,        notifications, queue,        clock,
+                alerts, folderPicker, workspace,     userNotifier, log};
+    }
+
+    /// A program that has just been started.
+    struct Run {
+        explicit Run(VerdictFacesTest& of)
+            : delegate(of.services(), of.desktop.services(), of.facts),
+              board(of.services(), of.desktop.services(), delegate, of.facts),
+              scheduler(of.services(), of.desktop.services(), delegate)
+        {
+            delegate.state().arrDefaultTorvellApp = makersApplicationKeys();
+            board.viewDidLoad();
+        }
+        AppDelegate delegate;
+        DashBoardViewController board;
+        SchedulerVC scheduler;
+    };
+
+    struct ScanOf {
+        bool deep = false;
+        int stopAt = -1;     ///< percent; -1: it is let be
+        bool granted = true; ///< access to the folder that is gone through
+    };
+
+    /// Scans in the window and returns what its scan screen then says.
+    std::string scanned(const ScanOf& wanted)
+    {
+        run.emplace(*this);
+        run->delegate.state().isDeepScan = wanted.deep;
+        ScanOptions options{"alice", {}};
+        if (wanted.granted) {
+            options.grantedRoot = options.homeRoot();
+        } else {
+            access.bookmark.reset();
+            folderPicker.answer(options.homeRoot());
+            alerts.answer(kAlertFirstButton);
+        }
+        scanner = std::make_unique<ScanViewController>(services(), run->delegate.state(), access,
+                                                       *methods, remover, options);
+        ScanView screen(*scanner, {"alice", {}});
+        screen.show();
+        bool ended = false, stopped = wanted.stopAt < 0;
+        const auto ending = scanner->scanEnded.listen([&] { ended = true; });
+        const auto changing = scanner->stateChanged.listen([&] {
+            if (!stopped && scanner->isScanning() &&
+                scanner->display().progressBar >= wanted.stopAt) {
+                stopped = true;
+                scanner->stopScan();
+            }
+        });
+        scanner->SpywareScanStart();
+        EXPECT_TRUE(runUntil([&] { return ended; }));
+        EXPECT_TRUE(stopped) << "it never came that far";
+        runFor(150ms); // a screen gathers what it is told
+        EXPECT_EQ(scanner->statusPanel().background == "no_threats_bg",
+                  scanner->statusPanel().statusText == wordsFor(Verdict::Clean).headline);
+        return test::textOf(screen);
+    }
+
+    std::string dashboard()
+    {
+        run.emplace(*this); // what the scan's own run knew is forgotten
+        bool isRead = false;
+        QObject::connect(&run->board, &DashBoardViewController::lastScansRead, &run->board,
+                         [&] { isRead = true; });
+        DashboardView screen(run->board, run->scheduler);
+        screen.show();
+        EXPECT_TRUE(runUntil([&] { return isRead; }));
+        return test::textOf(screen);
+    }
+
+    Outcome command(std::vector<std::string> arguments, bool interrupt = false)
+    {
+        StopFlag interrupted;
+        if (interrupt)
+            interrupted.request();
+        arguments.insert(arguments.end(), {"--volume", volume.path()});
+        return onConsole({.interrupted = interrupted}, [&](const cli::Console& console) {
+            return cli::CommandLine().run(std::move(arguments), console);
+        });
+    }
+
+    /// What the newest report says of itself, by the name of the face.
+    std::map<std::string, std::string> facesOfReport()
+    {
+        std::map<std::string, std::string> told;
+        show();
+        told["row of the list"] = rowText("reportList", 0);
+        table("reportList")->selectRow(0);
+        click("compareReports");
+        told["comparison"] = test::textOf(*find("comparisonSheet"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        runFor(20ms);
+        press("reportList", 0, Qt::Key_Return);
+        told["details"] = test::textOf(*view);
+        told["report list"] = command({"report", "list"}).out;
+        told["report list"].resize(told["report list"].find('\n'));
+        told["show"] = command({"report", "show", "latest"}).out;
+        told["json"] = command({"report", "export", "latest"}).out;
+        told["csv"] = command({"report", "export", "latest", "--format", "csv"}).out;
+        told["html"] = command({"report", "export", "latest", "--format", "html"}).out;
+        told["compare"] = command({"report", "compare", "latest", "latest"}).out;
+        const std::string file = exports.hostPath("report.pdf");
+        EXPECT_EQ(command({"report", "pdf", "latest", file}).code, 0);
+        told["pdf"] = joinedTextOf(file);
+        return told;
+    }
+
+    HiddenHome hidden{*disk};
+    FakeDesktop desktop{clock};
+    ApplicationFacts facts{"alice", "com.torvell.Pryvane", "1.2", "https://pryvane.example/"};
+    std::optional<Run> run;
+    std::unique_ptr<ScanViewController> scanner;
+};
+
+struct Row {
+    const char* name;
+    std::vector<const char*> files; ///< on the disk
+    struct {
+        bool deep = false;
+        int stopAt = -1;
+        bool granted = true;
+    } scan;
+    bool hidesHome = false;
+    const char* word;
+    const char* line;
+    std::optional<int> exitCode =
+        {}; ///< of the same scan on the command line, where that can be had
+    std::optional<int> storedAs = {}; ///< percent
+};
+
+/// A calm sentence that is not true is the worst that this program can say.
+class EveryFace : public VerdictFacesTest, public testing::WithParamInterface<Row> {};
+
+TEST_P(EveryFace, TellsTheSameVerdict)
+{
+    const Row& row = GetParam();
+    for (const char* file : row.files)
+        volume.file(file);
+    hidden.isOn = row.hidesHome;
+    const std::string screen = scanned({row.scan.deep, row.scan.stopAt, row.scan.granted});
+    hidden.isOn = false;
+    ASSERT_TRUE(scanner->report());
+    if (row.storedAs) { // which no walk comes to by its own steps
+        scanner->report()->coverage.ended.percent = *row.storedAs;
+        ASSERT_TRUE(methods->updateReportInDefaults(scanner->report()).ok());
+    }
+    const SpywareScanReport& report = *scanner->report();
+    const std::string line = report.verdictLine();
+    const VerdictWords& words = wordsFor(report.verdict());
+    EXPECT_STREQ(words.machine, row.word);
+    EXPECT_THAT(line, StartsWith(row.line));
+
+    auto faces = facesOfReport();
+    if (!row.storedAs)
+        faces["scan screen"] = screen;
+    faces["dashboard"] = dashboard();
+    const std::string word = row.word, shortWord = words.shortWord;
+    const bool isClean = word == "clean";
+    for (const auto& [face, text] : faces) {
+        SCOPED_TRACE(face + ": " + text);
+        if (face == "pdf")
+            EXPECT_THAT(withoutBlanks(text), HasSubstr(withoutBlanks(line)));
+        else if (face == "row of the list")
+            EXPECT_THAT(text, StartsWith(shortWord + " | "));
+        else if (face == "comparison")
+            EXPECT_THAT(text, HasSubstr(": " + shortWord + ")\n"));
+        else if (face == "report list" || face == "csv")
+            EXPECT_THAT(text, HasSubstr(word));
+        else if (face == "json")
+            EXPECT_EQ(json::parse(text).at("verdict"), word);
+        else
+            EXPECT_THAT(text, HasSubstr(face == "html" ? forHtml(line) : line));
+        if (isClean || face == "comparison") // the earlier report was a clean one
+            continue;
+        EXPECT_THAT(text, Not(HasSubstr("Clean")));
+        EXPECT_THAT(text, Not(HasSubstr("found nothing\n")));
+        EXPECT_THAT(text, Not(HasSubstr("No Potential Threats")));
+        EXPECT_THAT(text, Not(HasSubstr("class=\"green\"")));
+        EXPECT_THAT(text, Not(HasSubstr(" clean ")));
+    }
+    for (const std::string& told : userNotifier.updated)
+        EXPECT_TRUE(word == "found" || word == "attention") << told;
+    EXPECT_EQ(userNotifier.updated.empty(), word != "found" && word != "attention");
+
+    if (row.exitCode) {
+        const bool stops = row.scan.stopAt >= 0;
+        const Outcome outcome = command({"scan", "--no-store", "--user", "alice"}, stops);
+        EXPECT_EQ(outcome.code, *row.exitCode);
+        EXPECT_EQ(outcome.code == 0, isClean);
+        EXPECT_THAT(outcome.out, StartsWith(line.substr(0, line.find(':'))));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Situations, EveryFace,
+    testing::Values(
+        Row{"Clean", {}, {}, false, "clean", "Clean: nothing found.", 0},
+        Row{"StoppedAtOnce", {}, {true, 0}, false, "stopped", "Stopped at 0 %: ", 130},
+        Row{"StoppedHalfway", {}, {true, 50}, false, "stopped", "Stopped at 50 %: "},
+        Row{"StoppedNearTheEnd", {}, {true, 99}, false, "stopped", "Stopped at 99 %: "},
+        Row{"StoppedAtTheEnd", {}, {true, 99}, false, "stopped", "Stopped at 100 %: ", {}, 100},
+        Row{"HeldBack",
+            {"/Applications/PKL.app/Contents/x"},
+            {},
+            false,
+            "attention",
+            "Attention: 1 application",
+            1},
+        Row{"UnreadableHome", {}, {}, true, "incomplete", "Incomplete: "},
+        Row{"OtherHomes",
+            {"/Users/bob/x", "/Users/carol/x"},
+            {},
+            false,
+            "clean",
+            "Clean for alice: nothing found. Not looked at: bob, carol.",
+            0},
+        Row{"NoGrant", {}, {true, -1, false}, false, "incomplete", "Incomplete: "},
+        Row{"Found", {"/tmp/.mdworker"}, {}, false, "found", "Found: 1 potential threat", 1},
+        Row{"FoundAndStopped",
+            {"/Users/alice/Library/mdsa1331"},
+            {true, 50},
+            false,
+            "found",
+            "Found: 1 potential threat; the scan was stopped at 50 %"}),
+    [](const auto& row) { return row.param.name; });
+
+/// What nobody has looked at has no verdict, whatever is known of other disks.
+TEST_F(VerdictFacesTest, NothingIsToldOfADiskThatWasNotLookedAt)
+{
+    for (const char* name : {"an empty folder", "a driver's sub-folder", "another disk"}) {
+        SCOPED_TRACE(name);
+        const bool isMac = std::string_view(name) == "another disk";
+        const bool hasFolder = std::string_view(name) == "a driver's sub-folder";
+        for (const auto& report : stored())
+            ASSERT_TRUE(methods->deleteReport(report->reportId).ok());
+        const auto other = store({"/tmp/.mdworker"});
+        volume.remove("/tmp");
+        other->volume = "another";
+        other->subject = {{DiskSource::Kind::Folder, "other-disk"}, {}, {}, {"alice"}};
+        ASSERT_TRUE(methods->updateReportInDefaults(other));
+        if (!isMac)
+            volume.remove("/Users");
+        if (hasFolder)
+            volume.file("/root/Library/x");
+
+        std::map<std::string, std::string> faces{{"dashboard", dashboard()}};
+        EXPECT_THAT(faces["dashboard"], HasSubstr("Not scanned yet"));
+        if (!isMac) {
+            faces["scan screen"] = scanned({});
+            EXPECT_THAT(faces["scan screen"], HasSubstr("There was no scan: there is no Mac"));
+            const Outcome outcome = command({"scan"});
+            faces["scan"] = outcome.out;
+            EXPECT_EQ(outcome.code, 2);
+            EXPECT_EQ(outcome.err.find("/root\" instead") != std::string::npos, hasFolder);
+        }
+        for (const char* verb : {"show", "export"}) {
+            const Outcome outcome = command({"report", verb, "latest"});
+            faces[verb] = outcome.out;
+            EXPECT_EQ(outcome.code, 2);
+            EXPECT_THAT(outcome.err, HasSubstr("no reports of this disk"));
+        }
+        faces["report list"] = command({"report", "list"}).out;
+        for (const auto& [face, text] : faces) {
+            SCOPED_TRACE(face + ": " + text);
+            for (const VerdictWords verdict :
+                 {wordsFor(Verdict::Clean), wordsFor(Verdict::Found)}) {
+                EXPECT_THAT(text, Not(HasSubstr(verdict.headline)));
+                EXPECT_THAT(text, Not(HasSubstr(std::string(verdict.shortWord) + ":")));
+                EXPECT_THAT(text, Not(HasSubstr(std::string(" ") + verdict.machine + " ")));
+            }
+        }
+        // Its own words stay with the report of the other disk.
+        const std::string& id = other->reportId;
+        const std::string shown = command({"report", "show", id}).out;
+        EXPECT_THAT(shown, HasSubstr("Found: 1 potential threat"));
+        EXPECT_THAT(shown, HasSubstr("other-disk"));
+        EXPECT_THAT(shown, HasSubstr(" unknown "));
+        show();
+        EXPECT_THAT(rowText("reportList", 0), HasSubstr("other-disk, alice"));
+        press("reportList", 0, Qt::Key_Return);
+        EXPECT_THAT(test::textOf(*view), HasSubstr("not known"));
+        EXPECT_FALSE(isShown("quarantineBtn"));
+    }
+    EXPECT_THAT(userNotifier.updated, IsEmpty());
+    EXPECT_EQ(stored().size(), 1U) << "a folder without a Mac leaves no report";
+}
+
+} // namespace
+} // namespace pryvane::test
