@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <exception>
 #include <sys/prctl.h>
+#include <unistd.h>
 #include <vector>
 
 namespace pryvane {
@@ -196,13 +197,32 @@ int serve(Channel& channel)
     return EXIT_SUCCESS;
 }
 
+pid_t program = 0;
+
+/// The kernel tells of the end of the thread that started this, which may be long before the
+/// program's own.
+void endWithProgram()
+{
+    program = getppid();
+    struct sigaction action {};
+    action.sa_handler = [](int) {
+        if (getppid() != program)
+            _exit(EXIT_FAILURE);
+    };
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGHUP, &action, nullptr);
+    prctl(PR_SET_PDEATHSIG, SIGHUP);
+    if (getppid() != program)
+        _exit(EXIT_FAILURE);
+}
+
 } // namespace
 
 } // namespace pryvane
 
 int main()
 {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    pryvane::endWithProgram();
     pryvane::Channel channel;
     try {
         const int code = pryvane::serve(channel);
