@@ -22,6 +22,8 @@ std::string noteOf(const CleaningRow& row)
 {
     if (!row.blockedBy.empty())
         return row.blockedBy + " is running";
+    if (!row.largest.empty() && row.forecast.obstacle == RemovalObstacle::None)
+        return largestText(row);
     return obstacleText(row.forecast.obstacle, row.forecast.detail);
 }
 
@@ -101,6 +103,7 @@ void writeOutcome(const CleaningOutcome& outcome, bool json, const Console& cons
                          {"entries", item.entries},
                          {"bytes", item.bytes},
                          {"stayed", item.stayed},
+                         {"alreadyGone", item.alreadyGone},
                          {"gone", std::move(gone)}});
     }
     console.out << nlohmann::ordered_json{{"entriesRemoved", outcome.entriesRemoved},
@@ -142,66 +145,86 @@ Candidates candidates(std::span<ToolGroup> groups, const std::string& name)
     return found;
 }
 
-/// Ticks what of the named groups is there and not dear.
-Result<Done> tickGroups(std::span<ToolGroup> groups, std::span<const std::string> names)
+/// What a name came to among one user's groups; an error where it could mean several things.
+using Named = Result<bool>;
+
+/// Ticks what of the named group is there and not dear.
+Named tickGroup(std::span<ToolGroup> groups, const std::string& name)
 {
-    for (const std::string& name : names) {
-        const auto group = std::ranges::find_if(groups, [&name](const ToolGroup& each) {
-            return name == each.Name || name == shownName(each);
-        });
-        if (group == groups.end())
-            return Error{"there is no group \"" + forTerminal(name) +
-                         "\" on this volume; pryvane-cli privacy list shows those there are"};
-        for (ToolItem& item : group->List)
-            item.isChecked = item.isChecked || (!item.AllList.empty() && item.cost != Cost::Dear);
-    }
-    return Done{};
+    const auto group = std::ranges::find_if(groups, [&name](const ToolGroup& each) {
+        return name == each.Name || name == shownName(each);
+    });
+    if (group == groups.end())
+        return false;
+    for (ToolItem& item : group->List)
+        item.isChecked = item.isChecked || (!item.AllList.empty() && item.cost != Cost::Dear);
+    return true;
 }
 
-/// Leaves the named items out.
-Result<Done> untickItems(std::span<ToolGroup> groups, std::span<const std::string> names)
+/// Leaves the named item out.
+Named untickItem(std::span<ToolGroup> groups, const std::string& name)
 {
-    for (const std::string& name : names) {
-        const Candidates found = candidates(groups, name);
-        if (found.whole.empty() && found.alone.empty())
-            return Error{"there is no item \"" + forTerminal(name) +
-                         "\" to leave out; pryvane-cli privacy list shows those there are"};
-        for (ToolItem* item : found.whole.empty() ? found.alone : found.whole)
-            item->isChecked = false;
-    }
-    return Done{};
+    const Candidates found = candidates(groups, name);
+    for (ToolItem* item : found.whole.empty() ? found.alone : found.whole)
+        item->isChecked = false;
+    return !found.whole.empty() || !found.alone.empty();
 }
 
-/// Ticks the named items. The error says which name no item has, or several groups' have.
-Result<Done> tickItems(std::span<ToolGroup> groups, std::span<const std::string> names)
+/// Ticks the named item, with all of it that is dear.
+Named tickItem(std::span<ToolGroup> groups, const std::string& name)
 {
-    for (const std::string& name : names) {
-        const Candidates found = candidates(groups, name);
+    const Candidates found = candidates(groups, name);
+    if (found.whole.empty() && found.groups.size() > 1) {
         const std::string shown = forTerminal(name);
-        if (found.whole.empty() && found.groups.size() > 1) {
-            std::string message = "several groups have an item \"" + shown + "\"; give one of ";
-            for (std::size_t i = 0; i < found.groups.size(); ++i)
-                message.append(i ? ", \"" : "\"")
-                    .append(found.groups[i])
-                    .append("/" + shown + "\"");
-            return Error{std::move(message)};
-        }
-        if (found.whole.empty() && found.alone.empty())
-            return Error{"there is no item \"" + shown +
-                         "\" on this volume; pryvane-cli privacy list shows those there are"};
-        for (ToolItem* item : found.whole.empty() ? found.alone : found.whole)
-            item->isChecked = true;
+        std::string message = "several groups have an item \"" + shown + "\"; give one of ";
+        for (std::size_t i = 0; i < found.groups.size(); ++i)
+            message.append(i ? ", \"" : "\"").append(found.groups[i]).append("/" + shown + "\"");
+        return Error{std::move(message)};
     }
-    return Done{};
+    for (ToolItem* item : found.whole.empty() ? found.alone : found.whole)
+        item->isChecked = item->isMeantWhole = true;
+    return !found.whole.empty() || !found.alone.empty();
 }
 
-/// Ticks what the arguments name.
-Result<Done> tickWanted(std::span<ToolGroup> groups, const ClearArguments& arguments)
+/// The groups of one user.
+struct Owned {
+    std::string user;
+    std::vector<ToolGroup> groups;
+};
+
+/// Does with each name what is to be done with it, for every user. What one user has another need
+/// not have, and then that is said; what nobody has is an error.
+Result<Done> tickAll(std::vector<Owned>& all, const ClearArguments& arguments,
+                     const Console& console)
 {
-    auto ticked = tickGroups(groups, arguments.groups);
-    if (ticked)
-        ticked = tickItems(groups, arguments.items);
-    return ticked ? untickItems(groups, arguments.except) : ticked;
+    const struct {
+        const std::vector<std::string>& names;
+        Named (*tick)(std::span<ToolGroup>, const std::string&);
+        const char* what;
+        const char* why;
+    } kinds[] = {{arguments.groups, tickGroup, "group", " on this volume"},
+                 {arguments.items, tickItem, "item", " on this volume"},
+                 {arguments.except, untickItem, "item", " to leave out"}};
+    for (const auto& kind : kinds) {
+        for (const std::string& name : kind.names) {
+            std::vector<std::string> without;
+            for (Owned& each : all) {
+                const Named named = kind.tick(each.groups, name);
+                if (!named)
+                    return named.error();
+                if (!*named)
+                    without.push_back(each.user);
+            }
+            const std::string missing =
+                std::string("no ") + kind.what + " \"" + forTerminal(name) + "\"";
+            if (without.size() == all.size())
+                return Error{"there is " + missing + kind.why +
+                             "; pryvane-cli privacy list shows those there are"};
+            for (const std::string& user : without)
+                console.say(forTerminal(user) + " has " + missing);
+        }
+    }
+    return Done{};
 }
 
 /// Says what the named groups hold that only goes by its own name.
@@ -213,9 +236,15 @@ void sayDear(std::span<const ToolGroup> groups, const ClearArguments& arguments,
             std::ranges::find(arguments.groups, shownName(group)) == arguments.groups.end())
             continue;
         for (const ToolItem& item : group.List) {
+            const std::string name = forTerminal(group.Name + "/" + item.NameText);
             if (item.cost == Cost::Dear && !item.isChecked && !item.AllList.empty())
-                console.say("left out, as it cannot be had back: " +
-                            forTerminal(group.Name + "/" + item.NameText) + " (--item clears it)");
+                console.say("left out, as it cannot be had back: " + name + " (--item clears it)");
+            for (const ToolLocation& location : item.AllList) {
+                if (location.isDear && item.isChecked && !item.isMeantWhole)
+                    console.say("left out, as it cannot be had back: " +
+                                forTerminal(location.url.relativePath()) + " (--item \"" + name +
+                                "\" clears it)");
+            }
         }
     }
 }
@@ -239,26 +268,26 @@ void showPreview(const CleaningPreview& preview, const ClearArguments& arguments
 int clearItems(CleanerHost& cleaner, std::span<const std::string> running, Remover& remover,
                const ClearArguments& arguments, const Console& console)
 {
-    std::vector<ToolGroup> groups;
-    Result<Done> ticked = Error{"there is no home to clear"};
-    bool anyTicked = false;
-    for (const std::string& user : cleaner.users()) {
-        auto own = PrivacyCatalogue(cleaner.services(), user, console.interrupted).groups();
-        // What one user has another need not have.
-        ticked = tickWanted(own, arguments);
-        anyTicked = anyTicked || ticked;
-        if (ticked)
-            std::ranges::move(own, std::back_inserter(groups));
-    }
-    if (!anyTicked)
+    std::vector<Owned> all;
+    for (const std::string& user : cleaner.users())
+        all.push_back(
+            {user, PrivacyCatalogue(cleaner.services(), user, console.interrupted).groups()});
+    if (all.empty())
+        return console.fail("there is no home to clear");
+    if (const auto ticked = tickAll(all, arguments, console); !ticked)
         return console.fail(ticked.error().message);
+    std::vector<ToolGroup> groups;
+    for (Owned& each : all)
+        std::ranges::move(each.groups, std::back_inserter(groups));
     sayDear(groups, arguments, console);
     CleaningPreview preview;
     withProgress(
         console, [] { return std::string("looking"); },
         [&] {
-            preview = previewCleaning(selectedRows(groups), running, cleaner.services().disk,
-                                      remover, console.interrupted);
+            auto rows = selectedRows(groups);
+            std::erase_if(rows, [](const CleaningRow& row) { return !row.ticked; });
+            preview = previewCleaning(std::move(rows), running, cleaner.services().disk, remover,
+                                      console.interrupted);
         });
     if (console.interrupted.requested()) {
         console.say("interrupted; nothing was removed");

@@ -289,7 +289,7 @@ void PrivacyCatalogue::addLocations(ToolItem& item, const tables::PrivacyRow& ro
 {
     const std::string path = row.path.empty() ? folder : joinedPath(folder, row.path);
     if (row.take == Take::Item || row.take == Take::Contents) {
-        addLocation(item, path, row.take, {});
+        addLocation(item, path, row.take, {}, row.isDear);
         return;
     }
     const auto slash = path.rfind('/');
@@ -307,7 +307,7 @@ void PrivacyCatalogue::addLocations(ToolItem& item, const tables::PrivacyRow& ro
 
 /// Adds the location where something stands there; a link goes itself.
 void PrivacyCatalogue::addLocation(ToolItem& item, const std::string& path, Take take,
-                                   std::string_view browser)
+                                   std::string_view browser, bool isDear)
 {
     ToolLocation location;
     location.scope = take == Take::Contents ? RemovalScope::ContentsOf : RemovalScope::Item;
@@ -318,6 +318,7 @@ void PrivacyCatalogue::addLocation(ToolItem& item, const std::string& path, Take
     if (location.kind == FileKind::Missing || location.kind == FileKind::Unknown)
         return;
     location.browser = browser;
+    location.isDear = isDear;
     item.AllList.push_back(std::move(location));
 }
 

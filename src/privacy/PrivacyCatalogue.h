@@ -58,7 +58,7 @@ private:
                                                      const Profile* onlyProfile) const;
     void addLocations(ToolItem& item, const tables::PrivacyRow& row, const std::string& folder);
     void addLocation(ToolItem& item, const std::string& path, tables::Take take,
-                     std::string_view browser);
+                     std::string_view browser, bool isDear = false);
     void addExtensions(const std::vector<ToolGroupKind>& browsers, std::vector<ToolItem>& items);
     void addExtensionsOf(const tables::PrivacyGroup& browser, std::vector<ToolItem>& items);
     void addExtension(std::vector<ToolItem>& items, std::string name, const FileURL& url,

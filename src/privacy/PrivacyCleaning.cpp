@@ -5,6 +5,7 @@
 #include "privacy/DirectWay.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <set>
 #include <string_view>
@@ -25,6 +26,9 @@ RemovalItem removalItem(const CleaningRow& row)
 // Beyond these a folder stays one row: its parts would be more than anybody looks through.
 constexpr std::size_t kMostParts = 1000; // of one folder
 constexpr std::size_t kMostPartsInAll = 5000;
+// What such a folder's largest are is found out up to so many, and so many are named.
+constexpr std::size_t kMostPartsMeasured = 20'000;
+constexpr std::size_t kMostPartsNamed = 5;
 
 /// Whether one of the paths is the other or lies above it, whatever their letter case.
 bool overlap(std::string_view a, std::string_view b)
@@ -58,6 +62,27 @@ std::string holderOf(const CleaningRow& row, std::span<const std::string> runnin
     return {};
 }
 
+/// What of a folder's entries takes most, the largest first.
+std::vector<CleaningRow::Part> largestOf(const std::string& folder,
+                                         const std::vector<FolderEntry>& entries, FileSystem& disk,
+                                         const StopFlag& stop)
+{
+    std::vector<CleaningRow::Part> parts;
+    if (entries.size() > kMostPartsMeasured)
+        return parts;
+    for (const FolderEntry& entry : entries) {
+        if (stop.requested())
+            return {};
+        const auto url = FileURL::fileURLWithPath(joinedPath(folder, entry.name));
+        parts.push_back({entry.name, disk.allocatedSize(url)});
+    }
+    const auto end =
+        parts.begin() + static_cast<std::ptrdiff_t>(std::min(parts.size(), kMostPartsNamed));
+    std::ranges::partial_sort(parts, end, std::greater<>(), &CleaningRow::Part::bytes);
+    parts.erase(end, parts.end());
+    return parts;
+}
+
 /// Puts in place of a folder that is taken by its contents what it holds.
 std::vector<CleaningRow> inParts(std::vector<CleaningRow> rows, FileSystem& disk,
                                  const StopFlag& stop)
@@ -72,6 +97,9 @@ std::vector<CleaningRow> inParts(std::vector<CleaningRow> rows, FileSystem& disk
         const std::size_t count = listing.entries.size();
         if (listing.status != ListStatus::Listed || count == 0 || count > kMostParts ||
             parts + count > kMostPartsInAll) {
+            if (count > 0)
+                row.largest =
+                    largestOf(row.location.url.absolutePath(), listing.entries, disk, stop);
             all.push_back(std::move(row));
             continue;
         }
@@ -139,9 +167,10 @@ void eachOnce(std::vector<const Each*> all, const LocationOf& locationOf, const 
     }
 }
 
+/// What of an item is dear although the item is not stands as one of its own.
 bool isOfOneItem(const CleaningRow& a, const CleaningRow& b)
 {
-    return a.user == b.user && a.group == b.group && a.item == b.item;
+    return a.user == b.user && a.group == b.group && a.item == b.item && a.cost == b.cost;
 }
 
 /// What the wanted rows take. A folder takes what lies below it along.
@@ -172,7 +201,7 @@ std::int64_t bytesOf(std::span<const ToolGroup> groups, const Wanted& wanted)
     for (const ToolGroup& group : groups) {
         for (const ToolItem& item : group.List) {
             for (const ToolLocation& location : item.AllList) {
-                if (wanted(item))
+                if (wanted(item, location))
                     all.push_back(&location);
             }
         }
@@ -201,7 +230,7 @@ std::vector<CleaningPreview::Item> CleaningPreview::items() const
             item.ticked = item.ticked || rows[last].ticked;
         item.count = last - first;
         const ToolItem named = getDicForList({}, rows[first].item, rows[first].isExtension);
-        item.meaning = meaningOf(named);
+        item.meaning = rows[first].cost == named.cost ? meaningOf(named) : meaningOfDearLocations();
         item.totals = totalsOf(std::span(rows).subspan(first, item.count),
                                [](const CleaningRow&) { return true; });
         items.push_back(item);
@@ -226,6 +255,24 @@ std::vector<std::string> CleaningPreview::openBrowsers() const
     return browsers;
 }
 
+namespace {
+
+CleaningRow rowOf(const ToolGroup& group, const ToolItem& item, const ToolLocation& location)
+{
+    return {.user = group.user,
+            .kind = group.kind,
+            .group = group.Name,
+            .item = item.NameText,
+            .cost = location.isDear ? Cost::Dear : item.cost,
+            .isExtension = item.isExt,
+            .location = location,
+            .forecast = {},
+            .blockedBy = {},
+            .ticked = !location.isDear || item.isMeantWhole};
+}
+
+} // namespace
+
 std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups)
 {
     std::vector<CleaningRow> rows;
@@ -234,19 +281,14 @@ std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups)
         for (const ToolItem& item : group.List) {
             if (!item.isChecked || item.isHeader)
                 continue;
-            for (const ToolLocation& location : item.AllList) {
-                // The same folder may go as a whole and by its contents; the whole is more.
-                std::string key(location.scope == RemovalScope::ContentsOf ? "in " : "");
-                if (seen.insert(key.append(location.url.identity())).second)
-                    rows.push_back({.user = group.user,
-                                    .kind = group.kind,
-                                    .group = group.Name,
-                                    .item = item.NameText,
-                                    .cost = item.cost,
-                                    .isExtension = item.isExt,
-                                    .location = location,
-                                    .forecast = {},
-                                    .blockedBy = {}});
+            for (const bool isDear : {false, true}) {
+                for (const ToolLocation& location : item.AllList) {
+                    // The same folder may go as a whole and by its contents; the whole is more.
+                    std::string key(location.scope == RemovalScope::ContentsOf ? "in " : "");
+                    if (location.isDear == isDear &&
+                        seen.insert(key.append(location.url.identity())).second)
+                        rows.push_back(rowOf(group, item, location));
+                }
             }
         }
     }
@@ -255,12 +297,22 @@ std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups)
 
 std::int64_t allBytes(std::span<const ToolGroup> groups)
 {
-    return bytesOf(groups, [](const ToolItem&) { return true; });
+    return bytesOf(groups, [](const ToolItem&, const ToolLocation&) { return true; });
 }
 
 std::int64_t selectedBytes(std::span<const ToolGroup> groups)
 {
-    return bytesOf(groups, [](const ToolItem& item) { return item.isChecked; });
+    return bytesOf(groups, [](const ToolItem& item, const ToolLocation& location) {
+        return item.isChecked && (!location.isDear || item.isMeantWhole);
+    });
+}
+
+std::string largestText(const CleaningRow& row)
+{
+    std::string text;
+    for (const CleaningRow::Part& part : row.largest)
+        text += (text.empty() ? "largest: " : ", ") + part.name + " " + sizeText(part.bytes);
+    return text;
 }
 
 CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const std::string> running,
@@ -312,7 +364,7 @@ CleaningOutcome outcomeOf(const CleaningPreview& preview, std::span<const Remova
         auto& items = outcome.items;
         if (items.empty() || items.back().user != row.user || items.back().group != row.group ||
             items.back().item != row.item)
-            items.push_back({row.user, row.group, row.item, 0, 0, 0, {}});
+            items.push_back({row.user, row.kind, row.group, row.item, 0, 0, 0, 0, {}});
         CleanedItem& item = items.back();
         if (!row.willGo()) {
             ++item.stayed;
@@ -328,6 +380,8 @@ CleaningOutcome outcomeOf(const CleaningPreview& preview, std::span<const Remova
             failed.push_back({row.item, row.location.url, result.reason()});
         } else if (result.outcome == RemovalOutcome::Removed) {
             item.gone.push_back(row.location.url);
+        } else {
+            ++item.alreadyGone;
         }
         outcome.entriesRemoved += result.entriesRemoved;
         outcome.bytesRemoved += result.bytesRemoved;

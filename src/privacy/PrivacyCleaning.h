@@ -26,6 +26,13 @@ struct CleaningRow {
     bool ticked = true;
     bool isPart = false; ///< one of what a folder holds that is taken by its contents
 
+    struct Part {
+        std::string name;
+        std::int64_t bytes = 0; ///< allocated
+    };
+    /// Of a folder taken by its contents that holds too much to be in parts: what takes most.
+    std::vector<Part> largest = {};
+
     [[nodiscard]] bool willGo() const { return ticked && blockedBy.empty(); }
 };
 
@@ -67,12 +74,14 @@ struct LeftOver {
 /// What became of one item.
 struct CleanedItem {
     std::string user;
+    ToolGroupKind kind = ToolGroupKind::System;
     std::string group;
     std::string item;
-    std::uint64_t entries = 0; ///< that went
-    std::int64_t bytes = 0;    ///< that went, allocated
-    std::size_t stayed = 0;    ///< locations that were to go and did not
-    std::vector<FileURL> gone; ///< locations that went
+    std::uint64_t entries = 0;   ///< that went
+    std::int64_t bytes = 0;      ///< that went, allocated
+    std::size_t stayed = 0;      ///< locations that were to go and did not
+    std::size_t alreadyGone = 0; ///< locations that went by themselves meanwhile
+    std::vector<FileURL> gone;   ///< locations that went
 };
 
 struct CleaningOutcome {
@@ -90,7 +99,8 @@ inline constexpr const char* kCleanedText = "You have successfully cleared selec
 /// of it for which reason, each reason in a line of its own.
 [[nodiscard]] std::string cleanedText(const CleaningOutcome& outcome);
 
-/// The locations of the ticked items of all groups; each location once.
+/// The locations of the ticked items of all groups; each location once. What is dear in an item
+/// that was not ticked by itself is unticked.
 [[nodiscard]] std::vector<CleaningRow> selectedRows(std::span<const ToolGroup> groups);
 
 /// What all locations of the groups take, as measured. What lies below another counts once.
@@ -99,10 +109,14 @@ inline constexpr const char* kCleanedText = "You have successfully cleared selec
 /// The same of the ticked items.
 [[nodiscard]] std::int64_t selectedBytes(std::span<const ToolGroup> groups);
 
+/// "largest: a 1.2 GB, b 30 MB" of a row that names some; empty for others. Raw bytes.
+[[nodiscard]] std::string largestText(const CleaningRow& row);
+
 /// Looks at what the rows would take away; their ticks stay. A folder that is taken by its contents
 /// becomes a row for each thing it holds, the largest first, so that each can be left out; one that
-/// holds very many stays one row. `running` are the display names of the applications that run on
-/// the volume. Blocks. After a stop the rows not reached have an empty forecast.
+/// holds very many stays one row, which names the largest of them. `running` are the display names
+/// of the applications that run on the volume. Blocks. After a stop the rows not reached have an
+/// empty forecast.
 [[nodiscard]] CleaningPreview previewCleaning(std::vector<CleaningRow> rows,
                                               std::span<const std::string> running,
                                               FileSystem& disk, Remover& remover,

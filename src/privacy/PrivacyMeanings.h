@@ -23,6 +23,9 @@ struct PrivacyMeaning {
     const char* text; ///< for a person, in a sentence or two
 };
 
+/// Stands for what of an item is dear although the item is not.
+inline constexpr std::string_view kDearLocations = "dear locations";
+
 // clang-format off
 inline constexpr PrivacyMeaning kPrivacyMeanings[] = {
     {"Cookies", Cost::Felt, "What web sites use to recognise you. Clearing them signs you out of web sites."},
@@ -37,6 +40,7 @@ inline constexpr PrivacyMeaning kPrivacyMeanings[] = {
     {"TopSites", Cost::Little, "The pages visited most often."},
     {"Top Sites", Cost::Little, "The pages visited most often."},
     {"Local Storage", Cost::Felt, "What web sites and forms keep on this disk: drafts, settings, typed texts, addresses and cards that are filled in."},
+    {kDearLocations, Cost::Dear, "What was made or accepted by hand: certificates, words of the dictionary, search services, which program opens what."},
     {"Reading List", Cost::Felt, "Pages saved for reading offline. The list of their addresses stays."},
     {"Form", Cost::Felt, "What was typed into forms."},
     {"Recent Search", Cost::Little, "Search services that web sites offered."},

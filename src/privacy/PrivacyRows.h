@@ -39,6 +39,7 @@ struct PrivacyRow {
     Anchor anchor;
     std::string_view path; ///< empty: the anchor itself
     Take take = Take::Item;
+    bool isDear = false; ///< cannot be had back, though the rest of the item can
 };
 
 // clang-format off
@@ -160,14 +161,14 @@ inline constexpr PrivacyRow kPrivacyRows[] = {
     {RowSet::Firefox, "User preferences", Anchor::FirefoxProfile, "xulstore.json"},
     {RowSet::Firefox, "User preferences", Anchor::FirefoxProfile, "prefs.js"},
     {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "formhistory.sqlite"},
-    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "persdict.dat"},
+    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "persdict.dat", Take::Item, true},
     {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "search.sqlite"},
     {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "permissions.sqlite"},
     {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "content-prefs.sqlite"},
-    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "cert8.db"},
-    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "secmod.db"},
-    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "searchplugins"},
-    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "mimeTypes.rdf"},
+    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "cert8.db", Take::Item, true},
+    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "secmod.db", Take::Item, true},
+    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "searchplugins", Take::Item, true},
+    {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "mimeTypes.rdf", Take::Item, true},
     {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "formhistory.sqlite-wal"},
     {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "formhistory.sqlite-shm"},
     {RowSet::Firefox, "Local Storage", Anchor::FirefoxProfile, "content-prefs.sqlite-wal"},

@@ -1,5 +1,9 @@
 #include "privacy/PrivacyScan.h"
 
+#include <functional>
+#include <optional>
+#include <set>
+#include <unordered_map>
 #include <utility>
 
 namespace pryvane {
@@ -35,6 +39,69 @@ std::string notSeenBelow(FileSystem& disk, const ToolLocation& location)
     return {};
 }
 
+/// What is to be measured, so that nothing is measured twice: a folder below which another location
+/// lies is the sum of what it holds, and that location is one of its parts.
+class Parts {
+public:
+    Parts(FileSystem& disk, const std::vector<const ToolLocation*>& locations) : m_disk(disk)
+    {
+        for (const ToolLocation* location : locations)
+            m_paths.insert(pathOf(*location));
+        for (std::size_t location = 0; location < locations.size(); ++location)
+            add(locations[location]->kind, pathOf(*locations[location]), location);
+    }
+
+    [[nodiscard]] const std::vector<FileURL>& urls() const { return m_urls; }
+    /// The locations of which that one is a part, by their place among those given.
+    [[nodiscard]] const std::vector<std::vector<std::size_t>>& owners() const { return m_owners; }
+
+private:
+    static constexpr std::size_t kMostEntries = 20'000; ///< of a folder that is taken apart
+
+    [[nodiscard]] static std::string pathOf(const ToolLocation& location)
+    {
+        std::string path = location.url.absolutePath();
+        while (path.size() > 1 && path.ends_with('/'))
+            path.pop_back();
+        return path;
+    }
+
+    [[nodiscard]] bool holdsAnother(const std::string& folder) const
+    {
+        const auto below = m_paths.upper_bound(folder + "/");
+        return below != m_paths.end() && below->starts_with(folder + "/");
+    }
+
+    void add(FileKind kind, const std::string& path, std::size_t location)
+    {
+        if (kind == FileKind::Folder && holdsAnother(path) && addEntriesOf(path, location))
+            return;
+        const auto [known, isNew] = m_partOf.emplace(path, m_urls.size());
+        if (isNew) {
+            m_urls.push_back(FileURL::fileURLWithPath(path));
+            m_owners.emplace_back();
+        }
+        m_owners[known->second].push_back(location);
+    }
+
+    /// False where the folder is better measured as a whole.
+    bool addEntriesOf(const std::string& folder, std::size_t location)
+    {
+        const FolderListing listing = m_disk.list(FileURL::fileURLWithPath(folder));
+        if (listing.status != ListStatus::Listed || listing.entries.size() > kMostEntries)
+            return false;
+        for (const FolderEntry& entry : listing.entries)
+            add(entry.kind, joinedPath(folder, entry.name), location);
+        return true;
+    }
+
+    FileSystem& m_disk;
+    std::set<std::string, std::less<>> m_paths;
+    std::unordered_map<std::string, std::size_t> m_partOf;
+    std::vector<FileURL> m_urls;
+    std::vector<std::vector<std::size_t>> m_owners;
+};
+
 /// The groups that are being measured. Those that are done wait for the ones before them.
 class Waiting {
 public:
@@ -43,23 +110,29 @@ public:
         : m_groups(std::move(groups)), m_left(m_groups.size(), 0), m_disk(disk),
           m_progress(progress), m_sink(sink)
     {
+        std::vector<const ToolLocation*> locations;
         for (std::size_t group = 0; group < m_groups.size(); ++group) {
             for (ToolItem& item : m_groups[group].List) {
                 for (ToolLocation& location : item.AllList) {
                     m_places.push_back({group, &location});
-                    m_urls.push_back(location.url);
-                    ++m_left[group];
+                    locations.push_back(&location);
                 }
             }
         }
+        m_parts.emplace(disk, locations);
+        for (const auto& owners : m_parts->owners())
+            for (const std::size_t place : owners)
+                ++m_left[m_places[place].group];
     }
 
-    [[nodiscard]] const std::vector<FileURL>& urls() const { return m_urls; }
+    [[nodiscard]] const std::vector<FileURL>& urls() const { return m_parts->urls(); }
 
-    void measured(std::size_t place, std::int64_t bytes)
+    void measured(std::size_t part, std::int64_t bytes)
     {
-        m_places[place].location->bytes = bytes;
-        --m_left[m_places[place].group];
+        for (const std::size_t place : m_parts->owners()[part]) {
+            m_places[place].location->bytes += bytes;
+            --m_left[m_places[place].group];
+        }
         tellFinished();
     }
 
@@ -90,9 +163,9 @@ private:
         ToolLocation* location;
     };
     std::vector<ToolGroup> m_groups;
-    std::vector<std::size_t> m_left; ///< locations of each group, still to be measured
-    std::vector<Place> m_places;
-    std::vector<FileURL> m_urls;
+    std::vector<std::size_t> m_left; ///< parts of each group's locations, still to be measured
+    std::vector<Place> m_places;     ///< all locations
+    std::optional<Parts> m_parts;
     std::size_t m_next = 0; ///< to be told
     FileSystem& m_disk;
     PrivacyProgress& m_progress;
@@ -115,9 +188,9 @@ void scanPrivacy(const CleanerServices& services, const std::string& user, const
     progress.locations += waiting.urls().size();
     waiting.tellFinished();
     services.sizes.measure(waiting.urls(), stop, progress.sizes,
-                           [&](std::size_t place, std::int64_t bytes) {
+                           [&](std::size_t part, std::int64_t bytes) {
                                ++progress.measured;
-                               waiting.measured(place, bytes);
+                               waiting.measured(part, bytes);
                            });
 }
 

@@ -44,6 +44,11 @@ std::string_view meaningOf(const ToolItem& item)
     return known ? known->text : std::string_view();
 }
 
+std::string_view meaningOfDearLocations()
+{
+    return meaning(tables::kDearLocations)->text;
+}
+
 std::string shownName(ToolGroupKind kind, const std::string& name)
 {
     return kind == ToolGroupKind::BrowserExtensions ? "Browser Extensions" : name;

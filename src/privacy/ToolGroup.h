@@ -20,6 +20,7 @@ struct ToolLocation {
     /// Display name of the application that may have it open, besides those whose places the table
     /// knows.
     std::string_view browser;
+    bool isDear = false; ///< cannot be had back, though the rest of its item can
 };
 
 /// A row of a group: what is cleaned as one, or a heading.
@@ -29,9 +30,10 @@ struct ToolItem {
     std::string sizeText = "0KB";
     std::int64_t bytes = 0;
     bool isChecked = false;
-    bool isEnabled = false; ///< something is there to be cleaned
-    bool isExt = false;     ///< the item is one browser extension
-    bool isHeader = false;  ///< a heading, not to be cleaned
+    bool isMeantWhole = false; ///< ticked by itself, and so with what of it is dear
+    bool isEnabled = false;    ///< something is there to be cleaned
+    bool isExt = false;        ///< the item is one browser extension
+    bool isHeader = false;     ///< a heading, not to be cleaned
     Cost cost = Cost::Little;
     std::string notSeen; ///< why not all of it could be looked at, in words; empty: all was
 };
@@ -55,6 +57,9 @@ struct ToolGroup {
 
 /// What an item holds and what clearing it means, in a sentence or two; empty for a heading.
 [[nodiscard]] std::string_view meaningOf(const ToolItem& item);
+
+/// The same of what of an item is dear although the item is not.
+[[nodiscard]] std::string_view meaningOfDearLocations();
 
 /// Whether the item may be ticked along with others. What is dear is ticked by itself only.
 [[nodiscard]] inline bool ticksWithOthers(const ToolItem& item)

@@ -96,6 +96,7 @@ void ToolsViewController::setChecked(std::size_t group, std::size_t item, bool c
         return;
     ToolGroup& owner = m_availbleApp[group];
     owner.List[item].isChecked = checked && owner.List[item].isEnabled;
+    owner.List[item].isMeantWhole = owner.List[item].isChecked;
     owner.isChecked = allTicked(owner);
     stateChanged();
 }
@@ -105,8 +106,10 @@ void ToolsViewController::setGroupChecked(std::size_t group, bool checked)
     if (!canTick() || group >= m_availbleApp.size())
         return;
     ToolGroup& owner = m_availbleApp[group];
-    for (ToolItem& item : owner.List)
+    for (ToolItem& item : owner.List) {
         item.isChecked = checked && (item.isChecked || ticksWithOthers(item));
+        item.isMeantWhole = item.isMeantWhole && item.isChecked;
+    }
     owner.isChecked = allTicked(owner);
     stateChanged();
 }

@@ -76,36 +76,6 @@ TEST_F(PrivacyCommandTest, InventoryHasEveryListInJsonAndText)
     EXPECT_EQ(on({"inventory", "--kind", "nonsense"}).code, 2);
 }
 
-TEST_F(PrivacyCommandTest, InventoryTellsWhatStartsAndWhatItCouldNotRead)
-{
-    const std::string job = "<plist><dict><key>Label</key><string>a\x1b[31m</string>"
-                            "<key>Program</key><string>/tmp/.x/run</string></dict></plist>";
-    volume.file("/Users/bob/Library/LaunchAgents/b.plist", job);
-    volume.file("/Users/alice/Library/LaunchAgents/a.plist", job);
-    const std::vector<std::string> command{"inventory", "--kind", "start-up", "--volume",
-                                           volume.path()};
-    const auto everybody = run(command);
-    EXPECT_EQ(everybody.code, 0) << everybody.err;
-    EXPECT_THAT(everybody.out, HasSubstr("What starts by itself: 3\n"));
-    EXPECT_THAT(everybody.out, HasSubstr("    a\\x1b[31m\n      State: on\n      Whose: alice\n"
-                                         "      On the disk: missing, in a hidden folder\n"
-                                         "      Program: /tmp/.x/run\n"));
-    EXPECT_THAT(everybody.out, HasSubstr("Whose: bob"));
-
-    volume.file("/Users/alice/Library/LaunchAgents/c.plist", "broken");
-    const auto outcome = on({"inventory", "--kind", "start-up", "--format", "json"});
-    EXPECT_EQ(outcome.code, 1);
-    EXPECT_THAT(outcome.err,
-                HasSubstr("not understood: /Users/alice/Library/LaunchAgents/c.plist: "));
-    const json document = json::parse(outcome.out);
-    EXPECT_EQ(document.size(), 2U);
-    ASSERT_EQ(document["startUp"].size(), 2U); // one of the whole Mac, one of alice
-    EXPECT_EQ(document["startUp"][1]["path"], "/tmp/.x/run");
-    EXPECT_EQ(document["startUp"][1]["user"], "alice");
-    EXPECT_EQ(document["startUp"][1]["whereabouts"], "missing");
-    EXPECT_EQ(document["factSources"][2]["state"], "not understood");
-}
-
 TEST_F(PrivacyCommandTest, ListTellsGroupsItemsAndPaths)
 {
     const auto outcome = on({"privacy", "list", "--format", "json"});
@@ -217,11 +187,66 @@ TEST_F(PrivacyCommandTest, ClearShowsAsksRemovesAndTellsWhatStayed)
     group.groups = {"Netscape"};
     EXPECT_THAT(clear(group).err, HasSubstr("there is no group \"Netscape\""));
 
+    // What is dear in an item that is not: left out with its group, cleared by its own name.
+    const std::string profile =
+        "/Users/alice/Library/Application Support/Firefox/Profiles/a.default/";
+    for (const char* file : {"cert8.db", "formhistory.sqlite"})
+        volume.file(profile + file, std::string(5000, 'x'));
+    group = {{}, false, true, "json"};
+    group.groups = {"Firefox"};
+    const auto firefox = clear(group);
+    EXPECT_EQ(json::parse(firefox.out)["items"][0]["gone"][0]["path"],
+              profile + "formhistory.sqlite");
+    EXPECT_THAT(firefox.err, HasSubstr(profile + "cert8.db (--item \"Firefox/Local Storage\""));
+    EXPECT_TRUE(volume.contains(profile + "cert8.db"));
+    EXPECT_EQ(clear({{"Firefox/Local Storage"}, false, true, "text"}).code, 0);
+    EXPECT_FALSE(volume.contains(profile + "cert8.db"));
+
     volume.file(cookies, "again");
     EXPECT_EQ(on({"privacy", "clear", "--item", both[0], "--dry-run"}).code, 0);
     EXPECT_EQ(on({"privacy", "clear", "--item", both[0], both[1], "--yes"}).code, 0);
     EXPECT_FALSE(volume.contains(cookies));
     EXPECT_EQ(on({"privacy", "clear", "--yes"}).code, 2);
+}
+
+/// Of several users each is named who has less to clear; the journal keeps what went, by item.
+TEST_F(PrivacyCommandTest, ClearNamesTheUserWhoLacksAnItem)
+{
+    const std::string cookies = chrome + "/Default/Cookies";
+    volume.file("/Users/bob/Library/Logs/b.log", std::string(3000, 'x'));
+    volume.file("/Users/bob/Library/Safari/History.db", std::string(3000, 'x'));
+    const auto both = [&](std::vector<std::string> items) {
+        std::vector<std::string> arguments{"privacy", "clear",    "--yes",       "--format",
+                                           "json",    "--volume", volume.path(), "--user",
+                                           "alice",   "--user",   "bob"};
+        for (const std::string& item : items)
+            arguments.insert(arguments.end(), {"--item", item});
+        return run(arguments);
+    };
+    EXPECT_THAT(both({"Chrome/Nothing"}).err, HasSubstr("there is no item \"Chrome/Nothing\""));
+    const auto outcome = both({"Chrome/Cookies (A\\nB)", "System/System Log Files"});
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_THAT(outcome.err, HasSubstr("bob has no item \"Chrome/Cookies (A"));
+    EXPECT_THAT(outcome.err, testing::Not(HasSubstr("alice has no")));
+    std::map<std::string, std::int64_t> freed, kept;
+    const json went = json::parse(outcome.out);
+    for (const json& item : went["items"])
+        freed[item["user"].get<std::string>() + " " + item["item"].get<std::string>()] =
+            item["bytes"];
+    EXPECT_EQ(freed.size(), 3U);
+    EXPECT_GT(freed["bob System Log Files"], 0);
+    EXPECT_FALSE(volume.contains("/Users/bob/Library/Logs/b.log"));
+    EXPECT_TRUE(volume.contains("/Users/bob/Library/Safari/History.db"));
+    std::stringstream journal(contentOf(data.hostPath("Removals.jsonl")));
+    std::int64_t total = 0;
+    for (std::string line; std::getline(journal, line);) {
+        const json entry = json::parse(line);
+        if (entry.contains("outcome") && entry.contains("purpose"))
+            kept[entry["purpose"]] += entry["bytes"].get<std::int64_t>();
+    }
+    for (const auto& [item, bytes] : freed)
+        total += bytes;
+    EXPECT_EQ(kept["Chrome/Cookies (A\\nB)"] + kept["System/System Log Files"], total);
 }
 
 } // namespace pryvane::test

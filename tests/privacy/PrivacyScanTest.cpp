@@ -227,7 +227,7 @@ TEST_F(PrivacyScanTest, EveryItemListsMeasuresAndRemovesItsFilesAndNoOthers)
         EXPECT_GT(item->bytes, 0);
         EXPECT_TRUE(item->isEnabled);
 
-        item->isChecked = true;
+        item->isChecked = item->isMeantWhole = true;
         const StopFlag never;
         const auto preview = previewCleaning(selectedRows(groups), {}, disk(), remover(), never);
         EXPECT_EQ(preview.totals().bytes, bytes);
@@ -503,6 +503,38 @@ TEST_F(PrivacyScanTest, APreviewNamesBrowsersCountsOnceAndCanBeUnticked)
     EXPECT_EQ(outcome.items[0].item, "Browser Caches");
     EXPECT_EQ(outcome.items[0].bytes, outcome.bytesRemoved);
     EXPECT_EQ(outcome.items[0].user, "alice");
+}
+
+/// However much a folder holds, what takes most of it is seen first and can be left out.
+TEST_F(PrivacyScanTest, OfWhatAFolderHoldsTheLargestComesFirst)
+{
+    for (int i = 0; i < 50; ++i)
+        volume.file(kHome + "/.Trash/small " + std::to_string(i), "x");
+    volume.file(kHome + "/.Trash/large", std::string(900'000, 'x'));
+    volume.file(kHome + "/.Trash/m/deep/larger", std::string(2'000'000, 'x'));
+    sync();
+    auto groups = privacyGroups();
+    find(groups, {"System", "Trash Files", {}})->isChecked = true;
+    const StopFlag never;
+    auto preview = previewCleaning(selectedRows(groups), {}, disk(), remover(), never);
+    ASSERT_EQ(preview.rows.size(), 52U);
+    EXPECT_EQ(preview.rows[0].location.url.absolutePath(), kHome + "/.Trash/m");
+    EXPECT_EQ(preview.rows[1].location.url.absolutePath(), kHome + "/.Trash/large");
+    preview.rows[0].ticked = false;
+    EXPECT_TRUE(cleanSelected(preview, remover(), never).stayed.empty());
+    EXPECT_TRUE(volume.contains(kHome + "/.Trash/m/deep/larger"));
+    EXPECT_FALSE(volume.contains(kHome + "/.Trash/large"));
+    EXPECT_FALSE(volume.contains(kHome + "/.Trash/small 49"));
+
+    // Too much to be looked through is one row, which names what takes most.
+    volume.file(kHome + "/.Trash/large", std::string(900'000, 'x'));
+    for (int i = 0; i < 1001; ++i)
+        volume.file(kHome + "/.Trash/small " + std::to_string(i), "x");
+    sync();
+    disk().forgetListings();
+    preview = previewCleaning(selectedRows(groups), {}, disk(), remover(), never);
+    ASSERT_EQ(preview.rows.size(), 1U);
+    EXPECT_THAT(largestText(preview.rows[0]), testing::StartsWith("largest: m 2.0 MB, large "));
 }
 
 TEST_F(PrivacyScanTest, AStopTellsOnlyFinishedGroups)

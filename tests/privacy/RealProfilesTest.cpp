@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -201,6 +202,70 @@ TEST_F(RealProfilesTest, Firefox)
         filled(groups, "Firefox"),
         testing::IsSupersetOf({"Cookies", "LastSession", "User preferences", "Local Storage"}));
     EXPECT_THAT(filled(groups, "Browser_ext"), testing::Contains("Probe add-on v1.5"));
+}
+
+/// Two profiles of real Firefox, known from its own list alone: neither is called "default".
+TEST_F(RealProfilesTest, SeveralProfilesOfFirefox)
+{
+    const TemporaryFolder work;
+    work.file("/page.html", "<script>localStorage.a = 1; document.cookie = 'a=b'</script>page");
+    for (const char* profile : {"work", "play"}) {
+        if (!runs(work,
+                  "firefox-esr --headless --no-remote -CreateProfile " + std::string(profile)) ||
+            !runs(work, "firefox-esr --headless --no-remote -P " + std::string(profile) +
+                            " --screenshot $PWD/shot.png file://$PWD/page.html"))
+            GTEST_SKIP() << "firefox-esr is not installed or does not run here";
+    }
+    const std::string support = kHome + "/Library/Application Support/Firefox";
+    const std::string shell = "set -e; list=$(find '" + work.path() +
+                              "/home' -name profiles.ini); cd \"$(dirname \"$list\")\"; to='" +
+                              volume.hostPath(support) +
+                              "'; mkdir -p \"$to/Profiles\"; cp -a *.work *.play \"$to/Profiles\"; "
+                              "sed 's,^Path=,Path=Profiles/,' profiles.ini > \"$to/profiles.ini\"; "
+                              "sync";
+    ASSERT_EQ(std::system(shell.c_str()), 0);
+    std::vector<std::string> folders;
+    for (const FolderEntry& entry : disk().list(FileURL::fileURLWithPath(kFirefoxFolder)).entries)
+        folders.push_back(kFirefoxFolder + "/" + entry.name);
+    ASSERT_EQ(folders.size(), 2U);
+
+    const std::pair<const char*, std::vector<std::string>> items[] = {
+        {"Cookies",
+         {"cookies.sqlite", "cookies.sqlite-wal", "cookies.sqlite-shm", "webappsstore.sqlite",
+          "webappsstore.sqlite-wal", "webappsstore.sqlite-shm"}},
+        {"Login Data", {"logins.json", "logins-backup.json", "key3.db", "key4.db"}},
+        {"LastSession",
+         {"sessionstore-backups", "sessionCheckpoints.json", "sessionstore.bak",
+          "sessionstore.jsonlz4", "sessionstore.js"}},
+        {"User preferences", {"user.js", "xulstore.json", "prefs.js"}},
+        {"Favicons", {"favicons.sqlite", "favicons.sqlite-wal", "favicons.sqlite-shm"}},
+        {"History, Downloads and Bookmarks",
+         {"places.sqlite", "places.sqlite-wal", "places.sqlite-shm"}},
+        {"Local Storage",
+         {"formhistory.sqlite", "persdict.dat", "search.sqlite", "permissions.sqlite",
+          "content-prefs.sqlite", "cert8.db", "secmod.db", "searchplugins", "mimeTypes.rdf",
+          "formhistory.sqlite-wal", "formhistory.sqlite-shm", "content-prefs.sqlite-wal",
+          "content-prefs.sqlite-shm", "storage/temporary"}},
+    };
+    const auto groups = privacyGroups();
+    static_cast<void>(filled(groups, "Firefox")); // every item's size is that of its files
+    const auto firefox = std::ranges::find(groups, "Firefox", &ToolGroup::Name);
+    ASSERT_NE(firefox, groups.end());
+    std::size_t found = 0;
+    for (const auto& [name, files] : items) {
+        std::vector<std::string> there, listed;
+        for (const std::string& folder : folders)
+            for (const std::string& file : files)
+                if (volume.contains(folder + "/" + file))
+                    there.push_back(folder + "/" + file);
+        found += there.size();
+        for (const ToolItem& item : firefox->List)
+            for (const ToolLocation& location : item.AllList)
+                if (item.NameText == name)
+                    listed.push_back(location.url.absolutePath());
+        EXPECT_THAT(listed, testing::UnorderedElementsAreArray(there)) << name;
+    }
+    EXPECT_GT(found, 15U) << "no longer laid out as real ones are";
 }
 
 } // namespace pryvane::test

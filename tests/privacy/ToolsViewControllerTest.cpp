@@ -7,6 +7,11 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
 namespace pryvane::test {
 
 namespace {
@@ -51,6 +56,30 @@ protected:
     ScriptedAlerts alerts;
     FakeWorkspace workspace;
     std::unique_ptr<ToolsViewController> controller;
+};
+
+/// Works at the same time, until its end.
+class OtherTool {
+public:
+    template <typename Work>
+    explicit OtherTool(Work work)
+        : m_thread([this, work] {
+              for (int i = 0; !m_done; ++i)
+                  work(i);
+          })
+    {
+    }
+    ~OtherTool() { end(); }
+    void end()
+    {
+        m_done = true;
+        if (m_thread.joinable())
+            m_thread.join();
+    }
+
+private:
+    std::atomic<bool> m_done{false};
+    std::thread m_thread;
 };
 
 } // namespace
@@ -144,13 +173,20 @@ TEST_F(ToolsViewControllerTest, AGroupsBoxTicksNothingThatIsDear)
             dear.push_back(folder + "/Default/" + file);
         for (const char* file : {"Cookies", "History", "Network/Cookies", "Sessions/Tabs_1"})
             cheap.push_back(folder + "/Default/" + file);
+        for (const char* neighbour : {"Cookies~", "~History", "Network/~Cookies", "Sessions~/1"})
+            dear.push_back(folder + "/Default/" + neighbour);
     }
     const std::string firefox = kFirefoxFolder + "/abc.default/";
-    for (const char* file : {"logins.json", "key3.db", "key4.db", "logins-backup.json", "prefs.js",
-                             "user.js", "xulstore.json", "places.sqlite", "places.sqlite-wal",
-                             "storage/default/moz-extension+++1/idb/vault.sqlite"})
+    for (const char* file :
+         {"logins.json", "key3.db", "key4.db", "logins-backup.json", "prefs.js", "user.js",
+          "xulstore.json", "places.sqlite", "places.sqlite-wal", "cert8.db", "secmod.db",
+          "persdict.dat", "mimeTypes.rdf", "searchplugins/own.xml",
+          "storage/default/moz-extension+++1/idb/vault.sqlite"})
         dear.push_back(firefox + file);
     cheap.push_back(firefox + "cookies.sqlite");
+    cheap.push_back(firefox + "formhistory.sqlite");
+    dear.push_back(firefox + "cookies.sqlite~");
+    dear.push_back(safari + "History.db~");
     cheap.push_back(firefox + "storage/default/https+++example.org/ls/data.sqlite");
     for (const auto* files : {&dear, &cheap})
         for (const std::string& file : *files)
@@ -187,6 +223,59 @@ TEST_F(ToolsViewControllerTest, AGroupsBoxTicksNothingThatIsDear)
     EXPECT_THAT(named, ElementsAre("Login Data (One)", "User preferences (One)"));
     controller->leaveDearOut();
     EXPECT_EQ(controller->preview().totals().entries, 0U);
+}
+
+/// A second tool changes the profile all the time: nothing goes but what is listed, and all of that
+/// is told.
+TEST_F(ToolsViewControllerTest, LosesNothingElseWhileAnotherToolChangesTheProfile)
+{
+    const std::string profile = kChromeFolder + "/Default/";
+    volume.file(kChromeFolder + "/Local State",
+                R"({"profile":{"info_cache":{"Default":{"name":"One"}}}})");
+    const std::vector<std::string> kept{profile + "Login Data", profile + "Bookmarks",
+                                        profile + "Preferences", profile + "Sync Data/db"};
+    for (const std::string& file : kept)
+        volume.file(file, "kept");
+    OtherTool other([&](int i) {
+        const std::string number = std::to_string(i % 7);
+        const std::string sessions = profile + "Sessions";
+        std::ofstream(volume.hostPath(profile + "Cookies")) << std::string(5000, 'x');
+        std::error_code gone;
+        std::filesystem::create_directories(volume.hostPath(sessions), gone);
+        std::ofstream(volume.hostPath(sessions + "/Tabs_" + number)) << "x";
+        std::filesystem::create_directories(volume.hostPath(profile + "Code Cache/js"), gone);
+        std::ofstream(volume.hostPath(profile + "Code Cache/js/" + number)) << "x";
+        std::filesystem::rename(volume.hostPath(sessions),
+                                volume.hostPath(profile + "Sync Data/moved" + number), gone);
+        std::filesystem::rename(volume.hostPath(profile + "Cookies"),
+                                volume.hostPath(profile + "Cookies.old"), gone);
+    });
+    std::uint64_t removed = 0;
+    for (int round = 0; round < 30; ++round) {
+        makeController();
+        for (std::size_t group = 0; group < controller->availbleApp().size(); ++group)
+            controller->setGroupChecked(group, true);
+        controller->previewSelected();
+        if (controller->state() != State::Looking || !reaches(State::Previewing))
+            continue;
+        const auto& rows = controller->preview().rows;
+        const auto going = static_cast<std::size_t>(
+            std::ranges::count_if(rows, [](const CleaningRow& row) { return row.willGo(); }));
+        alerts.answer(kAlertFirstButton);
+        controller->cleanAndReloadData();
+        ASSERT_TRUE(reaches(State::Scanning));
+        std::size_t told = controller->outcome().stayed.size();
+        for (const CleanedItem& item : controller->outcome().items)
+            told += item.gone.size() + item.alreadyGone;
+        EXPECT_EQ(told, going);
+        removed += controller->outcome().entriesRemoved;
+        ASSERT_TRUE(reaches(State::Idle));
+    }
+    other.end();
+    for (const std::string& file : kept)
+        EXPECT_TRUE(volume.contains(file)) << file;
+    EXPECT_TRUE(volume.contains(profile + "Cookies.old"));
+    EXPECT_GT(removed, 0U) << "the race was not run";
 }
 
 TEST_F(ToolsViewControllerTest, MayBeScannedAnewAndDestroyedAtAnyMoment)

@@ -41,6 +41,8 @@ QString ItemsSource::explanation(int row) const
         words += ui::text(std::string(meaning));
     if (about.cost == Cost::Dear)
         words += QObject::tr("Cannot be had back, so it is ticked by itself only.");
+    else if (std::ranges::any_of(about.AllList, &ToolLocation::isDear))
+        words += QObject::tr("What of it cannot be had back stays when it is ticked with others.");
     if (!about.notSeen.empty())
         words += QObject::tr("Not all of it could be looked at: %1.")
                      .arg(ui::text(forScreen(about.notSeen)));

@@ -17,7 +17,10 @@ ui::Cell noteCell(const CleaningRow& row)
 {
     if (!row.blockedBy.empty())
         return hindranceCell(QObject::tr("%1 is running").arg(ui::text(forScreen(row.blockedBy))));
-    return forecastCell(row.forecast, QObject::tr("can be cleared"));
+    ui::Cell cell = forecastCell(row.forecast, QObject::tr("can be cleared"));
+    if (!row.largest.empty())
+        cell.text += QStringLiteral(", ") + ui::text(forScreen(largestText(row)));
+    return cell;
 }
 
 /// "Chrome: Cookies (Alice)"

@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "core/Texts.h"
 #include "privacy/views/CleaningPreviewSheet.h"
+#include "privacy/views/ClearedSheet.h"
 #include "privacy/views/GroupList.h"
 #include "privacy/views/ToolsStatus.h"
 #include "ui/Labels.h"
@@ -58,6 +59,7 @@ PrivacyPane::PrivacyPane(ToolsViewController& controller, QWidget* parent)
             showItems();
     });
     connect(m_groups, &GroupList::chosenChanged, this, &PrivacyPane::showItems);
+    connect(m_status, &ToolsStatus::clearedWanted, this, &PrivacyPane::showCleared);
     connect(m_status, &ToolsStatus::leftOversWanted, this, &PrivacyPane::showLeftOvers);
     showState();
 }
@@ -155,6 +157,11 @@ void PrivacyPane::openPreview(bool listed)
     using Listing = CleaningPreviewSheet::Listing;
     (new CleaningPreviewSheet(this, m_controller, listed ? Listing::Open : Listing::OnRequest))
         ->present();
+}
+
+void PrivacyPane::showCleared()
+{
+    (new ClearedSheet(this, m_controller.outcome().items))->present();
 }
 
 void PrivacyPane::showLeftOvers()

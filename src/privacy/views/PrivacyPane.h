@@ -34,6 +34,7 @@ private:
     void showItems();
     void explain(int row);
     void openPreview(bool listed);
+    void showCleared();
     void showLeftOvers();
 
     ToolsViewController& m_controller;

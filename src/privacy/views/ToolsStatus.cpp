@@ -36,6 +36,7 @@ ToolsStatus::ToolsStatus(ToolsViewController& controller, QWidget* parent)
       m_bar(new QProgressBar), m_stop(makeButton(tr("Stop"), "stopMeasuring")),
       m_measure(makeButton(tr("Measure again"), "measure")), m_outcome(new QWidget),
       m_outcomeIcon(new QLabel), m_outcomeText(ui::makeLabel(ui::TextRole::Body)),
+      m_cleared(makeButton(tr("What went…"), "showCleared")),
       m_leftOvers(makeButton(tr("What stayed…"), "showLeftOvers"))
 {
     m_statement->setObjectName(QStringLiteral("statement"));
@@ -53,6 +54,7 @@ ToolsStatus::ToolsStatus(ToolsViewController& controller, QWidget* parent)
     connect(m_stop, &QPushButton::clicked, this, [this] { m_controller.stop(); });
     connect(m_measure, &QPushButton::clicked, this,
             [this] { m_controller.resetAndAddavailbleApplications(); });
+    connect(m_cleared, &QPushButton::clicked, this, &ToolsStatus::clearedWanted);
     connect(m_leftOvers, &QPushButton::clicked, this, &ToolsStatus::leftOversWanted);
     ui::listen(m_controller.stateChanged, this, [this] {
         // The one that ends a clearing; it is followed by a scan at once.
@@ -82,6 +84,7 @@ void ToolsStatus::layOut()
     done->setSpacing(ui::kRelated);
     done->addWidget(m_outcomeIcon);
     done->addWidget(m_outcomeText, 1);
+    done->addWidget(m_cleared);
     done->addWidget(m_leftOvers);
     QSizePolicy kept = m_bar->sizePolicy();
     kept.setRetainSizeWhenHidden(true);
@@ -182,6 +185,7 @@ void ToolsStatus::showOutcome()
                  tr("%1 stayed.")
                      .arg(ui::text(countedText(outcome.stayed.size(), "location", "locations")));
     m_outcomeText->setText(words);
+    m_cleared->setVisible(outcome.entriesRemoved > 0);
     m_leftOvers->setVisible(!whole);
     m_outcome->show();
     QAccessibleEvent told(m_outcomeText, QAccessible::Alert);

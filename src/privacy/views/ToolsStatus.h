@@ -22,6 +22,7 @@ public:
     void showState();
 
 Q_SIGNALS:
+    void clearedWanted();
     void leftOversWanted();
 
 private:
@@ -39,6 +40,7 @@ private:
     QWidget* m_outcome;
     QLabel* m_outcomeIcon;
     QLabel* m_outcomeText;
+    QPushButton* m_cleared;
     QPushButton* m_leftOvers;
     QTimer m_clock; ///< looks at the progress while something is measured
     bool m_wasCleaning = false;
