@@ -16,7 +16,7 @@
 namespace pryvane::cli {
 
 /// Exit codes, the same for every command and format.
-enum ExitCode : int { kDone = 0, kFindings = 1, kFailed = 2, kInterrupted = 130 };
+enum ExitCode : int { kDone = 0, kFindings = 1, kFailed = 2, kIncomplete = 3, kInterrupted = 130 };
 
 /// The streams and facts of the terminal that a command works with.
 struct Console {

@@ -231,16 +231,6 @@ bool asksForOneHome(const InventoryArguments& arguments)
                        [&](const Kind& kind) { return isWanted(arguments, kind.name); });
 }
 
-std::vector<FactHome> factHomesFor(Host& host, const InventoryArguments& arguments)
-{
-    if (arguments.volume.users.empty())
-        return factHomes(host.disk());
-    std::vector<FactHome> homes;
-    for (const std::string& user : host.homes().users)
-        homes.push_back({user, homePath(user)});
-    return homes;
-}
-
 int runInventory(const InventoryArguments& arguments, const Console& console)
 {
     auto host = Host::open(console, arguments.volume, StoreUse::None);
@@ -265,8 +255,9 @@ int runInventory(const InventoryArguments& arguments, const Console& console)
                 whole = whole && scan.whole();
             }
             if (factKinds.any())
-                facts = gatherFacts((*host)->disk(), factHomesFor(**host, arguments), factKinds,
-                                    console.interrupted);
+                facts = gatherFacts((*host)->disk(),
+                                    factHomes((*host)->disk(), UserChoice(arguments.volume.users)),
+                                    factKinds, console.interrupted);
         });
     if (console.interrupted.requested()) {
         console.say("interrupted; nothing was listed");
@@ -287,7 +278,9 @@ int runInventory(const InventoryArguments& arguments, const Console& console)
             "data than any browser makes, and what goes beyond was left out");
         return kFindings;
     }
-    return factsAreWhole ? kDone : kFindings;
+    // Who asks for all that there is asked for the lists that hardly any account may read whole,
+    // too.
+    return factsAreWhole || arguments.kinds.empty() ? kDone : kIncomplete;
 }
 
 } // namespace
@@ -315,7 +308,9 @@ void addInventoryCommand(CommandLine& line, CLI::App& app)
         ->type_name("FORMAT");
     command->footer("Example: pryvane-cli inventory --kind permissions --volume /mnt/mac\n\n"
                     "Permissions, start-up and remote access are told for every home of the disk, "
-                    "or for the --user that is named. \"~\" is each home, \"*\" any name, and the "
+                    "or for the --user that is named. Where one of them is asked for by name and "
+                    "could not be read whole, the command ends with 3. \"~\" is each home, \"*\" "
+                    "any name, and the "
                     "numbers are versions of macOS.\n" +
                     factSourcesText());
 }

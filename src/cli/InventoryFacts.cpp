@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <ostream>
 
 namespace pryvane::cli {
@@ -75,6 +76,66 @@ bool sayUnreadSources(const Console& console, const Facts& facts)
                     forTerminal(note.reason));
     }
     return whole;
+}
+
+ReportAppendix factsAppendix(FileSystem& disk, const UserChoice& whose, const StopFlag& stop)
+{
+    constexpr std::size_t kMostRows = 10'000; // of one list on a page
+    const Facts facts = gatherFacts(disk, factHomes(disk, whose), FactKinds::all(), stop);
+    ReportAppendix appendix;
+    appendix.title = "What this disk says of itself";
+    appendix.introduction =
+        "Facts as the disk's own files had them when this was written. They are no findings: "
+        "nothing here is judged.";
+    for (const FactKind kind : kAllKinds) {
+        const FactTable table = factTable(facts, kind);
+        ReportAppendix::List list;
+        list.title = words(kind).title;
+        list.columns.assign(table.columns.begin(), table.columns.end());
+        std::optional<std::size_t> group;
+        for (std::size_t i = 0; i < std::min(table.rows.size(), kMostRows); ++i) {
+            const FactRow& row = table.rows[i];
+            if (group != row.group) {
+                group = row.group;
+                const GroupWords& about = table.groups[row.group];
+                list.groups.push_back({about.title, about.meaning, {}});
+            }
+            list.groups.back().rows.push_back({row.cells});
+        }
+        if (table.rows.size() > kMostRows)
+            appendix.missing.push_back(list.title + ": " +
+                                       std::to_string(table.rows.size() - kMostRows) +
+                                       " more; pryvane-cli inventory lists all");
+        appendix.lists.push_back(std::move(list));
+    }
+    for (const SourceNote& note : facts.sources)
+        if (note.state != SourceNote::State::Read)
+            appendix.missing.push_back(note.path + ": " + stateText(note.state) + ", " +
+                                       note.reason);
+    if (!facts.whole)
+        appendix.missing.emplace_back("This disk holds more than any Mac's: not all is listed.");
+    auto document = nlohmann::ordered_json::object();
+    addFactsJson(document, facts, FactKinds::all());
+    appendix.json = document.dump();
+    return appendix;
+}
+
+void printAppendix(const Console& console, const ReportAppendix& appendix)
+{
+    console.out << "\n" << appendix.title << "\n" << appendix.introduction << "\n";
+    for (const ReportAppendix::List& list : appendix.lists) {
+        console.out << "\n" << list.title << "\n";
+        for (const ReportAppendix::Group& group : list.groups) {
+            console.out << "  " << group.title << "\n";
+            for (const ReportAppendix::Row& row : group.rows) {
+                console.out << "    " << forTerminal(row.cells.front()) << "\n";
+                for (const std::string& detail : detailsOf(list, row))
+                    console.out << "      " << forTerminal(detail) << "\n";
+            }
+        }
+    }
+    for (const std::string& missing : appendix.missing)
+        console.say("the facts are not whole: " + forTerminal(missing));
 }
 
 std::string factSourcesText()

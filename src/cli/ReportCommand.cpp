@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/Host.h"
+#include "cli/InventoryFacts.h"
 #include "cli/ReportText.h"
 #include "core/Escape.h"
 #include "removal/disk/RemovalJournalFile.h"
@@ -27,6 +28,7 @@ struct ReportArguments {
     std::string file;
     std::string printer;
     bool yes = false;
+    bool facts = false;
 };
 
 using Arguments = std::shared_ptr<ReportArguments>;
@@ -168,17 +170,40 @@ int showReport(const ReportArguments& arguments, const Console& console)
     return withReport(console, arguments, show);
 }
 
+/// The facts of the report's own disk, where they are wanted. The error says why that disk cannot
+/// be asked: another one's would stand there as if they were its own.
+Result<std::optional<ReportAppendix>> wantedFacts(const ReportArguments& arguments, Host& host,
+                                                  const SpywareScanReport& report,
+                                                  const Console& console)
+{
+    if (!arguments.facts)
+        return std::optional<ReportAppendix>();
+    if (const auto why = whyNotAsked(report, host.disk().identity()); !why.empty())
+        return Error{std::string(why) +
+                     ", so its facts cannot be read; name its volume with --volume DIR, or leave "
+                     "--facts out"};
+    return std::optional(
+        factsAppendix(host.disk(), UserChoice(report.subject.users), console.interrupted));
+}
+
 int exportReport(const ReportArguments& arguments, const Console& console)
 {
+    if (arguments.facts && arguments.format == "csv")
+        return console.fail("a table of findings has no room for facts; --facts goes with html "
+                            "and json");
     return withReport(console, arguments,
                       [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
+                          const auto facts = wantedFacts(arguments, host, report, console);
+                          if (!facts)
+                              return console.fail(facts.error().message);
+                          const ReportAppendix* const appendix = *facts ? &**facts : nullptr;
                           sayWhatIsNotKnown(console, host, report);
                           if (arguments.format == "csv")
                               console.out << reportAsCsv(report);
                           else if (arguments.format == "html")
-                              console.out << reportAsHtml(report);
+                              console.out << reportAsHtml(report, appendix);
                           else
-                              console.out << reportAsJson(report);
+                              console.out << reportAsJson(report, appendix);
                           return int{kDone};
                       });
 }
@@ -186,7 +211,11 @@ int exportReport(const ReportArguments& arguments, const Console& console)
 int writePdf(const ReportArguments& arguments, const Console& console)
 {
     const auto write = [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
-        const auto written = host.pdf().createPDF(report, arguments.file);
+        const auto facts = wantedFacts(arguments, host, report, console);
+        if (!facts)
+            return console.fail(facts.error().message);
+        const auto written =
+            host.pdf().createPDF(report, arguments.file, *facts ? &**facts : nullptr);
         if (!written)
             return console.fail(written.error().message);
         sayWhatIsNotKnown(console, host, report);
@@ -305,12 +334,14 @@ void addReportCommand(CommandLine& line, CLI::App& app)
     exported->add_option("--format", arguments->format, "json, csv or html")
         ->check(CLI::IsMember({"json", "csv", "html"}))
         ->type_name("FORMAT");
+    exported->add_flag("--facts", arguments->facts, kFactsHelp);
 
     CLI::App* pdf =
         addOne(line, *parent, "pdf", "One report as a PDF document", writePdf, arguments);
     addId(*pdf, arguments->id);
     pdf->add_option("FILE", arguments->file, "Where to write it; an older file is replaced")
         ->required();
+    pdf->add_flag("--facts", arguments->facts, kFactsHelp);
 
     CLI::App* printed =
         addOne(line, *parent, "print", "One report on paper", printReport, arguments);

@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/Host.h"
+#include "cli/InventoryFacts.h"
 #include "cli/ReportText.h"
 #include "core/Escape.h"
 #include "core/Result.h"
@@ -34,6 +35,7 @@ struct ScanArguments {
     bool noStore = false;
     std::string format = "text";
     std::string pdf;
+    bool facts = false;
 };
 
 /// One scan from start to report, on this thread's queue.
@@ -122,11 +124,11 @@ Result<Done> mayWriteDocument(const std::string& path)
 
 /// The document, where one is wanted; false where it could not be written, which has been said.
 bool writeDocument(const Console& console, Host& host, const ScanArguments& arguments,
-                   const SpywareScanReport& report)
+                   const SpywareScanReport& report, const ReportAppendix* facts)
 {
     if (arguments.pdf.empty())
         return true;
-    const auto written = host.pdf().createPDF(report, arguments.pdf);
+    const auto written = host.pdf().createPDF(report, arguments.pdf, facts);
     if (!written)
         console.fail(written.error().message);
     return written.ok();
@@ -155,11 +157,17 @@ int runScan(const ScanArguments& arguments, const Console& console)
     const bool kept = madeReport && !arguments.noStore && !lost;
     // However a scan ends, what it found by then is told, and in the same form.
     const auto report = scan.controller().reportForShowing();
+    std::optional<ReportAppendix> facts;
+    if (arguments.facts && finished)
+        facts = factsAppendix((*host)->disk(), (*host)->whose(), console.interrupted);
     if (arguments.format == "json")
-        console.out << reportAsJson(*report);
+        console.out << reportAsJson(*report, facts ? &*facts : nullptr);
     else
         writeText(console, *report, (*host)->disk().names(), kept);
-    const bool written = writeDocument(console, **host, arguments, *report);
+    if (facts && arguments.format != "json")
+        printAppendix(console, *facts);
+    const bool written =
+        writeDocument(console, **host, arguments, *report, facts ? &*facts : nullptr);
     if (!scan.controller().givenUp().empty())
         return console.fail("the scan was given up: " + scan.controller().givenUp());
     if (!finished) {
@@ -214,6 +222,7 @@ void addScanCommand(CommandLine& line, CLI::App& app)
         ->type_name("FORMAT");
     command->add_option("--pdf", arguments->pdf, "Write the report as a PDF document as well")
         ->type_name("FILE");
+    command->add_flag("--facts", arguments->facts, kFactsHelp);
     command->footer(
         "Exit code: 0 clean, 1 findings or an application that bears a known name, 2 error,\n"
         "3 nothing found but not everything could be looked at, 130 interrupted.\n"

@@ -9,6 +9,7 @@
 #include "inventory/facts/FactTable.h"
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -57,22 +58,27 @@ private:
         bool isRead = false;
         FactTable table;
         std::vector<std::string> troubles;
-        std::string json;
+        std::shared_ptr<const Facts> facts;
     };
+    /// Shown here and written elsewhere at the same time, and changed by nobody.
+    using SharedList = std::shared_ptr<const List>;
 
     [[nodiscard]] const List& at(FactKind kind) const
     {
-        return m_lists[static_cast<std::size_t>(kind)];
+        return *m_lists[static_cast<std::size_t>(kind)];
     }
-    [[nodiscard]] static List listOf(const Facts& facts, FactKind kind);
+    [[nodiscard]] static SharedList listOf(const std::shared_ptr<const Facts>& facts,
+                                           FactKind kind);
+    [[nodiscard]] static std::string textOf(const List& list, FactKind kind, FactsFormat format);
+    void forget();
     void read();
-    void take(FactKind kind, List list);
+    void take(FactKind kind, SharedList list);
     void ended();
 
     FileSystem& m_disk;
     bool m_hasAppeared = false;
     bool m_isGathering = false;
-    std::array<List, 3> m_lists;
+    std::array<SharedList, 3> m_lists;
     std::vector<std::string> m_users;
     StopFlag m_stop;
     BoundQueue m_later;

@@ -157,14 +157,56 @@ void coverage(std::string& page, const ScanCoverage& coverage)
     }
 }
 
+void appendixList(std::string& page, const ReportAppendix::List& list)
+{
+    element(page, "h2", list.title);
+    page += '\n';
+    if (list.groups.empty())
+        page += "<p>Nothing of this was found in the places that were read.</p>\n";
+    for (const ReportAppendix::Group& group : list.groups) {
+        element(page, "h3", group.title);
+        page += '\n';
+        element(page, "p", group.meaning);
+        page += "\n<ul>\n";
+        for (const ReportAppendix::Row& row : group.rows) {
+            page += "<li>";
+            element(page, "b", row.cells.front());
+            for (const std::string& detail : detailsOf(list, row)) {
+                page += "<br>";
+                element(page, "span", detail, "path");
+            }
+            page += "</li>\n";
+        }
+        page += "</ul>\n";
+    }
+}
+
+void appendixOf(std::string& page, const ReportAppendix& appendix)
+{
+    element(page, "h1", appendix.title);
+    page += '\n';
+    element(page, "p", appendix.introduction);
+    page += '\n';
+    for (const ReportAppendix::List& list : appendix.lists)
+        appendixList(page, list);
+    if (appendix.missing.empty())
+        return;
+    page += "<h2>What of this could not be read</h2>\n<ul>\n";
+    for (const std::string& missing : appendix.missing)
+        element(page, "li", missing), page += '\n';
+    page += "</ul>\n";
+}
+
 } // namespace
 
-std::string reportAsHtml(const SpywareScanReport& report)
+std::string reportAsHtml(const SpywareScanReport& report, const ReportAppendix* appendix)
 {
     std::string page(kHead);
     summary(page, report);
     findings(page, *report.spyWareList);
     coverage(page, report.coverage);
+    if (appendix)
+        appendixOf(page, *appendix);
     page += "</body>\n</html>\n";
     return page;
 }

@@ -99,13 +99,13 @@ Json coverageJson(const ScanCoverage& coverage)
 
 } // namespace
 
-std::string reportAsJson(const SpywareScanReport& report)
+std::string reportAsJson(const SpywareScanReport& report, const ReportAppendix* appendix)
 {
     Json list = Json::array();
     FindingRules rules;
     for (const auto& record : *report.spyWareList)
         list.push_back(recordJson(*record, rules.flaggedBy(*record)));
-    const Json json = {
+    Json json = {
         {"report",
          {
              {"reportId", forJson(report.reportId)},
@@ -122,6 +122,8 @@ std::string reportAsJson(const SpywareScanReport& report)
         {"subject", subjectJson(report.subject, report.volume)},
         {"coverage", coverageJson(report.coverage)},
     };
+    if (appendix)
+        json["facts"] = Json::parse(appendix->json);
     return json.dump(2) + "\n";
 }
 

@@ -1,12 +1,12 @@
 #include "inventory/facts/FactScan.h"
 
-#include "formats/Account.h"
+#include "findings/Homes.h"
 #include "inventory/facts/BackgroundItems.h"
+#include "inventory/facts/FactReferences.h"
 #include "inventory/facts/LaunchJobs.h"
 #include "inventory/facts/Permissions.h"
 #include "inventory/facts/SourceFiles.h"
 #include "inventory/facts/SystemFiles.h"
-#include "inventory/facts/Whereabouts.h"
 
 #include <algorithm>
 #include <set>
@@ -17,28 +17,26 @@ namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{128} * 1024 * 1024; ///< of all facts' texts
 
-[[nodiscard]] std::string_view lastName(std::string_view path)
-{
-    return path.substr(path.rfind('/') + 1);
-}
-
 /// What one run gathers: reads the sources in order, then looks where the programs are.
 class Gathering {
 public:
-    Gathering(FileSystem& disk, const std::vector<FactHome>& homes, const FactKinds& kinds,
+    Gathering(FileSystem& disk, const FactHomes& homes, const FactKinds& kinds,
               const StopFlag& stop)
-        : m_disk(disk), m_homes(homes), m_kinds(kinds), m_stop(stop), m_files(disk, stop, m_facts),
-          m_programs(disk)
+        : m_disk(disk), m_homes(homes), m_kinds(kinds), m_stop(stop), m_files(disk, stop, m_facts)
     {
     }
 
     [[nodiscard]] Facts take()
     {
+        noteHomes();
         for (const FactSource& source : factSources())
             if (isWanted(source) && !m_stop.requested())
                 readSource(source);
-        finishStartUp();
-        finishPermissions();
+        ProgramFinder programs(m_disk);
+        for (StartUpItem& item : m_facts.startUp)
+            m_references.complete(item, programs);
+        for (Permission& permission : m_facts.permissions)
+            m_references.complete(permission, programs);
         if (m_kinds.remoteAccess)
             addRemoteFacts();
         if (!m_kinds.startUp)
@@ -50,11 +48,17 @@ private:
     using State = SourceNote::State;
     using Found = SourceFiles::Found;
 
-    struct Switched {
-        std::string source;
-        std::string number; ///< of the account; empty: the whole Mac
-        std::map<std::string, bool, std::less<>> disabled;
-    };
+    /// What hides homes hides what is in them, whatever was asked for.
+    void noteHomes()
+    {
+        const std::pair<bool, FactKind> wanted[] = {{m_kinds.permissions, FactKind::Permissions},
+                                                    {m_kinds.startUp, FactKind::StartUp},
+                                                    {m_kinds.remoteAccess, FactKind::RemoteAccess}};
+        for (const auto& [isWanted, kind] : wanted)
+            for (const Refusal& refusal : m_homes.refused)
+                if (isWanted)
+                    m_facts.sources.push_back({refusal.path, kind, State::NotRead, refusal.reason});
+    }
 
     [[nodiscard]] bool isWanted(const FactSource& source) const
     {
@@ -74,7 +78,7 @@ private:
         if (source.reader == FactReader::ApplicationNames && !m_hasIdentifiers)
             return;
         std::vector<Found> files;
-        m_files.forEach(source, m_homes, [&](const Found& found) { files.push_back(found); });
+        m_files.forEach(source, m_homes.homes, [&](const Found& found) { files.push_back(found); });
         if (source.reader == FactReader::BackgroundItems)
             keepNewest(files);
         for (const Found& found : files) {
@@ -121,7 +125,7 @@ private:
         case FactReader::LaunchJob:
             return addJob(source, found, readLaunchJob(std::move(bytes)));
         case FactReader::DisabledJobs:
-            return addSwitched(source, found, readDisabledJobs(std::move(bytes)));
+            return addSwitchedJobs(source, found, readDisabledJobs(std::move(bytes)));
         case FactReader::BackgroundItems:
             return add(source, found, readBackgroundItems(std::move(bytes)), m_facts.startUp);
         case FactReader::LoginItems:
@@ -241,134 +245,34 @@ private:
         add(source, found, std::move(read), m_facts.startUp);
     }
 
-    void addApplication(const Found& found, const Result<ApplicationNames>& read)
-    {
-        if (!read || read->identifier.empty())
-            return;
-        const std::string_view bundle = applicationOf(found.path);
-        std::string name = read->name;
-        if (name.empty())
-            name = lastName(bundle.substr(0, bundle.size() - 4));
-        m_applications.try_emplace(read->identifier, std::string(bundle), std::move(name));
-    }
-
-    void addAccount(const FactSource& source, const Found& found, const Result<Account>& read)
+    void addAccount(const FactSource& source, const Found& found, Result<Account> read)
     {
         if (!read)
             return m_files.note(source, found.path, State::NotUnderstood, read.error().message);
-        m_accounts.push_back(*read);
+        m_references.addAccount(std::move(read).value());
     }
 
-    void addSwitched(const FactSource& source, const Found& found,
-                     Result<std::vector<std::pair<std::string, bool>>> read)
+    void addSwitchedJobs(const FactSource& source, const Found& found,
+                         Result<std::vector<std::pair<std::string, bool>>> read)
     {
         if (!read) {
-            m_switchedOffUnknown = true;
+            m_references.missSwitchedJobs();
             return m_files.note(source, found.path, State::NotUnderstood, read.error().message);
         }
         m_files.note(source, found.path, State::Read);
-        constexpr std::string_view kBefore = "disabled.";
-        constexpr std::string_view kAfter = ".plist";
-        Switched switched;
-        switched.source = found.path;
-        const std::string_view name = lastName(found.path);
-        if (name.starts_with(kBefore) && name.size() > kBefore.size() + kAfter.size())
-            switched.number =
-                name.substr(kBefore.size(), name.size() - kBefore.size() - kAfter.size());
-        for (auto& [label, off] : *read)
-            switched.disabled.insert_or_assign(std::move(label), off);
-        m_switched.push_back(std::move(switched));
+        m_references.addSwitchedJobs(found.path, std::move(read).value());
     }
 
-    [[nodiscard]] std::string userOfNumber(const std::string& number) const
+    void addApplication(const Found& found, const Result<ApplicationNames>& read)
     {
-        for (const Account& account : m_accounts)
-            if (account.uid && std::to_string(*account.uid) == number)
-                return account.name;
-        return "account " + number;
-    }
-
-    /// The lists of switched jobs have the last word over what a job says of itself.
-    void applySwitches(StartUpItem& item) const
-    {
-        if (item.kind != StartUpKind::LaunchAgent && item.kind != StartUpKind::LaunchDaemon)
-            return;
-        for (const Switched& switched : m_switched) {
-            const auto found = switched.disabled.find(item.label);
-            if (found == switched.disabled.end())
-                continue;
-            const OnOff state = found->second ? OnOff::Off : OnOff::On;
-            const std::string user =
-                switched.number.empty() ? std::string() : userOfNumber(switched.number);
-            if (user == item.origin.user)
-                item.state = state;
-            else if (item.origin.user.empty() && item.kind == StartUpKind::LaunchAgent)
-                item.when.push_back((found->second ? "switched off for " : "switched on for ") +
-                                    user);
-        }
-        if (item.state == OnOff::NotKnown && !m_switchedOffUnknown)
-            item.state = OnOff::On; // nothing switches it off
-    }
-
-    void finishStartUp()
-    {
-        for (StartUpItem& item : m_facts.startUp) {
-            if (item.kind == StartUpKind::BackgroundItem)
-                item.origin.user = userOfIdentifier(item.origin.user);
-            applySwitches(item);
-            std::string path = item.programText;
-            if (!path.empty() && !path.starts_with('/') && item.application.starts_with('/'))
-                path = item.application + "/" + path;
-            item.program = m_programs.find(path);
-            if (item.application.empty() && item.kind != StartUpKind::ShellFile)
-                item.application = applicationOf(path);
-        }
-    }
-
-    [[nodiscard]] std::string userOfIdentifier(const std::string& identifier) const
-    {
-        if (identifier == kSystemItems)
-            return {};
-        for (const Account& account : m_accounts)
-            if (!identifier.empty() && account.generatedUid == identifier)
-                return account.name;
-        return identifier;
-    }
-
-    void finishPermissions()
-    {
-        for (Permission& permission : m_facts.permissions) {
-            if (permission.clientIsPath) {
-                permission.program = m_programs.find(permission.client);
-                const std::string_view application = applicationOf(permission.client);
-                permission.name = lastName(application.empty() ? permission.client : application);
-                continue;
-            }
-            const auto known = m_applications.find(permission.client);
-            if (known == m_applications.end())
-                continue;
-            permission.name = known->second.second;
-            permission.program = m_programs.find(known->second.first);
-        }
+        if (read && !read->identifier.empty())
+            m_references.addApplication(found.path, *read);
     }
 
     void addRemoteFacts()
     {
-        for (const RemoteService& service : remoteServices()) {
-            RemoteFact fact;
-            fact.what = service.what;
-            fact.state = OnOff::NotKnown;
-            fact.detail = "the list of switched jobs does not say";
-            for (const Switched& switched : m_switched) {
-                const auto found = switched.disabled.find(service.label);
-                if (!switched.number.empty() || found == switched.disabled.end())
-                    continue;
-                fact.origin.source = switched.source;
-                fact.state = found->second ? OnOff::Off : OnOff::On;
-                fact.detail.clear();
-            }
+        for (RemoteFact& fact : m_references.remoteServiceFacts())
             push(m_facts.remoteAccess, std::move(fact));
-        }
         std::set<std::pair<std::string, std::string>> told;
         for (const StartUpItem& item : m_facts.startUp) {
             const std::string text = lowerAscii(item.label + "\n" + item.programText);
@@ -388,39 +292,31 @@ private:
     }
 
     FileSystem& m_disk;
-    const std::vector<FactHome>& m_homes;
+    const FactHomes& m_homes;
     const FactKinds m_kinds;
     const StopFlag& m_stop;
     Facts m_facts;
     SourceFiles m_files;
-    ProgramFinder m_programs;
-    std::map<std::string, std::pair<std::string, std::string>, std::less<>>
-        m_applications; ///< by identifier: bundle, name
-    std::vector<Account> m_accounts;
-    std::vector<Switched> m_switched;
-    bool m_switchedOffUnknown = false;
+    FactReferences m_references;
     bool m_hasIdentifiers = false;
     std::size_t m_bytes = 0;
 };
 
 } // namespace
 
-std::vector<FactHome> factHomes(FileSystem& disk)
+FactHomes factHomes(FileSystem& disk, const UserChoice& whose)
 {
     constexpr const char* kRoots = "/private/var/root";
-    std::vector<FactHome> homes;
-    std::vector<std::string> names = disk.homes();
-    std::sort(names.begin(), names.end());
-    for (std::string& name : names) {
-        std::string path = "/Users/" + name;
-        homes.push_back({std::move(name), std::move(path)});
-    }
-    if (disk.exists(FileURL::fileURLWithPath(kRoots)))
-        homes.push_back({"root", kRoots});
+    Homes settled = settledHomes(disk, whose);
+    FactHomes homes{{}, std::move(settled.refused)};
+    for (const std::string& user : settled.users)
+        homes.homes.push_back({user, homePath(user)});
+    if (whose.isEveryone() && disk.exists(FileURL::fileURLWithPath(kRoots)))
+        homes.homes.push_back({"root", kRoots});
     return homes;
 }
 
-Facts gatherFacts(FileSystem& disk, const std::vector<FactHome>& homes, const FactKinds& kinds,
+Facts gatherFacts(FileSystem& disk, const FactHomes& homes, const FactKinds& kinds,
                   const StopFlag& stop)
 {
     return Gathering(disk, homes, kinds, stop).take();

@@ -91,8 +91,11 @@ void FactsPage::showState()
 
 void FactsPage::showList()
 {
-    m_empty->setSentence(!m_controller.isRead(m_kind) ? tr("Reading what the disk says…")
-                         : m_source.count() > 0       ? tr("Nothing fits what was chosen above.")
+    m_empty->setSentence(!m_controller.isRead(m_kind)
+                             ? m_controller.isGathering()
+                                   ? tr("Reading what the disk says…")
+                                   : tr("This was not read. “Read again” tries once more.")
+                         : m_source.count() > 0 ? tr("Nothing fits what was chosen above.")
                          : !m_controller.troubles(m_kind).empty()
                              ? tr("Nothing could be listed: not all places could "
                                   "be read.")

@@ -179,7 +179,15 @@ void FactsView::exportList()
     dialog.setFileMode(QFileDialog::AnyFile);
     const QStringList filters = {tr("Text (*.txt)"), tr("JSON (*.json)"), tr("CSV (*.csv)")};
     dialog.setNameFilters(filters);
-    dialog.selectFile(QLatin1String(words(kind).option) + QStringLiteral(".txt"));
+    const QString name = QLatin1String(words(kind).option);
+    dialog.selectFile(name + QStringLiteral(".txt"));
+    dialog.setDefaultSuffix(QStringLiteral("txt"));
+    // Who chooses another form means the file's name, too.
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        const QString suffix = filter.section(QLatin1String("*."), 1).chopped(1);
+        dialog.setDefaultSuffix(suffix);
+        dialog.selectFile(name + QLatin1Char('.') + suffix);
+    });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     const QString file = dialog.selectedFiles().constFirst();

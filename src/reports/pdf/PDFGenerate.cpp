@@ -30,7 +30,8 @@ Result<std::string> PDFGenerate::createPDFFileFor(const SpywareScanReport& repor
     return path;
 }
 
-Result<Done> PDFGenerate::createPDF(const SpywareScanReport& report, const std::string& path)
+Result<Done> PDFGenerate::createPDF(const SpywareScanReport& report, const std::string& path,
+                                    const ReportAppendix* appendix)
 {
     const auto module = loadedModule<pdf::PainterModule>();
     if (!module)
@@ -38,7 +39,8 @@ Result<Done> PDFGenerate::createPDF(const SpywareScanReport& report, const std::
     const auto painter = (*module)->makePainter();
     if (!painter)
         return painter.error();
-    const auto texts = pdf::reportTexts(report, m_facts, m_disk, m_machine);
+    auto texts = pdf::reportTexts(report, m_facts, m_disk, m_machine);
+    texts.appendix = appendix;
     const auto document = (*painter)->paint(pdf::layOut(texts, **painter), {});
     if (!document)
         return document.error();

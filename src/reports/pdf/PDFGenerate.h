@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Result.h"
+#include "reports/ReportAppendix.h"
 #include "reports/SpywareScanReport.h"
 
 #include <string>
@@ -32,8 +33,9 @@ public:
     /// its host path. An older one is replaced only once the new one is whole.
     [[nodiscard]] Result<std::string> createPDFFileFor(const SpywareScanReport& report);
 
-    /// The same to a file of the caller's choice.
-    [[nodiscard]] Result<Done> createPDF(const SpywareScanReport& report, const std::string& path);
+    /// The same to a file of the caller's choice, with the appendix behind it where there is one.
+    [[nodiscard]] Result<Done> createPDF(const SpywareScanReport& report, const std::string& path,
+                                         const ReportAppendix* appendix = nullptr);
 
     /// The host path of "Report.PDF", whether it is there or not.
     [[nodiscard]] std::string reportFile() const;

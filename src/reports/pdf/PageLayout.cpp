@@ -25,6 +25,9 @@ constexpr double kMeasuredWidth = 220;
 constexpr float kMeasuredHeight = 1000;        // what is taller is not measured any further
 constexpr std::size_t kMeasuredBytes = 16'384; // more than a page holds of any script
 constexpr float kRowPadding = 16, kCellDrop = 8;
+constexpr Font kAppendixFont{FontRole::TitleBar, 17};
+constexpr float kParagraphGap = 4;
+constexpr double kIndent = 12;
 
 struct Column {
     double x, width;
@@ -65,6 +68,9 @@ private:
     void printRow(TableRow row, bool isHeader, float height);
     void cell(const Column& column, std::string text, Font font, float rowHeight);
     void verdict();
+    void appendix(const ReportAppendix& appendix);
+    void appendixGroup(const ReportAppendix::List& list, const ReportAppendix::Group& group);
+    void paragraph(std::string_view bytes, Font font, std::string_view bold, double indent);
     void closePage();
     void startPage();
 
@@ -114,6 +120,8 @@ std::vector<Page> ReportLayout::pages()
         printRow(std::move(row), false, height);
     }
     verdict();
+    if (m_texts.appendix)
+        appendix(*m_texts.appendix);
     closePage();
     return std::move(m_pages);
 }
@@ -259,6 +267,69 @@ void ReportLayout::verdict()
                .overflow = Overflow::Wraps,
                .roomWidth = kFrameWidth,
                .roomHeight = height});
+}
+
+/// What was asked for besides, from the top of a page on and without a table's frame.
+void ReportLayout::appendix(const ReportAppendix& appendix)
+{
+    closePage();
+    startPage();
+    paragraph(appendix.title, kAppendixFont, {}, 0);
+    paragraph(appendix.introduction, kRowFont, {}, 0);
+    for (const ReportAppendix::List& list : appendix.lists) {
+        lower(kRowPadding);
+        paragraph(list.title, kAppendixFont, {}, 0);
+        if (list.groups.empty())
+            paragraph("Nothing of this was found in the places that were read.", kRowFont, {}, 0);
+        for (const ReportAppendix::Group& group : list.groups)
+            appendixGroup(list, group);
+    }
+    if (appendix.missing.empty())
+        return;
+    lower(kRowPadding);
+    paragraph("What of this could not be read", kAppendixFont, {}, 0);
+    for (const std::string& missing : appendix.missing)
+        paragraph(missing, kRowFont, {}, kIndent);
+}
+
+void ReportLayout::appendixGroup(const ReportAppendix::List& list,
+                                 const ReportAppendix::Group& group)
+{
+    lower(kCellDrop);
+    paragraph({}, kHeaderFont, group.title, 0);
+    paragraph(group.meaning, kRowFont, {}, 0);
+    for (const ReportAppendix::Row& row : group.rows) {
+        std::string details;
+        for (const std::string& detail : detailsOf(list, row))
+            details += (details.empty() ? ". " : "; ") + detail;
+        paragraph(details, kRowFont, row.cells.front(), kIndent);
+    }
+}
+
+/// As many lines as it takes, on the page where they fit; `bold` stands in front.
+void ReportLayout::paragraph(std::string_view bytes, Font font, std::string_view bold,
+                             double indent)
+{
+    constexpr double kMost = kNextTop - kBottom - kRowPadding - 1;
+    std::string text = shown(wholeCharacters(bold, kMeasuredBytes / 2));
+    const std::size_t boldPrefix = text.size();
+    text += shown(wholeCharacters(bytes, kMeasuredBytes / 2));
+    const double width = kFrameWidth - indent;
+    // A bold face is wider, so that a line more may be needed.
+    const Font measured = boldPrefix > 0 ? Font{FontRole::TitleBar, font.size} : font;
+    const double height = std::min<double>(m_measure.height(text, measured, width), kMost);
+    if (!fits(float(height) + kParagraphGap)) {
+        closePage();
+        startPage();
+    }
+    add(TextOp{.text = std::move(text),
+               .rect = {kFrameX + indent, m_position - height - kParagraphGap, width, height},
+               .font = font,
+               .boldPrefix = boldPrefix,
+               .overflow = Overflow::Wraps,
+               .roomWidth = width,
+               .roomHeight = height});
+    lower(height + kParagraphGap);
 }
 
 void ReportLayout::closePage()

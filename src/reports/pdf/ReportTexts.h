@@ -1,5 +1,7 @@
 #pragma once
 
+#include "reports/ReportAppendix.h"
+
 #include <array>
 #include <string>
 #include <vector>
@@ -40,7 +42,8 @@ struct ReportTexts {
     std::string scanDate;
     std::array<std::array<Fact, 2>, 4> facts; ///< lines of a left and a right one
     std::vector<TableRow> rows;
-    std::string verdict; ///< stands below the table
+    std::string verdict;                      ///< stands below the table
+    const ReportAppendix* appendix = nullptr; ///< begins on a page of its own; none: not wanted
 };
 
 /// Asks the disk, each distinct location once, and the machine where its own disk was scanned.

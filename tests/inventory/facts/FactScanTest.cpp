@@ -60,7 +60,7 @@ protected:
     {
         disk = volumeAt(volume, NameMatching::AsOnMac);
         watched = std::make_unique<WatchedDisk>(*disk);
-        return gatherFacts(*watched, factHomes(*watched), kinds, stop);
+        return gatherFacts(*watched, factHomes(*watched, UserChoice::everyone()), kinds, stop);
     }
 
     TemporaryFolder volume;
