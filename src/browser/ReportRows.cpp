@@ -90,6 +90,21 @@ void ReportRows::choose()
     }
 }
 
+std::optional<std::size_t> ReportRows::previousOf(std::size_t row) const
+{
+    const auto& later = *report(row);
+    std::optional<std::size_t> found;
+    for (std::size_t other = row + 1; other < size(); ++other) {
+        const auto& earlier = *report(other);
+        if (!isSameVolume(earlier.volume, later.volume))
+            continue;
+        if (earlier.subject.users == later.subject.users)
+            return other;
+        found = found.value_or(other);
+    }
+    return found;
+}
+
 ReportRow ReportRows::row(std::size_t row) const
 {
     SpywareScanReport& shown = *report(row);

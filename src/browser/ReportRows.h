@@ -54,6 +54,10 @@ public:
     {
         return m_list.reports[m_shown[row]];
     }
+    /// The row of the newest report that is older and of the same disk, of the same users where
+    /// there is one; none where the disk cannot be told from others.
+    [[nodiscard]] std::optional<std::size_t> previousOf(std::size_t row) const;
+
     /// Where the row's report stands in reports().
     [[nodiscard]] std::size_t listIndex(std::size_t row) const { return m_shown[row]; }
 

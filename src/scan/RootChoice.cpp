@@ -31,8 +31,9 @@ std::optional<FileURL> RootChoice::choose(bool homeIsWritable)
     if (m_services.defaults.get(preferences::kSandboxingDone))
         return wholeDiskOrHome();
     if (m_services.defaults.contains(preferences::kSaveDirectory)) {
-        m_access.isUserAccessible();
-        if (homeIsWritable)
+        // A grant that still holds is enough: a disk that is attached for reading alone can be
+        // looked at without any question.
+        if (m_access.isUserAccessible() || homeIsWritable)
             return m_options.homeRoot();
     }
     return askForFolder();

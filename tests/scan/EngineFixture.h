@@ -21,6 +21,7 @@ class FakeDiskAccess final : public DiskAccess {
 public:
     bool wholeDisk = true;
     bool writable = true;
+    bool reopens = true; ///< an earlier grant
     std::optional<Bytes> bookmark = Bytes{"token"};
     int confirmations = 0;
     int userQuestions = 0;
@@ -29,7 +30,7 @@ public:
     bool isUserAccessible() override
     {
         ++userQuestions;
-        return true;
+        return reopens;
     }
     bool isWritable(const FileURL&) override { return writable; }
     void confirmAccessAction() override { ++confirmations; }

@@ -46,6 +46,8 @@ TEST_F(RootChoiceTest, AnEarlierGrantIsReopened)
     EXPECT_EQ(chosen(), "/Users/alice/");
     EXPECT_EQ(access.userQuestions, 1);
 
+    EXPECT_EQ(chosen(false), "/Users/alice/") << "a disk that can only be read";
+    access.reopens = false;
     folderPicker.answer(std::nullopt);
     EXPECT_EQ(chosen(false), "/Users/alice/");
     EXPECT_EQ(folderPicker.asked().size(), 1U);

@@ -91,8 +91,8 @@ QWidget* ReportListPane::makeToolbar()
     m_compare = new QPushButton;
     m_compare->setObjectName(QStringLiteral("compareReports"));
     m_compare->setIcon(ui::icon(QStringLiteral("compare")));
-    m_compare->setToolTip(tr("Compares two selected reports, or the selected one with the report "
-                             "below it"));
+    m_compare->setToolTip(tr("Compares two selected reports, or the selected one with the one "
+                             "before it of the same Mac"));
     connect(m_compare, &QPushButton::clicked, this, &ReportListPane::compareSelected);
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
@@ -185,7 +185,13 @@ void ReportListPane::showSelection()
     else
         m_controller.selectRow(std::nullopt);
     m_compare->setText(count == 2 ? tr("Compare these two") : tr("Compare with previous"));
-    m_compare->setEnabled(rows.size() == 2 || (rows.size() == 1 && rows[0] + 1 < m_source.count()));
+    m_compare->setEnabled(rows.size() == 2 || (rows.size() == 1 && previousOf(rows[0])));
+}
+
+std::optional<int> ReportListPane::previousOf(int row) const
+{
+    const auto previous = m_controller.rows().previousOf(static_cast<std::size_t>(row));
+    return previous ? std::optional(static_cast<int>(*previous)) : std::nullopt;
 }
 
 void ReportListPane::act(const QModelIndex& index)
@@ -210,8 +216,10 @@ void ReportListPane::compareSelected()
     const std::vector<int> rows = selected();
     if (rows.size() == 2)
         Q_EMIT compareWanted(rows[0], rows[1]);
-    else if (rows.size() == 1 && rows[0] + 1 < m_source.count())
-        Q_EMIT compareWanted(rows[0], rows[0] + 1);
+    else if (rows.size() != 1)
+        return;
+    else if (const auto previous = previousOf(rows[0]))
+        Q_EMIT compareWanted(rows[0], *previous);
 }
 
 void ReportListPane::showMenu(int row, const QPoint& place)

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -46,6 +48,7 @@ private:
     void open(int row);
     void askToDelete();
     void compareSelected();
+    [[nodiscard]] std::optional<int> previousOf(int row) const; ///< of the same Mac
     void showMenu(int row, const QPoint& place);
 
     ReportViewController& m_controller;

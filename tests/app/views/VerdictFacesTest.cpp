@@ -12,7 +12,10 @@
 
 #include <QPushButton>
 
+#include <algorithm>
+#include <cctype>
 #include <map>
+#include <sstream>
 
 namespace pryvane::test {
 namespace {
@@ -297,6 +300,111 @@ INSTANTIATE_TEST_SUITE_P(
             "found",
             "Found: 1 potential threat; the scan was stopped at 50 %"}),
     [](const auto& row) { return row.param.name; });
+
+/// A report stores the low eight bits of its count; a person is told how many there are.
+TEST_F(VerdictFacesTest, ThreeHundredFindingsAreNeverCalledFortyFour)
+{
+    for (char first = 'a'; first < 'a' + 12; ++first)
+        for (char second = 'a'; second < 'a' + 25; ++second)
+            volume.file(std::string("/Users/alice/Koobface/") + first + second);
+    const std::string screen = scanned({true});
+    ASSERT_EQ(scanner->report()->spyWareList->size(), 300U);
+    auto faces = facesOfReport();
+    faces["scan screen"] = screen;
+    faces["dashboard"] = dashboard();
+    faces["notification"] = userNotifier.updated.back();
+    EXPECT_EQ(json::parse(faces["json"]).at("report").at("spyWareCount"), 44) << "as it is stored";
+    EXPECT_EQ(json::parse(faces["json"]).at("report").at("findings"), 300);
+    faces.erase("json");
+    for (const auto& [face, text] : faces) {
+        SCOPED_TRACE(face);
+        if (face == "csv") {
+            EXPECT_EQ(std::ranges::count(text, '\n'), 301);
+            continue;
+        }
+        if (face == "pdf")
+            EXPECT_THAT(text, HasSubstr("44 (300 listed)"));
+        else if (face == "comparison")
+            EXPECT_THAT(text, HasSubstr("300 new"));
+        else
+            EXPECT_THAT(text, HasSubstr("300"));
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
+            const auto at = line.find("44");
+            const auto isDigitAt = [&](std::size_t place) {
+                return place < line.size() && (std::isdigit(line[place]) || line[place] == ':' ||
+                                               line[place] == '.' || line[place] == '-');
+            };
+            // Times, sizes and the numbers of rows are no counts.
+            if (at == std::string::npos || isDigitAt(at - 1) || isDigitAt(at + 2) ||
+                line.find("/Koobface/") != std::string::npos ||
+                line.find("Report") != std::string::npos)
+                continue;
+            EXPECT_THAT(line, HasSubstr("44 (300 listed)"));
+        }
+    }
+}
+
+/// Each disk's dashboard and reminder go by its own reports, whichever was scanned last.
+TEST_F(VerdictFacesTest, TheDashboardTellsOfTheDiskInFrontAlone)
+{
+    const auto storeOf = [&](const std::string& of, const std::vector<std::string>& findings) {
+        clock.advance(1h);
+        const auto report = store(findings);
+        report->volume = of;
+        report->subject = {{DiskSource::Kind::Folder, of}, {}, {}, {"alice"}};
+        EXPECT_TRUE(methods->updateReportInDefaults(report).ok());
+    };
+    storeOf("first", {"/tmp/a"});
+    storeOf("second", {});
+    storeOf(disk->identity(), {"/tmp/c"});
+    storeOf("first", {});
+    storeOf("third", {"/tmp/a", "/tmp/b"});
+    clock.advance(1h);
+    const std::string told = dashboard();
+    EXPECT_THAT(told, HasSubstr("The last scan found something\nLast scan: 3 hours ago\n"
+                                "Found: 1 potential threat"));
+    EXPECT_EQ(run->delegate.state().lastScan, clock.now() - 3h) << "what the reminder goes by";
+    show();
+    EXPECT_THAT(rowText("reportList", 0), HasSubstr("third, alice"));
+    EXPECT_THAT(rowText("reportList", 3), HasSubstr("second, alice"));
+}
+
+/// Whoever has told the program to be silent about it can have it told again.
+TEST_F(VerdictFacesTest, IgnoringRemoteDesktopIsTakenBack)
+{
+    volume.file("/Library/Preferences/com.apple.RemoteDesktop.plist");
+    const char* kSet = "Apple Remote Desktop is";
+    run.emplace(*this);
+    scanner = std::make_unique<ScanViewController>(
+        services(), run->delegate.state(), access, *methods, remover,
+        ScanOptions{"alice", FileURL::fileURLWithPath("/Users/alice/")});
+    ScanView screen(*scanner, {"alice", {}});
+    screen.show();
+    bool ended = false;
+    const auto ending = scanner->scanEnded.listen([&] { ended = true; });
+    const auto scanAgain = [&] {
+        ended = false;
+        scanner->SpywareScanStart();
+        EXPECT_TRUE(runUntil([&] { return ended; }));
+        runFor(150ms);
+        return scanner->report()->spyWareList->size();
+    };
+    auto* box = screen.findChild<QAbstractButton*>("ignoreARD");
+    ASSERT_TRUE(box);
+    EXPECT_EQ(scanAgain(), 1U);
+    EXPECT_TRUE(box->isVisible());
+    EXPECT_FALSE(box->isChecked());
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+    EXPECT_TRUE(box->isChecked());
+    EXPECT_EQ(scanAgain(), 0U);
+    EXPECT_TRUE(box->isVisible()) << "or nobody could take it back";
+    EXPECT_THAT(test::textOf(screen), HasSubstr("Apple Remote Desktop is ignored"));
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+    EXPECT_EQ(scanAgain(), 1U);
+    EXPECT_THAT(test::textOf(screen), HasSubstr(kSet));
+    EXPECT_THAT(test::textOf(screen), Not(HasSubstr("is ignored")));
+}
 
 /// What nobody has looked at has no verdict, whatever is known of other disks.
 TEST_F(VerdictFacesTest, NothingIsToldOfADiskThatWasNotLookedAt)

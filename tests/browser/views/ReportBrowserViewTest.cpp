@@ -85,6 +85,29 @@ TEST_F(ReportBrowserViewTest, ListsFiltersAndCompares)
     EXPECT_THAT(rowText("reportList", 0), HasSubstr("numents")) << "the oldest first";
 }
 
+TEST_F(ReportBrowserViewTest, ThePreviousReportIsThatOfTheSameMac)
+{
+    store({"/tmp/before"});
+    for (const char* identity : {"another", ""}) { // one that cannot be told from others, too
+        clock.advance(1h);
+        const auto other = store({"/tmp/elsewhere"});
+        other->volume = identity;
+        ASSERT_TRUE(methods->updateReportInDefaults(other).ok());
+    }
+    clock.advance(1h);
+    store({"/tmp/after"});
+    show();
+    for (const int row : {1, 2, 3}) {
+        table("reportList")->selectRow(row);
+        EXPECT_FALSE(find<QPushButton>("compareReports")->isEnabled()) << row;
+    }
+    table("reportList")->selectRow(0);
+    click("compareReports");
+    ASSERT_EQ(table("comparison")->model()->rowCount(), 2);
+    EXPECT_THAT(rowText("comparison", 0), AllOf(StartsWith("new | "), HasSubstr("/tmp/after")));
+    EXPECT_THAT(rowText("comparison", 1), AllOf(StartsWith("gone | "), HasSubstr("/tmp/before")));
+}
+
 TEST_F(ReportBrowserViewTest, OpensAReportAndExportsIt)
 {
     storeThree();
