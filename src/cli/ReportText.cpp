@@ -79,7 +79,8 @@ std::string coverageText(const ScanCoverage& coverage)
         text += ", " + std::to_string(coverage.entriesWalked) + " entries walked";
     text += ", in " + secondsText(coverage.seconds) + "\n";
 
-    for (const std::string& leftOut : {systemVolumeText(coverage), homesLeftOutText(coverage)}) {
+    for (const std::string& leftOut :
+         {systemVolumeText(coverage), homesLeftOutText(coverage), otherDisksText(coverage)}) {
         if (!leftOut.empty())
             text += "  " + leftOut + "\n";
     }

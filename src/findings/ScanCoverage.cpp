@@ -23,6 +23,18 @@ std::string homesLeftOutText(const ScanCoverage& coverage)
     return text;
 }
 
+std::string otherDisksText(const ScanCoverage& coverage)
+{
+    constexpr std::size_t kNamed = 20;
+    std::string text;
+    for (std::size_t i = 0; i < coverage.otherDisks.size() && i < kNamed; ++i)
+        text += (text.empty() ? "not looked at: other disks at " : ", ") +
+                forScreen(coverage.otherDisks[i]);
+    if (coverage.otherDisks.size() > kNamed)
+        text += " and " + std::to_string(coverage.otherDisks.size() - kNamed) + " more";
+    return text;
+}
+
 std::string missingHomeText(const ScanCoverage& coverage)
 {
     std::string text = "no home at " + forScreen(coverage.missingHome) + ", ";

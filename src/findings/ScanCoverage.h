@@ -44,6 +44,7 @@ struct ScanCoverage {
     std::string missingHome;               ///< the user's home folder, when the volume has none
     std::vector<std::string> homes;        ///< then: the names of the homes there are
     std::vector<std::string> homesLeftOut; ///< names of the homes that nobody asked for
+    std::vector<std::string> otherDisks;   ///< where others are mounted, left out of a deep walk
     double seconds = 0;
 
     /// False for a scan that looked at nothing, and for a report too old to say what it looked at.
@@ -58,6 +59,9 @@ struct ScanCoverage {
 
 /// "not looked at: the homes of bob, carol", escaped for display; empty where there are none.
 [[nodiscard]] std::string homesLeftOutText(const ScanCoverage& coverage);
+
+/// "not looked at: other disks at /Volumes/USB", escaped for display; empty where there are none.
+[[nodiscard]] std::string otherDisksText(const ScanCoverage& coverage);
 
 /// What is said of a missing home, in words escaped for display.
 [[nodiscard]] std::string missingHomeText(const ScanCoverage& coverage);

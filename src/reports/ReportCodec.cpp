@@ -36,8 +36,9 @@ constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListe
                            kRefused = "refused", kReason = "reason", kHeldBack = "heldBack",
                            kSystemVolumeLeftOut = "systemVolumeLeftOut",
                            kMissingHome = "missingHome", kHomes = "homes",
-                           kHomesLeftOut = "homesLeftOut", kSeconds = "seconds", kEnded = "ended",
-                           kHow = "how", kPercent = "percent";
+                           kHomesLeftOut = "homesLeftOut", kOtherDisks = "otherDisks",
+                           kSeconds = "seconds", kEnded = "ended", kHow = "how",
+                           kPercent = "percent";
 } // namespace key
 
 /// The years 1700 to 2199: no scan was ever made outside them, and every clock can count them.
@@ -246,7 +247,7 @@ Subject readSubject(CborReader& in)
 
 void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
 {
-    out.map(12);
+    out.map(coverage.otherDisks.empty() ? 12 : 13);
     out.text(key::kEnded);
     writeEnding(out, coverage.ended);
     out.text(key::kSignaturesTested).integer(coverage.signaturesTested);
@@ -267,6 +268,10 @@ void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
     writeNames(out, coverage.homes);
     out.text(key::kHomesLeftOut);
     writeNames(out, coverage.homesLeftOut);
+    if (!coverage.otherDisks.empty()) {
+        out.text(key::kOtherDisks);
+        writeNames(out, coverage.otherDisks);
+    }
     out.text(key::kSeconds).real(coverage.seconds);
 }
 
@@ -321,6 +326,8 @@ ScanCoverage readCoverage(CborReader& in)
             coverage.homes = readNames(in);
         else if (key == key::kHomesLeftOut)
             coverage.homesLeftOut = readNames(in);
+        else if (key == key::kOtherDisks)
+            coverage.otherDisks = readNames(in);
         else if (key == key::kEnded)
             coverage.ended = readEnding(in);
         else if (key == key::kSeconds)

@@ -135,7 +135,8 @@ void coverage(std::string& page, const ScanCoverage& coverage)
 {
     page += "<h2>What was looked at</h2>\n<dl>\n";
     fact(page, "Signatures tested", std::to_string(coverage.signaturesTested));
-    for (const std::string& leftOut : {systemVolumeText(coverage), homesLeftOutText(coverage)}) {
+    for (const std::string& leftOut :
+         {systemVolumeText(coverage), homesLeftOutText(coverage), otherDisksText(coverage)}) {
         if (!leftOut.empty())
             fact(page, "Left out", leftOut);
     }

@@ -93,6 +93,7 @@ Json coverageJson(const ScanCoverage& coverage)
         {"missingHome", forJson(coverage.missingHome)},
         {"homes", namesJson(coverage.homes)},
         {"homesLeftOut", namesJson(coverage.homesLeftOut)},
+        {"otherDisks", namesJson(coverage.otherDisks)},
         {"seconds", coverage.seconds},
     };
 }

@@ -43,7 +43,8 @@ void DeepScan::onRoot(Pass pass, NamePass namePass)
                 m_coverage.refused.push_back(refusal);
             continue;
         }
-        pass(WalkRoot{folder, url.relativePath()});
+        pass(WalkRoot{folder, url.relativePath(),
+                      m_services.disk.source().kind == DiskSource::Kind::ThisMac});
         close(folder);
     }
 }

@@ -32,7 +32,7 @@ std::shared_ptr<SpywareScanReport> hostileReport()
     report->coverage.heldBack = {"/Applications/\x1b.app"};
     report->coverage.missingHome = "/Users/nobody";
     report->coverage.homes = hostileNames();
-    report->coverage.homesLeftOut = hostileNames();
+    report->coverage.homesLeftOut = report->coverage.otherDisks = hostileNames();
     report->coverage.ended = {ScanEnding::How::Stopped, 37};
     report->coverage.seconds = 0.25;
     report->subject = {{DiskSource::Kind::Image, "\xff\n"}, "\x1b", "\xfe", hostileNames()};

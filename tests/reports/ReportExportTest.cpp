@@ -64,6 +64,7 @@ TEST(ReportJson, HasTheAgreedShape)
     report->coverage.refused = {{"/Users/x/\n", "permission denied"}};
     report->coverage.heldBack = {"/Applications/T.app"};
     report->coverage.homesLeftOut = {"bob"};
+    report->coverage.otherDisks = {"/Volumes/USB"};
     report->coverage.seconds = 0.5;
     report->subject.systemVersion.clear();
     report->spyWareList->front()->setPresence(Presence::Unknown, "a reason");
@@ -87,7 +88,7 @@ TEST(ReportJson, HasTheAgreedShape)
             "entriesSearched": 0, "entriesWalked": 0,
             "refused": [{"path": "/Users/x/\\n", "reason": "permission denied"}],
             "heldBack": ["/Applications/T.app"], "missingHome": "", "homes": [],
-            "homesLeftOut": ["bob"], "seconds": 0.5}
+            "homesLeftOut": ["bob"], "otherDisks": ["/Volumes/USB"], "seconds": 0.5}
     })")
                                                              .dump());
 }
@@ -125,6 +126,7 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     report->coverage.missingHome = hostileNames()[0];
     report->coverage.homes = plain->coverage.homes = hostileNames();
     report->coverage.homesLeftOut = plain->coverage.homesLeftOut = hostileNames();
+    report->coverage.otherDisks = plain->coverage.otherDisks = hostileNames();
     report->subject.computerName = "<i>\x1b";
     report->subject.users = {"=a\n"};
     report->scanDuration = report->reportType = report->reportId = "<b>\x1b";

@@ -122,6 +122,8 @@ std::string storedFields(const SpywareScanReport& report)
         out << "user " << user << '\n';
     for (const auto& home : coverage.homesLeftOut)
         out << "left out " << home << '\n';
+    for (const auto& disk : coverage.otherDisks)
+        out << "other disk " << disk << '\n';
     for (const auto& refusal : coverage.refused)
         out << "refused " << refusal.path << '|' << refusal.reason << '\n';
     for (const auto& path : coverage.heldBack)

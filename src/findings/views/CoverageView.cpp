@@ -35,8 +35,10 @@ QString detailsOf(const ScanCoverage& coverage, const Subject& subject)
     if (coverage.systemVolumeLeftOut > 0)
         lines += CoverageView::tr("The system volume was not looked at: %1 signatures left out")
                      .arg(number(coverage.systemVolumeLeftOut));
-    if (const std::string leftOut = homesLeftOutText(coverage); !leftOut.empty())
-        lines += ui::text(leftOut);
+    for (const std::string& leftOut : {homesLeftOutText(coverage), otherDisksText(coverage)}) {
+        if (!leftOut.empty())
+            lines += ui::text(leftOut);
+    }
     const auto listed = [&](const QString& title, std::size_t count, auto&& line) {
         if (count == 0)
             return;

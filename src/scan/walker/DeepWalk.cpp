@@ -33,13 +33,15 @@ void walkTree(const WalkRoot& root, const WalkRules& rules, unsigned threads, co
         return;
     }
     task.above.push(task.folder.id());
+    FoldersSeen seen;
+    static_cast<void>(seen.isFirst(task.folder.id()));
 
     WalkCrew crew;
     crew.begin(std::move(task));
     const CrewSize size = CrewSize::forThreads(threads);
     GrowingCrew walkers(size.threads, [&] {
         crew.share([&] {
-            TreeWalker({rules, stop, crew, walkers, report, tally, size.handles}).run();
+            TreeWalker({rules, stop, crew, walkers, report, tally, seen, size.handles}).run();
         });
     });
     walkers.run();
@@ -66,7 +68,9 @@ bool isEnumerated(const FileURL& root)
 
 WalkOutcome FileCount::countNodes(const WalkRoot& root)
 {
-    return walked(WalkTally::Pass::Counting, root, {}, m_observer.wantsLocations(), m_options,
+    WalkRules rules;
+    rules.ownDiskOnly = root.isOwnDisk;
+    return walked(WalkTally::Pass::Counting, root, rules, m_observer.wantsLocations(), m_options,
                   m_state, m_observer);
 }
 
@@ -74,6 +78,7 @@ WalkOutcome FileCount::countFlat(const WalkRoot& root)
 {
     WalkRules rules;
     rules.allEntries = true;
+    rules.ownDiskOnly = root.isOwnDisk;
     return walked(WalkTally::Pass::Counting, root, rules, false, m_options, m_state, m_observer);
 }
 
@@ -83,6 +88,7 @@ WalkOutcome scanDirectory::scan(const WalkRoot& root)
     rules.texts = &m_texts;
     rules.allEntries = isEnumerated(FileURL::fileURLWithPath(root.path));
     rules.emptyFoldersCount = !rules.allEntries;
+    rules.ownDiskOnly = root.isOwnDisk;
     return walked(WalkTally::Pass::Scanning, root, rules, m_observer.wantsLocations(), m_options,
                   m_state, m_observer);
 }

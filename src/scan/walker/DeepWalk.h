@@ -17,6 +17,9 @@ class PatternAutomaton;
 struct WalkRoot {
     int folder = -1;
     std::string path;
+    /// On the disk that the system runs from: other disks that are mounted on it are told and left
+    /// out, and a folder that stands in several places is walked once.
+    bool isOwnDisk = false;
 };
 
 /// Whether the root is one that is enumerated as a whole, hidden files too, instead of folder by

@@ -12,6 +12,9 @@ namespace {
 constexpr std::size_t kBytesAtOnce =
     std::size_t{256} * 1024; // of one folder's entries that are kept
 
+/// Where a Mac mounts the volumes of its own system; what a user has of them stands elsewhere, too.
+constexpr std::string_view kSystemsVolumes = "/System/Volumes/";
+
 /// Whether the entry is simply no folder any more.
 bool meansGone(int error)
 {
@@ -90,10 +93,11 @@ void TreeWalker::enter(std::string_view name)
     const FolderId id = folder ? folder.id() : FolderId();
     m_path.append(name).push_back('/');
     const bool loop = folder && m_ancestry.contains(id);
-    if (!folder || loop) {
+    const bool leftOut = folder && !loop && m_rules.ownDiskOnly && isLeftOut(folder, id);
+    if (!folder || loop || leftOut) {
         if (loop)
             refuse(m_path.size(), "it is one of the folders it lies in");
-        else if (!meansGone(error))
+        else if (!leftOut && !meansGone(error))
             refuse(m_path.size(), error);
         m_path.resize(parent.pathLength);
         if (m_rules.emptyFoldersCount)
@@ -122,6 +126,17 @@ void TreeWalker::enter(std::string_view name)
     ++m_open;
     keepWithin(m_shared.mostHandles);
     read(level, kBytesAtOnce);
+}
+
+/// At the end of m_path; says so of another disk.
+bool TreeWalker::isLeftOut(const FolderHandle& folder, const FolderId& id)
+{
+    if (m_path == kSystemsVolumes || isMountRoot(folder.fd())) {
+        if (!m_rules.onlyCount())
+            m_shared.report.add(m_place, {m_path.substr(0, m_path.size() - 1), 0, {}, {}, true});
+        return true;
+    }
+    return !m_shared.seen.isFirst(id);
 }
 
 void TreeWalker::leave()

@@ -2,6 +2,7 @@
 
 #include "core/StopFlag.h"
 #include "core/tasks/WorkCrew.h"
+#include "scan/walker/FoldersSeen.h"
 #include "scan/walker/WalkTally.h"
 #include "scan/walker/WalkTask.h"
 
@@ -24,6 +25,9 @@ struct WalkRules {
     const PatternAutomaton* texts = nullptr;
     /// A folder without entries counts once more by itself.
     bool emptyFoldersCount = false;
+    /// For the disk that the system runs from: other disks that are mounted on it are named and
+    /// left out, and a folder that stands in several places is walked once.
+    bool ownDiskOnly = false;
 
     [[nodiscard]] bool onlyCount() const { return texts == nullptr; }
 };
@@ -39,6 +43,7 @@ public:
         GrowingCrew& walkers;
         WalkReport& report;
         WalkTally& tally;
+        FoldersSeen& seen;
         std::size_t mostHandles; ///< of one thread
     };
 
@@ -64,6 +69,7 @@ private:
     void walk(WalkTask task);
     void step();
     void enter(std::string_view name);
+    [[nodiscard]] bool isLeftOut(const FolderHandle& folder, const FolderId& id);
     void leave();
     void read(Level& level, std::size_t mostBytes);
     [[nodiscard]] std::int64_t takeIn(Level& level);

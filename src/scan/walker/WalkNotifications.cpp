@@ -44,4 +44,9 @@ void WalkNotifications::refused(std::string_view path, std::string_view reason)
     m_coverage.refused.push_back({std::string(path), std::string(reason)});
 }
 
+void WalkNotifications::otherDisk(std::string_view path)
+{
+    m_coverage.otherDisks.emplace_back(path);
+}
+
 } // namespace pryvane

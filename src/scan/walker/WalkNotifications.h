@@ -23,6 +23,7 @@ public:
     void progress(std::int64_t steps) override;
     void match(std::string_view path, std::string_view name, const Sighting& seen) override;
     void refused(std::string_view path, std::string_view reason) override;
+    void otherDisk(std::string_view path) override;
 
 private:
     NotificationCenter& m_center;

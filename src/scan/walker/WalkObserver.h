@@ -32,6 +32,9 @@ public:
 
     /// A folder that is there could not be read, or not to its end. In the order of the walk.
     virtual void refused(std::string_view path, std::string_view reason) = 0;
+
+    /// Another disk is mounted there and was left out. In the order of the walk.
+    virtual void otherDisk(std::string_view path) = 0;
 };
 
 } // namespace pryvane

@@ -65,10 +65,14 @@ void WalkReport::tellWaiting(Stretch& stretch)
 
 void WalkReport::tell(const Item& item)
 {
-    if (item.reason.empty())
+    if (item.isOtherDisk) {
+        if (++m_otherDisks <= kMostRefusals)
+            m_observer.otherDisk(item.path);
+    } else if (item.reason.empty()) {
         m_observer.match(item.path, std::string_view(item.path).substr(item.nameAt), item.seen);
-    else if (++m_refusals <= kMostRefusals)
+    } else if (++m_refusals <= kMostRefusals) {
         m_observer.refused(item.path, item.reason);
+    }
 }
 
 } // namespace pryvane

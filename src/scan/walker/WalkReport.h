@@ -24,6 +24,7 @@ public:
         std::size_t nameAt = 0; ///< where the last name begins
         std::string reason;     ///< of a refusal; empty for a match
         Sighting seen = {};     ///< of a match
+        bool isOtherDisk = false;
     };
     struct Stretch {
         std::vector<Item> waiting;
@@ -71,6 +72,7 @@ private:
     WalkObserver& m_observer GUARDED_BY(m_mutex);
     std::list<Stretch> m_stretches GUARDED_BY(m_mutex);
     std::int64_t m_refusals GUARDED_BY(m_mutex) = 0;
+    std::int64_t m_otherDisks GUARDED_BY(m_mutex) = 0;
 };
 
 } // namespace pryvane

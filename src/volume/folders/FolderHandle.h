@@ -105,6 +105,10 @@ private:
     bool m_atEnd = false;
 };
 
+/// Whether the open folder is where something is mounted, as far as the host tells. A folder that
+/// the system shows in two places, as a Mac does with those of its data volume, is none.
+[[nodiscard]] bool isMountRoot(int folder);
+
 [[nodiscard]] FileKind kindOfMode(mode_t mode);
 
 /// What stands there, links not followed; for entries whose kind the listing leaves out.

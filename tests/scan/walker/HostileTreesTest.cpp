@@ -1,4 +1,5 @@
 #include "scan/walker/WalkFixtures.h"
+#include "support/HostForm.h"
 #include "support/RemovalFixtures.h"
 
 #include <gmock/gmock.h>
@@ -226,6 +227,46 @@ TEST(HostileTrees, AFolderMountedBelowItselfIsNotEntered)
     EXPECT_THAT(found->walk.only("refused"),
                 ::testing::ElementsAre("refused /Users/alice/x/y/mounted: it is one of the folders "
                                        "it lies in"));
+}
+
+/// On the disk that the system runs from, one folder may stand in two places, and others' disks in
+/// some.
+TEST(HostileTrees, OnTheOwnDiskOtherDisksAreNamedAndNoFolderIsWalkedTwice)
+{
+    const TemporaryFolder folder;
+    for (const char* file : {"x/Sabpab", "System/Volumes/Data/x/Sabpab", "System/Sabpab"})
+        folder.file(file);
+    folder.folder("z/again");
+    folder.folder("z/usb");
+    const std::string again = folder.hostPath("z/again"), usb = folder.hostPath("z/usb");
+    if (mount(folder.hostPath("x").c_str(), again.c_str(), nullptr, MS_BIND, nullptr) != 0 ||
+        mount("tmpfs", usb.c_str(), "tmpfs", 0, "size=64k") != 0) {
+        umount(again.c_str());
+        GTEST_SKIP() << "mounting is not allowed here";
+    }
+    folder.file("z/usb/Sabpab");
+    for (const unsigned threads : {1u, 8u}) {
+        for (const bool own : {true, false}) {
+            Found found;
+            const OpenRoot opened(folder.path(), "/");
+            WalkRoot root = opened;
+            root.isOwnDisk = own;
+            FileCount(found.state, found.walk, {threads}).countNodes(root);
+            const auto outcome =
+                scanDirectory(found.state, listedAutomaton(), found.walk, {threads}).scan(root);
+            EXPECT_EQ(found.walk.only("match").size(), own ? 2u : 5u);
+            EXPECT_EQ(outcome.refusals, 0);
+            // Each is told once, though two passes meet it.
+            std::vector<std::string> others;
+            if (own)
+                others = {"other /System/Volumes", "other /z/usb"};
+            if (own && !isPosixForm()) // which sees no mount of the same device: it is walked once
+                others.emplace_back("other /z/again");
+            EXPECT_THAT(found.walk.only("other"), ::testing::UnorderedElementsAreArray(others));
+        }
+    }
+    umount(usb.c_str());
+    umount(again.c_str());
 }
 
 } // namespace pryvane::test

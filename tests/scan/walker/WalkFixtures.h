@@ -13,7 +13,7 @@
 namespace pryvane::test {
 
 /// Keeps what a walk tells, one text an event: "at PATH", "match PATH", "progress N", "counted N",
-/// "refused PATH: REASON".
+/// "refused PATH: REASON", "other PATH".
 class RecordingWalk final : public WalkObserver {
 public:
     explicit RecordingWalk(bool samples = false) : m_samples(samples) {}
@@ -30,6 +30,8 @@ public:
     {
         note("refused " + std::string(path) + ": " + std::string(reason));
     }
+
+    void otherDisk(std::string_view path) override { note("other " + std::string(path)); }
 
     /// Those that begin with the text.
     [[nodiscard]] std::vector<std::string> only(std::string_view beginning) const;
