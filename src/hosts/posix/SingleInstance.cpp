@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/Result.h"
+#include "core/Sockets.h"
 #include "hosts/posix/CurrentUser.h"
 
 #include <cerrno>
@@ -77,12 +78,6 @@ std::optional<InstanceRequest> decodedRequest(std::string_view message)
 
 namespace {
 
-#ifdef MSG_NOSIGNAL
-constexpr int kNoSignal = MSG_NOSIGNAL;
-#else
-constexpr int kNoSignal = 0; // the socket's own option does it there
-#endif
-
 using Moment = std::chrono::steady_clock::time_point;
 
 Error notAnswering(const std::string& why)
@@ -156,12 +151,7 @@ bool answersBefore(int fd, Moment end)
 
 bool sendOnSocket(int socket, std::string_view bytes)
 {
-#ifdef SO_NOSIGPIPE
-    const int on = 1;
-    setsockopt(socket, SOL_SOCKET, SO_NOSIGPIPE, &on, sizeof on);
-#endif
-    return send(socket, bytes.data(), bytes.size(), kNoSignal) ==
-           static_cast<ssize_t>(bytes.size());
+    return sendQuietly(socket, bytes) == static_cast<ssize_t>(bytes.size());
 }
 
 Result<SingleInstance> SingleInstance::claim(const std::string& dataFolder,

@@ -1,5 +1,7 @@
 #include "volume/image/ImageReader.h"
 
+#include "core/Sockets.h"
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -21,11 +23,9 @@ constexpr std::chrono::milliseconds kBetweenLooks{100};
 Result<ImageReader> ImageReader::started(const std::string& program)
 {
     // Sockets rather than pipes, as writing to one whose reader is gone can be kept from killing.
-    std::array<int, 2> ends{};
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+    auto [ours, theirs] = socketPair();
+    if (!ours)
         return Error{"the reader of images cannot be started (" + errorText(errno) + ")"};
-    UniqueFd ours(ends[0]);
-    const UniqueFd theirs(ends[1]);
     UniqueFd second(fcntl(ours.get(), F_DUPFD_CLOEXEC, 3));
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -86,7 +86,7 @@ Result<Done> ImageReader::send(frames::Kind kind, std::string_view body)
     bytes.append(body);
     std::string_view rest = bytes;
     while (!rest.empty()) {
-        const ssize_t sent = ::send(m_input.get(), rest.data(), rest.size(), MSG_NOSIGNAL);
+        const ssize_t sent = sendQuietly(m_input.get(), rest);
         if (sent < 0 && errno == EINTR)
             continue;
         if (sent <= 0)
