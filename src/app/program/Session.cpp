@@ -188,7 +188,9 @@ QWidget* Session::makeMainWindow()
     if (!m_choice.caseSensitive)
         needs.foldedName = [](std::string_view name) { return foldedName(name); };
     m_main = std::make_unique<MainWindowParts>(std::move(needs));
-    auto* window = new MainWindow(m_delegate, m_main->table, m_main->screens.stack(), m_words);
+    auto* window = new MainWindow(m_delegate, m_main->table, m_main->screens.stack(), m_words,
+                                  m_desktop.system->hasMenuBar() ? MainWindow::Menus::Bar
+                                                                 : MainWindow::Menus::Button);
     follow(*window);
     QObject::connect(window, &MainWindow::openVolumeWanted, window,
                      [this, window] { askForVolume(window); });

@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/DetailsViewController.h"
 #include "app/Navigation.h"
+#include "app/views/MenuBar.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Navigation.h"
@@ -51,21 +52,24 @@ private:
 
 } // namespace
 
+MainWindow::~MainWindow() = default;
+
 MainWindow::MainWindow(AppDelegate& delegate, TableViewController& table, QStackedWidget* screens,
-                       const VolumeWords& volume)
+                       const VolumeWords& volume, Menus menus)
     : FramedWindow(QStringLiteral("Pryvane"), 0), m_delegate(delegate), m_table(table),
-      m_navigation(new ui::Navigation), m_menuButton(new QToolButton), m_menu(new QMenu(this))
+      m_navigation(new ui::Navigation)
 {
     setObjectName(QStringLiteral("mainWindowID"));
     setMinimumSize(900, 600);
     startWith({1100, 720});
-    makeMenu();
+    if (menus == Menus::Button)
+        makeMenu();
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
     row->addWidget(makeSidebar(volume));
     row->addWidget(screens, 1);
     column()->addLayout(row, 1);
-    makeShortcuts();
+    menus == Menus::Bar ? makeMenuBar() : makeShortcuts();
     connect(&m_table, &TableViewController::stateChanged, this, &MainWindow::followSelection);
     followSelection();
 }
@@ -110,6 +114,8 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
 
 void MainWindow::makeMenu()
 {
+    m_menuButton = new QToolButton;
+    m_menu = new QMenu(this);
     m_menuButton->setText(tr("Menu"));
     m_menuButton->setIcon(ui::icon(QStringLiteral("more")));
     m_menuButton->setObjectName(QStringLiteral("menu"));
@@ -135,46 +141,49 @@ void MainWindow::makeMenu()
 void MainWindow::showMenu()
 {
     m_menu->clear();
-    QMenu* file = m_menu->addMenu(tr("File"));
-    file->addAction(tr("Open Volume…"), this, &MainWindow::openVolumeWanted);
-    QAction* print = file->addAction(ui::icon(QStringLiteral("print")), tr("Print…"), &m_delegate,
-                                     &AppDelegate::printReport);
-    print->setShortcut(QKeySequence::Print);
-    print->setEnabled(m_delegate.canPrint());
-    file->addSeparator();
-    file->addAction(tr("Quit"), QKeySequence::Quit, &m_delegate, &AppDelegate::terminateSelf);
-    QMenu* window = m_menu->addMenu(tr("Window"));
-    for (const WindowMenuEntry& entry : m_delegate.windowMenu()) {
-        if (entry.title.empty()) {
-            window->addSeparator();
-            continue;
-        }
-        QAction* action = window->addAction(ui::buttonText(entry.title), &m_delegate,
-                                            &AppDelegate::bringAllAppToFront);
-        action->setCheckable(entry.checked);
-        action->setChecked(entry.checked);
-    }
+    fillFileMenu(*m_menu->addMenu(tr("File")), menuActions());
+    fillWindowMenu(*m_menu->addMenu(tr("Window")), menuActions());
     m_menu->addSeparator();
-    m_menu->addAction(ui::icon(QStringLiteral("help")), tr("Pryvane Help"),
-                      QKeySequence::HelpContents, &m_delegate, &AppDelegate::getHelp);
+    addHelp(*m_menu, menuActions());
+}
+
+MenuActions MainWindow::menuActions()
+{
+    return {.openVolume = [this] { Q_EMIT openVolumeWanted(); },
+            .print =
+                [this] {
+                    if (m_delegate.canPrint())
+                        m_delegate.printReport();
+                },
+            .quit = [this] { m_delegate.terminateSelf(); },
+            .help = [this] { m_delegate.getHelp(); },
+            .findInList = [this] { Q_EMIT filterWanted(); },
+            .bringToFront = [this] { m_delegate.bringAllAppToFront(); },
+            .showScreen = [this](int row) { m_navigation->setCurrentRow(row); },
+            .canPrint = [this] { return m_delegate.canPrint(); },
+            .windows = [this] { return m_delegate.windowMenu(); }};
+}
+
+void MainWindow::makeMenuBar()
+{
+    m_menuBar = std::make_unique<MenuBar>(menuActions()); // of the program: no window's child
+    connect(&m_delegate, &AppDelegate::stateChanged, m_menuBar.get(), &MenuBar::refresh);
 }
 
 void MainWindow::makeShortcuts()
 {
+    const MenuActions does = menuActions();
     const auto on = [this](const QKeySequence& keys, auto&& act) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
     };
     for (int row = 0; row < int(kRowTitles.size()); ++row)
         on(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)),
-           [this, row] { m_navigation->setCurrentRow(row); });
-    on(QKeySequence::Find, [this] { Q_EMIT filterWanted(); });
-    on(QKeySequence::Print, [this] {
-        if (m_delegate.canPrint())
-            m_delegate.printReport();
-    });
-    on(QKeySequence::HelpContents, [this] { m_delegate.getHelp(); });
-    on(QKeySequence::Quit, [this] { m_delegate.terminateSelf(); });
-    on(QKeySequence::Open, [this] { Q_EMIT openVolumeWanted(); });
+           [does, row] { does.showScreen(row); });
+    on(QKeySequence::Find, does.findInList);
+    on(QKeySequence::Print, does.print);
+    on(QKeySequence::HelpContents, does.help);
+    on(QKeySequence::Quit, does.quit);
+    on(QKeySequence::Open, does.openVolume);
 }
 
 void MainWindow::followSelection()

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <cstdint>
+#include <memory>
+
 class QMenu;
 class QStackedWidget;
 class QToolButton;
@@ -15,7 +18,9 @@ class Navigation;
 namespace pryvane {
 
 class AppDelegate;
+class MenuBar;
 class TableViewController;
+struct MenuActions;
 
 /// Which Mac is looked at, in words that are always in sight.
 struct VolumeWords {
@@ -30,9 +35,13 @@ class MainWindow final : public FramedWindow {
     Q_OBJECT
 
 public:
+    /// Where its menus are: behind a button in the title bar, or in a bar of the system's.
+    enum class Menus : std::uint8_t { Button, Bar };
+
     /// The stack holds the screens and is shown at the right; the window takes it over.
     MainWindow(AppDelegate& delegate, TableViewController& table, QStackedWidget* screens,
-               const VolumeWords& volume);
+               const VolumeWords& volume, Menus menus);
+    ~MainWindow() override;
 
 Q_SIGNALS:
     void openVolumeWanted();
@@ -41,6 +50,8 @@ Q_SIGNALS:
 private:
     [[nodiscard]] QWidget* makeSidebar(const VolumeWords& volume);
     void makeMenu();
+    void makeMenuBar();
+    [[nodiscard]] MenuActions menuActions();
     void makeShortcuts();
     void showMenu();
     void followSelection();
@@ -48,8 +59,9 @@ private:
     AppDelegate& m_delegate;
     TableViewController& m_table;
     ui::Navigation* m_navigation;
-    QToolButton* m_menuButton;
-    QMenu* m_menu;
+    QToolButton* m_menuButton = nullptr; ///< none where there is a bar
+    QMenu* m_menu = nullptr;
+    std::unique_ptr<MenuBar> m_menuBar;
 };
 
 } // namespace pryvane

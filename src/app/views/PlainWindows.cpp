@@ -3,6 +3,7 @@
 #include "app/NotAccessVC.h"
 #include "app/views/MainWindow.h"
 #include "ui/Icons.h"
+#include "ui/Keys.h"
 #include "ui/Labels.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
@@ -149,7 +150,8 @@ QWidget* makeChapter(const Chapter& chapter)
     words->setSpacing(4);
     auto* title =
         ui::makeLabel(TextRole::GroupTitle, QCoreApplication::translate("Help", chapter.title));
-    auto* body = ui::makeLabel(TextRole::Body, QCoreApplication::translate("Help", chapter.words));
+    auto* body = ui::makeLabel(TextRole::Body,
+                               ui::withKeys(QCoreApplication::translate("Help", chapter.words)));
     body->setWordWrap(true);
     body->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     words->addWidget(title);

@@ -1,0 +1,69 @@
+#include "app/views/MenuBar.h"
+
+#include "app/Navigation.h"
+#include "ui/Icons.h"
+#include "ui/Labels.h"
+
+#include <QMenu>
+
+namespace pryvane {
+
+void fillFileMenu(QMenu& menu, const MenuActions& actions)
+{
+    menu.addAction(MenuBar::tr("Open Volume…"), QKeySequence::Open, &menu, actions.openVolume);
+    QAction* print = menu.addAction(ui::icon(QStringLiteral("print")), MenuBar::tr("Print…"),
+                                    QKeySequence::Print, &menu, actions.print);
+    print->setEnabled(actions.canPrint());
+    menu.addSeparator();
+    // A Mac has it in the menu that bears the program's name.
+    menu.addAction(MenuBar::tr("Quit"), QKeySequence::Quit, &menu, actions.quit)
+        ->setMenuRole(QAction::QuitRole);
+}
+
+void fillWindowMenu(QMenu& menu, const MenuActions& actions)
+{
+    for (const WindowMenuEntry& entry : actions.windows()) {
+        if (entry.title.empty()) {
+            menu.addSeparator();
+            continue;
+        }
+        QAction* action = menu.addAction(ui::buttonText(entry.title), &menu, actions.bringToFront);
+        action->setMenuRole(QAction::NoRole);
+        action->setCheckable(entry.checked);
+        action->setChecked(entry.checked);
+    }
+}
+
+QAction* addHelp(QMenu& menu, const MenuActions& actions)
+{
+    QAction* help = menu.addAction(ui::icon(QStringLiteral("help")), MenuBar::tr("Pryvane Help"),
+                                   QKeySequence::HelpContents, &menu, actions.help);
+    help->setMenuRole(QAction::NoRole); // stays where it stands
+    return help;
+}
+
+MenuBar::MenuBar(MenuActions actions) : m_actions(std::move(actions)), m_file(addMenu(tr("File")))
+{
+    QMenu* view = addMenu(tr("View"));
+    for (int row = 0; row < int(kRowTitles.size()); ++row)
+        view->addAction(ui::buttonText(kRowTitles[static_cast<std::size_t>(row)]),
+                        QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this,
+                        [this, row] { m_actions.showScreen(row); });
+    view->addSeparator();
+    view->addAction(tr("Find in List"), QKeySequence::Find, this, m_actions.findInList);
+    m_window = addMenu(tr("Window"));
+    addHelp(*addMenu(tr("Help")), m_actions);
+    for (QAction* action : view->actions())
+        action->setMenuRole(QAction::NoRole);
+    refresh();
+}
+
+void MenuBar::refresh()
+{
+    m_file->clear();
+    fillFileMenu(*m_file, m_actions);
+    m_window->clear();
+    fillWindowMenu(*m_window, m_actions);
+}
+
+} // namespace pryvane
