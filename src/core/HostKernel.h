@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// What only the running system's kernel can tell. Each system's folder of hosts/ has its own
+/// What only the running system can tell. Each system's folder of hosts/ has its own
 /// answers, and CMake links those of the system that is built for. Callable from any thread.
 namespace pryvane {
 
@@ -18,5 +18,9 @@ namespace pryvane {
 
 /// The files that the system swaps to, which it does not let go.
 [[nodiscard]] std::vector<std::string> swapFiles();
+
+/// The name of the user's locale for dates, as newlocale() takes it; empty where the environment
+/// names it.
+[[nodiscard]] std::string userLocale();
 
 } // namespace pryvane

@@ -1,5 +1,7 @@
 #include "core/Texts.h"
 
+#include "core/HostKernel.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -175,7 +177,7 @@ namespace {
 /// The user's locale for dates; plain C where the environment names one that is not installed.
 class DateLocale {
 public:
-    DateLocale() : m_locale(newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "", nullptr))
+    DateLocale() : m_locale(newlocale(LC_TIME_MASK | LC_CTYPE_MASK, userLocale().c_str(), nullptr))
     {
         if (m_locale == nullptr)
             m_locale = newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "C", nullptr);

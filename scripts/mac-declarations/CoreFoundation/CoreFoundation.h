@@ -5,6 +5,7 @@
 typedef const void* CFTypeRef;
 typedef const void* CFAllocatorRef;
 typedef const struct PryvaneCheckString* CFStringRef;
+typedef const struct PryvaneCheckLocale* CFLocaleRef;
 typedef struct PryvaneCheckDictionary* CFMutableDictionaryRef;
 typedef unsigned long CFTypeID;
 typedef long CFIndex;
@@ -18,5 +19,7 @@ CFTypeID CFGetTypeID(CFTypeRef object);
 CFTypeID CFStringGetTypeID(void);
 CFStringRef CFStringCreateWithCString(CFAllocatorRef allocator, const char* text,
                                       CFStringEncoding encoding);
+CFLocaleRef CFLocaleCopyCurrent(void);
+CFStringRef CFLocaleGetIdentifier(CFLocaleRef locale);
 Boolean CFStringGetCString(CFStringRef text, char* buffer, CFIndex size, CFStringEncoding encoding);
 }

@@ -69,4 +69,9 @@ std::vector<std::string> swapFiles()
     return files;
 }
 
+std::string userLocale()
+{
+    return {};
+}
+
 } // namespace pryvane

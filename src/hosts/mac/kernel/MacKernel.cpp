@@ -2,6 +2,7 @@
 
 #include <climits>
 
+#include <CoreFoundation/CoreFoundation.h>
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -28,6 +29,23 @@ std::string pathOfHandle(int fd)
 std::vector<std::string> swapFiles()
 {
     return {}; // they lie where the system lets no program remove anything
+}
+
+/// Programs that the Finder starts have no locale in their environment.
+std::string userLocale()
+{
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        if (const char* value = std::getenv(variable); value && *value)
+            return {};
+    }
+    const CFLocaleRef locale = CFLocaleCopyCurrent();
+    std::array<char, 128> name{};
+    const bool told = CFStringGetCString(CFLocaleGetIdentifier(locale), name.data(), name.size(),
+                                         kCFStringEncodingUTF8) != 0;
+    CFRelease(locale);
+    const std::string identifier(told ? name.data() : "");
+    const std::string region = identifier.substr(0, identifier.find('@')); // without a calendar
+    return region.empty() ? std::string() : region + ".UTF-8";
 }
 
 } // namespace pryvane
