@@ -10,6 +10,8 @@
 #include "reports/pdf/ReportPrinting.h"
 #include "signatures/MakersApplications.h"
 
+#include <algorithm>
+
 namespace pryvane {
 
 namespace {
@@ -25,6 +27,18 @@ std::vector<Presence> presenceOf(const SpywareScanReport& report, const SpywareL
     for (std::size_t i = 0; i < records.size() && !stop.requested(); ++i)
         there[i] = disks.of(report, *records[i]);
     return there;
+}
+
+/// What is to be known of a report that is not of the disk in front; empty of one that is.
+std::string remarkOn(const SpywareScanReport& report, std::string_view here)
+{
+    const std::string_view why = whyNotAsked(report, here);
+    if (why.empty() || report.spyWareList->empty())
+        return {};
+    return (report.volume.empty() || here.empty()
+                ? "It cannot be told whether this report is of the disk in front"
+                : "This report is of another disk than the one in front") +
+           std::string(", so what of it is still there is not known.");
 }
 
 } // namespace
@@ -185,7 +199,7 @@ void ReportViewController::openDetails(std::shared_ptr<SpywareScanReport> report
 {
     m_report = std::move(report);
     m_details = detailsOf(*m_report, m_services.clock.now());
-    m_notice.clear();
+    m_notice = remarkOn(*m_report, m_services.disk.identity());
     m_removal.reset();
     m_isReportDetails = true;
     offerPrinting();
@@ -295,6 +309,13 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
     }
     const auto shown = m_parts.fileViewer.reveal((*m_report->spyWareList)[index]->url);
     say(shown ? std::string() : shown.error().message);
+}
+
+std::size_t ReportViewController::reportsOfThisDisk() const
+{
+    const std::string here = m_services.disk.identity();
+    return static_cast<std::size_t>(std::ranges::count_if(
+        reportList(), [&](const auto& report) { return isSameVolume(report->volume, here); }));
 }
 
 bool ReportViewController::isOfThisVolume() const

@@ -153,11 +153,13 @@ void DashboardView::showStatement()
     const LastScans& last = m_controller.lastScans();
     if (!last.date) {
         m_statement->setArtwork({}, QStringLiteral("icn_white_question"));
-        m_statement->setStatement(tr("Not scanned yet"),
-                                  m_controller.diskCanBeTold()
-                                      ? tr("A quick scan takes about a minute and changes nothing.")
-                                      : tr("This disk cannot be told from others, so what earlier "
-                                           "scans found is in the reports only."));
+        m_statement->setStatement(
+            tr("Not scanned yet"),
+            m_controller.diskCanBeTold()
+                ? tr("A quick scan mostly takes less than a minute, and changes nothing "
+                     "on the disk.")
+                : tr("This disk cannot be told from others, so what earlier "
+                     "scans found is in the reports only."));
         return;
     }
     const QString when = tr("Last scan: %1").arg(ui::text(m_controller.lastScanText()));

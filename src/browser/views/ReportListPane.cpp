@@ -152,9 +152,14 @@ void ReportListPane::showRows()
 void ReportListPane::showState()
 {
     const auto count = static_cast<qlonglong>(m_controller.reportList().size());
-    m_statement->setText(count == 0   ? tr("Reports")
-                         : count == 1 ? tr("1 report")
-                                      : tr("%1 reports").arg(QLocale().toString(count)));
+    QString statement = count == 0   ? tr("Reports")
+                        : count == 1 ? tr("1 report")
+                                     : tr("%1 reports").arg(QLocale().toString(count));
+    const auto ofThisDisk = static_cast<qlonglong>(m_controller.reportsOfThisDisk());
+    if (ofThisDisk < count)
+        statement += ofThisDisk == 0 ? tr(", none of this disk")
+                                     : tr(", %1 of this disk").arg(QLocale().toString(ofThisDisk));
+    m_statement->setText(statement);
     m_scanning->setVisible(m_controller.isScanning());
     m_notice->setText(ui::text(m_controller.notice()));
     m_notice->setVisible(!m_controller.notice().empty());

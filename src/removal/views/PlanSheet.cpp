@@ -141,7 +141,7 @@ void PlanSheet::showTotals()
     const RemovalPlan::Totals totals = m_source.totals();
     const auto weak = m_source.weakCount();
     m_totals->setText(totalsText(totals));
-    m_remove->setEnabled(totals.rows > 0);
+    m_remove->setEnabled(totals.rows > totals.hindered);
     m_leaveWeakOut->setVisible(!m_source.weakTicked().empty());
     m_weak->setText(weak == 0 ? QString()
                     : weak == 1

@@ -368,6 +368,7 @@ TEST_F(VerdictFacesTest, TheDashboardTellsOfTheDiskInFrontAlone)
     show();
     EXPECT_THAT(rowText("reportList", 0), HasSubstr("third, alice"));
     EXPECT_THAT(rowText("reportList", 3), HasSubstr("second, alice"));
+    EXPECT_EQ(ReportWindowFixture::textOf("reportCount"), "6 reports, 2 of this disk");
 }
 
 /// Whoever has told the program to be silent about it can have it told again.
@@ -459,8 +460,11 @@ TEST_F(VerdictFacesTest, NothingIsToldOfADiskThatWasNotLookedAt)
         EXPECT_THAT(shown, HasSubstr(" unknown "));
         show();
         EXPECT_THAT(rowText("reportList", 0), HasSubstr("other-disk, alice"));
+        EXPECT_EQ(ReportWindowFixture::textOf("reportCount"), "1 report, none of this disk");
         press("reportList", 0, Qt::Key_Return);
-        EXPECT_THAT(test::textOf(*view), HasSubstr("not known"));
+        EXPECT_EQ(ReportWindowFixture::textOf("notice"),
+                  "This report is of another disk than the one in front, so what of it is still "
+                  "there is not known.");
         EXPECT_FALSE(isShown("quarantineBtn"));
     }
     EXPECT_THAT(userNotifier.updated, IsEmpty());
