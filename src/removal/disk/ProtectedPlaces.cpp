@@ -1,10 +1,12 @@
 #include "removal/disk/ProtectedPlaces.h"
 
+#include "core/Result.h"
 #include "volume/FoldedName.h"
 #include "volume/VolumeFileSystem.h"
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <string_view>
 #include <tuple>
@@ -94,12 +96,6 @@ constexpr std::array<std::string_view, 2> kHomesIn = {"Users", "home"};
 /// What systems keep as links in the root.
 constexpr std::array<std::string_view, 5> kSystemsLinks = {"etc", "tmp", "var", "Users", "home"};
 
-FolderId idOf(int folder)
-{
-    const auto facts = factsOf(folder, {});
-    return facts ? facts->id : FolderId();
-}
-
 /// A handle to look from, which asks for no right to read.
 UniqueFd openToSearch(int folder, const char* path)
 {
@@ -110,19 +106,23 @@ UniqueFd openToSearch(int folder, const char* path)
 
 ProtectedPlaces::ProtectedPlaces(const VolumeFileSystem& disk,
                                  const std::vector<std::string>& ownFolders)
-    : m_root(idOf(disk.rootHandle()))
 {
+    m_root = add(disk.rootHandle());
     addWithAllAbove(openToSearch(disk.rootHandle(), "."));
     addEntriesOf(disk, {}, openToSearch(disk.rootHandle(), "."));
     for (const std::string_view name : ImpliedLinks::kNames) {
         const std::string inside = "/" + std::string(name) + "/.";
-        if (const auto behind = disk.openParent(FileURL::fileURLWithPath(inside)).parent)
-            m_places.push_back(idOf(behind.get()));
+        if (const auto behind = disk.openParent(FileURL::fileURLWithPath(inside)); behind.parent)
+            add(behind.parent.get());
+        else
+            cannotTell(behind.error);
     }
     for (const std::string& path : ownFolders) {
         if (UniqueFd folder = openToSearch(AT_FDCWD, path.c_str())) {
-            m_own.push_back(idOf(folder.get()));
+            m_own.push_back(add(folder.get()));
             addWithAllAbove(std::move(folder));
+        } else {
+            cannotTell(errno);
         }
     }
     std::ranges::sort(m_places, before);
@@ -133,30 +133,43 @@ void ProtectedPlaces::addEntriesOf(const VolumeFileSystem& disk, const std::stri
                                    UniqueFd folder)
 {
     FolderHandle reading = FolderHandle::openIn(folder.get(), ".");
+    if (!reading)
+        cannotTell(errno);
     FolderBatch batch;
     FolderBatch::Entry entry;
-    while (reading && batch.fill(reading)) {
-        while (batch.next(entry)) {
-            const std::string name(entry.name);
-            const bool isLink = entry.kind == FileKind::SymbolicLink;
-            if ((entry.kind != FileKind::Folder && !isLink) ||
-                (isLink && path.empty() && !isAnyOf(name, kSystemsLinks)))
-                continue;
-            std::string behind = path;
-            behind.append("/").append(name).append("/.");
-            UniqueFd child =
-                isLink ? disk.openParent(FileURL::fileURLWithPath(behind)).parent
-                       : UniqueFd(openat(folder.get(), name.c_str(), kToSearch | O_NOFOLLOW));
-            if (!child)
-                continue;
-            m_places.push_back(idOf(child.get()));
-            if (path.empty() && isAnyOf(name, kHomesIn)) {
-                m_homesIn.push_back(m_places.back());
-                addEntriesOf(disk, "/" + name, std::move(child));
-            }
-        }
-        if (batch.atEnd())
-            break;
+    while (reading && !batch.atEnd()) {
+        if (!batch.fill(reading))
+            return cannotTell(errno);
+        while (batch.next(entry))
+            addEntry(disk, path, folder, entry);
+    }
+}
+
+void ProtectedPlaces::addEntry(const VolumeFileSystem& disk, const std::string& path,
+                               const UniqueFd& folder, const FolderBatch::Entry& entry)
+{
+    const std::string name(entry.name);
+    const bool isLink = entry.kind == FileKind::SymbolicLink;
+    const bool mayLead =
+        isLink || entry.kind == FileKind::Folder || entry.kind == FileKind::Unknown;
+    if (!mayLead || (isLink && path.empty() && !isAnyOf(name, kSystemsLinks)))
+        return;
+    UniqueFd child;
+    if (isLink) {
+        std::string behind = path;
+        behind.append("/").append(name).append("/.");
+        auto found = disk.openParent(FileURL::fileURLWithPath(behind));
+        child = std::move(found.parent);
+        errno = found.error;
+    } else {
+        child = UniqueFd(openat(folder.get(), name.c_str(), kToSearch | O_NOFOLLOW));
+    }
+    if (!child)
+        return cannotTell(errno);
+    const FolderId id = add(child.get());
+    if (path.empty() && isAnyOf(name, kHomesIn)) {
+        m_homesIn.push_back(id);
+        addEntriesOf(disk, "/" + name, std::move(child));
     }
 }
 
@@ -164,13 +177,35 @@ void ProtectedPlaces::addWithAllAbove(UniqueFd folder)
 {
     FolderId below;
     while (folder) {
-        const FolderId id = idOf(folder.get());
+        const FolderId id = add(folder.get());
         if (id == below)
-            break; // the host's root is above itself
-        m_places.push_back(id);
+            return; // the host's root is above itself
         below = id;
         folder = openToSearch(folder.get(), "..");
     }
+    cannotTell(errno);
+}
+
+FolderId ProtectedPlaces::add(int folder)
+{
+    const auto facts = factsOf(folder, {});
+    if (!facts) {
+        cannotTell(errno);
+        return {};
+    }
+    m_places.push_back(facts->id);
+    return facts->id;
+}
+
+/// What is not there needs no protection. What may not be read is known by the folder that it lies
+/// in, and what may not even be searched cannot be reached by whoever removes. Any other failure
+/// may hide a home.
+void ProtectedPlaces::cannotTell(int error)
+{
+    if (m_failure || meansAbsent(error) || error == EACCES || error == EPERM)
+        return;
+    m_failure = {RemovalObstacle::DeviceError,
+                 "which folders must stay cannot be told: " + errorText(error)};
 }
 
 bool ProtectedPlaces::contains(const FolderId& folder) const

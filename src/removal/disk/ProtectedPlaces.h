@@ -2,6 +2,7 @@
 
 #include "core/Files.h"
 #include "removal/disk/HostRemoval.h"
+#include "removal/disk/RemovalErrors.h"
 #include "volume/folders/FolderHandle.h"
 
 #include <cstdint>
@@ -23,6 +24,9 @@ public:
     /// them is protected.
     ProtectedPlaces(const VolumeFileSystem& disk, const std::vector<std::string>& ownFolders);
 
+    /// Why it could not be told what is to stay; nothing may be removed then.
+    [[nodiscard]] const RemovalFailure& failure() const { return m_failure; }
+
     /// Whether it is the volume's root, a top-level folder, a home, a folder of our own, or above
     /// one of these.
     [[nodiscard]] bool contains(const FolderId& folder) const;
@@ -33,12 +37,17 @@ public:
 
 private:
     void addEntriesOf(const VolumeFileSystem& disk, const std::string& path, UniqueFd folder);
+    void addEntry(const VolumeFileSystem& disk, const std::string& path, const UniqueFd& folder,
+                  const FolderBatch::Entry& entry);
     void addWithAllAbove(UniqueFd folder);
+    FolderId add(int folder);
+    void cannotTell(int error);
 
     FolderId m_root;
     std::vector<FolderId> m_homesIn; ///< folders that hold homes
     std::vector<FolderId> m_own;
     std::vector<FolderId> m_places; ///< sorted
+    RemovalFailure m_failure;
 };
 
 /// Finds what a Mac would have taken for the entry that was just removed: the same name in another

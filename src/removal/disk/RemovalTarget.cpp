@@ -277,6 +277,8 @@ RemovalTarget findTarget(const VolumeFileSystem& disk, const RemovalItem& item)
 RemovalFailure refusalOf(const RemovalItem& item, const RemovalTarget& target,
                          const EntryFacts& standing, const ProtectedPlaces& places)
 {
+    if (places.failure())
+        return places.failure();
     const auto parent = factsOf(target.parent.get(), {});
     if (!parent)
         return unreadable(errno);

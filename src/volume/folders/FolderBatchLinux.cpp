@@ -1,3 +1,4 @@
+#include "volume/folders/EntryKind.h"
 #include "volume/folders/FolderHandle.h"
 
 #include <cstddef>
@@ -22,22 +23,6 @@ struct RawEntry {
     char name[5];
 };
 constexpr std::size_t kNameAt = offsetof(RawEntry, name);
-
-FileKind kindOfType(std::uint8_t type)
-{
-    switch (type) {
-    case DT_REG:
-        return FileKind::RegularFile;
-    case DT_DIR:
-        return FileKind::Folder;
-    case DT_UNKNOWN:
-        return FileKind::Unknown;
-    case DT_LNK:
-        return FileKind::SymbolicLink;
-    default:
-        return FileKind::Other;
-    }
-}
 
 bool isDots(const char* name)
 {

@@ -1,3 +1,4 @@
+#include "volume/folders/EntryKind.h"
 #include "volume/folders/FolderHandle.h"
 
 #include <cerrno>
@@ -9,22 +10,6 @@ namespace {
 
 constexpr std::size_t kBufferSize = 32768;
 constexpr std::size_t kLongestName = 1024; // more than any dirent holds
-
-FileKind kindOfType(unsigned char type)
-{
-    switch (type) {
-    case DT_REG:
-        return FileKind::RegularFile;
-    case DT_DIR:
-        return FileKind::Folder;
-    case DT_UNKNOWN:
-        return FileKind::Unknown;
-    case DT_LNK:
-        return FileKind::SymbolicLink;
-    default:
-        return FileKind::Other;
-    }
-}
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "volume/folders/FolderHandle.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -46,7 +47,7 @@ FileKind kindAt(int folder, const char* name)
 {
     struct stat data {};
     if (fstatat(folder, name, &data, AT_SYMLINK_NOFOLLOW) != 0)
-        return FileKind::Missing;
+        return errno == ENOENT || errno == ENOTDIR ? FileKind::Missing : FileKind::Unknown;
     return kindOfMode(data.st_mode);
 }
 

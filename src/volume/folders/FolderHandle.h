@@ -111,7 +111,8 @@ private:
 
 [[nodiscard]] FileKind kindOfMode(mode_t mode);
 
-/// What stands there, links not followed; for entries whose kind the listing leaves out.
+/// What stands there, links not followed; for entries whose kind the listing leaves out. Missing
+/// where nothing does, Unknown where that cannot be told.
 [[nodiscard]] FileKind kindAt(int folder, const char* name);
 
 } // namespace pryvane

@@ -63,5 +63,16 @@ TEST(FolderReading, AFailureAtAnyCallIsToldAndKeepsWhatWasRead)
     EXPECT_GT(before, names.size() / 2) << "only the last call failed";
 }
 
+/// What is taken for missing may be linked elsewhere, or left out of what stays.
+TEST(FolderReading, OnlyWhatIsNotThereIsMissing)
+{
+    const TemporaryFolder host;
+    host.file("file");
+    const UniqueFd folder(::open(host.path().c_str(), O_RDONLY | O_DIRECTORY));
+    EXPECT_EQ(kindAt(folder.get(), "file"), FileKind::RegularFile);
+    EXPECT_EQ(kindAt(folder.get(), "none"), FileKind::Missing);
+    EXPECT_EQ(kindAt(-1, "file"), FileKind::Unknown);
+}
+
 } // namespace
 } // namespace pryvane
