@@ -54,7 +54,7 @@ public:
     [[nodiscard]] int columnType(int column) const;
     [[nodiscard]] std::int64_t integerColumn(int column) const;
     [[nodiscard]] double realColumn(int column) const;
-    /// The bytes of a text or blob column. None where memory ran out; step() cannot tell that.
+    /// The bytes of a text or blob column. False if memory ran out; step() does not report that.
     [[nodiscard]] bool bytesColumn(int column, std::string& bytes) const;
 
 private:

@@ -45,7 +45,7 @@ Result<std::vector<StoredReport>> SqliteReportStore::list()
         }
     }
     if (code != SQLITE_DONE)
-        return storeError("read the list of reports", m_store.path, code);
+        return failure("read the list of reports", code);
     return reports;
 }
 
@@ -69,13 +69,13 @@ Result<std::vector<StoredPiece>> SqliteReportStore::pieces(std::int64_t place, s
         piece.place = rows->integerColumn(0) / kPiecesAReport;
         piece.number = rows->integerColumn(0) % kPiecesAReport;
         if (!rows->bytesColumn(1, piece.value))
-            return storeError("read a report", m_store.path, SQLITE_NOMEM);
+            return failure("read a report", SQLITE_NOMEM);
         size += piece.value.size();
         if (size >= bytes)
             return pieces;
     }
     if (code != SQLITE_DONE)
-        return storeError("read a report", m_store.path, code);
+        return failure("read a report", code);
     return pieces;
 }
 
@@ -121,17 +121,28 @@ Result<Done> SqliteReportStore::change(const Work& work)
     const RecursiveMutexLock lock(m_mutex);
     if (m_readOnly)
         return Error{"The reports were opened for reading only; nothing was saved."};
-    SqliteTransaction transaction(connection());
-    Outcome outcome{transaction.code(), {}};
-    if (outcome.code == SQLITE_OK)
-        outcome = work();
+    const auto outcome = [&]() REQUIRES(m_mutex) {
+        SqliteTransaction transaction(connection());
+        Outcome done{transaction.code(), {}};
+        if (done.code == SQLITE_OK)
+            done = work();
+        if (done.code == SQLITE_OK && !done.error)
+            done.code = transaction.commit();
+        return done;
+    }();
     if (outcome.error)
         return *outcome.error;
     if (outcome.code == SQLITE_OK)
-        outcome.code = transaction.commit();
-    if (outcome.code == SQLITE_OK)
         return Done{};
-    return storeError("save the reports", m_store.path, outcome.code);
+    return failure("save the reports", outcome.code);
+}
+
+Error SqliteReportStore::failure(std::string_view doing, int code)
+{
+    const int told = withoutFalseDamage(connection(), code);
+    if ((told & 0xff) == SQLITE_CORRUPT && !m_readOnly)
+        wantWholeLook(connection());
+    return storeError(doing, m_store.path, told);
 }
 
 SqliteReportStore::Outcome SqliteReportStore::insert(const NewReport& report)

@@ -37,6 +37,7 @@ private:
     class Statement;
 
     [[nodiscard]] Result<Done> change(const Work& work);
+    [[nodiscard]] Error failure(std::string_view doing, int code) REQUIRES(m_mutex);
     [[nodiscard]] Outcome insert(const NewReport& report) REQUIRES(m_mutex);
     [[nodiscard]] int newest(std::string_view id, std::optional<std::int64_t>& place)
         REQUIRES(m_mutex);

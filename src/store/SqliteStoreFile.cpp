@@ -93,7 +93,39 @@ int readText(const SqliteConnection& connection, std::string_view sql, std::stri
     return code == SQLITE_ROW && !statement.bytesColumn(0, value) ? SQLITE_NOMEM : code;
 }
 
-/// Looks the whole file over: header, pages, and that it holds our table and nothing else.
+/// Larger files are looked over but for the findings of their reports, which are looked at when
+/// they are read: all pages of a cold disk would take seconds, at each command.
+constexpr std::int64_t kLookedOverWhole = std::int64_t{64} << 20; // bytes
+
+/// A preference that asks the next start for a look at the whole file, whatever its size.
+constexpr const char* kWholeLookWanted = "SELECT count(*) FROM preference WHERE key='WholeLook'";
+
+/// SQLite's code; SQLITE_ROW where the check came to an end, with "ok" or what is wrong.
+int lookOver(const SqliteConnection& connection, ReportTables reports, std::string& verdict)
+{
+    std::int64_t pages = 0, pageSize = 0, wanted = 0;
+    int code = readInteger(connection, "PRAGMA page_count", pages);
+    if (code == SQLITE_ROW)
+        code = readInteger(connection, "PRAGMA page_size", pageSize);
+    if (code != SQLITE_ROW)
+        return code;
+    if (reports == ReportTables::Current && pages > kLookedOverWhole / pageSize) {
+        for (const char* check : {"PRAGMA quick_check(preference)", "PRAGMA quick_check(report)"}) {
+            code = readText(connection, check, verdict);
+            if (code != SQLITE_ROW || verdict != "ok")
+                return code;
+        }
+        code = readInteger(connection, kWholeLookWanted, wanted);
+        if (code != SQLITE_ROW || wanted == 0)
+            return code;
+    }
+    code = readText(connection, "PRAGMA quick_check(1)", verdict);
+    if (wanted > 0 && code == SQLITE_ROW && verdict == "ok")
+        static_cast<void>(connection.execute("DELETE FROM preference WHERE key='WholeLook'"));
+    return code;
+}
+
+/// Looks the file over: header, pages, and that it holds our tables and nothing else.
 Attempt checked(SqliteConnection connection, const std::string& path)
 {
     std::int64_t version = 0, application = 0;
@@ -115,13 +147,6 @@ Attempt checked(SqliteConnection connection, const std::string& path)
     }
 
     std::string verdict, schema;
-    if (const int code = readText(connection, "PRAGMA quick_check(1)", verdict); code != SQLITE_ROW)
-        return failed(connection, path, code);
-    if (verdict != "ok") {
-        if (couldNotRead(connection))
-            return failed(connection, path, SQLITE_CORRUPT);
-        return {{}, verdict, {}};
-    }
     const int read = readText(
         connection,
         "SELECT group_concat(sql, char(10)) FROM (SELECT sql FROM sqlite_master ORDER BY name)",
@@ -131,6 +156,13 @@ Attempt checked(SqliteConnection connection, const std::string& path)
     const auto reports = static_cast<ReportTables>(version);
     if (version < 1 || schema != tablesOf(reports))
         return {{}, "its tables are not the expected ones", {}};
+    if (const int code = lookOver(connection, reports, verdict); code != SQLITE_ROW)
+        return failed(connection, path, code);
+    if (verdict != "ok") {
+        if (couldNotRead(connection))
+            return failed(connection, path, SQLITE_CORRUPT);
+        return {{}, verdict, {}};
+    }
     if (reports != ReportTables::None) {
         std::int64_t last = 0;
         const int code =
@@ -322,6 +354,17 @@ Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cu
                        ReportTables::None,
                        "The preferences in " + forScreen(path) + " cannot be read (" +
                            forScreen(*attempt.damage) + "). Nothing was changed."};
+}
+
+int withoutFalseDamage(const SqliteConnection& connection, int code)
+{
+    return meansDamage(code) && couldNotRead(connection) ? SQLITE_IOERR_READ : code;
+}
+
+void wantWholeLook(const SqliteConnection& connection)
+{
+    static_cast<void>(
+        connection.execute("INSERT OR REPLACE INTO preference VALUES('WholeLook', 'bool', 1)"));
 }
 
 Error storeError(std::string_view doing, std::string_view path, int sqliteCode)

@@ -33,6 +33,13 @@ enum class CutOffSave : std::uint8_t { Leave, Undo };
 /// as empty, and so does one whose content cannot be read, with a notice that says so.
 [[nodiscard]] Result<OpenedStore> openStoreReadOnly(std::string_view dataFolder, CutOffSave cutOff);
 
+/// SQLite's code, but for damage that is none: it takes a read that failed in the system for that.
+[[nodiscard]] int withoutFalseDamage(const SqliteConnection& connection, int code);
+
+/// Has the next start look at the whole file, also where it is so large that a start leaves out the
+/// findings of its reports: some of it was found damaged. What cannot be written is left.
+void wantWholeLook(const SqliteConnection& connection);
+
 /// Why SQLite refused, for a person: what was being done, with which file, and what helps.
 [[nodiscard]] Error storeError(std::string_view doing, std::string_view path, int sqliteCode);
 

@@ -102,7 +102,9 @@ std::optional<PreferenceValue> SqliteUserDefaults::objectForKey(std::string_view
     const RecursiveMutexLock lock(m_mutex);
     std::optional<PreferenceValue> value;
     if (const int code = read(key, value); code != SQLITE_OK)
-        m_log.line(storeError("read the preference " + forScreen(key), path(), code).message);
+        m_log.line(storeError("read the preference " + forScreen(key), path(),
+                              withoutFalseDamage(m_store.connection, code))
+                       .message);
     return value;
 }
 
@@ -215,7 +217,7 @@ Result<Done> SqliteUserDefaults::saved(int code)
         return Done{};
     if (m_access == Access::ReadOnly)
         return Error{"The preferences were opened for reading only; nothing was saved."};
-    return storeError("save the preferences", path(), code);
+    return storeError("save the preferences", path(), withoutFalseDamage(m_store.connection, code));
 }
 
 } // namespace pryvane

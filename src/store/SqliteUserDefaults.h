@@ -56,7 +56,7 @@ private:
     [[nodiscard]] int write(std::string_view key, const PreferenceValue& value) REQUIRES(m_mutex);
     [[nodiscard]] int moveAside(std::string_view key) REQUIRES(m_mutex);
     [[nodiscard]] int change(std::string_view key, const Change& change) REQUIRES(m_mutex);
-    [[nodiscard]] Result<Done> saved(int code);
+    [[nodiscard]] Result<Done> saved(int code) REQUIRES(m_mutex);
 
     Log& m_log;
     const Access m_access;

@@ -150,6 +150,45 @@ TEST_F(StoreDamageTest, KeepsThreeDamagedFilesTheLargestAndTheirJournals)
     EXPECT_EQ(names[3], names[2] + "-journal");
 }
 
+/// The findings of a large store are not read at each start. What is wrong with them is found by
+/// whoever needs them, and the next start sets the file aside.
+TEST_F(StoreDamageTest, LargeStoresAreLookedOverWithoutTheirFindings)
+{
+    auto opened = openedStore(folder->path(), log);
+    const std::string piece(std::size_t{1} << 20, 'f');
+    const auto filled = opened.defaults->reports().replaceAll(2, [&](std::size_t i) {
+        return NewReport{"report " + std::to_string(i), "facts", [&](const PieceSink& sink) {
+                             Result<Done> done = Done{};
+                             for (int k = 0; k < 40 && done; ++k)
+                                 done = sink(piece);
+                             return done;
+                         }};
+    });
+    ASSERT_TRUE(filled);
+    opened.defaults.reset();
+    std::string damaged = contentOf(file());
+    // Behind the last page with findings of the older report, no page follows any more.
+    const std::size_t page = damaged.size() / kPage / 4 * kPage;
+    ASSERT_EQ(damaged.substr(page + 4, 9), "fffffffff");
+    damaged.replace(page, 4, "\xff\xff\xff\xff");
+    setContent(file(), damaged);
+
+    const auto readOnly = SqliteUserDefaults::openReadOnly(folder->path(), log);
+    ASSERT_TRUE(readOnly && !readOnly->notice);
+    EXPECT_EQ(readOnly->defaults->reports().list()->size(), 2U);
+    for (const bool writes : {false, true}) { // a failing write asks for the look
+        opened = openedStore(folder->path(), log);
+        ASSERT_FALSE(opened.notice.has_value()) << *opened.notice;
+        ReportStore& reports = opened.defaults->reports();
+        EXPECT_EQ(reports.list()->size(), 2U);
+        EXPECT_FALSE(writes && reports.remove("report 1"));
+        opened.defaults.reset();
+    }
+    EXPECT_EQ(contentOf(file()).size(), damaged.size());
+    EXPECT_TRUE(openedStore(folder->path(), log).notice.has_value());
+    EXPECT_EQ(namesIn(folder->path()).size(), 2U) << "kept beside a fresh one";
+}
+
 TEST_F(StoreDamageTest, PutsTheFileBackWhereAFreshOneCannotBeMade)
 {
     setContent(file(), "garbage");
