@@ -8,21 +8,30 @@ set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
 set(PRYVANE_PROGRAMS "${CMAKE_BINARY_DIR}/bin")
 file(RELATIVE_PATH PRYVANE_MODULES "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}/pryvane")
 
-# pryvane_program(NAME SOURCES … LINKS … [MODULES …])
-#   a program that is installed.
+# The component that something is installed with: "cli" where nothing else is said.
+function(pryvane_component variable said)
+    set(${variable} "cli" PARENT_SCOPE)
+    if(said)
+        set(${variable} "${said}" PARENT_SCOPE)
+    endif()
+endfunction()
+
+# pryvane_program(NAME SOURCES … LINKS … [MODULES …] [COMPONENT gui])
+#   a program that is installed, with what needs no screen unless said otherwise.
 function(pryvane_program name)
-    cmake_parse_arguments(PROGRAM "" "" "SOURCES;LINKS;MODULES" ${ARGN})
+    cmake_parse_arguments(PROGRAM "" "COMPONENT" "SOURCES;LINKS;MODULES" ${ARGN})
     add_executable(${name} ${PROGRAM_SOURCES})
     target_link_libraries(${name} PRIVATE ${PROGRAM_LINKS})
     pryvane_uses_modules(${name} ${PROGRAM_MODULES})
     set_property(GLOBAL APPEND PROPERTY PRYVANE_PRODUCTS ${name})
-    install(TARGETS ${name})
+    pryvane_component(component "${PROGRAM_COMPONENT}")
+    install(TARGETS ${name} COMPONENT ${component})
 endfunction()
 
-# pryvane_module(NAME SOURCES … [LINKS …])
+# pryvane_module(NAME SOURCES … [LINKS …] [COMPONENT gui])
 #   the file libpryvane-NAME.so, linked with what the room in this folder uses, and LINKS.
 function(pryvane_module name)
-    cmake_parse_arguments(MODULE "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(MODULE "" "COMPONENT" "SOURCES;LINKS" ${ARGN})
     set(target pryvane_${name}_module)
     add_library(${target} MODULE ${MODULE_SOURCES})
     set_target_properties(${target} PROPERTIES
@@ -34,7 +43,9 @@ function(pryvane_module name)
     pryvane_link_room(${target} PRIVATE ${room})
     target_link_libraries(${target} PRIVATE ${MODULE_LINKS})
     set_property(GLOBAL APPEND PROPERTY PRYVANE_PRODUCTS ${target})
-    install(TARGETS ${target} LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/pryvane")
+    pryvane_component(component "${MODULE_COMPONENT}")
+    install(TARGETS ${target}
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/pryvane" COMPONENT ${component})
 endfunction()
 
 # pryvane_uses_modules(PROGRAM [NAME …])
