@@ -8,6 +8,10 @@ include(CheckCXXCompilerFlag)
 check_cxx_compiler_flag(-fcf-protection=full PRYVANE_HAS_CET)
 check_cxx_compiler_flag(-mbranch-protection=standard PRYVANE_HAS_BTI)
 
+# What a position-independent program must mend in itself at each start, in a twentieth of the room.
+include(CheckLinkerFlag)
+check_linker_flag(CXX -Wl,-z,pack-relative-relocs PRYVANE_HAS_RELR)
+
 add_library(pryvane_flags INTERFACE)
 target_compile_features(pryvane_flags INTERFACE cxx_std_20)
 target_compile_options(pryvane_flags INTERFACE
@@ -19,7 +23,8 @@ target_compile_options(pryvane_flags INTERFACE
     $<$<BOOL:${PRYVANE_HAS_CET}>:-fcf-protection=full>
     $<$<BOOL:${PRYVANE_HAS_BTI}>:-mbranch-protection=standard>)
 target_link_options(pryvane_flags INTERFACE
-    $<$<PLATFORM_ID:Linux>:-Wl,-z,relro,-z,now> $<$<PLATFORM_ID:Linux>:-Wl,--as-needed>)
+    $<$<PLATFORM_ID:Linux>:-Wl,-z,relro,-z,now> $<$<PLATFORM_ID:Linux>:-Wl,--as-needed>
+    $<$<BOOL:${PRYVANE_HAS_RELR}>:-Wl,-z,pack-relative-relocs>)
 target_compile_definitions(pryvane_flags INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
     PRYVANE_VERSION="${PROJECT_VERSION}" PRYVANE_BUILD="${PRYVANE_BUILD}"

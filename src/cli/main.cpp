@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 #include "core/Exhaustion.h"
+#include "removal/disk/ConfinedWork.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -23,6 +24,8 @@ int runProgram(int argc, char** argv)
 {
     // Scripts ask for the version by itself; no parser need be built for that.
     if (argc == 2 && std::string_view(argv[1]) == "--version") {
+        // The program ends behind it, so no thread need be made for trying this out.
+        static_cast<void>(pryvane::kernelConfinementText(pryvane::TriedOn::CallingThread));
         std::cout << pryvane::cli::versionText() << std::endl;
         return std::cout ? pryvane::cli::kDone : pryvane::cli::kFailed;
     }

@@ -23,8 +23,12 @@ struct ConfinementState {
 /// What this host does; tried out once.
 [[nodiscard]] KernelConfinement kernelConfinementOfRemoval();
 
+/// Where it is tried out: on a thread made for it, or, for a program that ends behind it, on the
+/// calling one, which gives up for good what a removal does without.
+enum class TriedOn : std::uint8_t { OwnThread, CallingThread };
+
 /// The same in words for --version: "confined ... by Landlock, version 4" or why it is not.
-[[nodiscard]] std::string_view kernelConfinementText();
+[[nodiscard]] std::string_view kernelConfinementText(TriedOn thread = TriedOn::OwnThread);
 
 /// Whether the calling thread is one that runConfined() made and the kernel holds.
 [[nodiscard]] bool isThisThreadConfined();

@@ -57,13 +57,14 @@ std::uint64_t removingRights(int version)
 }
 
 /// What the kernel does when it is asked: it may have Landlock and still refuse it.
-const ConfinementState& triedConfinement()
+const ConfinementState& triedConfinement(TriedOn thread = TriedOn::OwnThread)
 {
-    static const ConfinementState state = []() -> ConfinementState {
+    static const ConfinementState state = [thread]() -> ConfinementState {
         try {
             const UniqueFd root(open("/", O_PATH | O_DIRECTORY | O_CLOEXEC));
             const int folders[] = {root.get()};
-            return runConfined(folders, [] {});
+            return thread == TriedOn::CallingThread ? confineThisThread(folders)
+                                                    : runConfined(folders, [] {});
         } catch (const std::exception& error) {
             return {KernelConfinement::Refused, error.what()};
         }
@@ -83,11 +84,11 @@ KernelConfinement kernelConfinementOfRemoval()
     return triedConfinement().kind;
 }
 
-std::string_view kernelConfinementText()
+std::string_view kernelConfinementText(TriedOn thread)
 {
-    static const std::string text = []() -> std::string {
+    static const std::string text = [thread]() -> std::string {
         const std::string version = "Landlock, version " + std::to_string(landlockVersion());
-        switch (triedConfinement().kind) {
+        switch (triedConfinement(thread).kind) {
         case KernelConfinement::Enforced:
             return "confined to the volume by " + version;
         case KernelConfinement::Refused:

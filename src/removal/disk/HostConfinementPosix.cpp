@@ -7,7 +7,7 @@ KernelConfinement kernelConfinementOfRemoval()
     return KernelConfinement::NotAvailable;
 }
 
-std::string_view kernelConfinementText()
+std::string_view kernelConfinementText(TriedOn)
 {
     return "not confined: this system has no Landlock";
 }
