@@ -14,7 +14,6 @@ namespace {
 constexpr std::uint32_t kName = 0x00000001;
 constexpr std::uint32_t kObjectType = 0x00000008;
 constexpr std::uint32_t kError = 0x20000000;
-constexpr std::uint32_t kReturned = 0x80000000;
 
 /// Reads one record from its front.
 class Record {
