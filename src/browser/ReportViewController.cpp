@@ -311,9 +311,11 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
     say(shown ? std::string() : shown.error().message);
 }
 
-std::size_t ReportViewController::reportsOfThisDisk() const
+std::optional<std::size_t> ReportViewController::reportsOfThisDisk() const
 {
     const std::string here = m_services.disk.identity();
+    if (here.empty())
+        return std::nullopt;
     return static_cast<std::size_t>(std::ranges::count_if(
         reportList(), [&](const auto& report) { return isSameVolume(report->volume, here); }));
 }

@@ -51,8 +51,8 @@ public:
     // The list
     [[nodiscard]] const ReportList& reportList() const { return m_rows.reports(); }
     [[nodiscard]] const ReportRows& rows() const { return m_rows; }
-    /// How many of the list are known to be of the disk in front.
-    [[nodiscard]] std::size_t reportsOfThisDisk() const;
+    /// How many of the list are of the disk in front; none where that cannot be told from others.
+    [[nodiscard]] std::optional<std::size_t> reportsOfThisDisk() const;
     [[nodiscard]] bool isReportAvailable() const { return !reportList().empty(); }
     [[nodiscard]] bool isLoading() const { return m_loads > 0; }
     /// Whether the store or the disk is being asked.

@@ -155,10 +155,12 @@ void ReportListPane::showState()
     QString statement = count == 0   ? tr("Reports")
                         : count == 1 ? tr("1 report")
                                      : tr("%1 reports").arg(QLocale().toString(count));
-    const auto ofThisDisk = static_cast<qlonglong>(m_controller.reportsOfThisDisk());
-    if (ofThisDisk < count)
-        statement += ofThisDisk == 0 ? tr(", none of this disk")
-                                     : tr(", %1 of this disk").arg(QLocale().toString(ofThisDisk));
+    const auto ofThisDisk = m_controller.reportsOfThisDisk();
+    if (ofThisDisk && *ofThisDisk < m_controller.reportList().size())
+        statement += *ofThisDisk == 0
+                         ? tr(", none of this disk")
+                         : tr(", %1 of this disk")
+                               .arg(QLocale().toString(static_cast<qulonglong>(*ofThisDisk)));
     m_statement->setText(statement);
     m_scanning->setVisible(m_controller.isScanning());
     m_notice->setText(ui::text(m_controller.notice()));

@@ -43,7 +43,9 @@ public:
             return m_disk.list(folder);
         return {ListStatus::Refused, {}, "permission denied"};
     }
+    std::string identity() const override { return canBeTold ? m_disk.identity() : ""; }
     bool isOn = false;
+    bool canBeTold = true; ///< from other disks
 
 private:
     [[nodiscard]] bool isHidden(const FileURL& url) const
@@ -369,6 +371,15 @@ TEST_F(VerdictFacesTest, TheDashboardTellsOfTheDiskInFrontAlone)
     EXPECT_THAT(rowText("reportList", 0), HasSubstr("third, alice"));
     EXPECT_THAT(rowText("reportList", 3), HasSubstr("second, alice"));
     EXPECT_EQ(ReportWindowFixture::textOf("reportCount"), "6 reports, 2 of this disk");
+
+    // Of a disk that cannot be told from others no stored report is known to be.
+    hidden.canBeTold = false;
+    EXPECT_THAT(dashboard(), HasSubstr("Not scanned yet\nThis disk cannot be told from others"));
+    ReportViewController untold(services(), {host, host, printing, remover, "alice"});
+    untold.viewWillAppear();
+    ASSERT_TRUE(runUntil([&] { return !untold.isBusy(); }));
+    EXPECT_EQ(untold.reportList().size(), 6U);
+    EXPECT_FALSE(untold.reportsOfThisDisk());
 }
 
 /// Whoever has told the program to be silent about it can have it told again.
