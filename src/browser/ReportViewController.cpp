@@ -337,33 +337,71 @@ void ReportViewController::trashReport()
         deleteReport(m_report->reportId);
 }
 
-void ReportViewController::deleteReport(const std::string& id)
+std::vector<std::string> ReportViewController::reportIds(const std::vector<std::size_t>& rows) const
 {
-    // The report it belongs to may end while the question stands.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const std::string reportId = id;
-    const int answer = m_services.alerts.runModal(
-        {"Alert", "Are you sure you want to delete this report?", {"Yes", "No"}});
-    if (answer != kAlertFirstButton)
+    std::vector<std::string> ids;
+    for (const std::size_t row : rows)
+        if (row < m_rows.size())
+            ids.push_back(m_rows.report(row)->reportId);
+    return ids;
+}
+
+void ReportViewController::trashReports(const std::vector<std::size_t>& rows)
+{
+    if (auto ids = reportIds(rows); !ids.empty())
+        deleteReports(std::move(ids));
+}
+
+void ReportViewController::readReport(
+    const std::string& reportId,
+    std::function<void(const Result<std::shared_ptr<SpywareScanReport>>&)> told)
+{
+    m_storeTasks.run([this, reportId](const StopFlag&) { return m_store.loadReport(reportId); },
+                     std::move(told));
+}
+
+/// The reports may end while the question stands, so their identities are copies.
+void ReportViewController::deleteReports(std::vector<std::string> ids)
+{
+    const std::string question = ids.size() == 1 ? "Are you sure you want to delete this report?"
+                                                 : "Are you sure you want to delete these " +
+                                                       std::to_string(ids.size()) + " reports?";
+    if (m_services.alerts.runModal({"Alert", question, {"Yes", "No"}}) != kAlertFirstButton)
         return;
     closeDetails();
     m_selectedRow.reset();
     m_rows.setNow(m_services.clock.now());
-    m_rows.remove(reportId);
-    m_storeTasks.run([this, reportId](const StopFlag&) { return m_store.deleteReport(reportId); },
-                     [this, reportId](const Result<bool>& outcome) { deleted(reportId, outcome); });
+    for (const std::string& id : ids)
+        m_rows.remove(id);
+    struct Outcome {
+        std::vector<std::string> gone;
+        std::string problem; ///< of the first that stayed
+    };
+    m_storeTasks.run(
+        [this, ids = std::move(ids)](const StopFlag&) {
+            Outcome outcome;
+            for (const std::string& id : ids) {
+                if (const auto deleted = m_store.deleteReport(id))
+                    outcome.gone.push_back(id);
+                else if (outcome.problem.empty())
+                    outcome.problem = deleted.error().message;
+            }
+            return outcome;
+        },
+        [this](const Outcome& outcome) { deleted(outcome.gone, outcome.problem); });
     Q_EMIT listChanged();
     Q_EMIT stateChanged();
 }
 
-void ReportViewController::deleted(const std::string& reportId, const Result<bool>& outcome)
+void ReportViewController::deleted(const std::vector<std::string>& gone, const std::string& problem)
 {
-    if (!outcome) {
-        say("The report could not be deleted: " + outcome.error().message);
+    if (!problem.empty()) {
+        say("The report could not be deleted: " + problem);
         load();
         return;
     }
-    m_rows.remove(reportId); // a list read meanwhile still holds it
+    for (const std::string& id : gone)
+        m_rows.remove(id); // a list read meanwhile still holds it
     Q_EMIT listChanged();
     Q_EMIT stateChanged();
 }

@@ -71,6 +71,12 @@ public:
     [[nodiscard]] ReportComparison compare(std::size_t row, std::size_t otherRow) const;
     /// Deletes the selected row's report after confirmation.
     void trashSelectedReport();
+    /// The same of several rows, after one confirmation.
+    void trashReports(const std::vector<std::size_t>& rows);
+    [[nodiscard]] std::vector<std::string> reportIds(const std::vector<std::size_t>& rows) const;
+    /// Reads one report as it is stored, behind what is done already.
+    void readReport(const std::string& reportId,
+                    std::function<void(const Result<std::shared_ptr<SpywareScanReport>>&)> told);
     void scanningStartAction();
 
     // The details
@@ -119,8 +125,9 @@ private:
     void hideDetailsOfEmptyList();
     void reloadThreatDetails();
     void ChangeSelection();
-    void deleteReport(const std::string& id);
-    void deleted(const std::string& reportId, const Result<bool>& outcome);
+    void deleteReport(const std::string& id) { deleteReports({id}); }
+    void deleteReports(std::vector<std::string> ids);
+    void deleted(const std::vector<std::string>& gone, const std::string& problem);
     void offerPrinting();
     void printed(const PrintOutcome& outcome);
 

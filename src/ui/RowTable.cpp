@@ -168,7 +168,11 @@ void RowTable::contextMenuEvent(QContextMenuEvent* event)
     const int row = m_model.sourceRow(index);
     if (row < 0)
         return;
-    setCurrentIndex(index);
+    // On one of several chosen rows the menu is about them all.
+    if (selectionModel()->isSelected(index))
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    else
+        setCurrentIndex(index);
     Q_EMIT menuWanted(row, byKey ? viewport()->mapToGlobal(visualRect(index).center())
                                  : event->globalPos());
 }

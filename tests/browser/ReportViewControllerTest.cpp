@@ -209,6 +209,29 @@ TEST_F(ReportViewControllerTest, DeletesReportsAfterAsking)
     }
 }
 
+TEST_F(ReportViewControllerTest, DeletesSeveralReportsAfterAskingOnce)
+{
+    for (const char* path : {"/tmp/a", "/tmp/b", "/tmp/c", "/tmp/d"})
+        store({path});
+    showList();
+    const std::string kept = stored()[1]->reportId;
+    browser.trashReports({});
+    EXPECT_TRUE(alerts.asked().empty());
+    alerts.answer(kAlertFirstButton + 1);
+    browser.trashReports({0, 2, 3});
+    settle();
+    EXPECT_EQ(stored().size(), 4U);
+    alerts.answer(kAlertFirstButton);
+    browser.trashReports({0, 2, 3});
+    settle();
+    ASSERT_EQ(stored().size(), 1U);
+    EXPECT_EQ(stored()[0]->reportId, kept);
+    EXPECT_EQ(browser.rows().size(), 1U);
+    ASSERT_EQ(alerts.asked().size(), 2U);
+    EXPECT_EQ(alerts.asked()[1].informativeText,
+              "Are you sure you want to delete these 3 reports?");
+}
+
 TEST_F(ReportViewControllerTest, ADamagedListIsEmptyAndKeptForALaterLook)
 {
     ASSERT_TRUE(defaults.setObject(preferences::kSaveReport, Bytes{"not a list"}));

@@ -58,6 +58,12 @@ ReportBrowserView::ReportBrowserView(ReportViewController& controller, Services 
     column->addWidget(m_pages);
     followController();
     connect(m_list, &ReportListPane::compareWanted, this, &ReportBrowserView::compare);
+    connect(m_list, &ReportListPane::exportWanted, this,
+            [this](const std::vector<std::string>& ids, const ExportKind& kind) {
+                exportReports(
+                    window(), m_controller, m_documents, ids, kind,
+                    [this](const QString& words) { m_controller.say(words.toStdString()); });
+            });
     connect(m_details, &ReportDetailsPane::printWanted, this, &ReportBrowserView::openPreview);
     connect(m_details, &ReportDetailsPane::exportWanted, this,
             &ReportBrowserView::askWhereToExport);

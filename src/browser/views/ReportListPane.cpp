@@ -1,5 +1,6 @@
 #include "browser/views/ReportListPane.h"
 
+#include "browser/ReportDocuments.h"
 #include "browser/ReportViewController.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
@@ -215,7 +216,17 @@ void ReportListPane::open(int row)
 
 void ReportListPane::askToDelete()
 {
-    m_controller.trashSelectedReport();
+    const std::vector<int> rows = selected();
+    if (rows.size() > 1)
+        m_controller.trashReports({rows.begin(), rows.end()});
+    else
+        m_controller.trashSelectedReport();
+}
+
+void ReportListPane::wantExport(const ExportKind& kind)
+{
+    const std::vector<int> rows = selected();
+    Q_EMIT exportWanted(m_controller.reportIds({rows.begin(), rows.end()}), kind);
 }
 
 void ReportListPane::compareSelected()
@@ -236,7 +247,13 @@ void ReportListPane::showMenu(int row, const QPoint& place)
     menu.addAction(ui::icon(QStringLiteral("compare")), m_compare->text(), this,
                    &ReportListPane::compareSelected)
         ->setEnabled(m_compare->isEnabled());
-    menu.addAction(ui::icon(QStringLiteral("btn_trash")), tr("Delete…"), this,
+    const auto count = static_cast<int>(selected().size());
+    QMenu* exports = menu.addMenu(count > 1 ? tr("Export These %1").arg(count) : tr("Export"));
+    for (const ExportKind& kind : kExportKinds)
+        exports->addAction(tr("As %1…").arg(QLatin1String(kind.name)), this,
+                           [this, kind] { wantExport(kind); });
+    menu.addAction(ui::icon(QStringLiteral("btn_trash")),
+                   count > 1 ? tr("Delete These %1…").arg(count) : tr("Delete…"), this,
                    &ReportListPane::askToDelete);
     menu.exec(place);
 }

@@ -20,6 +20,7 @@ class RowTable;
 namespace pryvane {
 
 class ReportViewController;
+struct ExportKind;
 
 /// The list of stored reports with what finds one's way among them.
 class ReportListPane final : public QWidget {
@@ -36,6 +37,7 @@ public:
 
 Q_SIGNALS:
     void compareWanted(int row, int otherRow);
+    void exportWanted(const std::vector<std::string>& reportIds, const pryvane::ExportKind& kind);
 
 private:
     [[nodiscard]] QWidget* makeHead();
@@ -47,6 +49,7 @@ private:
     void act(const QModelIndex& index);
     void open(int row);
     void askToDelete();
+    void wantExport(const ExportKind& kind);
     void compareSelected();
     [[nodiscard]] std::optional<int> previousOf(int row) const; ///< of the same Mac
     void showMenu(int row, const QPoint& place);

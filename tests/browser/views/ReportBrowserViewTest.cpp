@@ -160,6 +160,61 @@ TEST_F(ReportBrowserViewTest, OpensAReportAndExportsIt)
     EXPECT_EQ(table("reportList")->currentIndex().row(), 2) << "where one came from";
 }
 
+TEST_F(ReportBrowserViewTest, SeveralReportsAreExportedAndDeletedTogether)
+{
+    storeThree();
+    show();
+    auto* list = table("reportList");
+    list->setCurrentIndex(list->model()->index(0, 1));
+    list->selectionModel()->select(list->model()->index(2, 0),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    const auto chooseFromMenu = [&](const QString& title) {
+        QTimer::singleShot(0, qApp, [title] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_TRUE(menu);
+            QList<QAction*> actions = menu->actions();
+            for (QAction* action : menu->actions())
+                if (action->menu())
+                    actions += action->menu()->actions();
+            for (QAction* action : actions)
+                if (action->text() == title)
+                    action->trigger();
+            menu->close();
+        });
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(list->viewport(), &byKey);
+    };
+    for (const char* round : {"first", "second"}) {
+        whenAsked<QFileDialog>([&](QFileDialog* dialog) {
+            dialog->findChild<QLineEdit*>("fileNameEdit")
+                ->setText(QString::fromStdString(exports.path()));
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        browser->say({});
+        chooseFromMenu("As JSON…");
+        ASSERT_TRUE(runUntil([&] {
+            return textOf("notice").find("2 of 2 reports exported") != std::string::npos;
+        })) << round
+            << textOf("notice");
+    }
+    std::size_t files = 0, old = 0, fresh = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(exports.path())) {
+        const std::string content = contentOf(entry.path());
+        ++files;
+        old += content.find("file:///tmp/old") != std::string::npos ? 1 : 0;
+        fresh += content.find("file:///tmp/new") != std::string::npos ? 1 : 0;
+    }
+    EXPECT_EQ(files, 4U) << "a second time replaces nothing";
+    EXPECT_EQ(old, 2U);
+    EXPECT_EQ(fresh, 2U);
+
+    alerts.answer(kAlertFirstButton);
+    chooseFromMenu("Delete These 2…");
+    settle();
+    ASSERT_EQ(list->model()->rowCount(), 1);
+    EXPECT_THAT(rowText("reportList", 0), StartsWith("Clean | "));
+}
+
 TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
 {
     storeThree();
