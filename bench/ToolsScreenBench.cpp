@@ -4,6 +4,7 @@
 #include "app/program/Arguments.h"
 #include "app/program/Desktop.h"
 #include "app/program/Session.h"
+#include "hosts/Host.h"
 #include "ui/Theme.h"
 
 #include <QAbstractButton>
@@ -64,7 +65,8 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     ui::applyTheme(application);
-    auto desktop = Desktop::open(data);
+    const auto host = makeHost();
+    auto desktop = Desktop::open(*host, data);
     if (!desktop)
         return 2;
     auto session = Session::open(**desktop, {volume, "alice", false});
