@@ -66,7 +66,12 @@ void FactsController::read()
 FactsController::SharedList FactsController::listOf(const std::shared_ptr<const Facts>& facts,
                                                     FactKind kind)
 {
-    List list{true, factTable(*facts, kind), {}, facts};
+    List list{true, factTable(*facts, kind), {}, {}, facts};
+    for (const FactRow& row : list.table.rows) {
+        std::string& text = list.searchTexts.emplace_back();
+        for (const std::string& cell : row.cells)
+            text += forScreen(cell) + '\n';
+    }
     for (const SourceNote& note : facts->sources)
         if (note.kind == kind && note.state != SourceNote::State::Read)
             list.troubles.push_back(forScreen(note.path) + ": " + stateText(note.state) + ", " +

@@ -38,6 +38,11 @@ public:
     /// Whether that list is there. Permissions come first.
     [[nodiscard]] bool isRead(FactKind kind) const { return at(kind).isRead; }
     [[nodiscard]] const FactTable& table(FactKind kind) const { return at(kind).table; }
+    /// What a search looks through, a text for each of the table's rows, escaped for the screen.
+    [[nodiscard]] const std::vector<std::string>& searchTexts(FactKind kind) const
+    {
+        return at(kind).searchTexts;
+    }
     /// The sources of that list that could not be read whole, each in a line.
     [[nodiscard]] const std::vector<std::string>& troubles(FactKind kind) const
     {
@@ -57,6 +62,7 @@ private:
     struct List {
         bool isRead = false;
         FactTable table;
+        std::vector<std::string> searchTexts;
         std::vector<std::string> troubles;
         std::shared_ptr<const Facts> facts;
     };

@@ -85,10 +85,7 @@ bool FactsTableSource::hidden(int row) const
 
 QString FactsTableSource::searchText(int row) const
 {
-    QString all;
-    for (const std::string& cell : this->row(row).cells)
-        all += ui::text(forScreen(cell)) + QLatin1Char('\n');
-    return all;
+    return ui::text(m_controller.searchTexts(m_kind)[static_cast<std::size_t>(row)]);
 }
 
 bool FactsTableSource::faded(int row) const

@@ -175,6 +175,8 @@ void CleaningPreviewSheet::showState()
     if (ready && !m_filled) {
         m_filled = true;
         m_itemSource.follow();
+        // Headings only where there is something to tell apart.
+        m_itemModel.setGrouping(m_itemSource.hasDear() ? PreviewItems::ByCost : PreviewItems::None);
         m_itemModel.reset();
         m_model.reset();
         if (!m_items->currentIndex().isValid())

@@ -15,6 +15,9 @@ public:
 
     [[nodiscard]] static std::vector<ui::Column> columns();
 
+    /// Whether anything in it cannot be had back.
+    [[nodiscard]] bool hasDear() const { return !m_items.empty() && isDear(0); }
+
     /// The preview may be another, or ticked otherwise.
     void follow();
 
@@ -34,6 +37,7 @@ private:
     {
         return m_controller.preview().rows[at(row).first];
     }
+    [[nodiscard]] bool isDear(int row) const { return firstOf(row).cost == Cost::Dear; }
 
     ToolsViewController& m_controller;
     std::vector<CleaningPreview::Item> m_items;
