@@ -21,6 +21,7 @@ struct ApplicationFacts {
     std::string bundleIdentifier; ///< CFBundleIdentifier
     std::string bundleVersion;    ///< CFBundleVersion
     std::string homePage;         ///< address of the maker's web site
+    bool isGranted = false; ///< the disk is a file that was chosen, which is a grant by itself
 };
 
 enum class ShellWindow : std::uint8_t;

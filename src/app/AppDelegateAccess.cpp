@@ -47,17 +47,18 @@ bool AppDelegate::grantReopens(const FileURL& folder, std::string_view key)
 
 bool AppDelegate::isUserDirAccessible()
 {
-    return grantReopens(homeFolder(), preferences::kSaveDirectory);
+    return m_facts.isGranted || grantReopens(homeFolder(), preferences::kSaveDirectory);
 }
 
 bool AppDelegate::isHDAccessible()
 {
-    return grantReopens(wholeDisk(), preferences::kSaveDirectoryForHD);
+    return m_facts.isGranted || grantReopens(wholeDisk(), preferences::kSaveDirectoryForHD);
 }
 
 bool AppDelegate::isUserAccessible()
 {
-    return isWritable(homeFolder()) || makeBookMarkURLAccessible(preferences::kSaveDirectory);
+    return m_facts.isGranted || isWritable(homeFolder()) ||
+           makeBookMarkURLAccessible(preferences::kSaveDirectory);
 }
 
 void AppDelegate::checkForHDAccess()

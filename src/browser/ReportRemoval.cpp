@@ -1,6 +1,7 @@
 #include "browser/ReportRemoval.h"
 
 #include "platform/Messages.h"
+#include "removal/session/RemovalRefusal.h"
 #include "signatures/MakersApplications.h"
 
 #include <string_view>
@@ -26,7 +27,8 @@ SpywareList eachOnce(const SpywareList& records)
 } // namespace
 
 ReportRemoval::ReportRemoval(const PlatformServices& services, Remover& remover, Screen screen)
-    : m_alerts(services.alerts), m_screen(std::move(screen)), m_records(services.disk, remover),
+    : m_alerts(services.alerts), m_remover(remover), m_screen(std::move(screen)),
+      m_records(services.disk, remover),
       m_consent(services.alerts, services.workspace,
                 {m_screen.user, m_screen.openReport, [this] { return pathsOf(checked()); },
                  m_screen.changed, [this] { reloadReportView(); }}),
@@ -49,9 +51,14 @@ SpywareList ReportRemoval::checked() const
     return list;
 }
 
+bool ReportRemoval::isRefused() const
+{
+    return pryvane::isRefused(m_remover, m_alerts);
+}
+
 void ReportRemoval::removeSelected()
 {
-    if (mayStart() && !checked().empty() && forceQuitBrowsers())
+    if (mayStart() && !checked().empty() && !isRefused() && forceQuitBrowsers())
         start(checked(), Then::BannerPlain);
 }
 

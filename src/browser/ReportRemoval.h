@@ -37,6 +37,10 @@ public:
     /// something else was asked for meanwhile.
     void planSelected(std::function<void(RemovalPlan)> done);
 
+    /// Whether the disk lets nothing be removed; says so in words then. To be asked before the
+    /// plan.
+    [[nodiscard]] bool isRefused() const;
+
     /// The remove button: asks, has browsers quit, removes the checked threats.
     void removeSelected();
     /// See RemovalConsent.
@@ -84,6 +88,7 @@ private:
     void tell(Then then, const RemovalCounts& counts);
 
     Alerts& m_alerts;
+    const Remover& m_remover;
     const Screen m_screen;
     const RecordRemoval m_records;
     RemovalConsent m_consent;

@@ -132,6 +132,8 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
                     "With --image: a file whose first line opens an encrypted volume")
         ->type_name("FILE")
         ->needs(image);
+    command.add_flag("--hash", arguments.hash,
+                     "With --listing or --image: tell the SHA-256 of its bytes");
     command
         .add_option("--user", arguments.users,
                     "Short name of a user of the Mac to look at; may be repeated (default: whoever "

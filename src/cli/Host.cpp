@@ -17,6 +17,7 @@
 #include "signatures/MakersApplications.h"
 #include "store/MemoryUserDefaults.h"
 #include "store/SqliteUserDefaults.h"
+#include "volume/image/ImageHash.h"
 #include "volume/listing/ListingReader.h"
 
 #include <fstream>
@@ -92,6 +93,8 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
                                          StoreUse use, Pacing pacing, Asking asking)
 {
     std::unique_ptr<Host> host(new Host(console));
+    if (arguments.hash && arguments.isFolder())
+        return Error{"--hash is for a list or an image, named with --listing or --image"};
     for (const std::string& user : arguments.users) {
         if (!isShortName(user))
             return Error{forTerminal(notAShortName(user))};
@@ -140,6 +143,7 @@ Result<Done> Host::openDisk(const Console& console, const VolumeArguments& argum
     ListingOptions options;
     options.prefix = arguments.strip;
     options.matching = matching;
+    options.withHash = arguments.hash;
     if (asking == Asking::WhatScansAsk)
         options.choice = std::make_shared<ScanChoice>();
     std::atomic<std::uint64_t> bytesRead{0};
@@ -181,11 +185,22 @@ Result<Done> Host::openImageDisk(const Console& console, const VolumeArguments& 
     auto options = imageOptions(arguments);
     if (!options)
         return options.error();
-    std::atomic<std::uint64_t> entries{0};
+    if (arguments.hash) {
+        std::atomic<std::uint64_t> bytes{0};
+        Result<std::string> hash = Error{};
+        withProgress(
+            console,
+            [&] { return "making the hash: " + sizeText(static_cast<std::int64_t>(bytes)); },
+            [&] { hash = imageHash(arguments.image, console.interrupted, bytes); });
+        if (!hash)
+            return hash.error();
+        options->sha256 = std::move(hash).value();
+    }
+    ImageProgress progress;
     Result<std::unique_ptr<IndexFileSystem>> disk = Error{};
     withProgress(
-        console, [&] { return "reading names: " + std::to_string(entries); },
-        [&] { disk = openImage(arguments.image, *options, console.interrupted, entries); });
+        console, [&] { return "reading names: " + std::to_string(progress.entries); },
+        [&] { disk = openImage(arguments.image, *options, console.interrupted, progress); });
     if (!disk)
         return disk.error();
     m_names = std::move(disk).value();

@@ -71,6 +71,7 @@ struct VolumeArguments {
     unsigned partition = 0;   ///< of the image; 0: the one that looks like a Mac's
     std::string apfsVolume = {};   ///< name or number; empty: likewise
     std::string passwordFile = {}; ///< holds the password of an encrypted volume
+    bool hash = false;             ///< tell the SHA-256 of the list or image
 
     [[nodiscard]] bool isFolder() const { return listing.empty() && image.empty(); }
 

@@ -4,6 +4,7 @@
 #include "core/Escape.h"
 #include "core/Texts.h"
 #include "volume/image/ImageDisk.h"
+#include "volume/listing/BodyfileWriter.h"
 
 #include <algorithm>
 #include <ostream>
@@ -52,106 +53,48 @@ int showParts(const ListingArguments& arguments, const Console& console)
     return kDone;
 }
 
-/// The mode of a bodyfile: what the name says it is, then what the file itself is.
-const char* modeOf(FileKind kind)
+/// What is not on the list, in words; false where all is.
+bool sayWhatLacks(const BodyfileWriter& writer, const Console& console)
 {
-    switch (kind) {
-    case FileKind::Folder:
-        return "d/drwxr-xr-x";
-    case FileKind::RegularFile:
-        return "r/rrw-r--r--";
-    case FileKind::SymbolicLink:
-        return "l/lrwxr-xr-x";
-    case FileKind::Other:
-        return "p/prw-r--r--";
-    default:
-        return "-/-";
-    }
+    if (writer.leftOut() > 0)
+        console.say(countedText(writer.leftOut(), "name", "names") +
+                    " left out, which this format cannot hold; the folders are marked");
+    if (writer.unread() > 0)
+        console.say(countedText(writer.unread(), "folder", "folders") +
+                    " not read, or not to the end; the list says so");
+    return writer.leftOut() > 0 || writer.unread() > 0;
 }
 
-/// Writes each entry with its path. A line of a bodyfile cannot hold a newline.
-class BodyfileWriter {
-public:
-    BodyfileWriter(const NameIndex& names, const Console& console)
-        : m_names(names), m_console(console)
-    {
-    }
-
-    void write()
-    {
-        line(NameIndex::kRoot, "/");
-        std::string path;
-        NameIndex::Node folder = NameIndex::kRoot;
-        NameIndex::Node node = NameIndex::kNone;
-        while (!m_console.interrupted.requested() && m_console.out) {
-            node = m_names.nextIn(folder, node);
-            if (node == NameIndex::kNone) {
-                if (folder == NameIndex::kRoot)
-                    return;
-                path.resize(path.size() - m_names.name(folder).size() - 1);
-                node = folder;
-                folder = m_names.parent(folder);
-                continue;
-            }
-            path.append("/").append(m_names.name(node));
-            line(node, path);
-            if (m_names.kind(node) == FileKind::Folder) {
-                folder = node;
-                node = NameIndex::kNone;
-            } else {
-                path.resize(path.size() - m_names.name(node).size() - 1);
-            }
-        }
-    }
-
-    [[nodiscard]] std::size_t leftOut() const { return m_leftOut; }
-
-private:
-    void line(NameIndex::Node node, const std::string& path)
-    {
-        const std::string* target = m_names.target(node);
-        const bool hasBreak = path.find('\n') != std::string::npos ||
-                              (target && target->find('\n') != std::string::npos);
-        if (hasBreak) {
-            ++m_leftOut;
-            return;
-        }
-        const NameIndex::Facts facts = m_names.facts(node);
-        m_console.out << "0|" << path;
-        if (target)
-            m_console.out << " -> " << *target;
-        m_console.out << "|0|" << modeOf(facts.kind) << "|0|0|"
-                      << std::max<std::int64_t>(facts.size, 0) << "|0|"
-                      << std::max<std::int64_t>(facts.modified, 0) << "|0|0\n";
-    }
-
-    const NameIndex& m_names;
-    const Console& m_console;
-    std::size_t m_leftOut = 0;
-};
+/// Writes the names straight from the folder: the disk may hold more of them than fit in memory.
+Result<Done> writeFolder(BodyfileWriter& writer, const std::string& folder, const Console& console)
+{
+    const auto written = writer.write(folder, console.interrupted);
+    return written ? written
+                   : Result<Done>(Error{"the folder \"" + forTerminal(folder) +
+                                        "\" cannot be read: " + written.error().message});
+}
 
 int runListing(const ListingArguments& arguments, const Console& console)
 {
     if (arguments.parts)
         return showParts(arguments, console);
-    if (arguments.volume.isFolder())
-        return console.fail("name an image with --image; of a folder, "
-                            "find FOLDER -print0 writes a list");
-    auto host = Host::open(console, arguments.volume, StoreUse::None);
-    if (!host)
-        return console.fail(host.error().message);
-    BodyfileWriter writer((*host)->nameIndex(), console);
-    writer.write();
+    BodyfileWriter writer(console.out);
+    if (arguments.volume.isFolder()) {
+        if (const auto written = writeFolder(writer, arguments.volume.volume, console); !written)
+            return console.fail(written.error().message);
+    } else {
+        auto host = Host::open(console, arguments.volume, StoreUse::None);
+        if (!host)
+            return console.fail(host.error().message);
+        writer.write((*host)->nameIndex(), console.interrupted);
+    }
     if (console.interrupted.requested()) {
         console.say("interrupted; the list is not whole");
         return kInterrupted;
     }
-    if (writer.leftOut() > 0) {
-        console.say(countedText(writer.leftOut(), "name", "names") +
-                    " with a line break left out, which this format cannot hold");
-        return kFindings;
-    }
-    return kDone;
+    if (!console.out.flush())
+        return console.fail("the list could not be written to its end");
+    return sayWhatLacks(writer, console) ? kFindings : kDone;
 }
 
 } // namespace
@@ -160,13 +103,16 @@ void addListingCommand(CommandLine& line, CLI::App& app)
 {
     const auto arguments = std::make_shared<ListingArguments>();
     CLI::App* command = line.addCommand(
-        app, "listing", "Write the names on a disk image as a list (bodyfile)",
+        app, "listing", "Write the names on a disk as a list (bodyfile)",
         [arguments](const Console& console) { return runListing(*arguments, console); });
     command->add_flag("--list", arguments->parts,
                       "Show the image's partitions and volumes instead");
     addVolumeOptions(*command, arguments->volume);
-    command->footer("Example: pryvane-cli listing --image mac.E01 > mac.body\n"
-                    "         pryvane-cli scan --deep --listing mac.body --user alice");
+    command->footer(
+        "Exit code: 0 done, 1 something could not be listed, 2 error, 130 interrupted.\n"
+        "Example: pryvane-cli listing --image mac.E01 > mac.body\n"
+        "         pryvane-cli listing --volume /mnt/mac > mac.body\n"
+        "         pryvane-cli scan --deep --listing mac.body --user alice");
 }
 
 } // namespace pryvane::cli

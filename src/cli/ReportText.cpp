@@ -3,7 +3,6 @@
 #include "cli/Console.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
-#include "platform/NameTree.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "reports/DefaultMethods.h"
 #include "signatures/FlaggedBy.h"
@@ -39,13 +38,14 @@ std::string findingsText(const SpywareList& list)
     if (list.empty())
         return {};
     TextTable table({Align::Right, Align::Left, Align::Left, Align::Left, Align::Right, Align::Left,
-                     Align::Left});
-    table.addRow({"#", "Threat", "Risk", "State", "Size", "Evidence", "Location"});
+                     Align::Left, Align::Left});
+    table.addRow({"#", "Threat", "Risk", "State", "Size", "User", "Evidence", "Location"});
     FindingRules rules;
     for (std::size_t i = 0; i < list.size(); ++i) {
         const Spyware& record = *list[i];
         table.addRow({std::to_string(i + 1), forTerminal(record.infections),
                       forTerminal(record.risk), stateWord(record), sizeText(record.size),
+                      forTerminal(whoseText(record)),
                       forTerminal(evidenceText(rules.flaggedBy(record))),
                       forTerminal(record.url.relativePath())});
     }
@@ -94,25 +94,13 @@ std::string coverageText(const ScanCoverage& coverage)
         text += "  not readable: " + forTerminal(refusal.path) + " (" +
                 forTerminal(refusal.reason) + ")\n";
     }
+    for (const DeletedName& name : coverage.deleted)
+        text += "  deleted, but still named: " + forTerminal(name.path) + " (" +
+                forTerminal(name.infections) + ")\n";
     for (const std::string& path : coverage.heldBack)
         text += "  matched, but applications are not listed: " + forTerminal(path) + "\n";
-    return text;
-}
-
-std::string sourceFactsText(const SourceFacts& facts)
-{
-    const std::string name = facts.name == "-" ? "standard input" : forTerminal(facts.name);
-    std::string text = "Read from: " + facts.source + ", " + name + " (" + facts.format + "), " +
-                       countedText(static_cast<std::size_t>(facts.entries), "entry", "entries");
-    if (facts.skipped > 0) {
-        text += ", " + countedText(static_cast<std::size_t>(facts.skipped), "line", "lines") +
-                " not understood";
-    }
-    text += "\n";
-    for (const std::string& line : facts.firstSkipped)
-        text += "  not understood: " + forTerminal(line) + "\n";
-    if (!facts.remark.empty())
-        text += "  " + facts.remark + "\n";
+    for (const auto& [label, words] : sourceLines(coverage.source))
+        text += (label == "Read from" ? "" : "  ") + label + ": " + words + "\n";
     return text;
 }
 

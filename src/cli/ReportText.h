@@ -12,7 +12,6 @@
 
 namespace pryvane {
 struct RemovalRecord;
-struct SourceFacts;
 } // namespace pryvane
 
 namespace pryvane {
@@ -33,9 +32,6 @@ using RemovalRecords = std::map<std::size_t, RemovalRecord>;
 
 /// What a scan looked at and what it could not, a few lines.
 [[nodiscard]] std::string coverageText(const ScanCoverage& coverage);
-
-/// What a disk that is not mounted was read from, and what of it was not understood; a few lines.
-[[nodiscard]] std::string sourceFactsText(const SourceFacts& facts);
 
 /// The verdict line, coloured where the console shows colour.
 [[nodiscard]] std::string verdictText(const SpywareScanReport& report, const Console& console);

@@ -5,7 +5,6 @@
 #include "cli/ReportText.h"
 #include "core/Escape.h"
 #include "core/Result.h"
-#include "platform/NameTree.h"
 #include "platform/Remover.h"
 #include "platform/UserDefaults.h"
 #include "reports/DefaultMethods.h"
@@ -98,16 +97,13 @@ private:
     Signal::Listening m_ended, m_changed;
 };
 
-void writeText(const Console& console, const SpywareScanReport& report, const NameTree* names,
-               bool stored)
+void writeText(const Console& console, const SpywareScanReport& report, bool stored)
 {
     console.out << verdictText(report, console) << "\n"
                 << "Mac:      " << subjectText(report.subject) << "\n";
     if (!report.spyWareList->empty())
         console.out << "\n" << findingsText(*report.spyWareList);
     console.out << "\n" << coverageText(report.coverage);
-    if (names)
-        console.out << sourceFactsText(names->facts());
     if (stored)
         console.out << "Report: " << forTerminal(report.reportId)
                     << "  (pryvane-cli report show latest)\n";
@@ -163,7 +159,7 @@ int runScan(const ScanArguments& arguments, const Console& console)
     if (arguments.format == "json")
         console.out << reportAsJson(*report, facts ? &*facts : nullptr);
     else
-        writeText(console, *report, (*host)->disk().names(), kept);
+        writeText(console, *report, kept);
     if (facts && arguments.format != "json")
         printAppendix(console, *facts);
     const bool written =

@@ -1,15 +1,12 @@
 #include "core/Sha256.h"
 
-#include <array>
+#include <algorithm>
 #include <bit>
-#include <cstddef>
-#include <cstdint>
+#include <cstring>
 
 namespace pryvane {
 
 namespace {
-
-constexpr std::size_t kBlock = 64;
 
 // The first bits of the fractional parts of the cube roots of the first 64 primes.
 constexpr std::array<std::uint32_t, 64> kRounds = {
@@ -30,73 +27,81 @@ std::uint32_t bigEndian(const char* bytes)
     return word;
 }
 
-class State {
-public:
-    void add(const char* block)
-    {
-        std::array<std::uint32_t, 64> words{};
-        for (std::size_t i = 0; i < 16; ++i)
-            words[i] = bigEndian(block + 4 * i);
-        for (std::size_t i = 16; i < 64; ++i) {
-            const std::uint32_t a = words[i - 15], b = words[i - 2];
-            words[i] = words[i - 16] + (std::rotr(a, 7) ^ std::rotr(a, 18) ^ a >> 3U) +
-                       words[i - 7] + (std::rotr(b, 17) ^ std::rotr(b, 19) ^ b >> 10U);
-        }
-        auto [a, b, c, d, e, f, g, h] = m_words;
-        for (std::size_t i = 0; i < 64; ++i) {
-            const std::uint32_t first = h +
-                                        (std::rotr(e, 6) ^ std::rotr(e, 11) ^ std::rotr(e, 25)) +
-                                        ((e & f) ^ (~e & g)) + kRounds[i] + words[i];
-            const std::uint32_t second = (std::rotr(a, 2) ^ std::rotr(a, 13) ^ std::rotr(a, 22)) +
-                                         ((a & b) ^ (a & c) ^ (b & c));
-            h = g;
-            g = f;
-            f = e;
-            e = d + first;
-            d = c;
-            c = b;
-            b = a;
-            a = first + second;
-        }
-        const std::array<std::uint32_t, 8> mixed = {a, b, c, d, e, f, g, h};
-        for (std::size_t i = 0; i < m_words.size(); ++i)
-            m_words[i] += mixed[i];
-    }
-
-    [[nodiscard]] std::string hex() const
-    {
-        constexpr std::string_view kDigits = "0123456789abcdef";
-        std::string text;
-        for (const std::uint32_t word : m_words)
-            for (int shift = 28; shift >= 0; shift -= 4)
-                text += kDigits[word >> static_cast<unsigned>(shift) & 15U];
-        return text;
-    }
-
-private:
-    std::array<std::uint32_t, 8> m_words = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a,
-                                            0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
-};
-
 } // namespace
+
+void Sha256::mix(const char* block)
+{
+    std::array<std::uint32_t, 64> words{};
+    for (std::size_t i = 0; i < 16; ++i)
+        words[i] = bigEndian(block + 4 * i);
+    for (std::size_t i = 16; i < 64; ++i) {
+        const std::uint32_t a = words[i - 15], b = words[i - 2];
+        words[i] = words[i - 16] + (std::rotr(a, 7) ^ std::rotr(a, 18) ^ a >> 3U) + words[i - 7] +
+                   (std::rotr(b, 17) ^ std::rotr(b, 19) ^ b >> 10U);
+    }
+    auto [a, b, c, d, e, f, g, h] = m_words;
+    for (std::size_t i = 0; i < 64; ++i) {
+        const std::uint32_t first = h + (std::rotr(e, 6) ^ std::rotr(e, 11) ^ std::rotr(e, 25)) +
+                                    ((e & f) ^ (~e & g)) + kRounds[i] + words[i];
+        const std::uint32_t second =
+            (std::rotr(a, 2) ^ std::rotr(a, 13) ^ std::rotr(a, 22)) + ((a & b) ^ (a & c) ^ (b & c));
+        h = g;
+        g = f;
+        f = e;
+        e = d + first;
+        d = c;
+        c = b;
+        b = a;
+        a = first + second;
+    }
+    const std::array<std::uint32_t, 8> mixed = {a, b, c, d, e, f, g, h};
+    for (std::size_t i = 0; i < m_words.size(); ++i)
+        m_words[i] += mixed[i];
+}
+
+void Sha256::add(std::string_view bytes)
+{
+    m_length += bytes.size();
+    while (!bytes.empty()) {
+        if (m_held == 0 && bytes.size() >= kBlock) {
+            mix(bytes.data());
+            bytes.remove_prefix(kBlock);
+            continue;
+        }
+        const std::size_t taken = std::min(bytes.size(), kBlock - m_held);
+        std::memcpy(m_pending.data() + m_held, bytes.data(), taken);
+        m_held += taken;
+        bytes.remove_prefix(taken);
+        if (m_held == kBlock) {
+            mix(m_pending.data());
+            m_held = 0;
+        }
+    }
+}
+
+std::string Sha256::hex()
+{
+    // A bit that is set behind the last one, and the length in bits at the end of a block.
+    const std::uint64_t bits = m_length * 8;
+    std::string last = "\x80";
+    while ((m_held + last.size()) % kBlock != kBlock - 8)
+        last += '\0';
+    for (int shift = 56; shift >= 0; shift -= 8)
+        last += static_cast<char>(bits >> static_cast<unsigned>(shift) & 0xffU);
+    add(last);
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string text;
+    for (const std::uint32_t word : m_words)
+        for (int shift = 28; shift >= 0; shift -= 4)
+            text += kDigits[word >> static_cast<unsigned>(shift) & 15U];
+    return text;
+}
 
 std::string sha256Hex(std::string_view bytes)
 {
-    State state;
-    std::size_t at = 0;
-    for (; bytes.size() - at >= kBlock; at += kBlock)
-        state.add(bytes.data() + at);
-    // What is left, a bit that is set, and the length in bits at the end of a block.
-    std::string last(bytes.substr(at));
-    last += '\x80';
-    while (last.size() % kBlock != kBlock - 8)
-        last += '\0';
-    const std::uint64_t bits = std::uint64_t{bytes.size()} * 8;
-    for (int shift = 56; shift >= 0; shift -= 8)
-        last += static_cast<char>(bits >> static_cast<unsigned>(shift) & 0xffU);
-    for (at = 0; at < last.size(); at += kBlock)
-        state.add(last.data() + at);
-    return state.hex();
+    Sha256 hash;
+    hash.add(bytes);
+    return hash.hex();
 }
 
 } // namespace pryvane

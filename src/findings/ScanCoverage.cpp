@@ -35,6 +35,26 @@ std::string otherDisksText(const ScanCoverage& coverage)
     return text;
 }
 
+std::vector<std::pair<std::string, std::string>> sourceLines(const SourceFacts& source)
+{
+    std::vector<std::pair<std::string, std::string>> lines;
+    if (!source.isKnown())
+        return lines;
+    const std::string name = source.name == "-" ? "standard input" : forScreen(source.name);
+    std::string text = source.source + ", " + name + " (" + forScreen(source.format) + "), " +
+                       countedText(static_cast<std::size_t>(source.entries), "entry", "entries");
+    if (source.skipped > 0)
+        text += ", " + std::to_string(source.skipped) + " not understood";
+    lines.emplace_back("Read from", text);
+    for (const std::string& line : source.firstSkipped)
+        lines.emplace_back("Not understood", forScreen(line));
+    if (!source.sha256.empty())
+        lines.emplace_back("SHA-256", source.sha256);
+    if (!source.remark.empty())
+        lines.emplace_back("Remark", source.remark);
+    return lines;
+}
+
 std::string missingHomeText(const ScanCoverage& coverage)
 {
     std::string text = "no home at " + forScreen(coverage.missingHome) + ", ";

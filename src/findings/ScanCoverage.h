@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/NameTree.h"
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace pryvane {
@@ -13,6 +15,14 @@ struct Refusal {
     std::string path; ///< raw bytes, a path of the volume
     std::string reason;
     friend bool operator==(const Refusal&, const Refusal&) = default;
+};
+
+/// What a list of names calls deleted, and a rule would have flagged. It is no finding: nothing is
+/// there.
+struct DeletedName {
+    std::string path; ///< raw bytes, a path of the volume
+    std::string infections;
+    friend bool operator==(const DeletedName&, const DeletedName&) = default;
 };
 
 /// How a scan came to its end.
@@ -45,6 +55,8 @@ struct ScanCoverage {
     std::vector<std::string> homes;        ///< then: the names of the homes there are
     std::vector<std::string> homesLeftOut; ///< names of the homes that nobody asked for
     std::vector<std::string> otherDisks;   ///< where others are mounted, left out of a deep walk
+    SourceFacts source;                    ///< where the names came from; none for mounted folders
+    std::vector<DeletedName> deleted;      ///< what the source names as deleted, the first of them
     double seconds = 0;
 
     /// False for a scan that looked at nothing, and for a report too old to say what it looked at.
@@ -62,6 +74,11 @@ struct ScanCoverage {
 
 /// "not looked at: other disks at /Volumes/USB", escaped for display; empty where there are none.
 [[nodiscard]] std::string otherDisksText(const ScanCoverage& coverage);
+
+/// What a disk that is not mounted was read from: label and words escaped for display, in lines;
+/// empty for mounted folders.
+[[nodiscard]] std::vector<std::pair<std::string, std::string>>
+sourceLines(const SourceFacts& source);
 
 /// What is said of a missing home, in words escaped for display.
 [[nodiscard]] std::string missingHomeText(const ScanCoverage& coverage);

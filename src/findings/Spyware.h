@@ -82,6 +82,12 @@ public:
     std::optional<Sighting> seen;
 };
 
+/// In whose home it lies; "whole Mac" for what all share. Raw bytes.
+[[nodiscard]] inline std::string_view whoseText(const Spyware& record)
+{
+    return record.user.empty() ? std::string_view("whole Mac") : record.user;
+}
+
 using SpywareList = std::vector<std::shared_ptr<Spyware>>;
 
 /// The ordered list of findings of the running or last scan, with an index of their locations.

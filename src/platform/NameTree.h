@@ -3,6 +3,7 @@
 #include "core/StopFlag.h"
 #include "platform/FileSystem.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,11 +15,16 @@ namespace pryvane {
 struct SourceFacts {
     std::string source;                    ///< "a list of names", "a disk image"
     std::string name;                      ///< of the file or device on the host, raw bytes
-    std::string format;                    ///< in words: "bodyfile"
+    std::string format;                    ///< in words: "bodyfile"; raw bytes
     std::int64_t entries = 0;              ///< lines, or entries of the disk, that were understood
     std::int64_t skipped = 0;              ///< lines, or entries, that were not
     std::vector<std::string> firstSkipped; ///< the first three of them, raw bytes, cut when long
-    std::string remark; ///< what cannot be known from it, one sentence; may be empty
+    std::string remark; ///< what cannot be known from it, in sentences; may be empty
+    std::string sha256; ///< of the list, or of the image's files one behind the other; may be empty
+
+    /// Whether the disk was read from anything but mounted folders.
+    [[nodiscard]] bool isKnown() const { return !source.empty(); }
+    friend bool operator==(const SourceFacts&, const SourceFacts&) = default;
 };
 
 /// What goes through the names of a disk, folder by folder.
@@ -48,6 +54,9 @@ public:
                                      NameVisitor& visitor) const = 0;
 
     [[nodiscard]] virtual const SourceFacts& facts() const = 0;
+
+    /// The first so many paths that the source names as deleted: nothing is there any more.
+    [[nodiscard]] virtual std::vector<std::string> deletedPaths(std::size_t most) const = 0;
 };
 
 } // namespace pryvane

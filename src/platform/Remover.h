@@ -9,6 +9,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace pryvane {
@@ -56,6 +57,10 @@ class Remover {
 public:
     virtual ~Remover() = default;
 
+    /// Why nothing at all can be removed on this disk, in a sentence; empty where it can. To be
+    /// asked before a user is asked for anything.
+    [[nodiscard]] virtual std::string refusal() const { return {}; }
+
     /// Tells what remove() would do, and changes nothing. A stop ends it between two entries; items
     /// not reached are not told.
     virtual void plan(std::span<const RemovalItem> items, const StopFlag& stop,
@@ -73,9 +78,14 @@ public:
     [[nodiscard]] virtual bool hasRemovedBefore() { return false; }
 };
 
-/// For executables and tests that remove nothing: every item fails.
+/// For executables and tests that remove nothing, and for disks of which only the names were read:
+/// every item fails.
 class NoRemover final : public Remover {
 public:
+    explicit NoRemover(std::string refusal = {}) : m_refusal(std::move(refusal)) {}
+
+    [[nodiscard]] std::string refusal() const override { return m_refusal; }
+
     void plan(std::span<const RemovalItem> items, const StopFlag&,
               const RemovalForecasts& told) override
     {
@@ -94,6 +104,9 @@ public:
         for (std::size_t i = 0; i < items.size(); ++i)
             told(i, result);
     }
+
+private:
+    const std::string m_refusal;
 };
 
 } // namespace pryvane

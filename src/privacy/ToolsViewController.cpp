@@ -1,5 +1,7 @@
 #include "privacy/ToolsViewController.h"
 
+#include "removal/session/RemovalRefusal.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -130,7 +132,8 @@ void ToolsViewController::previewSelected()
 {
     if (m_state != State::Idle)
         return;
-    if (auto rows = selectedRows(m_availbleApp); !rows.empty())
+    auto rows = selectedRows(m_availbleApp);
+    if (!rows.empty() && !isRefused(m_services.remover, m_services.alerts))
         look(std::move(rows));
 }
 

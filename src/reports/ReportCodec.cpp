@@ -38,7 +38,9 @@ constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListe
                            kMissingHome = "missingHome", kHomes = "homes",
                            kHomesLeftOut = "homesLeftOut", kOtherDisks = "otherDisks",
                            kSeconds = "seconds", kEnded = "ended", kHow = "how",
-                           kPercent = "percent";
+                           kPercent = "percent", kDeleted = "deleted", kFormat = "format",
+                           kEntries = "entries", kSkipped = "skipped",
+                           kFirstSkipped = "firstSkipped", kRemark = "remark", kSha256 = "sha256";
 } // namespace key
 
 /// The years 1700 to 2199: no scan was ever made outside them, and every clock can count them.
@@ -245,9 +247,71 @@ Subject readSubject(CborReader& in)
     return subject;
 }
 
+void writeSource(CborWriter& out, const SourceFacts& source)
+{
+    out.map(8);
+    out.text(key::kSource).textOrBytes(source.source);
+    out.text(key::kName).bytes(source.name);
+    out.text(key::kFormat).bytes(source.format);
+    out.text(key::kEntries).integer(source.entries);
+    out.text(key::kSkipped).integer(source.skipped);
+    out.text(key::kFirstSkipped);
+    writeNames(out, source.firstSkipped);
+    out.text(key::kRemark).textOrBytes(source.remark);
+    out.text(key::kSha256).textOrBytes(source.sha256);
+}
+
+SourceFacts readSource(CborReader& in)
+{
+    SourceFacts source;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kSource)
+            source.source = in.string();
+        else if (key == key::kName)
+            source.name = in.string();
+        else if (key == key::kFormat)
+            source.format = in.string();
+        else if (key == key::kEntries)
+            source.entries = in.integer();
+        else if (key == key::kSkipped)
+            source.skipped = in.integer();
+        else if (key == key::kFirstSkipped)
+            source.firstSkipped = readNames(in);
+        else if (key == key::kRemark)
+            source.remark = in.string();
+        else if (key == key::kSha256)
+            source.sha256 = in.string();
+        else
+            in.skip();
+    }
+    return source;
+}
+
+std::vector<DeletedName> readDeleted(CborReader& in)
+{
+    std::vector<DeletedName> names;
+    auto elements = in.array();
+    while (in.more(elements)) {
+        DeletedName& name = names.emplace_back();
+        auto fields = in.map();
+        while (in.more(fields)) {
+            const std::string_view key = in.key();
+            if (key == key::kPath)
+                name.path = in.string();
+            else if (key == key::kInfections)
+                name.infections = in.string();
+            else
+                in.skip();
+        }
+    }
+    return names;
+}
+
 void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
 {
-    out.map(coverage.otherDisks.empty() ? 12 : 13);
+    out.map(coverage.otherDisks.empty() ? 14 : 15);
     out.text(key::kEnded);
     writeEnding(out, coverage.ended);
     out.text(key::kSignaturesTested).integer(coverage.signaturesTested);
@@ -271,6 +335,14 @@ void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
     if (!coverage.otherDisks.empty()) {
         out.text(key::kOtherDisks);
         writeNames(out, coverage.otherDisks);
+    }
+    out.text(key::kSource);
+    writeSource(out, coverage.source);
+    out.text(key::kDeleted).array(coverage.deleted.size());
+    for (const DeletedName& name : coverage.deleted) {
+        out.map(2);
+        out.text(key::kPath).bytes(name.path);
+        out.text(key::kInfections).textOrBytes(name.infections);
     }
     out.text(key::kSeconds).real(coverage.seconds);
 }
@@ -328,6 +400,10 @@ ScanCoverage readCoverage(CborReader& in)
             coverage.homesLeftOut = readNames(in);
         else if (key == key::kOtherDisks)
             coverage.otherDisks = readNames(in);
+        else if (key == key::kSource)
+            coverage.source = readSource(in);
+        else if (key == key::kDeleted)
+            coverage.deleted = readDeleted(in);
         else if (key == key::kEnded)
             coverage.ended = readEnding(in);
         else if (key == key::kSeconds)

@@ -111,8 +111,8 @@ void findings(std::string& page, const SpywareList& list)
     if (list.empty())
         return;
     page += "<h2>Findings</h2>\n<div class=\"table\"><table>\n<thead><tr><th>#</th><th>Name</th>"
-            "<th>Threat</th><th>Risk</th><th>Size</th><th>Location</th><th>Evidence</th><th>On "
-            "disk</th></tr>"
+            "<th>Threat</th><th>Risk</th><th>Size</th><th>Location</th><th>User</th>"
+            "<th>Evidence</th><th>On disk</th></tr>"
             "</thead>\n<tbody>\n";
     FindingRules rules;
     std::size_t item = 0;
@@ -124,6 +124,7 @@ void findings(std::string& page, const SpywareList& list)
         element(page, "td", record->risk);
         element(page, "td", sizeText(record->size), "number");
         element(page, "td", record->url.relativePath(), "path");
+        element(page, "td", whoseText(*record));
         element(page, "td", evidenceText(rules.flaggedBy(*record)));
         element(page, "td", presenceText(*record));
         page += "</tr>\n";
@@ -134,6 +135,8 @@ void findings(std::string& page, const SpywareList& list)
 void coverage(std::string& page, const ScanCoverage& coverage)
 {
     page += "<h2>What was looked at</h2>\n<dl>\n";
+    for (const auto& [label, words] : sourceLines(coverage.source))
+        fact(page, label, words);
     fact(page, "Signatures tested", std::to_string(coverage.signaturesTested));
     for (const std::string& leftOut :
          {systemVolumeText(coverage), homesLeftOutText(coverage), otherDisksText(coverage)}) {
@@ -144,6 +147,12 @@ void coverage(std::string& page, const ScanCoverage& coverage)
     fact(page, "Entries searched", std::to_string(coverage.entriesSearched));
     fact(page, "Entries walked", std::to_string(coverage.entriesWalked));
     page += "</dl>\n";
+    if (!coverage.deleted.empty()) {
+        page += "<h2>Names of what is deleted</h2>\n<ul>\n";
+        for (const DeletedName& name : coverage.deleted)
+            element(page, "li", name.path + ": deleted, " + name.infections), page += '\n';
+        page += "</ul>\n";
+    }
     if (!coverage.refused.empty()) {
         page += "<h2>What could not be read</h2>\n<ul>\n";
         for (const Refusal& refusal : coverage.refused)

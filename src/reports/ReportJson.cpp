@@ -49,16 +49,45 @@ Json textOrNull(const std::string& bytes)
     return bytes.empty() ? Json() : Json(forJson(bytes));
 }
 
-Json subjectJson(const Subject& subject, const std::string& volume)
+Json subjectJson(const Subject& subject, const std::string& volume, const std::string& sha256)
 {
     return {
         {"source", sourceWord(subject.source.kind)},
         {"volumeName", textOrNull(subject.source.name)},
         {"identity", textOrNull(volume)},
+        {"sha256", textOrNull(sha256)},
         {"computerName", textOrNull(subject.computerName)},
         {"systemVersion", textOrNull(subject.systemVersion)},
         {"users", namesJson(subject.users)},
     };
+}
+
+/// Null for mounted folders.
+Json sourceJson(const SourceFacts& source)
+{
+    if (!source.isKnown())
+        return {};
+    return {
+        {"kind", forJson(source.source)},
+        {"name", forJson(source.name)},
+        {"format", forJson(source.format)},
+        {"sha256", textOrNull(source.sha256)},
+        {"entries", source.entries},
+        {"notUnderstood", source.skipped},
+        {"firstNotUnderstood", namesJson(source.firstSkipped)},
+        {"remark", textOrNull(source.remark)},
+    };
+}
+
+Json deletedJson(const std::vector<DeletedName>& names)
+{
+    Json json = Json::array();
+    for (const DeletedName& name : names)
+        json.push_back({{"path", forJson(name.path)},
+                        {"url", FileURL::fileURLWithPath(name.path).urlText()},
+                        {"infections", forJson(name.infections)},
+                        {"state", "deleted"}});
+    return json;
 }
 
 const char* endingWord(ScanEnding::How how)
@@ -94,6 +123,8 @@ Json coverageJson(const ScanCoverage& coverage)
         {"homes", namesJson(coverage.homes)},
         {"homesLeftOut", namesJson(coverage.homesLeftOut)},
         {"otherDisks", namesJson(coverage.otherDisks)},
+        {"source", sourceJson(coverage.source)},
+        {"deleted", deletedJson(coverage.deleted)},
         {"seconds", coverage.seconds},
     };
 }
@@ -120,7 +151,7 @@ std::string reportAsJson(const SpywareScanReport& report, const ReportAppendix* 
          }},
         {"verdict", wordsFor(report.verdict()).machine},
         {"verdictLine", report.verdictLine()},
-        {"subject", subjectJson(report.subject, report.volume)},
+        {"subject", subjectJson(report.subject, report.volume, report.coverage.source.sha256)},
         {"coverage", coverageJson(report.coverage)},
     };
     if (appendix)

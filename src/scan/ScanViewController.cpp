@@ -4,10 +4,12 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
+#include "platform/NameTree.h"
 #include "platform/UserDefaults.h"
 #include "reports/DefaultMethods.h"
 #include "scan/CheckSequence.h"
 #include "scan/DeepScan.h"
+#include "scan/DeletedNames.h"
 #include "scan/DiskAccess.h"
 #include "scan/RootChoice.h"
 #include "signatures/Catalogue.h"
@@ -163,8 +165,9 @@ void ScanViewController::startChecks(std::optional<Homes> settled)
                 [this, text = std::string(label), step] { ScanningProgressChange(text, step); });
         };
     }
+    const ScanReach reach = m_request.isDeep() ? ScanReach::Deep : ScanReach::Quick;
     m_checkThread.start(
-        [this, shown = std::move(shown), settled = std::move(settled)] {
+        [this, reach, shown = std::move(shown), settled = std::move(settled)] {
             const Homes homes = settled ? *settled : settle();
             ScanCoverage coverage;
             CheckRunner checks(m_services.disk, m_services.defaults, homes.users, m_inbox,
@@ -172,6 +175,10 @@ void ScanViewController::startChecks(std::optional<Homes> settled)
             CheckSequence sequence(checks, m_services.clock, m_state.isScanStop, shown);
             const auto outcome = sequence.scan4SpywareStart();
             homes.note(coverage);
+            if (const NameTree* names = m_services.disk.names())
+                coverage.source = names->facts();
+            coverage.deleted =
+                deletedNames(m_services.disk, homes.users, reach, m_state.isScanStop);
             const auto ending = outcome == CheckSequence::Outcome::Finished ? Ending::WithReport
                                                                             : Ending::WithoutReport;
             m_inbox.whenEmpty([this, ending, coverage = std::move(coverage)] {

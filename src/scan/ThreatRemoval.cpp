@@ -1,6 +1,7 @@
 #include "scan/ThreatRemoval.h"
 
 #include "findings/ScanState.h"
+#include "removal/session/RemovalRefusal.h"
 #include "scan/ScanDisplay.h"
 #include "signatures/MakersApplications.h"
 
@@ -30,7 +31,8 @@ void append(SpywareList& list, const SpywareList& more)
 } // namespace
 
 ThreatRemoval::ThreatRemoval(const PlatformServices& services, Remover& remover, Screen screen)
-    : m_screen(std::move(screen)), m_records(services.disk, remover),
+    : m_screen(std::move(screen)), m_alerts(services.alerts), m_remover(remover),
+      m_records(services.disk, remover),
       m_consent(services.alerts, services.workspace,
                 {m_screen.user,
                  [this] {
@@ -50,7 +52,7 @@ bool ThreatRemoval::mayStart() const
 
 void ThreatRemoval::deleteSelectedThreat()
 {
-    if (!mayStart())
+    if (!mayStart() || isRefused())
         return;
     m_screen.lists.unDeletedSpyware.clear();
     m_screen.lists.deletedSpyware.clear();
@@ -181,6 +183,11 @@ bool ThreatRemoval::removeButtonEnabled() const
 {
     const std::size_t notCounted = m_screen.lists.ARDDetect ? 1 : 0;
     return m_screen.lists.arrThreats.size() > notCounted && !isRemoving() && !m_screen.scanRuns();
+}
+
+bool ThreatRemoval::isRefused() const
+{
+    return pryvane::isRefused(m_remover, m_alerts);
 }
 
 void ThreatRemoval::planSelectedThreats()

@@ -68,6 +68,10 @@ public:
     void selectThreats(std::span<const std::size_t> rows, bool on);
     [[nodiscard]] bool removeButtonEnabled() const;
 
+    /// Whether the disk lets nothing be removed; says so in words then. To be asked before the
+    /// plan.
+    [[nodiscard]] bool isRefused() const;
+
     /// Looks in the background what removing the selected findings would do; plan() has it once
     /// isPlanning() is over.
     void planSelectedThreats();
@@ -96,6 +100,8 @@ private:
     selection(const SpywareList& records) const;
 
     const Screen m_screen;
+    Alerts& m_alerts;
+    const Remover& m_remover;
     const RecordRemoval m_records;
     RemovalConsent m_consent;
     RemovalCounts m_counts;

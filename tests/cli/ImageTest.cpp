@@ -1,12 +1,12 @@
 #include "cli/CliFixture.h"
 #include "core/Sha256.h"
 #include "volume/image/ImageDisk.h"
+#include "volume/image/ImageFrames.h"
 
 #include <gmock/gmock.h>
 
 #include <cstdlib>
 #include <fstream>
-#include <random>
 #include <sys/stat.h>
 
 namespace pryvane::test {
@@ -44,62 +44,21 @@ protected:
         return std::system((command + " >/dev/null 2>&1").c_str());
     }
 
-    /// The families and locations of a quick scan, one a line.
-    std::string findings(std::vector<std::string> source)
-    {
-        source.insert(source.begin(),
-                      {"scan", "--user", "alice", "--no-store", "--format", "json"});
-        last = run(std::move(source));
-        std::string found;
-        if (last.out.empty())
-            return found;
-        const auto report = nlohmann::json::parse(last.out);
-        for (const auto& record : report["report"]["spyWareList"])
-            found += record["infections"].get<std::string>() + " " +
-                     record["url"].get<std::string>() + "\n";
-        return found;
-    }
-
     TemporaryFolder images;
     std::string image;
-    Outcome last{};
 };
 
-TEST_F(ImageTest, HasTheFindingsOfTheFolderItWasMadeOfAndIsNotChanged)
+TEST_F(ImageTest, IsNotChangedAndShowsItsParts)
 {
-    const std::string expected = findings({"--volume", volume.path()});
-    const std::string bytes = contentOf(image);
-    const std::string before = sha256Hex(bytes);
-    EXPECT_THAT(expected, HasSubstr("/tmp/.mdworker"));
-    EXPECT_EQ(findings({"--image", image}), expected) << last.err;
-    EXPECT_EQ(last.code, 1);
+    const std::string before = sha256Hex(contentOf(image));
+    const auto scanned = run({"scan", "--user", "alice", "--no-store", "--hash", "--image", image});
+    EXPECT_EQ(scanned.code, 1) << scanned.err;
+    EXPECT_THAT(scanned.out, HasSubstr("/tmp/.mdworker"));
+    EXPECT_THAT(scanned.out, HasSubstr("SHA-256: " + before));
     EXPECT_EQ(sha256Hex(contentOf(image)), before);
-
-    // In three pieces.
-    const std::size_t third = bytes.size() / 3 + 1;
-    for (std::size_t i = 0; i < 3; ++i)
-        images.file("split.00" + std::to_string(i + 1), bytes.substr(i * third, third));
-    EXPECT_EQ(findings({"--image", images.hostPath("split.001")}), expected) << last.err;
-
-    // By way of a list of its names.
-    const auto list = run({"listing", "--image", image});
-    EXPECT_EQ(list.code, 0) << list.err;
-    images.file("list", list.out);
-    EXPECT_EQ(findings({"--listing", images.hostPath("list")}), expected) << last.err;
-
     const auto parts = run({"listing", "--image", image, "--list"});
     EXPECT_THAT(parts.out, HasSubstr("Apple_HFS"));
     EXPECT_THAT(parts.out, HasSubstr("HFS+"));
-}
-
-TEST_F(ImageTest, ExpertWitnessFilesAreReadByTheirFirst)
-{
-    REQUIRE_TOOL("ewfacquire");
-    ASSERT_EQ(shell("ewfacquire -u -S 1048576 -c none -t " + images.hostPath("mac") + " " + image),
-              0);
-    EXPECT_EQ(findings({"--image", images.hostPath("mac.E01")}),
-              findings({"--volume", volume.path()}))
-        << last.err;
 }
 
 TEST_F(ImageTest, DeepScanInventoryAndPrivacyReadIt)
@@ -114,55 +73,104 @@ TEST_F(ImageTest, DeepScanInventoryAndPrivacyReadIt)
     EXPECT_THAT(remove.err, HasSubstr("or an image"));
 }
 
-TEST_F(ImageTest, DamagedImagesEndInASentence)
+/// A frame as a reader sends it.
+std::string frame(frames::Kind kind, const frames::Writer& body = {})
 {
-    const std::string bytes = contentOf(image);
-    std::mt19937 random(7);
-    for (int i = 0; i < 60; ++i) {
-        std::string damaged = bytes;
-        if (i % 3 == 0) {
-            damaged.resize(random() % bytes.size());
-        } else {
-            // Mostly where the catalogue's bytes are.
-            for (int hits = 0; hits < 40; ++hits)
-                damaged[random() % (i % 3 == 1 ? bytes.size() : bytes.size() / 20)] =
-                    static_cast<char>(random());
-        }
-        images.file("damaged.img", damaged);
-        const auto outcome = run(
-            {"scan", "--user", "alice", "--no-store", "--image", images.hostPath("damaged.img")});
-        EXPECT_THAT(outcome.code, testing::AnyOf(1, 2, 3, 0)) << i;
-        if (outcome.code == 2) {
-            EXPECT_THAT(outcome.err, HasSubstr("cannot be read: "));
-        }
-        EXPECT_THAT(outcome.out, Not(HasSubstr("Clean: nothing found"))) << i;
+    frames::Writer head;
+    head.number(static_cast<std::uint32_t>(body.bytes().size()));
+    head.number(static_cast<std::uint8_t>(kind));
+    return head.bytes() + body.bytes();
+}
+
+/// One volume, which is the one chosen.
+std::string beginning()
+{
+    frames::Writer volume, chosen;
+    volume.number(std::uint32_t{0});
+    volume.number(std::uint32_t{0});
+    volume.number(std::uint16_t{0});
+    volume.number(std::uint8_t{0});
+    volume.text("HFS+");
+    volume.text("");
+    chosen.number(std::uint32_t{0});
+    chosen.number(std::uint8_t{1});
+    return frame(frames::Kind::Volume, volume) + frame(frames::Kind::Chosen, chosen);
+}
+
+/// One record of names.
+std::string named(frames::Step step, std::string_view name)
+{
+    frames::Writer body;
+    body.number(static_cast<std::uint8_t>(step));
+    body.text(name);
+    if (step == frames::Step::File) {
+        body.number(std::int64_t{0});
+        body.number(std::int64_t{0});
     }
+    return frame(frames::Kind::Entries, body);
 }
 
 TEST_F(ImageTest, AReaderThatMisbehavesIsAnErrorInWords)
 {
+    const std::string chosenOfNone = frame(frames::Kind::Chosen);
+    const std::string file = named(frames::Step::File, "x");
     const struct {
-        const char* does;
+        std::string does;
         const char* says;
+        std::string first = {}, again = {}; ///< what "first" and "again" hold
     } rows[] = {
         {"exit 0", "ended before it was done"},
-        {"kill -9 $$", "ended"},
+        {"kill -9 $$", "ended by signal 9"},
+        {"cat first; kill -9 $$", "ended by signal 9", beginning() + file},
         {"head -c 100000 /dev/zero | tr '\\0' x", "cannot be understood"},
-        {"printf '\\000\\000\\000\\000D'; sleep 9", "cannot be understood"},
-        {"printf '\\004\\000\\000\\000C\\000\\000\\000\\000'; sleep 9", "cannot be understood"},
+        {"cat first; sleep 9", "cannot be understood", frame(frames::Kind::Done)},
+        {"cat first; sleep 9", "cannot be understood", chosenOfNone},
+        {"cat first; sleep 9", "cannot be understood",
+         beginning() + named(frames::Step::File, "..")},
+        {"cat first; sleep 9", "cannot be understood",
+         beginning() + named(frames::Step::File, "a/b")},
+        {"cat first; sleep 9", "says nothing any more", beginning() + file.substr(0, 7)},
         {"sleep 60", "says nothing any more"},
+        // Forever: nothing new, names without end, folders that cannot be read, and now and then.
+        {"cat first; while :; do cat again; done", "cannot be understood", beginning(),
+         frame(frames::Kind::Entries)},
+        {"cat first; while :; do cat again; done", "more names than any disk", beginning(), file},
+        {"cat first; while :; do cat again; done", "cannot be understood", beginning(),
+         named(frames::Step::Refused, "x")},
+        {"cat first; while :; do cat again; sleep 0.3; done", "comes to no end", beginning(), file},
     };
     for (const auto& row : rows) {
-        images.file("reader", std::string("#!/bin/sh\n") + row.does + "\n");
+        SCOPED_TRACE(row.does + ": " + row.says);
+        images.file("first", row.first);
+        images.file("again", row.again);
+        images.file("reader", "#!/bin/sh\ncd " + images.path() + "\n" + row.does + "\n");
         chmod(images.hostPath("reader").c_str(), 0700);
         ImageOptions options;
         options.program = images.hostPath("reader");
         options.patience = std::chrono::milliseconds(1500);
-        std::atomic<std::uint64_t> entries{0};
-        const auto disk = openImage(image, options, StopFlag(), entries);
-        ASSERT_FALSE(disk.ok()) << row.does;
-        EXPECT_THAT(disk.error().message, HasSubstr(row.says)) << row.does;
+        options.longest = std::chrono::seconds(4);
+        options.mostEntries = 30;
+        ImageProgress progress;
+        const auto disk = openImage(image, options, StopFlag(), progress);
+        ASSERT_FALSE(disk.ok());
+        EXPECT_THAT(disk.error().message, HasSubstr(row.says));
     }
+    // Once open, what it says of a file's content is bounded as well.
+    std::string content = frame(frames::Kind::Done) + frame(frames::Kind::Bytes);
+    images.file("first", beginning() + file + content);
+    images.file("reader", "#!/bin/sh\ncat " + images.hostPath("first") + "; sleep 9\n");
+    ImageOptions options;
+    options.program = images.hostPath("reader");
+    ImageProgress progress;
+    const auto disk = openImage(image, options, StopFlag(), progress);
+    ASSERT_TRUE(disk.ok()) << disk.error().message;
+    const auto read = (*disk)->readSmallFile(FileURL::fileURLWithPath("/x"), 100);
+    ASSERT_FALSE(read.ok());
+    EXPECT_THAT(read.error().message, HasSubstr("cannot be understood"));
+}
+
+TEST_F(ImageTest, AnImageWithoutAMacOrWithoutAFileIsRefusedInWords)
+{
     const TemporaryFolder other;
     other.file("/photos/beach.jpg");
     const std::string noMac = images.hostPath("other.img");

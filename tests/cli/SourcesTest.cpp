@@ -1,4 +1,5 @@
 #include "cli/CliFixture.h"
+#include "core/Sha256.h"
 #include "signatures/CatalogRows.h"
 #include "signatures/Catalogue.h"
 
@@ -6,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -210,22 +212,123 @@ protected:
     Outcome last{};
 };
 
+/// The first file of the tree as an image: raw, in three pieces, and as an Expert Witness file, for
+/// as many of them as there are tools.
+std::vector<std::pair<std::string, std::string>> imagesOf(const std::string& tree,
+                                                          const TemporaryFolder& folder)
+{
+    const auto shell = [](const std::string& command) {
+        return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
+    };
+    const std::string raw = folder.hostPath("mac.img");
+    if (!shell("xorriso -as mkisofs -quiet -hfsplus -o " + raw + " " + tree))
+        return {};
+    std::vector<std::pair<std::string, std::string>> images = {{"raw image", raw}};
+    if (shell("split -n 3 -d -a 3 --numeric-suffixes=1 " + raw + " " + folder.hostPath("mac.")))
+        images.emplace_back("split image", folder.hostPath("mac.001"));
+    if (shell("ewfacquire -u -S 1048576 -c none -t " + folder.hostPath("mac") + " " + raw))
+        images.emplace_back("E01", folder.hostPath("mac.E01"));
+    return images;
+}
+
 TEST_F(SourcesTest, OneTreeHasTheSameFindingsHoweverItIsRead)
 {
-    for (unsigned seed = 1; seed <= 2; ++seed) {
+    std::size_t images = 0;
+    for (unsigned seed = 1; seed <= 3; ++seed) {
         const TemporaryFolder tree;
         plantRandomTree(tree, seed);
         const Findings quick = findings({"--volume", tree.path()}, Depth::Quick);
         const Findings deep = findings({"--volume", tree.path()}, Depth::Deep);
         ASSERT_LT(quick.size(), deep.size());
-        for (const Format& format : kFormats) {
-            SCOPED_TRACE("seed " + std::to_string(seed) + ", " + format.name);
-            const std::string list = asList(format.write(tree.path()));
-            EXPECT_THAT(findings({"--listing", list}, Depth::Quick), ElementsAreArray(quick));
-            EXPECT_THAT(findings({"--listing", list}, Depth::Deep), ElementsAreArray(deep));
+        const auto expectTheSame = [&](const std::string& name, const std::string& option,
+                                       const std::string& file) {
+            SCOPED_TRACE("seed " + std::to_string(seed) + ", " + name);
+            EXPECT_THAT(findings({option, file}, Depth::Quick), ElementsAreArray(quick))
+                << last.err;
+            EXPECT_THAT(findings({option, file}, Depth::Deep), ElementsAreArray(deep));
             EXPECT_EQ(last.code, 1);
+        };
+        for (const Format& format : kFormats)
+            expectTheSame(format.name, "--listing", asList(format.write(tree.path())));
+        expectTheSame("written of the folder", "--listing",
+                      asList(run({"listing", "--volume", tree.path()}).out));
+        const TemporaryFolder files;
+        for (const auto& [name, file] : imagesOf(tree.path(), files)) {
+            ++images;
+            expectTheSame(name, "--image", file);
+            expectTheSame("written of the " + name, "--listing",
+                          asList(run({"listing", "--image", file}).out));
         }
     }
+    if (images < 9)
+        GTEST_SKIP() << "xorriso or ewfacquire is missing: " << images << " images of 9";
+}
+
+TEST_F(SourcesTest, WhatAListCannotHoldOrWasNotReadIsNotTakenForAbsent)
+{
+    volume.file("/Users/alice/Library/a\nb");
+    volume.file("/Users/alice/Documents/report (deleted)");
+    volume.file("/Library/LaunchAgents/com.example.plist");
+    const auto written = run({"listing", "--volume", volume.path()});
+    EXPECT_EQ(written.code, 1);
+    EXPECT_THAT(written.err, HasSubstr("2 names left out"));
+    EXPECT_THAT(written.out, HasSubstr("# not all read: /Users/alice/Library\n"));
+    EXPECT_THAT(written.out, HasSubstr("# not all read: /Users/alice/Documents\n"));
+    const auto scanned =
+        run({"scan", "--deep", "--no-store", "--user", "alice", "--listing", asList(written.out)});
+    EXPECT_EQ(scanned.code, 3) << scanned.out;
+    EXPECT_THAT(scanned.out, HasSubstr("/Users/alice/Documents (not all its names are on the "
+                                       "list)"));
+    EXPECT_THAT(scanned.out, Not(HasSubstr("deleted, but")));
+
+    const auto none = run({"listing", "--volume", volume.hostPath("/none")});
+    EXPECT_EQ(none.code, 2);
+    EXPECT_THAT(none.err, HasSubstr("cannot be read: no such file or directory"));
+}
+
+TEST_F(SourcesTest, DeletedNamesAreShownButNeverCountedAsThere)
+{
+    const std::string lines =
+        "0|/|2|d/d|0|0|0|0|0|0|0\n"
+        "0|/Library|3|d/d|0|0|0|0|0|0|0\n"
+        "0|/Users|4|d/d|0|0|0|0|0|0|0\n"
+        "0|/Users/alice|5|d/d|0|0|0|0|0|0|0\n"
+        "0|/Users/alice/Library/mdsa1331 (deleted)|6|r/r|0|0|9|0|0|0|0\n"
+        "0|/Users/bob/Library/mdsa1331 (deleted)|7|r/r|0|0|9|0|0|0|0\n"
+        "0|/Users/alice/x Keylogger|8|r/r|0|0|9|0|0|0|0\n"
+        "0|/Users/alice/Aobo Keylogger Pro.pdf (deleted)|9|r/r|0|0|9|0|0|0|0\n"
+        "broken\n";
+    const std::string list = asList(lines);
+    const auto quick = run(
+        {"scan", "--no-store", "--hash", "--user", "alice", "--format", "json", "--listing", list});
+    const auto report = nlohmann::json::parse(quick.out);
+    EXPECT_EQ(report["report"]["findings"], 0);
+    EXPECT_NE(report["verdict"], "found");
+    const auto& deleted = report["coverage"]["deleted"];
+    ASSERT_EQ(deleted.size(), 1U) << deleted; // bob was not asked for, the other is deep
+    EXPECT_EQ(deleted[0]["path"], "/Users/alice/Library/mdsa1331");
+    EXPECT_EQ(deleted[0]["state"], "deleted");
+    const auto& source = report["coverage"]["source"];
+    EXPECT_EQ(source["format"], "bodyfile");
+    EXPECT_EQ(source["entries"], 8);
+    EXPECT_EQ(source["notUnderstood"], 1);
+    EXPECT_EQ(source["firstNotUnderstood"][0], "broken");
+    EXPECT_EQ(source["sha256"], sha256Hex(lines));
+
+    // Stored, the report still says all that, on every face.
+    const auto deep = run({"scan", "--deep", "--hash", "--user", "alice", "--listing", list});
+    for (const std::string& face : {deep.out, run({"report", "show", "latest"}).out,
+                                    run({"report", "export", "latest", "--format", "html"}).out,
+                                    run({"report", "export", "latest", "--format", "json"}).out}) {
+        EXPECT_THAT(face, HasSubstr("/Users/alice/Aobo Keylogger Pro.pdf"));
+        EXPECT_THAT(face, HasSubstr("/Users/alice/Library/mdsa1331"));
+        EXPECT_THAT(face, HasSubstr("bodyfile"));
+        EXPECT_THAT(face, HasSubstr("broken"));
+        EXPECT_THAT(face, HasSubstr(sha256Hex(lines)));
+    }
+    const auto folder = run({"scan", "--hash", "--volume", volume.path()});
+    EXPECT_EQ(folder.code, 2);
+    EXPECT_THAT(folder.err, HasSubstr("--hash"));
 }
 
 TEST_F(SourcesTest, AListOfAPartOfADiskIsNeverClean)

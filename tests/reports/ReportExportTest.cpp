@@ -82,13 +82,14 @@ TEST(ReportJson, HasTheAgreedShape)
         "verdict": "found",
         "verdictLine": "Found: 1 potential threat; not everything could be read: 1 location could not be read. Besides, 1 application that the list leaves out bears a known name: /Applications/T.app. Not looked at: bob.",
         "subject": {"source": "folder", "volumeName": "mac-disk", "identity": "volume-1",
-            "computerName": "Alice's Mac", "systemVersion": null, "users": ["alice"]},
+            "sha256": null, "computerName": "Alice's Mac", "systemVersion": null, "users": ["alice"]},
         "coverage": {"ended": "finished", "endedAtPercent": null,
             "signaturesTested": 534, "systemVolumeLeftOut": 0, "foldersListed": 0,
             "entriesSearched": 0, "entriesWalked": 0,
             "refused": [{"path": "/Users/x/\\n", "reason": "permission denied"}],
             "heldBack": ["/Applications/T.app"], "missingHome": "", "homes": [],
-            "homesLeftOut": ["bob"], "otherDisks": ["/Volumes/USB"], "seconds": 0.5}
+            "homesLeftOut": ["bob"], "otherDisks": ["/Volumes/USB"], "source": null, "deleted": [],
+            "seconds": 0.5}
     })")
                                                              .dump());
 }
@@ -127,6 +128,11 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     report->coverage.homes = plain->coverage.homes = hostileNames();
     report->coverage.homesLeftOut = plain->coverage.homesLeftOut = hostileNames();
     report->coverage.otherDisks = plain->coverage.otherDisks = hostileNames();
+    const std::string lineBreaks = "a\n<b>\x1b[2J";
+    report->coverage.source = {"a list", lineBreaks, lineBreaks, 1, 1, {lineBreaks}, {}, "abc"};
+    plain->coverage.source = {"a list", "x", "y", 1, 1, {"z"}, {}, "abc"};
+    report->coverage.deleted = {{"/" + lineBreaks, "Threat"}};
+    plain->coverage.deleted = {{"/x", "Threat"}};
     report->subject.computerName = "<i>\x1b";
     report->subject.users = {"=a\n"};
     report->scanDuration = report->reportType = report->reportId = "<b>\x1b";

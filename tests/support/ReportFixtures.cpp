@@ -130,6 +130,13 @@ std::string storedFields(const SpywareScanReport& report)
         out << "held back " << path << '\n';
     for (const auto& home : coverage.homes)
         out << "home " << home << '\n';
+    const SourceFacts& source = coverage.source;
+    out << source.source << '|' << source.name << '|' << source.format << '|' << source.entries
+        << '|' << source.skipped << '|' << source.remark << '|' << source.sha256 << '\n';
+    for (const auto& line : source.firstSkipped)
+        out << "not understood " << line << '\n';
+    for (const auto& name : coverage.deleted)
+        out << "deleted " << name.path << '|' << name.infections << '\n';
     return out.str();
 }
 

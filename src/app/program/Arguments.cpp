@@ -33,7 +33,7 @@ std::string absolute(const std::string& folder)
 VolumeChoice Arguments::choice() const
 {
     const std::string folder = volume.value_or("/");
-    return {folder, user.value_or(usualUser(folder)), caseSensitive};
+    return {folder, user.value_or(usualUser(folder)), caseSensitive, {}};
 }
 
 std::string usualUser(const std::string& folder)
@@ -48,8 +48,10 @@ ParsedArguments parseArguments(int argc, char** argv)
     bool allUsers = false;
     CLI::App app("Looks for spyware on a Mac's disk, in a window.", "pryvane");
     app.set_version_flag("--version", "pryvane " PRYVANE_VERSION " (" PRYVANE_BUILD ")");
-    app.add_option("--volume", volume, "Folder that stands for the Mac's root; default /")
-        ->type_name("DIR");
+    app.add_option("--volume", volume,
+                   "Folder that stands for the Mac's root, an image of its disk, or a list of "
+                   "its names; default /")
+        ->type_name("DIR|FILE");
     app.add_option("--user", user,
                    "Short name of the user on that Mac; default: yours on /, every user elsewhere")
         ->type_name("NAME");

@@ -9,9 +9,12 @@ namespace pryvane {
 
 /// Which Mac the window looks at, and as whom. Raw bytes.
 struct VolumeChoice {
-    std::string folder = "/"; ///< host folder that stands for the Mac's root, absolute
-    std::string user;         ///< whose homes, as Users.h names them; empty: everyone's
+    /// Host folder that stands for the Mac's root, or a file: its disk image or a list of its
+    /// names. Absolute.
+    std::string folder = "/";
+    std::string user; ///< whose homes, as Users.h names them; empty: everyone's
     bool caseSensitive = false;
+    std::string password = {}; ///< of an image's encrypted volume
 
     friend bool operator==(const VolumeChoice&, const VolumeChoice&) = default;
 };

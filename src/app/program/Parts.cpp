@@ -8,7 +8,6 @@
 #include "platform/Network.h"
 #include "privacy/views/ToolsView.h"
 #include "signatures/Catalogue.h"
-#include "volume/VolumeFileSystem.h"
 
 #include <QStackedWidget>
 
@@ -23,6 +22,14 @@ PDFFacts pdfFacts(const std::string& cachesFolder)
             .cachesFolder = cachesFolder};
 }
 
+ScanOptions scanOptions(const ApplicationFacts& facts)
+{
+    ScanOptions options{facts.user.empty() ? UserChoice::everyone() : UserChoice(facts.user), {}};
+    if (facts.isGranted)
+        options.grantedRoot = options.homeRoot();
+    return options;
+}
+
 } // namespace
 
 Session::MainWindowParts::MainWindowParts(Needs what)
@@ -32,9 +39,7 @@ Session::MainWindowParts::MainWindowParts(Needs what)
       dashboard(needs.services, needs.desktop, needs.delegate, needs.facts),
       scheduler(needs.services, needs.desktop, needs.delegate),
       scan(needs.services, needs.delegate.state(), needs.delegate, store, needs.remover,
-           ScanOptions{needs.facts.user.empty() ? UserChoice::everyone()
-                                                : UserChoice(needs.facts.user),
-                       {}}),
+           scanOptions(needs.facts)),
       pdf(pdfFacts(needs.cachesFolder), needs.services.disk, needs.machine),
       documents(needs.services.mainQueue, pdf),
       screens(
@@ -133,14 +138,18 @@ void ReportParts::setPrintAction(std::function<void()> action)
     m_delegate.setPrintAction(std::move(action));
 }
 
-ToolsParts::ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
+ToolsParts::ToolsParts(const PlatformServices& services, const OpenedDisk& disk, Remover& remover,
                        const std::vector<std::string>& users,
                        std::function<void(const FileURL&)> reveal)
-    : m_reveal(std::move(reveal)), m_sizes(disk), m_inventorySizes(disk),
-      m_tools({{disk, m_sizes}, remover, services.mainQueue, services.alerts, services.workspace},
+    : m_reveal(std::move(reveal)), m_sizes(disk.sizeMeter()), m_inventorySizes(disk.sizeMeter()),
+      m_tools({{disk.files(), *m_sizes},
+               remover,
+               services.mainQueue,
+               services.alerts,
+               services.workspace},
               UserChoice(users)),
-      m_inventory({{disk, m_inventorySizes}, services.mainQueue}, UserChoice(users)),
-      m_facts(disk, services.mainQueue)
+      m_inventory({{disk.files(), *m_inventorySizes}, services.mainQueue}, UserChoice(users)),
+      m_facts(disk.files(), services.mainQueue)
 {
 }
 

@@ -17,7 +17,6 @@
 #include "reports/pdf/PDFGenerate.h"
 #include "reports/pdf/ReportPrinting.h"
 #include "scan/ScanViewController.h"
-#include "volume/VolumeFileSystem.h"
 
 #include <functional>
 #include <string>
@@ -27,7 +26,6 @@ namespace pryvane {
 
 class AppDelegate;
 class FileViewer;
-class VolumeFileSystem;
 
 /// What stands behind the report screen; made when that is first shown.
 class ReportParts final : private ReportBrowserHost {
@@ -65,7 +63,7 @@ private:
 /// What stands behind the tools screen; made when that is first shown.
 class ToolsParts {
 public:
-    ToolsParts(const PlatformServices& services, VolumeFileSystem& disk, Remover& remover,
+    ToolsParts(const PlatformServices& services, const OpenedDisk& disk, Remover& remover,
                const std::vector<std::string>& users, std::function<void(const FileURL&)> reveal);
 
     [[nodiscard]] MadeScreen makeScreen();
@@ -76,8 +74,8 @@ public:
 
 private:
     std::function<void(const FileURL&)> m_reveal;
-    VolumeSizeMeter m_sizes;
-    VolumeSizeMeter m_inventorySizes; ///< both may measure at the same time
+    const std::unique_ptr<SizeMeter> m_sizes;
+    const std::unique_ptr<SizeMeter> m_inventorySizes; ///< both may measure at the same time
     ToolsViewController m_tools;
     InventoryController m_inventory;
     FactsController m_facts;
@@ -91,7 +89,7 @@ struct Session::MainWindowParts {
         AppDelegate& delegate;
         ApplicationFacts facts;
         std::vector<std::string> users; ///< whose homes there are to look at
-        VolumeFileSystem& disk;
+        const OpenedDisk& disk;
         Remover& remover;
         FileViewer& fileViewer;
         MachineInfo& machine;

@@ -3,13 +3,12 @@
 #include "app/program/Desktop.h"
 #include "app/program/Parts.h"
 #include "app/views/PlainWindows.h"
-#include "app/views/VolumeSheet.h"
 #include "core/Escape.h"
 #include "findings/Homes.h"
-#include "findings/MacDisk.h"
 #include "hosts/Host.h"
 #include "hosts/posix/CurrentUser.h"
 #include "hosts/posix/SingleInstance.h"
+#include "hosts/qt/widgets/WidgetFolderPicker.h"
 #include "platform/Messages.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
@@ -24,18 +23,33 @@ namespace {
 
 constexpr const char* kBundleIdentifier = "com.torvell.Pryvane";
 
-Result<std::unique_ptr<VolumeFileSystem>> openDisk(const VolumeChoice& choice)
-{
-    VolumeFileSystem::Options options;
-    if (choice.caseSensitive)
-        options.nameMatching = NameMatching::Exact;
-    auto disk = VolumeFileSystem::open(choice.folder, options);
-    // This computer is what the window begins with where nothing else was named.
-    if (disk && !(*disk)->isHostRoot()) {
-        if (const auto holds = mustHoldMac(**disk, choice.folder); !holds)
-            return holds.error();
+/// For what was read from a file.
+class NoFileViewer final : public FileViewer {
+public:
+    Result<Done> reveal(const FileURL&) override
+    {
+        return Error{"It lies in an image or stands on a list, which no file viewer shows."};
     }
-    return disk;
+};
+
+constexpr const char* kOnlyMounted =
+    "This is an image or a list of names, which is only read and never changed. To remove "
+    "something, mount the disk itself and open its folder.";
+
+std::unique_ptr<Remover> removerOf(const OpenedDisk& disk, RemovalJournal& journal,
+                                   const std::string& dataFolder)
+{
+    if (const VolumeFileSystem* folders = disk.folders())
+        return std::make_unique<VolumeRemover>(*folders, journal,
+                                               std::vector<std::string>{dataFolder});
+    return std::make_unique<NoRemover>(kOnlyMounted);
+}
+
+std::unique_ptr<FileViewer> fileViewerOf(const OpenedDisk& disk, Desktop& desktop)
+{
+    if (VolumeFileSystem* folders = disk.folders())
+        return desktop.system->fileViewer(*folders);
+    return std::make_unique<NoFileViewer>();
 }
 
 VolumeWords wordsFor(const VolumeChoice& choice)
@@ -62,7 +76,8 @@ std::string panelRoot(const std::string& folder)
 
 ApplicationFacts factsFor(const VolumeChoice& choice)
 {
-    return {choice.user, kBundleIdentifier, PRYVANE_VERSION, PRYVANE_HOME_PAGE};
+    return {choice.user, kBundleIdentifier, PRYVANE_VERSION, PRYVANE_HOME_PAGE,
+            isFileOfHost(choice.folder)};
 }
 
 /// Nobody named is everyone.
@@ -71,40 +86,34 @@ UserChoice whoseOf(const VolumeChoice& choice)
     return choice.user.empty() ? UserChoice::everyone() : UserChoice(choice.user);
 }
 
-/// The users of a Mac's disk.
-std::optional<std::string> usersOf(const std::string& folder, std::vector<std::string>& users)
-{
-    auto disk = openDisk({folder, {}, false});
-    if (!disk)
-        return disk.error().message;
-    users = settledHomes(**disk, UserChoice::everyone()).users;
-    return std::nullopt;
-}
-
 } // namespace
 
-Result<std::unique_ptr<Session>> Session::open(Desktop& desktop, const VolumeChoice& choice)
+Result<std::unique_ptr<Session>> Session::open(Desktop& desktop, NextDisk next)
 {
-    auto disk = openDisk(choice);
-    if (!disk)
-        return disk.error();
-    return std::unique_ptr<Session>(new Session(desktop, choice, std::move(disk).value()));
+    if (!next.disk) {
+        OpeningProgress progress;
+        auto disk = openDisk(next.choice, StopFlag(), progress);
+        if (!disk)
+            return disk.error();
+        next.disk = std::move(disk).value();
+    }
+    return std::unique_ptr<Session>(new Session(desktop, std::move(next)));
 }
 
-Session::Session(Desktop& desktop, VolumeChoice choice, std::unique_ptr<VolumeFileSystem> disk)
-    : m_desktop(desktop), m_choice(std::move(choice)), m_words(wordsFor(m_choice)),
-      m_disk(std::move(disk)),
+Session::Session(Desktop& desktop, NextDisk what)
+    : m_desktop(desktop), m_choice(std::move(what.choice)), m_words(wordsFor(m_choice)),
+      m_disk(std::move(what.disk)),
       m_folderPicker(desktop.system->folderPicker(panelRoot(m_choice.folder))),
-      m_users(settledHomes(*m_disk, whoseOf(m_choice)).users),
-      m_workspace(desktop.host.workspace(*m_disk, m_users, m_disk->isHostRoot())),
-      m_grants(desktop.system->grants(*m_disk, panelRoot(m_choice.folder))),
-      m_journal(desktop.dataFolder(), *m_disk, desktop.clock),
-      m_remover(*m_disk, m_journal, {desktop.dataFolder()}), m_sharedRemover(m_remover),
-      m_fileViewer(desktop.system->fileViewer(*m_disk)),
+      m_users(settledHomes(m_disk->files(), whoseOf(m_choice)).users),
+      m_workspace(desktop.host.workspace(m_disk->files(), m_users, m_disk->isHostRoot())),
+      m_grants(desktop.system->grants(m_disk->files(), panelRoot(m_choice.folder))),
+      m_journal(desktop.dataFolder(), m_disk->files(), desktop.clock),
+      m_remover(removerOf(*m_disk, m_journal, desktop.dataFolder())), m_sharedRemover(*m_remover),
+      m_fileViewer(fileViewerOf(*m_disk, desktop)),
       m_statusItem(desktop.system->statusItem(
           [](std::string_view image, int) { return ui::icon(ui::text(image)); })),
       m_delegate(services(), desktopServices(), factsFor(m_choice)),
-      m_access(services(), *m_grants, m_delegate)
+      m_access(services(), *m_grants, m_delegate), m_opening(desktop.mainQueue)
 {
     m_windows.setMaker(ShellWindow::Main, [this] { return makeMainWindow(); });
     m_windows.setMaker(ShellWindow::Access, [this] { return makeAccessWindow(); });
@@ -118,7 +127,7 @@ Session::~Session()
 
 PlatformServices Session::services()
 {
-    return {*m_disk,
+    return {m_disk->files(),
             m_desktop.defaults(),
             m_notifications,
             m_desktop.mainQueue,
@@ -193,7 +202,7 @@ QWidget* Session::makeMainWindow()
                                                                  : MainWindow::Menus::Button);
     follow(*window);
     QObject::connect(window, &MainWindow::openVolumeWanted, window,
-                     [this, window] { askForVolume(window); });
+                     [this, window] { askForVolume(window, m_choice.folder); });
     m_main->show(*window);
     return window;
 }
@@ -202,7 +211,7 @@ QWidget* Session::makeAccessWindow()
 {
     auto* window = new AccessWindow(m_access, m_words);
     QObject::connect(window, &AccessWindow::openVolumeWanted, window,
-                     [this, window] { askForVolume(window); });
+                     [this, window] { askForVolume(window, m_choice.folder); });
     return window;
 }
 
@@ -219,9 +228,10 @@ void Session::reveal(const FileURL& location)
         m_desktop.alerts.runModal({"", shown.error().message, {"OK"}});
 }
 
-void Session::askForVolume(QWidget* over)
+void Session::askForVolume(QWidget* over, const std::string& place)
 {
-    const auto pick = [this](const std::string& from) -> std::optional<std::string> {
+    VolumeSheet::Asks asks;
+    asks.pickFolder = [this](const std::string& from) -> std::optional<std::string> {
         const auto picker = m_desktop.system->folderPicker({});
         const auto folder =
             picker->pickFolder({"Choose",
@@ -230,14 +240,55 @@ void Session::askForVolume(QWidget* over)
                                 {}});
         return folder ? std::optional(folder->absolutePath()) : std::nullopt;
     };
-    const auto open = [this](const std::string& folder, const std::string& user) {
-        change({folder, user, m_choice.caseSensitive});
+    asks.pickFile = [](const std::string& from) {
+        return pickHostFile("Choose", "Choose an image of a Mac's disk, or a list of its names",
+                            from);
     };
-    (new VolumeSheet(over, {pick, usersOf, open}, m_choice.folder, m_choice.user))->present();
+    asks.look = [this](const std::string& at, const std::string& password, VolumeSheet::Told told) {
+        look(at, password, std::move(told));
+    };
+    asks.progress = [this] {
+        return m_opening.isRunning() ? ui::text(m_opening.progressText()) : QString();
+    };
+    asks.stop = [this] { m_opening.stop(); };
+    asks.open = [this](const std::string& at, const std::string& user,
+                       const std::string& password) {
+        change({at, user, m_choice.caseSensitive,
+                at == m_choice.folder ? m_choice.password : password},
+               std::exchange(m_opened, {}));
+    };
+    (new VolumeSheet(over, std::move(asks), place, m_choice.user))->present();
+}
+
+/// Whose homes the disk there has. Folders tell it at once; of a file all names are read first, and
+/// kept for when it is to be looked at.
+void Session::look(const std::string& at, const std::string& password, VolumeSheet::Told told)
+{
+    m_opening.stop();
+    m_opened.reset();
+    const VolumeChoice choice{at, {}, m_choice.caseSensitive, password};
+    const auto ended = [this, told = std::move(told)](Result<std::shared_ptr<OpenedDisk>> disk,
+                                                      bool isLocked) {
+        VolumeSheet::Looked looked;
+        looked.isLocked = isLocked;
+        if (disk) {
+            m_opened = std::move(disk).value();
+            looked.users = settledHomes(m_opened->files(), UserChoice::everyone()).users;
+        } else {
+            looked.refusal = disk.error().message;
+        }
+        told(looked);
+    };
+    if (at == m_choice.folder && !m_disk->folders())
+        return ended(m_disk, false); // its names are here already
+    if (isFileOfHost(at))
+        return m_opening.begin(choice, ended);
+    OpeningProgress progress;
+    ended(openDisk(choice, StopFlag(), progress), false);
 }
 
 /// Everything on the screen belongs to the volume, so another one begins anew.
-void Session::change(const VolumeChoice& choice)
+void Session::change(const VolumeChoice& choice, std::shared_ptr<OpenedDisk> disk)
 {
     std::string refusal;
     const ScanState& state = m_delegate.state();
@@ -247,15 +298,20 @@ void Session::change(const VolumeChoice& choice)
         refusal = "Something is being removed. Wait for its end.";
     else if (!choice.user.empty() && !choice.user.starts_with('/') && !isShortName(choice.user))
         refusal = notAShortName(choice.user);
-    else if (const auto disk = openDisk(choice); !disk)
-        refusal = disk.error().message;
+    else if (!disk) {
+        OpeningProgress progress;
+        if (auto opened = openDisk(choice, StopFlag(), progress))
+            disk = std::move(opened).value();
+        else
+            refusal = opened.error().message;
+    }
     if (!refusal.empty()) {
-        m_desktop.alerts.runModal({"Open Volume", refusal, {"OK"}});
+        m_desktop.alerts.runModal({"Open", refusal, {"OK"}});
         return;
     }
     if (choice == m_choice)
         return;
-    m_next = choice;
+    m_next = NextDisk{choice, std::move(disk)};
     m_windows.terminate();
 }
 
@@ -266,8 +322,12 @@ void Session::take(const InstanceRequest& request)
     m_delegate.applicationShouldHandleReopen();
     const std::string folder = request.volume.value_or(m_choice.folder);
     const std::string usual = folder == m_choice.folder ? m_choice.user : usualUser(folder);
-    const VolumeChoice wanted{folder, request.user.value_or(usual), m_choice.caseSensitive};
-    if (wanted != m_choice)
+    const VolumeChoice wanted{folder, request.user.value_or(usual), m_choice.caseSensitive,
+                              folder == m_choice.folder ? m_choice.password : std::string()};
+    QWidget* const shown = m_windows.widget(ShellWindow::Main);
+    if (wanted != m_choice && folder != m_choice.folder && isFileOfHost(folder) && shown)
+        askForVolume(shown, folder); // its names take a while to read
+    else if (wanted != m_choice)
         change(wanted);
     else if (request.scan && m_main)
         m_delegate.requestScan();

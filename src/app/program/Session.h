@@ -3,7 +3,9 @@
 #include "app/AppDelegate.h"
 #include "app/NotAccessVC.h"
 #include "app/program/Arguments.h"
+#include "app/program/OpenedDisk.h"
 #include "app/views/MainWindow.h"
+#include "app/views/VolumeSheet.h"
 #include "app/views/Windows.h"
 #include "core/NotificationCenter.h"
 #include "core/ThreadSafety.h"
@@ -15,7 +17,6 @@
 #include "platform/Remover.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "removal/disk/VolumeRemover.h"
-#include "volume/VolumeFileSystem.h"
 
 #include <memory>
 #include <optional>
@@ -25,11 +26,19 @@ namespace pryvane {
 class Desktop;
 struct InstanceRequest;
 
+/// What to look at next; the disk where it is open already.
+struct NextDisk {
+    VolumeChoice choice;
+    std::shared_ptr<OpenedDisk> disk;
+};
+
 /// Lets several screens share one remover: each call waits for the one before. Callable from any
 /// thread.
 class SharedRemover final : public Remover {
 public:
-    explicit SharedRemover(Remover& remover) : m_remover(remover) {}
+    explicit SharedRemover(Remover& remover) : m_refusal(remover.refusal()), m_remover(remover) {}
+
+    [[nodiscard]] std::string refusal() const override { return m_refusal; }
 
     void plan(std::span<const RemovalItem> items, const StopFlag& stop,
               const RemovalForecasts& told) override
@@ -66,6 +75,7 @@ public:
     }
 
 private:
+    const std::string m_refusal;
     Mutex m_oneAtATime;
     Remover& m_remover GUARDED_BY(m_oneAtATime);
 };
@@ -74,9 +84,8 @@ private:
 /// windows. Another volume takes another session. Main thread only.
 class Session final {
 public:
-    /// The error says why the volume cannot be looked at.
-    [[nodiscard]] static Result<std::unique_ptr<Session>> open(Desktop& desktop,
-                                                               const VolumeChoice& choice);
+    /// Opens the disk where it is not open yet. The error says why it cannot be looked at.
+    [[nodiscard]] static Result<std::unique_ptr<Session>> open(Desktop& desktop, NextDisk next);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
@@ -90,12 +99,12 @@ public:
     void requestScan();
 
     /// What to look at after this one has ended; none: the program ends.
-    [[nodiscard]] const std::optional<VolumeChoice>& next() const { return m_next; }
+    [[nodiscard]] const std::optional<NextDisk>& next() const { return m_next; }
 
 private:
     struct MainWindowParts;
 
-    Session(Desktop& desktop, VolumeChoice choice, std::unique_ptr<VolumeFileSystem> disk);
+    Session(Desktop& desktop, NextDisk what);
 
     [[nodiscard]] PlatformServices services();
     [[nodiscard]] DesktopServices desktopServices();
@@ -104,22 +113,23 @@ private:
     [[nodiscard]] QWidget* makeHelpWindow();
     void follow(FramedWindow& window);
     void reveal(const FileURL& location);
-    void askForVolume(QWidget* over);
-    void change(const VolumeChoice& choice);
+    void look(const std::string& at, const std::string& password, VolumeSheet::Told told);
+    void askForVolume(QWidget* over, const std::string& place);
+    void change(const VolumeChoice& choice, std::shared_ptr<OpenedDisk> disk = {});
 
     Desktop& m_desktop;
     const VolumeChoice m_choice;
     const VolumeWords m_words;
-    std::optional<VolumeChoice> m_next;
+    std::optional<NextDisk> m_next;
 
-    std::unique_ptr<VolumeFileSystem> m_disk;
+    const std::shared_ptr<OpenedDisk> m_disk;
     NotificationCenter m_notifications;
     const std::unique_ptr<FolderPicker> m_folderPicker;
     const std::vector<std::string> m_users;
     const std::unique_ptr<Workspace> m_workspace;
     const std::unique_ptr<GrantTokens> m_grants;
     RemovalJournalFile m_journal;
-    VolumeRemover m_remover;
+    const std::unique_ptr<Remover> m_remover;
     SharedRemover m_sharedRemover;
     const std::unique_ptr<FileViewer> m_fileViewer;
     const std::unique_ptr<StatusItem> m_statusItem;
@@ -127,7 +137,9 @@ private:
     AppDelegate m_delegate;
     NotAccessVC m_access;
     std::unique_ptr<MainWindowParts> m_main;
-    Worker m_settling; ///< of the journal
+    DiskOpening m_opening;
+    std::shared_ptr<OpenedDisk> m_opened; ///< by it; what the sheet offers
+    Worker m_settling;                    ///< of the journal
 };
 
 } // namespace pryvane

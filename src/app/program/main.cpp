@@ -92,9 +92,9 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
         else
             desktop.log.line(socket.error().message);
     }
-    std::optional<VolumeChoice> choice = arguments.choice();
-    for (bool isFirst = true; choice; isFirst = false) {
-        const auto session = Session::open(desktop, *choice);
+    std::optional<NextDisk> next = NextDisk{arguments.choice(), {}};
+    for (bool isFirst = true; next; isFirst = false) {
+        const auto session = Session::open(desktop, std::move(*next));
         if (!session)
             return fail(session.error().message);
         current = session->get();
@@ -108,7 +108,7 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
         if (QApplication::exec() == kFailed)
             return kFailed;
         current->end();
-        choice = current->next();
+        next = current->next();
         current = nullptr;
     }
     return 0;

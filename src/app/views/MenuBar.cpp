@@ -10,7 +10,7 @@ namespace pryvane {
 
 void fillFileMenu(QMenu& menu, const MenuActions& actions)
 {
-    menu.addAction(MenuBar::tr("Open Volume…"), QKeySequence::Open, &menu, actions.openVolume);
+    menu.addAction(MenuBar::tr("Open…"), QKeySequence::Open, &menu, actions.openVolume);
     QAction* print = menu.addAction(ui::icon(QStringLiteral("print")), MenuBar::tr("Print…"),
                                     QKeySequence::Print, &menu, actions.print);
     print->setEnabled(actions.canPrint());

@@ -50,7 +50,7 @@ AccessWindow::AccessWindow(NotAccessVC& controller, const VolumeWords& volume)
     confirm->setObjectName(QStringLiteral("confirmAccess"));
     confirm->setDefault(true);
     ui::makePrimary(*confirm);
-    auto* open = new QPushButton(tr("Open Volume…"));
+    auto* open = new QPushButton(tr("Open…"));
     open->setObjectName(QStringLiteral("openVolume"));
     auto* quit = new QPushButton(tr("Quit"));
     quit->setObjectName(QStringLiteral("closeApp"));
@@ -111,8 +111,10 @@ struct Chapter {
 constexpr Chapter kGuide[] = {
     {"volume", QT_TRANSLATE_NOOP("Help", "Choose what to look at"),
      QT_TRANSLATE_NOOP(
-         "Help", "The button at the foot of the navigation names the volume and the user. Click "
-                 "it, or press Ctrl+O, to look at another mounted Mac disk.")},
+         "Help",
+         "The button at the foot of the navigation names the volume and the user. Click "
+         "it, or press Ctrl+O, to look at another mounted Mac disk, at an image of one, or at "
+         "a list of its names.")},
     {"scan", QT_TRANSLATE_NOOP("Help", "Scan"),
      QT_TRANSLATE_NOOP(
          "Help", "A quick scan looks in the places that known spyware uses. A deep scan looks "

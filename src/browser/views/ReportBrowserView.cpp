@@ -120,6 +120,8 @@ void ReportBrowserView::compare(int row, int otherRow)
 
 void ReportBrowserView::openPlan()
 {
+    if (m_controller.removal().isRefused())
+        return;
     auto* plan = new PlanSheet(this, [this](const SpywareList& records, bool on) {
         checkRecords(m_controller, records, on);
     });

@@ -67,7 +67,7 @@ private:
     void printTallRow(TableRow row);
     void printRow(TableRow row, bool isHeader, float height);
     void cell(const Column& column, std::string text, Font font, float rowHeight);
-    void verdict();
+    void remark(std::string_view words);
     void appendix(const ReportAppendix& appendix);
     void appendixGroup(const ReportAppendix::List& list, const ReportAppendix::Group& group);
     void paragraph(std::string_view bytes, Font font, std::string_view bold, double indent);
@@ -90,6 +90,7 @@ private:
     std::vector<Page> m_pages;
     int m_position = kFirstTop;
     double m_tableHeight = 0; ///< of the rows on the current page
+    double m_belowTable = 0;  ///< of the paragraphs on it
 };
 
 std::vector<Page> ReportLayout::pages()
@@ -119,7 +120,9 @@ std::vector<Page> ReportLayout::pages()
         m_tableHeight += height;
         printRow(std::move(row), false, height);
     }
-    verdict();
+    remark(m_texts.verdict);
+    for (const std::string& words : m_texts.remarks)
+        remark(words);
     if (m_texts.appendix)
         appendix(*m_texts.appendix);
     closePage();
@@ -250,23 +253,25 @@ void ReportLayout::cell(const Column& column, std::string text, Font font, float
 }
 
 /// Below the table, whose frame stays around its rows.
-void ReportLayout::verdict()
+void ReportLayout::remark(std::string_view words)
 {
-    if (m_texts.verdict.empty())
+    if (words.empty())
         return;
     constexpr double kMost = kNextTop - kBottom - kRowPadding - 1;
-    std::string text = shown(wholeCharacters(m_texts.verdict, kMeasuredBytes));
+    std::string text = shown(wholeCharacters(words, kMeasuredBytes));
     const double height = std::min<double>(m_measure.height(text, kRowFont, kFrameWidth), kMost);
-    if (!fits(float(height) + kRowPadding)) {
+    if (!fits(float(height + m_belowTable) + kRowPadding)) {
         closePage();
         startPage();
     }
-    add(TextOp{.text = std::move(text),
-               .rect = {kFrameX, m_position - height - kCellDrop, kFrameWidth, height},
-               .font = kRowFont,
-               .overflow = Overflow::Wraps,
-               .roomWidth = kFrameWidth,
-               .roomHeight = height});
+    add(TextOp{
+        .text = std::move(text),
+        .rect = {kFrameX, m_position - m_belowTable - height - kCellDrop, kFrameWidth, height},
+        .font = kRowFont,
+        .overflow = Overflow::Wraps,
+        .roomWidth = kFrameWidth,
+        .roomHeight = height});
+    m_belowTable += height + kCellDrop;
 }
 
 /// What was asked for besides, from the top of a page on and without a table's frame.
@@ -351,7 +356,7 @@ void ReportLayout::startPage()
 {
     m_pages.emplace_back();
     m_position = kNextTop;
-    m_tableHeight = 0;
+    m_tableHeight = m_belowTable = 0;
 }
 
 } // namespace

@@ -51,6 +51,26 @@ const char* statusText(Presence presence)
     return kNotChecked;
 }
 
+/// The table has no column for it, and where one user was looked at it goes without saying.
+std::string pathText(const SpywareScanReport& report, const Spyware& record)
+{
+    if (report.subject.users.size() < 2)
+        return record.url.relativePath();
+    return record.url.relativePath() + " (" + std::string(whoseText(record)) + ")";
+}
+
+/// What belongs to the report and has no place in its table: where the names of the disk came from,
+/// and what they call deleted.
+std::vector<std::string> remarksOf(const SpywareScanReport& report)
+{
+    std::vector<std::string> remarks;
+    for (const auto& [label, words] : sourceLines(report.coverage.source))
+        remarks.push_back(label + ": " + words);
+    for (const DeletedName& name : report.coverage.deleted)
+        remarks.push_back("Deleted, but still named: " + name.path + " (" + name.infections + ")");
+    return remarks;
+}
+
 } // namespace
 
 ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts, FileSystem& disk,
@@ -62,6 +82,7 @@ ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts, 
     texts.scanDate = localizedDate(report.scanDate, DateStyle::Medium, TimeStyle::Short);
     const MachineFacts mac = isOfThisMac(report, disk) ? factsOf(machine) : factsOf(report.subject);
     texts.verdict = report.verdictLine();
+    texts.remarks = remarksOf(report);
     texts.facts = {{
         {{{"Mac Name :", mac.name}, {"Scan Type :", report.reportType}}},
         {{{"Current User :", mac.user},
@@ -72,7 +93,7 @@ ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts, 
     DiskPresence presence(disk);
     texts.rows.reserve(report.spyWareList->size());
     for (const auto& record : *report.spyWareList)
-        texts.rows.push_back({record->url.relativePath(), record->infections, record->risk,
+        texts.rows.push_back({pathText(report, *record), record->infections, record->risk,
                               statusText(presence.of(report, *record))});
     return texts;
 }

@@ -42,7 +42,8 @@ struct ReportTexts {
     std::string scanDate;
     std::array<std::array<Fact, 2>, 4> facts; ///< lines of a left and a right one
     std::vector<TableRow> rows;
-    std::string verdict;                      ///< stands below the table
+    std::string verdict;                      ///< stands below the table,
+    std::vector<std::string> remarks;         ///< and these, each a paragraph of its own, below it
     const ReportAppendix* appendix = nullptr; ///< begins on a page of its own; none: not wanted
 };
 

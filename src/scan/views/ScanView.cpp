@@ -212,6 +212,8 @@ void ScanView::showFindings()
 
 void ScanView::openPlan()
 {
+    if (m_controller.removal().isRefused())
+        return;
     m_plan = new PlanSheet(this, [this](const SpywareList& records, bool on) {
         selectRecords(m_controller, records, on);
     });

@@ -25,6 +25,27 @@ Error about(const std::string& path, const Error& error)
     return {"the image \"" + forScreen(path) + "\" cannot be read: " + forScreen(error.message)};
 }
 
+/// How long a reader may take, however much it says meanwhile.
+class Deadline {
+public:
+    explicit Deadline(std::chrono::seconds longest)
+        : m_end(std::chrono::steady_clock::now() + longest)
+    {
+    }
+
+    /// The next frame, unless the time is over.
+    [[nodiscard]] Result<ImageReader::Frame>
+    next(ImageReader& reader, std::chrono::milliseconds patience, const StopFlag& stop) const
+    {
+        if (std::chrono::steady_clock::now() > m_end)
+            return Error{"its reader comes to no end; the image is damaged, or made to do harm"};
+        return reader.receive(patience, stop);
+    }
+
+private:
+    const std::chrono::steady_clock::time_point m_end;
+};
+
 /// Asks a new reader for the layout or the names.
 Result<ImageReader> asked(const std::string& path, const ImageOptions& options, frames::What what)
 {
@@ -87,11 +108,13 @@ Result<bool> takeLayout(const ImageReader::Frame& frame, ImageLayout& layout)
 /// Puts a reader's names into an index.
 class Names {
 public:
-    Names(NameIndex& index, std::size_t most) : m_index(index), m_most(most) {}
+    Names(NameIndex& index, const ImageOptions& options) : m_index(index), m_options(options) {}
 
     [[nodiscard]] Result<Done> take(std::string_view block)
     {
         frames::Reader body(block);
+        if (body.atEnd())
+            return notUnderstood();
         while (!body.atEnd()) {
             if (const auto taken = takeOne(body); !taken)
                 return taken;
@@ -116,7 +139,8 @@ private:
         if (!body.ok())
             return notUnderstood();
         if (step == Step::Refused) {
-            ++m_skipped;
+            if (static_cast<std::size_t>(++m_skipped) > m_options.mostEntries)
+                return notUnderstood();
             m_index.setRefused(m_folder, text);
             return Done{};
         }
@@ -125,8 +149,9 @@ private:
         if (text.empty() || text == "." || text == ".." || text.find('/') != text.npos ||
             text.find('\0') != text.npos)
             return notUnderstood();
-        if (m_index.size() >= m_most)
-            return Error{"it has more entries than any disk; the image is damaged, or made to do "
+        m_nameBytes += text.size();
+        if (m_index.size() >= m_options.mostEntries || m_nameBytes > m_options.mostNameBytes)
+            return Error{"it has more names than any disk; the image is damaged, or made to do "
                          "harm"};
         constexpr std::array kKinds = {FileKind::Folder, FileKind::RegularFile,
                                        FileKind::SymbolicLink, FileKind::Other};
@@ -153,14 +178,15 @@ private:
     }
 
     NameIndex& m_index;
-    const std::size_t m_most;
+    const ImageOptions& m_options;
+    std::size_t m_nameBytes = 0;
     NameIndex::Node m_folder = NameIndex::kRoot;
     std::int64_t m_skipped = 0;
 };
 
 /// A file's content, piece by piece, bounded on this side as well.
 Result<std::string> contentOf(ImageReader& reader, const std::string& path, std::size_t limit,
-                              std::chrono::milliseconds patience)
+                              const ImageOptions& options)
 {
     frames::Writer wanted;
     wanted.number(static_cast<std::uint32_t>(std::min<std::size_t>(limit, 0xffffffff)));
@@ -168,8 +194,9 @@ Result<std::string> contentOf(ImageReader& reader, const std::string& path, std:
     if (const auto sent = reader.send(frames::Kind::Content, wanted.bytes()); !sent)
         return sent.error();
     std::string content;
+    const Deadline deadline(options.longest);
     for (const StopFlag stop;;) {
-        auto frame = reader.receive(patience, stop);
+        auto frame = deadline.next(reader, options.patience, stop);
         if (!frame)
             return frame.error();
         switch (frame->kind) {
@@ -179,7 +206,7 @@ Result<std::string> contentOf(ImageReader& reader, const std::string& path, std:
             return Error{frame->body};
         case frames::Kind::Bytes:
             content += frame->body;
-            if (content.size() > limit)
+            if (content.size() > limit || frame->body.empty())
                 return notUnderstood();
             break;
         default:
@@ -223,8 +250,9 @@ Result<ImageLayout> imageLayout(const std::string& path, const ImageOptions& opt
     if (!reader)
         return about(path, reader.error());
     ImageLayout layout;
+    const Deadline deadline(options.longest);
     for (;;) {
-        const auto frame = reader->receive(options.patience, stop);
+        const auto frame = deadline.next(*reader, options.patience, stop);
         if (!frame)
             return about(path, frame.error());
         if (frame->kind == frames::Kind::Done)
@@ -239,8 +267,7 @@ Result<ImageLayout> imageLayout(const std::string& path, const ImageOptions& opt
 
 Result<std::unique_ptr<IndexFileSystem>> openImage(const std::string& path,
                                                    const ImageOptions& options,
-                                                   const StopFlag& stop,
-                                                   std::atomic<std::uint64_t>& entriesRead)
+                                                   const StopFlag& stop, ImageProgress& progress)
 {
     auto started = asked(path, options, frames::What::Names);
     if (!started)
@@ -250,27 +277,33 @@ Result<std::unique_ptr<IndexFileSystem>> openImage(const std::string& path,
     const ImageLayout::Volume* chosen = nullptr;
     std::unique_ptr<NameIndex> index;
     std::optional<Names> names;
+    bool isConfined = false;
+    const Deadline deadline(options.longest);
     for (;;) {
-        const auto frame = reader->receive(options.patience, stop);
+        const auto frame = deadline.next(*reader, options.patience, stop);
         if (!frame)
             return about(path, frame.error());
-        if (frame->kind == frames::Kind::Problem)
+        if (frame->kind == frames::Kind::Locked)
+            progress.isLocked = true;
+        if (frame->kind == frames::Kind::Problem || frame->kind == frames::Kind::Locked)
             return about(path, {frame->body});
         if (frame->kind == frames::Kind::Done && names && names->isAtRoot())
             break;
         if (frame->kind == frames::Kind::Entries && names) {
             if (const auto taken = names->take(frame->body); !taken)
                 return about(path, taken.error());
-            entriesRead = index->size();
+            progress.entries = index->size();
         } else if (frame->kind == frames::Kind::Chosen && !names) {
-            const auto number = frames::Reader(frame->body).number<std::uint32_t>();
-            if (number >= layout.volumes.size())
+            frames::Reader body(frame->body);
+            const auto number = body.number<std::uint32_t>();
+            isConfined = body.number<std::uint8_t>() != 0;
+            if (!body.ok() || number >= layout.volumes.size())
                 return about(path, notUnderstood());
             chosen = &layout.volumes[number];
             const bool exact = options.caseSensitive || chosen->caseSensitive;
             index =
                 std::make_unique<NameIndex>(exact ? NameMatching::Exact : NameMatching::AsOnMac);
-            names.emplace(*index, options.mostEntries);
+            names.emplace(*index, options);
         } else {
             const auto taken = takeLayout(*frame, layout);
             if (!taken || !taken.value() || names)
@@ -282,17 +315,22 @@ Result<std::unique_ptr<IndexFileSystem>> openImage(const std::string& path,
     parts.cover = NameCover::WholeDisk;
     parts.facts.source = "a disk image";
     parts.facts.name = path;
+    parts.facts.sha256 = options.sha256;
     parts.facts.format = chosen->fileSystem;
     if (!chosen->name.empty())
-        parts.facts.format += " volume " + forScreen(chosen->name);
+        parts.facts.format += " volume " + chosen->name;
     if (chosen->partition != 0)
         parts.facts.format += ", partition " + std::to_string(chosen->partition);
     parts.facts.entries = static_cast<std::int64_t>(index->size()) - 1;
     parts.facts.skipped = names->skipped();
+    if (!isConfined)
+        parts.facts.remark = "This computer's kernel has no Landlock: it could not keep what reads "
+                             "the image from opening other files.";
     const NameIndex* const nodes = index.get();
-    parts.content = [reader, nodes, patience = options.patience](NameIndex::Node node,
-                                                                 std::size_t limit) {
-        return contentOf(*reader, nodes->path(node), limit, patience);
+    ImageOptions limits = options;
+    limits.password.clear();
+    parts.content = [reader, nodes, limits](NameIndex::Node node, std::size_t limit) {
+        return contentOf(*reader, nodes->path(node), limit, limits);
     };
     parts.names = std::move(index);
     return std::make_unique<IndexFileSystem>(std::move(parts));

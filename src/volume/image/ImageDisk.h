@@ -15,13 +15,22 @@
 namespace pryvane {
 
 struct ImageOptions {
-    std::string program;                        ///< the reader, an absolute path
-    std::uint32_t partition = 0;                ///< 0: any
-    std::string volume;                         ///< name or number of an APFS volume; empty: any
-    std::string password;                       ///< of an encrypted volume
-    bool caseSensitive = false;                 ///< whatever the volume itself says
+    std::string program;         ///< the reader, an absolute path
+    std::uint32_t partition = 0; ///< 0: any
+    std::string volume;          ///< name or number of an APFS volume; empty: any
+    std::string password;        ///< of an encrypted volume
+    std::string sha256;          ///< of the image where it was asked for, for its facts
+    bool caseSensitive = false;  ///< whatever the volume itself says
     std::chrono::milliseconds patience{30'000}; ///< with a reader that says nothing
+    std::chrono::seconds longest{7200};         ///< for all of it, however much it says
     std::size_t mostEntries = 100'000'000;
+    std::size_t mostNameBytes = std::size_t{2} << 30; ///< of all names
+};
+
+/// What others may see of a reading that is under way, and of how it failed.
+struct ImageProgress {
+    std::atomic<std::uint64_t> entries{0}; ///< names read so far
+    std::atomic<bool> isLocked{false};     ///< it failed for want of the right password
 };
 
 /// What an image consists of.
@@ -54,9 +63,10 @@ struct ImageLayout {
                                               const StopFlag& stop);
 
 /// Reads all names of one volume of the image and makes a disk of them. The process stays to read
-/// contents. `entriesRead` is for a display.
-[[nodiscard]] Result<std::unique_ptr<IndexFileSystem>>
-openImage(const std::string& path, const ImageOptions& options, const StopFlag& stop,
-          std::atomic<std::uint64_t>& entriesRead);
+/// contents.
+[[nodiscard]] Result<std::unique_ptr<IndexFileSystem>> openImage(const std::string& path,
+                                                                 const ImageOptions& options,
+                                                                 const StopFlag& stop,
+                                                                 ImageProgress& progress);
 
 } // namespace pryvane

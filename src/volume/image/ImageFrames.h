@@ -23,10 +23,12 @@ enum class Kind : std::uint8_t {
     // From the reader.
     Partition = 'P', ///< number, start and length in bytes, description
     Volume = 'V',    ///< partition + 1 or 0, number, role, flags, file system, name
-    Chosen = 'C',    ///< which of the volumes told, counted from 0
-    Entries = 'E',   ///< entries, one behind the other
-    Bytes = 'B',     ///< a file's content
-    Problem = 'X',   ///< why it cannot be done, for a person
+    Chosen =
+        'C', ///< which of the volumes told, counted from 0; whether no other file can be opened
+    Entries = 'E', ///< entries, one behind the other
+    Bytes = 'B',   ///< a file's content
+    Locked = 'L',  ///< the same, where it wants the right password
+    Problem = 'X', ///< why it cannot be done, for a person
     Done = 'D',
 };
 

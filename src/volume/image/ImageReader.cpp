@@ -10,6 +10,7 @@
 #include <spawn.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
+#include <unistd.h>
 #include <utility>
 
 namespace pryvane {
@@ -68,7 +69,15 @@ ImageReader::~ImageReader()
 Error ImageReader::ended()
 {
     int status = 0;
-    if (m_process >= 0 && waitpid(m_process, &status, WNOHANG) == m_process) {
+    // What it says ends before it does; not by much, unless it is up to something.
+    constexpr int kLooks = 50;
+    pid_t gone = 0;
+    for (int look = 0; m_process >= 0 && gone == 0 && look < kLooks; ++look) {
+        if (look > 0)
+            usleep(20'000);
+        gone = waitpid(m_process, &status, WNOHANG);
+    }
+    if (m_process >= 0 && gone == m_process) {
         m_process = -1;
         if (WIFSIGNALED(status))
             return {"its reader was ended by signal " + std::to_string(WTERMSIG(status)) +

@@ -268,11 +268,13 @@ std::int64_t IndexFileSystem::bytesBelow(Node top) const
             continue;
         }
         const NameIndex::Facts facts = names.facts(node);
+        if (facts.isDeleted)
+            continue;
         if (facts.kind == FileKind::Folder) {
             bytes += names.unnamed(node).bytes;
             folder = node;
             node = NameIndex::kNone;
-        } else if (!facts.isDeleted) {
+        } else {
             bytes += inBlocks(facts.size);
         }
     }
@@ -315,8 +317,7 @@ bool IndexFileSystem::visit(const FileURL& url, const StopFlag& stop, NameVisito
     const auto atFolder = [&](Node folder) {
         if (const auto unnamed = names.unnamed(folder); unnamed.entries > 0)
             visitor.unnamed(unnamed.entries);
-        const bool holdsAll = m_parts.cover == NameCover::AsListed;
-        if (const std::string* reason = names.refused(folder); reason != nullptr && !holdsAll)
+        if (const std::string* reason = names.refused(folder))
             visitor.refused(*reason);
     };
     Node folder = found.node;
@@ -333,16 +334,31 @@ bool IndexFileSystem::visit(const FileURL& url, const StopFlag& stop, NameVisito
             continue;
         }
         const NameIndex::Facts facts = names.facts(node);
+        if (facts.isDeleted)
+            continue; // nothing below it is there either
         if (facts.kind == FileKind::Folder) {
             visitor.enterFolder(names.name(node));
             atFolder(node);
             folder = node;
             node = NameIndex::kNone;
-        } else if (!facts.isDeleted) {
+        } else {
             visitor.entry(names.name(node), facts.kind);
         }
     }
     return true;
+}
+
+std::vector<std::string> IndexFileSystem::deletedPaths(std::size_t most) const
+{
+    std::vector<std::string> paths;
+    const NameIndex& names = index();
+    for (std::size_t i = 1; i < names.size() && paths.size() < most; ++i) {
+        const auto node = static_cast<Node>(i);
+        const NameIndex::Facts facts = names.facts(node);
+        if (facts.isDeleted && facts.isListed)
+            paths.push_back(names.path(node));
+    }
+    return paths;
 }
 
 void IndexSizeMeter::measure(std::span<const FileURL> locations, const StopFlag& stop,

@@ -79,6 +79,7 @@ private:
     [[nodiscard]] bool visit(const FileURL& folder, const StopFlag& stop,
                              NameVisitor& visitor) const override;
     [[nodiscard]] const SourceFacts& facts() const override { return m_parts.facts; }
+    [[nodiscard]] std::vector<std::string> deletedPaths(std::size_t most) const override;
 
     const Parts m_parts;
     Mutex m_contentMutex;

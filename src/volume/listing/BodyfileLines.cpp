@@ -14,6 +14,13 @@ class BodyfileLines final : public LineReader {
 public:
     Outcome read(std::string_view line, ListedEntry& entry) override
     {
+        if (line.starts_with(kPartialMark)) {
+            entry = {};
+            entry.path = line.substr(kPartialMark.size());
+            entry.kind = FileKind::Folder;
+            entry.isPartial = true;
+            return Outcome::Entry;
+        }
         if (line.empty() || line.front() == '#')
             return Outcome::Nothing;
         enum Field { Inode, Mode, Uid, Gid, Size, Atime, Mtime, Ctime, Crtime, kFields };

@@ -109,4 +109,12 @@ std::optional<ListingFormat> recognisedFormat(std::string_view beginning, std::s
     return std::nullopt;
 }
 
+bool beginsLikeListing(std::string_view beginning)
+{
+    const auto nul = beginning.find('\0');
+    if (nul != beginning.npos)
+        return nul > 0 && formatOf(beginning.substr(0, nul), {}) == ListingFormat::Plain;
+    return recognisedFormat(beginning, {}).has_value();
+}
+
 } // namespace pryvane

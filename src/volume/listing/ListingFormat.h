@@ -42,6 +42,8 @@ struct ListedEntry {
     std::int64_t modified = kNotKnown;      ///< seconds since 1970
     std::optional<std::string_view> target; ///< of a link
     bool isDeleted = false;
+    bool isPartial =
+        false; ///< a folder of which not all names are on the list; nothing else is told
 };
 
 /// Reads the lines of one format, in their order. One thread.
@@ -60,7 +62,13 @@ public:
 [[nodiscard]] std::optional<ListingFormat> recognisedFormat(std::string_view beginning,
                                                             std::string_view prefix);
 
+/// Whether a file that begins with these bytes is a list rather than an image.
+[[nodiscard]] bool beginsLikeListing(std::string_view beginning);
+
 [[nodiscard]] std::unique_ptr<LineReader> lineReader(ListingFormat format);
+
+/// In a bodyfile, what stands before the path of a folder whose names are not all on the list.
+inline constexpr std::string_view kPartialMark = "# not all read: ";
 
 // One for each format.
 [[nodiscard]] std::unique_ptr<LineReader> plainLines();

@@ -27,6 +27,8 @@ bool isPlainly(std::string_view folder)
     return true;
 }
 
+constexpr std::string_view kNotAllNames = "not all its names are on the list";
+
 bool countsAsEntry(std::string_view name, FileKind kind)
 {
     switch (kind) {
@@ -65,6 +67,9 @@ bool ListingIndexer::add(const ListedEntry& entry)
         nameRoot(entry);
         return true;
     }
+    m_isDeleted = entry.isDeleted;
+    if (entry.isPartial)
+        return addPartial(bare);
     const auto slash = bare.rfind('/');
     const std::size_t nameAt = slash == bare.npos ? 0 : slash + 1;
     const std::string_view name = bare.substr(nameAt);
@@ -86,9 +91,20 @@ bool ListingIndexer::add(const ListedEntry& entry)
     return true;
 }
 
+/// Keeps the folder, whether it is chosen or not: what it lacks is to be told.
+bool ListingIndexer::addPartial(std::string_view folder)
+{
+    if (!moveTo(std::string(folder) + "/"))
+        return false;
+    m_index.setRefused(currentNode(), kNotAllNames);
+    return true;
+}
+
 void ListingIndexer::nameRoot(const ListedEntry& entry)
 {
-    if (entry.isDeleted)
+    if (entry.isPartial)
+        m_index.setRefused(NameIndex::kRoot, kNotAllNames);
+    if (entry.isDeleted || entry.isPartial)
         return;
     auto facts = m_index.facts(NameIndex::kRoot);
     facts.isListed = true;
@@ -142,7 +158,7 @@ void ListingIndexer::enter(std::string_view name)
     level.state = m_choice.below(above.state, name);
     if (above.node != NameIndex::kNone) {
         level.node = m_choice.isKept(above.state, name, FileKind::Folder)
-                         ? m_builder.findOrAdd(above.node, name)
+                         ? folderIn(above.node, name)
                          : m_builder.find(above.node, name);
     }
     if (level.node != NameIndex::kNone && m_index.kind(level.node) == FileKind::Unknown)
@@ -162,19 +178,46 @@ ListingIndexer::Node ListingIndexer::currentNode()
         const std::size_t start = m_levels[i - 1].pathLength;
         const std::string_view name =
             std::string_view(m_folder).substr(start, level.pathLength - start - 1);
-        level.node = m_builder.findOrAdd(m_levels[i - 1].node, name);
+        level.node = folderIn(m_levels[i - 1].node, name);
         if (m_index.kind(level.node) == FileKind::Unknown)
             m_index.setFolder(level.node);
     }
     return m_levels.back().node;
 }
 
+/// The folder's entry. Where nothing but deleted entries names it, so is it.
+ListingIndexer::Node ListingIndexer::folderIn(Node above, std::string_view name)
+{
+    const std::size_t before = m_index.size();
+    const Node node = m_builder.findOrAdd(above, name);
+    if (m_isDeleted && m_index.size() > before)
+        m_index.setFacts(node, {.kind = FileKind::Folder, .isListed = false, .isDeleted = true});
+    return node;
+}
+
+/// The current folder is there after all, as something in it is.
+void ListingIndexer::revive()
+{
+    for (auto level = m_levels.rbegin(); level != m_levels.rend(); ++level) {
+        if (level->node == NameIndex::kNone)
+            continue;
+        NameIndex::Facts facts = m_index.facts(level->node);
+        if (!facts.isDeleted)
+            return;
+        facts.isDeleted = false;
+        m_index.setFacts(level->node, facts);
+    }
+}
+
 void ListingIndexer::keep(std::string_view name, const ListedEntry& entry, FileKind kind)
 {
-    const Node node = m_builder.findOrAdd(currentNode(), name);
+    const Node folder = currentNode();
+    if (!entry.isDeleted)
+        revive();
+    const Node node = m_builder.findOrAdd(folder, name);
     const NameIndex::Facts before = m_index.facts(node);
     const bool wasThere = before.isListed && !before.isDeleted;
-    if (entry.isDeleted && (before.isListed || !m_index.isEmpty(node)))
+    if (entry.isDeleted && (before.isListed || (!before.isDeleted && !m_index.isEmpty(node))))
         return; // its place was taken
     if (wasThere && before.kind != FileKind::Unknown)
         return;
@@ -183,7 +226,7 @@ void ListingIndexer::keep(std::string_view name, const ListedEntry& entry, FileK
                            .modified = entry.modified,
                            .isListed = true,
                            .isDeleted = entry.isDeleted};
-    if (before.kind == FileKind::Folder && !before.isDeleted)
+    if (before.kind == FileKind::Folder && (!before.isDeleted || !m_index.isEmpty(node)))
         facts.kind = FileKind::Folder; // something was listed in it
     m_index.setFacts(node, facts);
     if (facts.kind == FileKind::SymbolicLink && entry.target)
@@ -195,6 +238,7 @@ void ListingIndexer::flushUnnamed()
 {
     if (m_unnamedEntries == 0 && m_unnamedBytes == 0)
         return;
+    revive();
     auto level = m_levels.rbegin();
     while (level->node == NameIndex::kNone)
         ++level;

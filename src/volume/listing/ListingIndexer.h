@@ -46,8 +46,11 @@ private:
     void enter(std::string_view name);
     void flushUnnamed();
     [[nodiscard]] Node currentNode();
+    [[nodiscard]] Node folderIn(Node above, std::string_view name);
+    void revive();
     void keep(std::string_view name, const ListedEntry& entry, FileKind kind);
     void nameRoot(const ListedEntry& entry);
+    [[nodiscard]] bool addPartial(std::string_view folder);
     void noteLikelyPrefix();
 
     NameIndex& m_index;
@@ -56,6 +59,7 @@ private:
     const std::string m_prefix;
     std::string m_rawFolder;     ///< the current folder as the source spells it, to its last slash
     bool m_isPlaced = false;     ///< whether that folder has a place in the tree
+    bool m_isDeleted = false;    ///< what the present entry is
     std::string m_folder;        ///< the same, from the root, each name with a slash behind it
     std::vector<Level> m_levels; ///< the root and the folders of m_folder
     std::size_t m_deepest = 0;

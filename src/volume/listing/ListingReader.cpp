@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/Files.h"
+#include "core/Sha256.h"
 #include "core/Texts.h"
 #include "volume/listing/ListingFormat.h"
 #include "volume/listing/ListingIndexer.h"
@@ -43,6 +44,8 @@ public:
                 continue;
             if (got < 0)
                 return Error{shown() + " cannot be read (" + errorText(errno) + ")"};
+            if (m_options.withHash)
+                m_hash.add({buffer.data() + held, static_cast<std::size_t>(got)});
             held += static_cast<std::size_t>(got);
             bytesRead += static_cast<std::uint64_t>(got);
             const bool atEnd = got == 0;
@@ -84,6 +87,8 @@ public:
                          (m_options.prefix.empty()
                               ? ""
                               : "; does every path begin with what --strip names?")};
+        if (m_options.withHash)
+            facts.sha256 = m_hash.hex();
         facts.source = "a list of names";
         facts.name = m_name;
         facts.format = listingFormatText(m_format);
@@ -191,7 +196,7 @@ private:
         switch (m_lines->read(text, m_entry)) {
         case LineReader::Outcome::Entry:
             if (m_indexer.add(m_entry))
-                ++m_facts.entries;
+                m_facts.entries += m_entry.isPartial ? 0 : 1;
             else
                 skip(text);
             break;
@@ -218,6 +223,7 @@ private:
     std::unique_ptr<LineReader> m_lines;
     ListedEntry m_entry;
     SourceFacts m_facts;
+    Sha256 m_hash;
     std::size_t m_skipFirst = 0; ///< bytes before the first line
     bool m_hasReturns = false;   ///< lines end as on Windows
     bool m_isInLongLine = false; ///< what comes belongs to a line that is too long

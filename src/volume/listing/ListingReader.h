@@ -15,6 +15,7 @@ struct ListingOptions {
     std::string prefix; ///< taken off the front of each path; what does not begin so is skipped
     NameMatching matching = NameMatching::AsOnMac;
     std::shared_ptr<const EntryChoice> choice = std::make_shared<EveryEntry>();
+    bool withHash = false; ///< of the list's bytes, as SHA-256
 };
 
 /// Reads a list of a disk's names in one pass, from an open file or pipe to its end, and makes a

@@ -112,4 +112,20 @@ std::optional<FileURL> WidgetFolderPicker::pickFolder(const FolderQuestion& ques
     return panel.chosen();
 }
 
+std::optional<std::string> pickHostFile(const std::string& prompt, const std::string& message,
+                                        const std::string& from)
+{
+    QFileDialog panel(QApplication::activeWindow());
+    panel.setObjectName(QStringLiteral("filePanel"));
+    panel.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ReadOnly);
+    panel.setFileMode(QFileDialog::ExistingFile);
+    panel.setWindowTitle(qt::text(message));
+    panel.setLabelText(QFileDialog::Accept, qt::buttonText(prompt));
+    const QFileInfo begin(QFile::decodeName(QByteArray::fromStdString(from)));
+    panel.setDirectory(begin.isDir() ? begin.filePath() : begin.path());
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    return QFile::encodeName(panel.selectedFiles().front()).toStdString();
+}
+
 } // namespace pryvane

@@ -48,4 +48,9 @@ private:
     std::string m_volumeFolder; ///< empty for "/"
 };
 
+/// An open panel for one file of this host; its absolute path as raw bytes, or none when the user
+/// cancelled. Names that are no valid text cannot be chosen.
+[[nodiscard]] std::optional<std::string>
+pickHostFile(const std::string& prompt, const std::string& message, const std::string& from);
+
 } // namespace pryvane

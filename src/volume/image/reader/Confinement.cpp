@@ -53,12 +53,14 @@ bool limitAll()
     return memory && limit(RLIMIT_CORE, 0) && limit(RLIMIT_FSIZE, 0) && limit(RLIMIT_CPU, 3600);
 }
 
-/// False where the kernel has Landlock and refuses it.
+bool hasLandlock()
+{
+    return syscall(SYS_landlock_create_ruleset, nullptr, std::size_t{0},
+                   LANDLOCK_CREATE_RULESET_VERSION) > 0;
+}
+
 bool readOnly(const std::vector<std::string>& files)
 {
-    if (syscall(SYS_landlock_create_ruleset, nullptr, std::size_t{0},
-                LANDLOCK_CREATE_RULESET_VERSION) <= 0)
-        return true;
     landlock_ruleset_attr handled{};
     handled.handled_access_fs = kEveryRight;
     const int rules = static_cast<int>(
@@ -136,8 +138,11 @@ constexpr std::array kCalls = {
 
 constexpr std::uint32_t kMayNotWrite = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
 
-/// Anything else fails as not permitted.
-bool filterCalls()
+/// What may be called beside kCalls.
+enum Beside : unsigned { kOpen = 1, kConfine = 2 };
+
+/// Anything else fails as not permitted. Of several filters each may refuse.
+bool filterCalls(unsigned beside)
 {
     if (kMachine == 0)
         return true;
@@ -168,10 +173,16 @@ bool filterCalls()
         end(kRefuse);
         end(SECCOMP_RET_ALLOW);
     };
-    opening(SYS_openat, offsetof(seccomp_data, args[2]));
+    if ((beside & kOpen) != 0) {
+        opening(SYS_openat, offsetof(seccomp_data, args[2]));
 #if defined(__x86_64__)
-    opening(SYS_open, offsetof(seccomp_data, args[1]));
+        opening(SYS_open, offsetof(seccomp_data, args[1]));
 #endif
+    }
+    if ((beside & kConfine) != 0) {
+        jump(SYS_prctl, 0, 1);
+        end(SECCOMP_RET_ALLOW);
+    }
     end(kRefuse);
     const sock_fprog filter{static_cast<unsigned short>(program.size()), program.data()};
     return prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
@@ -179,20 +190,26 @@ bool filterCalls()
 
 } // namespace
 
-std::string confineTo(const std::vector<std::string>& files)
+Confinement confineTo(const std::vector<std::string>& files)
 {
     const auto refused = [](const char* what) {
-        return std::string(what) + " (" + std::strerror(errno) + ")";
+        return Confinement{std::string(what) + " (" + std::strerror(errno) + ")", false};
     };
     if (!limitAll())
         return refused("limits on memory and time");
     if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 || prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) != 0)
         return refused("giving up rights");
-    if (!readOnly(files))
+    const bool toFiles = hasLandlock();
+    if (toFiles && !readOnly(files))
         return refused("Landlock");
-    if (!filterCalls())
+    if (!filterCalls(kOpen | kConfine))
         return refused("the filter of system calls");
-    return {};
+    return {{}, toFiles};
+}
+
+bool confineFurther(Opening stillNeeded)
+{
+    return filterCalls(stillNeeded == Opening::TheSameFiles ? kOpen : 0U);
 }
 
 } // namespace pryvane

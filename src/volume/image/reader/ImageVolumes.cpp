@@ -1,6 +1,6 @@
 #include "volume/image/reader/ImageVolumes.h"
 
-#include <cstring>
+#include <array>
 
 namespace pryvane {
 
@@ -40,11 +40,20 @@ std::string ImageVolumes::open(const std::string& path)
     m_image.reset(tsk_img_open_utf8(1, paths, TSK_IMG_TYPE_DETECT, 0));
     if (!m_image)
         return lastProblem("it is no image that can be read");
+    // The library opens a file only when it first reads from it.
+    std::array<char, 512> first{};
+    static_cast<void>(tsk_img_read(m_image.get(), 0, first.data(), first.size()));
+    tsk_error_reset();
+    return {};
+}
+
+void ImageVolumes::look()
+{
     Partitions table(tsk_vs_open(m_image.get(), 0, TSK_VS_TYPE_DETECT));
     tsk_error_reset();
     if (!table) {
         look(0, 0);
-        return {};
+        return;
     }
     for (TSK_PNUM_T i = 0; i < table->part_count && m_volumes.size() < kMostVolumes; ++i) {
         const TSK_VS_PART_INFO* part = tsk_vs_part_get(table.get(), i);
@@ -58,7 +67,6 @@ std::string ImageVolumes::open(const std::string& path)
         look(partition.number, partition.start);
         m_partitions.push_back(std::move(partition));
     }
-    return {};
 }
 
 void ImageVolumes::look(std::uint32_t partition, std::uint64_t start)

@@ -48,6 +48,9 @@ public:
     /// Empty, or why the image cannot be opened.
     [[nodiscard]] std::string open(const std::string& path);
 
+    /// Finds what partitions and volumes it has.
+    void look();
+
     [[nodiscard]] const std::vector<ImagePartition>& partitions() const { return m_partitions; }
     [[nodiscard]] const std::vector<ImageVolume>& volumes() const { return m_volumes; }
 

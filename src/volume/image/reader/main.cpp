@@ -1,11 +1,11 @@
 // Reads the names of a disk image for the program that started it. Whatever the image holds can do
 // no more than end this process: it confines itself before it looks at the first byte.
 
+#include "volume/image/Segments.h"
 #include "volume/image/reader/Channel.h"
 #include "volume/image/reader/Confinement.h"
 #include "volume/image/reader/ImageVolumes.h"
 #include "volume/image/reader/NameStream.h"
-#include "volume/image/reader/Segments.h"
 
 #include <algorithm>
 #include <csignal>
@@ -76,6 +76,22 @@ bool isAskedFor(const ImageVolume& volume, const Request& request)
            std::to_string(volume.number) == request.volume;
 }
 
+#ifdef PRYVANE_TSK_DECRYPTS
+constexpr bool kDecrypts = true;
+#else
+constexpr bool kDecrypts = false;
+#endif
+
+std::string lockedText(const Request& request)
+{
+    if (!kDecrypts)
+        return "its volume is encrypted, and this computer's libtsk was built without decryption; "
+               "mount it with \"fsapfsmount -p PASSWORD\" and look at the folder";
+    return request.password.empty()
+               ? "its volume is encrypted; give its password with --password-file"
+               : "its volume is encrypted, and the password given does not open it";
+}
+
 /// The volume with the users' data, else the one that looks most like a Mac's, among those that
 /// are asked for; none with the reason sent.
 std::optional<std::size_t> choose(ImageVolumes& image, const Request& request, Channel& channel)
@@ -90,7 +106,9 @@ std::optional<std::size_t> choose(ImageVolumes& image, const Request& request, C
             continue;
         std::string problem;
         const OpenVolume open = image.openVolume(volume, request.password, problem);
-        if (!open && volume.encrypted) {
+        const int likeness = open ? NameStream::likeness(*open) : -1;
+        // What was not decrypted may open all the same, and holds nothing that makes sense.
+        if (likeness <= 0 && volume.encrypted) {
             isLocked = isLocked || request.volume.empty() || volume.role == kDataRole;
             if (volume.role == kDataRole) {
                 chosen.reset();
@@ -98,7 +116,6 @@ std::optional<std::size_t> choose(ImageVolumes& image, const Request& request, C
             }
             continue;
         }
-        const int likeness = open ? NameStream::likeness(*open) : -1;
         const int score = likeness + (open && volume.role == kDataRole ? 100 : 0);
         if (open && score > best) {
             best = score;
@@ -109,13 +126,11 @@ std::optional<std::size_t> choose(ImageVolumes& image, const Request& request, C
         return chosen;
     std::string problem = "no volume on it is one of a Mac (APFS or HFS+)";
     if (isLocked)
-        problem = request.password.empty()
-                      ? "its volume is encrypted; give its password with --password-file"
-                      : "its volume is encrypted, and the password given does not open it";
+        problem = lockedText(request);
     else if (!image.volumes().empty())
         problem = "no volume on it is the one asked for, or it cannot be opened; pryvane-cli "
                   "listing --list shows them";
-    channel.send(frames::Kind::Problem, problem);
+    channel.send(isLocked && kDecrypts ? frames::Kind::Locked : frames::Kind::Problem, problem);
     return std::nullopt;
 }
 
@@ -165,12 +180,17 @@ int serve(Channel& channel)
         channel.send(frames::Kind::Problem, problem);
         return EXIT_FAILURE;
     };
-    const std::string refused = confineTo(imageSegments(request->path));
-    if (!refused.empty())
-        return fail("the kernel does not confine its reader: " + refused);
+    const std::vector<std::string> files = imageSegments(request->path);
+    const Confinement confinement = confineTo(files);
+    if (!confinement.refused.empty())
+        return fail("the kernel does not confine its reader: " + confinement.refused);
     ImageVolumes image;
     if (const std::string problem = image.open(request->path); !problem.empty())
         return fail(problem);
+    // One of many files may be closed and opened again.
+    if (!confineFurther(files.size() > 1 ? Opening::TheSameFiles : Opening::Nothing))
+        return fail("the kernel does not confine its reader: the filter of system calls");
+    image.look();
     tellLayout(image, channel);
     if (request->what == frames::What::Layout) {
         channel.send(frames::Kind::Done, {});
@@ -186,6 +206,7 @@ int serve(Channel& channel)
         return fail(problem);
     frames::Writer which;
     which.number(static_cast<std::uint32_t>(*chosen));
+    which.number(static_cast<std::uint8_t>(confinement.toFiles ? 1 : 0));
     channel.send(frames::Kind::Chosen, which.bytes());
     NameStream(*volume, channel).sendAll();
     channel.send(frames::Kind::Done, {});

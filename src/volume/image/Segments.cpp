@@ -1,4 +1,4 @@
-#include "volume/image/reader/Segments.h"
+#include "volume/image/Segments.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,0 +1,124 @@
+#!/usr/bin/env python3
+"""Scans damaged copies of small HFS+ and APFS images: each must end within 30 s, in findings or in a sentence, never
+in a crash and never as clean.
+
+  mutated_images_test.py PROGRAM
+
+PRYVANE_TEST_MUTATIONS says how many copies of each; PRYVANE_SAMPLES names a folder with apfs.raw.xz, without which
+there is HFS+ alone.
+"""
+import collections
+import concurrent.futures
+import lzma
+import os
+import pathlib
+import random
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from apfs_container import BLOCK, FILE, FOLDER, ROOT, checksum, with_tree  # noqa: E402
+
+program = sys.argv[1]
+wanted = int(os.environ.get("PRYVANE_TEST_MUTATIONS", "2000"))
+if not shutil.which("xorriso"):
+    print("skipped: xorriso is missing")
+    sys.exit(77)
+FINDINGS = ["Users/alice/Library/mdsa1331", "Library/LaunchAgents/com.refog.agent.plist", "private/tmp/.mdworker",
+            "Users/alice/Documents/Aobo Keylogger Pro.pdf"]
+
+
+def hfs(folder):
+    disk, image = folder / "disk", folder / "hfs.img"
+    for path in [*FINDINGS, *(f"Users/alice/Documents/Folder {i}/{j}.txt" for i in range(8) for j in range(8))]:
+        (disk / path).parent.mkdir(parents=True, exist_ok=True)
+        (disk / path).write_text("x" * 5000)
+    subprocess.run(["xorriso", "-as", "mkisofs", "-quiet", "-hfsplus", "-o", str(image), str(disk)], check=True,
+                   capture_output=True)
+    return image.read_bytes()
+
+
+def apfs():
+    sample = pathlib.Path(os.environ.get("PRYVANE_SAMPLES", "")) / "apfs.raw.xz"
+    if not sample.is_file():
+        return None
+    return with_tree(lzma.decompress(sample.read_bytes()),
+                     {(ROOT, "Library"): (16, FOLDER), (16, "LaunchAgents"): (21, FOLDER),
+                      (21, "com.refog.agent.plist"): (22, FILE), (ROOT, "Users"): (17, FOLDER),
+                      (17, "alice"): (19, FOLDER), (19, "Library"): (23, FOLDER), (23, "mdsa1331"): (25, FILE),
+                      (19, "Aobo Keylogger Pro.pdf"): (18, FILE), (16, "plain.txt"): (26, FILE)})
+
+
+def mutated(image, dice, used):
+    """A copy that is cut off, or has other bytes where something was written; of APFS blocks mostly with the
+    checksum set anew, so that what they hold is believed."""
+    copy = bytearray(image)
+    way = dice.randrange(6)
+    if way == 0:
+        return copy[:dice.randrange(len(copy))]
+    for _ in range(dice.choice((1, 1, 2, 4, 16))):
+        block = dice.choice(used)
+        start = block * BLOCK
+        at = start + dice.randrange(min(BLOCK, len(copy) - start))
+        if way == 1:
+            copy[at] ^= 1 << dice.randrange(8)
+        elif way == 2:
+            copy[at:at + 4] = dice.choice((b"\0\0\0\0", b"\xff\xff\xff\xff", b"\x7f\xff\xff\xff", b"\xff\xff\xff\x7f"))
+        elif way == 3:
+            other = dice.choice(used) * BLOCK
+            copy[start:start + BLOCK] = copy[other:other + BLOCK]
+        else:
+            for _ in range(dice.choice((1, 8, 64))):
+                copy[start + dice.randrange(min(BLOCK, len(copy) - start))] = dice.randrange(256)
+        if way != 5 and start + BLOCK <= len(copy):
+            copy[start:start + 8] = checksum(bytes(copy[start:start + BLOCK])) if image[32:36] == b"NXSB" else copy[
+                start:start + 8]
+    return copy
+
+
+def scanned(folder, name, image, used, number):
+    path = folder / f"{name}-{number}.img"
+    path.write_bytes(mutated(image, random.Random(number), used))
+    began = time.monotonic()
+    try:
+        done = subprocess.run([program, "scan", "--deep", "--no-store", "--image", str(path)], capture_output=True,
+                              timeout=60)
+    except subprocess.TimeoutExpired:
+        return number, "hangs", 60.0, b""
+    took = time.monotonic() - began
+    words = done.stdout + done.stderr
+    path.unlink()
+    if done.returncode not in (1, 2, 3):
+        return number, f"ends with {done.returncode}", took, words
+    if done.returncode == 2 and (done.stdout or not done.stderr.strip()):
+        return number, "says nothing", took, words
+    return number, {1: "findings", 2: "refused", 3: "incomplete"}[done.returncode], took, words
+
+
+def main(folder):
+    failed = 0
+    for name, image in (("hfs", hfs(folder)), ("apfs", apfs())):
+        if image is None:
+            print(f"{name}: no sample, left out")
+            continue
+        used = [i for i in range(len(image) // BLOCK) if any(image[i * BLOCK:(i + 1) * BLOCK])]
+        counts, slowest = collections.Counter(), 0.0
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+            runs = [pool.submit(scanned, folder, name, image, used, number) for number in range(wanted)]
+            for run in concurrent.futures.as_completed(runs):
+                number, outcome, took, words = run.result()
+                counts[outcome] += 1
+                slowest = max(slowest, took)
+                if outcome not in ("findings", "refused", "incomplete") or took > 30:
+                    failed += 1
+                    print(f"FAILED: {name} {number} {outcome} after {took:.1f} s: {words[:600]!r}")
+        told = ", ".join(f"{count} {outcome}" for outcome, count in sorted(counts.items()))
+        print(f"{name}: {wanted} copies: {told}; the slowest took {slowest:.2f} s")
+    return failed
+
+
+with tempfile.TemporaryDirectory() as place:
+    sys.exit(1 if main(pathlib.Path(place)) else 0)
