@@ -1,5 +1,5 @@
-// Lists of names come from anywhere: no bytes may crash their readers, and what is read must be found
-// again, and be the same once it was written out as a list and read back.
+// Lists of names come from anywhere: no bytes may crash their readers, and what is read must be
+// found again, and be the same once it was written out as a list and read back.
 
 #include "platform/NameTree.h"
 #include "scan/walker/ScanChoice.h"
@@ -33,7 +33,11 @@ Result<std::unique_ptr<IndexFileSystem>> readFrom(std::string_view text,
 /// Everything that is there, with its kind.
 class Everything final : public NameVisitor {
 public:
-    void enterFolder(std::string_view name) override { tell("d", name); ++m_depth; }
+    void enterFolder(std::string_view name) override
+    {
+        tell("d", name);
+        ++m_depth;
+    }
     void leaveFolder() override { --m_depth; }
     void entry(std::string_view name, FileKind kind) override
     {
@@ -83,7 +87,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto listing = (*disk)->list(url);
         static_cast<void>((*disk)->allocatedSize(url));
         if (names.facts(node).isListed && !names.facts(node).isDeleted &&
-            (*disk)->presence(url) == Presence::Absent && names.kind(node) != FileKind::SymbolicLink &&
+            (*disk)->presence(url) == Presence::Absent &&
+            names.kind(node) != FileKind::SymbolicLink &&
             names.find(names.parent(node), names.name(node)) == node) {
             // Only where something on the way is no folder of its own.
             bool plain = true;

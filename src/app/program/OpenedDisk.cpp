@@ -110,11 +110,9 @@ void DiskOpening::begin(const VolumeChoice& choice, Ended ended)
             ended(std::move(disk), progress->image.isLocked);
         });
     };
-    m_thread.start(
-        [choice, finish, progress = m_progress, stop = m_stop] {
-            finish(openDisk(choice, *stop, *progress));
-        },
-        [finish](const char* why) { finish(Error{why}); });
+    m_thread.start([choice, finish, progress = m_progress,
+                    stop = m_stop] { finish(openDisk(choice, *stop, *progress)); },
+                   [finish](const char* why) { finish(Error{why}); });
 }
 
 void DiskOpening::stop()

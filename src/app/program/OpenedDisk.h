@@ -20,7 +20,9 @@ namespace pryvane {
 /// A disk as the window looks at it: mounted folders, or the names that a file holds.
 class OpenedDisk {
 public:
-    explicit OpenedDisk(std::unique_ptr<VolumeFileSystem> folders) : m_folders(std::move(folders)) {}
+    explicit OpenedDisk(std::unique_ptr<VolumeFileSystem> folders) : m_folders(std::move(folders))
+    {
+    }
     explicit OpenedDisk(std::unique_ptr<IndexFileSystem> names) : m_names(std::move(names)) {}
 
     [[nodiscard]] FileSystem& files() const

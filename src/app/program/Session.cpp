@@ -127,15 +127,9 @@ Session::~Session()
 
 PlatformServices Session::services()
 {
-    return {m_disk->files(),
-            m_desktop.defaults(),
-            m_notifications,
-            m_desktop.mainQueue,
-            m_desktop.clock,
-            m_desktop.alerts,
-            *m_folderPicker,
-            *m_workspace,
-            m_desktop.system->userNotifier(),
+    return {m_disk->files(),     m_desktop.defaults(), m_notifications,
+            m_desktop.mainQueue, m_desktop.clock,      m_desktop.alerts,
+            *m_folderPicker,     *m_workspace,         m_desktop.system->userNotifier(),
             m_desktop.log};
 }
 

@@ -5,9 +5,10 @@
 #include "volume/folders/FolderHandle.h"
 #include "volume/listing/ListingFormat.h"
 
+#include <climits>
+
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <fcntl.h>
 #include <ostream>
 #include <sys/stat.h>

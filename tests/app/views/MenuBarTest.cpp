@@ -50,7 +50,7 @@ TEST(MenuBarTest, HoldsWhatTheMenuHoldsAndTheKeysOfTheWindow)
                          return std::vector<WindowMenuEntry>{{"A & B", true}, {}, {"Other", false}};
                      }});
     const auto expected = [](const char* print) {
-        return std::vector<std::string>{"File: Open Volume… [Ctrl+O]",
+        return std::vector<std::string>{"File: Open… [Ctrl+O]",
                                         print,
                                         "File: -",
                                         "File: Quit [Ctrl+Q] quits",

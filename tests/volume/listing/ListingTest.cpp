@@ -227,6 +227,58 @@ TEST_F(ListingTest, DoesNotTakeTheEndOfACutListForTheEndOfAFolder)
     EXPECT_EQ((*disk)->presence(at("/Users/alice/a")), Presence::Present);
 }
 
+TEST_F(ListingTest, TakesNothingDeletedForPresentAndNothingUnreadForAbsent)
+{
+    const auto line = [](const std::string& path, const char* mode) {
+        return "0|" + path + "|1|" + mode + "|0|0|5|0|0|0|0\n";
+    };
+    // Folders that only deleted names lead to are gone with them, until something else is in them.
+    auto disk =
+        read(line("/", "d/d") + line("/Users", "d/d") + line("/Users/a", "d/d") +
+             line("/Users/a/old/x (deleted)", "r/r") + line("/Users/a/back/x (deleted)", "r/r") +
+             line("/Users/a/back/y", "r/r") + line("/Users/a/gone (deleted)", "d/d") +
+             line("/Users/a/gone/x (deleted)", "r/r") + line("/Users/a/again (deleted)", "r/r") +
+             line("/Users/a/again", "r/r") + "# not all read: /Users/a/closed\n");
+    ASSERT_TRUE(disk.ok()) << disk.error().message;
+    const struct {
+        const char* path;
+        Presence presence;
+    } rows[] = {
+        {"/Users/a/old", Presence::Absent},     {"/Users/a/old/x", Presence::Absent},
+        {"/Users/a/back", Presence::Present},   {"/Users/a/back/x", Presence::Absent},
+        {"/Users/a/back/y", Presence::Present}, {"/Users/a/gone", Presence::Absent},
+        {"/Users/a/gone/x", Presence::Absent},  {"/Users/a/again", Presence::Present},
+        {"/Users/a/closed", Presence::Present}, {"/Users/a/closed/x", Presence::Unknown},
+        {"/Users/a/missing", Presence::Absent},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ((*disk)->presence(at(row.path)), row.presence) << row.path;
+    EXPECT_THAT(
+        (*disk)->names()->deletedPaths(10),
+        ElementsAre("/Users/a/old/x", "/Users/a/back/x", "/Users/a/gone", "/Users/a/gone/x"));
+    EXPECT_THAT((*disk)->names()->deletedPaths(1), ElementsAre("/Users/a/old/x"));
+    EXPECT_THAT(Described::all(**disk),
+                ElementsAre("d /Users", "d /Users/a", "d /Users/a/back", "f /Users/a/back/y 5",
+                            "f /Users/a/again 5", "d /Users/a/closed", "refused"));
+    EXPECT_EQ((*disk)->allocatedSize(at("/Users/a")), 1024);
+    EXPECT_EQ((*disk)->names()->facts().entries, 10);
+}
+
+TEST_F(ListingTest, IsToldFromAnImageByItsBeginning)
+{
+    const struct {
+        std::string text;
+        bool isList;
+    } rows[] = {
+        {"/Users\n/Library\n", true},        {"./Users\0./Users/a\0"s, true},
+        {"0|/|2|d/d|0|0|0|0|0|0|0\n", true}, {std::string(65'000, '\0'), false},
+        {"EVF\t\r\n\xff\0\1"s, false},       {"NXSB\0\0"s, false},
+        {"no disk at all\n", false},         {"", false},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(beginsLikeListing(row.text), row.isList) << row.text.substr(0, 20);
+}
+
 TEST_F(ListingTest, ReadsWhatComesInPiecesOfAnySize)
 {
     std::string text = "/\n/Users\n";

@@ -1,0 +1,137 @@
+// The sheet that asks what to look at, over a window of its own.
+#include "app/views/VolumeSheet.h"
+
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace pryvane::test {
+
+namespace {
+
+class VolumeSheetTest : public testing::Test {
+protected:
+    VolumeSheetTest()
+    {
+        window.resize(900, 600);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        VolumeSheet::Asks asks;
+        asks.pickFolder = [](const std::string&) { return std::optional<std::string>("/mnt/mac"); };
+        asks.pickFile = [](const std::string&) { return std::optional<std::string>("/x/mac.img"); };
+        asks.look = [this](const std::string& place, const std::string& password,
+                           VolumeSheet::Told told) {
+            asked.push_back(place + ":" + password);
+            pending = std::move(told);
+            if (place != "/x/mac.img")
+                pending({{"alice", "bob"}, std::nullopt, false});
+        };
+        asks.progress = [] { return QStringLiteral("Reading names: 17 entries"); };
+        asks.stop = [this] { ++stopped; };
+        asks.open = [this](const std::string& place, const std::string& user,
+                           const std::string& password) {
+            opened = place + ":" + user + ":" + password;
+        };
+        sheet = new VolumeSheet(&window, std::move(asks), "/mnt/other", "bob");
+        sheet->present();
+    }
+
+    template <typename Widget>
+    Widget* find(const char* name)
+    {
+        auto* widget = sheet->findChild<Widget*>(QLatin1String(name));
+        EXPECT_TRUE(widget) << name;
+        return widget;
+    }
+
+    bool says(const QString& words)
+    {
+        for (const QLabel* label : sheet->findChildren<QLabel*>())
+            if (label->isVisible() && label->text().contains(words))
+                return true;
+        return false;
+    }
+
+    QWidget window;
+    VolumeSheet* sheet = nullptr;
+    VolumeSheet::Told pending;
+    std::vector<std::string> asked;
+    std::string opened;
+    int stopped = 0;
+};
+
+TEST_F(VolumeSheetTest, OffersEveryoneFirstAndKeepsTheUserThatWasLookedAt)
+{
+    auto* account = find<QComboBox>("account");
+    ASSERT_EQ(account->count(), 3);
+    EXPECT_EQ(account->itemText(0), "Everyone");
+    EXPECT_EQ(account->currentText(), "bob");
+    account->setCurrentIndex(0);
+    find<QPushButton>("openChosen")->click();
+    EXPECT_EQ(opened, "/mnt/other::");
+    EXPECT_EQ(stopped, 1);
+}
+
+TEST_F(VolumeSheetTest, ShowsHowFarReadingIsAndAsksForThePasswordOfALockedImage)
+{
+    auto* open = find<QPushButton>("openChosen");
+    auto* password = find<QLineEdit>("password");
+    auto* bar = sheet->findChild<QProgressBar*>();
+    EXPECT_FALSE(password->isVisible());
+    EXPECT_FALSE(bar->isVisible());
+    find<QPushButton>("chooseFile")->click();
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_TRUE(says("17 entries"));
+    EXPECT_FALSE(open->isEnabled());
+
+    pending({{}, "its volume is encrypted", true});
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_TRUE(password->isVisible());
+    EXPECT_EQ(password->echoMode(), QLineEdit::Password);
+    EXPECT_TRUE(says("encrypted"));
+    EXPECT_FALSE(open->isEnabled());
+    QTest::keyClicks(password, "wrong");
+    QTest::keyClick(password, Qt::Key_Return);
+    EXPECT_TRUE(bar->isVisible());
+    pending({{}, "its volume is encrypted", true});
+    EXPECT_TRUE(says("does not unlock"));
+    password->setText("right");
+    find<QPushButton>("unlock")->click();
+    pending({{"alice"}, std::nullopt, false});
+    EXPECT_FALSE(password->isVisible());
+    EXPECT_TRUE(open->isEnabled());
+    EXPECT_EQ(asked.back(), "/x/mac.img:right");
+    open->click();
+    EXPECT_EQ(opened, "/x/mac.img:bob:right");
+}
+
+TEST_F(VolumeSheetTest, WhatIsToldAfterItWasClosedIsDropped)
+{
+    find<QPushButton>("chooseFile")->click();
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_EQ(stopped, 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    pending({{"alice"}, std::nullopt, false});
+    EXPECT_EQ(opened, "");
+}
+
+} // namespace
+
+} // namespace pryvane::test
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    pryvane::ui::applyTheme(application);
+    return RUN_ALL_TESTS();
+}
