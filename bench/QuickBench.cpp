@@ -132,8 +132,14 @@ double measureHomes(int homes, int rounds)
 
 } // namespace
 
-int main()
+/// `homes N TIMES` scans so many homes so many times, for a count of instructions; without
+/// arguments all is measured.
+int main(int argc, char** argv)
 {
+    if (argc == 4 && std::string_view(argv[1]) == "homes") {
+        measureHomes(std::atoi(argv[2]), std::atoi(argv[3]));
+        return 0;
+    }
     const auto [small, smallFloor] = measure(2'000, false, 101);
     const auto [large, largeFloor] = measure(200'000, false, 7);
     const auto [smallFound, smallFoundFloor] = measure(2'000, true, 31);
