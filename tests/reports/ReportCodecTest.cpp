@@ -33,7 +33,7 @@ std::shared_ptr<SpywareScanReport> hostileReport()
     report->coverage.missingHome = "/Users/nobody";
     report->coverage.homes = hostileNames();
     report->coverage.homesLeftOut = report->coverage.otherDisks = hostileNames();
-    report->coverage.source = {"a list of names", "x\xff", "bodyfile", 7,   2,
+    report->coverage.source = {"a list of names", "x\xff",  "bodyfile", 7, 2,
                                hostileNames(),    "A list", "abc"};
     for (const auto& name : hostileNames())
         report->coverage.deleted.push_back({"/" + name, name});
