@@ -97,7 +97,7 @@ std::optional<std::string> ChromeExtensions::message(const FileURL& file, const 
     return known->second;
 }
 
-/// The name that a reference stands for; the reference itself where no message is to be had.
+/// The name that a reference stands for; the reference itself if there is no message for it.
 std::string ChromeExtensions::displayName(const std::string& name, const FileURL& folder)
 {
     const auto key = messageKey(name);

@@ -227,7 +227,7 @@ void ScanViewController::DeepScanStart(Homes homes)
     stateChanged();
 }
 
-/// On the part's thread. What was found by then stays on the list, and there is no report: it would
+/// On the part's thread. What was found so far stays on the list, and there is no report: it would
 /// say less than was asked for.
 void ScanViewController::partGivenUp(Part part, const char* why)
 {

@@ -52,7 +52,7 @@ private:
     {
         const std::string address = m_reply->url().toDisplayString().toStdString();
         end(Error{"the settings file " + forScreen(address) +
-                  " could not be had: " + forScreen(why)});
+                  " could not be fetched: " + forScreen(why)});
     }
 
     /// Only the first end counts; what follows it comes from the abortion itself.

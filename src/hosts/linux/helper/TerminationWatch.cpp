@@ -53,7 +53,7 @@ std::string sessionBusAddress()
                : "unix:path=" + socket;
 }
 
-/// libdbus waits for ever for a bus that takes the connection and then says nothing, unless the
+/// libdbus waits forever for a bus that takes the connection and then says nothing, unless the
 /// introduction is over before the first call.
 bool isIntroduced(DBusConnection* bus)
 {

@@ -40,7 +40,7 @@ const char* noPassword(const char*, http_t*, const char*, const char*, void*)
 }
 
 /// Cuts a connection off when an answer takes too long or a stop comes: the library itself would
-/// read an endless one for ever. Watches beside the thread that waits.
+/// read an endless one forever. Watches beside the thread that waits.
 class CutOff {
 public:
     enum class Reason : std::uint8_t { None, Time, Stop };
@@ -105,7 +105,7 @@ public:
         : m_patience(options.patience)
     {
         cupsSetPasswordCB2(noPassword, nullptr);
-        cupsSetServer(nullptr); // else the settings of the first call hold for ever
+        cupsSetServer(nullptr); // else the first call's settings stay in force
         const char* server = options.server.empty() ? cupsServer() : options.server.c_str();
         m_http.reset(httpConnect2(server, ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                                   static_cast<int>(m_patience.count()), nullptr));
