@@ -35,6 +35,16 @@ def made(folder, findings):
     return folder
 
 
+def handles_interrupts(process):
+    """Whether the program has come so far that it obeys SIGINT, or has ended."""
+    try:
+        status = pathlib.Path(f"/proc/{process.pid}/status").read_text()
+    except FileNotFoundError:
+        return True
+    caught = int(next(line for line in status.splitlines() if line.startswith("SigCgt")).split()[1], 16)
+    return process.poll() is not None or bool(caught & 1 << (signal.SIGINT - 1))
+
+
 class Runs:
     def __init__(self, program, volume):
         self.program, self.volume = program, volume
@@ -47,6 +57,8 @@ class Runs:
         """What a scan that is stopped after so many seconds prints, and its exit code."""
         with subprocess.Popen([self.program, "scan", "--deep", "--user", "alice", "--volume", self.volume, *arguments],
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as process:
+            while not handles_interrupts(process):
+                time.sleep(0.001)
             time.sleep(after)
             process.send_signal(signal.SIGINT)
             out, err = process.communicate(timeout=60)
