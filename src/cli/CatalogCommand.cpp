@@ -1,3 +1,4 @@
+#include "cli/CatalogFormats.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "signatures/CatalogRows.h"
@@ -40,18 +41,38 @@ void writeText(std::ostream& out, const std::vector<CatalogRow>& rows)
 
 void addCatalogCommand(CommandLine& line, CLI::App& app)
 {
-    const auto format = std::make_shared<std::string>("text");
-    CLI::App* command = line.addCommand(app, "catalog", "Every signature, with its rule",
-                                        [format](const Console& console) {
-                                            if (*format == "json")
-                                                writeJson(console.out, catalogRows());
-                                            else
-                                                writeText(console.out, catalogRows());
-                                            return int{kDone};
-                                        });
-    command->add_option("--format", *format, "text or json")
-        ->check(CLI::IsMember({"text", "json"}))
+    struct Arguments {
+        std::string format = "text";
+        bool names = false;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::App* command = line.addCommand(
+        app, "catalog", "Every signature, with its rule", [arguments](const Console& console) {
+            const std::string& format = arguments->format;
+            if (arguments->names && format != "osquery")
+                return console.fail("--names is for --format osquery");
+            if (format == "json")
+                writeJson(console.out, catalogRows());
+            else if (format == "osquery")
+                console.out << (arguments->names ? osqueryNamesPack() : osqueryPack());
+            else if (format == "velociraptor")
+                console.out << velociraptorArtifact();
+            else if (format == "paths")
+                console.out << catalogPaths();
+            else
+                writeText(console.out, catalogRows());
+            return int{kDone};
+        });
+    command
+        ->add_option(
+            "--format", arguments->format,
+            "text or json; for the engines that Macs run already, osquery (a query pack) or "
+            "velociraptor (an artifact); or paths (a location a line, * for any user)")
+        ->check(CLI::IsMember({"text", "json", "osquery", "velociraptor", "paths"}))
         ->type_name("FORMAT");
+    command->add_flag(
+        "--names", arguments->names,
+        "with osquery: the pack that searches names in the default folders, which is noisy");
 }
 
 } // namespace pryvane::cli
