@@ -13,7 +13,7 @@ namespace {
 
 struct QtRecord {
     QString name, infections, url, risk, kind;
-    QByteArray path;
+    QByteArray path, user;
     qint64 size = 0;
     bool isChecked = false;
 };
@@ -24,7 +24,7 @@ struct QtReport {
     double scanDate = 0;
     QList<QtRecord> records;
     bool isRed = false;
-    QByteArray volume, coverage; ///< the coverage as encoded: a few fields a report
+    QByteArray volume;
 };
 
 QString qt(std::string_view text)
@@ -39,7 +39,7 @@ QByteArray qtBytes(const std::string& bytes)
 
 void writeRecord(QCborStreamWriter& out, const QtRecord& record)
 {
-    out.startMap(8);
+    out.startMap(9);
     out.append(QLatin1String("name")), out.append(record.name);
     out.append(QLatin1String("isChecked")), out.append(record.isChecked);
     out.append(QLatin1String("infections")), out.append(record.infections);
@@ -48,20 +48,37 @@ void writeRecord(QCborStreamWriter& out, const QtRecord& record)
     out.append(QLatin1String("risk")), out.append(record.risk);
     out.append(QLatin1String("path")), out.append(record.path);
     out.append(QLatin1String("kind")), out.append(record.kind);
+    out.append(QLatin1String("user")), out.append(record.user);
     out.endMap();
 }
 
 void writeCoverage(QCborStreamWriter& out)
 {
-    out.startMap(9);
-    for (const char* key :
-         {"signaturesTested", "foldersListed", "entriesSearched", "entriesWalked"})
+    out.startMap(12);
+    out.append(QLatin1String("ended")), out.startMap(2);
+    out.append(QLatin1String("how")), out.append(QLatin1String("finished"));
+    out.append(QLatin1String("percent")), out.append(ScanEnding().percent);
+    out.endMap();
+    for (const char* key : {"signaturesTested", "systemVolumeLeftOut", "foldersListed",
+                            "entriesSearched", "entriesWalked"})
         out.append(QLatin1String(key)), out.append(0);
     out.append(QLatin1String("refused")), out.startArray(0), out.endArray();
     out.append(QLatin1String("heldBack")), out.startArray(0), out.endArray();
     out.append(QLatin1String("missingHome")), out.append(QByteArray());
-    out.append(QLatin1String("homes")), out.startArray(0), out.endArray();
+    for (const char* key : {"homes", "homesLeftOut"})
+        out.append(QLatin1String(key)), out.startArray(0), out.endArray();
     out.append(QLatin1String("seconds")), out.append(0.0);
+    out.endMap();
+}
+
+void writeSubject(QCborStreamWriter& out)
+{
+    out.startMap(5);
+    out.append(QLatin1String("source")), out.append(QLatin1String(sourceWord({})));
+    out.append(QLatin1String("volumeName")), out.append(QByteArray());
+    for (const char* key : {"computerName", "systemVersion"})
+        out.append(QLatin1String(key)), out.append(QString());
+    out.append(QLatin1String("users")), out.startArray(0), out.endArray();
     out.endMap();
 }
 
@@ -104,6 +121,8 @@ QtRecord readRecord(QCborStreamReader& in)
             record.path = readBytes(in);
         else if (key == QLatin1String("kind"))
             record.kind = readString(in);
+        else if (key == QLatin1String("user"))
+            record.user = readBytes(in);
         else
             in.next();
     }
@@ -164,8 +183,8 @@ QtPeer::QtPeer(const ReportList& reports) : m_lists(std::make_unique<Lists>())
         for (const auto& record : *report->spyWareList)
             copy.records.append({qt(record->name), qt(record->infections),
                                  qt(record->url.urlText()), qt(record->risk), qt("unknown"),
-                                 qtBytes(record->url.relativePath()), record->size,
-                                 record->isChecked});
+                                 qtBytes(record->url.relativePath()), qtBytes(record->user),
+                                 record->size, record->isChecked});
         m_lists->reports.append(copy);
     }
 }
@@ -179,7 +198,7 @@ std::size_t QtPeer::write(std::string& bytes) const
     out.append(QCborKnownTags::Signature);
     out.startArray(static_cast<quint64>(m_lists->reports.size()));
     for (const QtReport& report : m_lists->reports) {
-        out.startMap(9);
+        out.startMap(10);
         out.append(QLatin1String("spyWareCount")), out.append(report.count);
         out.append(QLatin1String("reportType")), out.append(report.reportType);
         out.append(QLatin1String("scanDate")), out.append(QCborKnownTags::UnixTime_t);
@@ -193,6 +212,7 @@ std::size_t QtPeer::write(std::string& bytes) const
         out.append(QLatin1String("reportId")), out.append(report.reportId);
         out.append(QLatin1String("isRed")), out.append(report.isRed);
         out.append(QLatin1String("volume")), out.append(report.volume);
+        out.append(QLatin1String("subject")), writeSubject(out);
         out.append(QLatin1String("coverage")), writeCoverage(out);
         out.endMap();
     }
