@@ -69,7 +69,7 @@ int main(int argc, char** argv)
     auto desktop = Desktop::open(*host, data);
     if (!desktop)
         return 2;
-    auto session = Session::open(**desktop, {volume, "alice", false});
+    auto session = Session::open(**desktop, {{volume, "alice", false}, {}});
     if (!session)
         return 2;
     (*session)->start();
