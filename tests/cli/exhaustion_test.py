@@ -92,8 +92,15 @@ def faults(command, scene, run, usual, before):
     held = identities(before)
     if after.returncode != 0 or identities(after)[-len(held):] != held:
         yield f"reports afterwards: {after.stdout!r} {after.stderr!r}"
+    # A journal that was never begun in earnest, its head still zeros, undoes nothing: a reader leaves it to the next
+    # writer, which takes it away.
+    journal = store.with_name(store.name + "-journal")
+    if journal.exists() and any(journal.read_bytes()[:8]):
+        yield "the next command did not undo what was begun"
     if beside():
-        yield f"beside the store after the next command: {beside()}"
+        scene.run("quick scan")
+    if beside():
+        yield f"beside the store after the next writer: {beside()}"
     with sqlite3.connect(store) as connection:
         if connection.execute("pragma integrity_check").fetchall() != [("ok",)]:
             yield "the store is damaged"
