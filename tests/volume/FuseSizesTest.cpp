@@ -67,8 +67,7 @@ private:
         std::string message(reinterpret_cast<const char*>(&head), sizeof head);
         message += body;
         // A request that was given up meanwhile wants no answer.
-        [[maybe_unused]] const auto sent =
-            write(m_device.get(), message.data(), message.size());
+        [[maybe_unused]] const auto sent = write(m_device.get(), message.data(), message.size());
     }
 
     void serve() const

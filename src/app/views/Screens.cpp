@@ -4,8 +4,7 @@
 #include "app/views/DashboardView.h"
 #include "scan/ScanViewController.h"
 #include "scan/views/ScanView.h"
-
-#include <QStackedWidget>
+#include "ui/Pages.h"
 
 namespace pryvane {
 
@@ -32,7 +31,7 @@ private:
 
 } // namespace
 
-Screens::Screens(Needs needs) : m_needs(std::move(needs)), m_stack(new QStackedWidget) {}
+Screens::Screens(Needs needs) : m_needs(std::move(needs)), m_stack(new ui::Pages) {}
 
 std::unique_ptr<Screen> Screens::makeScreen(Row row)
 {

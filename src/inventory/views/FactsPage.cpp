@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
 
@@ -10,7 +11,6 @@
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QMenu>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,7 +21,7 @@ FactsPage::FactsPage(const FactsController& controller, FactKind kind, QWidget* 
     : QWidget(parent), m_controller(controller), m_kind(kind), m_source(controller, kind),
       m_model(m_source, FactsTableSource::columns(kind)),
       m_table(new ui::RowTable(m_model, ui::text(words(kind).title))),
-      m_empty(new ui::EmptyState(QStringLiteral("info"), {})), m_list(new QStackedWidget),
+      m_empty(new ui::EmptyState(QStringLiteral("info"), {})), m_list(new ui::Pages),
       m_meaningTitle(ui::makeLabel(ui::TextRole::GroupTitle)), m_meaning(ui::makeNote()),
       m_details(ui::makeNote()), m_troubles(ui::makeNote())
 {

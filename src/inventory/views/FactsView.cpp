@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "ui/Labels.h"
 #include "ui/Listen.h"
+#include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
 
@@ -15,7 +16,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QStackedWidget>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
@@ -28,7 +28,7 @@ constexpr std::array kKinds = {FactKind::Permissions, FactKind::StartUp, FactKin
 } // namespace
 
 FactsView::FactsView(FactsController& controller, QWidget* parent)
-    : QWidget(parent), m_controller(controller), m_pages(new QStackedWidget),
+    : QWidget(parent), m_controller(controller), m_pages(new ui::Pages),
       m_filter(ui::makeFilterField(tr("Filter by any word"))), m_whose(new QComboBox),
       m_onlyThere(new QCheckBox(tr("Only what is still there"))), m_denied(new QCheckBox),
       m_again(new QPushButton(tr("Read again"))), m_export(new QPushButton(tr("Export…"))),

@@ -5,6 +5,7 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Listen.h"
+#include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
 
@@ -16,7 +17,6 @@
 #include <QObject>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -97,7 +97,7 @@ InventoryView::InventoryView(InventoryController& controller, QWidget* parent)
     : QWidget(parent), m_controller(controller), m_source(controller),
       m_model(m_source, InventorySource::columns()),
       m_table(new ui::RowTable(m_model, tr("Inventory"))),
-      m_empty(new ui::EmptyState(QStringLiteral("folder"), {})), m_list(new QStackedWidget),
+      m_empty(new ui::EmptyState(QStringLiteral("folder"), {})), m_list(new ui::Pages),
       m_summary(ui::makeNote()), m_filter(ui::makeFilterField(tr("Filter by name or location"))),
       m_kinds(new QComboBox), m_bar(new QProgressBar), m_stop(new QPushButton(tr("Stop"))),
       m_gather(new QPushButton(tr("Gather again")))

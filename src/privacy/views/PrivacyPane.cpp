@@ -8,6 +8,7 @@
 #include "privacy/views/ToolsStatus.h"
 #include "ui/Labels.h"
 #include "ui/Listen.h"
+#include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Sheet.h"
 #include "ui/Style.h"
@@ -16,7 +17,6 @@
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace pryvane {
@@ -33,7 +33,7 @@ PrivacyPane::PrivacyPane(ToolsViewController& controller, QWidget* parent)
     : QWidget(parent), m_controller(controller), m_source(controller),
       m_model(m_source, ItemsSource::columns()), m_status(new ToolsStatus(controller)),
       m_groups(new GroupList(controller)), m_items(new ui::RowTable(m_model, tr("Items"))),
-      m_lists(new QStackedWidget), m_groupName(ui::makeLabel(ui::TextRole::GroupTitle)),
+      m_lists(new ui::Pages), m_groupName(ui::makeLabel(ui::TextRole::GroupTitle)),
       m_explanation(ui::makeNote()), m_total(ui::makeLabel(ui::TextRole::Body)),
       m_preview(new QPushButton(tr("Preview…"))), m_clear(new QPushButton(tr("Clear…")))
 {

@@ -6,13 +6,15 @@
 #include "inventory/views/InventoryView.h"
 #include "privacy/ToolsViewController.h"
 #include "privacy/views/PrivacyPane.h"
+#include "ui/Pages.h"
 #include "ui/Theme.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <memory>
 
 namespace pryvane {
 
@@ -25,8 +27,7 @@ enum Page : int { Privacy, Inventory, Watchers };
 ToolsView::ToolsView(ToolsViewController& tools, InventoryController& inventory,
                      FactsController& facts, QWidget* parent)
     : QWidget(parent), m_tools(tools), m_inventory(inventory), m_facts(facts),
-      m_inventoryView(new InventoryView(inventory)), m_factsView(new FactsView(facts)),
-      m_pages(new QStackedWidget)
+      m_pages(new ui::Pages)
 {
     setObjectName(QStringLiteral("toolsVC"));
     auto* column = new QVBoxLayout(this);
@@ -34,11 +35,9 @@ ToolsView::ToolsView(ToolsViewController& tools, InventoryController& inventory,
     column->setSpacing(ui::kGroups);
     column->addWidget(makePages());
     m_pages->addWidget(new PrivacyPane(tools));
-    m_pages->addWidget(m_inventoryView);
-    m_pages->addWidget(m_factsView);
+    for (const int page : {Inventory, Watchers})
+        m_pages->insertWidget(page, new QWidget);
     column->addWidget(m_pages, 1);
-    connect(m_inventoryView, &InventoryView::revealWanted, this, &ToolsView::revealWanted);
-    connect(m_factsView, &FactsView::revealWanted, this, &ToolsView::revealWanted);
 }
 
 /// One of three, side by side; the arrow keys change between them.
@@ -69,8 +68,25 @@ QWidget* ToolsView::makePages()
     return bar;
 }
 
+void ToolsView::makePage(int page)
+{
+    QWidget* made = nullptr;
+    if (page == Inventory && m_inventoryView == nullptr) {
+        made = m_inventoryView = new InventoryView(m_inventory);
+        connect(m_inventoryView, &InventoryView::revealWanted, this, &ToolsView::revealWanted);
+    } else if (page == Watchers && m_factsView == nullptr) {
+        made = m_factsView = new FactsView(m_facts);
+        connect(m_factsView, &FactsView::revealWanted, this, &ToolsView::revealWanted);
+    }
+    if (made == nullptr)
+        return;
+    const std::unique_ptr<QWidget> nothingYet(m_pages->widget(page));
+    m_pages->insertWidget(page, made);
+}
+
 void ToolsView::showPage(int page)
 {
+    makePage(page);
     m_pages->setCurrentIndex(page);
     if (page == Inventory)
         m_inventory.viewWillAppear();

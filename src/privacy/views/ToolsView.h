@@ -36,12 +36,13 @@ Q_SIGNALS:
 private:
     [[nodiscard]] QWidget* makePages();
     void showPage(int page);
+    void makePage(int page);
 
     ToolsViewController& m_tools;
     InventoryController& m_inventory;
     FactsController& m_facts;
-    InventoryView* m_inventoryView;
-    FactsView* m_factsView;
+    InventoryView* m_inventoryView = nullptr; ///< made when its page is first shown
+    FactsView* m_factsView = nullptr;         ///< the same
     QStackedWidget* m_pages;
 };
 
