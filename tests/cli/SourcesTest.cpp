@@ -44,6 +44,11 @@ void plantRandomTree(const TemporaryFolder& volume, unsigned seed)
             path = "/Users/alice/Library/LaunchAgents/com." + path + ".plist";
         else if (row.rule == RuleKind::FullSystemSubstring && path.front() != '/')
             path = "/Users/alice/Documents/some " + path + " file";
+        // The deep scan's texts hold wherever homes lie, even one in another.
+        constexpr const char* kElsewhere[] = {"/Volumes/Old", "/Users", "/Users/bob",
+                                              "/Users/Users"};
+        if (row.rule == RuleKind::FullSystemSubstring && below(3) == 0)
+            path = kElsewhere[below(std::size(kElsewhere))] + path;
         while (path.ends_with('/'))
             path.pop_back();
         std::error_code error; // where a file stands in the way of a folder
@@ -54,6 +59,12 @@ void plantRandomTree(const TemporaryFolder& volume, unsigned seed)
             std::ofstream(fs::is_directory(host) ? host / ".inside" : host)
                 << std::string(below(3000), 'x');
     }
+    for (const char* path :
+         {"/Users/alice/default/a", "/Users/Users/default/b", "/Users/Users/alice/javax2",
+          "/Volumes/Old/Users/bob/Library/Manager/c", "/Users/bob/Users/Users/default/d",
+          "/Users/alice/Documents/default/no", "/Users/carols/users/alice/default/no",
+          "/opt/alice/default/no", "/Users/bob/Library/Manager.no"})
+        volume.file(path);
     for (const char* name : {"a|b (deleted)", "\xff\xfe", "caf\xc3\xa9", " -> ", "back\\slash",
                              "#hash", ".hidden keylogger", "trailing "})
         volume.file("/Users/alice/Documents/" + std::string(name), "y");
@@ -184,8 +195,7 @@ protected:
     /// parts finds something first is chance in a deep scan.
     Findings findings(std::vector<std::string> source, Depth depth)
     {
-        source.insert(source.begin(),
-                      {"scan", "--user", "alice", "--no-store", "--format", "json"});
+        source.insert(source.begin(), {"scan", "--no-store", "--format", "json"});
         if (depth == Depth::Deep)
             source.insert(source.end(), {"--deep", "--whole-disk"});
         last = run(std::move(source));

@@ -18,11 +18,14 @@ constexpr std::string_view kAnyone = "%@";
 /// No place at all.
 constexpr std::uint32_t kNowhere = 0xffffffff;
 
-/// The full-system texts as far as they hold for everybody.
-std::vector<std::string> textsOfEverybody()
+/// The full-system texts. Those that lead below a home go there; what is returned holds wherever it
+/// stands, of any other text of a user the part behind the user's name.
+std::vector<std::string> partedTexts(HomeTexts& ofHomes)
 {
     std::vector<std::string> texts;
     for (std::string_view text : catalogue::fullSystemEntries()) {
+        if (ofHomes.add(text))
+            continue;
         if (const auto user = text.rfind(kAnyone); user != text.npos)
             text.remove_prefix(user + kAnyone.size());
         texts.emplace_back(text);
@@ -40,7 +43,7 @@ constexpr std::uint32_t kNone = 0xffff; // half of kNowhere
 
 } // namespace
 
-ScanChoice::ScanChoice() : m_texts(textsOfEverybody(), PatternAutomaton::Letters::Exact)
+ScanChoice::ScanChoice() : m_texts(partedTexts(m_homeTexts), PatternAutomaton::Letters::Exact)
 {
     for (const std::string_view folder : catalogue::defaultFolders())
         add(folder, true);
@@ -128,6 +131,7 @@ EntryChoice::Folder ScanChoice::below(const Folder& folder, std::string_view nam
         bool slash = false;
         inside.texts = m_texts.advance(inside.texts, "/", slash);
         inside.matched = inside.matched || slash;
+        inside.homes = m_homeTexts.below(inside.homes, name, inside.matched);
     }
     if (folder.places == kNowhere)
         return inside;
@@ -168,7 +172,7 @@ bool ScanChoice::isKept(const Folder& folder, std::string_view name, FileKind ki
     const bool isFile = kind == FileKind::RegularFile || kind == FileKind::Unknown;
     if (!isFile || name.front() == '.')
         return false;
-    bool ends = folder.matched;
+    bool ends = folder.matched || m_homeTexts.endsIn(folder.homes, name);
     if (!ends)
         static_cast<void>(m_texts.advance(folder.texts, name, ends));
     return ends;

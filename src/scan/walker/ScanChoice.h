@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scan/walker/HomeTexts.h"
 #include "signatures/PatternAutomaton.h"
 #include "volume/index/EntryChoice.h"
 
@@ -39,7 +40,8 @@ private:
     [[nodiscard]] Number numberBelow(const Place& place, const std::string& folded) const;
 
     std::vector<Place> m_places{1};
-    PatternAutomaton m_texts;
+    HomeTexts m_homeTexts;
+    PatternAutomaton m_texts; ///< those of no home
 };
 
 } // namespace pryvane

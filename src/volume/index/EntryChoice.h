@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -15,6 +16,7 @@ public:
     struct Folder {
         std::uint32_t places = 0;
         std::uint16_t texts = 0;
+        std::array<std::uint8_t, 2> homes{};
         bool matched = false;
     };
 
