@@ -17,6 +17,15 @@ namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{128} * 1024 * 1024; ///< of all facts' texts
 
+/// An account of which only the folder that the system keeps for it is known: the name that stands
+/// for the "*" of the source's place.
+std::string unnamedAccount(std::string_view place, std::string_view path)
+{
+    const std::size_t name = place.substr(0, place.find('*')).rfind('/') + 1;
+    const std::string_view folder = path.substr(name, path.find('/', name) - name);
+    return "account not known (" + boundedText(folder) + ")";
+}
+
 /// What one run gathers: reads the sources in order, then looks where the programs are.
 class Gathering {
 public:
@@ -81,9 +90,11 @@ private:
         m_files.forEach(source, m_homes.homes, [&](const Found& found) { files.push_back(found); });
         if (source.reader == FactReader::BackgroundItems)
             keepNewest(files);
-        for (const Found& found : files) {
+        for (Found& found : files) {
             if (m_stop.requested())
                 return;
+            if (source.isOfSomeAccount)
+                found.user = unnamedAccount(source.place, found.path);
             if (source.reader == FactReader::Names || source.reader == FactReader::Switch)
                 addName(source, found);
             else if (auto bytes = m_files.read(source, found.path))

@@ -18,7 +18,12 @@ constexpr auto kSources = std::to_array<FactSource>({
     {Permissions,
      "/private/var/containers/Data/ProtectedSystem/*/Data/Library/Application "
      "Support/com.apple.TCC/TCC.db",
-     PermissionDatabase, "permissions of each account", "27"},
+     PermissionDatabase,
+     "permissions of each account, without its name",
+     "27",
+     {},
+     {},
+     true},
     {Permissions, "/Applications/*.app/Contents/Info.plist", ApplicationNames,
      "which application an identifier belongs to", "all"},
     {Permissions, "/Applications/*/*.app/Contents/Info.plist", ApplicationNames,

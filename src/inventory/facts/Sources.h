@@ -39,6 +39,8 @@ struct FactSource {
     const char* systems; ///< versions of macOS that have it
     StartUpKind item = StartUpKind::LaunchAgent;
     RemoteKind remote = RemoteKind::Access;
+    /// Each file is that of one account, and neither its place nor what it holds says whose.
+    bool isOfSomeAccount = false;
 };
 
 [[nodiscard]] std::span<const FactSource> factSources();

@@ -123,13 +123,16 @@ TEST_F(FactScan, WhoMayWatchIsToldForEveryAccount)
                 "('kTCCServiceListenEvent','/private/tmp/x',1,2,2),('a','com.gone',0,2,2)");
     permissions("Users/bob/" + kTcc, "('a','/Users/bob/k',1,2,2),('a','/Users/Shared/k',1,2,2),"
                                      "('a','/usr/libexec/sshd',1,2,2),('a','/opt/x',1,2,2)");
+    permissions("private/var/containers/Data/ProtectedSystem/0A-1B/Data/" + kTcc,
+                "('b','/opt/y',1,2,2)");
     const Facts facts = gather({.permissions = true});
     EXPECT_THAT(permissionsOf(facts),
                 ElementsAre("|kTCCServiceScreenCapture|recorder|there, hidden",
                             "|kTCCServiceCamera|Chat|there",
                             "alice|kTCCServiceListenEvent|x|missing, temporary",
                             "alice|a|com.gone|not known", "bob|a|k|there, home of bob",
-                            "bob|a|k|missing, shared", "bob|a|sshd|not known", "bob|a|x|missing"));
+                            "bob|a|k|missing, shared", "bob|a|sshd|not known", "bob|a|x|missing",
+                            "account not known (0A-1B)|b|y|missing"));
     EXPECT_THAT(troublesOf(facts), IsEmpty());
     EXPECT_EQ(facts.permissions[0].origin.source, "/" + kTcc);
     EXPECT_THAT(facts.startUp, IsEmpty());
