@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <thread>
@@ -233,9 +235,11 @@ TEST_F(ToolsViewControllerTest, LosesNothingElseWhileAnotherToolChangesTheProfil
     volume.file(kChromeFolder + "/Local State",
                 R"({"profile":{"info_cache":{"Default":{"name":"One"}}}})");
     const std::vector<std::string> kept{profile + "Login Data", profile + "Bookmarks",
-                                        profile + "Preferences", profile + "Sync Data/db"};
+                                        profile + "Preferences", profile + "Sync Data/db",
+                                        profile + "Sync Data/Cookies"};
     for (const std::string& file : kept)
         volume.file(file, "kept");
+    volume.file(profile + "Network/Cookies");
     OtherTool other([&](int i) {
         const std::string number = std::to_string(i % 7);
         const std::string sessions = profile + "Sessions";
@@ -249,6 +253,15 @@ TEST_F(ToolsViewControllerTest, LosesNothingElseWhileAnotherToolChangesTheProfil
                                 volume.hostPath(profile + "Sync Data/moved" + number), gone);
         std::filesystem::rename(volume.hostPath(profile + "Cookies"),
                                 volume.hostPath(profile + "Cookies.old"), gone);
+    });
+    // The folder of what is to go turns into a way to what is to stay, and back.
+    volume.link(profile + "to", "Sync Data");
+    const UniqueFd network(
+        ::open(volume.hostPath(profile + "Network").c_str(), O_PATH | O_CLOEXEC));
+    OtherTool exchanging([&](int) {
+        UniqueFd(openat(network.get(), "Cookies", O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+        renameat2(AT_FDCWD, volume.hostPath(profile + "Network").c_str(), AT_FDCWD,
+                  volume.hostPath(profile + "to").c_str(), RENAME_EXCHANGE);
     });
     std::uint64_t removed = 0;
     for (int round = 0; round < 30; ++round) {
@@ -271,6 +284,7 @@ TEST_F(ToolsViewControllerTest, LosesNothingElseWhileAnotherToolChangesTheProfil
         removed += controller->outcome().entriesRemoved;
         ASSERT_TRUE(reaches(State::Idle));
     }
+    exchanging.end();
     other.end();
     for (const std::string& file : kept)
         EXPECT_TRUE(volume.contains(file)) << file;
