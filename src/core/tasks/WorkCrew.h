@@ -3,6 +3,7 @@
 #include "core/ThreadSafety.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <deque>
 #include <exception>
@@ -15,7 +16,9 @@
 namespace pryvane {
 
 /// Where threads without work wait for others to give some of theirs away. A task is only given
-/// when a thread waits for it, so every task given is at work at once. Callable from any thread.
+/// when a thread waits for it, so every task given is at work at once. Of the tasks handed in
+/// beforehand the next is begun when nobody gives anything of those before it: what comes first is
+/// done by all, and done first. Callable from any thread.
 template <typename Task>
 class WorkCrew {
 public:
@@ -32,16 +35,16 @@ public:
         if (std::optional<Task> task = make()) {
             m_tasks.push_back(std::move(*task));
             m_wanted.fetch_sub(1, std::memory_order_relaxed);
+            m_goOnUntil = {};
             m_changed.notifyOne();
         }
     }
 
-    /// Hands in a first task, before any thread asks.
+    /// Hands in a task before any thread asks.
     void begin(Task task)
     {
         const MutexLock lock(m_mutex);
-        m_tasks.push_back(std::move(task));
-        m_wanted.fetch_sub(1, std::memory_order_relaxed);
+        m_first.push_back(std::move(task));
     }
 
     /// The next task, or none when all is walked.
@@ -49,23 +52,32 @@ public:
     {
         MutexLock lock(m_mutex);
         m_wanted.fetch_add(1, std::memory_order_relaxed);
-        while (m_tasks.empty() && m_working > 0 && !m_failure)
-            m_changed.wait(lock);
-        if (m_tasks.empty() || m_failure) {
-            m_changed.notifyAll();
-            return std::nullopt;
+        for (;;) {
+            if (m_failure)
+                break;
+            if (!m_tasks.empty())
+                return taken(m_tasks);
+            if (!m_first.empty() && (m_working == 0 || Clock::now() < m_goOnUntil)) {
+                m_wanted.fetch_sub(1, std::memory_order_relaxed);
+                return taken(m_first);
+            }
+            if (m_working == 0)
+                break;
+            if (m_first.empty())
+                m_changed.wait(lock);
+            else
+                waitForGift(lock);
         }
-        std::optional<Task> task(std::move(m_tasks.front()));
-        m_tasks.pop_front();
-        ++m_working;
-        return task;
+        m_changed.notifyAll();
+        return std::nullopt;
     }
 
     /// Says that the task taken before has been walked.
     void finished()
     {
         const MutexLock lock(m_mutex);
-        if (--m_working == 0)
+        // With tasks left to begin this thread takes the next one; nobody else need wake for it.
+        if (--m_working == 0 && m_first.empty())
             m_changed.notifyAll();
     }
 
@@ -92,9 +104,34 @@ public:
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
+    /// So long a thread may sit in one large folder, or wait for the disk, until the others go on
+    /// without it, and so long they then do before they ask it again.
+    static constexpr std::chrono::milliseconds kPatience{2};
+    static constexpr std::chrono::milliseconds kGoOn{10};
+
+    [[nodiscard]] std::optional<Task> taken(std::deque<Task>& tasks) REQUIRES(m_mutex)
+    {
+        std::optional<Task> task(std::move(tasks.front()));
+        tasks.pop_front();
+        ++m_working;
+        return task;
+    }
+
+    void waitForGift(MutexLock& lock) REQUIRES(m_mutex)
+    {
+        const auto end = Clock::now() + kPatience;
+        m_changed.waitUntil(lock, end);
+        if (const auto now = Clock::now(); m_tasks.empty() && now >= end)
+            m_goOnUntil = now + kGoOn;
+    }
+
     mutable Mutex m_mutex;
     Condition m_changed;
-    std::deque<Task> m_tasks GUARDED_BY(m_mutex);
+    std::deque<Task> m_first GUARDED_BY(m_mutex); ///< not begun
+    std::deque<Task> m_tasks GUARDED_BY(m_mutex); ///< given, on their way to who waits
+    Clock::time_point m_goOnUntil GUARDED_BY(m_mutex);
     int m_working GUARDED_BY(m_mutex) = 0;
     std::exception_ptr m_failure GUARDED_BY(m_mutex);
     std::atomic<int> m_wanted{0}; ///< waiting threads less tasks on their way to them
