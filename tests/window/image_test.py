@@ -2,6 +2,7 @@
 """Opens an HFS+ image of the demonstration disk in the window, scans it, and is refused a removal in words.
 
     image_test.py mouse|keyboard PROGRAM MAKE-DEMO-VOLUME
+    image_test.py start PROGRAM     is started with a long list, whose reading a window shows
 
 PRYVANE_SCREENSHOTS=DIR keeps pictures.
 """
@@ -94,7 +95,32 @@ def by_keyboard(pilot, image, _):
     assert not pilot.look("Remove for good…"), "a plan was shown"
 
 
-def main(way, program, make_volume):
+def at_start(program):
+    with desktop() as folder:
+        names = folder / "names.txt"
+        with names.open("w", encoding="utf-8") as out:
+            out.write("/Library\n/Users\n")
+            out.writelines(f"/Users/alice/{i // 50:06d}/{i:08d}-item.data\n" for i in range(600_000))
+        for goes_on in (False, True):
+            pilot = Pilot(program, "--volume", str(names), screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
+            try:
+                pilot.find("Reading names", "progress bar")
+                pilot.read("Reading names: ")
+                assert not pilot.look("Quick Scan >"), "the disk is there before its names"
+                if goes_on:
+                    pilot.shot("7-reading")
+                    pilot.find("Looking at names.txt, every user")
+                    assert not pilot.look("Cancel"), "the window that showed the reading stays"
+                else:
+                    pilot.click("Cancel")
+                    assert pilot.process.wait(30) == 0
+            finally:
+                pilot.close()
+
+
+def main(way, program, make_volume=None):
+    if way == "start":
+        return at_start(program)
     need("xorriso")
     with desktop() as folder:
         volume, image, text = folder / "MacintoshHD", folder / "mac.img", folder / "notes.txt"

@@ -1,5 +1,6 @@
 #include "app/program/Arguments.h"
 #include "app/program/Desktop.h"
+#include "app/program/FileOpening.h"
 #include "app/program/Session.h"
 #include "core/Escape.h"
 #include "core/Exhaustion.h"
@@ -15,6 +16,8 @@
 
 #include <csignal>
 #include <iostream>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -81,18 +84,33 @@ int handOver(Host& host, const SingleInstance& instance, const Arguments& argume
 int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* instance)
 {
     Session* current = nullptr;
+    FileOpening* opening = nullptr;
+    std::optional<InstanceRequest> waiting; // for a session that can take it
     std::unique_ptr<InstanceServer> server;
     if (instance) {
         if (auto socket = instance->listen())
             server = std::make_unique<InstanceServer>(std::move(socket).value(),
-                                                      [&current](const InstanceRequest& request) {
+                                                      [&](const InstanceRequest& request) {
                                                           if (current)
                                                               current->take(request);
+                                                          else
+                                                              waiting = request;
+                                                          if (opening)
+                                                              opening->bringToFront();
                                                       });
         else
             desktop.log.line(socket.error().message);
     }
     std::optional<NextDisk> next = NextDisk{arguments.choice(), {}};
+    if (isFileOfHost(next->choice.folder)) {
+        FileOpening file(desktop, next->choice);
+        opening = &file;
+        auto opened = file.run();
+        opening = nullptr;
+        if (!opened)
+            return fail(opened.error().message);
+        next = std::move(opened).value();
+    }
     for (bool isFirst = true; next; isFirst = false) {
         const auto session = Session::open(desktop, std::move(*next));
         if (!session)
@@ -105,6 +123,11 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
             if (isFirst && !told.empty())
                 desktop.alerts.runModal({"", told, {"OK"}});
         }
+        if (const auto request = std::exchange(waiting, {}))
+            desktop.mainQueue.post([&current, request] { // once its main loop runs
+                if (current)
+                    current->take(*request);
+            });
         if (QApplication::exec() == kFailed)
             return kFailed;
         current->end();
