@@ -50,7 +50,8 @@ Result<std::optional<NextDisk>> FileOpening::run()
 void FileOpening::begin()
 {
     m_window.showProgress(ui::text(m_opening.progressText()));
-    m_opening.begin(m_choice, [this](auto disk, bool isLocked) { ended(std::move(disk), isLocked); });
+    m_opening.begin(m_choice,
+                    [this](auto disk, bool isLocked) { ended(std::move(disk), isLocked); });
     m_progress.start();
 }
 
