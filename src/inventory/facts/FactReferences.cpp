@@ -107,7 +107,7 @@ std::vector<RemoteFact> FactReferences::remoteServiceFacts() const
         RemoteFact fact;
         fact.what = service.what;
         fact.state = OnOff::NotKnown;
-        fact.detail = "the list of switched jobs does not say";
+        fact.detail = "the disk does not say";
         for (const SwitchedJobs& switched : m_switched) {
             const auto found = switched.disabled.find(service.label);
             if (!switched.number.empty() || found == switched.disabled.end())

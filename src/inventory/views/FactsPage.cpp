@@ -41,6 +41,7 @@ FactsPage::FactsPage(const FactsController& controller, FactKind kind, QWidget* 
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(ui::kRelated);
     column->addWidget(m_list, 1);
+    column->addSpacing(ui::kRelated); // the last row is often cut
     column->addWidget(m_details);
     column->addWidget(m_meaningTitle);
     column->addWidget(m_meaning);

@@ -30,9 +30,9 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
                 {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::StartUp:
         return {{.width = 8},
-                {.title = QObject::tr("Name"), .width = 130, .stretches = true},
-                {.title = QObject::tr("State"), .width = 52},
-                {.title = QObject::tr("When"), .width = 110},
+                {.title = QObject::tr("Name"), .width = 232},
+                {.title = QObject::tr("State"), .width = 60},
+                {.title = QObject::tr("When"), .width = 150, .stretches = true},
                 {.title = QObject::tr("Whose"), .width = 78},
                 {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::RemoteAccess:
@@ -43,6 +43,11 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
             {.title = QObject::tr("State"), .width = 84},
             {.title = QObject::tr("Detail"), .width = 120, .stretches = true},
             {.title = QObject::tr("Whose"), .width = 78}};
+}
+
+bool FactsTableSource::hasPrograms(FactKind kind)
+{
+    return kind != FactKind::RemoteAccess;
 }
 
 int FactsTableSource::deniedCount() const
@@ -79,7 +84,7 @@ bool FactsTableSource::hidden(int row) const
 {
     const FactRow& fact = this->row(row);
     return (fact.isDenied && !m_choice.denied) ||
-           (m_choice.onlyThere && fact.whereabouts != Whereabouts::There) ||
+           (m_choice.onlyThere && hasPrograms(m_kind) && fact.whereabouts != Whereabouts::There) ||
            (m_choice.user && fact.user != *m_choice.user);
 }
 

@@ -19,6 +19,8 @@ public:
     }
 
     [[nodiscard]] static std::vector<ui::Column> columns(FactKind kind);
+    /// Whether its facts are about programs, which are on the disk or not.
+    [[nodiscard]] static bool hasPrograms(FactKind kind);
 
     /// Which rows are left out.
     struct Choice {

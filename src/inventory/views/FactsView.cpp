@@ -139,6 +139,7 @@ void FactsView::focusFilter()
 void FactsView::showState()
 {
     const auto kind = static_cast<FactKind>(m_pages->currentIndex());
+    m_onlyThere->setVisible(FactsTableSource::hasPrograms(kind));
     const int denied = m_lists[static_cast<std::size_t>(kind)]->deniedCount();
     m_denied->setVisible(denied > 0);
     m_denied->setText(tr("Show what was denied (%1)").arg(denied));
