@@ -1,6 +1,7 @@
 // The sheet that asks what to look at, over a window of its own.
 #include "app/views/VolumeSheet.h"
 
+#include "app/views/OpeningWindow.h"
 #include "ui/Theme.h"
 
 #include <QApplication>
@@ -121,6 +122,34 @@ TEST_F(VolumeSheetTest, WhatIsToldAfterItWasClosedIsDropped)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     pending({{"alice"}, std::nullopt, false});
     EXPECT_EQ(opened, "");
+}
+
+/// The window that opens a file when there is none to lay a sheet over.
+TEST(OpeningWindow, AsksForThePasswordOnlyOfADiskThatIsLocked)
+{
+    OpeningWindow window(QStringLiteral("/x/mac.img"));
+    QStringList given;
+    int cancelled = 0;
+    QObject::connect(&window, &OpeningWindow::passwordGiven,
+                     [&](const QString& password) { given.push_back(password); });
+    QObject::connect(&window, &OpeningWindow::cancelled, [&] { ++cancelled; });
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto* password = window.findChild<QLineEdit*>(QStringLiteral("password"));
+    auto* bar = window.findChild<QProgressBar*>();
+    window.showProgress(QStringLiteral("Reading names: 17 entries"));
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_FALSE(password->isVisible());
+    window.askForPassword(false);
+    EXPECT_FALSE(bar->isVisible());
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("wrong"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    window.askForPassword(true);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("right")); // in place of it
+    window.findChild<QPushButton*>(QStringLiteral("unlock"))->click();
+    EXPECT_EQ(given, (QStringList{QStringLiteral("wrong"), QStringLiteral("right")}));
+    window.close();
+    EXPECT_EQ(cancelled, 1);
 }
 
 } // namespace
