@@ -128,7 +128,7 @@ int main()
         double taken = 0;
         std::thread([&] {
             const auto start = std::chrono::steady_clock::now();
-            const ReportList read = reports.loadListReportWithKey(preferences::kSaveReport);
+            const auto read = reports.listReports();
             const auto end = std::chrono::steady_clock::now();
             taken = std::chrono::duration<double, std::milli>(end - start).count();
         }).join();
@@ -152,9 +152,7 @@ int main()
                         step("open the long report", [&] { browser.openThisReport(10'000); }),
                         step("select all of it", [&] { browser.checkAllAction(true); }),
                         step("back to the list", [&] { browser.backtoReportList(); }),
-                        step("delete a report", [&] {
-                            browser.openThisReport(5);
-                            browser.trashReport();
-                        })});
+                        step("open a short report", [&] { browser.openThisReport(5); }),
+                        step("delete it", [&] { browser.trashReport(); })});
     return longest <= 50 && opening <= 300 ? 0 : 1;
 }

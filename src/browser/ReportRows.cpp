@@ -3,33 +3,28 @@
 #include "core/Escape.h"
 
 #include <algorithm>
-#include <set>
 #include <sstream>
 
 namespace pryvane {
 
 namespace {
 
-/// Each threat's name once; a report tends to hold many findings of one threat.
-std::string searchableText(const SpywareScanReport& report)
+std::string searchableText(const ReportFacts& report)
 {
     std::string text = report.reportType + '\n' + localDateText(report.scanDate) + '\n' +
                        macName(report.subject) + '\n' + userNames(report.subject);
-    std::set<std::string_view> names;
-    for (const auto& record : *report.spyWareList) {
-        if (names.insert(record->infections).second)
-            text += '\n' + record->infections;
-    }
+    for (const auto& threat : report.threats)
+        text += '\n' + threat;
     return lowerAscii(text);
 }
 
 } // namespace
 
-SearchableReports::SearchableReports(ReportList list) : reports(std::move(list))
+SearchableReports::SearchableReports(std::vector<ReportFacts> list) : reports(std::move(list))
 {
     texts.reserve(reports.size());
     for (const auto& report : reports)
-        texts.push_back(searchableText(*report));
+        texts.push_back(searchableText(report));
 }
 
 SearchableReports ReportRows::setReports(SearchableReports reports, Date now)
@@ -42,10 +37,9 @@ SearchableReports ReportRows::setReports(SearchableReports reports, Date now)
 
 void ReportRows::remove(std::string_view reportId)
 {
-    ReportList& reports = m_list.reports;
-    const auto gone = std::find_if(reports.begin(), reports.end(), [&](const auto& report) {
-        return report->reportId == reportId;
-    });
+    std::vector<ReportFacts>& reports = m_list.reports;
+    const auto gone = std::find_if(reports.begin(), reports.end(),
+                                   [&](const auto& report) { return report.reportId == reportId; });
     if (gone == reports.end())
         return;
     m_list.texts.erase(m_list.texts.begin() + (gone - reports.begin()));
@@ -82,7 +76,7 @@ void ReportRows::choose()
     for (std::size_t i = 0; i < m_list.reports.size(); ++i) {
         if (m_filter != ReportFilter::All) {
             const auto wanted = m_filter == ReportFilter::Found ? Verdict::Found : Verdict::Clean;
-            if (m_list.reports[i]->verdict() != wanted)
+            if (m_list.reports[i].verdict != wanted)
                 continue;
         }
         if (isFound(i))
@@ -92,10 +86,10 @@ void ReportRows::choose()
 
 std::optional<std::size_t> ReportRows::previousOf(std::size_t row) const
 {
-    const auto& later = *report(row);
+    const ReportFacts& later = report(row);
     std::optional<std::size_t> found;
     for (std::size_t other = row + 1; other < size(); ++other) {
-        const auto& earlier = *report(other);
+        const ReportFacts& earlier = report(other);
         if (!isSameVolume(earlier.volume, later.volume))
             continue;
         if (earlier.subject.users == later.subject.users)
@@ -107,8 +101,7 @@ std::optional<std::size_t> ReportRows::previousOf(std::size_t row) const
 
 ReportRow ReportRows::row(std::size_t row) const
 {
-    SpywareScanReport& shown = *report(row);
-    shown.reportDateDisplay = relativeDateStringForDate(shown.scanDate, m_now);
+    const ReportFacts& shown = report(row);
     return {sinceText(shown.scanDate, m_now),
             localDateText(shown.scanDate),
             forScreen(shown.reportType),
@@ -117,8 +110,8 @@ ReportRow ReportRows::row(std::size_t row) const
                 : kNotKnown,
             shown.hasThreats(),
             forScreen(shown.scanDuration),
-            shown.redGreen,
-            shown.openTrash};
+            shown.isRed ? kReportRed : kReportGreen,
+            shown.hasThreats() ? "btn_open.tiff" : "btn_trash.tiff"};
 }
 
 } // namespace pryvane

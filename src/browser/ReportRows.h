@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/ReportFacts.h"
 #include "reports/SpywareScanReport.h"
 
 #include <cstdint>
@@ -24,12 +25,13 @@ struct ReportRow {
     std::string openTrash; ///< name of the action icon
 };
 
-/// A list of reports with what a search looks through, one text a report. Made on any thread.
+/// What is stored of each report beside its findings, with what a search looks through, one text a
+/// report. Made on any thread.
 struct SearchableReports {
-    explicit SearchableReports(ReportList list = {});
+    explicit SearchableReports(std::vector<ReportFacts> list = {});
 
-    ReportList reports;             ///< newest first
-    std::vector<std::string> texts; ///< letter case folded
+    std::vector<ReportFacts> reports; ///< newest first
+    std::vector<std::string> texts;   ///< letter case folded
 };
 
 /// The stored reports, and which of them are shown. Texts are made for the rows that are looked at
@@ -48,9 +50,9 @@ public:
     /// case does not matter.
     void setSearch(std::string_view words);
 
-    [[nodiscard]] const ReportList& reports() const { return m_list.reports; }
+    [[nodiscard]] const std::vector<ReportFacts>& reports() const { return m_list.reports; }
     [[nodiscard]] std::size_t size() const { return m_shown.size(); }
-    [[nodiscard]] const std::shared_ptr<SpywareScanReport>& report(std::size_t row) const
+    [[nodiscard]] const ReportFacts& report(std::size_t row) const
     {
         return m_list.reports[m_shown[row]];
     }
@@ -61,7 +63,6 @@ public:
     /// Where the row's report stands in reports().
     [[nodiscard]] std::size_t listIndex(std::size_t row) const { return m_shown[row]; }
 
-    /// Brings the report's relative date up to date.
     [[nodiscard]] ReportRow row(std::size_t row) const;
 
 private:

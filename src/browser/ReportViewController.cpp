@@ -18,17 +18,6 @@ namespace {
 
 constexpr int kScanRow = 1; // of the navigation table
 
-/// Whether each record's location is there. After a stop the rest is not known.
-std::vector<Presence> presenceOf(const SpywareScanReport& report, const SpywareList& records,
-                                 FileSystem& disk, const StopFlag& stop)
-{
-    DiskPresence disks(disk);
-    std::vector<Presence> there(records.size(), Presence::Unknown);
-    for (std::size_t i = 0; i < records.size() && !stop.requested(); ++i)
-        there[i] = disks.of(report, *records[i]);
-    return there;
-}
-
 /// What is to be known of a report that is not of the disk in front; empty of one that is.
 std::string remarkOn(const SpywareScanReport& report, std::string_view here)
 {
@@ -112,7 +101,10 @@ void ReportViewController::load()
     ++m_loads;
     m_storeTasks.run(
         [this](const StopFlag&) {
-            return SearchableReports(m_store.loadListReportWithKey(preferences::kSaveReport));
+            auto list = m_store.listReports();
+            if (!list)
+                m_services.log.line(list.error().message);
+            return SearchableReports(list ? std::move(list).value() : std::vector<ReportFacts>());
         },
         [this](SearchableReports list) { loaded(std::move(list)); });
     Q_EMIT stateChanged();
@@ -153,13 +145,13 @@ void ReportViewController::openThisReport(std::size_t row)
 {
     if (row >= m_rows.size())
         return;
-    const auto report = m_rows.report(row);
-    if (!report->hasThreats()) {
-        deleteReport(report->reportId);
+    const ReportFacts& report = m_rows.report(row);
+    if (!report.hasThreats()) {
+        deleteReport(report.reportId);
         return;
     }
     const auto index = static_cast<std::int64_t>(m_rows.listIndex(row));
-    openDetails(report);
+    readAndOpen(report.reportId);
     m_storeTasks.run([&defaults = m_services.defaults,
                       index](const StopFlag&) { return defaults.set(preferences::kIndex, index); },
                      [this](const Result<Done>& stored) { logFailure(m_services.log, stored); });
@@ -168,7 +160,22 @@ void ReportViewController::openThisReport(std::size_t row)
 void ReportViewController::viewReport()
 {
     if (m_selectedRow && *m_selectedRow < m_rows.size())
-        openDetails(m_rows.report(*m_selectedRow));
+        readAndOpen(m_rows.report(*m_selectedRow).reportId);
+}
+
+void ReportViewController::readAndOpen(const std::string& reportId)
+{
+    m_storeTasks.run(
+        [this, reportId](const StopFlag&) { return m_store.loadReport(reportId); },
+        [this, opening = ++m_opening](const Result<std::shared_ptr<SpywareScanReport>>& report) {
+            if (opening != m_opening)
+                return; // something else was opened or closed meanwhile
+            if (report)
+                openDetails(*report);
+            else
+                say("The report cannot be opened: " + report.error().message);
+        });
+    Q_EMIT stateChanged();
 }
 
 void ReportViewController::refreshReport(const std::shared_ptr<SpywareScanReport>& report)
@@ -177,13 +184,27 @@ void ReportViewController::refreshReport(const std::shared_ptr<SpywareScanReport
         openDetails(report);
 }
 
-ReportComparison ReportViewController::compare(std::size_t row, std::size_t otherRow) const
+void ReportViewController::compare(std::size_t row, std::size_t otherRow,
+                                   std::function<void(ComparedReports)> done)
 {
-    const SpywareScanReport* earlier = m_rows.report(row).get();
-    const SpywareScanReport* later = m_rows.report(otherRow).get();
-    if (later->scanDate < earlier->scanDate)
-        std::swap(earlier, later);
-    return compareReports(*earlier, *later);
+    m_storeTasks.run(
+        [this, id = m_rows.report(row).reportId,
+         otherId = m_rows.report(otherRow).reportId](const StopFlag&) -> Result<ComparedReports> {
+            auto first = m_store.loadReport(id), second = m_store.loadReport(otherId);
+            if (!first || !second)
+                return first ? second.error() : first.error();
+            ComparedReports compared{*first, *second, {}};
+            if (compared.later->scanDate < compared.earlier->scanDate)
+                std::swap(compared.earlier, compared.later);
+            compared.changes = compareReports(*compared.earlier, *compared.later);
+            return compared;
+        },
+        [this, done = std::move(done)](Result<ComparedReports> compared) {
+            if (compared)
+                done(std::move(compared).value());
+            else
+                say("The reports cannot be compared: " + compared.error().message);
+        });
 }
 
 void ReportViewController::scanningStartAction()
@@ -197,6 +218,7 @@ void ReportViewController::scanningStartAction()
 
 void ReportViewController::openDetails(std::shared_ptr<SpywareScanReport> report)
 {
+    ++m_opening;
     m_report = std::move(report);
     m_details = detailsOf(*m_report, m_services.clock.now());
     m_notice = remarkOn(*m_report, m_services.disk.identity());
@@ -218,6 +240,7 @@ void ReportViewController::hideDetailsOfEmptyList()
 
 void ReportViewController::closeDetails()
 {
+    ++m_opening;
     m_isReportDetails = false;
     m_report.reset();
     m_details = {};
@@ -236,9 +259,8 @@ void ReportViewController::reloadThreatDetails()
     }
     ChangeSelection();
     m_diskTasks.run(
-        [&disk = m_services.disk, report = m_report,
-         list = m_report->spyWareList](const StopFlag& stop) {
-            return std::pair(report, presenceOf(*report, *list, disk, stop));
+        [&disk = m_services.disk, report = m_report](const StopFlag& stop) {
+            return std::pair(report, presencesOf(*report, disk, stop));
         },
         [this](const auto& told) {
             const auto& [report, there] = told;
@@ -317,7 +339,7 @@ std::optional<std::size_t> ReportViewController::reportsOfThisDisk() const
     if (here.empty())
         return std::nullopt;
     return static_cast<std::size_t>(std::ranges::count_if(
-        reportList(), [&](const auto& report) { return isSameVolume(report->volume, here); }));
+        reportList(), [&](const auto& report) { return isSameVolume(report.volume, here); }));
 }
 
 bool ReportViewController::isOfThisVolume() const
@@ -328,7 +350,7 @@ bool ReportViewController::isOfThisVolume() const
 void ReportViewController::trashSelectedReport()
 {
     if (m_selectedRow && *m_selectedRow < m_rows.size())
-        deleteReport(m_rows.report(*m_selectedRow)->reportId);
+        deleteReport(m_rows.report(*m_selectedRow).reportId);
 }
 
 void ReportViewController::trashReport()
@@ -342,7 +364,7 @@ std::vector<std::string> ReportViewController::reportIds(const std::vector<std::
     std::vector<std::string> ids;
     for (const std::size_t row : rows)
         if (row < m_rows.size())
-            ids.push_back(m_rows.report(row)->reportId);
+            ids.push_back(m_rows.report(row).reportId);
     return ids;
 }
 

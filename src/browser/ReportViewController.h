@@ -25,6 +25,12 @@ class ReportBrowserHost;
 class ReportPrinting;
 struct PrintOutcome;
 
+/// Two reports and what changed from the earlier scan to the later.
+struct ComparedReports {
+    std::shared_ptr<SpywareScanReport> earlier, later;
+    ReportComparison changes;
+};
+
 /// The report browser without its widgets: the list of stored reports, and the details of one of
 /// them. Main thread only; the store is read and written, the disk asked and a report printed on
 /// threads that end with it.
@@ -49,7 +55,7 @@ public:
     void viewWillAppear();
 
     // The list
-    [[nodiscard]] const ReportList& reportList() const { return m_rows.reports(); }
+    [[nodiscard]] const std::vector<ReportFacts>& reportList() const { return m_rows.reports(); }
     [[nodiscard]] const ReportRows& rows() const { return m_rows; }
     /// How many of the list are of the disk in front; none where that cannot be told from others.
     [[nodiscard]] std::optional<std::size_t> reportsOfThisDisk() const;
@@ -63,12 +69,13 @@ public:
     void selectRow(std::optional<std::size_t> row) { m_selectedRow = row; }
     [[nodiscard]] std::optional<std::size_t> selectedRow() const { return m_selectedRow; }
 
-    /// The row's action: opens a report with threats, asks whether to delete one without.
+    /// The row's action: reads and opens a report with threats, asks whether to delete one without.
     void openThisReport(std::size_t row);
-    /// Opens the selected row's report.
+    /// Reads and opens the selected row's report.
     void viewReport();
-    /// What changed between the reports of two rows, from the earlier scan to the later.
-    [[nodiscard]] ReportComparison compare(std::size_t row, std::size_t otherRow) const;
+    /// Reads the reports of two rows and hands over what changed between them; says so instead
+    /// where one cannot be read.
+    void compare(std::size_t row, std::size_t otherRow, std::function<void(ComparedReports)> done);
     /// Deletes the selected row's report after confirmation.
     void trashSelectedReport();
     /// The same of several rows, after one confirmation.
@@ -120,6 +127,7 @@ private:
     void refreshReport(const std::shared_ptr<SpywareScanReport>& report);
     void load();
     void loaded(SearchableReports list);
+    void readAndOpen(const std::string& reportId);
     void openDetails(std::shared_ptr<SpywareScanReport> report);
     void closeDetails();
     void hideDetailsOfEmptyList();
@@ -136,7 +144,8 @@ private:
     DefaultMethods m_store; ///< used by m_storeTasks only
     ReportRows m_rows;
     std::optional<std::size_t> m_selectedRow;
-    int m_loads = 0; ///< asked for and not ended
+    int m_loads = 0;             ///< asked for and not ended
+    std::uint64_t m_opening = 0; ///< counts what was opened or closed: what is read may be late
     bool m_isScanning = false;
     bool m_isReportDetails = false;
     bool m_detailsNeedAList = false; ///< they were opened before the list was there

@@ -7,6 +7,7 @@
 #include <future>
 #include <iostream>
 #include <ostream>
+#include <sstream>
 
 namespace pryvane::cli {
 
@@ -147,28 +148,35 @@ std::size_t cells(std::string_view text)
 
 } // namespace
 
+void TextTable::write(const std::vector<Align>& columns, std::size_t rows,
+                      const std::function<Row(std::size_t)>& rowAt, std::string_view indent,
+                      std::ostream& out)
+{
+    std::vector<std::size_t> widths(columns.size(), 0);
+    for (std::size_t i = 0; i < rows; ++i) {
+        const Row row = rowAt(i);
+        for (std::size_t k = 0; k + 1 < row.size(); ++k)
+            widths[k] = std::max(widths[k], cells(row[k]));
+    }
+    std::string line;
+    for (std::size_t i = 0; i < rows; ++i) {
+        const Row row = rowAt(i);
+        line = indent;
+        for (std::size_t k = 0; k + 1 < row.size(); ++k) {
+            const std::string padding(widths[k] - cells(row[k]), ' ');
+            line += columns[k] == Align::Right ? padding + row[k] : row[k] + padding;
+            line += "  ";
+        }
+        out << line << row.back() << '\n';
+    }
+}
+
 std::string TextTable::text(std::string_view indent) const
 {
-    std::vector<std::size_t> widths(m_columns.size(), 0);
-    for (const auto& row : m_rows) {
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], cells(row[i]));
-    }
-    std::string out;
-    for (const auto& row : m_rows) {
-        out += indent;
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            const std::string padding(widths[i] - cells(row[i]), ' ');
-            const bool last = i + 1 == row.size();
-            if (m_columns[i] == Align::Right)
-                out += padding;
-            out += row[i];
-            if (!last)
-                out += (m_columns[i] == Align::Left ? padding : "") + "  ";
-        }
-        out += '\n';
-    }
-    return out;
+    std::ostringstream out;
+    write(
+        m_columns, m_rows.size(), [this](std::size_t row) { return m_rows[row]; }, indent, out);
+    return out.str();
 }
 
 std::string namesText(const std::vector<std::string>& names)

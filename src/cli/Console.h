@@ -97,9 +97,15 @@ public:
     /// All rows, each on a line of its own behind `indent`.
     [[nodiscard]] std::string text(std::string_view indent = "") const;
 
+    /// The same of so many rows that they are asked for twice instead of being kept.
+    using Row = std::vector<std::string>;
+    static void write(const std::vector<Align>& columns, std::size_t rows,
+                      const std::function<Row(std::size_t)>& rowAt, std::string_view indent,
+                      std::ostream& out);
+
 private:
     std::vector<Align> m_columns;
-    std::vector<std::vector<std::string>> m_rows;
+    std::vector<Row> m_rows;
 };
 
 /// "alice, bob", as a terminal shows them; "none".

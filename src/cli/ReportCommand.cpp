@@ -46,10 +46,9 @@ int withStore(const Console& console, const ReportArguments& arguments, StoreUse
 
 /// Opens the store and hands the named report to `work`.
 template <typename Work>
-int withReport(const Console& console, const ReportArguments& arguments, Work work,
-               StoreUse use = StoreUse::Read)
+int withReport(const Console& console, const ReportArguments& arguments, Work work)
 {
-    return withStore(console, arguments, use, [&](Host& host, DefaultMethods& store) {
+    return withStore(console, arguments, StoreUse::Read, [&](Host& host, DefaultMethods& store) {
         const auto report = findReport(store, arguments.id, arguments.volume.named(host.disk()));
         return report ? work(host, store, **report) : console.fail(report.error().message);
     });
@@ -102,16 +101,16 @@ int listReports(const ReportArguments& arguments, const Console& console)
 /// What the journal last said of each record of the report since that was made.
 RemovalRecords removalsOf(const SpywareScanReport& report, const std::string& dataFolder)
 {
-    std::unordered_map<std::string, std::size_t> places;
-    for (std::size_t i = 0; i < report.spyWareList->size(); ++i)
-        places.emplace(journalKey((*report.spyWareList)[i]->url), i);
-    RemovalRecords records;
+    std::unordered_map<std::string, RemovalRecord> last;
     readRemovalJournal(dataFolder, [&](const RemovalRecord& record) {
-        const auto place = places.find(record.key);
-        if (place != places.end() && isSameVolume(record.volume, report.volume) &&
-            record.time >= report.scanDate)
-            records.insert_or_assign(place->second, record);
+        if (isSameVolume(record.volume, report.volume) && record.time >= report.scanDate)
+            last.insert_or_assign(record.key, record);
     });
+    RemovalRecords records;
+    for (std::size_t i = 0; !last.empty() && i < report.spyWareList->size(); ++i) {
+        if (auto of = last.extract(journalKey((*report.spyWareList)[i]->url)))
+            records.emplace(i, std::move(of.mapped()));
+    }
     return records;
 }
 
@@ -135,7 +134,7 @@ void writeReport(const Console& console, const SpywareScanReport& report,
                 << "Mac:      " << subjectText(report.subject) << "\n\n"
                 << verdictText(report, console) << "\n";
     if (!report.spyWareList->empty())
-        console.out << "\n" << findingsText(*report.spyWareList);
+        writeFindings(*report.spyWareList, console.out << "\n");
     writeRemovals(console, report, dataFolder);
     console.out << "\n" << coverageText(report.coverage);
 }
@@ -249,18 +248,16 @@ int printReport(const ReportArguments& arguments, const Console& console)
 
 int deleteReport(const ReportArguments& arguments, const Console& console)
 {
-    return withReport(
-        console, arguments,
-        [&](Host&, DefaultMethods& store, const SpywareScanReport& report) {
-            if (!console.confirmed("Delete the report of " + localDateText(report.scanDate) + "?",
-                                   arguments.yes))
-                return int{kFailed};
-            const auto deleted = store.deleteReport(report.reportId);
-            if (!deleted)
-                return console.fail(deleted.error().message);
-            return int{kDone};
-        },
-        StoreUse::Write);
+    return withStore(console, arguments, StoreUse::Write, [&](Host& host, DefaultMethods& store) {
+        const auto report = findFacts(store, arguments.id, arguments.volume.named(host.disk()));
+        if (!report)
+            return console.fail(report.error().message);
+        if (!console.confirmed("Delete the report of " + localDateText(report->scanDate) + "?",
+                               arguments.yes))
+            return int{kFailed};
+        const auto deleted = store.deleteReport(report->reportId);
+        return deleted ? int{kDone} : console.fail(deleted.error().message);
+    });
 }
 
 void printChanges(const Console& console, const char* sign, const SpywareList& list)

@@ -8,6 +8,8 @@
 #include "signatures/FlaggedBy.h"
 
 #include <cstdio>
+#include <ostream>
+#include <set>
 
 namespace pryvane::cli {
 
@@ -32,24 +34,34 @@ std::string stateWord(const Spyware& record)
 
 } // namespace
 
-std::string findingsText(const SpywareList& list)
+void writeFindings(const SpywareList& list, std::ostream& out)
 {
     using Align = TextTable::Align;
     if (list.empty())
-        return {};
-    TextTable table({Align::Right, Align::Left, Align::Left, Align::Left, Align::Right, Align::Left,
-                     Align::Left, Align::Left});
-    table.addRow({"#", "Threat", "Risk", "State", "Size", "User", "Evidence", "Location"});
+        return;
     FindingRules rules;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        const Spyware& record = *list[i];
-        table.addRow({std::to_string(i + 1), forTerminal(record.infections),
-                      forTerminal(record.risk), stateWord(record), sizeText(record.size),
-                      forTerminal(whoseText(record)),
-                      forTerminal(evidenceText(rules.flaggedBy(record))),
-                      forTerminal(record.url.relativePath())});
-    }
-    return table.text("  ");
+    std::set<std::string> texts;
+    std::vector<const std::string*> evidence; // a few different texts for any number of findings
+    for (const auto& record : list)
+        evidence.push_back(
+            &*texts.insert(forTerminal(evidenceText(rules.flaggedBy(*record)))).first);
+    const std::vector<std::string> heads{"#",    "Threat", "Risk",     "State",
+                                         "Size", "User",   "Evidence", "Location"};
+    TextTable::write(
+        {Align::Right, Align::Left, Align::Left, Align::Left, Align::Right, Align::Left,
+         Align::Left, Align::Left},
+        list.size() + 1,
+        [&](std::size_t row) {
+            if (row == 0)
+                return heads;
+            const Spyware& record = *list[row - 1];
+            return std::vector<std::string>{
+                std::to_string(row),      forTerminal(record.infections),
+                forTerminal(record.risk), stateWord(record),
+                sizeText(record.size),    forTerminal(whoseText(record)),
+                *evidence[row - 1],       forTerminal(record.url.relativePath())};
+        },
+        "  ", out);
 }
 
 std::string removalsText(const RemovalRecords& records)
@@ -120,12 +132,13 @@ std::string verdictText(const SpywareScanReport& report, const Console& console)
     return "\033[1;31m" + line + "\033[0m";
 }
 
-namespace {
-
-/// The identity of the report that was named.
-Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string_view id,
-                               const std::optional<std::string>& of)
+Result<ReportFacts> findFacts(DefaultMethods& store, std::string_view id,
+                              const std::optional<std::string>& of)
 {
+    auto listed = store.listReports();
+    if (!listed)
+        return listed.error();
+    std::vector<ReportFacts>& list = *listed;
     if (list.empty())
         return Error{"there are no reports yet; pryvane-cli scan makes one"};
     if (id == "latest") {
@@ -133,17 +146,17 @@ Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string
             return Error{"this disk cannot be told from others, so it is not known which report is "
                          "its latest; name one by its identity, as pryvane-cli report list shows "
                          "it"};
-        for (const ReportFacts& report : list) {
+        for (ReportFacts& report : list) {
             if (!of || isSameVolume(report.volume, *of))
-                return report.reportId;
+                return std::move(report);
         }
         return Error{"there are no reports of this disk yet; pryvane-cli report list shows those "
                      "of others"};
     }
-    const ReportFacts* match = nullptr;
-    for (const ReportFacts& report : list) {
+    ReportFacts* match = nullptr;
+    for (ReportFacts& report : list) {
         if (report.reportId == id)
-            return report.reportId;
+            return std::move(report);
         if (!id.empty() && std::string_view(report.reportId).starts_with(id)) {
             if (match) {
                 return Error{"\"" + forTerminal(id) +
@@ -157,21 +170,16 @@ Result<std::string> identityOf(const std::vector<ReportFacts>& list, std::string
         return Error{"there is no report \"" + forTerminal(id) +
                      "\"; pryvane-cli report list shows those there are"};
     }
-    return match->reportId;
+    return std::move(*match);
 }
-
-} // namespace
 
 Result<std::shared_ptr<SpywareScanReport>> findReport(DefaultMethods& store, std::string_view id,
                                                       const std::optional<std::string>& of)
 {
-    const auto list = store.listReports();
-    if (!list)
-        return list.error();
-    const auto identity = identityOf(*list, id, of);
-    if (!identity)
-        return identity.error();
-    return store.loadReport(*identity);
+    const auto facts = findFacts(store, id, of);
+    if (!facts)
+        return facts.error();
+    return store.loadReport(facts->reportId);
 }
 
 } // namespace pryvane::cli

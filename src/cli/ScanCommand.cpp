@@ -102,7 +102,7 @@ void writeText(const Console& console, const SpywareScanReport& report, bool sto
     console.out << verdictText(report, console) << "\n"
                 << "Mac:      " << subjectText(report.subject) << "\n";
     if (!report.spyWareList->empty())
-        console.out << "\n" << findingsText(*report.spyWareList);
+        writeFindings(*report.spyWareList, console.out << "\n");
     console.out << "\n" << coverageText(report.coverage);
     if (stored)
         console.out << "Report: " << forTerminal(report.reportId)

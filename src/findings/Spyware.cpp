@@ -64,7 +64,8 @@ void Spyware::setSpelling(std::string_view path)
 {
     while (path.size() > 1 && path.ends_with('/'))
         path.remove_suffix(1);
-    spelling = path;
+    m_isSpelledAsAsked = !path.empty() && path == url.relativePath();
+    m_spelling = m_isSpelledAsAsked ? std::string_view() : path;
 }
 
 void Spyware::setPresence(Presence now, std::string_view reason)
@@ -93,7 +94,7 @@ const char* presenceWord(Presence presence)
 std::string_view ResultList::placeOf(const Spyware& record)
 {
     const std::string_view asked = record.url.identity();
-    std::string_view spelled = record.spelling;
+    std::string_view spelled = record.spelling();
     if (spelled.starts_with('/'))
         spelled.remove_prefix(1);
     return !spelled.empty() && isSpelledLike(asked, spelled) ? spelled : asked;

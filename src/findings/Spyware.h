@@ -47,8 +47,16 @@ public:
     /// Notes under which absolute path the disk itself has it.
     void setSpelling(std::string_view path);
 
+    /// That absolute path, raw bytes, without a slash at its end; stored. Where letter case or
+    /// normal form do not matter it may differ from the location. Empty: not known, as in older
+    /// reports. Good while the record is as it is.
+    [[nodiscard]] std::string_view spelling() const
+    {
+        return m_isSpelledAsAsked ? std::string_view(url.relativePath()) : m_spelling;
+    }
+
     /// Follows the disk, and isChecked and the row's colour with it. `reason` says in words why it
-    /// cannot be told.
+    /// cannot be told, and lasts as long as the program.
     void setPresence(Presence now, std::string_view reason = {});
 
     /// Known to be there.
@@ -65,21 +73,20 @@ public:
     bool isDeleted = false; ///< its removal succeeded
     bool isNoAction = false;
     Presence presence = Presence::Unknown; ///< when the record was made or read back; not stored
-    std::string presenceReason;            ///< why it is not known, in words
+    std::string_view presenceReason;       ///< why it is not known, in words
     std::string removalFailure; ///< why it could not be removed, for a person; not stored
     std::string removalRemark;  ///< what else is to be known of its removal; not stored
     RowColor redGreen = RowColor::Grey;
-
-    /// Its absolute path as the disk spelled it when a scan found it, raw bytes, without a slash at
-    /// its end; stored. Where letter case or normal form do not matter it may differ from the
-    /// location. Empty: not known, as in older reports.
-    std::string spelling;
 
     /// What stood at the location when a scan found it; stored, and unknown in older reports.
     FileKind kind = FileKind::Unknown;
 
     /// Where it was when a scan found it; none for a record that was read back from the store.
     std::optional<Sighting> seen;
+
+private:
+    std::string m_spelling; ///< where it is not the location's own: there may be a million of these
+    bool m_isSpelledAsAsked = false;
 };
 
 /// In whose home it lies; "whole Mac" for what all share. Raw bytes.

@@ -14,4 +14,20 @@ std::vector<std::string> FileSystem::homes()
     return names;
 }
 
+std::vector<Presence> FileSystem::presencesIn(const FileURL& folder,
+                                              std::span<const std::string_view> names)
+{
+    std::vector<Presence> there;
+    for (const std::string_view name : names) {
+        const auto url = FileURL::fileURLWithPath(joinedPath(folder.relativePath(), name));
+        there.push_back(presence(url));
+        if (there.back() != Presence::Present)
+            continue;
+        const auto spelled = spelledPath(url);
+        if (spelled && *spelled != url.absolutePath())
+            there.back() = Presence::Absent;
+    }
+    return there;
+}
+
 } // namespace pryvane

@@ -80,6 +80,11 @@ public:
     /// folder. Unknown where a folder on the way could not be searched.
     [[nodiscard]] virtual Presence presence(const FileURL& url) = 0;
 
+    /// Whether something stands in the folder under each of these very names, links followed: what
+    /// presence() and spelledPath() say together, for many at once. In the names' order.
+    [[nodiscard]] virtual std::vector<Presence>
+    presencesIn(const FileURL& folder, std::span<const std::string_view> names);
+
     /// What stands at the location itself, links not followed at its end.
     [[nodiscard]] virtual FileKind kind(const FileURL& url) = 0;
 

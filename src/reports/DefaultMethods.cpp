@@ -120,7 +120,7 @@ Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::loadReport(std::strin
     }();
     if (found) {
         (*found)->derive(m_clock.now());
-        followDisk({*found}, m_disk);
+        followDisk(**found, m_disk);
     }
     return found;
 }

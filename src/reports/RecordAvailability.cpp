@@ -1,5 +1,7 @@
 #include "reports/RecordAvailability.h"
 
+#include <algorithm>
+
 namespace pryvane {
 
 std::string_view whyNotAsked(const SpywareScanReport& report, std::string_view here)
@@ -20,13 +22,13 @@ Presence DiskPresence::of(const SpywareScanReport& report, const Spyware& record
     const auto [entry, isNew] = m_known.try_emplace(path, Presence::Unknown);
     if (isNew)
         entry->second = m_disk.presence(record.url);
-    if (entry->second != Presence::Present || record.spelling.empty())
+    if (entry->second != Presence::Present || record.spelling().empty())
         return entry->second;
     // What has a similar name is not what was found.
-    const auto [spelled, isFirst] = m_spelled.try_emplace(record.spelling, true);
+    const auto [spelled, isFirst] = m_spelled.try_emplace(record.spelling(), true);
     if (isFirst) {
-        const auto now = m_disk.spelledPath(FileURL::fileURLWithPath(record.spelling));
-        spelled->second = !now || *now == record.spelling;
+        const auto now = m_disk.spelledPath(FileURL::fileURLWithPath(record.spelling()));
+        spelled->second = !now || *now == record.spelling();
     }
     return spelled->second ? Presence::Present : Presence::Absent;
 }
@@ -37,6 +39,71 @@ std::string_view whyNotKnown(const SpywareScanReport& report, const Spyware& rec
     if (const auto why = whyNotAsked(report, here); !why.empty())
         return why;
     return record.url.relativePath().empty() ? "its path is damaged" : kUnsearchable;
+}
+
+namespace {
+
+/// The folder and the name of a record that the disk had under the very path that is asked for;
+/// none for any other.
+struct InFolder {
+    std::string_view folder, name;
+
+    explicit InFolder(const Spyware& record)
+    {
+        const std::string_view path = record.url.relativePath();
+        const std::size_t slash = path.rfind('/');
+        if (path != record.spelling() || slash == std::string_view::npos ||
+            slash + 1 == path.size())
+            return;
+        folder = path.substr(0, slash + 1);
+        name = path.substr(slash + 1);
+        if (name == "." || name == "..")
+            name = {};
+    }
+    explicit operator bool() const { return !name.empty(); }
+};
+
+} // namespace
+
+std::vector<Presence> presencesOf(const SpywareScanReport& report, FileSystem& disk,
+                                  const StopFlag& stop)
+{
+    constexpr std::size_t kMostAtOnce = 1000; // so that a stop ends it soon
+    const SpywareList& records = *report.spyWareList;
+    std::vector<Presence> there(records.size(), Presence::Unknown);
+    if (!isSameVolume(report.volume, disk.identity()))
+        return there;
+    DiskPresence others(disk);
+    std::vector<std::string_view> names;
+    for (std::size_t i = 0; i < records.size() && !stop.requested();) {
+        const InFolder first(*records[i]);
+        if (!first) {
+            there[i] = others.of(report, *records[i]);
+            ++i;
+            continue;
+        }
+        names.clear();
+        for (std::size_t k = i; k < records.size() && names.size() < kMostAtOnce; ++k) {
+            const InFolder next(*records[k]);
+            if (next.folder != first.folder)
+                break;
+            names.push_back(next.name);
+        }
+        const auto answers = disk.presencesIn(FileURL::fileURLWithPath(first.folder), names);
+        std::ranges::copy(answers, there.begin() + static_cast<std::ptrdiff_t>(i));
+        i += answers.size();
+    }
+    return there;
+}
+
+void followDisk(SpywareScanReport& report, FileSystem& disk)
+{
+    const auto there = presencesOf(report, disk, StopFlag());
+    const std::string here = disk.identity();
+    for (std::size_t i = 0; i < there.size(); ++i) {
+        Spyware& record = *(*report.spyWareList)[i];
+        record.setPresence(there[i], whyNotKnown(report, record, here));
+    }
 }
 
 void followDisk(const ReportList& reports, FileSystem& disk)

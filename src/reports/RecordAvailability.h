@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/StopFlag.h"
 #include "platform/FileSystem.h"
 #include "reports/SpywareScanReport.h"
 
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace pryvane {
 
@@ -35,6 +37,14 @@ private:
     std::unordered_map<std::string_view, Presence> m_known;
     std::unordered_map<std::string_view, bool> m_spelled; ///< whether that very name is there
 };
+
+/// The same of all records of one report, in their order, with as few questions as that takes.
+/// Unknown for what a stop leaves out. Any thread.
+[[nodiscard]] std::vector<Presence> presencesOf(const SpywareScanReport& report, FileSystem& disk,
+                                                const StopFlag& stop);
+
+/// Makes the report's records follow the disk as it is now.
+void followDisk(SpywareScanReport& report, FileSystem& disk);
 
 /// Makes the records of all reports follow the disk as it is now. The records of another volume
 /// than `disk`, and of one that cannot be told from others, are not known.

@@ -21,10 +21,13 @@ struct ReportFacts {
     std::string verdictLine;
     bool tellsVerdict = false; ///< false in the facts of older reports, as they are stored
     Date scanDate{};
+    double seconds = 0; ///< how long the scan took; 0 in older reports
     bool isRed = false;
     std::uint64_t spyWareCount = 0;   ///< its low 8 bits
     std::uint64_t findings = 0;       ///< all of them
     std::vector<std::string> threats; ///< their names, each once
+
+    [[nodiscard]] bool hasThreats() const { return findings != 0 || spyWareCount != 0; }
 };
 
 } // namespace pryvane

@@ -86,7 +86,8 @@ std::string presenceText(const Spyware& record)
     case Presence::Unknown:
         break;
     }
-    return record.presenceReason.empty() ? kNotKnown : "not known: " + record.presenceReason;
+    return record.presenceReason.empty() ? kNotKnown
+                                         : "not known: " + std::string(record.presenceReason);
 }
 
 void summary(std::string& page, const SpywareScanReport& report)

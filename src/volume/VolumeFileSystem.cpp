@@ -155,6 +155,25 @@ Presence VolumeFileSystem::presence(const FileURL& url)
     return presenceOf(m_root->probe("/" + spelled.path + (url.mustBeFolder() ? "/" : "")));
 }
 
+/// The way to the folder is gone once; of what stands in it only links are followed one by one.
+std::vector<Presence> VolumeFileSystem::presencesIn(const FileURL& folder,
+                                                    std::span<const std::string_view> names)
+{
+    const auto opened = m_root->openFolder(folder.relativePath(), FolderUse::Search);
+    std::vector<Presence> there(names.size(), presenceOf(opened.error));
+    for (std::size_t i = 0; opened.fd && i < names.size(); ++i) {
+        struct stat data {};
+        const std::string name(names[i]);
+        const int error =
+            fstatat(opened.fd.get(), name.c_str(), &data, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
+        there[i] = presenceOf(error);
+        // An implied link has no entry of its own.
+        if (error == 0 ? S_ISLNK(data.st_mode) : m_implied.targetOf(name).has_value())
+            there[i] = presenceOf(m_root->probe(joinedPath(folder.relativePath(), name)));
+    }
+    return there;
+}
+
 VolumeFileSystem::Place VolumeFileSystem::placeOf(const std::string& path, bool mustBeFolder) const
 {
     Place place;

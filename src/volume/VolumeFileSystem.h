@@ -33,6 +33,8 @@ public:
     }
 
     [[nodiscard]] Presence presence(const FileURL& url) override;
+    [[nodiscard]] std::vector<Presence>
+    presencesIn(const FileURL& folder, std::span<const std::string_view> names) override;
     [[nodiscard]] FileKind kind(const FileURL& url) override;
     [[nodiscard]] std::optional<Sighting> sighting(const FileURL& url) override;
     [[nodiscard]] std::optional<FileIdentity> fileIdentity(const FileURL& url) override;

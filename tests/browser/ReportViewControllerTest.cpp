@@ -1,4 +1,6 @@
 #include "browser/BrowserFixture.h"
+#include "platform/ReportStore.h"
+#include "reports/ReportCodec.h"
 
 namespace pryvane {
 namespace {
@@ -48,7 +50,7 @@ TEST_F(ReportViewControllerTest, FiltersSearchesAndCompares)
         std::vector<std::string> texts;
         for (std::size_t i = 0; i < browser.rows().size(); ++i)
             texts.push_back(browser.rows().row(i).kind + " " +
-                            std::to_string(browser.rows().report(i)->spyWareCount));
+                            std::to_string(browser.rows().report(i).spyWareCount));
         return texts;
     };
     browser.setFilter(ReportFilter::Clean);
@@ -68,7 +70,12 @@ TEST_F(ReportViewControllerTest, FiltersSearchesAndCompares)
     ASSERT_EQ(browser.rows().size(), 3U);
 
     for (const bool turned : {false, true}) {
-        const ReportComparison changes = browser.compare(turned ? 0 : 2, turned ? 2 : 0);
+        ReportComparison changes;
+        browser.compare(turned ? 0 : 2, turned ? 2 : 0, [&](const ComparedReports& compared) {
+            EXPECT_LT(compared.earlier->scanDate, compared.later->scanDate);
+            changes = compared.changes;
+        });
+        settle();
         ASSERT_EQ(changes.added.size(), 1U);
         EXPECT_EQ(changes.added[0]->url.relativePath(), "/tmp/new");
         EXPECT_EQ(changes.gone[0]->url.relativePath(), "/tmp/old");
@@ -152,7 +159,7 @@ TEST_F(ReportViewControllerTest, ThreeHundredFindingsCountFortyFour)
         paths.push_back("/tmp/finding" + std::to_string(i));
     store(paths);
     showList();
-    EXPECT_EQ(browser.rows().report(0)->spyWareCount, 44U);
+    EXPECT_EQ(browser.rows().report(0).spyWareCount, 44U);
     open(0);
     EXPECT_EQ(browser.details().spyWareCount, 44U);
     EXPECT_EQ(threats().size(), 300U);
@@ -240,6 +247,41 @@ TEST_F(ReportViewControllerTest, ADamagedListIsEmptyAndKeptForALaterLook)
     EXPECT_FALSE(browser.isReportAvailable());
     EXPECT_EQ(log.lines().size(), 1U) << "told once";
     EXPECT_EQ(defaults.getBytes(preferences::kSaveReport), Bytes{"not a list"});
+}
+
+/// Values that cannot be decoded: whoever looked at one would leave its report out and say so.
+TEST_F(ReportViewControllerTest, ListsWithoutReadingAnyReport)
+{
+    constexpr std::size_t kReports = 10'000;
+    const auto sample = store({"/tmp/a", "/tmp/b"});
+    ASSERT_TRUE(defaults.reports().replaceAll(kReports, [&](std::size_t i) {
+        sample->reportId = "report " + std::to_string(i);
+        return NewReport{sample->reportId, encodeFacts(*sample),
+                         [](const PieceSink& sink) { return sink("nonsense"); }};
+    }));
+    showList();
+    browser.setSearch("quick okaz");
+    browser.setFilter(ReportFilter::Found);
+    ASSERT_EQ(browser.rows().size(), kReports);
+    const ReportRow row = browser.rows().row(kReports - 1);
+    EXPECT_TRUE(row.hasThreats && row.redGreen == kReportRed);
+    EXPECT_EQ(row.duration, " 2 seconds");
+    EXPECT_TRUE(log.lines().empty() && browser.notice().empty());
+
+    open(7);
+    EXPECT_FALSE(browser.isReportDetails());
+    EXPECT_THAT(browser.notice(), HasSubstr("report 7 is damaged"));
+    browser.compare(0, 1, [](const ComparedReports&) { ADD_FAILURE(); });
+    settle();
+    EXPECT_THAT(browser.notice(), HasSubstr("cannot be compared"));
+
+    // One that was opened, or closed, before another was read stays.
+    store({"/tmp/c"});
+    showList();
+    browser.openThisReport(0);
+    notifications.post(NotificationName::RefreshReport, std::any(sample));
+    settle();
+    EXPECT_EQ(browser.report(), sample);
 }
 
 TEST_F(ReportViewControllerTest, PrintsWithoutHoldingTheMainThread)

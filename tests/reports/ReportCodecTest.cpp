@@ -106,9 +106,9 @@ TEST(ReportCodec, KeepsTheSpellingOfTheDiskAndWhereItIsNotKnown)
     (*report->spyWareList)[0]->setSpelling("/tmp/a/");
     (*report->spyWareList)[1]->setSpelling("/private/tmp/B\xff");
     const auto back = roundTrip(report);
-    EXPECT_EQ((*back->spyWareList)[0]->spelling, "/tmp/a");
-    EXPECT_EQ((*back->spyWareList)[1]->spelling, "/private/tmp/B\xff");
-    EXPECT_EQ((*back->spyWareList)[2]->spelling, "");
+    EXPECT_EQ((*back->spyWareList)[0]->spelling(), "/tmp/a");
+    EXPECT_EQ((*back->spyWareList)[1]->spelling(), "/private/tmp/B\xff");
+    EXPECT_EQ((*back->spyWareList)[2]->spelling(), "");
 }
 
 TEST(ReportCodec, KeepsDatesToTheMillisecondAndClampsImpossibleOnes)

@@ -111,11 +111,15 @@ void ReportBrowserView::focusFilter()
 
 void ReportBrowserView::compare(int row, int otherRow)
 {
-    const auto first = static_cast<std::size_t>(row), second = static_cast<std::size_t>(otherRow);
-    const ReportRows& rows = m_controller.rows();
-    auto* sheet = new ComparisonSheet(this, *rows.report(first), *rows.report(second),
-                                      m_controller.compare(first, second));
-    sheet->present();
+    m_controller.compare(static_cast<std::size_t>(row), static_cast<std::size_t>(otherRow),
+                         [view = QPointer(this)](ComparedReports compared) {
+                             if (!view)
+                                 return;
+                             auto* sheet =
+                                 new ComparisonSheet(view, *compared.earlier, *compared.later,
+                                                     std::move(compared.changes));
+                             sheet->present();
+                         });
 }
 
 void ReportBrowserView::openPlan()

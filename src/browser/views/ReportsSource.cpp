@@ -11,10 +11,10 @@ namespace pryvane {
 
 namespace {
 
-ui::Cell stateCell(const SpywareScanReport& report)
+ui::Cell stateCell(const ReportFacts& report)
 {
-    ui::Cell cell = verdictCell(report.verdict());
-    cell.tooltip = ui::text(report.verdictLine());
+    ui::Cell cell = verdictCell(report.verdict);
+    cell.tooltip = ui::text(report.verdictLine);
     return cell;
 }
 
@@ -55,7 +55,7 @@ const ReportRow& ReportsSource::texts(int row) const
 
 ui::Cell ReportsSource::cell(int row, int column) const
 {
-    const SpywareScanReport& report = *m_rows.report(static_cast<std::size_t>(row));
+    const ReportFacts& report = m_rows.report(static_cast<std::size_t>(row));
     switch (column) {
     case State:
         return stateCell(report);
@@ -69,12 +69,12 @@ ui::Cell ReportsSource::cell(int row, int column) const
         return {.text = ui::text(texts(row).mac), .tooltip = ui::text(subjectText(report.subject))};
     case Findings: {
         // The count of the report itself is stored with its low eight bits only.
-        const auto findings = static_cast<qint64>(report.spyWareList->size());
+        const auto findings = static_cast<qint64>(report.findings);
         return {.text = QLocale().toString(findings), .number = findings};
     }
     case Duration:
         return {.text = ui::text(texts(row).duration).simplified(),
-                .number = static_cast<qint64>(report.coverage.seconds * 1000)};
+                .number = static_cast<qint64>(report.seconds * 1000)};
     case Action:
         return actionCell(texts(row));
     default:
@@ -85,7 +85,7 @@ ui::Cell ReportsSource::cell(int row, int column) const
 /// The one grouping there is goes by Mac.
 QString ReportsSource::group(int row, int /*grouping*/) const
 {
-    const Subject& subject = m_rows.report(static_cast<std::size_t>(row))->subject;
+    const Subject& subject = m_rows.report(static_cast<std::size_t>(row)).subject;
     return ui::text(forScreen(macName(subject)));
 }
 

@@ -37,8 +37,12 @@ void RecordRemoval::each(const RecordSelection& selection, const StopFlag& stop,
         const Spyware& record = *selection.records[i];
         if (refusal(selection, record) != RemovalObstacle::None)
             continue;
-        items.push_back(
-            {record.url, record.seen, RemovalScope::Item, record.kind, {}, record.spelling});
+        items.push_back({record.url,
+                         record.seen,
+                         RemovalScope::Item,
+                         record.kind,
+                         {},
+                         std::string(record.spelling())});
         places.push_back(i);
     }
     std::size_t next = 0;

@@ -90,11 +90,13 @@ ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts, 
         {{{"Machine Name :", mac.model}, {"Scan Duration :", report.scanDuration}}},
         {{{"Machine Serial Number :", mac.serialNumber}, {"Infections :", report.countText()}}},
     }};
-    DiskPresence presence(disk);
+    const auto there = presencesOf(report, disk, StopFlag());
     texts.rows.reserve(report.spyWareList->size());
-    for (const auto& record : *report.spyWareList)
-        texts.rows.push_back({pathText(report, *record), record->infections, record->risk,
-                              statusText(presence.of(report, *record))});
+    for (std::size_t i = 0; i < there.size(); ++i) {
+        const Spyware& record = *(*report.spyWareList)[i];
+        texts.rows.push_back(
+            {pathText(report, record), record.infections, record.risk, statusText(there[i])});
+    }
     return texts;
 }
 
