@@ -63,7 +63,7 @@ ReportList sampleReports()
             const std::string path = "/Users/jane/Library/Application Support/com.vendor.product-" +
                                      std::to_string(number++ * 7919 % kDistinctPaths) + "/Helper";
             record->url = FileURL::fileURLWithPath(path);
-            record->name = record->url.lastPathComponent();
+            record->setName(record->url.lastPathComponent());
             record->infections = families[j % 3];
             record->size = 4096L * j;
             record->risk = kHighRisk;
@@ -169,7 +169,7 @@ std::shared_ptr<SpywareScanReport> largeReport(int findings)
         record->url =
             FileURL::fileURLWithPath("/Users/jane/dev/project-" + std::to_string(i / 1000) +
                                      "/component-" + std::to_string(i));
-        record->name = record->url.lastPathComponent();
+        record->setName(record->url.lastPathComponent());
         record->infections = "Okaz Installer";
         record->risk = kHighRisk;
         list->push_back(std::move(record));

@@ -32,7 +32,7 @@ QString qt(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QByteArray qtBytes(const std::string& bytes)
+QByteArray qtBytes(std::string_view bytes)
 {
     return QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
@@ -181,7 +181,7 @@ QtPeer::QtPeer(const ReportList& reports) : m_lists(std::make_unique<Lists>())
         copy.isRed = report->isRed;
         copy.volume = qtBytes(report->volume);
         for (const auto& record : *report->spyWareList)
-            copy.records.append({qt(record->name), qt(record->infections),
+            copy.records.append({qt(record->name()), qt(record->infections),
                                  qt(record->url.urlText()), qt(record->risk), qt("unknown"),
                                  qtBytes(record->url.relativePath()), qtBytes(record->user),
                                  record->size, record->isChecked});

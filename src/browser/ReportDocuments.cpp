@@ -18,11 +18,11 @@ Result<Done> write(const SpywareScanReport& report, ExportFormat format, const s
 {
     switch (format) {
     case ExportFormat::Json:
-        return writeWholeFile(path, reportAsJson(report));
+        return writeWholeFile(path, [&](const TextSink& sink) { writeAsJson(report, sink); });
     case ExportFormat::Csv:
-        return writeWholeFile(path, reportAsCsv(report));
+        return writeWholeFile(path, [&](const TextSink& sink) { writeAsCsv(report, sink); });
     case ExportFormat::Html:
-        return writeWholeFile(path, reportAsHtml(report));
+        return writeWholeFile(path, [&](const TextSink& sink) { writeAsHtml(report, sink); });
     case ExportFormat::Pdf:
         break;
     }

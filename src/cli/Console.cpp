@@ -17,6 +17,11 @@ int Console::fail(std::string_view message) const
     return kFailed;
 }
 
+std::function<void(std::string_view)> Console::sink() const
+{
+    return [&data = out](std::string_view text) { data << text; };
+}
+
 void Console::say(std::string_view message) const
 {
     err << "pryvane-cli: " << message << std::endl;

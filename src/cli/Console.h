@@ -31,6 +31,8 @@ struct Console {
 
     /// One line of error on `err`; returns kFailed.
     int fail(std::string_view message) const;
+    /// Takes data.
+    [[nodiscard]] std::function<void(std::string_view)> sink() const;
     /// One line of other words on `err`.
     void say(std::string_view message) const;
 

@@ -198,11 +198,11 @@ int exportReport(const ReportArguments& arguments, const Console& console)
                           const ReportAppendix* const appendix = *facts ? &**facts : nullptr;
                           sayWhatIsNotKnown(console, host, report);
                           if (arguments.format == "csv")
-                              console.out << reportAsCsv(report);
+                              writeAsCsv(report, console.sink());
                           else if (arguments.format == "html")
-                              console.out << reportAsHtml(report, appendix);
+                              writeAsHtml(report, console.sink(), appendix);
                           else
-                              console.out << reportAsJson(report, appendix);
+                              writeAsJson(report, console.sink(), appendix);
                           return int{kDone};
                       });
 }

@@ -157,7 +157,7 @@ int runScan(const ScanArguments& arguments, const Console& console)
     if (arguments.facts && finished)
         facts = factsAppendix((*host)->disk(), (*host)->whose(), console.interrupted);
     if (arguments.format == "json")
-        console.out << reportAsJson(*report, facts ? &*facts : nullptr);
+        writeAsJson(*report, console.sink(), facts ? &*facts : nullptr);
     else
         writeText(console, *report, kept);
     if (facts && arguments.format != "json")

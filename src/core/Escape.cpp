@@ -1,5 +1,6 @@
 #include "core/Escape.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -55,6 +56,7 @@ bool isDeceptive(char32_t c)
     return (c & 0xfffe) == 0xfffe;
 }
 
+/// Of those that are not plain.
 void appendAscii(std::string& out, char c)
 {
     switch (c) {
@@ -71,11 +73,14 @@ void appendAscii(std::string& out, char c)
         out += "\\\\";
         break;
     default:
-        if (c < 0x20 || c == 0x7f)
-            appendByteEscape(out, static_cast<unsigned char>(c));
-        else
-            out += c;
+        appendByteEscape(out, static_cast<unsigned char>(c));
     }
+}
+
+/// Whether it stands for itself in every text.
+bool isPlain(char c)
+{
+    return c >= 0x20 && c < 0x7f && c != '\\';
 }
 
 std::string withEntities(const std::string& text, bool quotesToo)
@@ -155,6 +160,12 @@ std::string forScreen(std::string_view bytes)
     std::string out;
     out.reserve(bytes.size());
     while (!bytes.empty()) {
+        const auto plain =
+            static_cast<std::size_t>(std::ranges::find_if_not(bytes, isPlain) - bytes.begin());
+        out.append(bytes.substr(0, plain));
+        bytes.remove_prefix(plain);
+        if (bytes.empty())
+            break;
         char32_t c = 0;
         const std::size_t length = decodeUtf8(bytes, c);
         if (length == 0) {

@@ -26,7 +26,8 @@ Error failure(const std::string& path, std::string_view what, int error)
 class FileBeside {
 public:
     explicit FileBeside(const std::string& path)
-        : m_name(path + ".XXXXXX"), m_fd(mkostemp(m_name.data(), O_CLOEXEC)), m_error(errno)
+        : m_name(path + ".XXXXXX"), m_fd(mkostemp(m_name.data(), O_CLOEXEC)),
+          m_error(m_fd >= 0 ? 0 : errno)
     {
     }
     ~FileBeside()
@@ -39,23 +40,25 @@ public:
     FileBeside(const FileBeside&) = delete;
     FileBeside& operator=(const FileBeside&) = delete;
 
-    /// Why there is no file; 0 where there is one.
-    [[nodiscard]] int error() const { return m_fd >= 0 ? 0 : m_error; }
+    /// Why there is no file, or what kept it from being written; 0 where all is well.
+    [[nodiscard]] int error() const { return m_error; }
+
+    void add(std::string_view bytes)
+    {
+        m_waiting += bytes;
+        if (m_waiting.size() >= kWrittenAtOnce)
+            flush();
+    }
 
     /// 0, or the errno that kept the bytes from being safe on the disk.
-    [[nodiscard]] int fill(std::string_view bytes)
+    [[nodiscard]] int finish()
     {
-        while (!bytes.empty()) {
-            const ssize_t written = write(m_fd, bytes.data(), bytes.size());
-            if (written < 0 && errno == EINTR)
-                continue;
-            if (written <= 0)
-                return written < 0 ? errno : ENOSPC;
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        }
-        if (syncToDevice(m_fd) != 0)
-            return errno;
-        return close(std::exchange(m_fd, -1)) == 0 ? 0 : errno;
+        flush();
+        if (m_error == 0 && syncToDevice(m_fd) != 0)
+            m_error = errno;
+        if (close(std::exchange(m_fd, -1)) != 0 && m_error == 0)
+            m_error = errno;
+        return m_error;
     }
 
     [[nodiscard]] int takePlaceOf(const std::string& path)
@@ -67,10 +70,28 @@ public:
     }
 
 private:
+    static constexpr std::size_t kWrittenAtOnce = 1 << 16;
+
+    void flush()
+    {
+        std::string_view bytes = m_waiting;
+        while (m_error == 0 && !bytes.empty()) {
+            const ssize_t written = write(m_fd, bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR)
+                continue;
+            if (written <= 0)
+                m_error = written < 0 ? errno : ENOSPC;
+            else
+                bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        m_waiting.clear();
+    }
+
     std::string m_name;
     int m_fd;
     int m_error;
     bool m_made = m_fd >= 0;
+    std::string m_waiting;
 };
 
 /// The name in its folder is only safe once the folder is. Some file systems cannot sync a folder;
@@ -90,6 +111,12 @@ void syncFolderOf(const std::string& path)
 
 Result<Done> writeWholeFile(const std::string& path, std::string_view bytes)
 {
+    return writeWholeFile(path, [&](const TextSink& sink) { sink(bytes); });
+}
+
+Result<Done> writeWholeFile(const std::string& path,
+                            const std::function<void(const TextSink&)>& fill)
+{
     struct stat there {};
     if (lstat(path.c_str(), &there) == 0 && !S_ISREG(there.st_mode))
         return Error{forScreen(path) +
@@ -98,7 +125,8 @@ Result<Done> writeWholeFile(const std::string& path, std::string_view bytes)
     FileBeside file(path);
     if (file.error() != 0)
         return failure(path, "no file can be made in its folder", file.error());
-    if (const int error = file.fill(bytes); error != 0)
+    fill([&](std::string_view bytes) { file.add(bytes); });
+    if (const int error = file.finish(); error != 0)
         return failure(path, "cannot be written", error);
     if (const int error = file.takePlaceOf(path); error != 0)
         return failure(path, "cannot be replaced", error);

@@ -2,6 +2,7 @@
 
 #include "core/Result.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -40,5 +41,12 @@ private:
 /// Writes a file that only its owner may read, so that `path` holds either what it held before or
 /// all of `bytes`, also after a power cut. Refuses to replace anything but a regular file.
 [[nodiscard]] Result<Done> writeWholeFile(const std::string& path, std::string_view bytes);
+
+/// Takes a text, bit by bit.
+using TextSink = std::function<void(std::string_view bytes)>;
+
+/// The same of what `fill` hands over, which need not be in memory whole.
+[[nodiscard]] Result<Done> writeWholeFile(const std::string& path,
+                                          const std::function<void(const TextSink&)>& fill);
 
 } // namespace pryvane

@@ -44,10 +44,10 @@ std::shared_ptr<Spyware> Spyware::SpyWareSeen(std::string_view name, std::string
                                               std::string_view risk)
 {
     auto record = std::make_shared<Spyware>();
-    record->name = name;
     record->infections = infections;
     record->size = size;
     record->url = url;
+    record->setName(name);
     record->risk = risk;
     record->setPresence(Presence::Present);
     return record;
@@ -58,6 +58,12 @@ void Spyware::setSighting(const std::optional<Sighting>& sighting)
     kind = sighting ? sighting->kind : FileKind::Unknown;
     // A walk that could not tell the folder leaves its inode 0.
     seen = sighting && sighting->inode != 0 ? sighting : std::nullopt;
+}
+
+void Spyware::setName(std::string_view name)
+{
+    m_isNamedAsLocated = name == url.lastPathComponent();
+    m_name = m_isNamedAsLocated ? std::string_view() : name;
 }
 
 void Spyware::setSpelling(std::string_view path)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/SharedText.h"
 #include "platform/FileSystem.h"
 #include "platform/FileURL.h"
 
@@ -52,7 +53,8 @@ public:
     /// reports. Good while the record is as it is.
     [[nodiscard]] std::string_view spelling() const
     {
-        return m_isSpelledAsAsked ? std::string_view(url.relativePath()) : m_spelling;
+        return m_isSpelledAsAsked ? std::string_view(url.relativePath())
+                                  : std::string_view(m_spelling);
     }
 
     /// Follows the disk, and isChecked and the row's colour with it. `reason` says in words why it
@@ -62,20 +64,26 @@ public:
     /// Known to be there.
     [[nodiscard]] bool isAvail() const { return presence == Presence::Present; }
 
-    std::string name;       ///< last path component as raw bytes, or "ARD"
-    std::string infections; ///< the threat's family label
-    std::int64_t size = 0;  ///< bytes
+    /// The last path component as raw bytes, or "ARD". Good while the record is as it is.
+    [[nodiscard]] std::string_view name() const
+    {
+        return m_isNamedAsLocated ? url.lastPathComponent() : std::string_view(m_name);
+    }
+    void setName(std::string_view name);
+
+    SharedText infections; ///< the threat's family label
+    std::int64_t size = 0; ///< bytes
     FileURL url;
-    std::string risk;
-    std::string
+    SharedText risk;
+    SharedText
         user; ///< in whose home it lies, as Users.h names them; empty: in a place that all share
     bool isChecked = false; ///< selected for removal
     bool isDeleted = false; ///< its removal succeeded
     bool isNoAction = false;
     Presence presence = Presence::Unknown; ///< when the record was made or read back; not stored
     std::string_view presenceReason;       ///< why it is not known, in words
-    std::string removalFailure; ///< why it could not be removed, for a person; not stored
-    std::string removalRemark;  ///< what else is to be known of its removal; not stored
+    SharedText removalFailure; ///< why it could not be removed, for a person; not stored
+    SharedText removalRemark;  ///< what else is to be known of its removal; not stored
     RowColor redGreen = RowColor::Grey;
 
     /// What stood at the location when a scan found it; stored, and unknown in older reports.
@@ -85,14 +93,15 @@ public:
     std::optional<Sighting> seen;
 
 private:
-    std::string m_spelling; ///< where it is not the location's own: there may be a million of these
-    bool m_isSpelledAsAsked = false;
+    // Where they are not the location's own: there may be a million of these.
+    SharedText m_name, m_spelling;
+    bool m_isNamedAsLocated = false, m_isSpelledAsAsked = false;
 };
 
 /// In whose home it lies; "whole Mac" for what all share. Raw bytes.
 [[nodiscard]] inline std::string_view whoseText(const Spyware& record)
 {
-    return record.user.empty() ? std::string_view("whole Mac") : record.user;
+    return record.user.empty() ? std::string_view("whole Mac") : std::string_view(record.user);
 }
 
 using SpywareList = std::vector<std::shared_ptr<Spyware>>;

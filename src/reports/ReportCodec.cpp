@@ -23,15 +23,15 @@ void writeReport(CborWriter& out, const SpywareScanReport& report)
         writeRecord(out, *record);
 }
 
-void readRecords(CborReader& in, SpywareList& records)
+void readRecords(CborReader& in, SpywareList& records, SharedTexts& texts)
 {
     auto elements = in.array();
     while (in.more(elements))
-        records.push_back(readRecord(in));
+        records.push_back(readRecord(in, texts));
 }
 
 /// `complete` tells whether the map held what makes a report one.
-std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete,
+std::shared_ptr<SpywareScanReport> readReport(CborReader& in, SharedTexts& texts, bool& complete,
                                               std::uint64_t* findings = nullptr)
 {
     auto report = std::make_shared<SpywareScanReport>();
@@ -46,7 +46,7 @@ std::shared_ptr<SpywareScanReport> readReport(CborReader& in, bool& complete,
         else if (key == key::kSpyWareList) {
             hasList = true;
             report->spyWareList->clear();
-            readRecords(in, *report->spyWareList);
+            readRecords(in, *report->spyWareList, texts);
         } else if (findings && key == key::kFindings)
             *findings = static_cast<std::uint64_t>(in.integer());
         else
@@ -66,7 +66,7 @@ std::size_t estimatedSize(const ReportList& reports)
     for (const auto& report : reports) {
         size += 512;
         for (const auto& record : *report->spyWareList)
-            size += 108 + record->name.size() + record->infections.size() +
+            size += 108 + record->name().size() + record->infections.size() +
                     2 * record->url.relativePath().size();
     }
     return size;
@@ -110,11 +110,11 @@ bool ReportDecoder::add(std::string_view piece)
     bool complete = true;
     if (m_report) {
         const std::size_t before = m_report->spyWareList->size();
-        readRecords(in, *m_report->spyWareList);
+        readRecords(in, *m_report->spyWareList, m_texts);
         complete = m_report->spyWareList->size() > before;
     } else {
         static_cast<void>(in.takeTag(kSelfDescribedTag));
-        m_report = readReport(in, complete, &m_findings);
+        m_report = readReport(in, m_texts, complete, &m_findings);
     }
     m_damaged = !complete || !in.finished() || m_report->spyWareList->size() > m_findings;
     return !m_damaged;
@@ -199,11 +199,12 @@ Result<ReportList> decodeReports(std::string_view bytes)
 {
     CborReader in(bytes);
     ReportList reports;
+    SharedTexts texts;
     static_cast<void>(in.takeTag(kSelfDescribedTag));
     auto elements = in.array();
     while (in.more(elements)) {
         bool complete = false;
-        reports.push_back(readReport(in, complete));
+        reports.push_back(readReport(in, texts, complete));
         if (!complete)
             break;
     }

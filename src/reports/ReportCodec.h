@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Result.h"
+#include "core/SharedText.h"
 #include "platform/ReportStore.h"
 #include "reports/ReportFacts.h"
 #include "reports/SpywareScanReport.h"
@@ -32,6 +33,7 @@ public:
 private:
     std::shared_ptr<SpywareScanReport> m_report;
     std::uint64_t m_findings = 0; ///< it must have in the end
+    SharedTexts m_texts;
     bool m_damaged = false;
 };
 

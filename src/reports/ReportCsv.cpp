@@ -31,7 +31,7 @@ std::string cell(std::string_view bytes)
 
 } // namespace
 
-std::string reportAsCsv(const SpywareScanReport& report)
+void writeAsCsv(const SpywareScanReport& report, const TextSink& sink)
 {
     std::string csv(kHeader);
     FindingRules rules;
@@ -43,7 +43,7 @@ std::string reportAsCsv(const SpywareScanReport& report)
     std::size_t item = 0;
     for (const auto& record : *report.spyWareList) {
         csv += std::to_string(++item) + ',';
-        csv += cell(record->name) + ',';
+        csv += cell(record->name()) + ',';
         csv += cell(record->infections) + ',';
         csv += std::to_string(record->size) + ',';
         csv += cell(record->url.relativePath()) + ',';
@@ -56,8 +56,10 @@ std::string reportAsCsv(const SpywareScanReport& report)
         csv += cell(flaggedBy.text) + ',';
         csv += std::string(presenceWord(record->presence)) + ',';
         csv += cell(record->user) + ',' + whole;
+        sink(csv);
+        csv.clear();
     }
-    return csv;
+    sink(csv);
 }
 
 } // namespace pryvane

@@ -350,7 +350,7 @@ void writeRecord(CborWriter& out, const Spyware& record)
 {
     const std::string_view spelling = record.spelling();
     out.map(spelling.empty() ? 9 : 10);
-    out.text(key::kName).textOrBytes(record.name);
+    out.text(key::kName).textOrBytes(record.name());
     out.text(key::kIsChecked).boolean(record.isChecked);
     out.text(key::kInfections).textOrBytes(record.infections);
     out.text(key::kSize).integer(record.size);
@@ -364,9 +364,10 @@ void writeRecord(CborWriter& out, const Spyware& record)
             .bytes(isAsLocated(spelling, record.url) ? std::string_view() : spelling);
 }
 
-std::shared_ptr<Spyware> readRecord(CborReader& in)
+std::shared_ptr<Spyware> readRecord(CborReader& in, SharedTexts& texts)
 {
     auto record = std::make_shared<Spyware>();
+    std::string_view name;
     std::optional<std::string_view> path;
     std::optional<std::string_view> spelling;
     std::string_view url;
@@ -374,21 +375,21 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
     while (in.more(fields)) {
         const std::string_view key = in.key();
         if (key == key::kName)
-            record->name = in.string();
+            name = in.string();
         else if (key == key::kSpelling)
             spelling = in.string();
         else if (key == key::kInfections)
-            record->infections = in.string();
+            record->infections = texts.of(in.string());
         else if (key == key::kSize)
             record->size = in.integer();
         else if (key == key::kUrl)
             url = in.string();
         else if (key == key::kRisk)
-            record->risk = in.string();
+            record->risk = texts.of(in.string());
         else if (key == key::kPath)
             path = in.string();
         else if (key == key::kUser)
-            record->user = in.string();
+            record->user = texts.of(in.string());
         else if (key == key::kKind)
             record->kind = kindOf(in.string());
         else
@@ -401,6 +402,7 @@ std::shared_ptr<Spyware> readRecord(CborReader& in)
                                    url.find("%00") != std::string_view::npos;
     if (!isNone)
         record->url = path ? FileURL::fileURLWithPath(*path) : FileURL::fromUrlText(url);
+    record->setName(name);
     if (spelling && spelling->find('\0') == std::string_view::npos)
         record->setSpelling(spelling->empty() ? "/" + std::string(record->url.identity())
                                               : std::string(*spelling));

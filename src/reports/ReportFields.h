@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/SharedText.h"
 #include "core/Texts.h"
 #include "findings/ScanCoverage.h"
 #include "findings/Spyware.h"
@@ -43,7 +44,7 @@ void writeCoverage(CborWriter& out, const ScanCoverage& coverage);
 
 void writeRecord(CborWriter& out, const Spyware& record);
 /// The stored "isChecked" is not read: whether a record is selected follows the disk.
-[[nodiscard]] std::shared_ptr<Spyware> readRecord(CborReader& in);
+[[nodiscard]] std::shared_ptr<Spyware> readRecord(CborReader& in, SharedTexts& texts);
 
 /// All that readHeadField() reads, eight keys.
 void writeHead(CborWriter& out, const SpywareScanReport& report);

@@ -107,7 +107,8 @@ void summary(std::string& page, const SpywareScanReport& report)
     page += "</dl>\n";
 }
 
-void findings(std::string& page, const SpywareList& list)
+/// Hands over what stands on the page by then, and each finding.
+void findings(std::string& page, const SpywareList& list, const TextSink& sink)
 {
     if (list.empty())
         return;
@@ -120,7 +121,7 @@ void findings(std::string& page, const SpywareList& list)
     for (const auto& record : list) {
         page += record->isAvail() ? "<tr>" : "<tr class=\"soft\">";
         element(page, "td", std::to_string(++item), "number");
-        element(page, "td", record->name, "path");
+        element(page, "td", record->name(), "path");
         element(page, "td", record->infections);
         element(page, "td", record->risk);
         element(page, "td", sizeText(record->size), "number");
@@ -129,6 +130,8 @@ void findings(std::string& page, const SpywareList& list)
         element(page, "td", evidenceText(rules.flaggedBy(*record)));
         element(page, "td", presenceText(*record));
         page += "</tr>\n";
+        sink(page);
+        page.clear();
     }
     page += "</tbody>\n</table></div>\n";
 }
@@ -210,16 +213,17 @@ void appendixOf(std::string& page, const ReportAppendix& appendix)
 
 } // namespace
 
-std::string reportAsHtml(const SpywareScanReport& report, const ReportAppendix* appendix)
+void writeAsHtml(const SpywareScanReport& report, const TextSink& sink,
+                 const ReportAppendix* appendix)
 {
     std::string page(kHead);
     summary(page, report);
-    findings(page, *report.spyWareList);
+    findings(page, *report.spyWareList, sink);
     coverage(page, report.coverage);
     if (appendix)
         appendixOf(page, *appendix);
     page += "</body>\n</html>\n";
-    return page;
+    sink(page);
 }
 
 } // namespace pryvane

@@ -10,30 +10,60 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json recordJson(const Spyware& record, const FlaggedBy& flaggedBy)
-{
-    Json json = {
-        {"name", forJson(record.name)},
-        {"infections", forJson(record.infections)},
-        {"size", record.size},
-        {"path", forJson(record.url.relativePath())},
-        {"url", record.url.urlText()},
-        {"risk", forJson(record.risk)},
-        {"isAvail", record.isAvail()},
-        {"isChecked", record.isChecked},
-        {"isDeleted", record.isDeleted},
-        {"isNoAction", record.isNoAction},
-        {"evidence", evidenceText(flaggedBy.evidence)},
-        {"isWeak", isWeak(flaggedBy.evidence)},
-        {"rule", flaggedBy.rule},
-        {"matched", forJson(flaggedBy.text)},
-        {"presence", presenceWord(record.presence)},
-        {"user", forJson(record.user)},
-    };
-    if (!record.presenceReason.empty())
-        json["presenceReason"] = forJson(record.presenceReason);
-    return json;
-}
+/// An object in the list of findings, indented as the rest. Written by hand, as there may be a
+/// million of them.
+class RecordText {
+public:
+    [[nodiscard]] const std::string& of(const Spyware& record, const FlaggedBy& flaggedBy)
+    {
+        m_text = "      {";
+        m_isFirst = true;
+        text("name", record.name());
+        text("infections", record.infections);
+        member("size", std::to_string(record.size));
+        text("path", record.url.relativePath());
+        text("url", record.url.urlText());
+        text("risk", record.risk);
+        flag("isAvail", record.isAvail());
+        flag("isChecked", record.isChecked);
+        flag("isDeleted", record.isDeleted);
+        flag("isNoAction", record.isNoAction);
+        text("evidence", evidenceText(flaggedBy.evidence));
+        flag("isWeak", isWeak(flaggedBy.evidence));
+        text("rule", flaggedBy.rule);
+        text("matched", flaggedBy.text);
+        text("presence", presenceWord(record.presence));
+        text("user", record.user);
+        if (!record.presenceReason.empty())
+            text("presenceReason", record.presenceReason);
+        m_text += "\n      }";
+        return m_text;
+    }
+
+private:
+    void member(std::string_view name, std::string_view value)
+    {
+        m_text += m_isFirst ? "\n        \"" : ",\n        \"";
+        m_isFirst = false;
+        m_text.append(name).append("\": ").append(value);
+    }
+    void flag(std::string_view name, bool on) { member(name, on ? "true" : "false"); }
+
+    /// Once it is escaped, only these two are left that JSON writes in its own way.
+    void text(std::string_view name, std::string_view bytes)
+    {
+        member(name, "\"");
+        for (const char c : forJson(bytes)) {
+            if (c == '"' || c == '\\')
+                m_text += '\\';
+            m_text += c;
+        }
+        m_text += '"';
+    }
+
+    std::string m_text;
+    bool m_isFirst = true;
+};
 
 Json namesJson(const std::vector<std::string>& names)
 {
@@ -131,12 +161,9 @@ Json coverageJson(const ScanCoverage& coverage)
 
 } // namespace
 
-std::string reportAsJson(const SpywareScanReport& report, const ReportAppendix* appendix)
+void writeAsJson(const SpywareScanReport& report, const TextSink& sink,
+                 const ReportAppendix* appendix)
 {
-    Json list = Json::array();
-    FindingRules rules;
-    for (const auto& record : *report.spyWareList)
-        list.push_back(recordJson(*record, rules.flaggedBy(*record)));
     Json json = {
         {"report",
          {
@@ -147,7 +174,7 @@ std::string reportAsJson(const SpywareScanReport& report, const ReportAppendix* 
              {"spyWareCount", report.spyWareCount},
              {"findings", report.spyWareList->size()},
              {"isRed", report.isRed},
-             {"spyWareList", std::move(list)},
+             {"spyWareList", Json::array()},
          }},
         {"verdict", wordsFor(report.verdict()).machine},
         {"verdictLine", report.verdictLine()},
@@ -156,7 +183,22 @@ std::string reportAsJson(const SpywareScanReport& report, const ReportAppendix* 
     };
     if (appendix)
         json["facts"] = Json::parse(appendix->json);
-    return json.dump(2) + "\n";
+    const std::string frame = json.dump(2) + "\n";
+    // Inside a text its quotation marks would be escaped.
+    constexpr std::string_view kList = "\"spyWareList\": [";
+    const std::size_t list = frame.find(kList) + kList.size();
+    sink(std::string_view(frame).substr(0, list));
+    FindingRules rules;
+    RecordText text;
+    std::string_view before = "\n";
+    for (const auto& record : *report.spyWareList) {
+        sink(before);
+        sink(text.of(*record, rules.flaggedBy(*record)));
+        before = ",\n";
+    }
+    if (!report.spyWareList->empty())
+        sink("\n    ");
+    sink(std::string_view(frame).substr(list));
 }
 
 } // namespace pryvane

@@ -221,7 +221,7 @@ void FindingInbox::list(const std::shared_ptr<Spyware>& record)
     m_state.arrSpywareList.append(record);
     if (m_state.arrSpywareList.records().size() <= kNotifiedFindings) {
         m_services.userNotifier.deliver("Pryvane",
-                                        "Spyware Found: " + forNotification(record->name));
+                                        "Spyware Found: " + forNotification(record->name()));
     }
 }
 

@@ -97,8 +97,10 @@ FlaggedBy FindingRules::flaggedBy(const Spyware& record)
 {
     const std::string& path = record.url.relativePath();
     // A home elsewhere is known by the scan alone.
-    ExplainQuestion question{
-        path, record.user.empty() ? userOfPath(path) : record.user, {}, record.infections};
+    ExplainQuestion question{path,
+                             record.user.empty() ? userOfPath(path) : std::string(record.user),
+                             {},
+                             record.infections};
     if (record.infections == catalogue::kFullSystem) {
         // Where a check and the walk meet the same file it goes by whichever was first; what
         // speaks against it is the same.

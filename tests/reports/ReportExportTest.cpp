@@ -46,6 +46,27 @@ Cells parsedCsv(std::string_view csv)
     return rows;
 }
 
+std::string asJson(const SpywareScanReport& report)
+{
+    std::string text;
+    writeAsJson(report, [&](std::string_view bytes) { text += bytes; });
+    return text;
+}
+
+std::string asCsv(const SpywareScanReport& report)
+{
+    std::string text;
+    writeAsCsv(report, [&](std::string_view bytes) { text += bytes; });
+    return text;
+}
+
+std::string asHtml(const SpywareScanReport& report)
+{
+    std::string text;
+    writeAsHtml(report, [&](std::string_view bytes) { text += bytes; });
+    return text;
+}
+
 std::vector<std::string> hostilePaths(std::size_t randomOnes)
 {
     std::vector<std::string> paths;
@@ -68,7 +89,7 @@ TEST(ReportJson, HasTheAgreedShape)
     report->coverage.seconds = 0.5;
     report->subject.systemVersion.clear();
     report->spyWareList->front()->setPresence(Presence::Unknown, "a reason");
-    EXPECT_EQ(Json::parse(reportAsJson(*report)).dump(), Json::parse(R"({
+    EXPECT_EQ(Json::parse(asJson(*report)).dump(), Json::parse(R"({
         "report": {"reportId": "ID", "reportType": "Quick Scan",
             "scanDate": "2023-11-14T22:13:20.123Z", "scanDuration": " 2 seconds",
             "spyWareCount": 1, "findings": 1, "isRed": true, "spyWareList": [
@@ -91,17 +112,17 @@ TEST(ReportJson, HasTheAgreedShape)
             "homesLeftOut": ["bob"], "otherDisks": ["/Volumes/USB"], "source": null, "deleted": [],
             "seconds": 0.5}
     })")
-                                                             .dump());
+                                                       .dump());
 }
 
 TEST(ReportExports, TellHowManyAreListedNotOnlyTheStoredCount)
 {
     const auto report = reportOf(std::vector<std::string>(300, "/tmp/x"));
     report->spyWareCount = 300 & 0xff; // as the store keeps it
-    const Json json = Json::parse(reportAsJson(*report))["report"];
+    const Json json = Json::parse(asJson(*report))["report"];
     EXPECT_EQ(json["findings"], 300);
     EXPECT_EQ(json["spyWareCount"], 44);
-    const std::string page = reportAsHtml(*report);
+    const std::string page = asHtml(*report);
     EXPECT_NE(page.find("<dd>44 (300 listed)</dd>"), std::string::npos);
     EXPECT_NE(page.find("300 potential threats"), std::string::npos);
 
@@ -117,7 +138,7 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     auto report = reportOf(paths);
     const auto plain = reportOf(std::vector<std::string>(paths.size(), "/x/y"));
     for (const auto& record : *report->spyWareList)
-        record->infections = record->name;
+        record->infections = record->name();
     for (const auto& name : hostileNames()) {
         report->coverage.refused.push_back({"/" + name, name});
         report->coverage.heldBack.push_back(name);
@@ -137,9 +158,10 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     report->subject.users = {"=a\n"};
     report->scanDuration = report->reportType = report->reportId = "<b>\x1b";
 
-    const std::string text = reportAsJson(*report);
+    const std::string text = asJson(*report);
     EXPECT_TRUE(isHarmless(text, "\n"));
     const Json json = Json::parse(text);
+    EXPECT_EQ(json.dump(2) + "\n", text);
     const Json& list = json["report"]["spyWareList"];
     ASSERT_EQ(list.size(), paths.size());
     for (std::size_t i = 0; i < paths.size(); ++i) {
@@ -148,7 +170,7 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
         EXPECT_TRUE(isHarmless(list[i]["name"].get<std::string>()));
     }
 
-    const std::string csv = reportAsCsv(*report);
+    const std::string csv = asCsv(*report);
     EXPECT_TRUE(isHarmless(csv, "\r\n"));
     const Cells cells = parsedCsv(csv);
     ASSERT_EQ(cells.size(), paths.size() + 1);
@@ -161,7 +183,7 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     }
 
     // As many tags and attributes as the same report with plain names.
-    const std::string html = reportAsHtml(*report), plainHtml = reportAsHtml(*plain);
+    const std::string html = asHtml(*report), plainHtml = asHtml(*plain);
     EXPECT_TRUE(isHarmless(html, "\n"));
     for (const char c : {'<', '>', '"'})
         EXPECT_EQ(std::count(html.begin(), html.end(), c),
@@ -176,8 +198,8 @@ TEST(ReportCsv, QuotesAndDisarms)
     auto report = reportOf({"/tmp/a"});
     Spyware& record = *report->spyWareList->front();
     const auto row = [&](std::string_view name) {
-        record.name = name;
-        const std::string csv = reportAsCsv(*report);
+        record.setName(name);
+        const std::string csv = asCsv(*report);
         const auto start = csv.find("\r\n1,") + 4;
         return csv.substr(start, csv.find(",\"Okaz Installer\"") - start);
     };

@@ -51,7 +51,7 @@ TEST_F(DeepScanTest, ChecksAndWalkEndInOneReport)
     const auto& walked = *std::find_if(
         reports[0]->spyWareList->begin(), reports[0]->spyWareList->end(),
         [](const auto& record) { return record->url.relativePath() == "/tmp/Puper Koobface"; });
-    EXPECT_EQ(walked->name, "Puper Koobface");
+    EXPECT_EQ(walked->name(), "Puper Koobface");
     EXPECT_EQ(walked->risk, "High Risk");
     EXPECT_EQ(walked->size, 0);
     EXPECT_GT(reports[0]->coverage.entriesWalked, 5);

@@ -44,7 +44,7 @@ TEST_F(FindingInboxTest, ListsOneRecordForOneExistingLocation)
     EXPECT_EQ(listed(),
               (std::vector<std::string>{"/tmp/.mdworker", "/Users/alice/Library/.A_o_b_o/"}));
     const Spyware& record = *state.arrSpywareList.records().front();
-    EXPECT_EQ(record.name, ".mdworker");
+    EXPECT_EQ(record.name(), ".mdworker");
     EXPECT_EQ(record.infections, "Revir");
     EXPECT_EQ(record.risk, "High Risk");
     EXPECT_EQ(record.size, 12);

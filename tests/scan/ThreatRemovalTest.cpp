@@ -122,7 +122,7 @@ TEST_F(ThreatRemovalTest, SortsFindingsIntoRemovedFailedAndLeftAlone)
     EXPECT_THAT(paths(lists.deletedSpyware), ElementsAre(kMdsa, kMdworker, kAobo));
     EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kRefog));
     for (const auto& record : lists.deletedSpyware)
-        EXPECT_EQ(flags(*record), std::pair(true, false)) << record->name;
+        EXPECT_EQ(flags(*record), std::pair(true, false)) << record->name();
     EXPECT_EQ(controller.removal().summary(), removalSummary({3, 0, 1}));
     EXPECT_FALSE(volume.contains("/Users/alice/Library/.A_o_b_o"));
 }
@@ -216,7 +216,7 @@ TEST_F(ThreatRemovalTest, TheRemoveButtonDoesNotCountTheRemoteDesktopRow)
     scanWith({kMdworker, kRemoteDesktop});
     EXPECT_TRUE(lists.ARDDetect);
     EXPECT_TRUE(controller.removal().removeButtonEnabled());
-    EXPECT_EQ(controller.arrThreats().back()->name, "ARD");
+    EXPECT_EQ(controller.arrThreats().back()->name(), "ARD");
     controller.selectThreat(0, false);
     EXPECT_FALSE(state.arrSpywareList.records()[0]->isChecked);
     EXPECT_FALSE(controller.removal().removeButtonEnabled());

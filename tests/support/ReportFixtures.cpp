@@ -21,7 +21,7 @@ std::shared_ptr<Spyware> recordAt(std::string_view path)
 {
     auto record = std::make_shared<Spyware>();
     record->url = FileURL::fileURLWithPath(path);
-    record->name = record->url.lastPathComponent();
+    record->setName(record->url.lastPathComponent());
     record->infections = "Okaz Installer";
     record->size = 4096;
     record->risk = kHighRisk;
@@ -108,7 +108,7 @@ std::string storedFields(const SpywareScanReport& report)
         << report.scanDate.time_since_epoch().count() << '|' << report.scanDuration << '|'
         << report.reportId << '|' << report.volume << '\n';
     for (const auto& record : *report.spyWareList)
-        out << record->name << '|' << record->infections << '|' << record->size << '|'
+        out << record->name() << '|' << record->infections << '|' << record->size << '|'
             << record->url.relativePath() << '|' << record->risk << '|' << int(record->kind)
             << '\n';
     const ScanCoverage& coverage = report.coverage;

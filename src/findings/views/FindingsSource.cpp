@@ -68,7 +68,7 @@ const Spyware& FindingsSource::record(int row) const
 /// Of all threats' rules.
 ExplainQuestion FindingsSource::question(int row) const
 {
-    const std::string& user = record(row).user;
+    const std::string user(record(row).user);
     return {record(row).url.relativePath(), user.empty() ? m_user : user, m_foldedName};
 }
 
@@ -102,7 +102,7 @@ ui::Cell FindingsSource::cell(int row, int column) const
     switch (column) {
     case Name: {
         const bool folder = found.url.mustBeFolder();
-        return {.text = ui::text(forScreen(found.name)),
+        return {.text = ui::text(forScreen(found.name())),
                 .iconName = folder ? QStringLiteral("folder") : QStringLiteral("file")};
     }
     case Threat:

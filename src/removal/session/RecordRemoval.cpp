@@ -154,8 +154,8 @@ void setOutcome(Spyware& record, const RemovalResult& result)
 {
     record.isNoAction = false;
     record.isDeleted = result.outcome != RemovalOutcome::Failed;
-    record.removalFailure = record.isDeleted ? std::string() : result.note();
-    record.removalRemark = record.isDeleted ? result.note() : std::string();
+    (record.isDeleted ? record.removalRemark : record.removalFailure) = result.note();
+    (record.isDeleted ? record.removalFailure : record.removalRemark) = {};
 }
 
 SortedRecords sortOutcomes(const SpywareList& records, std::span<const RemovalResult> results)

@@ -128,7 +128,7 @@ QString PlanSource::group(int row, int grouping) const
     const bool weak = isWeak(planned.flaggedBy.evidence);
     std::string name;
     if (grouping == ByRule) {
-        name = planned.record->infections + ", " + std::string(planned.flaggedBy.rule);
+        name = std::string(planned.record->infections) + ", " + std::string(planned.flaggedBy.rule);
         if (weak)
             name += " \"" + planned.flaggedBy.text + "\"";
     } else {

@@ -94,8 +94,8 @@ ReportTexts reportTexts(const SpywareScanReport& report, const PDFFacts& facts, 
     texts.rows.reserve(report.spyWareList->size());
     for (std::size_t i = 0; i < there.size(); ++i) {
         const Spyware& record = *(*report.spyWareList)[i];
-        texts.rows.push_back(
-            {pathText(report, record), record.infections, record.risk, statusText(there[i])});
+        texts.rows.push_back({pathText(report, record), std::string(record.infections),
+                              std::string(record.risk), statusText(there[i])});
     }
     return texts;
 }
