@@ -1,15 +1,10 @@
 // How soon the tools screen and its page "Who May Watch" show their first rows, and how long the
 // window's event loop is held at a time until all is there, searched and folded out.
 //   tools_screen_bench groups|facts VOLUME DATA-FOLDER   (made by bench/run)
-#include "app/program/Arguments.h"
-#include "app/program/Desktop.h"
-#include "app/program/Session.h"
-#include "hosts/Host.h"
-#include "ui/Theme.h"
+#include "BenchedWindow.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTimer>
@@ -21,16 +16,9 @@
 
 namespace {
 
-constexpr double kLongestGap = 50; // ms
+using namespace pryvane::bench;
 
-template <typename Widget>
-Widget* find(const char* name)
-{
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* found = window->findChild<Widget*>(QLatin1String(name)))
-            return found;
-    return nullptr;
-}
+constexpr double kLongestGap = 50; // ms
 
 int rowsOf(const char* name)
 {
@@ -57,22 +45,12 @@ struct Step {
 
 int main(int argc, char** argv)
 {
-    using namespace pryvane;
     if (argc != 4)
         return 2;
     const std::string what = argv[1], volume = argv[2], data = argv[3];
     argc = 1;
     QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    ui::applyTheme(application);
-    const auto host = makeHost();
-    auto desktop = Desktop::open(*host, data);
-    if (!desktop)
-        return 2;
-    auto session = Session::open(**desktop, {{volume, "alice", false}, {}});
-    if (!session)
-        return 2;
-    (*session)->start();
+    BenchedWindow window(application, volume, data);
 
     const auto showTools = [] {
         find<QAbstractItemView>("navigation")
@@ -138,7 +116,7 @@ int main(int argc, char** argv)
     });
     QTimer::singleShot(120'000, [] { QApplication::exit(1); });
     const int ended = QApplication::exec();
-    (*session)->end();
+    window.end();
     if (ended != 0) {
         std::fprintf(stderr, "waited in vain for: %s\n", steps[at].name);
         return 2;

@@ -1,14 +1,9 @@
 // How long the window's event loop is held at a time during a deep scan of 300,000 entries with
 // 10,000 findings, by a heartbeat in the loop of the real program.
 //   window_stall_bench VOLUME DATA-FOLDER   (made by bench/run window)
-#include "app/program/Arguments.h"
-#include "app/program/Desktop.h"
-#include "app/program/Session.h"
-#include "hosts/Host.h"
-#include "ui/Theme.h"
+#include "BenchedWindow.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QTimer>
@@ -20,36 +15,25 @@
 
 namespace {
 
+using namespace pryvane::bench;
+
 constexpr double kAtMost = 50; // ms
 
 QAbstractButton* button(const char* name)
 {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* found = window->findChild<QAbstractButton*>(QLatin1String(name)))
-            return found;
-    return nullptr;
+    return find<QAbstractButton>(name);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    using namespace pryvane;
     if (argc != 3)
         return 2;
     const std::string volume = argv[1], data = argv[2];
     argc = 1;
     QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    ui::applyTheme(application);
-    const auto host = makeHost();
-    auto desktop = Desktop::open(*host, data);
-    if (!desktop)
-        return 2;
-    auto session = Session::open(**desktop, {{volume, "alice", false}, {}});
-    if (!session)
-        return 2;
-    (*session)->start();
+    BenchedWindow window(application, volume, data);
 
     std::vector<double> gaps;
     QElapsedTimer since;
@@ -69,11 +53,9 @@ int main(int argc, char** argv)
         heartbeat.start(1);
     });
     QApplication::exec();
-    QString verdict;
-    for (const QWidget* window : QApplication::topLevelWidgets())
-        if (const auto* label = window->findChild<QLabel*>(QStringLiteral("verdict")))
-            verdict = label->text();
-    (*session)->end();
+    const auto* label = find<QLabel>("verdict");
+    const QString verdict = label ? label->text() : QString();
+    window.end();
     std::sort(gaps.begin(), gaps.end());
     const auto late =
         std::count_if(gaps.begin(), gaps.end(), [](double gap) { return gap > kAtMost; });

@@ -2,7 +2,6 @@
 
 #include "cli/Console.h"
 #include "core/Escape.h"
-#include "core/LoadedModule.h"
 #include "core/Texts.h"
 #include "findings/MacDisk.h"
 #include "hosts/Host.h"
@@ -159,14 +158,12 @@ Result<Done> Host::openDisk(const Console& console, const VolumeArguments& argum
 
 Result<ImageOptions> imageOptions(const VolumeArguments& arguments)
 {
-    ImageOptions options;
-    auto program = besideProgram("pryvane-image-reader");
-    if (!program)
-        return program.error();
-    options.program = std::move(program).value();
-    options.partition = arguments.partition;
-    options.volume = arguments.apfsVolume;
-    options.caseSensitive = arguments.caseSensitive;
+    auto options = ImageOptions::withOwnReader();
+    if (!options)
+        return options;
+    options->partition = arguments.partition;
+    options->volume = arguments.apfsVolume;
+    options->caseSensitive = arguments.caseSensitive;
     if (!arguments.passwordFile.empty()) {
         constexpr std::size_t kLongest = 4096;
         std::ifstream file(arguments.passwordFile, std::ios::binary);
@@ -175,7 +172,7 @@ Result<ImageOptions> imageOptions(const VolumeArguments& arguments)
         if (file.bad() || file.gcount() == 0)
             return Error{"no password can be read from " + forTerminal(arguments.passwordFile)};
         password.resize(static_cast<std::size_t>(file.gcount()));
-        options.password = password.substr(0, password.find_first_of("\r\n"));
+        options->password = password.substr(0, password.find_first_of("\r\n"));
     }
     return options;
 }

@@ -16,7 +16,7 @@ class SharedText {
 public:
     SharedText() = default;
     template <typename Text>
-        requires std::convertible_to<const Text&, std::string_view>
+    requires std::convertible_to<const Text&, std::string_view>
     SharedText(const Text& text) // NOLINT(google-explicit-constructor): a text like any other
         : m_text(std::string_view(text).empty()
                      ? nullptr

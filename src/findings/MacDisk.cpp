@@ -9,9 +9,6 @@ namespace pryvane {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> kTopFolders = {"Library", "System", "Users",
-                                                         "Applications"};
-
 constexpr std::array<std::string_view, 4> kSystemFolders = {"/System/", "/usr/", "/bin/", "/sbin/"};
 
 /// What of those folders a Mac keeps on its data volume, behind links of the file system's own.
@@ -51,14 +48,6 @@ std::string folderWithMac(FileSystem& disk)
 }
 
 } // namespace
-
-bool holdsMac(FileSystem& disk, std::string_view folder)
-{
-    return std::ranges::any_of(kTopFolders, [&](std::string_view name) {
-        const std::string path = joinedPath(folder, name) + "/";
-        return disk.presence(FileURL::fileURLWithPath(path)) != Presence::Absent;
-    });
-}
 
 Result<Done> mustHoldMac(FileSystem& disk, std::string_view hostFolder)
 {

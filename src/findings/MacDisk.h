@@ -7,10 +7,6 @@
 
 namespace pryvane {
 
-/// Whether the disk, or its folder at that path, has any of the folders that a Mac keeps in its
-/// root. What could not be told counts as there.
-[[nodiscard]] bool holdsMac(FileSystem& disk, std::string_view folder = "/");
-
 /// An error in words where the disk holds no Mac; it names the folder to look at instead where one
 /// of its folders does. `hostFolder` is where the disk is mounted, raw bytes; may be empty.
 [[nodiscard]] Result<Done> mustHoldMac(FileSystem& disk, std::string_view hostFolder = {});

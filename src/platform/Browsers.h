@@ -1,7 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace pryvane {
 
@@ -68,5 +71,17 @@ inline constexpr Browser kArc{"Arc",
 /// All of them, in the order in which they are looked at and listed.
 inline constexpr std::array kBrowsers{kSafari,   kChrome,  kFirefox, kEdge, kBrave,
                                       kChromium, kVivaldi, kOpera,   kArc};
+
+/// As running applications, those that are marked, in the order of the table.
+[[nodiscard]] inline std::vector<std::string>
+applicationNames(const std::array<bool, kBrowsers.size()>& marked)
+{
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < marked.size(); ++i) {
+        if (marked[i])
+            names.emplace_back(kBrowsers[i].applicationName);
+    }
+    return names;
+}
 
 } // namespace pryvane

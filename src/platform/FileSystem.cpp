@@ -1,5 +1,8 @@
 #include "platform/FileSystem.h"
 
+#include <algorithm>
+#include <array>
+
 namespace pryvane {
 
 std::vector<std::string> FileSystem::homes()
@@ -28,6 +31,16 @@ std::vector<Presence> FileSystem::presencesIn(const FileURL& folder,
             there.back() = Presence::Absent;
     }
     return there;
+}
+
+bool holdsMac(FileSystem& disk, std::string_view folder)
+{
+    return std::ranges::any_of(
+        std::to_array<std::string_view>({"Library", "System", "Users", "Applications"}),
+        [&](std::string_view name) {
+            const std::string path = joinedPath(folder, name) + "/";
+            return disk.presence(FileURL::fileURLWithPath(path)) != Presence::Absent;
+        });
 }
 
 } // namespace pryvane

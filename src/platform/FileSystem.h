@@ -172,4 +172,8 @@ public:
                          SizeProgress& progress, const Told& told) = 0;
 };
 
+/// Whether the disk, or its folder at that path, has any of the folders that a Mac keeps in its
+/// root. What could not be told counts as there.
+[[nodiscard]] bool holdsMac(FileSystem& disk, std::string_view folder = "/");
+
 } // namespace pryvane

@@ -2,7 +2,6 @@
 
 #include "core/Escape.h"
 #include "core/Files.h"
-#include "core/LoadedModule.h"
 #include "core/Texts.h"
 #include "findings/MacDisk.h"
 #include "volume/listing/ListingFormat.h"
@@ -49,14 +48,12 @@ Opened openFile(const VolumeChoice& choice, const StopFlag& stop, OpeningProgres
         options.matching = matchingOf(choice);
         return opened(openListing(choice.folder, options, stop, progress.bytesOfList));
     }
-    ImageOptions options;
-    auto program = besideProgram("pryvane-image-reader");
-    if (!program)
-        return program.error();
-    options.program = std::move(program).value();
-    options.password = choice.password;
-    options.caseSensitive = choice.caseSensitive;
-    return opened(openImage(choice.folder, options, stop, progress.image));
+    auto options = ImageOptions::withOwnReader();
+    if (!options)
+        return options.error();
+    options->password = choice.password;
+    options->caseSensitive = choice.caseSensitive;
+    return opened(openImage(choice.folder, *options, stop, progress.image));
 }
 
 } // namespace

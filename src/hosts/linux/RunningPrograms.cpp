@@ -106,12 +106,7 @@ std::vector<std::string> runningApplicationsOfHost(const std::string& processes)
         if (application >= 0)
             runs[static_cast<std::size_t>(application)] = true;
     }
-    std::vector<std::string> names;
-    for (std::size_t i = 0; i < runs.size(); ++i) {
-        if (runs[i])
-            names.emplace_back(kBrowsers[i].applicationName);
-    }
-    return names;
+    return applicationNames(runs);
 }
 
 } // namespace pryvane

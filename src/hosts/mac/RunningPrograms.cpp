@@ -56,12 +56,7 @@ std::vector<std::string> runningApplicationsOfHost()
                 runs[i] = true;
         }
     }
-    std::vector<std::string> names;
-    for (std::size_t i = 0; i < runs.size(); ++i) {
-        if (runs[i])
-            names.emplace_back(kBrowsers[i].applicationName);
-    }
-    return names;
+    return applicationNames(runs);
 }
 
 } // namespace pryvane

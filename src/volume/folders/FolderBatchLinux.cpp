@@ -12,8 +12,6 @@ namespace pryvane {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 32768;
-
 /// As the kernel lays entries out.
 struct RawEntry {
     std::uint64_t inode;
@@ -31,14 +29,12 @@ bool isDots(const char* name)
 
 } // namespace
 
-FolderBatch::FolderBatch() : m_buffer(std::make_unique<char[]>(kBufferSize)) {}
-
 bool FolderBatch::fill(FolderHandle& folder)
 {
     m_folder = &folder;
     m_at = m_filled = 0;
     m_atEnd = true;
-    const long got = syscall(SYS_getdents64, folder.m_fd, m_buffer.get(), kBufferSize);
+    const long got = syscall(SYS_getdents64, folder.m_fd, m_buffer.get(), kSize);
     if (got < 0)
         return false;
     m_filled = static_cast<std::size_t>(got);

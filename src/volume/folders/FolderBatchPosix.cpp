@@ -8,12 +8,9 @@ namespace pryvane {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 32768;
 constexpr std::size_t kLongestName = 1024; // more than any dirent holds
 
 } // namespace
-
-FolderBatch::FolderBatch() : m_buffer(std::make_unique<char[]>(kBufferSize)) {}
 
 /// Fills the buffer with a kind and a NUL-terminated name for each entry. Where the host fails
 /// behind some entries, these come first, and the next fill fails without asking it again: what it
@@ -29,7 +26,7 @@ bool FolderBatch::fill(FolderHandle& folder)
     }
     if (!folder.m_stream && !(folder.m_stream = fdopendir(folder.m_fd)))
         return false;
-    while (m_filled + kLongestName + 2 < kBufferSize) {
+    while (m_filled + kLongestName + 2 < kSize) {
         errno = 0;
         const dirent* const read = readdir(folder.m_stream);
         if (!read) {
@@ -50,14 +47,7 @@ bool FolderBatch::fill(FolderHandle& folder)
 
 bool FolderBatch::next(Entry& entry)
 {
-    if (m_at >= m_filled)
-        return false;
-    entry.kind = static_cast<FileKind>(m_buffer[m_at]);
-    entry.name = m_buffer.get() + m_at + 1;
-    m_at += entry.name.size() + 2;
-    if (entry.kind == FileKind::Unknown)
-        entry.kind = kindAt(m_folder->m_fd, entry.name.data());
-    return true;
+    return nextKept(entry);
 }
 
 } // namespace pryvane

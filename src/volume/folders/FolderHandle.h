@@ -36,6 +36,12 @@ inline constexpr int kToSearch = O_SEARCH | O_DIRECTORY | O_CLOEXEC;
 inline constexpr int kToSearch = O_RDONLY | O_NONBLOCK | O_DIRECTORY | O_CLOEXEC;
 #endif
 
+[[nodiscard]] FileKind kindOfMode(mode_t mode);
+
+/// What stands there, links not followed; for entries whose kind the listing leaves out. Missing
+/// where nothing does, Unknown where that cannot be told.
+[[nodiscard]] FileKind kindAt(int folder, const char* name);
+
 /// One folder held open. Nothing is opened through a link. One thread at a time.
 class FolderHandle {
 public:
@@ -86,8 +92,6 @@ public:
         FileKind kind = FileKind::Unknown;
     };
 
-    FolderBatch();
-
     /// Reads on where the folder's last fill stopped. False, with errno set, on failure.
     [[nodiscard]] bool fill(FolderHandle& folder);
 
@@ -98,8 +102,23 @@ public:
     [[nodiscard]] bool next(Entry& entry);
 
 private:
+    static constexpr std::size_t kSize = 32768;
+
+    /// The next of entries that fill() put down as a kind and a NUL-terminated name each.
+    [[nodiscard]] bool nextKept(Entry& entry)
+    {
+        if (m_at >= m_filled)
+            return false;
+        entry.kind = static_cast<FileKind>(m_buffer[m_at]);
+        entry.name = m_buffer.get() + m_at + 1;
+        m_at += entry.name.size() + 2;
+        if (entry.kind == FileKind::Unknown)
+            entry.kind = kindAt(m_folder->fd(), entry.name.data());
+        return true;
+    }
+
     const FolderHandle* m_folder = nullptr;
-    std::unique_ptr<char[]> m_buffer;
+    std::unique_ptr<char[]> m_buffer = std::make_unique<char[]>(kSize);
     std::size_t m_filled = 0;
     std::size_t m_at = 0;
     bool m_atEnd = false;
@@ -108,11 +127,5 @@ private:
 /// Whether the open folder is where something is mounted, as far as the host tells. A folder that
 /// the system shows in two places, as a Mac does with those of its data volume, is none.
 [[nodiscard]] bool isMountRoot(int folder);
-
-[[nodiscard]] FileKind kindOfMode(mode_t mode);
-
-/// What stands there, links not followed; for entries whose kind the listing leaves out. Missing
-/// where nothing does, Unknown where that cannot be told.
-[[nodiscard]] FileKind kindAt(int folder, const char* name);
 
 } // namespace pryvane

@@ -1,6 +1,7 @@
 #include "volume/image/ImageDisk.h"
 
 #include "core/Escape.h"
+#include "core/LoadedModule.h"
 #include "volume/image/ImageReader.h"
 
 #include <array>
@@ -216,6 +217,16 @@ Result<std::string> contentOf(ImageReader& reader, const std::string& path, std:
 }
 
 } // namespace
+
+Result<ImageOptions> ImageOptions::withOwnReader()
+{
+    auto reader = besideProgram("pryvane-image-reader");
+    if (!reader)
+        return reader.error();
+    ImageOptions options;
+    options.program = std::move(reader).value();
+    return options;
+}
 
 std::string imageRoleText(std::uint16_t role)
 {

@@ -25,6 +25,9 @@ struct ImageOptions {
     std::chrono::seconds longest{7200};         ///< for all of it, however much it says
     std::size_t mostEntries = 100'000'000;
     std::size_t mostNameBytes = std::size_t{2} << 30; ///< of all names
+
+    /// With the reader that lies beside this program. The error says where it is missing.
+    [[nodiscard]] static Result<ImageOptions> withOwnReader();
 };
 
 /// What others may see of a reading that is under way, and of how it failed.

@@ -114,14 +114,6 @@ private:
                              : "\"" + forScreen(m_name) + "\"";
     }
 
-    [[nodiscard]] static bool holdsMac(IndexFileSystem& disk)
-    {
-        return std::ranges::any_of(
-            std::initializer_list<std::string_view>{"/Users", "/Library", "/System",
-                                                    "/Applications"},
-            [&](std::string_view folder) { return disk.exists(FileURL::fileURLWithPath(folder)); });
-    }
-
     [[nodiscard]] Error noMac() const
     {
         std::string text = shown() + " holds no Mac's disk: none of /Users, /Library, /System and "
