@@ -1,5 +1,7 @@
 // Writing and reading the report list, 10,000 reports of 20 findings, against Qt's streaming CBOR
 // classes over the same bytes; both readers test each distinct path once.
+//   store_bench --large               five reports of 1,000,000 findings, through the store alone
+//   store_bench --make DATA VOLUME    makes a store with one of them (for bench/run store)
 
 #include "Medians.h"
 #include "PeakMemory.h"
@@ -10,7 +12,9 @@
 #include "reports/DefaultMethods.h"
 #include "reports/RecordAvailability.h"
 #include "reports/ReportCodec.h"
+#include "signatures/Catalogue.h"
 #include "store/SqliteUserDefaults.h"
+#include "volume/VolumeFileSystem.h"
 
 #include <algorithm>
 #include <chrono>
@@ -161,16 +165,19 @@ void wholeStore(const ReportList& reports)
 
 constexpr int kLargeReports = 5, kLargeFindings = 1'000'000;
 
+/// As a deep scan finds them.
 std::shared_ptr<SpywareScanReport> largeReport(int findings)
 {
     auto list = std::make_shared<SpywareList>();
     for (int i = 0; i < findings; ++i) {
         auto record = std::make_shared<Spyware>();
         record->url =
-            FileURL::fileURLWithPath("/Users/jane/dev/project-" + std::to_string(i / 1000) +
+            FileURL::fileURLWithPath("/Users/jane/Library/Manager/" + std::to_string(i / 1000) +
                                      "/component-" + std::to_string(i));
         record->setName(record->url.lastPathComponent());
-        record->infections = "Okaz Installer";
+        record->setSpelling(record->url.absolutePath());
+        record->user = "jane";
+        record->infections = catalogue::kFullSystem;
         record->risk = kHighRisk;
         list->push_back(std::move(record));
     }
@@ -255,6 +262,20 @@ bool largeStore()
                (loading - opening) / (making - opening), 1.50);
 }
 
+/// Makes a store with one large report of the disk in that folder, for other programs to read.
+void makeStore(const std::string& folder, const std::string& volume)
+{
+    SilentLog log;
+    SystemClock clock;
+    auto disk = VolumeFileSystem::open(volume);
+    auto opened = SqliteUserDefaults::open(folder, log);
+    require(disk.ok() && opened.ok(), "cannot open the store or the disk");
+    const auto report = largeReport(kLargeFindings);
+    report->volume = (*disk)->identity();
+    DefaultMethods store(*opened->defaults, **disk, clock, log);
+    require(store.updateReportInDefaults(report).ok(), "no save");
+}
+
 } // namespace
 
 } // namespace pryvane::bench
@@ -263,6 +284,10 @@ int main(int argc, char** argv)
 {
     if (argc > 1 && std::string_view(argv[1]) == "--large") {
         return pryvane::bench::largeStore() ? 0 : 1;
+    }
+    if (argc == 4 && std::string_view(argv[1]) == "--make") {
+        pryvane::bench::makeStore(argv[2], argv[3]);
+        return 0;
     }
     const auto reports = pryvane::bench::sampleReports();
     pryvane::bench::codecAgainstQt(reports);

@@ -110,15 +110,16 @@ void ReportRemoval::start(const SpywareList& records, Then then)
     const auto from = m_screen.openReport();
     const auto what = std::make_shared<const RecordSelection>(
         RecordSelection{eachOnce(records), from->volume, othersOf(*from->spyWareList, records)});
+    const auto counts = std::make_shared<std::optional<RemovalCounts>>();
     m_session.remove(
         what->records.size(),
-        [this, what](const StopFlag& stop, const RemovalResults& told) {
-            m_records.remove(*what, stop, told);
+        [this, what, counts](const StopFlag& stop, const RemovalResults& told) {
+            *counts = m_records.remove(*what, stop, told);
         },
-        [this, from, records, what, then](const std::vector<RemovalResult>& results) {
+        [this, from, records, what, counts, then](const std::vector<RemovalResult>& results) {
             removed(records, what->records, results);
-            if (from == m_screen.openReport())
-                tell(then, countsOf(*what, results));
+            if (from == m_screen.openReport()) // without counts, it was given up
+                tell(then, *counts ? **counts : countsOf(*what, results));
             m_screen.ended();
         });
     m_screen.changed();
@@ -127,12 +128,14 @@ void ReportRemoval::start(const SpywareList& records, Then then)
 void ReportRemoval::removed(const SpywareList& records, const SpywareList& once,
                             const std::vector<RemovalResult>& results)
 {
-    // A record of a location that is listed twice shares the outcome of the first.
-    std::unordered_map<std::string_view, std::size_t> places;
-    for (std::size_t i = 0; i < once.size(); ++i)
-        places.emplace(once[i]->url.identity(), i);
-    for (const auto& record : records)
-        setOutcome(*record, results[places.at(record->url.identity())]);
+    if (once.size() < records.size()) {
+        // A record of a location that is listed twice shares the outcome of the first.
+        std::unordered_map<std::string_view, std::size_t> places;
+        for (std::size_t i = 0; i < once.size(); ++i)
+            places.emplace(once[i]->url.identity(), i);
+        for (const auto& record : records)
+            setOutcome(*record, results[places.at(record->url.identity())]);
+    }
     auto sorted = sortOutcomes(once, results);
     m_deletedSpyware = std::move(sorted.removed);
     m_unDeletedSpyware = std::move(sorted.failed);

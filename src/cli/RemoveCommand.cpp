@@ -175,20 +175,21 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
     const SpywareList& records = choice.selection.records;
     std::vector<RemovalResult> results(records.size());
     std::atomic<std::size_t> done{0};
+    RemovalCounts counts;
     withProgress(
         console,
         [&] {
             return "removing: " + std::to_string(done) + " of " + std::to_string(records.size());
         },
         [&] {
-            removal.remove(choice.selection, console.interrupted,
-                           [&](std::size_t item, const RemovalResult& result) {
-                               results[item] = result;
-                               ++done;
-                           });
+            counts = removal.remove(choice.selection, console.interrupted,
+                                    [&](std::size_t item, const RemovalResult& result) {
+                                        results[item] = result;
+                                        ++done;
+                                    });
         });
     console.out << outcomeText(records, results, choice.numbers);
-    if (const auto left = tallyOf(choice.selection, results).left; left > 0)
+    if (const auto left = counts.tally.left; left > 0)
         console.out << "Left: " << countedText(left, "finding", "findings") << " of the report\n";
     const auto isStopped = [](const RemovalResult& result) {
         return result.obstacle == RemovalObstacle::Stopped;

@@ -32,10 +32,13 @@ inline constexpr std::string_view kSpyWareCount = "spyWareCount", kReportType = 
                                   kIsRed = "isRed", kVolume = "volume", kCoverage = "coverage",
                                   kFindings = "findings", kThreats = "threats",
                                   kSubject = "subject", kVerdict = "verdict",
-                                  kVerdictLine = "verdictLine", kSeconds = "seconds";
+                                  kVerdictLine = "verdictLine", kSeconds = "seconds",
+                                  kSource = "source", kName = "name", kInfections = "infections",
+                                  kPath = "path";
 } // namespace key
 
 [[nodiscard]] Date readDate(CborReader& in);
+void writeNames(CborWriter& out, const std::vector<std::string>& names);
 [[nodiscard]] std::vector<std::string> readNames(CborReader& in);
 [[nodiscard]] Subject readSubject(CborReader& in);
 

@@ -105,9 +105,10 @@ void ThreatRemoval::removeSpyware()
 
 std::shared_ptr<const RecordSelection> ThreatRemoval::selection(const SpywareList& records) const
 {
+    SpywareList going = removable(records);
+    SpywareList others = othersOf(m_screen.state.arrSpywareList.records(), going);
     return std::make_shared<const RecordSelection>(
-        RecordSelection{removable(records), m_screen.lists.volume,
-                        othersOf(m_screen.state.arrSpywareList.records(), removable(records))});
+        RecordSelection{std::move(going), m_screen.lists.volume, std::move(others)});
 }
 
 void ThreatRemoval::start(const SpywareList& selected, Then then)
@@ -115,13 +116,14 @@ void ThreatRemoval::start(const SpywareList& selected, Then then)
     m_summary.reset();
     m_screen.lists.deletedCount = 0;
     const auto what = selection(selected);
+    const auto counts = std::make_shared<std::optional<RemovalCounts>>();
     m_session.remove(
         what->records.size(),
-        [this, what](const StopFlag& stop, const RemovalResults& told) {
-            m_records.remove(*what, stop, told);
+        [this, what, counts](const StopFlag& stop, const RemovalResults& told) {
+            *counts = m_records.remove(*what, stop, told);
         },
-        [this, what, then](const std::vector<RemovalResult>& results) {
-            m_counts = countsOf(*what, results);
+        [this, what, counts, then](const std::vector<RemovalResult>& results) {
+            m_counts = *counts ? **counts : countsOf(*what, results); // of one that was given up
             removed(sortOutcomes(what->records, results), then);
         });
     m_screen.changed();

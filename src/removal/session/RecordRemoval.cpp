@@ -80,8 +80,8 @@ RemovalPlan RecordRemoval::plan(const RecordSelection& selection, const StopFlag
     return plan;
 }
 
-void RecordRemoval::remove(const RecordSelection& selection, const StopFlag& stop,
-                           const RemovalResults& told) const
+RemovalCounts RecordRemoval::remove(const RecordSelection& selection, const StopFlag& stop,
+                                    const RemovalResults& told) const
 {
     const StopFlag never; // what is not begun is told too
     std::vector<RemovalResult> results(selection.records.size());
@@ -92,12 +92,15 @@ void RecordRemoval::remove(const RecordSelection& selection, const StopFlag& sto
             results[item] = result;
             told(item, result);
         });
-    m_remover.conclude(tallyOf(selection, results));
+    const RemovalCounts counts = countsOf(selection, results);
+    m_remover.conclude(counts.tally);
+    return counts;
 }
 
 SpywareList othersOf(const SpywareList& all, const SpywareList& going)
 {
     std::unordered_set<std::string_view> locations;
+    locations.reserve(going.size());
     for (const auto& record : going)
         locations.insert(record->url.identity());
     SpywareList others;

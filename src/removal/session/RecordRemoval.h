@@ -39,10 +39,10 @@ public:
     /// Looks, and changes nothing.
     [[nodiscard]] RemovalPlan plan(const RecordSelection& selection, const StopFlag& stop) const;
 
-    /// Removes the records in order; `told` is called for each with its place in the list. What it
-    /// came to is on record afterwards.
-    void remove(const RecordSelection& selection, const StopFlag& stop,
-                const RemovalResults& told) const;
+    /// Removes the records in order; `told` is called for each with its place in the list. Returns
+    /// what it came to, which is on record by then.
+    RemovalCounts remove(const RecordSelection& selection, const StopFlag& stop,
+                         const RemovalResults& told) const;
 
 private:
     [[nodiscard]] RemovalObstacle refusal(const RecordSelection& selection,
