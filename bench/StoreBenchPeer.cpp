@@ -54,7 +54,7 @@ void writeRecord(QCborStreamWriter& out, const QtRecord& record)
 
 void writeCoverage(QCborStreamWriter& out)
 {
-    out.startMap(12);
+    out.startMap(14);
     out.append(QLatin1String("ended")), out.startMap(2);
     out.append(QLatin1String("how")), out.append(QLatin1String("finished"));
     out.append(QLatin1String("percent")), out.append(ScanEnding().percent);
@@ -67,6 +67,17 @@ void writeCoverage(QCborStreamWriter& out)
     out.append(QLatin1String("missingHome")), out.append(QByteArray());
     for (const char* key : {"homes", "homesLeftOut"})
         out.append(QLatin1String(key)), out.startArray(0), out.endArray();
+    out.append(QLatin1String("source")), out.startMap(8);
+    out.append(QLatin1String("source")), out.append(QString());
+    for (const char* key : {"name", "format"})
+        out.append(QLatin1String(key)), out.append(QByteArray());
+    for (const char* key : {"entries", "skipped"})
+        out.append(QLatin1String(key)), out.append(0);
+    out.append(QLatin1String("firstSkipped")), out.startArray(0), out.endArray();
+    for (const char* key : {"remark", "sha256"})
+        out.append(QLatin1String(key)), out.append(QString());
+    out.endMap();
+    out.append(QLatin1String("deleted")), out.startArray(0), out.endArray();
     out.append(QLatin1String("seconds")), out.append(0.0);
     out.endMap();
 }

@@ -109,7 +109,7 @@ void ReportRemoval::start(const SpywareList& records, Then then)
     m_banner.reset();
     const auto from = m_screen.openReport();
     const auto what = std::make_shared<const RecordSelection>(
-        RecordSelection{eachOnce(records), from->volume, othersOf(*from->spyWareList, records)});
+        RecordSelection{eachOnce(records), from->volume, thereOf(*from->spyWareList)});
     const auto counts = std::make_shared<std::optional<RemovalCounts>>();
     m_session.remove(
         what->records.size(),

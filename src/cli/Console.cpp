@@ -140,6 +140,11 @@ std::size_t cells(std::string_view text)
     std::size_t width = 0;
     char32_t c = 0;
     for (std::size_t length = 0; !text.empty(); text.remove_prefix(length)) {
+        if (static_cast<unsigned char>(text.front()) < 0x80) {
+            length = 1;
+            ++width;
+            continue;
+        }
         length = std::max<std::size_t>(decodeUtf8(text, c), 1);
         const bool combining = c >= 0x300 && c <= 0x36f;
         const bool wide = (c >= 0x1100 && c <= 0x115f) || (c >= 0x2e80 && c <= 0xa4cf) ||
@@ -154,25 +159,27 @@ std::size_t cells(std::string_view text)
 } // namespace
 
 void TextTable::write(const std::vector<Align>& columns, std::size_t rows,
-                      const std::function<Row(std::size_t)>& rowAt, std::string_view indent,
+                      const std::function<void(std::size_t, Row&)>& fill, std::string_view indent,
                       std::ostream& out)
 {
     std::vector<std::size_t> widths(columns.size(), 0);
+    Row row(columns.size());
     for (std::size_t i = 0; i < rows; ++i) {
-        const Row row = rowAt(i);
+        fill(i, row);
         for (std::size_t k = 0; k + 1 < row.size(); ++k)
             widths[k] = std::max(widths[k], cells(row[k]));
     }
     std::string line;
     for (std::size_t i = 0; i < rows; ++i) {
-        const Row row = rowAt(i);
+        fill(i, row);
         line = indent;
         for (std::size_t k = 0; k + 1 < row.size(); ++k) {
-            const std::string padding(widths[k] - cells(row[k]), ' ');
-            line += columns[k] == Align::Right ? padding + row[k] : row[k] + padding;
-            line += "  ";
+            const std::size_t padding = widths[k] - cells(row[k]);
+            line.append(columns[k] == Align::Right ? padding : 0, ' ').append(row[k]);
+            line.append(columns[k] == Align::Left ? padding + 2 : 2, ' ');
         }
-        out << line << row.back() << '\n';
+        line.append(row.back()).append(1, '\n');
+        out << line;
     }
 }
 
@@ -180,7 +187,8 @@ std::string TextTable::text(std::string_view indent) const
 {
     std::ostringstream out;
     write(
-        m_columns, m_rows.size(), [this](std::size_t row) { return m_rows[row]; }, indent, out);
+        m_columns, m_rows.size(), [this](std::size_t at, Row& row) { row = m_rows[at]; }, indent,
+        out);
     return out.str();
 }
 

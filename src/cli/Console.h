@@ -99,10 +99,11 @@ public:
     /// All rows, each on a line of its own behind `indent`.
     [[nodiscard]] std::string text(std::string_view indent = "") const;
 
-    /// The same of so many rows that they are asked for twice instead of being kept.
+    /// The same of so many rows that they are asked for twice instead of being kept. `fill` puts
+    /// the texts of a row into a row that has as many as there are columns.
     using Row = std::vector<std::string>;
     static void write(const std::vector<Align>& columns, std::size_t rows,
-                      const std::function<Row(std::size_t)>& rowAt, std::string_view indent,
+                      const std::function<void(std::size_t, Row&)>& fill, std::string_view indent,
                       std::ostream& out);
 
 private:

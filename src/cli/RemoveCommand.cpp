@@ -118,7 +118,7 @@ Result<Choice> choose(const SpywareScanReport& report, const RemoveArguments& ar
             choice.numbers.push_back(number);
         }
     }
-    choice.selection.others = othersOf(*report.spyWareList, choice.selection.records);
+    choice.selection.there = thereOf(*report.spyWareList);
     GoingLocations going;
     for (const auto& record : choice.selection.records)
         going.add(*record);

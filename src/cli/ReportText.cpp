@@ -9,7 +9,7 @@
 
 #include <cstdio>
 #include <ostream>
-#include <set>
+#include <unordered_set>
 
 namespace pryvane::cli {
 
@@ -25,7 +25,7 @@ std::string secondsText(double seconds)
     return text;
 }
 
-std::string stateWord(const Spyware& record)
+const char* stateWord(const Spyware& record)
 {
     if (record.isDeleted)
         return "removed";
@@ -40,7 +40,7 @@ void writeFindings(const SpywareList& list, std::ostream& out)
     if (list.empty())
         return;
     FindingRules rules;
-    std::set<std::string> texts;
+    std::unordered_set<std::string> texts;
     std::vector<const std::string*> evidence; // a few different texts for any number of findings
     for (const auto& record : list)
         evidence.push_back(
@@ -51,15 +51,20 @@ void writeFindings(const SpywareList& list, std::ostream& out)
         {Align::Right, Align::Left, Align::Left, Align::Left, Align::Right, Align::Left,
          Align::Left, Align::Left},
         list.size() + 1,
-        [&](std::size_t row) {
-            if (row == 0)
-                return heads;
-            const Spyware& record = *list[row - 1];
-            return std::vector<std::string>{
-                std::to_string(row),      forTerminal(record.infections),
-                forTerminal(record.risk), stateWord(record),
-                sizeText(record.size),    forTerminal(whoseText(record)),
-                *evidence[row - 1],       forTerminal(record.url.relativePath())};
+        [&](std::size_t at, TextTable::Row& row) {
+            if (at == 0) {
+                row = heads;
+                return;
+            }
+            const Spyware& record = *list[at - 1];
+            row[0] = std::to_string(at);
+            row[1] = forTerminal(record.infections);
+            row[2] = forTerminal(record.risk);
+            row[3] = stateWord(record);
+            row[4] = sizeText(record.size);
+            row[5] = forTerminal(whoseText(record));
+            row[6] = *evidence[at - 1];
+            row[7] = forTerminal(record.url.relativePath());
         },
         "  ", out);
 }

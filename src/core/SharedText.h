@@ -1,11 +1,12 @@
 #pragma once
 
-#include <concepts>
+#include <array>
 #include <functional>
 #include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <unordered_map>
 
 namespace pryvane {
@@ -49,19 +50,20 @@ class SharedTexts {
 public:
     [[nodiscard]] const SharedText& of(std::string_view text)
     {
-        if (m_last == text)
-            return m_last;
-        const auto known = m_known.find(text);
-        if (known != m_known.end())
-            return m_last = known->second;
-        m_last = SharedText(text);
-        m_known.emplace(m_last, m_last);
-        return m_last;
+        SharedText& recent = m_recent[text.size() % m_recent.size()];
+        if (recent == text)
+            return recent;
+        auto known = m_known.find(text);
+        if (known == m_known.end()) {
+            const SharedText fresh(text);
+            known = m_known.emplace(fresh, fresh).first;
+        }
+        return recent = known->second;
     }
 
 private:
     std::unordered_map<std::string_view, SharedText> m_known; ///< keyed by its values' own bytes
-    SharedText m_last;
+    std::array<SharedText, 16> m_recent;                      ///< by their length
 };
 
 } // namespace pryvane

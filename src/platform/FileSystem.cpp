@@ -1,7 +1,8 @@
 #include "platform/FileSystem.h"
 
+#include "platform/MacFolders.h"
+
 #include <algorithm>
-#include <array>
 
 namespace pryvane {
 
@@ -35,12 +36,10 @@ std::vector<Presence> FileSystem::presencesIn(const FileURL& folder,
 
 bool holdsMac(FileSystem& disk, std::string_view folder)
 {
-    return std::ranges::any_of(
-        std::to_array<std::string_view>({"Library", "System", "Users", "Applications"}),
-        [&](std::string_view name) {
-            const std::string path = joinedPath(folder, name) + "/";
-            return disk.presence(FileURL::fileURLWithPath(path)) != Presence::Absent;
-        });
+    return std::ranges::any_of(kMacFolders, [&](std::string_view name) {
+        const std::string path = joinedPath(folder, name) + "/";
+        return disk.presence(FileURL::fileURLWithPath(path)) != Presence::Absent;
+    });
 }
 
 } // namespace pryvane

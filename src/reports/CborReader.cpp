@@ -83,6 +83,8 @@ bool CborReader::next()
     static constexpr cbor_callbacks kCallbacks = Callbacks::table();
     if (m_failed)
         return false;
+    if (nextShortText())
+        return true;
     const auto* start = reinterpret_cast<cbor_data>(m_data.data()) + m_offset;
     const cbor_decoder_result result =
         cbor_stream_decode(start, m_data.size() - m_offset, &kCallbacks, &m_item);
@@ -91,6 +93,28 @@ bool CborReader::next()
         return false;
     }
     m_offset += result.read;
+    return true;
+}
+
+/// The same for a string of at most 255 bytes, which most items are: the decoder takes longer to
+/// call back than to decode one.
+bool CborReader::nextShortText()
+{
+    constexpr unsigned kTextOrBytes = 0x40, kText = 0x60, kShort = 24;
+    const std::string_view rest = m_data.substr(m_offset);
+    if (rest.size() < 2)
+        return false;
+    const auto head = static_cast<unsigned char>(rest[0]);
+    const unsigned length = head & 0x1f;
+    if ((head & 0xc0) != kTextOrBytes || length > kShort)
+        return false;
+    const std::size_t start = length < kShort ? 1 : 2;
+    const std::size_t size = length < kShort ? length : static_cast<unsigned char>(rest[1]);
+    if (rest.size() - start < size)
+        return false;
+    m_item.type = (head & 0xe0) == kText ? Type::Text : Type::Bytes;
+    m_item.string = rest.substr(start, size);
+    m_offset += start + size;
     return true;
 }
 

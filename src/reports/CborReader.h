@@ -72,6 +72,7 @@ private:
 
     /// Reads the head of the next item, with the content of a string, into m_item.
     bool next();
+    bool nextShortText();
     [[nodiscard]] Elements elements(Type counted, Type untilBreak);
     /// Reads the head of the next value, of whatever type, and gives what it holds.
     [[nodiscard]] Elements enter();

@@ -102,7 +102,9 @@ void followDisk(SpywareScanReport& report, FileSystem& disk)
     const std::string here = disk.identity();
     for (std::size_t i = 0; i < there.size(); ++i) {
         Spyware& record = *(*report.spyWareList)[i];
-        record.setPresence(there[i], whyNotKnown(report, record, here));
+        record.setPresence(there[i], there[i] == Presence::Unknown
+                                         ? whyNotKnown(report, record, here)
+                                         : std::string_view());
     }
 }
 

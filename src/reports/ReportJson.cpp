@@ -43,9 +43,9 @@ public:
 private:
     void member(std::string_view name, std::string_view value)
     {
-        m_text += m_isFirst ? "\n        \"" : ",\n        \"";
+        m_text.append(m_isFirst ? "\n        \"" : ",\n        \"").append(name);
+        m_text.append("\": ").append(value);
         m_isFirst = false;
-        m_text.append(name).append("\": ").append(value);
     }
     void flag(std::string_view name, bool on) { member(name, on ? "true" : "false"); }
 
@@ -53,12 +53,13 @@ private:
     void text(std::string_view name, std::string_view bytes)
     {
         member(name, "\"");
-        for (const char c : forJson(bytes)) {
-            if (c == '"' || c == '\\')
-                m_text += '\\';
-            m_text += c;
+        const std::string escaped = forJson(bytes);
+        std::string_view rest = escaped;
+        for (std::size_t at = 0; (at = rest.find_first_of("\"\\")) != std::string_view::npos;) {
+            m_text.append(rest.substr(0, at)).append(1, '\\').append(1, rest[at]);
+            rest.remove_prefix(at + 1);
         }
-        m_text += '"';
+        m_text.append(rest).append(1, '"');
     }
 
     std::string m_text;

@@ -6,6 +6,7 @@
 #include "signatures/MakersApplications.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 namespace pryvane {
@@ -65,13 +66,21 @@ void ThreatRemoval::setAsideUnselected()
 {
     ThreatLists& lists = m_screen.lists;
     lists.notActionSpyware.clear();
-    const Records selected = setOf(removable(lists.arrThreats));
-    for (const auto& record : m_screen.state.arrSpywareList.records()) {
-        if (selected.contains(record.get()))
-            continue;
+    const SpywareList& all = m_screen.state.arrSpywareList.records();
+    // The mark itself tells the selected ones from the others, and is theirs again afterwards.
+    const SpywareList selected = removable(lists.arrThreats);
+    std::vector<bool> marks;
+    marks.reserve(selected.size());
+    for (const auto& record : selected)
+        marks.push_back(record->isNoAction);
+    for (const auto& record : all)
         record->isNoAction = true;
-        lists.notActionSpyware.push_back(record);
-    }
+    for (const auto& record : selected)
+        record->isNoAction = false;
+    std::ranges::copy_if(all, std::back_inserter(lists.notActionSpyware),
+                         [](const auto& record) { return record->isNoAction; });
+    for (std::size_t i = selected.size(); i-- > 0;)
+        selected[i]->isNoAction = marks[i];
 }
 
 void ThreatRemoval::reloadThreatDetails()
@@ -105,10 +114,9 @@ void ThreatRemoval::removeSpyware()
 
 std::shared_ptr<const RecordSelection> ThreatRemoval::selection(const SpywareList& records) const
 {
-    SpywareList going = removable(records);
-    SpywareList others = othersOf(m_screen.state.arrSpywareList.records(), going);
     return std::make_shared<const RecordSelection>(
-        RecordSelection{std::move(going), m_screen.lists.volume, std::move(others)});
+        RecordSelection{removable(records), m_screen.lists.volume,
+                        thereOf(m_screen.state.arrSpywareList.records())});
 }
 
 void ThreatRemoval::start(const SpywareList& selected, Then then)

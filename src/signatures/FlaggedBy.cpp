@@ -39,16 +39,16 @@ public:
           m_search(m_texts, PatternAutomaton::Letters::Exact)
     {
         for (const std::string_view folder : catalogue::defaultFolders())
-            m_defaultFolders.insert(catalogue::filled(folder, {user}));
+            add(m_defaultFolders, catalogue::filled(folder, {user}));
         for (const CatalogRow& row : catalogRows()) {
             if (row.rule == RuleKind::LibraryScope) {
                 for (const std::string_view root : catalogue::libraryRoots())
-                    addLocation(catalogue::underLibraryRoot(root, user, row.signature));
+                    add(m_locations, catalogue::underLibraryRoot(root, user, row.signature));
             } else {
                 std::string location = catalogue::filled(row.signature, {user});
                 if (row.rule == RuleKind::UserApplications)
                     location = catalogue::inUsersApplications(location, user);
-                addLocation(location);
+                add(m_locations, location);
             }
         }
     }
@@ -56,8 +56,8 @@ public:
     /// Whether a rule other than a deep scan's may fit.
     [[nodiscard]] bool mayFitMore(const FileURL& url) const
     {
-        const std::string path = url.absolutePath();
-        return m_locations.contains(path) || m_defaultFolders.contains(std::string(parentOf(path)));
+        const std::string_view place = url.identity();
+        return m_locations.contains(place) || m_defaultFolders.contains(parentOf(place));
     }
 
     /// The longest of a deep scan's texts in the path says most; empty: none is in it.
@@ -72,14 +72,20 @@ public:
     }
 
 private:
-    void addLocation(const std::string& location)
+    /// Without the slash at its beginning, as FileURL::identity() gives it.
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+    using Places = std::unordered_set<std::string, Hash, std::equal_to<>>;
+
+    static void add(Places& places, const std::string& path)
     {
-        m_locations.insert(FileURL::fileURLWithPath(location).absolutePath());
+        places.emplace(FileURL::fileURLWithPath(path).identity());
     }
 
     const std::vector<std::string> m_texts;
     const PatternAutomaton m_search;
-    std::unordered_set<std::string> m_locations, m_defaultFolders;
+    Places m_locations, m_defaultFolders;
 };
 
 FindingRules::FindingRules() = default;

@@ -7,12 +7,14 @@
 #include "volume/HostVolume.h"
 #include "volume/PathParts.h"
 #include "volume/VolumeIdentity.h"
+#include "volume/folders/FolderHandle.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
+#include <unordered_map>
 
 namespace pryvane {
 
@@ -48,6 +50,29 @@ DiskSource sourceOf(const std::string& hostFolder, bool isHostRoot)
     std::error_code ignored;
     const auto whole = std::filesystem::canonical(hostFolder, ignored);
     return {DiskSource::Kind::Folder, whole.filename().string()};
+}
+
+using ListedKinds = std::unordered_map<std::string, FileKind>;
+
+/// From so many names on, listing their folder takes less time than asking for each.
+constexpr std::size_t kManyNames = 32;
+
+/// What the folder lists; none where it lists more than that, or cannot be read whole.
+std::optional<ListedKinds> kindsIn(int folder, std::size_t most)
+{
+    FolderHandle handle = FolderHandle::openIn(folder, ".");
+    FolderBatch batch;
+    ListedKinds kinds;
+    do {
+        if (!handle || !batch.fill(handle))
+            return std::nullopt;
+        for (FolderBatch::Entry entry; batch.next(entry);) {
+            kinds.emplace(entry.name, entry.kind);
+            if (kinds.size() > most)
+                return std::nullopt;
+        }
+    } while (!batch.atEnd());
+    return kinds;
 }
 
 Error cannotOpen(std::string_view hostFolder, int error)
@@ -161,14 +186,29 @@ std::vector<Presence> VolumeFileSystem::presencesIn(const FileURL& folder,
 {
     const auto opened = m_root->openFolder(folder.relativePath(), FolderUse::Search);
     std::vector<Presence> there(names.size(), presenceOf(opened.error));
+    std::optional<ListedKinds> listed;
+    std::string name;
     for (std::size_t i = 0; opened.fd && i < names.size(); ++i) {
-        struct stat data {};
-        const std::string name(names[i]);
-        const int error =
-            fstatat(opened.fd.get(), name.c_str(), &data, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
+        name = names[i];
+        int error = 0;
+        FileKind kind = FileKind::Missing;
+        if (listed) {
+            const auto entry = listed->find(name);
+            kind = entry == listed->end() ? FileKind::Missing : entry->second;
+            error = kind == FileKind::Missing ? ENOENT : 0;
+        } else {
+            struct stat data {};
+            if (fstatat(opened.fd.get(), name.c_str(), &data, AT_SYMLINK_NOFOLLOW) == 0)
+                kind = kindOfMode(data.st_mode);
+            else
+                error = errno;
+            // The first one tells whether the folder may be searched at all.
+            if (i == 0 && names.size() >= kManyNames && presenceOf(error) != Presence::Unknown)
+                listed = kindsIn(opened.fd.get(), 2 * names.size());
+        }
         there[i] = presenceOf(error);
         // An implied link has no entry of its own.
-        if (error == 0 ? S_ISLNK(data.st_mode) : m_implied.targetOf(name).has_value())
+        if (error == 0 ? kind == FileKind::SymbolicLink : m_implied.targetOf(name).has_value())
             there[i] = presenceOf(m_root->probe(joinedPath(folder.relativePath(), name)));
     }
     return there;

@@ -75,6 +75,37 @@ TEST_F(VolumeContentTest, ListsEntriesWithTheirKinds)
         EXPECT_EQ(volume->kind(at(row.path)), row.kind) << row.path;
 }
 
+/// Few are asked for one by one, many by way of their folder's list; links are followed either way.
+TEST_F(VolumeContentTest, ManyNamesAtOnceGetTheAnswersThatEachGets)
+{
+    std::vector<std::string> texts = {"file", "sub", "link", "dangling", "FILE", "gone", "out"};
+    for (const char* name : {"file", "sub/in", "with space"})
+        disk.file(std::string("folder/") + name);
+    disk.link("folder/link", "sub");
+    disk.link("folder/dangling", "nothing");
+    disk.link("folder/out", "../../../../etc/passwd");
+    disk.link("byLink", "folder");
+    for (int i = 0; i < 200; ++i) {
+        texts.push_back("n" + std::to_string(i));
+        if (i % 3 == 0)
+            disk.file("folder/" + texts.back());
+    }
+    const std::vector<std::string_view> all(texts.begin(), texts.end());
+    for (const char* folder : {"/folder/", "/byLink/", "/missing/", "/folder/file/", "/"}) {
+        for (const std::size_t count : {std::size_t{7}, std::size_t{90}, all.size()}) {
+            const std::span names(all.data(), count);
+            EXPECT_EQ(volume->presencesIn(at(folder), names),
+                      volume->FileSystem::presencesIn(at(folder), names))
+                << folder << " " << count;
+        }
+    }
+    const auto there = volume->presencesIn(at("/folder/"), all);
+    EXPECT_THAT(std::vector(there.begin(), there.begin() + 7),
+                testing::ElementsAre(Presence::Present, Presence::Present, Presence::Present,
+                                     Presence::Absent, Presence::Absent, Presence::Absent,
+                                     Presence::Absent));
+}
+
 TEST_F(VolumeContentTest, MeasuresFoldersNestedDeeperThanAPathReaches)
 {
     nest("deep", 5000);

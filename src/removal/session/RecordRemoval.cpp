@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
-#include <unordered_set>
 
 namespace pryvane {
 
@@ -97,25 +96,22 @@ RemovalCounts RecordRemoval::remove(const RecordSelection& selection, const Stop
     return counts;
 }
 
-SpywareList othersOf(const SpywareList& all, const SpywareList& going)
+SpywareList thereOf(const SpywareList& all)
 {
-    std::unordered_set<std::string_view> locations;
-    locations.reserve(going.size());
-    for (const auto& record : going)
-        locations.insert(record->url.identity());
-    SpywareList others;
-    std::ranges::copy_if(all, std::back_inserter(others), [&](const auto& record) {
-        return record->isAvail() && !record->isDeleted &&
-               !locations.contains(record->url.identity());
+    SpywareList there;
+    there.reserve(all.size());
+    std::ranges::copy_if(all, std::back_inserter(there), [](const auto& record) {
+        return record->isAvail() && !record->isDeleted;
     });
-    return others;
+    return there;
 }
 
 RemovalTally tallyOf(const RecordSelection& selection, std::span<const RemovalResult> results)
 {
     RemovalTally tally;
-    GoingLocations gone;
+    GoingLocations going, gone;
     for (std::size_t i = 0; i < results.size(); ++i) {
+        going.add(*selection.records[i]);
         if (results[i].outcome == RemovalOutcome::Failed) {
             ++tally.failed;
         } else {
@@ -123,15 +119,17 @@ RemovalTally tallyOf(const RecordSelection& selection, std::span<const RemovalRe
             gone.add(*selection.records[i]);
         }
     }
-    tally.left = static_cast<std::size_t>(std::ranges::count_if(
-        selection.others, [&](const auto& record) { return !gone.holdFolderOf(*record); }));
+    tally.left =
+        static_cast<std::size_t>(std::ranges::count_if(selection.there, [&](const auto& record) {
+            return !going.holds(*record) && !gone.holdFolderOf(*record);
+        }));
     return tally;
 }
 
 RemovalCounts countsOf(const RecordSelection& selection, std::span<const RemovalResult> results)
 {
     return {tallyOf(selection, results),
-            std::ranges::any_of(selection.others,
+            std::ranges::any_of(selection.there,
                                 [](const auto& record) { return isRemoteDesktop(*record); })};
 }
 

@@ -13,14 +13,15 @@ namespace pryvane {
 /// Findings to remove, and where they were found.
 struct RecordSelection {
     SpywareList records;
-    std::string volume;      ///< identity of the volume of their report, as FileSystem gives it
-    SpywareList others = {}; ///< of the same report, which are there and stay
+    std::string volume;     ///< identity of the volume of their report, as FileSystem gives it
+    SpywareList there = {}; ///< of the same report, those that go among them
 };
 
-/// The records of a report that are there and not among those that go.
-[[nodiscard]] SpywareList othersOf(const SpywareList& all, const SpywareList& going);
+/// The records of a report that are there.
+[[nodiscard]] SpywareList thereOf(const SpywareList& all);
 
-/// What the removal of a selection came to. What lay in something that went is not left.
+/// What the removal of a selection came to. Left is what is there and was not to go; what lay in
+/// something that went is not left.
 [[nodiscard]] RemovalTally tallyOf(const RecordSelection& selection,
                                    std::span<const RemovalResult> results);
 

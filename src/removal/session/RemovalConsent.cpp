@@ -36,7 +36,9 @@ bool RemovalConsent::holds() const
 
 std::vector<BrowserEntry> RemovalConsent::blockingBrowsers()
 {
-    return browsersToQuit(m_screen.paths(), m_workspace.runningApplications(), m_screen.user);
+    const auto running = m_workspace.runningApplications();
+    return running.empty() ? std::vector<BrowserEntry>()
+                           : browsersToQuit(m_screen.paths(), running, m_screen.user);
 }
 
 bool RemovalConsent::tryAgain()

@@ -20,6 +20,10 @@ class GoingLocations {
 public:
     /// False where the location is among them already.
     bool add(const Spyware& record) { return m_places.insert(record.url.identity()).second; }
+    [[nodiscard]] bool holds(const Spyware& record) const
+    {
+        return m_places.contains(record.url.identity());
+    }
     [[nodiscard]] bool holdFolderOf(const Spyware& record) const;
 
 private:

@@ -4,6 +4,7 @@
 #include "core/Files.h"
 #include "core/Sha256.h"
 #include "core/Texts.h"
+#include "platform/MacFolders.h"
 #include "volume/listing/ListingFormat.h"
 #include "volume/listing/ListingIndexer.h"
 
@@ -102,7 +103,11 @@ public:
         parts.deepest = m_indexer.deepest();
         parts.facts = std::move(facts);
         auto disk = std::make_unique<IndexFileSystem>(std::move(parts));
-        if (!holdsMac(*disk))
+        // Of a list, which need not cover the disk, at least one must be known.
+        const bool isMac = std::ranges::any_of(kMacFolders, [&](std::string_view name) {
+            return disk->exists(FileURL::fileURLWithPath(name));
+        });
+        if (!isMac)
             return noMac();
         return disk;
     }
