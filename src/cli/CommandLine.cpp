@@ -133,7 +133,8 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
         ->type_name("FILE")
         ->needs(image);
     command.add_flag("--hash", arguments.hash,
-                     "With --listing or --image: tell the SHA-256 of its bytes");
+                     "Tell the SHA-256 of a list's or an image's bytes; a scan also that of each "
+                     "finding that is a file, whose contents it reads for it");
     command
         .add_option("--user", arguments.users,
                     "Short name of a user of the Mac to look at; may be repeated (default: whoever "
@@ -144,6 +145,38 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
         ->excludes("--user");
     command.add_flag("--case-sensitive", arguments.caseSensitive,
                      "Compare names exactly, not as a Mac's disk does");
+}
+
+void addLabelOptions(CLI::App& command, CaseLabels& labels)
+{
+    // Enough for a sentence, and no more than a line of a report has room for.
+    const CLI::Validator isLine(
+        [](const std::string& text) {
+            constexpr std::size_t kMost = 200;
+            return text.size() > kMost ? "is longer than 200 bytes" : std::string();
+        },
+        "");
+    command.add_option("--label", labels.label, "What you call this disk; kept with the report")
+        ->check(isLine)
+        ->type_name("TEXT");
+    command.add_option("--case", labels.caseName, "What it belongs to; kept likewise")
+        ->check(isLine)
+        ->type_name("TEXT");
+    command.add_option("--examiner", labels.examiner, "Who looks at it; kept likewise")
+        ->check(isLine)
+        ->type_name("TEXT");
+}
+
+void addFormatOption(CLI::App& command, std::string& format,
+                     const std::vector<std::string>& formats)
+{
+    format = formats.front();
+    std::string words;
+    for (std::size_t i = 0; i < formats.size(); ++i)
+        words += (i == 0 ? "" : i + 1 < formats.size() ? ", " : " or ") + formats[i];
+    command.add_option("--format", format, words)
+        ->check(CLI::IsMember(formats))
+        ->type_name("FORMAT");
 }
 
 } // namespace pryvane::cli

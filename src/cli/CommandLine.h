@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Console.h"
+#include "findings/CaseLabels.h"
 
 #include <CLI/CLI.hpp>
 
@@ -41,6 +42,13 @@ private:
 
 /// --volume, --user and --case-sensitive.
 void addVolumeOptions(CLI::App& command, VolumeArguments& arguments);
+
+/// --label, --case and --examiner.
+void addLabelOptions(CLI::App& command, CaseLabels& labels);
+
+/// --format with these words, of which the first stands where none is given.
+void addFormatOption(CLI::App& command, std::string& format,
+                     const std::vector<std::string>& formats);
 
 // One function a command; each adds itself to the parser.
 void addScanCommand(CommandLine& line, CLI::App& app);

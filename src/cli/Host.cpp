@@ -92,8 +92,9 @@ Result<std::unique_ptr<Host>> Host::open(const Console& console, const VolumeArg
                                          StoreUse use, Pacing pacing, Asking asking)
 {
     std::unique_ptr<Host> host(new Host(console));
-    if (arguments.hash && arguments.isFolder())
-        return Error{"--hash is for a list or an image, named with --listing or --image"};
+    if (arguments.hash && arguments.isFolder() && asking == Asking::Everything)
+        return Error{"--hash is for scans, and for a list or an image, named with --listing or "
+                     "--image"};
     for (const std::string& user : arguments.users) {
         if (!isShortName(user))
             return Error{forTerminal(notAShortName(user))};

@@ -2,11 +2,11 @@
 #include "cli/Console.h"
 #include "cli/Host.h"
 #include "cli/InventoryFacts.h"
+#include "cli/LinesHead.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
 #include "inventory/AdwareScan.h"
-
-#include <nlohmann/json.hpp>
+#include "reports/JsonPieces.h"
 
 #include <algorithm>
 #include <ostream>
@@ -46,6 +46,7 @@ const Kind kKinds[] = {
 
 struct InventoryArguments {
     VolumeArguments volume;
+    CaseLabels labels;
     std::vector<std::string> kinds; ///< empty: all
     std::string format = "text";
 };
@@ -206,6 +207,55 @@ nlohmann::ordered_json asJson(const std::vector<Section>& sections)
     return {{"shared", asJson(sections.front().lists)}, {"users", std::move(users)}};
 }
 
+nlohmann::ordered_json lineOf(const ExtensionEntry& entry)
+{
+    nlohmann::ordered_json line = {{"name", forJson(entry.nameExt)},
+                                   {"version", forJson(entry.verExt)},
+                                   {"profile", forJson(entry.PersonExt)},
+                                   {"size", entry.sizeExt}};
+    addLocation(line, entry.urlExt);
+    return line;
+}
+
+nlohmann::ordered_json lineOf(const ExtensionFact& fact)
+{
+    auto line = lineOf(fact.entry);
+    line["browser"] = fact.browser;
+    line["id"] = forJson(fact.id);
+    line["source"] = sourceText(fact.source);
+    line["permissions"] = namesJson(fact.permissions);
+    return line;
+}
+
+nlohmann::ordered_json lineOf(const FileURL& url)
+{
+    auto line = nlohmann::ordered_json::object();
+    addLocation(line, url);
+    return line;
+}
+
+/// One line an entry.
+void writeLines(const std::vector<Section>& sections, const TextSink& sink,
+                const nlohmann::ordered_json& head)
+{
+    writeLine(sink, head);
+    for (const Section& section : sections) {
+        for (const Listed& list : section.lists) {
+            nlohmann::ordered_json line = {
+                {"type", "item"}, {"list", list.kind->key}, {"user", textOrNull(section.user)}};
+            std::visit(
+                [&](const auto& entries) {
+                    for (const auto& entry : entries) {
+                        auto whole = line;
+                        whole.update(lineOf(entry));
+                        writeLine(sink, whole);
+                    }
+                },
+                list.entries);
+        }
+    }
+}
+
 void writeText(const std::vector<Section>& sections, const Console& console)
 {
     for (const Section& section : sections) {
@@ -263,7 +313,14 @@ int runInventory(const InventoryArguments& arguments, const Console& console)
         console.say("interrupted; nothing was listed");
         return kInterrupted;
     }
-    if (arguments.format == "json") {
+    if (arguments.format == "jsonl") {
+        const auto head = headOf("inventory", **host, arguments.labels);
+        writeLines(sections, console.sink(), head);
+        auto document = nlohmann::ordered_json::object();
+        addFactsJson(document, facts, factKinds);
+        writeFactLines(console.sink(), document);
+        writeEndLine(console.sink(), whole && facts.whole, (*host)->clock().now());
+    } else if (arguments.format == "json") {
         auto document = asJson(sections);
         addFactsJson(document, facts, factKinds);
         console.out << document.dump(2) << "\n";
@@ -303,9 +360,8 @@ void addInventoryCommand(CommandLine& line, CLI::App& app)
         ->check(CLI::IsMember(names))
         ->type_name("KIND");
     addVolumeOptions(*command, arguments->volume);
-    command->add_option("--format", arguments->format, "text or json")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORMAT");
+    addLabelOptions(*command, arguments->labels);
+    addFormatOption(*command, arguments->format, {"text", "json", "jsonl"});
     command->footer("Example: pryvane-cli inventory --kind permissions --volume /mnt/mac\n\n"
                     "Permissions, start-up and remote access are told for every home of the disk, "
                     "or for the --user that is named. Where one of them is asked for by name and "

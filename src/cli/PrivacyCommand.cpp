@@ -1,13 +1,13 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/Host.h"
+#include "cli/LinesHead.h"
 #include "cli/PrivacyClear.h"
 #include "core/Escape.h"
 #include "platform/Machine.h"
 #include "platform/Remover.h"
 #include "privacy/PrivacyScan.h"
-
-#include <nlohmann/json.hpp>
+#include "reports/JsonPieces.h"
 
 #include <ostream>
 
@@ -18,7 +18,8 @@ namespace {
 struct PrivacyArguments {
     VolumeArguments volume;
     ClearArguments clear;
-    std::string format = "text";
+    CaseLabels labels;
+    std::string format;
 };
 
 using Arguments = std::shared_ptr<PrivacyArguments>;
@@ -64,6 +65,32 @@ void writeJson(const std::vector<UsersGroups>& users, bool one, const Console& c
     const auto document =
         one ? asJson(users.front().groups) : nlohmann::ordered_json{{"users", std::move(list)}};
     console.out << document.dump(2) << "\n";
+}
+
+/// One line an item.
+void writeLines(const std::vector<UsersGroups>& users, const TextSink& sink)
+{
+    for (const UsersGroups& user : users)
+        for (const ToolGroup& group : user.groups)
+            for (const ToolItem& item : group.List) {
+                auto paths = nlohmann::ordered_json::array();
+                auto urls = nlohmann::ordered_json::array();
+                for (const ToolLocation& location : item.AllList) {
+                    paths.push_back(forJson(location.url.relativePath()));
+                    urls.push_back(location.url.urlText());
+                }
+                writeLine(sink, {{"type", "data"},
+                                 {"user", forJson(user.user)},
+                                 {"group", shownName(group)},
+                                 {"item", forJson(item.NameText)},
+                                 {"size", item.bytes},
+                                 {"header", item.isHeader},
+                                 {"extension", item.isExt},
+                                 {"dear", item.cost == Cost::Dear},
+                                 {"whole", item.notSeen.empty()},
+                                 {"paths", std::move(paths)},
+                                 {"urls", std::move(urls)}});
+            }
 }
 
 void writeText(const std::vector<ToolGroup>& groups, const Console& console)
@@ -113,7 +140,11 @@ int listPrivacy(const PrivacyArguments& arguments, const Console& console)
         console.say("interrupted; nothing was listed");
         return kInterrupted;
     }
-    if (arguments.format == "json")
+    if (arguments.format == "jsonl") {
+        writeLine(console.sink(), headOf("privacy", **host, arguments.labels));
+        writeLines(users, console.sink());
+        writeEndLine(console.sink(), progress.whole && progress.allSeen, (*host)->clock().now());
+    } else if (arguments.format == "json")
         writeJson(users, one, console);
     else
         for (const UsersGroups& user : users) {
@@ -158,13 +189,6 @@ int clearPrivacy(const PrivacyArguments& arguments, const Console& console)
     return clearItems(cleaner, running, **remover, arguments.clear, console);
 }
 
-void addFormat(CLI::App& command, std::string& format)
-{
-    command.add_option("--format", format, "text or json")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORMAT");
-}
-
 } // namespace
 
 void addPrivacyCommand(CommandLine& line, CLI::App& app)
@@ -177,7 +201,8 @@ void addPrivacyCommand(CommandLine& line, CLI::App& app)
         *parent, "list", "What there is to be cleaned, by application, with its size",
         [arguments](const Console& console) { return listPrivacy(*arguments, console); });
     addVolumeOptions(*list, arguments->volume);
-    addFormat(*list, arguments->format);
+    addLabelOptions(*list, arguments->labels);
+    addFormatOption(*list, arguments->format, {"text", "json", "jsonl"});
 
     CLI::App* clear = line.addCommand(
         *parent, "clear", "Remove the data of some items for good, after a preview",
@@ -195,7 +220,7 @@ void addPrivacyCommand(CommandLine& line, CLI::App& app)
     clear->add_flag("--dry-run", arguments->clear.dryRun, "Only show what would be removed");
     clear->add_flag("--yes", arguments->clear.yes, "Do not ask");
     addVolumeOptions(*clear, arguments->volume);
-    addFormat(*clear, arguments->clear.format);
+    addFormatOption(*clear, arguments->clear.format, {"text", "json"});
     clear->footer("Exit code: 0 done, 1 something stayed, 2 error, 130 interrupted.\n"
                   "Example: pryvane-cli privacy clear --group Safari --except Safari/Cookies");
 }

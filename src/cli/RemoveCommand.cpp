@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/Host.h"
+#include "cli/RemoveLines.h"
 #include "cli/RemoveText.h"
 #include "cli/ReportText.h"
 #include "core/Escape.h"
@@ -31,6 +32,9 @@ struct RemoveArguments {
     bool weak = false;
     bool dryRun = false;
     bool yes = false;
+    std::string format;
+
+    [[nodiscard]] bool writesLines() const { return format == "jsonl"; }
 };
 
 /// What was chosen of a report, with the items' numbers.
@@ -156,10 +160,13 @@ bool showPlan(RecordRemoval& removal, const Choice& choice, const RemoveArgument
         [&] { plan = removal.plan(choice.selection, console.interrupted); });
     if (plan.stopped)
         return false;
-    console.out << planText(plan, choice.numbers)
-                << (arguments.dryRun ? "Would remove: " : "To be removed: ") << planTotalText(plan)
-                << "\n"
-                << std::flush;
+    if (arguments.writesLines())
+        writePlanLines(console.sink(), plan, choice.numbers);
+    else
+        console.out << planText(plan, choice.numbers)
+                    << (arguments.dryRun ? "Would remove: " : "To be removed: ")
+                    << planTotalText(plan) << "\n";
+    console.out << std::flush;
     if (plan.isFirst)
         console.say("nothing was removed from this disk before. If somebody may be watching this "
                     "Mac: removing destroys evidence of it, and whoever installed it may notice. "
@@ -170,7 +177,8 @@ bool showPlan(RecordRemoval& removal, const Choice& choice, const RemoveArgument
     return true;
 }
 
-int carryOut(RecordRemoval& removal, const Choice& choice, const Console& console)
+int carryOut(RecordRemoval& removal, const Choice& choice, const RemoveArguments& arguments,
+             Host& host, const Console& console)
 {
     const SpywareList& records = choice.selection.records;
     std::vector<RemovalResult> results(records.size());
@@ -188,9 +196,16 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
                                         ++done;
                                     });
         });
-    console.out << outcomeText(records, results, choice.numbers);
-    if (const auto left = counts.tally.left; left > 0)
-        console.out << "Left: " << countedText(left, "finding", "findings") << " of the report\n";
+    const auto left = counts.tally.left;
+    if (arguments.writesLines()) {
+        writeOutcomeLines(console.sink(), records, results, choice.numbers);
+        writeRemovalEnd(console.sink(), results, left, host.clock().now());
+    } else {
+        console.out << outcomeText(records, results, choice.numbers);
+        if (left > 0)
+            console.out << "Left: " << countedText(left, "finding", "findings")
+                        << " of the report\n";
+    }
     const auto isStopped = [](const RemovalResult& result) {
         return result.obstacle == RemovalObstacle::Stopped;
     };
@@ -204,8 +219,16 @@ int carryOut(RecordRemoval& removal, const Choice& choice, const Console& consol
     return whole && choice.isAll() ? kDone : kFindings;
 }
 
-int removeChosen(Host& host, const Choice& choice, const RemoveArguments& arguments,
-                 const Console& console)
+/// The lines of a removal that removes nothing.
+void writeNothingRemoved(Host& host, const SpywareScanReport& report, const Console& console)
+{
+    const auto left = static_cast<std::size_t>(std::ranges::count_if(
+        *report.spyWareList, [](const auto& record) { return record->isAvail(); }));
+    writeRemovalEnd(console.sink(), {}, left, host.clock().now());
+}
+
+int removeChosen(Host& host, const SpywareScanReport& report, const Choice& choice,
+                 const RemoveArguments& arguments, const Console& console)
 {
     const std::string here = host.disk().identity();
     if (!isSameVolume(choice.selection.volume, here)) {
@@ -223,18 +246,23 @@ int removeChosen(Host& host, const Choice& choice, const RemoveArguments& argume
     const bool blocked = browsersBlock(host, choice.selection.records, console);
     if (blocked && !arguments.dryRun)
         return kFindings;
+    if (arguments.writesLines())
+        writeRemovalHead(console.sink(), host, report, arguments.dryRun);
     if (!arguments.yes || arguments.dryRun) {
         if (!showPlan(removal, choice, arguments, console))
             return interruptedBefore(console);
     }
-    if (arguments.dryRun)
+    if (arguments.dryRun) {
+        if (arguments.writesLines())
+            writeNothingRemoved(host, report, console);
         return kDone;
+    }
     const std::string question =
         "Remove " + countedText(choice.numbers.size(), "finding", "findings") + " for good?";
     const bool confirmed = console.confirmed(question, arguments.yes);
     if (console.interrupted.requested())
         return interruptedBefore(console);
-    return confirmed ? carryOut(removal, choice, console) : int{kFailed};
+    return confirmed ? carryOut(removal, choice, arguments, host, console) : int{kFailed};
 }
 
 int runRemove(const RemoveArguments& arguments, const Console& console)
@@ -250,8 +278,15 @@ int runRemove(const RemoveArguments& arguments, const Console& console)
     const auto report = findReport(store, arguments.id, arguments.volume.named((*host)->disk()));
     if (!report)
         return console.fail(report.error().message);
+    const auto writeNothing = [&] {
+        if (!arguments.writesLines())
+            return;
+        writeRemovalHead(console.sink(), **host, **report, arguments.dryRun);
+        writeNothingRemoved(**host, **report, console);
+    };
     if ((*report)->spyWareList->empty()) {
         console.say("the report has no findings; there is nothing to remove");
+        writeNothing();
         return arguments.items.empty() ? kDone : kFailed;
     }
     const auto choice = choose(**report, arguments);
@@ -261,9 +296,11 @@ int runRemove(const RemoveArguments& arguments, const Console& console)
         console.say(remoteDesktopText(*choice->leftOut));
     if (choice->weak > 0)
         console.say(weakText(choice->weak));
-    if (choice->numbers.empty())
+    if (choice->numbers.empty()) {
+        writeNothing();
         return arguments.dryRun || choice->isAll() ? kDone : kFindings;
-    return removeChosen(**host, *choice, arguments, console);
+    }
+    return removeChosen(**host, **report, *choice, arguments, console);
 }
 
 } // namespace
@@ -293,6 +330,7 @@ void addRemoveCommand(CommandLine& line, CLI::App& app)
         ->needs(all);
     command->add_flag("--dry-run", arguments->dryRun, "Show what would happen, and remove nothing");
     command->add_flag("--yes", arguments->yes, "Do not ask");
+    addFormatOption(*command, arguments->format, {"text", "jsonl"});
     addVolumeOptions(*command, arguments->volume);
     command->footer(
         "Nothing goes to a trash: what is removed is gone. Ctrl+C stops between two entries, and\n"

@@ -12,24 +12,7 @@ namespace {
 
 using Align = TextTable::Align;
 
-const char* kindWord(FileKind kind)
-{
-    switch (kind) {
-    case FileKind::Missing:
-        return "gone";
-    case FileKind::Folder:
-        return "folder";
-    case FileKind::RegularFile:
-        return "file";
-    case FileKind::SymbolicLink:
-        return "link";
-    case FileKind::Other:
-        return "other";
-    case FileKind::Unknown:
-        break;
-    }
-    return "unknown";
-}
+} // namespace
 
 const char* outcomeWord(RemovalOutcome outcome)
 {
@@ -43,8 +26,6 @@ const char* outcomeWord(RemovalOutcome outcome)
     }
     return "failed";
 }
-
-} // namespace
 
 std::string amountText(std::uint64_t entries, std::int64_t bytes)
 {

@@ -8,6 +8,9 @@
 
 namespace pryvane::cli {
 
+/// For programs and in a table: "removed", "gone" or "failed".
+[[nodiscard]] const char* outcomeWord(RemovalOutcome outcome);
+
 /// "5 entries, 12 KB"
 [[nodiscard]] std::string amountText(std::uint64_t entries, std::int64_t bytes);
 

@@ -6,7 +6,9 @@
 #include "core/Escape.h"
 #include "removal/disk/RemovalJournalFile.h"
 #include "reports/DefaultMethods.h"
+#include "reports/JsonLines.h"
 #include "reports/RecordAvailability.h"
+#include "reports/ReportBundle.h"
 #include "reports/ReportCompare.h"
 #include "reports/ReportExport.h"
 #include "reports/pdf/PDFGenerate.h"
@@ -24,8 +26,9 @@ struct ReportArguments {
     VolumeArguments volume;
     std::string id;
     std::string otherId;
-    std::string format = "json";
+    std::string format;
     std::string file;
+    std::string bundle;
     std::string printer;
     bool yes = false;
     bool facts = false;
@@ -131,7 +134,8 @@ void writeReport(const Console& console, const SpywareScanReport& report,
                 << sinceText(report.scanDate, now) << ")\n"
                 << "Kind:     " << forTerminal(report.reportType) << "\n"
                 << "Duration: " << forTerminal(report.scanDuration) << "\n"
-                << "Mac:      " << subjectText(report.subject) << "\n\n"
+                << labelsText(report.labels) << "Mac:      " << subjectText(report.subject)
+                << "\n\n"
                 << verdictText(report, console) << "\n";
     if (!report.spyWareList->empty())
         writeFindings(*report.spyWareList, console.out << "\n");
@@ -185,11 +189,21 @@ Result<std::optional<ReportAppendix>> wantedFacts(const ReportArguments& argumen
         factsAppendix(host.disk(), UserChoice(report.subject.users), console.interrupted));
 }
 
+int writeBundle(const std::string& folder, Host& host, const SpywareScanReport& report,
+                const ReportAppendix* appendix, const Console& console)
+{
+    const auto written = writeReportBundle(folder, report, appendix, [&](const std::string& path) {
+        return host.pdf().createPDF(report, path, appendix);
+    });
+    return written ? int{kDone} : console.fail(written.error().message);
+}
+
 int exportReport(const ReportArguments& arguments, const Console& console)
 {
-    if (arguments.facts && arguments.format == "csv")
-        return console.fail("a table of findings has no room for facts; --facts goes with html "
-                            "and json");
+    const bool isTable = arguments.format == "csv" || arguments.format == "timeline";
+    if (arguments.facts && isTable && arguments.bundle.empty())
+        return console.fail("a table of findings has no room for facts; --facts goes with html, "
+                            "json and jsonl");
     return withReport(console, arguments,
                       [&](Host& host, DefaultMethods&, const SpywareScanReport& report) {
                           const auto facts = wantedFacts(arguments, host, report, console);
@@ -197,8 +211,14 @@ int exportReport(const ReportArguments& arguments, const Console& console)
                               return console.fail(facts.error().message);
                           const ReportAppendix* const appendix = *facts ? &**facts : nullptr;
                           sayWhatIsNotKnown(console, host, report);
+                          if (!arguments.bundle.empty())
+                              return writeBundle(arguments.bundle, host, report, appendix, console);
                           if (arguments.format == "csv")
                               writeAsCsv(report, console.sink());
+                          else if (arguments.format == "timeline")
+                              writeAsTimeline(report, console.sink());
+                          else if (arguments.format == "jsonl")
+                              writeReportLines(report, console.sink(), appendix);
                           else if (arguments.format == "html")
                               writeAsHtml(report, console.sink(), appendix);
                           else
@@ -328,9 +348,13 @@ void addReportCommand(CommandLine& line, CLI::App& app)
     CLI::App* exported = addOne(line, *parent, "export", "One report in a file format, on stdout",
                                 exportReport, arguments);
     addId(*exported, arguments->id);
-    exported->add_option("--format", arguments->format, "json, csv or html")
-        ->check(CLI::IsMember({"json", "csv", "html"}))
-        ->type_name("FORMAT");
+    addFormatOption(*exported, arguments->format, {"json", "jsonl", "csv", "html", "timeline"});
+    exported
+        ->add_option("--bundle", arguments->bundle,
+                     "Make this folder and write the report into it in every form, with a file of "
+                     "SHA-256 sums")
+        ->type_name("DIR")
+        ->excludes("--format");
     exported->add_flag("--facts", arguments->facts, kFactsHelp);
 
     CLI::App* pdf =

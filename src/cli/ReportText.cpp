@@ -87,6 +87,18 @@ std::string removalsText(const RemovalRecords& records)
     return records.empty() ? std::string() : table.text("  ");
 }
 
+std::string labelsText(const CaseLabels& labels)
+{
+    constexpr std::size_t kColumn = 10;
+    std::string text;
+    for (const auto& [name, words] : labelLines(labels)) {
+        std::string line = std::string(name) + ":";
+        line.resize(kColumn, ' ');
+        text += line + forTerminal(words) + "\n";
+    }
+    return text;
+}
+
 std::string coverageText(const ScanCoverage& coverage)
 {
     std::string text = "Looked at: " + std::to_string(coverage.signaturesTested) + " signatures, " +
@@ -111,6 +123,8 @@ std::string coverageText(const ScanCoverage& coverage)
         text += "  not readable: " + forTerminal(refusal.path) + " (" +
                 forTerminal(refusal.reason) + ")\n";
     }
+    if (const std::string read = contentsText(coverage); !read.empty())
+        text += "  " + read + "\n";
     for (const DeletedName& name : coverage.deleted)
         text += "  deleted, but still named: " + forTerminal(name.path) + " (" +
                 forTerminal(name.infections) + ")\n";

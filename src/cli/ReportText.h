@@ -32,6 +32,9 @@ using RemovalRecords = std::map<std::size_t, RemovalRecord>;
 /// any.
 [[nodiscard]] std::string removalsText(const RemovalRecords& records);
 
+/// What the person who had it made said of a report, in lines; empty where nothing was said.
+[[nodiscard]] std::string labelsText(const CaseLabels& labels);
+
 /// What a scan looked at and what it could not, a few lines.
 [[nodiscard]] std::string coverageText(const ScanCoverage& coverage);
 

@@ -8,6 +8,7 @@
 #include "platform/Remover.h"
 #include "platform/UserDefaults.h"
 #include "reports/DefaultMethods.h"
+#include "reports/JsonLines.h"
 #include "reports/ReportExport.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "scan/ScanViewController.h"
@@ -32,7 +33,8 @@ struct ScanArguments {
     bool noPacing = false;
     bool store = false;
     bool noStore = false;
-    std::string format = "text";
+    std::string format;
+    CaseLabels labels;
     std::string pdf;
     bool facts = false;
 };
@@ -83,6 +85,8 @@ private:
         ScanOptions options{host.whose(), {}, arguments.checkSubDir};
         options.grantedRoot =
             arguments.wholeDisk ? FileURL::fileURLWithPath("/") : options.homeRoot();
+        options.labels = arguments.labels;
+        options.hashFindings = arguments.volume.hash;
         return options;
     }
 
@@ -100,13 +104,27 @@ private:
 void writeText(const Console& console, const SpywareScanReport& report, bool stored)
 {
     console.out << verdictText(report, console) << "\n"
-                << "Mac:      " << subjectText(report.subject) << "\n";
+                << labelsText(report.labels) << "Mac:      " << subjectText(report.subject) << "\n";
     if (!report.spyWareList->empty())
         writeFindings(*report.spyWareList, console.out << "\n");
     console.out << "\n" << coverageText(report.coverage);
     if (stored)
         console.out << "Report: " << forTerminal(report.reportId)
                     << "  (pryvane-cli report show latest)\n";
+}
+
+void writeReport(const Console& console, const SpywareScanReport& report, const std::string& format,
+                 bool stored, const ReportAppendix* facts)
+{
+    if (format == "json") {
+        writeAsJson(report, console.sink(), facts);
+    } else if (format == "jsonl") {
+        writeReportLines(report, console.sink(), facts);
+    } else {
+        writeText(console, report, stored);
+        if (facts)
+            printAppendix(console, *facts);
+    }
 }
 
 /// A document that cannot be written is better known before the scan than after it.
@@ -156,14 +174,9 @@ int runScan(const ScanArguments& arguments, const Console& console)
     std::optional<ReportAppendix> facts;
     if (arguments.facts && finished)
         facts = factsAppendix((*host)->disk(), (*host)->whose(), console.interrupted);
-    if (arguments.format == "json")
-        writeAsJson(*report, console.sink(), facts ? &*facts : nullptr);
-    else
-        writeText(console, *report, kept);
-    if (facts && arguments.format != "json")
-        printAppendix(console, *facts);
-    const bool written =
-        writeDocument(console, **host, arguments, *report, facts ? &*facts : nullptr);
+    const ReportAppendix* const appendix = facts ? &*facts : nullptr;
+    writeReport(console, *report, arguments.format, kept, appendix);
+    const bool written = writeDocument(console, **host, arguments, *report, appendix);
     if (!scan.controller().givenUp().empty())
         return console.fail("the scan was given up: " + scan.controller().givenUp());
     if (!finished) {
@@ -213,9 +226,8 @@ void addScanCommand(CommandLine& line, CLI::App& app)
     auto* store = command->add_flag("--store", arguments->store, "Store the report (the default)");
     command->add_flag("--no-store", arguments->noStore, "Store nothing; needs no data folder")
         ->excludes(store);
-    command->add_option("--format", arguments->format, "text or json")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORMAT");
+    addLabelOptions(*command, arguments->labels);
+    addFormatOption(*command, arguments->format, {"text", "json", "jsonl"});
     command->add_option("--pdf", arguments->pdf, "Write the report as a PDF document as well")
         ->type_name("FILE");
     command->add_flag("--facts", arguments->facts, kFactsHelp);

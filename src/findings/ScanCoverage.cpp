@@ -23,6 +23,19 @@ std::string homesLeftOutText(const ScanCoverage& coverage)
     return text;
 }
 
+std::string contentsText(const ScanCoverage& coverage)
+{
+    if (coverage.contentsRead == 0 && coverage.contentsNotRead == 0)
+        return {};
+    std::string text =
+        "contents of " +
+        countedText(static_cast<std::uint64_t>(coverage.contentsRead), "finding", "findings") +
+        " were read for the SHA-256";
+    if (coverage.contentsNotRead > 0)
+        text += "; of " + std::to_string(coverage.contentsNotRead) + " they could not be read";
+    return text;
+}
+
 std::string otherDisksText(const ScanCoverage& coverage)
 {
     constexpr std::size_t kNamed = 20;

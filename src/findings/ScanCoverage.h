@@ -57,6 +57,8 @@ struct ScanCoverage {
     std::vector<std::string> otherDisks;   ///< where others are mounted, left out of a deep walk
     SourceFacts source;                    ///< where the names came from; none for mounted folders
     std::vector<DeletedName> deleted;      ///< what the source names as deleted, the first of them
+    std::int64_t contentsRead = 0;         ///< findings whose content was read for its SHA-256
+    std::int64_t contentsNotRead = 0;      ///< files among them whose content could not be
     double seconds = 0;
 
     /// False for a scan that looked at nothing, and for a report too old to say what it looked at.
@@ -74,6 +76,9 @@ struct ScanCoverage {
 
 /// "not looked at: other disks at /Volumes/USB", escaped for display; empty where there are none.
 [[nodiscard]] std::string otherDisksText(const ScanCoverage& coverage);
+
+/// "contents of 3 findings were read for their SHA-256"; empty where none were to be.
+[[nodiscard]] std::string contentsText(const ScanCoverage& coverage);
 
 /// What a disk that is not mounted was read from: label and words escaped for display, in lines;
 /// empty for mounted folders.

@@ -95,6 +95,25 @@ const char* presenceWord(Presence presence)
     return "unknown";
 }
 
+const char* kindWord(FileKind kind)
+{
+    switch (kind) {
+    case FileKind::Missing:
+        return "gone";
+    case FileKind::Folder:
+        return "folder";
+    case FileKind::RegularFile:
+        return "file";
+    case FileKind::SymbolicLink:
+        return "link";
+    case FileKind::Other:
+        return "other";
+    case FileKind::Unknown:
+        break;
+    }
+    return "unknown";
+}
+
 /// The spelling on the disk where it differs from the location in letter case or normal form alone:
 /// a location behind a link is one of its own.
 std::string_view ResultList::placeOf(const Spyware& record)

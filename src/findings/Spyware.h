@@ -26,6 +26,9 @@ inline constexpr std::string_view kUnsearchable = "a folder on the way to it can
 /// The three answers for programs: "there", "gone", "unknown".
 [[nodiscard]] const char* presenceWord(Presence presence);
 
+/// What stands somewhere, for programs: "file", "folder", "link", "other", "gone" or "unknown".
+[[nodiscard]] const char* kindWord(FileKind kind);
+
 /// One finding: a named threat at one location, with the flags that carry it through removal. A
 /// plain record; while a scan runs the main thread owns it once it is on the result list.
 class Spyware {
@@ -88,6 +91,9 @@ public:
 
     /// What stood at the location when a scan found it; stored, and unknown in older reports.
     FileKind kind = FileKind::Unknown;
+
+    FileTimes times;   ///< of what stood there when a scan found it; stored
+    SharedText sha256; ///< of its content, where a scan was asked for that and could tell; stored
 
     /// Where it was when a scan found it; none for a record that was read back from the store.
     std::optional<Sighting> seen;

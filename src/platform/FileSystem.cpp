@@ -1,10 +1,29 @@
 #include "platform/FileSystem.h"
 
+#include "core/Sha256.h"
 #include "platform/MacFolders.h"
 
 #include <algorithm>
 
 namespace pryvane {
+
+DiskMoment DiskMoment::of(std::int64_t seconds, std::int64_t nanoseconds)
+{
+    constexpr std::int64_t kFirst = -8'520'336'000, kLast = 7'258'118'399;
+    if (seconds < kFirst || seconds > kLast)
+        return {};
+    return Date(std::chrono::seconds(seconds) +
+                std::chrono::milliseconds(nanoseconds / 1'000'000 % 1000));
+}
+
+Result<std::string> FileSystem::contentHash(const FileURL& url, const StopFlag&)
+{
+    constexpr std::size_t kMost = std::size_t{64} << 20; // held in memory
+    const auto content = readSmallFile(url, kMost);
+    if (!content)
+        return content.error();
+    return sha256Hex(*content);
+}
 
 std::vector<std::string> FileSystem::homes()
 {

@@ -2,6 +2,7 @@
 
 #include "core/Result.h"
 #include "core/StopFlag.h"
+#include "core/Texts.h"
 #include "platform/FileURL.h"
 
 #include <atomic>
@@ -62,6 +63,38 @@ struct FileIdentity {
     friend auto operator<=>(const FileIdentity&, const FileIdentity&) = default;
 };
 
+/// A moment as a disk has it; none where that is not known. Small, as there may be a million.
+class DiskMoment {
+public:
+    constexpr DiskMoment() = default;
+    constexpr DiskMoment(Date date) // NOLINT(google-explicit-constructor): one that is known
+        : m_milliseconds(date.time_since_epoch().count())
+    {
+    }
+    /// None outside the years 1700 to 2199, which no disk means in earnest.
+    [[nodiscard]] static DiskMoment of(std::int64_t seconds, std::int64_t nanoseconds = 0);
+
+    [[nodiscard]] constexpr explicit operator bool() const { return m_milliseconds != kNone; }
+    [[nodiscard]] constexpr Date operator*() const
+    {
+        return Date(std::chrono::milliseconds(m_milliseconds));
+    }
+    friend bool operator==(const DiskMoment&, const DiskMoment&) = default;
+
+private:
+    static constexpr std::int64_t kNone = INT64_MIN;
+    std::int64_t m_milliseconds = kNone; ///< since 1970
+};
+
+/// When something was made, when its content and when anything of it last changed.
+struct FileTimes {
+    DiskMoment birth;
+    DiskMoment modified;
+    DiskMoment changed;
+
+    friend bool operator==(const FileTimes&, const FileTimes&) = default;
+};
+
 /// The direct entries of one folder, in the order in which the file system lists them.
 struct FolderListing {
     ListStatus status = ListStatus::Missing;
@@ -98,6 +131,9 @@ public:
         return std::nullopt;
     }
 
+    /// The moments of what stands at the location itself, links not followed at its end.
+    [[nodiscard]] virtual FileTimes times(const FileURL&) { return {}; }
+
     /// The absolute path under which the disk itself has what stands there, links not followed at
     /// its end; none where nothing does, or where that cannot be told. The same as the asked path
     /// where that is spelled exactly.
@@ -122,6 +158,11 @@ public:
     /// are refused, and so is anything longer than `limit` bytes.
     [[nodiscard]] virtual Result<std::string> readSmallFile(const FileURL& url,
                                                             std::size_t limit) = 0;
+
+    /// The SHA-256 of a regular file's content, links not followed at its end, as 64 hexadecimal
+    /// digits; or why it could not be had. Files of any length where they are read from folders,
+    /// else up to 64 MiB.
+    [[nodiscard]] virtual Result<std::string> contentHash(const FileURL& url, const StopFlag& stop);
 
     /// Opaque bytes that tell this volume from others and survive mounting it again; empty where
     /// the file system has nothing that does.

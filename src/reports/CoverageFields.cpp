@@ -17,7 +17,8 @@ constexpr std::string_view kSignaturesTested = "signaturesTested", kFoldersListe
                            kEnded = "ended", kHow = "how", kPercent = "percent",
                            kDeleted = "deleted", kFormat = "format", kEntries = "entries",
                            kSkipped = "skipped", kFirstSkipped = "firstSkipped", kRemark = "remark",
-                           kSha256 = "sha256";
+                           kSha256 = "sha256", kContentsRead = "contentsRead",
+                           kContentsNotRead = "contentsNotRead";
 } // namespace key
 
 namespace {
@@ -151,7 +152,8 @@ std::vector<DeletedName> readDeleted(CborReader& in)
 
 void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
 {
-    out.map(coverage.otherDisks.empty() ? 14 : 15);
+    const bool tellsContents = coverage.contentsRead != 0 || coverage.contentsNotRead != 0;
+    out.map(std::size_t{14} + (coverage.otherDisks.empty() ? 0 : 1) + (tellsContents ? 2 : 0));
     out.text(key::kEnded);
     writeEnding(out, coverage.ended);
     out.text(key::kSignaturesTested).integer(coverage.signaturesTested);
@@ -183,6 +185,10 @@ void writeCoverage(CborWriter& out, const ScanCoverage& coverage)
         out.map(2);
         out.text(key::kPath).bytes(name.path);
         out.text(key::kInfections).textOrBytes(name.infections);
+    }
+    if (tellsContents) {
+        out.text(key::kContentsRead).integer(coverage.contentsRead);
+        out.text(key::kContentsNotRead).integer(coverage.contentsNotRead);
     }
     out.text(key::kSeconds).real(coverage.seconds);
 }
@@ -221,6 +227,10 @@ ScanCoverage readCoverage(CborReader& in)
             coverage.deleted = readDeleted(in);
         else if (key == key::kEnded)
             coverage.ended = readEnding(in);
+        else if (key == key::kContentsRead)
+            coverage.contentsRead = in.integer();
+        else if (key == key::kContentsNotRead)
+            coverage.contentsNotRead = in.integer();
         else if (key == key::kSeconds)
             coverage.seconds = in.real();
         else

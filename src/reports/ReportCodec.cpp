@@ -14,7 +14,7 @@ namespace {
 
 void writeReport(CborWriter& out, const SpywareScanReport& report)
 {
-    out.map(10);
+    out.map(headKeys(report) + 2);
     writeHead(out, report);
     out.text(key::kCoverage);
     writeCoverage(out, report.coverage);
@@ -87,7 +87,7 @@ Result<Done> encodeReport(const SpywareScanReport& report, const PieceSink& sink
             writeRecord(out, *records[done++]);
         piece.clear();
         if (begun == 0) {
-            head.tag(kSelfDescribedTag).map(11);
+            head.tag(kSelfDescribedTag).map(headKeys(report) + 3);
             writeHead(head, report);
             head.text(key::kCoverage);
             writeCoverage(head, report.coverage);
@@ -140,7 +140,7 @@ std::string encodeFacts(const SpywareScanReport& report)
     }
     std::string bytes;
     CborWriter out(bytes);
-    out.tag(kSelfDescribedTag).map(13);
+    out.tag(kSelfDescribedTag).map(headKeys(report) + 5);
     writeHead(out, report);
     out.text(key::kVerdictLine).textOrBytes(report.verdictLine());
     out.text(key::kVerdict).text(wordsFor(report.verdict()).machine);

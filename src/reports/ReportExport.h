@@ -19,6 +19,11 @@ void writeAsJson(const SpywareScanReport& report, const TextSink& sink,
 /// pass for a formula: one that begins like a formula gets an apostrophe in front.
 void writeAsCsv(const SpywareScanReport& report, const TextSink& sink);
 
+/// What happened when, as timeline tools read it: a table with message, datetime (ISO 8601 in UTC)
+/// and timestamp_desc, sorted by time. When each finding was made and changed, as far as its disk
+/// told, and the scan itself.
+void writeAsTimeline(const SpywareScanReport& report, const TextSink& sink);
+
 /// One self-contained page without scripts and without anything from elsewhere.
 void writeAsHtml(const SpywareScanReport& report, const TextSink& sink,
                  const ReportAppendix* appendix = nullptr);

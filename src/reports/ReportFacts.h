@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Texts.h"
+#include "findings/CaseLabels.h"
 #include "findings/Subject.h"
 #include "findings/Verdict.h"
 
@@ -17,6 +18,7 @@ struct ReportFacts {
     std::string scanDuration;
     std::string volume; ///< identity of the volume that was scanned
     Subject subject;    ///< whose disk that is
+    CaseLabels labels;  ///< what was said of it
     Verdict verdict = Verdict::Incomplete;
     std::string verdictLine;
     bool tellsVerdict = false; ///< false in the facts of older reports, as they are stored

@@ -14,11 +14,14 @@ namespace key {
 constexpr std::string_view kVolumeName = "volumeName", kComputerName = "computerName",
                            kSystemVersion = "systemVersion", kUsers = "users";
 constexpr std::string_view kIsChecked = "isChecked", kSize = "size", kUrl = "url", kRisk = "risk",
-                           kKind = "kind", kUser = "user", kSpelling = "spelling";
+                           kKind = "kind", kUser = "user", kSpelling = "spelling", kBirth = "birth",
+                           kModified = "modified", kChanged = "changed", kSha256 = "sha256";
+constexpr std::string_view kLabel = "label", kCase = "case", kExaminer = "examiner";
 } // namespace key
 
 namespace {
 
+constexpr std::size_t kHeadKeys = 8;   ///< without labels
 constexpr std::uint64_t kEpochTag = 1; ///< seconds since 1970 follow
 
 /// The years 1700 to 2199: no scan was ever made outside them, and every clock can count them.
@@ -64,6 +67,47 @@ FileKind kindOf(std::string_view stored)
 bool isAsLocated(std::string_view spelling, const FileURL& url)
 {
     return spelling.starts_with('/') && spelling.substr(1) == url.identity();
+}
+
+/// The moments that are known, as they are stored: milliseconds since 1970.
+std::array<std::pair<std::string_view, DiskMoment>, 3> timeFields(const FileTimes& times)
+{
+    return {{{key::kBirth, times.birth},
+             {key::kModified, times.modified},
+             {key::kChanged, times.changed}}};
+}
+
+/// False, with nothing read, where the key is none of a moment.
+bool readTime(CborReader& in, std::string_view key, FileTimes& times)
+{
+    DiskMoment* const moment = key == key::kBirth      ? &times.birth
+                               : key == key::kModified ? &times.modified
+                               : key == key::kChanged  ? &times.changed
+                                                       : nullptr;
+    if (moment == nullptr)
+        return false;
+    const std::int64_t milliseconds = in.integer();
+    *moment = DiskMoment::of(milliseconds / 1000, 0);
+    if (*moment)
+        *moment = Date(std::chrono::milliseconds(milliseconds));
+    return true;
+}
+
+/// Empty for what is none.
+std::string_view hashOf(std::string_view stored)
+{
+    constexpr std::size_t kDigits = 64;
+    const bool isHash = stored.size() == kDigits &&
+                        stored.find_first_not_of("0123456789abcdef") == std::string_view::npos;
+    return isHash ? stored : std::string_view();
+}
+
+void writeLabels(CborWriter& out, const CaseLabels& labels)
+{
+    out.map(3);
+    out.text(key::kLabel).textOrBytes(labels.label);
+    out.text(key::kCase).textOrBytes(labels.caseName);
+    out.text(key::kExaminer).textOrBytes(labels.examiner);
 }
 
 void writeSubject(CborWriter& out, const Subject& subject)
@@ -127,10 +171,31 @@ Subject readSubject(CborReader& in)
     return subject;
 }
 
+CaseLabels readLabels(CborReader& in)
+{
+    CaseLabels labels;
+    auto fields = in.map();
+    while (in.more(fields)) {
+        const std::string_view key = in.key();
+        if (key == key::kLabel)
+            labels.label = in.string();
+        else if (key == key::kCase)
+            labels.caseName = in.string();
+        else if (key == key::kExaminer)
+            labels.examiner = in.string();
+        else
+            in.skip();
+    }
+    return labels;
+}
+
 void writeRecord(CborWriter& out, const Spyware& record)
 {
     const std::string_view spelling = record.spelling();
-    out.map(spelling.empty() ? 9 : 10);
+    std::size_t keys = spelling.empty() ? 9 : 10;
+    for (const auto& [name, moment] : timeFields(record.times))
+        keys += moment ? 1 : 0;
+    out.map(keys + (record.sha256.empty() ? 0 : 1));
     out.text(key::kName).textOrBytes(record.name());
     out.text(key::kIsChecked).boolean(record.isChecked);
     out.text(key::kInfections).textOrBytes(record.infections);
@@ -143,6 +208,12 @@ void writeRecord(CborWriter& out, const Spyware& record)
     if (!spelling.empty())
         out.text(key::kSpelling)
             .bytes(isAsLocated(spelling, record.url) ? std::string_view() : spelling);
+    for (const auto& [name, moment] : timeFields(record.times)) {
+        if (moment)
+            out.text(name).integer((*moment).time_since_epoch().count());
+    }
+    if (!record.sha256.empty())
+        out.text(key::kSha256).text(record.sha256);
 }
 
 std::shared_ptr<Spyware> readRecord(CborReader& in, SharedTexts& texts)
@@ -173,7 +244,9 @@ std::shared_ptr<Spyware> readRecord(CborReader& in, SharedTexts& texts)
             record->user = texts.of(in.string());
         else if (key == key::kKind)
             record->kind = kindOf(in.string());
-        else
+        else if (key == key::kSha256)
+            record->sha256 = hashOf(in.string());
+        else if (!readTime(in, key, record->times))
             in.skip();
     }
     // No file has a NUL in its path, and the system would take that for a shorter one that may be
@@ -190,6 +263,11 @@ std::shared_ptr<Spyware> readRecord(CborReader& in, SharedTexts& texts)
     return record;
 }
 
+std::size_t headKeys(const SpywareScanReport& report)
+{
+    return kHeadKeys + (report.labels == CaseLabels() ? 0 : 1);
+}
+
 void writeHead(CborWriter& out, const SpywareScanReport& report)
 {
     out.text(key::kSpyWareCount)
@@ -203,6 +281,10 @@ void writeHead(CborWriter& out, const SpywareScanReport& report)
     out.text(key::kVolume).bytes(report.volume);
     out.text(key::kSubject);
     writeSubject(out, report.subject);
+    if (headKeys(report) > kHeadKeys) {
+        out.text(key::kLabels);
+        writeLabels(out, report.labels);
+    }
 }
 
 } // namespace pryvane::stored

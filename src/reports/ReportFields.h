@@ -2,6 +2,7 @@
 
 #include "core/SharedText.h"
 #include "core/Texts.h"
+#include "findings/CaseLabels.h"
 #include "findings/ScanCoverage.h"
 #include "findings/Spyware.h"
 #include "findings/Subject.h"
@@ -34,13 +35,14 @@ inline constexpr std::string_view kSpyWareCount = "spyWareCount", kReportType = 
                                   kSubject = "subject", kVerdict = "verdict",
                                   kVerdictLine = "verdictLine", kSeconds = "seconds",
                                   kSource = "source", kName = "name", kInfections = "infections",
-                                  kPath = "path";
+                                  kPath = "path", kLabels = "labels";
 } // namespace key
 
 [[nodiscard]] Date readDate(CborReader& in);
 void writeNames(CborWriter& out, const std::vector<std::string>& names);
 [[nodiscard]] std::vector<std::string> readNames(CborReader& in);
 [[nodiscard]] Subject readSubject(CborReader& in);
+[[nodiscard]] CaseLabels readLabels(CborReader& in);
 
 void writeCoverage(CborWriter& out, const ScanCoverage& coverage);
 [[nodiscard]] ScanCoverage readCoverage(CborReader& in);
@@ -49,7 +51,8 @@ void writeRecord(CborWriter& out, const Spyware& record);
 /// The stored "isChecked" is not read: whether a record is selected follows the disk.
 [[nodiscard]] std::shared_ptr<Spyware> readRecord(CborReader& in, SharedTexts& texts);
 
-/// All that readHeadField() reads, eight keys.
+/// All that readHeadField() reads, so many keys.
+[[nodiscard]] std::size_t headKeys(const SpywareScanReport& report);
 void writeHead(CborWriter& out, const SpywareScanReport& report);
 
 /// Reads a field that all stored forms have. False, with nothing read, where the key is none of
@@ -73,6 +76,8 @@ bool readHeadField(CborReader& in, std::string_view key, Form& form)
         form.volume = in.string();
     else if (key == key::kSubject)
         form.subject = readSubject(in);
+    else if (key == key::kLabels)
+        form.labels = readLabels(in);
     else
         return false;
     return true;

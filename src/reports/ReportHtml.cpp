@@ -95,6 +95,8 @@ void summary(std::string& page, const SpywareScanReport& report)
     page += "<h1>Pryvane scan report</h1>\n";
     element(page, "p", report.verdictLine(), toneClass(wordsFor(report.verdict()).tone));
     page += "\n<dl>\n";
+    for (const auto& [name, text] : labelLines(report.labels))
+        fact(page, name, text);
     fact(page, "Mac", macName(report.subject));
     fact(page, "System", systemText(report.subject));
     fact(page, "Disk", sourceText(report.subject));
@@ -150,6 +152,8 @@ void coverage(std::string& page, const ScanCoverage& coverage)
     fact(page, "Folders listed", std::to_string(coverage.foldersListed));
     fact(page, "Entries searched", std::to_string(coverage.entriesSearched));
     fact(page, "Entries walked", std::to_string(coverage.entriesWalked));
+    if (const std::string read = contentsText(coverage); !read.empty())
+        fact(page, "Contents", read);
     page += "</dl>\n";
     if (!coverage.deleted.empty()) {
         page += "<h2>Names of what is deleted</h2>\n<ul>\n";

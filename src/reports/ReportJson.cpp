@@ -1,14 +1,11 @@
 #include "core/Escape.h"
+#include "reports/JsonPieces.h"
 #include "reports/ReportExport.h"
 #include "signatures/FlaggedBy.h"
-
-#include <nlohmann/json.hpp>
 
 namespace pryvane {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 /// An object in the list of findings, indented as the rest. Written by hand, as there may be a
 /// million of them.
@@ -34,6 +31,14 @@ public:
         text("matched", flaggedBy.text);
         text("presence", presenceWord(record.presence));
         text("user", record.user);
+        text("kind", kindWord(record.kind));
+        date("birth", record.times.birth);
+        date("modified", record.times.modified);
+        date("changed", record.times.changed);
+        if (record.sha256.empty())
+            member("sha256", "null");
+        else
+            text("sha256", record.sha256);
         if (!record.presenceReason.empty())
             text("presenceReason", record.presenceReason);
         m_text += "\n      }";
@@ -48,6 +53,14 @@ private:
         m_isFirst = false;
     }
     void flag(std::string_view name, bool on) { member(name, on ? "true" : "false"); }
+
+    void date(std::string_view name, DiskMoment moment)
+    {
+        if (moment)
+            text(name, iso8601(*moment));
+        else
+            member(name, "null");
+    }
 
     /// Once it is escaped, only these two are left that JSON writes in its own way.
     void text(std::string_view name, std::string_view bytes)
@@ -66,100 +79,6 @@ private:
     bool m_isFirst = true;
 };
 
-Json namesJson(const std::vector<std::string>& names)
-{
-    Json json = Json::array();
-    for (const auto& name : names)
-        json.push_back(forJson(name));
-    return json;
-}
-
-/// Null stands for what is not known.
-Json textOrNull(const std::string& bytes)
-{
-    return bytes.empty() ? Json() : Json(forJson(bytes));
-}
-
-Json subjectJson(const Subject& subject, const std::string& volume, const std::string& sha256)
-{
-    return {
-        {"source", sourceWord(subject.source.kind)},
-        {"volumeName", textOrNull(subject.source.name)},
-        {"identity", textOrNull(volume)},
-        {"sha256", textOrNull(sha256)},
-        {"computerName", textOrNull(subject.computerName)},
-        {"systemVersion", textOrNull(subject.systemVersion)},
-        {"users", namesJson(subject.users)},
-    };
-}
-
-/// Null for mounted folders.
-Json sourceJson(const SourceFacts& source)
-{
-    if (!source.isKnown())
-        return {};
-    return {
-        {"kind", forJson(source.source)},
-        {"name", forJson(source.name)},
-        {"format", forJson(source.format)},
-        {"sha256", textOrNull(source.sha256)},
-        {"entries", source.entries},
-        {"notUnderstood", source.skipped},
-        {"firstNotUnderstood", namesJson(source.firstSkipped)},
-        {"remark", textOrNull(source.remark)},
-    };
-}
-
-Json deletedJson(const std::vector<DeletedName>& names)
-{
-    Json json = Json::array();
-    for (const DeletedName& name : names)
-        json.push_back({{"path", forJson(name.path)},
-                        {"url", FileURL::fileURLWithPath(name.path).urlText()},
-                        {"infections", forJson(name.infections)},
-                        {"state", "deleted"}});
-    return json;
-}
-
-const char* endingWord(ScanEnding::How how)
-{
-    switch (how) {
-    case ScanEnding::How::Finished:
-        break;
-    case ScanEnding::How::Stopped:
-        return "stopped";
-    case ScanEnding::How::GrantFailed:
-        return "grantFailed";
-    }
-    return "finished";
-}
-
-Json coverageJson(const ScanCoverage& coverage)
-{
-    Json refused = Json::array();
-    for (const Refusal& refusal : coverage.refused)
-        refused.push_back({{"path", forJson(refusal.path)}, {"reason", forJson(refusal.reason)}});
-    return {
-        {"ended", endingWord(coverage.ended.how)},
-        {"endedAtPercent",
-         coverage.ended.percent == ScanEnding::kNotKnown ? Json() : Json(coverage.ended.percent)},
-        {"signaturesTested", coverage.signaturesTested},
-        {"systemVolumeLeftOut", coverage.systemVolumeLeftOut},
-        {"foldersListed", coverage.foldersListed},
-        {"entriesSearched", coverage.entriesSearched},
-        {"entriesWalked", coverage.entriesWalked},
-        {"refused", std::move(refused)},
-        {"heldBack", namesJson(coverage.heldBack)},
-        {"missingHome", forJson(coverage.missingHome)},
-        {"homes", namesJson(coverage.homes)},
-        {"homesLeftOut", namesJson(coverage.homesLeftOut)},
-        {"otherDisks", namesJson(coverage.otherDisks)},
-        {"source", sourceJson(coverage.source)},
-        {"deleted", deletedJson(coverage.deleted)},
-        {"seconds", coverage.seconds},
-    };
-}
-
 } // namespace
 
 void writeAsJson(const SpywareScanReport& report, const TextSink& sink,
@@ -177,6 +96,9 @@ void writeAsJson(const SpywareScanReport& report, const TextSink& sink,
              {"isRed", report.isRed},
              {"spyWareList", Json::array()},
          }},
+        {"label", textOrNull(report.labels.label)},
+        {"case", textOrNull(report.labels.caseName)},
+        {"examiner", textOrNull(report.labels.examiner)},
         {"verdict", wordsFor(report.verdict()).machine},
         {"verdictLine", report.verdictLine()},
         {"subject", subjectJson(report.subject, report.volume, report.coverage.source.sha256)},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Texts.h"
+#include "findings/CaseLabels.h"
 #include "findings/Spyware.h"
 #include "findings/Subject.h"
 #include "findings/Verdict.h"
@@ -59,6 +60,7 @@ public:
 
     std::string volume;    ///< identity of the volume that was scanned, as FileSystem gives it
     Subject subject;       ///< whose disk that is
+    CaseLabels labels;     ///< what the person who had it made said of it
     ScanCoverage coverage; ///< what the scan looked at
 
     /// What the scan came to. redGreen and isRed say no more than whether anything was found.

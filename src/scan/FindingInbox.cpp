@@ -52,6 +52,7 @@ void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::strin
     auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
     record->setSighting(seen);
     record->setSpelling(spelledBelow(url));
+    noteFileFacts(*record);
     test(std::move(record));
 }
 
@@ -61,6 +62,17 @@ void FindingInbox::lookAt(Spyware& record)
     record.setSighting(m_services.disk.sighting(record.url));
     if (const auto spelled = m_services.disk.spelledPath(record.url))
         record.setSpelling(*spelled);
+    noteFileFacts(record);
+}
+
+/// On the scan's threads.
+void FindingInbox::noteFileFacts(Spyware& record)
+{
+    record.times = m_services.disk.times(record.url);
+    if (!m_hashes || record.kind != FileKind::RegularFile)
+        return;
+    if (const auto hash = m_services.disk.contentHash(record.url, m_state.isScanStop))
+        record.sha256 = *hash;
 }
 
 /// Of what a walk has seen: its name is the disk's own, and so are those of all the folders below

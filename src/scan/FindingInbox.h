@@ -40,6 +40,9 @@ public:
     /// Whose homes are looked at from now on, sorted; each finding in one of them gets its user.
     void setUsers(std::vector<std::string> users);
 
+    /// Whether the contents of findings that are files are read for their SHA-256. Before any scan.
+    void setHashing(bool wanted) { m_hashes = wanted; }
+
     /// Runs `done` on the main thread once every finding handed in before has been dealt with.
     void whenEmpty(std::function<void()> done);
 
@@ -75,6 +78,7 @@ private:
 
     void lookAt(Spyware& record);
     [[nodiscard]] std::string spelledBelow(const FileURL& url);
+    void noteFileFacts(Spyware& record);
     void test(std::shared_ptr<Spyware> record);
     void refuse(const FileURL& url);
     void push(Pending pending);
@@ -93,6 +97,7 @@ private:
     ScanState& m_state;
     std::function<void()> m_listChanged;
     MakersApplications m_applications;
+    bool m_hashes = false;
     std::vector<std::string> m_heldBack;
     std::unordered_set<std::string> m_heldBackLocations;
     std::chrono::nanoseconds m_nextCount{0}; ///< when the number may be told again

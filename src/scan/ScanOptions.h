@@ -1,5 +1,6 @@
 #pragma once
 
+#include "findings/CaseLabels.h"
 #include "platform/FileURL.h"
 #include "platform/Users.h"
 
@@ -15,6 +16,9 @@ struct ScanOptions {
         grantedRoot; ///< a root that needs no question: the call itself grants it
 
     std::optional<std::string> checkSubDir = {}; ///< "y" or "n" in place of the preference
+
+    CaseLabels labels = {};    ///< for the report
+    bool hashFindings = false; ///< reads the contents of findings that are files
 
     /// The one user named; empty where there are several.
     [[nodiscard]] std::string onlyUser() const

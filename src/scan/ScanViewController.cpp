@@ -41,6 +41,7 @@ ScanViewController::ScanViewController(const PlatformServices& services, ScanSta
                  [this] { makeAccessibleUIChanges(); }, [this] { stateChanged(); },
                  [this] { removalEnded(); }})
 {
+    m_inbox.setHashing(m_options.hashFindings);
     observe();
     makeAccessibleUIChanges();
 }
@@ -270,6 +271,10 @@ void ScanViewController::addCoverage(ScanCoverage coverage)
 void ScanViewController::finishCoverage()
 {
     m_coverage.heldBack = m_inbox.heldBack();
+    for (const auto& record : m_state.arrSpywareList.records()) {
+        if (m_options.hashFindings && record->kind == FileKind::RegularFile)
+            ++(record->sha256.empty() ? m_coverage.contentsNotRead : m_coverage.contentsRead);
+    }
     for (Refusal& refusal : m_inbox.refused())
         m_coverage.refused.push_back(std::move(refusal));
     if (m_state.isScanStop.requested())
@@ -325,6 +330,7 @@ std::shared_ptr<SpywareScanReport> ScanViewController::makeReport(std::string_vi
         m_state.arrSpywareList.shared(), now, duration, m_request.reportType(), now);
     report->volume = m_services.disk.identity();
     report->subject = m_subject;
+    report->labels = m_options.labels;
     report->coverage = m_coverage;
     return report;
 }

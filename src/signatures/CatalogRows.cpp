@@ -1,5 +1,6 @@
 #include "signatures/CatalogRows.h"
 
+#include "core/Sha256.h"
 #include "signatures/Catalogue.h"
 
 namespace pryvane {
@@ -124,6 +125,26 @@ std::vector<CatalogRow> catalogRows()
     rows.add("deep scan", catalogue::kFullSystem, RuleKind::FullSystemSubstring,
              catalogue::fullSystemEntries());
     return rows.taken();
+}
+
+std::string catalogueVersion()
+{
+    constexpr std::size_t kDigits = 12;
+    Sha256 hash;
+    const auto add = [&](std::string_view text) {
+        hash.add(text);
+        hash.add(std::string_view("", 1));
+    };
+    for (const CatalogRow& row : catalogRows()) {
+        for (const std::string_view text :
+             {row.method, row.family, ruleText(row.rule), row.signature, row.note})
+            add(text);
+    }
+    for (const std::string_view folder : catalogue::defaultFolders())
+        add(folder);
+    for (const std::string_view file : catalogue::knownGoodFiles())
+        add(file);
+    return hash.hex().substr(0, kDigits);
 }
 
 } // namespace pryvane

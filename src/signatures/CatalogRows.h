@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -34,5 +35,9 @@ struct CatalogRow {
 /// Every signature in the order of the sequence, then the full-system list. What is stored twice
 /// stands twice.
 [[nodiscard]] std::vector<CatalogRow> catalogRows();
+
+/// Tells one state of the catalogue from another: the beginning of a hash over its signatures, the
+/// folders they are looked for in, and the files that are known to be good.
+[[nodiscard]] std::string catalogueVersion();
 
 } // namespace pryvane

@@ -15,6 +15,20 @@ bool leavesOutBlocks(int fd)
     return fstatfs(fd, &data) == 0 && data.f_type == FUSE_SUPER_MAGIC;
 }
 
+FileTimes timesOfEntry(int folder, const char* name)
+{
+    struct statx data {};
+    const auto asked = STATX_BTIME | STATX_MTIME | STATX_CTIME;
+    if (statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, asked, &data) != 0)
+        return {};
+    const auto told = [&](unsigned which, const statx_timestamp& moment) {
+        return (data.stx_mask & which) != 0 ? DiskMoment::of(moment.tv_sec, moment.tv_nsec)
+                                            : DiskMoment();
+    };
+    return {told(STATX_BTIME, data.stx_btime), told(STATX_MTIME, data.stx_mtime),
+            told(STATX_CTIME, data.stx_ctime)};
+}
+
 std::optional<FolderMarks> folderMarks(int folder)
 {
     struct statvfs fileSystem {};

@@ -45,6 +45,18 @@ bool leavesOutBlocks(int)
     return false;
 }
 
+FileTimes timesOfEntry(int folder, const char* name)
+{
+    struct stat data {};
+    if (fstatat(folder, name, &data, AT_SYMLINK_NOFOLLOW) != 0)
+        return {};
+    const auto told = [](const timespec& moment) {
+        return DiskMoment::of(moment.tv_sec, moment.tv_nsec);
+    };
+    return {data.st_birthtimespec.tv_sec > 0 ? told(data.st_birthtimespec) : DiskMoment(),
+            told(data.st_mtimespec), told(data.st_ctimespec)};
+}
+
 std::optional<FolderMarks> folderMarks(int folder)
 {
     struct statfs fileSystem {};

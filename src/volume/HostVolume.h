@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Files.h"
+#include "platform/FileSystem.h"
 #include "volume/ImpliedLinks.h"
 
 #include <cstdint>
@@ -41,6 +42,9 @@ public:
 
 /// Confinement by the kernel, or nothing where the host has none. The descriptor must outlive it.
 [[nodiscard]] std::unique_ptr<ConfinedRoot> kernelConfinement(int rootFd, ImpliedLinks implied);
+
+/// The moments of the entry itself in that open folder.
+[[nodiscard]] FileTimes timesOfEntry(int folder, const char* name);
 
 /// Whether the file system of that open file or folder leaves out how many blocks a file has, as
 /// those do that are run by a program in user space.

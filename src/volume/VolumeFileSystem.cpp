@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "core/Result.h"
+#include "core/Sha256.h"
 #include "core/tasks/WorkCrew.h"
 #include "volume/FolderStream.h"
 #include "volume/HostVolume.h"
@@ -94,28 +95,23 @@ Error cannotOpen(std::string_view hostFolder, int error)
             "); check that the disk is connected and mounted"};
 }
 
-/// Reads to the end of an open file, or says why not. Asks for one byte more than allowed, since a
-/// file may grow while it is read.
-Result<std::string> readAll(int fd, std::size_t limit)
+/// Reads an open file piece by piece to its end, or says why not. `told` ends it with an error.
+template <typename Told>
+Result<Done> readPieces(int fd, const Told& told)
 {
-    std::string content;
-    constexpr std::size_t kChunk = std::size_t{64} * 1024;
-    while (content.size() <= limit) {
-        const std::size_t had = content.size();
-        const std::size_t wanted = std::min(kChunk, limit + 1 - had);
-        content.resize(had + wanted);
-        const ssize_t got = read(fd, content.data() + had, wanted);
-        if (got < 0 && errno == EINTR) {
-            content.resize(had);
+    std::vector<char> piece(std::size_t{64} * 1024);
+    for (;;) {
+        const ssize_t got = read(fd, piece.data(), piece.size());
+        if (got < 0 && errno == EINTR)
             continue;
-        }
         if (got < 0)
             return Error{errorText(errno)};
-        content.resize(had + static_cast<std::size_t>(got));
         if (got == 0)
-            return content;
+            return Done{};
+        if (auto taken = told(std::string_view(piece.data(), static_cast<std::size_t>(got)));
+            !taken)
+            return taken;
     }
-    return Error{"the file is longer than " + std::to_string(limit) + " bytes"};
 }
 
 } // namespace
@@ -360,7 +356,13 @@ bool VolumeFileSystem::writable(const FileURL& url)
     return false;
 }
 
-Result<std::string> VolumeFileSystem::readSmallFile(const FileURL& url, std::size_t limit)
+FileTimes VolumeFileSystem::times(const FileURL& url)
+{
+    const Place place = locate(url);
+    return place.error ? FileTimes() : timesOfEntry(place.parent.get(), place.name.c_str());
+}
+
+Result<UniqueFd> VolumeFileSystem::openRegularFile(const FileURL& url)
 {
     const Place place = locate(url);
     if (place.error)
@@ -376,7 +378,36 @@ Result<std::string> VolumeFileSystem::readSmallFile(const FileURL& url, std::siz
     }
     if (!S_ISREG(data.st_mode))
         return Error{"not a regular file"};
-    return readAll(fd.get(), limit);
+    return fd;
+}
+
+Result<std::string> VolumeFileSystem::readSmallFile(const FileURL& url, std::size_t limit)
+{
+    const auto fd = openRegularFile(url);
+    if (!fd)
+        return fd.error();
+    std::string content;
+    // By what was read, since a file may grow meanwhile.
+    const auto read = readPieces(fd->get(), [&](std::string_view piece) -> Result<Done> {
+        if (piece.size() > limit - content.size())
+            return Error{"the file is longer than " + std::to_string(limit) + " bytes"};
+        content += piece;
+        return Done{};
+    });
+    return read ? Result<std::string>(std::move(content)) : read.error();
+}
+
+Result<std::string> VolumeFileSystem::contentHash(const FileURL& url, const StopFlag& stop)
+{
+    const auto fd = openRegularFile(url);
+    if (!fd)
+        return fd.error();
+    Sha256 hash;
+    const auto read = readPieces(fd->get(), [&](std::string_view piece) -> Result<Done> {
+        hash.add(piece);
+        return stop.requested() ? Result<Done>(Error{"interrupted"}) : Done{};
+    });
+    return read ? Result<std::string>(hash.hex()) : read.error();
 }
 
 std::optional<std::string> VolumeFileSystem::spelledPath(const FileURL& url)

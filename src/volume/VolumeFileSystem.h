@@ -43,11 +43,14 @@ public:
     [[nodiscard]] int openFolder(const FileURL& folder) override;
     [[nodiscard]] bool writable(const FileURL& url) override;
     [[nodiscard]] Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override;
+    [[nodiscard]] Result<std::string> contentHash(const FileURL& url,
+                                                  const StopFlag& stop) override;
     [[nodiscard]] std::string identity() const override { return m_identity; }
     [[nodiscard]] DiskSource source() const override { return m_source; }
     [[nodiscard]] bool lacksSystemVolume() const override { return m_implied.any(); }
     void forgetListings() override { m_spellings.forget(); }
 
+    [[nodiscard]] FileTimes times(const FileURL& url) override;
     [[nodiscard]] std::optional<std::string> spelledPath(const FileURL& url) override;
 
     /// What allocatedSize() measures there: a folder open for reading, or the bytes of what is
@@ -86,6 +89,7 @@ private:
     struct Place;
     [[nodiscard]] Place placeOf(const std::string& path, bool mustBeFolder) const;
     [[nodiscard]] Place locate(const FileURL& url);
+    [[nodiscard]] Result<UniqueFd> openRegularFile(const FileURL& url);
     [[nodiscard]] bool isRoot(int folder) const;
 
     UniqueFd m_rootFd;

@@ -336,7 +336,7 @@ TEST_F(SourcesTest, DeletedNamesAreShownButNeverCountedAsThere)
         EXPECT_THAT(face, HasSubstr("broken"));
         EXPECT_THAT(face, HasSubstr(sha256Hex(lines)));
     }
-    const auto folder = run({"scan", "--hash", "--volume", volume.path()});
+    const auto folder = run({"inventory", "--hash", "--volume", volume.path()});
     EXPECT_EQ(folder.code, 2);
     EXPECT_THAT(folder.err, HasSubstr("--hash"));
 }

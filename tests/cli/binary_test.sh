@@ -61,7 +61,7 @@ if command -v man >/dev/null; then
 fi
 bash -c "source '$share/pryvane-cli.bash'; COMP_WORDS=(pryvane-cli report s); COMP_CWORD=2; _pryvane_cli; [[ \${COMPREPLY[*]} == show ]]" ||
     fail "bash completion"
-bash -c "source '$share/pryvane-cli.bash'; COMP_WORDS=(pryvane-cli scan --format ''); COMP_CWORD=3; _pryvane_cli; [[ \${COMPREPLY[*]} == 'text json' ]]" ||
+bash -c "source '$share/pryvane-cli.bash'; COMP_WORDS=(pryvane-cli scan --format ''); COMP_CWORD=3; _pryvane_cli; [[ \${COMPREPLY[*]} == 'text json jsonl' ]]" ||
     fail "bash completion of an option's words"
 if command -v fish >/dev/null; then
     fish --no-config -c "source '$share/pryvane-cli.fish'; complete -C 'pryvane-cli report '" | grep -q compare ||

@@ -40,6 +40,12 @@ std::shared_ptr<SpywareScanReport> hostileReport()
     report->coverage.ended = {ScanEnding::How::Stopped, 37};
     report->coverage.seconds = 0.25;
     report->subject = {{DiskSource::Kind::Image, "\xff\n"}, "\x1b", "\xfe", hostileNames()};
+    report->labels = {"Bench\xff\n4", {}, "\x1b"};
+    report->coverage.contentsRead = 1;
+    report->coverage.contentsNotRead = 2;
+    const auto before1970 = Date(std::chrono::milliseconds(-1'500));
+    (*report->spyWareList)[0]->times = {before1970, kReportDate, {}};
+    (*report->spyWareList)[0]->sha256 = std::string(64, 'a');
     return report;
 }
 

@@ -60,6 +60,13 @@ std::string asCsv(const SpywareScanReport& report)
     return text;
 }
 
+std::string asTimeline(const SpywareScanReport& report)
+{
+    std::string text;
+    writeAsTimeline(report, [&](std::string_view bytes) { text += bytes; });
+    return text;
+}
+
 std::string asHtml(const SpywareScanReport& report)
 {
     std::string text;
@@ -88,6 +95,11 @@ TEST(ReportJson, HasTheAgreedShape)
     report->coverage.otherDisks = {"/Volumes/USB"};
     report->coverage.seconds = 0.5;
     report->subject.systemVersion.clear();
+    report->labels = {"Bench 4", {}, "A. Lee"};
+    Spyware& record = *report->spyWareList->front();
+    record.kind = FileKind::RegularFile;
+    record.times.modified = kReportDate;
+    record.sha256 = "ab";
     report->spyWareList->front()->setPresence(Presence::Unknown, "a reason");
     EXPECT_EQ(Json::parse(asJson(*report)).dump(), Json::parse(R"({
         "report": {"reportId": "ID", "reportType": "Quick Scan",
@@ -99,7 +111,10 @@ TEST(ReportJson, HasTheAgreedShape)
                  "isAvail": false, "isChecked": false, "isDeleted": false, "isNoAction": false,
                  "evidence": "name fragment", "isWeak": true,
                  "rule": "name touching a dot in a default location", "matched": "Okaz",
-                 "presence": "unknown", "user": "", "presenceReason": "a reason"}]},
+                 "presence": "unknown", "user": "", "kind": "file", "birth": null,
+                 "modified": "2023-11-14T22:13:20.123Z", "changed": null, "sha256": "ab",
+                 "presenceReason": "a reason"}]},
+        "label": "Bench 4", "case": null, "examiner": "A. Lee",
         "verdict": "found",
         "verdictLine": "Found: 1 potential threat; not everything could be read: 1 location could not be read. Besides, 1 application that the list leaves out bears a known name: /Applications/T.app. Not looked at: bob.",
         "subject": {"source": "folder", "volumeName": "mac-disk", "identity": "volume-1",
@@ -110,7 +125,7 @@ TEST(ReportJson, HasTheAgreedShape)
             "refused": [{"path": "/Users/x/\\n", "reason": "permission denied"}],
             "heldBack": ["/Applications/T.app"], "missingHome": "", "homes": [],
             "homesLeftOut": ["bob"], "otherDisks": ["/Volumes/USB"], "source": null, "deleted": [],
-            "seconds": 0.5}
+            "contentsRead": 0, "contentsNotRead": 0, "seconds": 0.5}
     })")
                                                        .dump());
 }
@@ -137,8 +152,12 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     const auto paths = hostilePaths(5000);
     auto report = reportOf(paths);
     const auto plain = reportOf(std::vector<std::string>(paths.size(), "/x/y"));
-    for (const auto& record : *report->spyWareList)
+    for (const auto& record : *report->spyWareList) {
         record->infections = record->name();
+        record->times.birth = kReportDate - std::chrono::hours(48);
+    }
+    report->labels = {"=1\n<b>\x1b", "@\xff", "\xe2\x80\xae"};
+    plain->labels = {"a", "b", "c"};
     for (const auto& name : hostileNames()) {
         report->coverage.refused.push_back({"/" + name, name});
         report->coverage.heldBack.push_back(name);
@@ -170,16 +189,20 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
         EXPECT_TRUE(isHarmless(list[i]["name"].get<std::string>()));
     }
 
-    const std::string csv = asCsv(*report);
-    EXPECT_TRUE(isHarmless(csv, "\r\n"));
-    const Cells cells = parsedCsv(csv);
-    ASSERT_EQ(cells.size(), paths.size() + 1);
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        ASSERT_EQ(cells[i].size(), 16U) << i;
-        for (const auto& cell : cells[i])
-            EXPECT_EQ(std::string("=+-@\t\r").find(cell[0]), std::string::npos) << cell;
-        const std::string url = FileURL::fromUrlText(cells[i][5]).relativePath();
-        EXPECT_EQ(url, i == 0 ? "url" : paths[i - 1]);
+    for (const std::string& csv : {asCsv(*report), asTimeline(*report)}) {
+        EXPECT_TRUE(isHarmless(csv, "\r\n"));
+        const Cells cells = parsedCsv(csv);
+        ASSERT_GT(cells.size(), paths.size());
+        const auto place = std::ranges::find(cells[0], "url") - cells[0].begin();
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            ASSERT_EQ(cells[i].size(), cells[0].size()) << i;
+            for (const auto& cell : cells[i])
+                EXPECT_EQ(std::string("=+-@\t\r").find(cell[0]), std::string::npos) << cell;
+            if (i == 0 || i > paths.size())
+                continue; // the scan itself is what happened last
+            const std::string& url = cells[i][static_cast<std::size_t>(place)];
+            EXPECT_EQ(FileURL::fromUrlText(url).relativePath(), paths[i - 1]);
+        }
     }
 
     // As many tags and attributes as the same report with plain names.
@@ -209,6 +232,27 @@ TEST(ReportCsv, QuotesAndDisarms)
     EXPECT_EQ(row("=1,2"), "\"'=1,2\"");
     EXPECT_EQ(row("\t=1"), "'\\t=1");
     EXPECT_EQ(row("a\nb"), "a\\nb");
+}
+
+TEST(ReportTimeline, TellsInOrderWhatTheDiskTold)
+{
+    auto report = reportOf({"/tmp/a", "/tmp/b"});
+    report->coverage.seconds = 2;
+    const auto day = [](int before) { return kReportDate - std::chrono::hours(24 * before); };
+    (*report->spyWareList)[0]->times = {day(9), day(3), std::nullopt};
+    (*report->spyWareList)[1]->times = {std::nullopt, day(5), day(5)};
+    std::vector<std::string> told;
+    for (const auto& row : parsedCsv(asTimeline(*report)))
+        told.push_back(row[0].substr(0, row[0].find(": Found")) + '|' + row[1] + '|' + row[2]);
+    EXPECT_EQ(told,
+              (std::vector<std::string>{
+                  "message|datetime|timestamp_desc",
+                  "Okaz Installer: /tmp/a|2023-11-05T22:13:20.123Z|Creation Time",
+                  "Okaz Installer: /tmp/b|2023-11-09T22:13:20.123Z|Content Modification Time",
+                  "Okaz Installer: /tmp/b|2023-11-09T22:13:20.123Z|Metadata Modification Time",
+                  "Okaz Installer: /tmp/a|2023-11-11T22:13:20.123Z|Content Modification Time",
+                  "Scan began|2023-11-14T22:13:18.123Z|Start Time",
+                  "Scan ended|2023-11-14T22:13:20.123Z|End Time"}));
 }
 
 TEST(ReportCompare, GoesByLocation)

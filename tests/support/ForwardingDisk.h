@@ -16,6 +16,11 @@ public:
     {
         return m_disk.fileIdentity(url);
     }
+    FileTimes times(const FileURL& url) override { return m_disk.times(url); }
+    Result<std::string> contentHash(const FileURL& url, const StopFlag& stop) override
+    {
+        return m_disk.contentHash(url, stop);
+    }
     std::optional<std::string> spelledPath(const FileURL& url) override
     {
         return m_disk.spelledPath(url);

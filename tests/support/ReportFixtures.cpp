@@ -101,6 +101,11 @@ bool isHarmless(std::string_view text, std::string_view allowedControls)
     return true;
 }
 
+static std::string momentText(DiskMoment moment)
+{
+    return moment ? std::to_string((*moment).time_since_epoch().count()) + '|' : "-|";
+}
+
 std::string storedFields(const SpywareScanReport& report)
 {
     std::ostringstream out;
@@ -109,8 +114,9 @@ std::string storedFields(const SpywareScanReport& report)
         << report.reportId << '|' << report.volume << '\n';
     for (const auto& record : *report.spyWareList)
         out << record->name() << '|' << record->infections << '|' << record->size << '|'
-            << record->url.relativePath() << '|' << record->risk << '|' << int(record->kind)
-            << '\n';
+            << record->url.relativePath() << '|' << record->risk << '|' << int(record->kind) << '|'
+            << momentText(record->times.birth) << momentText(record->times.modified)
+            << momentText(record->times.changed) << record->sha256 << '\n';
     const ScanCoverage& coverage = report.coverage;
     out << coverage.signaturesTested << '|' << coverage.foldersListed << '|'
         << coverage.entriesSearched << '|' << coverage.entriesWalked << '|' << coverage.missingHome
@@ -118,6 +124,9 @@ std::string storedFields(const SpywareScanReport& report)
         << '\n';
     out << int(report.subject.source.kind) << report.subject.source.name << '|'
         << report.subject.computerName << '|' << report.subject.systemVersion << '\n';
+    for (const auto& [name, text] : labelLines(report.labels))
+        out << name << ' ' << text << '\n';
+    out << coverage.contentsRead << '|' << coverage.contentsNotRead << '\n';
     for (const auto& user : report.subject.users)
         out << "user " << user << '\n';
     for (const auto& home : coverage.homesLeftOut)

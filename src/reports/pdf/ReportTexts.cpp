@@ -64,6 +64,10 @@ std::string pathText(const SpywareScanReport& report, const Spyware& record)
 std::vector<std::string> remarksOf(const SpywareScanReport& report)
 {
     std::vector<std::string> remarks;
+    for (const auto& [name, text] : labelLines(report.labels))
+        remarks.push_back(std::string(name) + ": " + std::string(text));
+    if (std::string read = contentsText(report.coverage); !read.empty())
+        remarks.push_back(std::move(read));
     for (const auto& [label, words] : sourceLines(report.coverage.source))
         remarks.push_back(label + ": " + words);
     for (const DeletedName& name : report.coverage.deleted)

@@ -286,6 +286,15 @@ std::int64_t IndexFileSystem::allocatedSize(const FileURL& url)
     return found.presence == Presence::Present ? bytesBelow(found.node) : 0;
 }
 
+FileTimes IndexFileSystem::times(const FileURL& url)
+{
+    const Found found = resolve(url, LastLink::Keep);
+    if (found.presence != Presence::Present)
+        return {};
+    const std::int64_t modified = index().facts(found.node).modified;
+    return {{}, modified > 0 ? DiskMoment::of(modified) : DiskMoment(), {}};
+}
+
 int IndexFileSystem::openFolder(const FileURL&)
 {
     errno = ENOTSUP;

@@ -43,6 +43,8 @@ public:
     [[nodiscard]] FileKind kind(const FileURL& url) override;
     [[nodiscard]] std::optional<Sighting> sighting(const FileURL& url) override;
     [[nodiscard]] std::optional<FileIdentity> fileIdentity(const FileURL& url) override;
+    /// When its content last changed, where the source tells that.
+    [[nodiscard]] FileTimes times(const FileURL& url) override;
     [[nodiscard]] FolderListing list(const FileURL& folder) override;
     /// Lengths rounded up to blocks of 512 bytes, as far as the source tells them.
     [[nodiscard]] std::int64_t allocatedSize(const FileURL& url) override;
