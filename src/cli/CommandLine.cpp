@@ -149,11 +149,11 @@ void addVolumeOptions(CLI::App& command, VolumeArguments& arguments)
 
 void addLabelOptions(CLI::App& command, CaseLabels& labels)
 {
-    // Enough for a sentence, and no more than a line of a report has room for.
     const CLI::Validator isLine(
         [](const std::string& text) {
-            constexpr std::size_t kMost = 200;
-            return text.size() > kMost ? "is longer than 200 bytes" : std::string();
+            return text.size() > kLongestLabel
+                       ? "is longer than " + std::to_string(kLongestLabel) + " bytes"
+                       : std::string();
         },
         "");
     command.add_option("--label", labels.label, "What you call this disk; kept with the report")

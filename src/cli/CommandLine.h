@@ -43,6 +43,9 @@ private:
 /// --volume, --user and --case-sensitive.
 void addVolumeOptions(CLI::App& command, VolumeArguments& arguments);
 
+/// Bytes of a label; enough for a sentence, and no more than a line of a report has room for.
+inline constexpr std::size_t kLongestLabel = 200;
+
 /// --label, --case and --examiner.
 void addLabelOptions(CLI::App& command, CaseLabels& labels);
 

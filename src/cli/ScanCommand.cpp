@@ -2,7 +2,10 @@
 #include "cli/Console.h"
 #include "cli/Host.h"
 #include "cli/InventoryFacts.h"
+#include "cli/ManyDisks.h"
 #include "cli/ReportText.h"
+#include "cli/ScanArguments.h"
+#include "cli/ScanSources.h"
 #include "core/Escape.h"
 #include "core/Result.h"
 #include "platform/Remover.h"
@@ -22,22 +25,6 @@
 namespace pryvane::cli {
 
 namespace {
-
-struct ScanArguments {
-    VolumeArguments volume;
-    bool quick = false;
-    bool deep = false;
-    bool wholeDisk = false;
-    std::optional<std::string> checkSubDir;
-    bool paced = false;
-    bool noPacing = false;
-    bool store = false;
-    bool noStore = false;
-    std::string format;
-    CaseLabels labels;
-    std::string pdf;
-    bool facts = false;
-};
 
 /// One scan from start to report, on this thread's queue.
 class ScanRun {
@@ -195,6 +182,52 @@ int runScan(const ScanArguments& arguments, const Console& console)
     return wordsFor(report->verdict()).exitCode;
 }
 
+/// The disks that are named in place of a volume; empty where there are none.
+Result<std::vector<ScanSource>> sourcesOf(const ScanArguments& arguments, std::istream& input)
+{
+    if (!arguments.from.empty())
+        return readScanSources(arguments.from, input);
+    std::vector<ScanSource> sources;
+    for (const std::string& path : arguments.disks)
+        sources.push_back({path.substr(0, kLongestLabel), path, recognisedKind(path)});
+    return sources;
+}
+
+/// What is named alone is scanned as if an option had named it.
+ScanArguments ofOneDisk(ScanArguments arguments, const ScanSource& source)
+{
+    switch (source.kind) {
+    case ScanSource::Kind::Folder:
+        arguments.volume.volume = source.path;
+        break;
+    case ScanSource::Kind::Image:
+        arguments.volume.image = source.path;
+        break;
+    case ScanSource::Kind::Listing:
+        arguments.volume.listing = source.path;
+        break;
+    }
+    return arguments;
+}
+
+int runScans(const ScanArguments& arguments, const Console& console)
+{
+    const auto sources = sourcesOf(arguments, console.in);
+    if (!sources)
+        return console.fail(sources.error().message);
+    if (sources->empty())
+        return runScan(arguments, console);
+    if (arguments.from.empty() && sources->size() == 1)
+        return runScan(ofOneDisk(arguments, sources->front()), console);
+    if (!arguments.labels.label.empty())
+        return console.fail("--label is for one disk; name several in a file with --from, which "
+                            "gives each its own");
+    if (arguments.format == "json" || !arguments.pdf.empty())
+        return console.fail("several disks are told with --format text or jsonl; make documents "
+                            "of their reports with pryvane-cli report");
+    return scanManyDisks(*sources, arguments, console);
+}
+
 } // namespace
 
 void addScanCommand(CommandLine& line, CLI::App& app)
@@ -202,7 +235,7 @@ void addScanCommand(CommandLine& line, CLI::App& app)
     auto arguments = std::make_shared<ScanArguments>();
     CLI::App* command = line.addCommand(
         app, "scan", "Look for spyware and store a report",
-        [arguments](const Console& console) { return runScan(*arguments, console); });
+        [arguments](const Console& console) { return runScans(*arguments, console); });
     auto* quick = command->add_flag("--quick", arguments->quick,
                                     "Look in the places that known spyware uses (the default)");
     auto* deep = command->add_flag("--deep", arguments->deep,
@@ -218,7 +251,25 @@ void addScanCommand(CommandLine& line, CLI::App& app)
         ->check(CLI::IsMember({"y", "n"}))
         ->type_name("y|n")
         ->needs(deep);
+    auto* disks = command->add_option("DISK", arguments->disks,
+                                      "Folders, images and lists of names to scan, each by itself, "
+                                      "in place of --volume, --image and --listing");
+    auto* from = command
+                     ->add_option("--from", arguments->from,
+                                  "A file that names such disks, or - for standard input: a line "
+                                  "for each with label, tab and path")
+                     ->type_name("FILE")
+                     ->excludes(disks);
+    command
+        ->add_option("--jobs", arguments->jobs,
+                     "With several disks: how many at the same time (default: up to 4)")
+        ->type_name("N")
+        ->check(CLI::Range(1U, 64U));
     addVolumeOptions(*command, arguments->volume);
+    for (const char* const other : {"--volume", "--image", "--listing"}) {
+        disks->excludes(command->get_option(other));
+        from->excludes(command->get_option(other));
+    }
     auto* paced = command->add_flag("--paced", arguments->paced,
                                     "Pause after each check, as the window does");
     command->add_flag("--no-pacing", arguments->noPacing, "Scan at full speed (the default)")
@@ -234,6 +285,8 @@ void addScanCommand(CommandLine& line, CLI::App& app)
     command->footer(
         "Exit code: 0 clean, 1 findings or an application that bears a known name, 2 error,\n"
         "3 nothing found but not everything could be looked at, 130 interrupted.\n"
+        "Several disks are scanned each in a process of its own; their results come whole, then a\n"
+        "line for each. The exit code is the worst: 130 before 2, 1, 3 and 0.\n"
         "Example: pryvane-cli scan --volume /mnt/mac --user alice --format json");
 }
 

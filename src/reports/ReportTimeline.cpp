@@ -66,10 +66,10 @@ void writeAsTimeline(const SpywareScanReport& report, const TextSink& sink)
               csvCell(record->infections) + ',' + csvCell(path) + ',' +
               csvCell(record->url.urlText()) + ',' + csvCell(record->user) + ',' +
               csvCell(evidenceText(rules.flaggedBy(*record).evidence)) + ',' +
-              kindWord(record->kind) + ',' + std::to_string(record->size) + ',' + record->sha256 +
-              ',' + whole;
+              kindWord(record->kind) + ',' + std::to_string(record->size) + ',' +
+              std::string(record->sha256) + ',' + whole;
+        sink(csv);
     }
-    return csv;
 }
 
 } // namespace pryvane
