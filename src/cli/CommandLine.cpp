@@ -26,7 +26,8 @@ constexpr const char* kFooter =
     "  pryvane-cli remove latest --all --dry-run         what removing them would do\n"
     "  pryvane-cli explain /Library/LaunchAgents/x.plist why a path would be flagged\n"
     "\n"
-    "Exit codes: 0 clean or done, 1 findings, 2 error or bad usage, 130 interrupted.\n"
+    "Exit codes: 0 clean or done, 1 findings, 2 error or bad usage, 3 nothing found but not\n"
+    "everything could be looked at, 130 interrupted.\n"
     "PRYVANE_DATA_DIR names the folder of the report store; NO_COLOR switches colour off.\n"
     "'pryvane-cli COMMAND --help' tells more about a command.";
 

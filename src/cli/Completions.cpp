@@ -1,6 +1,9 @@
 #include "cli/ParserFacts.h"
 
+#include <algorithm>
+#include <set>
 #include <sstream>
+#include <string_view>
 
 namespace pryvane::cli {
 
@@ -27,6 +30,20 @@ std::string wordsAfter(const CommandFacts& command)
 }
 
 /// The shared body of bash and zsh: picks the longest command in the words typed so far.
+bool isFile(const OptionFacts& option)
+{
+    const std::string& value = option.names.empty() ? option.positional : option.valueName;
+    return value == "DIR" || value == "FILE" || value == "DISK";
+}
+
+/// Whether a file or folder may stand there by itself.
+bool takesFiles(const CommandFacts& command)
+{
+    return std::ranges::any_of(command.options, [](const OptionFacts& option) {
+        return option.names.empty() && isFile(option);
+    });
+}
+
 std::string caseTable(const std::vector<CommandFacts>& commands)
 {
     std::ostringstream out;
@@ -42,6 +59,22 @@ std::string commandPattern(const std::vector<CommandFacts>& commands)
         if (!command.words.empty())
             pattern += (pattern.empty() ? "\"" : "|\"") + command.words + "\"";
     }
+    return pattern;
+}
+
+/// The options of any command whose value has that name, as a shell's pattern.
+std::string optionsWith(const std::vector<CommandFacts>& commands, std::string_view value)
+{
+    std::set<std::string> names;
+    for (const CommandFacts& command : commands) {
+        for (const OptionFacts& option : command.options) {
+            if (!option.names.empty() && option.valueName == value)
+                names.insert(option.names.back());
+        }
+    }
+    std::string pattern;
+    for (const std::string& name : names)
+        pattern += (pattern.empty() ? "" : "|") + name;
     return pattern;
 }
 
@@ -67,9 +100,12 @@ std::string bashCompletion(const CLI::App& app)
         << "    local current=\"${COMP_WORDS[COMP_CWORD]}\" "
            "previous=\"${COMP_WORDS[COMP_CWORD-1]}\"\n"
         << "    local command=\"\" words=\"\" word\n"
-        << "    if [[ $previous == --volume ]]; then\n"
-        << "        mapfile -t COMPREPLY < <(compgen -d -- \"$current\"); return\n"
-        << "    fi\n"
+        << "    case $previous in\n"
+        << "        " << optionsWith(commands, "DIR")
+        << ") mapfile -t COMPREPLY < <(compgen -d -- \"$current\"); return ;;\n"
+        << "        " << optionsWith(commands, "FILE")
+        << ") mapfile -t COMPREPLY < <(compgen -f -- \"$current\"); return ;;\n"
+        << "    esac\n"
         << "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
         << "        case \"${command:+$command }$word\" in\n"
         << "            " << commandPattern(commands)
@@ -89,7 +125,7 @@ std::string bashCompletion(const CLI::App& app)
     }
     out << "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$current\")\n"
         << "}\n"
-        << "complete -F _pryvane_cli pryvane-cli\n";
+        << "complete -o default -F _pryvane_cli pryvane-cli\n";
     return out.str();
 }
 
@@ -102,7 +138,10 @@ std::string zshCompletion(const CLI::App& app)
         << "_pryvane_cli() {\n"
         << "    local command=\"\" word\n"
         << "    local words_before=(\"${(@)words[2,CURRENT-1]}\")\n"
-        << "    if [[ $words[CURRENT-1] == --volume ]]; then _files -/; return; fi\n"
+        << "    case $words[CURRENT-1] in\n"
+        << "        " << optionsWith(commands, "DIR") << ") _files -/; return ;;\n"
+        << "        " << optionsWith(commands, "FILE") << ") _files; return ;;\n"
+        << "    esac\n"
         << "    for word in $words_before; do\n"
         << "        case \"${command:+$command }$word\" in\n"
         << "            " << commandPattern(commands)
@@ -111,7 +150,8 @@ std::string zshCompletion(const CLI::App& app)
         << "    done\n"
         << "    case \"$command\" in\n";
     for (const CommandFacts& command : commands) {
-        out << "        \"" << command.words << "\") compadd -- " << wordsAfter(command) << " ;;\n";
+        out << "        \"" << command.words << "\") compadd -- " << wordsAfter(command)
+            << (takesFiles(command) ? "; _files" : "") << " ;;\n";
     }
     out << "    esac\n"
         << "}\n"
@@ -136,13 +176,15 @@ std::string fishCompletion(const CLI::App& app)
             if (option.names.empty()) {
                 if (!option.choices.empty())
                     out << prefix << " -a " << quotedForFish(joined(option.choices)) << "\n";
+                else if (isFile(option))
+                    out << prefix << " -F\n";
                 continue;
             }
             out << prefix;
             for (const std::string& name : option.names)
                 out << (name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1));
             if (!option.valueName.empty())
-                out << (option.valueName == "DIR" ? " -r -F" : " -x");
+                out << (isFile(option) ? " -r -F" : " -x");
             if (!option.choices.empty())
                 out << " -a " << quotedForFish(joined(option.choices));
             out << " -d " << quotedForFish(option.description) << "\n";

@@ -71,7 +71,8 @@ std::string manPage(const CLI::App& app)
         out << ".SS " << roff(command.words);
         for (const OptionFacts& option : command.options) {
             if (option.names.empty())
-                out << ' ' << roff(option.positional);
+                out << ' '
+                    << roff(option.required ? option.positional : "[" + option.positional + "...]");
         }
         out << "\n" << roff(oneLineOf(command.description)) << ".\n";
         writeOptions(out, command);

@@ -384,9 +384,9 @@ int scanManyDisks(const std::vector<ScanSource>& sources, const ScanArguments& a
 {
     constexpr unsigned kUsualJobs = 4;
     constexpr std::chrono::milliseconds kBetweenLooks{40};
-    const std::size_t jobs =
-        arguments.jobs != 0 ? arguments.jobs
-                            : std::clamp(std::thread::hardware_concurrency(), 1U, kUsualJobs);
+    const std::size_t jobs = arguments.jobs != 0
+                                 ? arguments.jobs
+                                 : std::clamp(std::thread::hardware_concurrency(), 1U, kUsualJobs);
     const auto began = Clock::now();
     Scans scans(sources, arguments);
     Printer printer(sources, arguments, console);

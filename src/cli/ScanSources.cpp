@@ -27,8 +27,8 @@ bool isText(std::string_view bytes)
 {
     char before = '\0';
     for (const char c : bytes) {
-        const bool isControl = static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' &&
-                               c != '\r' && c != '\0';
+        const bool isControl =
+            static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r' && c != '\0';
         if (isControl || (c == '\0' && before == '\0'))
             return false;
         before = c;
@@ -85,7 +85,8 @@ ScanSource::Kind recognisedKind(const std::string& path)
     std::array<char, 512> beginning{};
     const UniqueFd fd(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
     const ssize_t got = fd ? read(fd.get(), beginning.data(), beginning.size()) : 0;
-    const std::string_view bytes(beginning.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    const std::string_view bytes(beginning.data(),
+                                 static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     return isText(bytes) ? ScanSource::Kind::Listing : ScanSource::Kind::Image;
 }
 
@@ -116,7 +117,8 @@ Result<std::vector<ScanSource>> readScanSources(const std::string& file, std::is
     if (lines.bad())
         return Error{shown + " cannot be read to its end"};
     if (sources.empty())
-        return Error{shown + " names no disk; a line is a label, a tab and a folder, image or list"};
+        return Error{shown +
+                     " names no disk; a line is a label, a tab and a folder, image or list"};
     return sources;
 }
 

@@ -63,6 +63,8 @@ bash -c "source '$share/pryvane-cli.bash'; COMP_WORDS=(pryvane-cli report s); CO
     fail "bash completion"
 bash -c "source '$share/pryvane-cli.bash'; COMP_WORDS=(pryvane-cli scan --format ''); COMP_CWORD=3; _pryvane_cli; [[ \${COMPREPLY[*]} == 'text json jsonl' ]]" ||
     fail "bash completion of an option's words"
+bash -c "source '$share/pryvane-cli.bash'; cd /usr; COMP_WORDS=(pryvane-cli scan --from li); COMP_CWORD=3; _pryvane_cli; [[ \${COMPREPLY[*]} == *lib* ]]" ||
+    fail "bash completion of a file"
 if command -v fish >/dev/null; then
     fish --no-config -c "source '$share/pryvane-cli.fish'; complete -C 'pryvane-cli report '" | grep -q compare ||
         fail "fish completion"

@@ -239,8 +239,8 @@ TEST(ReportTimeline, TellsInOrderWhatTheDiskTold)
     auto report = reportOf({"/tmp/a", "/tmp/b"});
     report->coverage.seconds = 2;
     const auto day = [](int before) { return kReportDate - std::chrono::hours(24 * before); };
-    (*report->spyWareList)[0]->times = {day(9), day(3), std::nullopt};
-    (*report->spyWareList)[1]->times = {std::nullopt, day(5), day(5)};
+    (*report->spyWareList)[0]->times = {day(9), day(3), {}};
+    (*report->spyWareList)[1]->times = {{}, day(5), day(5)};
     std::vector<std::string> told;
     for (const auto& row : parsedCsv(asTimeline(*report)))
         told.push_back(row[0].substr(0, row[0].find(": Found")) + '|' + row[1] + '|' + row[2]);
