@@ -3,6 +3,8 @@
 #include "reports/ReportExport.h"
 #include "signatures/FlaggedBy.h"
 
+#include <algorithm>
+
 namespace pryvane {
 
 namespace {
@@ -25,7 +27,7 @@ std::string csvCell(std::string_view bytes)
     constexpr std::string_view kFormula = "=+-@\t\r";
     if (!bytes.empty() && kFormula.find(bytes.front()) != std::string_view::npos)
         text.insert(text.begin(), '\'');
-    if (text.find_first_of(",\" ") == std::string::npos)
+    if (std::ranges::none_of(text, [](char c) { return c == ',' || c == '"' || c == ' '; }))
         return text;
     std::string quoted = "\"";
     for (const char c : text) {

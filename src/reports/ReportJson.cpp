@@ -3,6 +3,8 @@
 #include "reports/ReportExport.h"
 #include "signatures/FlaggedBy.h"
 
+#include <algorithm>
+
 namespace pryvane {
 
 namespace {
@@ -68,9 +70,12 @@ private:
         member(name, "\"");
         const std::string escaped = forJson(bytes);
         std::string_view rest = escaped;
-        for (std::size_t at = 0; (at = rest.find_first_of("\"\\")) != std::string_view::npos;) {
-            m_text.append(rest.substr(0, at)).append(1, '\\').append(1, rest[at]);
-            rest.remove_prefix(at + 1);
+        const auto isMarked = [](char c) { return c == '"' || c == '\\'; };
+        for (auto at = std::ranges::find_if(rest, isMarked); at != rest.end();
+             at = std::ranges::find_if(rest, isMarked)) {
+            const auto plain = static_cast<std::size_t>(at - rest.begin());
+            m_text.append(rest.substr(0, plain)).append(1, '\\').append(1, *at);
+            rest.remove_prefix(plain + 1);
         }
         m_text.append(rest).append(1, '"');
     }

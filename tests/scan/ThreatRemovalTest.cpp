@@ -136,6 +136,7 @@ TEST_F(ThreatRemovalTest, DecliningOnlyMarksWhatWasNotSelected)
     expectUntouched({kRefog, kMdworker});
     EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kMdworker));
     EXPECT_TRUE(lists.notActionSpyware[0]->isNoAction);
+    EXPECT_FALSE(state.arrSpywareList.records()[0]->isNoAction);
     EXPECT_THAT(lists.deletedSpyware, IsEmpty());
     EXPECT_FALSE(panel.isPresented());
     EXPECT_FALSE(controller.removal().summary());
