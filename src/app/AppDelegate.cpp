@@ -16,7 +16,10 @@ constexpr std::size_t kOwnEntries = 5;
 
 std::vector<WindowMenuEntry> fullWindowMenu()
 {
-    return {{"Minimize"}, {"Zoom"}, {""}, {"Bring All to Front"}, {""}, {"Pryvane"}};
+    using enum WindowCommand;
+    return {
+        {"Minimize", Minimise},   {"Zoom", Zoom}, {""}, {"Bring All to Front", BringToFront}, {""},
+        {"Pryvane", BringToFront}};
 }
 
 } // namespace
@@ -113,6 +116,26 @@ void AppDelegate::minimizeTo()
 {
     if (const auto window = firstWindow())
         m_desktop.windows.setMinimised(*window, !m_desktop.windows.isMinimised(*window));
+}
+
+void AppDelegate::zoom()
+{
+    if (const auto window = firstWindow())
+        m_desktop.windows.toggleZoomed(*window);
+}
+
+void AppDelegate::perform(WindowCommand command)
+{
+    switch (command) {
+    case WindowCommand::Minimise:
+        return minimizeTo();
+    case WindowCommand::Zoom:
+        return zoom();
+    case WindowCommand::BringToFront:
+        return bringAllAppToFront();
+    case WindowCommand::None:
+        break;
+    }
 }
 
 void AppDelegate::pryvaneMakeFront()

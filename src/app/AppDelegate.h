@@ -26,9 +26,13 @@ struct ApplicationFacts {
 
 enum class ShellWindow : std::uint8_t;
 
+/// What an entry of the Window menu does to the program's first window.
+enum class WindowCommand : std::uint8_t { None, Minimise, Zoom, BringToFront };
+
 /// One entry of the Window menu; an empty title is a separator.
 struct WindowMenuEntry {
     std::string title;
+    WindowCommand command = WindowCommand::None;
     bool checked = false;
 };
 
@@ -61,6 +65,9 @@ public:
     void openMainWindow();
     void makeUIForSelection();
     void minimizeTo();
+    /// Makes the first window as large as the screen, or as it was before.
+    void zoom();
+    void perform(WindowCommand command);
     void pryvaneMakeFront();
     void bringAllAppToFront();
     void getHelp();

@@ -80,7 +80,7 @@ void AppDelegate::confirmAccessAction()
     const auto outcome = askForGrant(
         m_services, [this](const FileURL& url) { return makeBookmark(url); },
         {"Confirm Access", "Give access for scanning in your HardDisk", wholeDisk(),
-         &AppDelegate::panelShouldEnableURL},
+         &AppDelegate::panelShouldEnableURL, "Choose the whole disk."},
         kKeys);
     if (outcome == GrantOutcome::Granted)
         Q_EMIT stateChanged();

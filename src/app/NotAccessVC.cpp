@@ -1,6 +1,7 @@
 #include "app/NotAccessVC.h"
 
 #include "app/AppDelegate.h"
+#include "core/Escape.h"
 #include "platform/FolderAccess.h"
 #include "scan/RootChoice.h"
 
@@ -27,7 +28,9 @@ void NotAccessVC::confirmAccessAction()
     const auto outcome = askForGrant(
         m_services, [this](const FileURL& url) { return m_tokens.make(url); },
         {"Confirm Access", "Give access for scanning in your Home Directory",
-         m_delegate.homeFolder(), [this](const FileURL& url) { return panelShouldEnableURL(url); }},
+         m_delegate.homeFolder(), [this](const FileURL& url) { return panelShouldEnableURL(url); },
+         "Choose " + forScreen(m_delegate.homeFolder().absolutePath()) +
+             ", the folder Users, or the whole disk."},
         kKeys);
     if (outcome != GrantOutcome::Granted)
         return;

@@ -61,6 +61,36 @@ Clock::Interval interval(int scheduletype)
     return known ? kIntervals.at(static_cast<std::size_t>(scheduletype)) : Clock::Interval(0);
 }
 
+constexpr std::chrono::hours kUsualPlan{30 * 24};
+
+constexpr std::array kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                  "Thursday", "Friday", "Saturday"};
+constexpr std::array kMonths = {"January",   "February", "March",    "April",
+                                "May",       "June",     "July",     "August",
+                                "September", "October",  "November", "December"};
+
+std::string dayText(const std::tm& day)
+{
+    return std::to_string(day.tm_mday) + " " + kMonths.at(static_cast<std::size_t>(day.tm_mon));
+}
+
+std::string scheduleSentence(int repeat, Date next, Date last)
+{
+    const std::tm day = localParts(clampedDate(next)), end = localParts(clampedDate(last));
+    const std::string weekday = kWeekdays.at(static_cast<std::size_t>(day.tm_wday));
+    std::array<char, 8> time{};
+    std::snprintf(time.data(), time.size(), "%02d:%02d", day.tm_hour % 24, day.tm_min % 60);
+    const std::string often = repeat == 1
+                                  ? "Every " + weekday
+                                  : std::string(kScheduleTypeTitles.at(
+                                        static_cast<std::size_t>(std::clamp(repeat, 0, 3))));
+    if (next == last)
+        return "Once, on " + weekday + ", " + dayText(day) + ", at " + time.data() + ".";
+    return often + " at " + time.data() + ", next on " + weekday + ", " + dayText(day) +
+           ", the last time on " + dayText(end) +
+           (end.tm_year == day.tm_year ? "" : " " + std::to_string(end.tm_year + 1900)) + ".";
+}
+
 /// A stored time of day, which may be anything, within one day of 25 hours.
 double sensibleTime(double seconds)
 {
@@ -86,14 +116,25 @@ void SchedulerVC::viewDidLoad()
 {
     const Date now = m_services.clock.now();
     m_form.minimumStart = m_form.minimumEnd = m_form.minimumTime = now;
+    restorePopUp();
     getDataFromDefaultsorSetCurrentTime();
     static_cast<void>(isSchduleDateAvailble()); // what it finds is what gets armed
     startSchudlerIfAvailble();
 }
 
+/// A plan takes its kind from the pop-up, which would else forget at each start what was chosen.
+void SchedulerVC::restorePopUp()
+{
+    const std::int64_t kept = m_services.defaults.get(preferences::kScheduleRepeat);
+    if (m_services.defaults.contains(preferences::kScheduleRepeat) && kept >= 0 &&
+        kept < static_cast<std::int64_t>(kIntervals.size()))
+        m_form.scheduleTypePopUp = static_cast<int>(kept);
+}
+
 void SchedulerVC::schudlerAction()
 {
     m_form.minimumStart = m_form.minimumEnd = m_services.clock.now();
+    restorePopUp();
     getDataFromDefaultsorSetCurrentTime();
 }
 
@@ -136,6 +177,7 @@ void SchedulerVC::saveSchudlerData()
         m_services.log.line(stored.error().message);
         return tell("The schedule could not be kept: " + stored.error().message);
     }
+    m_saved = true;
     startSchudlerIfAvailble();
     tell("Spyware scan scheduled successfully");
 }
@@ -151,6 +193,8 @@ Result<Done> SchedulerVC::storeSchedule()
         stored = defaults.set(preferences::kScheduleTime, m_time);
     if (stored)
         stored = defaults.set(preferences::kScheduleType, m_scheduletype);
+    if (stored)
+        stored = defaults.set(preferences::kScheduleRepeat, m_scheduletype);
     if (stored)
         stored = defaults.set(preferences::kScheduleOn, "Yes");
     return stored;
@@ -260,6 +304,52 @@ void SchedulerVC::setScheduleTypePopUp(int index)
 {
     m_form.scheduleTypePopUp = index;
     Q_EMIT stateChanged();
+}
+
+void SchedulerVC::setScheduleOn(bool on)
+{
+    m_form.isScheduleOn = on;
+    // A plan of a single day is hardly what is meant.
+    if (on && m_form.endDatePicker <= m_form.startDatePicker)
+        m_form.endDatePicker = m_form.startDatePicker + kUsualPlan;
+    Q_EMIT stateChanged();
+}
+
+bool SchedulerVC::save()
+{
+    if (!m_form.isScheduleOn) {
+        removeSchudlerData(false);
+        return true;
+    }
+    const ScheduleForm filledIn = m_form;
+    m_saved = false;
+    saveSchudlerData();
+    if (!m_saved) { // what was filled in can be mended
+        m_form = filledIn;
+        Q_EMIT stateChanged();
+    }
+    return m_saved;
+}
+
+std::string SchedulerVC::formSentence() const
+{
+    if (!m_form.isScheduleOn)
+        return "No scan is scheduled.";
+    const Date start = getTimeDateAdding(m_form.startDatePicker, 0, 0, 1);
+    const Date end = getTimeDateAdding(m_form.endDatePicker, 23, 59, 59);
+    if (start > end)
+        return "The last day is before the first one.";
+    const Clock::Interval step = interval(m_form.scheduleTypePopUp);
+    const Clock::Interval time(std::llround(getTimeAt0Date(m_form.timePicker) * 1000.0));
+    const Date now = m_services.clock.now();
+    Date next = start + time, last = next;
+    if (step.count() > 0 && next <= now)
+        next += ((now - next) / step + 1) * step;
+    if (next >= end || next <= now)
+        return "That time has passed, so nothing would be scanned.";
+    if (step.count() > 0)
+        last = next + (end - next) / step * step;
+    return scheduleSentence(m_form.scheduleTypePopUp, next, last);
 }
 
 std::optional<Date> SchedulerVC::nextFiring() const

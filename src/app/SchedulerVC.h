@@ -80,6 +80,14 @@ public:
     void setEndDatePicker(Date date);
     void setTimePicker(Date date);
     void setScheduleTypePopUp(int index);
+    void setScheduleOn(bool on);
+
+    /// Has the form take effect, or ends the schedule where it says so. False: it was refused,
+    /// which an alert has told, and what was scheduled before still is.
+    bool save();
+    /// What the form would do if it were saved now: "Every Monday at 20:44, next on Monday, 23
+    /// November, the last time on 28 December.", or why it would do nothing.
+    [[nodiscard]] std::string formSentence() const;
 
     [[nodiscard]] const ScheduleForm& form() const { return m_form; }
     [[nodiscard]] Date startDate() const { return m_startDate; }
@@ -102,6 +110,7 @@ private:
     [[nodiscard]] Result<Done> storeSchedule();
     void tell(std::string informativeText);
     [[nodiscard]] Clock::Interval timeOfDay() const;
+    void restorePopUp();
 
     PlatformServices m_services;
     DesktopServices m_desktop;
@@ -116,6 +125,7 @@ private:
     std::optional<Date> m_SchedulerDate;
     std::string m_reportType;
     bool m_isScanning = false;
+    bool m_saved = false; ///< by the last attempt
     std::unique_ptr<Timers::Timer> m_timerSchedule;
     NotificationCenter::Observation m_scanStatusChange;
 };

@@ -77,6 +77,9 @@ public:
     virtual void setMinimised(ShellWindow window, bool minimised) = 0;
     [[nodiscard]] virtual bool isMinimised(ShellWindow window) const = 0;
 
+    /// Makes the window as large as the screen lets it be, or as large as it was before.
+    virtual void toggleZoomed(ShellWindow window) = 0;
+
     /// Whether the window exists and is not hidden; a minimised one is visible.
     [[nodiscard]] virtual bool isVisible(ShellWindow window) const = 0;
 

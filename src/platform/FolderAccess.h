@@ -16,6 +16,7 @@ struct FolderQuestion {
     std::string message;
     FileURL directory;                          ///< where it opens
     std::function<bool(const FileURL&)> allows; ///< which folders may be chosen; empty: all
+    std::string advice = {}; ///< what can be chosen, said where something else was
 };
 
 /// Lets the user choose one folder. Main thread only.

@@ -48,6 +48,9 @@ inline constexpr PreferenceKey<Date> kScheduleStartDate{"ScheduleStartDate", Dat
 inline constexpr PreferenceKey<Date> kScheduleEndDate{"ScheduleEndDate", Date{}};
 inline constexpr PreferenceKey<double> kScheduleTime{"ScheduleTime", 0.0}; // s after 00:00:01
 inline constexpr PreferenceKey<std::int64_t> kScheduleType{"ScheduleType", 0};
+inline constexpr PreferenceKey<std::int64_t> kScheduleRepeat{"ScheduleRepeat", 0};
+inline constexpr PreferenceKey<std::string_view> kAppearance{"Appearance", ""};
+inline constexpr std::string_view kWindowFrame = "WindowFrame";
 inline constexpr PreferenceKey<bool> kLayoutDiagnostics{
     "NSConstraintBasedLayoutVisualizeMutuallyExclusiveConstraints", false};
 

@@ -36,6 +36,7 @@ void showResult(StatusPanel& panel, Verdict verdict, const std::string& detail)
 {
     const VerdictWords& words = wordsFor(verdict);
     const Artwork artwork = artworkOf(words.tone);
+    panel.isResult = true;
     panel.background = artwork.background;
     panel.badge = artwork.badge;
     panel.statusText = words.headline;

@@ -32,6 +32,7 @@ struct StatusPanel {
     bool isUserDirAccessible = false;
     bool isScanLast3Days = false;
     bool isTodayScan = false; ///< a scan finished during this run
+    bool isResult = false;    ///< it tells what a scan came to; else nothing was looked at yet
     bool showsScanNow = false;
     bool showsRemove = false;
     bool showsInfoBox = false;

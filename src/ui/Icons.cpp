@@ -98,6 +98,25 @@ bool drawArt(QPainter& painter, const QString& name, const QRectF& area)
     return true;
 }
 
+QIcon panelIcon(const QString& name)
+{
+    QIcon result;
+    for (const int size : {16, 22, 24, 32, 48}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(43, 91, 199));
+        painter.drawRoundedRect(QRectF(pixmap.rect()), size / 4., size / 4.);
+        const int inside = size * 3 / 4, edge = (size - inside) / 2;
+        painter.drawPixmap(edge, edge, iconPixmap(name, Qt::white, inside, 1));
+        painter.end();
+        result.addPixmap(pixmap);
+    }
+    return result;
+}
+
 QIcon applicationIcon()
 {
     QIcon result;

@@ -26,4 +26,7 @@ bool drawArt(QPainter& painter, const QString& name, const QRectF& area);
 /// The application's own icon.
 [[nodiscard]] QIcon applicationIcon();
 
+/// That icon in white on a ground of its own, so that it is seen on light and on dark panels.
+[[nodiscard]] QIcon panelIcon(const QString& name);
+
 } // namespace pryvane::ui

@@ -1,6 +1,7 @@
 #include "ui/Navigation.h"
 
 #include "ui/Icons.h"
+#include "ui/KeyboardFocus.h"
 #include "ui/Theme.h"
 
 #include <QEvent>
@@ -24,7 +25,8 @@ public:
     {
         const bool selected = (option.state & QStyle::State_Selected) != 0;
         const bool hovered = (option.state & QStyle::State_MouseOver) != 0;
-        const bool focused = (option.state & QStyle::State_HasFocus) != 0;
+        const bool focused =
+            (option.state & QStyle::State_HasFocus) != 0 && KeyboardFocus::isShown();
         const QColor accent = option.palette.color(QPalette::Highlight);
         const QColor ink = selected ? accent : option.palette.color(QPalette::WindowText);
         const QRectF row = QRectF(option.rect).adjusted(0, 2, 0, -2);

@@ -74,11 +74,16 @@ QVariant RowModel::cellData(int row, int column, int role) const
     const Column& about = m_columns[static_cast<std::size_t>(column)];
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
         return m_source.cell(row, column).text;
+    case Qt::AccessibleTextRole: {
+        const Cell cell = m_source.cell(row, column);
+        return cell.whole.isEmpty() ? cell.text : cell.whole;
+    }
     case Qt::ToolTipRole: {
         const Cell cell = m_source.cell(row, column);
-        const QString& words = cell.tooltip.isEmpty() ? cell.text : cell.tooltip;
+        const QString& words = !cell.tooltip.isEmpty() ? cell.tooltip
+                               : cell.whole.isEmpty()  ? cell.text
+                                                       : cell.whole;
         return QStringLiteral("<qt>") + words.toHtmlEscaped() + QStringLiteral("</qt>");
     }
     case Qt::DecorationRole: {
@@ -209,6 +214,12 @@ int RowModel::tickedCount() const
 int RowModel::sourceRow(const QModelIndex& index) const
 {
     return index.isValid() ? m_shown[static_cast<std::size_t>(index.row())].row : -1;
+}
+
+Cell RowModel::remark(const QModelIndex& index) const
+{
+    const int row = sourceRow(index);
+    return row < 0 ? Cell() : m_source.remark(row);
 }
 
 bool RowModel::isHeading(const QModelIndex& index) const

@@ -3,6 +3,7 @@
 #include "ui/Theme.h"
 
 #include <QAbstractTableModel>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -16,6 +17,7 @@ struct Cell {
     Meaning meaning = Meaning::Neutral;
     std::optional<qint64> number = {}; ///< sorts by this where given
     QString tooltip = {};              ///< the text itself where empty
+    QString whole = {}; ///< for a screen reader, where the text is shortened; else empty
 };
 
 struct Column {
@@ -24,6 +26,9 @@ struct Column {
     bool stretches = false;
     bool isPath = false;
     bool isNumber = false;
+    bool isChip = false;    ///< its words lie on a ground of their own and are never cut
+    bool isBelow = false;   ///< no column: it is the second line of the row, over its whole width
+    QStringList words = {}; ///< all that it may say, which its width has room for
 };
 
 /// The records behind a table: numbered from 0, only ever appended to between two resets.
@@ -50,6 +55,9 @@ public:
     /// What the filter looks in.
     [[nodiscard]] virtual QString searchText(int /*row*/) const { return {}; }
 
+    /// What stands at the end of a second line, and is not cut for the line's sake.
+    [[nodiscard]] virtual Cell remark(int /*row*/) const { return {}; }
+
     /// Drawn paler: what is no longer there.
     [[nodiscard]] virtual bool faded(int /*row*/) const { return false; }
 };
@@ -71,6 +79,8 @@ public:
     void sort(int column, Qt::SortOrder order) override;
 
     [[nodiscard]] const std::vector<Column>& columns() const { return m_columns; }
+    /// Of a second line; empty for a heading.
+    [[nodiscard]] Cell remark(const QModelIndex& index) const;
     void setFilter(const QString& text);
     void setGrouping(int grouping);
 

@@ -1,16 +1,19 @@
 #include "ui/RowTable.h"
 
 #include "ui/Icons.h"
+#include "ui/KeyboardFocus.h"
 #include "ui/Theme.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <numeric>
+#include <sstream>
 
 namespace pryvane::ui {
 
@@ -31,15 +34,90 @@ QLineEdit* makeFilterField(const QString& placeholder)
 
 namespace {
 
-constexpr int kRowHeight = 34;
+constexpr int kRowHeight = 34, kIconSize = 18, kCellMargin = 3, kLinePadding = 4;
+constexpr int kChipPadding = 8, kChipGap = 4, kRounding = 2; // of a text's width
+constexpr int kNumberGap = 12;  // after a column of numbers, so that the next one's words stand off
+constexpr int kKeepAfter = 300; // ms
 constexpr int kLeastStretched = 120;
 constexpr int kNarrow = 96; ///< columns up to this width are never squeezed
 constexpr std::size_t kHeadingsSpanned = 500;
 
+WidthKeeper& widthKeeper()
+{
+    static WidthKeeper keeper;
+    return keeper;
+}
+
+/// Icon and words on a ground of their own.
+void drawChip(QPainter& painter, const QStyleOptionViewItem& cell)
+{
+    const QFontMetrics metrics(cell.font);
+    const int width = std::min(cell.rect.width() - 2 * kCellMargin,
+                               metrics.horizontalAdvance(cell.text) + kRounding + kIconSize +
+                                   kChipGap + 2 * kChipPadding);
+    const int height = metrics.height() + 6;
+    const QRect chip =
+        QStyle::alignedRect(cell.direction, Qt::AlignLeft | Qt::AlignVCenter, QSize(width, height),
+                            cell.rect.adjusted(kCellMargin, 0, -kCellMargin, 0));
+    const QColor ink = cell.palette.color(QPalette::Text);
+    QColor ground = ink;
+    ground.setAlphaF(0.07F);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(isHighContrast() ? QPen(ink, 1) : QPen(Qt::NoPen));
+    painter.setBrush(ground);
+    painter.drawRoundedRect(QRectF(chip).adjusted(.5, .5, -.5, -.5), height / 2., height / 2.);
+    const QRect inside = chip.adjusted(kChipPadding, 0, -kChipPadding, 0);
+    const QRect picture = QStyle::alignedRect(cell.direction, Qt::AlignLeft | Qt::AlignVCenter,
+                                              QSize(kIconSize, kIconSize), inside);
+    cell.icon.paint(&painter, picture);
+    painter.setPen(ink);
+    painter.setFont(cell.font);
+    const bool mirrored = cell.direction == Qt::RightToLeft;
+    painter.drawText(
+        inside.adjusted(mirrored ? 0 : kIconSize + kChipGap, 0,
+                        mirrored ? -kIconSize - kChipGap : 0, 0),
+        Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+        metrics.elidedText(cell.text, Qt::ElideRight, inside.width() - kIconSize - kChipGap));
+    painter.restore();
+}
+
+/// The part of a cell or of a title that its words are in.
+QRect besideNext(const RowModel& model, int column, const QRect& place)
+{
+    const auto& columns = model.columns();
+    const auto at = static_cast<std::size_t>(column);
+    const bool gives = columns[at].isNumber && at + 1 < columns.size() && !columns[at + 1].isNumber;
+    return gives ? place.adjusted(0, 0, -kNumberGap, 0) : place;
+}
+
+/// Titles stand as the words below them do.
+class Header final : public QHeaderView {
+public:
+    Header(const RowModel& model, QWidget* parent)
+        : QHeaderView(Qt::Horizontal, parent), m_model(model)
+    {
+    }
+
+protected:
+    void paintSection(QPainter* painter, const QRect& place, int column) const override
+    {
+        painter->setPen(hairline(palette()));
+        painter->drawLine(place.bottomLeft(), place.bottomRight());
+        QHeaderView::paintSection(painter, besideNext(m_model, column, place), column);
+    }
+
+private:
+    const RowModel& m_model;
+};
+
 /// Rows parted by a hairline, the selected ones tinted.
 class RowDelegate final : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    RowDelegate(RowModel& model, bool hasSecondLine, QObject* parent)
+        : QStyledItemDelegate(parent), m_model(model), m_hasSecondLine(hasSecondLine)
+    {
+    }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override
@@ -53,7 +131,24 @@ public:
             painter->fillRect(option.rect, ground);
             cell.state.setFlag(QStyle::State_Selected, false);
         }
-        QStyledItemDelegate::paint(painter, cell, index);
+        const Column& about = m_model.columns()[static_cast<std::size_t>(index.column())];
+        const bool isHeading = m_model.isHeading(index);
+        if (m_hasSecondLine && index.column() > 0 && !isHeading)
+            cell.rect.setHeight(kLinePadding + std::max(option.fontMetrics.height(), kIconSize) +
+                                (about.isChip ? kLinePadding : 0));
+        if (m_hasSecondLine && index.column() > 0 && !isHeading && !about.isChip)
+            cell.rect.setTop(cell.rect.top() + kLinePadding);
+        if (about.isChip && !isHeading) {
+            QStyleOptionViewItem chip = cell;
+            initStyleOption(&chip, index);
+            chip.text = fitting(chip, index);
+            if (!chip.text.isEmpty())
+                drawChip(*painter, chip);
+        } else {
+            cell.rect = besideNext(m_model, index.column(), cell.rect)
+                            .adjusted(kCellMargin, 0, -kCellMargin, 0);
+            QStyledItemDelegate::paint(painter, cell, index);
+        }
         painter->setPen(hairline(option.palette));
         painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     }
@@ -63,9 +158,37 @@ protected:
     {
         QStyledItemDelegate::initStyleOption(option, index);
         option->textElideMode = Qt::ElideMiddle;
-        option->decorationSize = QSize(18, 18);
+        option->decorationSize = QSize(kIconSize, kIconSize);
     }
+
+private:
+    /// All that a chip has to say where there is room for it, else its word alone.
+    static QString fitting(const QStyleOptionViewItem& chip, const QModelIndex& index)
+    {
+        const QString whole = index.data(Qt::AccessibleTextRole).toString();
+        const int room =
+            chip.rect.width() - 2 * (kCellMargin + kChipPadding) - kIconSize - kChipGap;
+        return QFontMetrics(chip.font).horizontalAdvance(whole) + kRounding <= room ? whole
+                                                                                    : chip.text;
+    }
+
+    RowModel& m_model;
+    const bool m_hasSecondLine;
 };
+
+bool givesWay(const Column& column)
+{
+    return column.width > kNarrow && !column.isChip && !column.isBelow;
+}
+
+/// The room that the longest of a chip's words takes.
+int chipWidth(const Column& column, const QFontMetrics& metrics)
+{
+    int widest = 0;
+    for (const QString& word : column.words)
+        widest = std::max(widest, metrics.horizontalAdvance(word));
+    return widest + kRounding + kIconSize + kChipGap + 2 * (kChipPadding + kCellMargin);
+}
 
 } // namespace
 
@@ -73,7 +196,13 @@ RowTable::RowTable(RowModel& model, const QString& accessibleName, QWidget* pare
     : QTableView(parent), m_model(model)
 {
     setModel(&model);
-    setItemDelegate(new RowDelegate(this));
+    setHorizontalHeader(new Header(model, this));
+    for (std::size_t i = 0; i < m_model.columns().size(); ++i)
+        if (m_model.columns()[i].isBelow)
+            m_below = static_cast<int>(i);
+    setItemDelegate(new RowDelegate(m_model, m_below >= 0, this));
+    if (m_below >= 0)
+        setColumnHidden(m_below, true);
     setAccessibleName(accessibleName);
     setShowGrid(false);
     setWordWrap(false);
@@ -86,7 +215,10 @@ RowTable::RowTable(RowModel& model, const QString& accessibleName, QWidget* pare
     setFrameShape(NoFrame);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(std::max(kRowHeight, fontMetrics().height() + 16));
+    verticalHeader()->setDefaultSectionSize(
+        m_below >= 0 ? std::max(fontMetrics().height(), kIconSize) + fontMetrics().height() +
+                           2 * kLinePadding
+                     : std::max(kRowHeight, fontMetrics().height() + 16));
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setSortIndicatorShown(true);
@@ -94,6 +226,11 @@ RowTable::RowTable(RowModel& model, const QString& accessibleName, QWidget* pare
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     horizontalHeader()->setMinimumHeight(kTarget);
     horizontalHeader()->setMinimumSectionSize(1);
+    m_keeping.setSingleShot(true);
+    m_keeping.setInterval(kKeepAfter);
+    connect(&m_keeping, &QTimer::timeout, this, &RowTable::fitColumns);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) { takeWidth(column, width); });
     setSortingEnabled(true);
     connect(&m_model, &QAbstractItemModel::modelReset, this, &RowTable::spanHeadings);
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
@@ -131,11 +268,16 @@ void RowTable::keyPressEvent(QKeyEvent* event)
 void RowTable::paintEvent(QPaintEvent* event)
 {
     QTableView::paintEvent(event);
-    const QModelIndex current = currentIndex();
-    if (!hasFocus() || !current.isValid())
+    if (m_below >= 0) {
+        QPainter painter(viewport());
+        paintSecondLines(painter);
+    }
+    if (!hasFocus() || !KeyboardFocus::isShown())
         return;
+    const QModelIndex current = currentIndex();
     const QRect first = visualRect(current.siblingAtColumn(0));
-    const QRect row(0, first.top(), viewport()->width(), first.height());
+    const QRect row = current.isValid() ? QRect(0, first.top(), viewport()->width(), first.height())
+                                        : viewport()->rect();
     QPainter painter(viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
@@ -190,6 +332,76 @@ void RowTable::spanHeadings()
             setSpan(row, 1, 1, m_model.columnCount() - 1);
 }
 
+/// Below the cells of each row in sight, over all of its width.
+void RowTable::paintSecondLines(QPainter& painter)
+{
+    const int last = rowAt(viewport()->height() - 1);
+    const QFont font = fontOf(TextRole::Path);
+    const QFontMetrics metrics(font), plain(fontMetrics());
+    const bool mirrored = isRightToLeft();
+    const int indent = columnWidth(0) + kCellMargin + kIconSize + 15; // below the name
+    for (int row = std::max(rowAt(0), 0); row <= (last < 0 ? m_model.rowCount() - 1 : last);
+         ++row) {
+        const QModelIndex index = m_model.index(row, m_below);
+        if (m_model.isHeading(index))
+            continue;
+        const int top = rowViewportPosition(row), line = plain.height();
+        QRect place(indent, top + rowHeight(row) - line - kLinePadding,
+                    viewport()->width() - indent - 2 * kRelated, line);
+        if (mirrored)
+            place.moveLeft(2 * kRelated);
+        const Cell remark = m_model.remark(index);
+        const int needed =
+            remark.text.isEmpty() ? 0 : plain.horizontalAdvance(remark.text) + kRelated;
+        const int room = place.width() - std::min(needed, place.width() * 2 / 3);
+        const QString path = metrics.elidedText(index.data().toString(), Qt::ElideMiddle, room);
+        painter.setFont(font);
+        painter.setPen(secondaryText(palette()));
+        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine, path);
+        if (needed == 0)
+            continue;
+        const int used = metrics.horizontalAdvance(path) + kRelated;
+        painter.setFont(this->font());
+        painter.setPen(remark.meaning == Meaning::Neutral ? secondaryText(palette())
+                                                          : colorOf(remark.meaning, palette()));
+        painter.drawText(place.adjusted(mirrored ? 0 : used, 0, mirrored ? -used : 0, 0),
+                         Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                         plain.elidedText(remark.text, Qt::ElideRight, place.width() - used));
+    }
+}
+
+void setWidthKeeper(WidthKeeper keeper)
+{
+    widthKeeper() = std::move(keeper);
+}
+
+void RowTable::takeWidth(int column, int width)
+{
+    if (m_isFitting || m_model.columns()[static_cast<std::size_t>(column)].stretches)
+        return;
+    m_chosen[column] = width;
+    m_keeping.start(); // the rest gives way once the hand is still
+    std::string text;
+    for (const auto& [chosen, pixels] : m_chosen)
+        text += std::to_string(chosen) + ":" + std::to_string(pixels) + " ";
+    if (widthKeeper().keep && !objectName().isEmpty())
+        widthKeeper().keep(objectName().toStdString(), text);
+}
+
+/// What is kept may be of another version of the program: other columns are passed over.
+void RowTable::loadWidths()
+{
+    if (m_hasLoaded || objectName().isEmpty() || !widthKeeper().load)
+        return;
+    m_hasLoaded = true;
+    std::istringstream text(widthKeeper().load(objectName().toStdString()));
+    int column = 0, pixels = 0;
+    char colon = 0;
+    while (text >> column >> colon >> pixels)
+        if (column > 0 && column < m_model.columnCount() && pixels >= kTarget && pixels < 4000)
+            m_chosen[column] = pixels;
+}
+
 void RowTable::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
@@ -197,26 +409,31 @@ void RowTable::resizeEvent(QResizeEvent* event)
 }
 
 /// Fixed columns keep their widths, the stretching ones share what is left. Where nothing is left
-/// the wide fixed ones give way.
+/// the wide fixed ones give way, but for chips.
 void RowTable::fitColumns()
 {
+    loadWidths();
+    const QScopedValueRollback fitting(m_isFitting, true);
     const auto& columns = m_model.columns();
     const int room = viewport()->width();
     const double scale = fontMetrics().height() / 17.0; // widths were chosen at this text height
     std::vector<int> widths;
     int fixed = 0, wide = 0, stretching = 0;
     for (const Column& column : columns) {
-        const int width = static_cast<int>(column.width * std::max(1.0, scale));
-        widths.push_back(column.stretches ? 0 : width);
+        const auto chosen = m_chosen.find(static_cast<int>(widths.size()));
+        const int width = chosen != m_chosen.end() ? chosen->second
+                          : column.isChip          ? chipWidth(column, fontMetrics())
+                                          : static_cast<int>(column.width * std::max(1.0, scale));
+        widths.push_back(column.stretches || column.isBelow ? 0 : width);
         fixed += widths.back();
-        wide += column.width > kNarrow ? widths.back() : 0;
+        wide += givesWay(column) ? widths.back() : 0;
         stretching += column.stretches ? 1 : 0;
     }
     const int missing = fixed + stretching * kLeastStretched - room;
     if (missing > 0 && wide > 0) {
         const double squeeze = std::max(0.6, 1.0 - double(missing) / wide);
         for (std::size_t i = 0; i < columns.size(); ++i)
-            widths[i] = columns[i].width > kNarrow ? int(widths[i] * squeeze) : widths[i];
+            widths[i] = givesWay(columns[i]) ? int(widths[i] * squeeze) : widths[i];
         fixed = std::accumulate(widths.begin(), widths.end(), 0);
     }
     const int left = (room - fixed) / std::max(1, stretching);

@@ -4,14 +4,28 @@
 
 #include <QLineEdit>
 #include <QTableView>
+#include <QTimer>
+
+#include <functional>
+#include <map>
+#include <string>
 
 namespace pryvane::ui {
 
 /// A box to type a filter into, with its icon and a button that clears it.
 [[nodiscard]] QLineEdit* makeFilterField(const QString& placeholder);
 
+/// Where the widths that a person has given the columns of tables are kept, by the table's name.
+/// Empty: nowhere.
+struct WidthKeeper {
+    std::function<std::string(const std::string& table)> load;
+    std::function<void(const std::string& table, const std::string& widths)> keep;
+};
+void setWidthKeeper(WidthKeeper keeper);
+
 /// The table of a RowModel: whole rows, Space ticks, Ctrl+A ticks all that is shown, Return and a
-/// double click activate, the menu key opens the row's menu. A ring marks the current row.
+/// double click activate, the menu key opens the row's menu. A ring marks the current row. Columns
+/// can be made wider and narrower.
 class RowTable final : public QTableView {
     Q_OBJECT
 
@@ -36,9 +50,17 @@ protected:
 
 private:
     void fitColumns();
+    void takeWidth(int column, int width);
+    void loadWidths();
+    void paintSecondLines(QPainter& painter);
     void spanHeadings();
 
     RowModel& m_model;
+    int m_below = -1;            ///< the column that is the second line; -1: there is none
+    std::map<int, int> m_chosen; ///< the widths that a person gave
+    bool m_isFitting = false;
+    bool m_hasLoaded = false;
+    QTimer m_keeping;
 };
 
 } // namespace pryvane::ui

@@ -5,6 +5,7 @@
 #include "ui/Surfaces.h"
 
 #include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
@@ -50,10 +51,33 @@ QWidget* nearestStop(QWidget* widget)
 
 } // namespace
 
+namespace {
+
+/// A screen reader says that a dialogue has opened, and stays in it.
+QAccessibleInterface* sheetAccess(const QString& className, QObject* object)
+{
+    if (className != QLatin1String("pryvane::ui::Sheet"))
+        return nullptr;
+    auto* sheet = static_cast<QWidget*>(object);
+    return new QAccessibleWidget(sheet, QAccessible::Dialog, sheet->accessibleName());
+}
+
+void announceSheets()
+{
+    static const bool once = [] {
+        QAccessible::installFactory(&sheetAccess);
+        return true;
+    }();
+    static_cast<void>(once);
+}
+
+} // namespace
+
 Sheet::Sheet(QWidget* over, const QString& title)
     : QWidget(over->window()), m_card(new Card(this)), m_body(new QVBoxLayout),
       m_buttons(new QHBoxLayout), m_focusedBefore(QApplication::focusWidget())
 {
+    announceSheets();
     setAccessibleName(title);
     setAttribute(Qt::WA_DeleteOnClose);
     m_card->column()->setContentsMargins(kEdge, kEdge, kEdge, kGroups);
@@ -77,8 +101,25 @@ void Sheet::setWidth(int width)
     place();
 }
 
+void Sheet::setDefault(QPushButton* button)
+{
+    m_default = button;
+    button->setDefault(true);
+}
+
+bool Sheet::isOver(const QWidget* window)
+{
+    const QList<Sheet*> sheets =
+        window ? window->findChildren<Sheet*>(QString(), Qt::FindDirectChildrenOnly)
+               : QList<Sheet*>();
+    return std::ranges::any_of(sheets, [](const Sheet* sheet) { return !sheet->m_closed; });
+}
+
 void Sheet::present(QWidget* first)
 {
+    if (!m_default && m_buttons->count() == 1)
+        if (auto* only = qobject_cast<QPushButton*>(m_buttons->itemAt(0)->widget()))
+            setDefault(only);
     m_buttons->addStretch();
     place();
     show();
@@ -118,11 +159,21 @@ void Sheet::paintEvent(QPaintEvent*)
     QPainter(this).fillRect(rect(), QColor(0, 0, 0, isDark(palette()) ? 150 : 90));
 }
 
+bool Sheet::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride)
+        event->accept(); // it comes back as a key, which nothing behind hears
+    return QWidget::event(event);
+}
+
 void Sheet::keyPressEvent(QKeyEvent* event)
 {
+    event->accept();
     if (event->key() == Qt::Key_Escape)
         return dismiss();
-    event->accept(); // nothing behind it hears a key
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && !event->isAutoRepeat() && m_default && m_default->isEnabled())
+        m_default->click();
 }
 
 void Sheet::mousePressEvent(QMouseEvent* event)

@@ -7,17 +7,17 @@
 
 class QHBoxLayout;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
-
-class QLabel;
 
 namespace pryvane::ui {
 
 class Card;
 class RowTable;
 
-/// A question or a list laid over its window: dims what is behind, keeps the keyboard to itself,
-/// and Esc closes it. Deletes itself once closed. One at a time to a window.
+/// A question or a list laid over its window: dims what is behind, keeps all keys to itself, the
+/// window's shortcuts too, Return presses its default and Esc closes it. Deletes itself once
+/// closed. One at a time to a window: a second one lies above the first until it is closed.
 class Sheet : public QWidget {
     Q_OBJECT
 
@@ -31,6 +31,12 @@ public:
     [[nodiscard]] QHBoxLayout* buttons() const { return m_buttons; }
     void setWidth(int width);
 
+    /// What Return presses. Without it the only button at the foot, where there is just one.
+    void setDefault(QPushButton* button);
+
+    /// Whether a sheet lies over that window now.
+    [[nodiscard]] static bool isOver(const QWidget* window);
+
     /// Shows it with the keyboard on `first`.
     void present(QWidget* first);
     void dismiss();
@@ -41,6 +47,7 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent*) override;
+    bool event(QEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     bool focusNextPrevChild(bool next) override;
@@ -53,6 +60,7 @@ private:
     QVBoxLayout* m_body;
     QHBoxLayout* m_buttons;
     QPointer<QWidget> m_focusedBefore;
+    QPointer<QPushButton> m_default;
     int m_width = 560;
     bool m_closed = false;
 };

@@ -1,8 +1,12 @@
 #include "ui/Style.h"
 
+#include "ui/KeyboardFocus.h"
 #include "ui/StylePainting.h"
+#include "ui/Surfaces.h"
 #include "ui/Theme.h"
 
+#include <QCheckBox>
+#include <QSignalBlocker>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QWidget>
@@ -39,6 +43,23 @@ bool isInsideAnotherField(const QWidget* widget)
     return around && (around->inherits("QAbstractSpinBox") || around->inherits("QComboBox"));
 }
 
+/// Whether what the frame goes around lies on a coloured panel, where the accent does not show.
+bool isOnColour(const QWidget* frame)
+{
+    const auto* ring = qobject_cast<const QFocusFrame*>(frame);
+    for (const QWidget* at = ring ? ring->widget() : nullptr; at; at = at->parentWidget())
+        if (qobject_cast<const ColouredView*>(at))
+            return true;
+    return false;
+}
+
+/// Whether Return presses it from elsewhere on its sheet.
+bool isDefault(const QStyleOption& option)
+{
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    return button && (button->features & QStyleOptionButton::DefaultButton) != 0;
+}
+
 ButtonTone toneFor(const QWidget* widget)
 {
     const QString tone = toneOf(widget);
@@ -56,12 +77,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
 {
     switch (element) {
     case PE_PanelButtonCommand:
-        return drawButton(*option, *painter, toneFor(widget));
+        return drawButton(*option, *painter, toneFor(widget), isDefault(*option));
     case PE_FrameFocusRect:
-        if (has(option->state, State_KeyboardFocusChange) || !widget ||
-            widget->testAttribute(Qt::WA_KeyboardFocusChange))
-            drawFocusRing(*option, *painter);
-        return;
+        return; // the ring is around the control: KeyboardFocus
     case PE_IndicatorCheckBox:
         return isSwitch(widget) ? drawSwitch(*option, *painter) : drawTickBox(*option, *painter);
     case PE_IndicatorItemViewItemCheck:
@@ -100,6 +118,8 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     }
     if (element == CE_HeaderSection)
         return drawHeaderSection(*option, *painter);
+    if (element == CE_FocusFrame)
+        return drawFocusRing(*option, *painter, isOnColour(widget));
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -169,7 +189,9 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     case PM_ButtonDefaultIndicator:
         return 0;
     case PM_FocusFrameHMargin:
-        return 4;
+        return kRingReach;
+    case PM_FocusFrameVMargin:
+        return widget ? QProxyStyle::pixelMetric(metric, option, widget) : kRingReach;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -183,6 +205,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     case SH_DialogButtonBox_ButtonsHaveIcons:
         return 0;
     case SH_ItemView_ShowDecorationSelected:
+    case SH_FocusFrame_AboveWidget:
         return 1;
     case SH_Widget_Animation_Duration:
         return reducedMotion() ? 0 : 150;
@@ -208,9 +231,8 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
 QRect Style::subElementRect(SubElement element, const QStyleOption* option,
                             const QWidget* widget) const
 {
-    // The ring goes around the whole control, so that it shows on a box without a label too.
-    if (element == SE_CheckBoxFocusRect || element == SE_PushButtonFocusRect)
-        return option->rect;
+    if (element == SE_HeaderLabel) // in line with the words of the cells
+        return option->rect.adjusted(kRelated, 0, -kRelated, 0);
     if (element == SE_LineEditContents)
         return QProxyStyle::subElementRect(element, option, widget).adjusted(6, 0, -6, 0);
     return QProxyStyle::subElementRect(element, option, widget);
@@ -229,6 +251,17 @@ void makeDestructive(QWidget& button)
 void makeSwitch(QWidget& checkBox)
 {
     checkBox.setProperty(kSwitch, true);
+}
+
+void showTicked(QCheckBox& box, Qt::CheckState state)
+{
+    const QSignalBlocker quiet(box);
+    box.setCheckState(state);
+}
+
+void showTicked(QCheckBox& box, bool on)
+{
+    showTicked(box, on ? Qt::Checked : Qt::Unchecked);
 }
 
 } // namespace pryvane::ui

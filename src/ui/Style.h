@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QCheckBox;
+
 namespace pryvane::ui {
 
 /// Fusion with this program's corners, focus ring, buttons and tick boxes. Reads all colours from
@@ -39,5 +41,10 @@ void makeDestructive(QWidget& button);
 
 /// A check box drawn as a switch.
 void makeSwitch(QWidget& checkBox);
+
+/// Shows a state without the box telling of it: its toggled() and stateChanged() are then what a
+/// person did, by click, key or screen reader alike.
+void showTicked(QCheckBox& box, Qt::CheckState state);
+void showTicked(QCheckBox& box, bool on);
 
 } // namespace pryvane::ui

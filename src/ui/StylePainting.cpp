@@ -1,5 +1,6 @@
 #include "ui/StylePainting.h"
 
+#include "ui/KeyboardFocus.h"
 #include "ui/Theme.h"
 
 #include <QPainter>
@@ -26,7 +27,7 @@ QColor mixed(const QColor& from, const QColor& to, float part)
 
 } // namespace
 
-void drawButton(const QStyleOption& option, QPainter& painter, ButtonTone tone)
+void drawButton(const QStyleOption& option, QPainter& painter, ButtonTone tone, bool isDefault)
 {
     const QPalette& palette = option.palette;
     QColor fill = palette.color(QPalette::Button);
@@ -35,7 +36,8 @@ void drawButton(const QStyleOption& option, QPainter& painter, ButtonTone tone)
         fill =
             tone == ButtonTone::Primary ? palette.color(QPalette::Highlight) : QColor(181, 47, 53);
         edge = fill;
-    }
+    } else if (isDefault && has(option.state, QStyle::State_Enabled))
+        edge = palette.color(QPalette::Highlight);
     const QColor ink = palette.color(QPalette::ButtonText);
     if (has(option.state, QStyle::State_Sunken) || has(option.state, QStyle::State_On))
         fill = mixed(fill, ink, 0.16F);
@@ -49,13 +51,15 @@ void drawButton(const QStyleOption& option, QPainter& painter, ButtonTone tone)
     painter.restore();
 }
 
-void drawFocusRing(const QStyleOption& option, QPainter& painter)
+void drawFocusRing(const QStyleOption& option, QPainter& painter, bool onColour)
 {
+    constexpr double kInset = kRingThickness / 2.0;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(option.palette.color(QPalette::Highlight), 2));
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), 6, 6);
+    painter.setPen(QPen(onColour ? QColor(Qt::white) : option.palette.color(QPalette::Highlight),
+                        kRingThickness));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(kInset, kInset, -kInset, -kInset), 9, 9);
     painter.restore();
 }
 
@@ -143,14 +147,11 @@ void drawProgress(const QStyleOptionProgressBar& bar, QPainter& painter)
 
 void drawField(const QStyleOption& option, QPainter& painter)
 {
-    const bool focused = has(option.state, QStyle::State_HasFocus);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(focused ? QPen(option.palette.color(QPalette::Highlight), 2)
-                           : QPen(hairline(option.palette), 1));
+    painter.setPen(QPen(hairline(option.palette), 1));
     painter.setBrush(option.palette.color(QPalette::Base));
-    const double inset = focused ? 1 : .5;
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), 6, 6);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(.5, .5, -.5, -.5), 6, 6);
     painter.restore();
 }
 

@@ -50,12 +50,12 @@ ColouredView::ColouredView(QWidget* parent)
     words->addStretch();
     m_detail->hide();
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kEdge, kGroups, kEdge, kGroups);
+    row->setContentsMargins(kEdge, 12, kEdge, 12);
     row->setSpacing(kGroups);
     row->addWidget(m_badge);
     row->addLayout(words, 1);
     row->addLayout(m_actions);
-    setMinimumHeight(96);
+    setMinimumHeight(80);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
 }
 

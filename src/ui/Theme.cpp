@@ -1,5 +1,6 @@
 #include "ui/Theme.h"
 
+#include "ui/KeyboardFocus.h"
 #include "ui/Style.h"
 
 #include <QApplication>
@@ -183,16 +184,32 @@ void setTextRole(QWidget& widget, TextRole role)
 
 void applyTheme(QApplication& application, Appearance appearance)
 {
-    const Appearance asked = fromEnvironment();
     application.setStyle(new Style);
-    setAppearance(asked == Appearance::FollowDesktop ? appearance : asked);
+    new KeyboardFocus(application);
+    setAppearance(appearance);
+}
+
+Appearance appearanceFor(AppearanceSetting setting, std::optional<bool> desktopIsDark,
+                         bool desktopWantsContrast)
+{
+    const bool dark = desktopIsDark.value_or(isDark(QApplication::style()->standardPalette()));
+    const bool strong = setting == AppearanceSetting::MoreContrast ||
+                        (setting == AppearanceSetting::System && desktopWantsContrast);
+    if (strong)
+        return dark ? Appearance::DarkContrast : Appearance::LightContrast;
+    if (setting == AppearanceSetting::System)
+        return dark ? Appearance::Dark : Appearance::Light;
+    return setting == AppearanceSetting::Dark ? Appearance::Dark : Appearance::Light;
 }
 
 void setAppearance(Appearance appearance)
 {
+    if (const Appearance asked = fromEnvironment(); asked != Appearance::FollowDesktop)
+        appearance = asked;
     if (appearance == Appearance::FollowDesktop)
-        appearance =
-            isDark(QApplication::style()->standardPalette()) ? Appearance::Dark : Appearance::Light;
+        appearance = appearanceFor(AppearanceSetting::System, std::nullopt, false);
+    if (appearance == g_appearance)
+        return;
     g_appearance = appearance;
     QApplication::setPalette(paletteOf(shadesOf(appearance)));
 }

@@ -5,6 +5,7 @@
 #include <QPalette>
 
 #include <cstdint>
+#include <optional>
 
 class QApplication;
 class QWidget;
@@ -20,6 +21,14 @@ enum class Meaning : std::uint8_t { Neutral, Found, Clean, Attention };
 enum class TextRole : std::uint8_t { Statement, GroupTitle, Body, Small, Path };
 
 enum class Appearance : std::uint8_t { FollowDesktop, Light, Dark, LightContrast, DarkContrast };
+
+/// What a person has chosen.
+enum class AppearanceSetting : std::uint8_t { System, Light, Dark, MoreContrast };
+
+/// The appearance that comes of the choice and of the desktop's own; nothing where that does not
+/// tell whether it is dark.
+[[nodiscard]] Appearance appearanceFor(AppearanceSetting setting, std::optional<bool> desktopIsDark,
+                                       bool desktopWantsContrast);
 
 /// Whether the palette is a dark one.
 [[nodiscard]] bool isDark(const QPalette& palette);
@@ -47,11 +56,11 @@ enum class Appearance : std::uint8_t { FollowDesktop, Light, Dark, LightContrast
 [[nodiscard]] QFont fontOf(TextRole role);
 void setTextRole(QWidget& widget, TextRole role);
 
-/// Style and palette of the whole program; the desktop's choice of light or dark is followed while
-/// the program runs. Call once, before the first window.
+/// Style and palette of the whole program, light or dark as the desktop's palette is now. Call
+/// once, before the first window.
 void applyTheme(QApplication& application, Appearance appearance = Appearance::FollowDesktop);
 
-/// Gives the program this appearance from now on.
+/// Gives the program this appearance from now on, unless PRYVANE_APPEARANCE names another.
 void setAppearance(Appearance appearance);
 
 } // namespace pryvane::ui

@@ -55,11 +55,6 @@ void WindowButton::paintEvent(QPaintEvent*)
         painter.setBrush(fill);
         painter.drawRoundedRect(rect().adjusted(2, 1, -2, -1), 6, 6);
     }
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 1, -2, -1), 6, 6);
-    }
     constexpr int kSize = 16;
     painter.drawPixmap((width() - kSize) / 2, (height() - kSize) / 2,
                        iconPixmap(m_iconName, ink, kSize, devicePixelRatioF()));

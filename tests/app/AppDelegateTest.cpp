@@ -116,6 +116,18 @@ TEST_F(AppDelegateTest, TheWindowMenuHoldsFiveOrSixEntries)
     delegate.bringAllAppToFront();
     EXPECT_EQ(delegate.windowMenu().size(), 6U);
     EXPECT_TRUE(delegate.windowMenu().back().checked);
+
+    const auto performed = [&](const char* title) {
+        takeWindowCalls();
+        for (const WindowMenuEntry& entry : delegate.windowMenu())
+            if (entry.title == title)
+                delegate.perform(entry.command);
+        return takeWindowCalls();
+    };
+    EXPECT_THAT(performed("Minimize"), ElementsAre("minimise main"));
+    EXPECT_THAT(performed("Minimize"), ElementsAre("restore main"));
+    EXPECT_THAT(performed("Zoom"), ElementsAre("zoom main"));
+    EXPECT_THAT(performed("Bring All to Front"), ElementsAre("front main"));
 }
 
 TEST_F(AppDelegateTest, AWindowIsHiddenOnlyWhereTheStatusItemCanBringItBack)

@@ -177,7 +177,7 @@ TEST_F(SchedulerTest, FollowsAWallClockThatIsSet)
     EXPECT_EQ(scheduler->nextFiring(), local("2026-06-10 09:00"));
 }
 
-TEST_F(SchedulerTest, AStoredScheduleIsArmedAgainExceptForItsKind)
+TEST_F(SchedulerTest, AStoredScheduleIsArmedAgainAsThePopUpWas)
 {
     save("2026-06-10 10:00", "2026-06-10", "2026-08-20", "09:00", 1);
     EXPECT_EQ(defaults.objectForKey("ScheduleTime"), PreferenceValue(32399.0));
@@ -187,6 +187,9 @@ TEST_F(SchedulerTest, AStoredScheduleIsArmedAgainExceptForItsKind)
     load();
     EXPECT_TRUE(scheduler->form().isScheduleOn);
     EXPECT_EQ(scheduler->form().timePicker, local("2026-06-10 09:00"));
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-06-17 09:00")) << "every week, as it was";
+    ASSERT_TRUE(defaults.removeObject("ScheduleRepeat").ok()); // a store of an earlier version
+    load();
     EXPECT_EQ(scheduler->nextFiring(), local("2026-06-11 09:00")) << "the pop-up says daily";
 
     scheduler->removeSchudlerData(false);
@@ -198,6 +201,44 @@ TEST_F(SchedulerTest, AStoredScheduleIsArmedAgainExceptForItsKind)
     scheduler->schudlerAction();
     EXPECT_EQ(scheduler->form().timePicker, local("2026-06-10 23:59:59"));
     EXPECT_EQ(scheduler->form().minimumStart, clock.now());
+}
+
+TEST_F(SchedulerTest, AFormTakesEffectWhenItIsSavedAndSaysBeforeWhatItWillDo)
+{
+    clock.setNow(local("2026-11-22 08:00")); // a Sunday
+    load();
+    const auto said = [&] { return scheduler->formSentence(); };
+    EXPECT_EQ(said(), "No scan is scheduled.");
+    scheduler->setScheduleOn(true);
+    scheduler->setTimePicker(local("2026-11-22 20:44"));
+    scheduler->setScheduleTypePopUp(1);
+    EXPECT_EQ(said(), "Every Sunday at 20:44, next on Sunday, 22 November, the last time on "
+                      "20 December.");
+    EXPECT_FALSE(isOn()) << "nothing was saved";
+    EXPECT_TRUE(scheduler->save());
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 20:44"));
+
+    scheduler->setTimePicker(local("2026-11-22 21:44"));
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 20:44"));
+    EXPECT_TRUE(scheduler->save());
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 21:44"));
+
+    scheduler->setEndDatePicker(local("2026-11-22 00:00"));
+    scheduler->setScheduleTypePopUp(0);
+    EXPECT_EQ(said(), "Once, on Sunday, 22 November, at 21:44.");
+    scheduler->setTimePicker(local("2026-11-22 07:00"));
+    EXPECT_EQ(said(), "That time has passed, so nothing would be scanned.");
+    EXPECT_FALSE(scheduler->save());
+    EXPECT_TRUE(scheduler->form().isScheduleOn) << "it can be mended";
+    EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 21:44")) << "as it was";
+    scheduler->schudlerAction(); // cancelled
+    EXPECT_EQ(scheduler->form().timePicker, local("2026-11-22 21:44"));
+    EXPECT_EQ(scheduler->form().scheduleTypePopUp, 1);
+
+    scheduler->setScheduleOn(false);
+    EXPECT_TRUE(isOn());
+    EXPECT_TRUE(scheduler->save());
+    EXPECT_FALSE(isOn());
 }
 
 TEST_F(SchedulerTest, DamagedValuesNeitherHangNorOverflow)

@@ -161,6 +161,7 @@ public:
     void orderOut(ShellWindow window) override;
     void setMinimised(ShellWindow window, bool minimised) override;
     bool isMinimised(ShellWindow window) const override;
+    void toggleZoomed(ShellWindow window) override { record("zoom", window); }
     bool isVisible(ShellWindow window) const override;
     void activate() override { calls.emplace_back("activate"); }
     void terminate() override { calls.emplace_back("terminate"); }

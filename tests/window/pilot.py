@@ -221,11 +221,21 @@ class Pilot:
             self.shots.mkdir(parents=True, exist_ok=True)
             subprocess.run(["import", "-window", "root", str(self.shots / f"{name}.png")], check=True)
 
+    def sheet(self):
+        """The sheet over the window, which is all that can be reached; none: nothing lies over it."""
+        for node in self.walk():
+            with contextlib.suppress(Exception):
+                if node.getRoleName() == "dialog":
+                    return node
+        return None
+
     def confirm_access(self):
         self.click("Confirm Access")
         self.find("Confirm Access", "dialog")
         self.keys("Return")
         self.find("Quick Scan >")
+
+    grant = confirm_access
 
     def tick(self, table, cell):
         """Clicks the tick box of the first row that holds the text."""

@@ -1,5 +1,6 @@
 #include "app/program/Desktop.h"
 
+#include "app/views/Looks.h"
 #include "hosts/Host.h"
 #include "store/SqliteUserDefaults.h"
 
@@ -21,6 +22,11 @@ Result<std::unique_ptr<Desktop>> Desktop::open(Host& host, const std::string& da
         return opened.error();
     desktop->m_notice = opened->notice.value_or("");
     desktop->m_defaults = std::move(opened->defaults);
+    desktop->m_looks = std::make_unique<Looks>(*desktop->m_defaults);
+    desktop->system->followLook(
+        [looks = desktop->m_looks.get()](std::optional<bool> dark, bool contrast) {
+            looks->desktopHas(dark, contrast);
+        });
     return desktop;
 }
 

@@ -18,6 +18,7 @@
 namespace pryvane {
 
 class Host;
+class Looks;
 class UserDefaults;
 
 /// Log lines on standard error, where a desktop's journal picks them up.
@@ -40,6 +41,7 @@ public:
 
     [[nodiscard]] const std::string& dataFolder() const { return m_dataFolder; }
     [[nodiscard]] UserDefaults& defaults() { return *m_defaults; }
+    [[nodiscard]] Looks& looks() { return *m_looks; }
     /// What the user must be told once; empty: nothing.
     [[nodiscard]] const std::string& notice() const { return m_notice; }
 
@@ -60,6 +62,7 @@ private:
     std::string m_dataFolder;
     std::string m_notice;
     std::unique_ptr<UserDefaults> m_defaults;
+    std::unique_ptr<Looks> m_looks;
 };
 
 } // namespace pryvane

@@ -10,6 +10,7 @@
 #include "hosts/posix/SingleInstance.h"
 #include "hosts/qt/widgets/WidgetFolderPicker.h"
 #include "platform/Messages.h"
+#include "platform/UserDefaults.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "volume/FoldedName.h"
@@ -111,7 +112,7 @@ Session::Session(Desktop& desktop, NextDisk what)
       m_remover(removerOf(*m_disk, m_journal, desktop.dataFolder())), m_sharedRemover(*m_remover),
       m_fileViewer(fileViewerOf(*m_disk, desktop)),
       m_statusItem(desktop.system->statusItem(
-          [](std::string_view image, int) { return ui::icon(ui::text(image)); })),
+          [](std::string_view image, int) { return ui::panelIcon(ui::text(image)); })),
       m_delegate(services(), desktopServices(), factsFor(m_choice)),
       m_access(services(), *m_grants, m_delegate), m_opening(desktop.mainQueue)
 {
@@ -158,14 +159,23 @@ void Session::start()
         [](const char*) {});
 }
 
+/// The window's place and size are those of its next start.
 void Session::end()
 {
+    if (const QWidget* window = m_windows.widget(ShellWindow::Main))
+        logFailure(m_desktop.log,
+                   m_desktop.defaults().setObject(preferences::kWindowFrame,
+                                                  Bytes{window->saveGeometry().toStdString()}));
     m_delegate.applicationWillTerminate();
 }
 
+/// Where access has not been granted yet the scan waits for it.
 void Session::requestScan()
 {
-    m_delegate.requestScan();
+    if (m_main)
+        m_delegate.requestScan();
+    else
+        m_scanWaits = true;
 }
 
 void Session::follow(FramedWindow& window)
@@ -191,13 +201,20 @@ QWidget* Session::makeMainWindow()
     if (!m_choice.caseSensitive)
         needs.foldedName = [](std::string_view name) { return foldedName(name); };
     m_main = std::make_unique<MainWindowParts>(std::move(needs));
-    auto* window = new MainWindow(m_delegate, m_main->table, m_main->screens.stack(), m_words,
-                                  m_desktop.system->hasMenuBar() ? MainWindow::Menus::Bar
-                                                                 : MainWindow::Menus::Button);
+    auto* window = new MainWindow(
+        m_delegate, m_main->table, m_main->screens.stack(), m_words, m_desktop.looks(),
+        m_desktop.system->hasMenuBar() ? MainWindow::Menus::Bar : MainWindow::Menus::Button);
+    if (const auto frame = m_desktop.defaults().getBytes(preferences::kWindowFrame))
+        window->restoreGeometry(QByteArray::fromStdString(frame->data));
     follow(*window);
     QObject::connect(window, &MainWindow::openVolumeWanted, window,
                      [this, window] { askForVolume(window, m_choice.folder); });
     m_main->show(*window);
+    if (std::exchange(m_scanWaits, false))
+        m_desktop.mainQueue.post([this, guard = QPointer<QWidget>(window)] {
+            if (guard)
+                m_delegate.requestScan();
+        });
     return window;
 }
 
@@ -249,7 +266,7 @@ void Session::askForVolume(QWidget* over, const std::string& place)
                        const std::string& password) {
         change({at, user, m_choice.caseSensitive,
                 at == m_choice.folder ? m_choice.password : password},
-               std::exchange(m_opened, {}));
+               std::exchange(m_opened, {}), std::exchange(m_scanNext, false));
     };
     (new VolumeSheet(over, std::move(asks), place, m_choice.user))->present();
 }
@@ -282,7 +299,7 @@ void Session::look(const std::string& at, const std::string& password, VolumeShe
 }
 
 /// Everything on the screen belongs to the volume, so another one begins anew.
-void Session::change(const VolumeChoice& choice, std::shared_ptr<OpenedDisk> disk)
+void Session::change(const VolumeChoice& choice, std::shared_ptr<OpenedDisk> disk, bool scan)
 {
     std::string refusal;
     const ScanState& state = m_delegate.state();
@@ -305,7 +322,7 @@ void Session::change(const VolumeChoice& choice, std::shared_ptr<OpenedDisk> dis
     }
     if (choice == m_choice)
         return;
-    m_next = NextDisk{choice, std::move(disk)};
+    m_next = NextDisk{choice, std::move(disk), scan};
     m_windows.terminate();
 }
 
@@ -319,12 +336,15 @@ void Session::take(const InstanceRequest& request)
     const VolumeChoice wanted{folder, request.user.value_or(usual), m_choice.caseSensitive,
                               folder == m_choice.folder ? m_choice.password : std::string()};
     QWidget* const shown = m_windows.widget(ShellWindow::Main);
-    if (wanted != m_choice && folder != m_choice.folder && isFileOfHost(folder) && shown)
+    m_scanNext = false;
+    if (wanted != m_choice && folder != m_choice.folder && isFileOfHost(folder) && shown) {
+        m_scanNext = request.scan;
         askForVolume(shown, folder); // its names take a while to read
-    else if (wanted != m_choice)
-        change(wanted);
-    else if (request.scan && m_main)
-        m_delegate.requestScan();
+    } else if (wanted != m_choice) {
+        change(wanted, {}, request.scan);
+    } else if (request.scan) {
+        requestScan();
+    }
 }
 
 } // namespace pryvane

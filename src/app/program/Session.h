@@ -30,6 +30,7 @@ struct InstanceRequest;
 struct NextDisk {
     VolumeChoice choice;
     std::shared_ptr<OpenedDisk> disk;
+    bool scan = false; ///< at once
 };
 
 /// Lets several screens share one remover: each call waits for the one before. Callable from any
@@ -115,7 +116,8 @@ private:
     void reveal(const FileURL& location);
     void look(const std::string& at, const std::string& password, VolumeSheet::Told told);
     void askForVolume(QWidget* over, const std::string& place);
-    void change(const VolumeChoice& choice, std::shared_ptr<OpenedDisk> disk = {});
+    void change(const VolumeChoice& choice, std::shared_ptr<OpenedDisk> disk = {},
+                bool scan = false);
 
     Desktop& m_desktop;
     const VolumeChoice m_choice;
@@ -139,6 +141,8 @@ private:
     std::unique_ptr<MainWindowParts> m_main;
     DiskOpening m_opening;
     std::shared_ptr<OpenedDisk> m_opened; ///< by it; what the sheet offers
+    bool m_scanWaits = false;             ///< for the main window
+    bool m_scanNext = false;              ///< what the sheet offers is to be scanned at once
     Worker m_settling;                    ///< of the journal
 };
 

@@ -8,6 +8,7 @@
 #include "hosts/posix/SingleInstance.h"
 #include "hosts/qt/InstanceServer.h"
 #include "store/StoreFolder.h"
+#include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Theme.h"
 
@@ -111,13 +112,15 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
             return fail(opened.error().message);
         next = std::move(opened).value();
     }
+    next->scan = arguments.scan;
     for (bool isFirst = true; next; isFirst = false) {
+        const bool scan = next->scan;
         const auto session = Session::open(desktop, std::move(*next));
         if (!session)
             return fail(session.error().message);
         current = session->get();
         current->start();
-        if (isFirst && arguments.scan)
+        if (scan)
             current->requestScan();
         for (const std::string& told : {desktop.notice(), desktop.host.accessAdvice()}) {
             if (isFirst && !told.empty())
@@ -166,6 +169,7 @@ int runProgram(int argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("pryvane"));
     QApplication::setQuitOnLastWindowClosed(false);
     ui::applyTheme(application);
+    QApplication::setWindowIcon(ui::applicationIcon());
     auto desktop = Desktop::open(*host, dataFolder);
     if (!desktop)
         return fail(desktop.error().message);

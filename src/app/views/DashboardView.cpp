@@ -84,7 +84,7 @@ QWidget* DashboardView::makeScanCard()
             &DashBoardViewController::scanningStartAction);
     m_deep = new QCheckBox(tr("Deep scan"));
     m_deep->setObjectName(QStringLiteral("btnDeepScan"));
-    connect(m_deep, &QCheckBox::clicked, &m_controller,
+    connect(m_deep, &QCheckBox::toggled, &m_controller,
             &DashBoardViewController::btnDeepScanClicked);
     m_explanation = ui::makeNote();
 
@@ -109,11 +109,11 @@ QWidget* DashboardView::makeSwitches()
     m_dockIcon->box()->setObjectName(QStringLiteral("dockIcon"));
     m_runStartUp = new ui::SwitchRow(tr("Start at login"), tr("Start Pryvane when you log in."));
     m_runStartUp->box()->setObjectName(QStringLiteral("runStartUp"));
-    connect(m_realTime->box(), &QCheckBox::clicked, &m_controller,
+    connect(m_realTime->box(), &QCheckBox::toggled, &m_controller,
             &DashBoardViewController::btnRealTimeScanClicked);
-    connect(m_dockIcon->box(), &QCheckBox::clicked, &m_controller,
+    connect(m_dockIcon->box(), &QCheckBox::toggled, &m_controller,
             &DashBoardViewController::dockIconAction);
-    connect(m_runStartUp->box(), &QCheckBox::clicked, &m_controller,
+    connect(m_runStartUp->box(), &QCheckBox::toggled, &m_controller,
             &DashBoardViewController::runStartUpAction);
     auto* card = new ui::Card;
     card->column()->addWidget(ui::makeLabel(TextRole::GroupTitle, tr("Settings")));
@@ -188,15 +188,15 @@ void DashboardView::showScanButton()
     m_scan->setEnabled(!button.spinner);
     m_deep->setVisible(button.deepShown);
     m_deep->setEnabled(button.deepEnabled);
-    m_deep->setChecked(button.deepChecked);
+    ui::showTicked(*m_deep, button.deepChecked);
     m_explanation->setText(ui::text(m_controller.scanExplanation()));
 }
 
 void DashboardView::showSwitches()
 {
-    m_realTime->box()->setChecked(m_controller.isRealTimeProtectionON());
-    m_dockIcon->box()->setChecked(m_controller.showDockIcon());
-    m_runStartUp->box()->setChecked(m_controller.loginStart());
+    ui::showTicked(*m_realTime->box(), m_controller.isRealTimeProtectionON());
+    ui::showTicked(*m_dockIcon->box(), m_controller.showDockIcon());
+    ui::showTicked(*m_runStartUp->box(), m_controller.loginStart());
 }
 
 void DashboardView::showSchedule()

@@ -1,6 +1,5 @@
 #include "app/views/FramedWindow.h"
 
-#include "ui/Icons.h"
 #include "ui/Theme.h"
 #include "ui/TitleBar.h"
 
@@ -30,7 +29,6 @@ FramedWindow::FramedWindow(const QString& title, int tag)
     : m_tag(tag), m_ownFrame(wantsOwnFrame()), m_column(new QVBoxLayout(this))
 {
     setWindowTitle(title);
-    setWindowIcon(ui::applicationIcon());
     m_column->setSpacing(0);
     m_column->setContentsMargins(0, 0, 0, 0);
     if (!m_ownFrame)

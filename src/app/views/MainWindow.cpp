@@ -3,10 +3,12 @@
 #include "app/AppDelegate.h"
 #include "app/DetailsViewController.h"
 #include "app/Navigation.h"
+#include "app/views/Looks.h"
 #include "app/views/MenuBar.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Navigation.h"
+#include "ui/Sheet.h"
 #include "ui/TitleBar.h"
 
 #include <QEvent>
@@ -55,9 +57,9 @@ private:
 MainWindow::~MainWindow() = default;
 
 MainWindow::MainWindow(AppDelegate& delegate, TableViewController& table, QStackedWidget* screens,
-                       const VolumeWords& volume, Menus menus)
+                       const VolumeWords& volume, Looks& looks, Menus menus)
     : FramedWindow(QStringLiteral("Pryvane"), 0), m_delegate(delegate), m_table(table),
-      m_navigation(new ui::Navigation)
+      m_looks(looks), m_screens(screens), m_navigation(new ui::Navigation)
 {
     setObjectName(QStringLiteral("mainWindowID"));
     setMinimumSize(900, 600);
@@ -143,25 +145,38 @@ void MainWindow::showMenu()
     m_menu->clear();
     fillFileMenu(*m_menu->addMenu(tr("File")), menuActions());
     fillWindowMenu(*m_menu->addMenu(tr("Window")), menuActions());
+    fillAppearanceMenu(*m_menu->addMenu(tr("Appearance")), menuActions());
     m_menu->addSeparator();
     addHelp(*m_menu, menuActions());
 }
 
+/// What changes the screen waits while a sheet lies over it: a Mac's menu bar stays in reach.
 MenuActions MainWindow::menuActions()
 {
-    return {.openVolume = [this] { Q_EMIT openVolumeWanted(); },
-            .print =
-                [this] {
-                    if (m_delegate.canPrint())
-                        m_delegate.printReport();
-                },
+    const auto unlessAsked = [this](auto&& act) {
+        return [this, act] {
+            if (!ui::Sheet::isOver(this))
+                act();
+        };
+    };
+    return {.openVolume = unlessAsked([this] { Q_EMIT openVolumeWanted(); }),
+            .print = unlessAsked([this] {
+                if (m_delegate.canPrint())
+                    m_delegate.printReport();
+            }),
             .quit = [this] { m_delegate.terminateSelf(); },
             .help = [this] { m_delegate.getHelp(); },
-            .findInList = [this] { Q_EMIT filterWanted(); },
-            .bringToFront = [this] { m_delegate.bringAllAppToFront(); },
-            .showScreen = [this](int row) { m_navigation->setCurrentRow(row); },
+            .findInList = unlessAsked([this] { Q_EMIT filterWanted(); }),
+            .perform = [this](WindowCommand command) { m_delegate.perform(command); },
+            .showScreen =
+                [this](int row) {
+                    if (!ui::Sheet::isOver(this))
+                        m_navigation->setCurrentRow(row);
+                },
             .canPrint = [this] { return m_delegate.canPrint(); },
-            .windows = [this] { return m_delegate.windowMenu(); }};
+            .windows = [this] { return m_delegate.windowMenu(); },
+            .setAppearance = [this](ui::AppearanceSetting to) { m_looks.set(to); },
+            .appearance = [this] { return m_looks.setting(); }};
 }
 
 void MainWindow::makeMenuBar()
@@ -186,10 +201,13 @@ void MainWindow::makeShortcuts()
     on(QKeySequence::Open, does.openVolume);
 }
 
+/// What has the keyboard may be on a screen that goes; what lies over the screens keeps it.
 void MainWindow::followSelection()
 {
     m_navigation->setCurrentRow(rowIndex(m_table.selectedRow()));
-    m_navigation->setFocus(Qt::OtherFocusReason); // what had it may be on a screen that has gone
+    const QWidget* const has = focusWidget();
+    if (!ui::Sheet::isOver(this) && (!has || m_screens->isAncestorOf(has)))
+        m_navigation->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace pryvane

@@ -18,6 +18,7 @@ class Navigation;
 namespace pryvane {
 
 class AppDelegate;
+class Looks;
 class MenuBar;
 class TableViewController;
 struct MenuActions;
@@ -40,7 +41,7 @@ public:
 
     /// The stack holds the screens and is shown at the right; the window takes it over.
     MainWindow(AppDelegate& delegate, TableViewController& table, QStackedWidget* screens,
-               const VolumeWords& volume, Menus menus);
+               const VolumeWords& volume, Looks& looks, Menus menus);
     ~MainWindow() override;
 
 Q_SIGNALS:
@@ -58,6 +59,8 @@ private:
 
     AppDelegate& m_delegate;
     TableViewController& m_table;
+    Looks& m_looks;
+    QStackedWidget* m_screens;
     ui::Navigation* m_navigation;
     QToolButton* m_menuButton = nullptr; ///< none where there is a bar
     QMenu* m_menu = nullptr;

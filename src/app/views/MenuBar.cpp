@@ -4,7 +4,10 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 
+#include <QActionGroup>
 #include <QMenu>
+
+#include <utility>
 
 namespace pryvane {
 
@@ -27,10 +30,31 @@ void fillWindowMenu(QMenu& menu, const MenuActions& actions)
             menu.addSeparator();
             continue;
         }
-        QAction* action = menu.addAction(ui::buttonText(entry.title), &menu, actions.bringToFront);
+        QAction* action =
+            menu.addAction(ui::buttonText(entry.title), &menu,
+                           [perform = actions.perform, does = entry.command] { perform(does); });
         action->setMenuRole(QAction::NoRole);
         action->setCheckable(entry.checked);
         action->setChecked(entry.checked);
+    }
+}
+
+void fillAppearanceMenu(QMenu& menu, const MenuActions& actions)
+{
+    using ui::AppearanceSetting;
+    const std::pair<AppearanceSetting, QString> choices[] = {
+        {AppearanceSetting::System, MenuBar::tr("As the Desktop")},
+        {AppearanceSetting::Light, MenuBar::tr("Light")},
+        {AppearanceSetting::Dark, MenuBar::tr("Dark")},
+        {AppearanceSetting::MoreContrast, MenuBar::tr("More Contrast")}};
+    auto* const oneOf = new QActionGroup(&menu);
+    for (const auto& [setting, title] : choices) {
+        QAction* action = menu.addAction(
+            title, &menu, [set = actions.setAppearance, chosen = setting] { set(chosen); });
+        action->setMenuRole(QAction::NoRole);
+        action->setCheckable(true);
+        action->setChecked(actions.appearance() == setting);
+        oneOf->addAction(action);
     }
 }
 
@@ -51,6 +75,8 @@ MenuBar::MenuBar(MenuActions actions) : m_actions(std::move(actions)), m_file(ad
                         [this, row] { m_actions.showScreen(row); });
     view->addSeparator();
     view->addAction(tr("Find in List"), QKeySequence::Find, this, m_actions.findInList);
+    view->addSeparator();
+    fillAppearanceMenu(*view->addMenu(tr("Appearance")), m_actions);
     m_window = addMenu(tr("Window"));
     addHelp(*addMenu(tr("Help")), m_actions);
     for (QAction* action : view->actions())

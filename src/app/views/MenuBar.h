@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "ui/Theme.h"
 
 #include <QMenuBar>
 
@@ -14,15 +15,20 @@ namespace pryvane {
 
 /// What the menus do, and what they show of the program.
 struct MenuActions {
-    std::function<void()> openVolume, print, quit, help, findInList, bringToFront;
+    std::function<void()> openVolume, print, quit, help, findInList;
+    std::function<void(WindowCommand)> perform;
     std::function<void(int row)> showScreen;
     std::function<bool()> canPrint;
     std::function<std::vector<WindowMenuEntry>()> windows;
+    std::function<void(ui::AppearanceSetting)> setAppearance;
+    std::function<ui::AppearanceSetting()> appearance;
 };
 
 /// Fills the File menu; the entry for printing is as things are now.
 void fillFileMenu(QMenu& menu, const MenuActions& actions);
 void fillWindowMenu(QMenu& menu, const MenuActions& actions);
+/// Light, dark, more contrast, or as the desktop has it.
+void fillAppearanceMenu(QMenu& menu, const MenuActions& actions);
 QAction* addHelp(QMenu& menu, const MenuActions& actions);
 
 /// The menus in a bar, as a Mac has them at the top of the screen. Its shortcuts are the program's:

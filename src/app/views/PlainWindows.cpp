@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -168,6 +169,14 @@ QWidget* makeChapter(const Chapter& chapter)
 }
 
 } // namespace
+
+void HelpWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        FramedWindow::keyPressEvent(event);
+}
 
 HelpWindow::HelpWindow() : FramedWindow(tr("Pryvane Help"), 1)
 {

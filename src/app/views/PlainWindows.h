@@ -29,6 +29,9 @@ class HelpWindow final : public FramedWindow {
 
 public:
     HelpWindow();
+
+protected:
+    void keyPressEvent(QKeyEvent*) override;
 };
 
 } // namespace pryvane

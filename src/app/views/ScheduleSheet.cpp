@@ -3,6 +3,7 @@
 #include "app/SchedulerVC.h"
 #include "ui/Labels.h"
 #include "ui/Style.h"
+#include "ui/Surfaces.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -40,6 +41,7 @@ QDateEdit* makeDateEdit(const QString& title)
 {
     auto* edit = new QDateEdit;
     edit->setCalendarPopup(true);
+    edit->setDisplayFormat(QStringLiteral("ddd d MMM yyyy"));
     name(*edit, title);
     return edit;
 }
@@ -48,50 +50,73 @@ QDateEdit* makeDateEdit(const QString& title)
 
 ScheduleSheet::ScheduleSheet(QWidget* over, SchedulerVC& scheduler)
     : Sheet(over, tr("Scheduled scan")), m_scheduler(scheduler),
-      m_isScheduleOn(new QCheckBox(tr("Scan on a schedule"))),
-      m_startDatePicker(makeDateEdit(tr("First day"))),
+      m_isScheduleOn(new ui::SwitchRow(
+          tr("Scan on a schedule"), tr("While Pryvane is running, with its window or without."))),
+      m_fields(new QWidget), m_startDatePicker(makeDateEdit(tr("First day"))),
       m_endDatePicker(makeDateEdit(tr("Last day"))), m_timePicker(new QTimeEdit),
-      m_scheduleTypePopUp(new QComboBox), m_next(ui::makeNote())
+      m_scheduleTypePopUp(new QComboBox), m_sentence(ui::makeLabel(ui::TextRole::Body)),
+      m_save(new QPushButton(tr("Save"))), m_cancel(new QPushButton(tr("Cancel")))
 {
     setObjectName(QStringLiteral("schedulerVC"));
-    m_isScheduleOn->setObjectName(QStringLiteral("isScheduleOn"));
+    m_isScheduleOn->box()->setObjectName(QStringLiteral("isScheduleOn"));
+    m_timePicker->setDisplayFormat(QStringLiteral("HH:mm"));
     name(*m_timePicker, tr("Time of day"));
     m_scheduleTypePopUp->setAccessibleName(tr("Repeat"));
+    m_scheduleTypePopUp->setMinimumHeight(ui::kTarget);
     for (const std::string_view title : kScheduleTypeTitles)
         m_scheduleTypePopUp->addItem(ui::text(title));
-
-    auto* form = new QFormLayout;
-    form->setSpacing(ui::kRelated);
-    form->addRow(tr("First day"), m_startDatePicker);
-    form->addRow(tr("Last day"), m_endDatePicker);
-    form->addRow(tr("Time of day"), m_timePicker);
-    form->addRow(tr("Repeat"), m_scheduleTypePopUp);
-    body()->addLayout(form);
-    body()->addWidget(m_isScheduleOn);
-    body()->addWidget(m_next);
-    body()->addWidget(ui::makeNote(tr("Scheduled scans happen while Pryvane is running.")));
-    auto* done = new QPushButton(tr("Done"));
-    ui::makePrimary(*done);
-    connect(done, &QPushButton::clicked, this, &Sheet::dismiss);
-    buttons()->addWidget(done);
-    setWidth(420);
-
+    m_sentence->setObjectName(QStringLiteral("whatWillHappen"));
+    layOut();
     connect(m_startDatePicker, &QDateEdit::dateTimeChanged, this,
             [this](const QDateTime& date) { m_scheduler.setStartDatePicker(fromQt(date)); });
     connect(m_endDatePicker, &QDateEdit::dateTimeChanged, this,
             [this](const QDateTime& date) { m_scheduler.setEndDatePicker(fromQt(date)); });
     connect(m_timePicker, &QTimeEdit::dateTimeChanged, this,
             [this](const QDateTime& date) { m_scheduler.setTimePicker(fromQt(date)); });
-    connect(m_scheduleTypePopUp, &QComboBox::activated, &m_scheduler,
+    connect(m_scheduleTypePopUp, &QComboBox::currentIndexChanged, &m_scheduler,
             &SchedulerVC::setScheduleTypePopUp);
-    connect(m_isScheduleOn, &QCheckBox::clicked, &m_scheduler, &SchedulerVC::removeSchudlerData);
+    connect(m_isScheduleOn->box(), &QCheckBox::toggled, &m_scheduler, &SchedulerVC::setScheduleOn);
     connect(&m_scheduler, &SchedulerVC::stateChanged, this, &ScheduleSheet::showState);
+    connect(m_save, &QPushButton::clicked, this, &ScheduleSheet::save);
+    connect(m_cancel, &QPushButton::clicked, this, &Sheet::dismiss);
     showState();
+}
+
+void ScheduleSheet::layOut()
+{
+    auto* form = new QFormLayout(m_fields);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setSpacing(ui::kRelated);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setLabelAlignment(Qt::AlignLeading | Qt::AlignVCenter);
+    form->addRow(tr("Repeat"), m_scheduleTypePopUp);
+    form->addRow(tr("Time of day"), m_timePicker);
+    form->addRow(tr("First day"), m_startDatePicker);
+    form->addRow(tr("Last day"), m_endDatePicker);
+    m_sentence->setWordWrap(true);
+    m_sentence->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    m_sentence->setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    body()->setSpacing(ui::kGroups);
+    body()->addWidget(m_isScheduleOn);
+    body()->addWidget(m_fields);
+    body()->addWidget(m_sentence);
+    ui::makePrimary(*m_save);
+    setDefault(m_save);
+    buttons()->addWidget(m_save);
+    buttons()->addWidget(m_cancel);
+    setWidth(440);
 }
 
 void ScheduleSheet::present()
 {
-    Sheet::present(m_startDatePicker);
+    Sheet::present(m_isScheduleOn->box());
+}
+
+/// A refusal leaves the form open, so that it can be mended.
+void ScheduleSheet::save()
+{
+    if (m_scheduler.save())
+        dismiss();
 }
 
 void ScheduleSheet::showState()
@@ -101,7 +126,8 @@ void ScheduleSheet::showState()
         const QSignalBlocker quiet(edit);
         edit.setDateTime(toQt(value));
     };
-    const QSignalBlocker quiet(m_startDatePicker), quietToo(m_endDatePicker);
+    const QSignalBlocker quiet(m_startDatePicker), quietToo(m_endDatePicker),
+        quietThree(m_scheduleTypePopUp);
     m_startDatePicker->setMinimumDate(
         toQt(std::min(form.minimumStart, form.startDatePicker)).date());
     m_endDatePicker->setMinimumDate(toQt(std::min(form.minimumEnd, form.endDatePicker)).date());
@@ -109,8 +135,9 @@ void ScheduleSheet::showState()
     show(*m_endDatePicker, form.endDatePicker);
     show(*m_timePicker, form.timePicker);
     m_scheduleTypePopUp->setCurrentIndex(form.scheduleTypePopUp);
-    m_isScheduleOn->setChecked(form.isScheduleOn);
-    m_next->setText(ui::text(m_scheduler.nextFiringText()));
+    ui::showTicked(*m_isScheduleOn->box(), form.isScheduleOn);
+    m_fields->setEnabled(form.isScheduleOn);
+    m_sentence->setText(ui::text(m_scheduler.formSentence()));
 }
 
 } // namespace pryvane

@@ -45,6 +45,7 @@ VolumeSheet::VolumeSheet(QWidget* over, Asks asks, std::string place, std::strin
     m_bar->setAccessibleName(tr("Reading names"));
     m_open->setObjectName(QStringLiteral("openChosen"));
     ui::makePrimary(*m_open);
+    setDefault(m_open);
     ui::setTextRole(*m_place, ui::TextRole::Path);
     m_note->setWordWrap(true);
 

@@ -81,6 +81,12 @@ bool Windows::isMinimised(ShellWindow window) const
     return widget(window) && widget(window)->isMinimized();
 }
 
+void Windows::toggleZoomed(ShellWindow window)
+{
+    if (QWidget* const wanted = widget(window))
+        wanted->isMaximized() ? wanted->showNormal() : wanted->showMaximized();
+}
+
 bool Windows::isVisible(ShellWindow window) const
 {
     return widget(window) && widget(window)->isVisible();

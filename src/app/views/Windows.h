@@ -33,6 +33,7 @@ public:
     void orderOut(ShellWindow window) override;
     void setMinimised(ShellWindow window, bool minimised) override;
     [[nodiscard]] bool isMinimised(ShellWindow window) const override;
+    void toggleZoomed(ShellWindow window) override;
     [[nodiscard]] bool isVisible(ShellWindow window) const override;
     void activate() override;
     void terminate() override;

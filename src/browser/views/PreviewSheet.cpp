@@ -22,6 +22,7 @@ PreviewSheet::PreviewSheet(QWidget* over)
     m_print->setObjectName(QStringLiteral("printPages"));
     m_close->setObjectName(QStringLiteral("closePreview"));
     ui::makePrimary(*m_print);
+    setDefault(m_print);
     m_print->setEnabled(false);
     m_failure->setObjectName(QStringLiteral("previewFailure"));
     m_failure->setWordWrap(true);

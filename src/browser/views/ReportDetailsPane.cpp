@@ -56,7 +56,7 @@ ReportDetailsPane::ReportDetailsPane(ReportViewController& controller, std::stri
                                      std::function<std::string(std::string_view)> foldedName,
                                      QWidget* parent)
     : QWidget(parent), m_controller(controller), m_notice(ui::makeNote()),
-      m_banner(new ui::ColouredView), m_counts(ui::makeNote()), m_progress(new RemovalProgressView)
+      m_banner(new ui::ColouredView), m_progress(new RemovalProgressView)
 {
     m_notice->setObjectName(QStringLiteral("notice"));
     m_notice->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -67,7 +67,6 @@ ReportDetailsPane::ReportDetailsPane(ReportViewController& controller, std::stri
     column->addWidget(makeFacts());
     column->addWidget(m_notice);
     column->addWidget(m_banner);
-    column->addWidget(m_counts);
     column->addWidget(m_progress);
     makeRemovalRow();
     column->addWidget(m_removalRow);
@@ -228,14 +227,14 @@ void ReportDetailsPane::showBanner()
     const auto& banner = m_controller.removal().banner();
     const bool turns = banner.has_value() == m_banner->isHidden();
     m_banner->setVisible(banner.has_value());
-    m_counts->setVisible(banner.has_value());
     if (turns)
         (banner ? m_banner->actions() : m_removalRow->layout())->addWidget(m_remove);
     if (!banner)
         return;
     m_banner->setArtwork(ui::text(banner->background), ui::text(banner->icon));
-    m_banner->setStatement(ui::text(banner->informationText), ui::text(banner->resultText));
-    m_counts->setText(ui::text(banner->counts));
+    const QStringList lines{ui::text(banner->resultText), ui::text(banner->counts)};
+    m_banner->setStatement(ui::text(banner->informationText),
+                           lines.join(QLatin1Char('\n')).trimmed());
     if (turns) {
         QAccessibleEvent told(m_banner, QAccessible::Alert);
         QAccessible::updateAccessibility(&told);

@@ -67,7 +67,6 @@ private:
     QLabel* m_duration;
     QLabel* m_notice;
     ui::ColouredView* m_banner;
-    QLabel* m_counts;
     RemovalProgressView* m_progress;
     CoverageView* m_coverage;
     QWidget* m_removalRow;

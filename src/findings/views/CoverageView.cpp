@@ -4,10 +4,13 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Navigation.h"
+#include "ui/Sheet.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -16,6 +19,7 @@ namespace pryvane {
 
 namespace {
 
+constexpr int kSheetWidth = 560;
 constexpr std::size_t kNamed = 50; // refusals and applications that are listed by name
 
 QString number(std::int64_t value)
@@ -83,6 +87,29 @@ ui::Cell verdictCell(Verdict verdict)
         break;
     }
     return cell;
+}
+
+ui::Sheet* makeCoverageSheet(QWidget* over, const ScanCoverage& coverage, const Subject& subject)
+{
+    auto* sheet = new ui::Sheet(over, CoverageView::tr("What was looked at"));
+    auto* words = ui::makeLabel(ui::TextRole::Body, detailsOf(coverage, subject));
+    words->setWordWrap(true);
+    words->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    words->setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    auto* scroll = new QScrollArea; // a hundred refusals are higher than any window
+    scroll->setAccessibleName(CoverageView::tr("What was looked at"));
+    scroll->setWidget(words);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->viewport()->setAutoFillBackground(false);
+    words->setAutoFillBackground(false);
+    scroll->setMinimumHeight(std::min(words->heightForWidth(kSheetWidth) + ui::kRelated, 360));
+    sheet->body()->addWidget(scroll, 1);
+    auto* close = new QPushButton(CoverageView::tr("Close"));
+    QObject::connect(close, &QPushButton::clicked, sheet, &ui::Sheet::dismiss);
+    sheet->buttons()->addWidget(close);
+    sheet->setWidth(kSheetWidth + 2 * ui::kEdge);
+    return sheet;
 }
 
 CoverageView::CoverageView(QWidget* parent)

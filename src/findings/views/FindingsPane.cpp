@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QMenu>
@@ -19,18 +20,18 @@
 
 namespace pryvane {
 
+using ui::TextRole;
+
 RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent)
     : QWidget(parent), m_name(ui::makeLabel(ui::TextRole::GroupTitle)), m_sentence(ui::makeNote()),
-      m_location(ui::makeLabel(ui::TextRole::Path)),
-      m_instructions(new QPushButton(tr("How to switch it off"))),
+      m_location(new ui::ElidedLabel), m_instructions(new QPushButton(tr("How to switch it off"))),
       m_ignore(new QCheckBox(tr("Ignore from now on")))
 {
     setObjectName(QStringLiteral("ARDCell"));
     auto* picture = new QLabel;
     picture->setPixmap(ui::icon(QStringLiteral("attention"), ui::Meaning::Attention)
                            .pixmap(QSize(20, 20), devicePixelRatioF()));
-    m_location->setWordWrap(true);
-    m_location->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    ui::setTextRole(*m_location, TextRole::Path);
     m_instructions->setObjectName(QStringLiteral("removeARD"));
     m_instructions->setToolTip(tr("Opens Apple's article in the web browser"));
     m_ignore->setObjectName(QStringLiteral("ignoreARD"));
@@ -38,18 +39,18 @@ RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent)
     connect(m_instructions, &QPushButton::clicked, this, &RemoteDesktopCell::removeARD);
     connect(m_ignore, &QCheckBox::toggled, this, &RemoteDesktopCell::ignoreARD);
 
-    auto* words = new QVBoxLayout;
-    words->setSpacing(2);
-    words->addWidget(m_name);
-    words->addWidget(m_location);
-    words->addWidget(m_sentence);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(ui::kRelated);
-    row->addWidget(picture, 0, Qt::AlignTop);
-    row->addLayout(words, 1);
-    row->addWidget(m_ignore);
-    row->addWidget(m_instructions);
+    m_sentence->setWordWrap(true);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(ui::kRelated);
+    grid->setVerticalSpacing(0);
+    grid->addWidget(picture, 0, 0);
+    grid->addWidget(m_name, 0, 1);
+    grid->addWidget(m_location, 0, 2);
+    grid->addWidget(m_ignore, 0, 3);
+    grid->addWidget(m_instructions, 0, 4);
+    grid->addWidget(m_sentence, 1, 1, 1, 4);
+    grid->setColumnStretch(2, 1);
 }
 
 void RemoteDesktopCell::tell(const QString& location, bool ignored)
@@ -58,8 +59,8 @@ void RemoteDesktopCell::tell(const QString& location, bool ignored)
     m_name->setText(found ? tr("Apple Remote Desktop is set up")
                           : tr("Apple Remote Desktop is ignored"));
     m_sentence->setText(found
-                            ? tr("Somebody may see and control this Mac from afar. If that is not "
-                                 "wanted, switch it off in the Mac's settings.")
+                            ? tr("Somebody may see and control this Mac from afar. It is switched "
+                                 "off in the Mac's settings.")
                             : tr("Scans do not look for it. Untick the box, and the next one "
                                  "does."));
     m_location->setText(location);
@@ -68,8 +69,6 @@ void RemoteDesktopCell::tell(const QString& location, bool ignored)
     const QSignalBlocker quiet(m_ignore);
     m_ignore->setChecked(ignored);
 }
-
-using ui::TextRole;
 
 FindingsPane::FindingsPane(std::string user,
                            std::function<std::string(std::string_view)> foldedName,
@@ -83,6 +82,7 @@ FindingsPane::FindingsPane(std::string user,
     m_table->setObjectName(QStringLiteral("findings"));
     m_list->addWidget(m_empty);
     m_list->addWidget(m_table);
+    column()->setContentsMargins(ui::kGroups, 12, ui::kGroups, ui::kRelated);
     column()->addWidget(makeToolbar());
     column()->addWidget(m_remoteDesktop);
     column()->addWidget(m_list, 1);
@@ -103,7 +103,7 @@ QWidget* FindingsPane::makeToolbar()
 {
     m_selectAll = new QCheckBox(tr("Select all"));
     m_selectAll->setObjectName(QStringLiteral("selectAll"));
-    connect(m_selectAll, &QCheckBox::clicked, this, [this] {
+    connect(m_selectAll, &QCheckBox::stateChanged, this, [this] {
         m_model.tickAll(m_model.allTicked() != Qt::Checked);
         showSelection();
     });
@@ -179,7 +179,7 @@ void FindingsPane::showSelection()
     m_filter->setEnabled(m_source.count() > 0);
     m_grouping->setEnabled(m_source.count() > 0);
     m_selectAll->setTristate(m_model.allTicked() == Qt::PartiallyChecked);
-    m_selectAll->setCheckState(count > 0 ? m_model.allTicked() : Qt::Unchecked);
+    ui::showTicked(*m_selectAll, count > 0 ? m_model.allTicked() : Qt::Unchecked);
     m_selected->setText(count == 0 ? QString()
                                    : tr("%1 of %2 selected")
                                          .arg(QLocale().toString(m_model.tickedCount()),

@@ -13,8 +13,9 @@ class QPushButton;
 class QStackedWidget;
 
 namespace pryvane::ui {
+class ElidedLabel;
 class RowTable;
-}
+} // namespace pryvane::ui
 
 namespace pryvane {
 
@@ -38,7 +39,7 @@ Q_SIGNALS:
 private:
     QLabel* m_name;
     QLabel* m_sentence;
-    QLabel* m_location;
+    ui::ElidedLabel* m_location;
     QPushButton* m_instructions;
     QCheckBox* m_ignore;
 };

@@ -19,11 +19,18 @@ FindingsSource::FindingsSource(std::string user,
 
 std::vector<ui::Column> FindingsSource::columns(Of of)
 {
+    QStringList words{QObject::tr("removed"), QObject::tr("not removed")};
+    if (of == Of::Scan)
+        words += evidenceWords();
+    else
+        words += {QObject::tr("still there"), QObject::tr("gone"), QObject::tr("not known")};
     return {{.title = QObject::tr("Selected"), .width = 40},
-            {.title = QObject::tr("Name"), .width = 150},
-            {.title = QObject::tr("Threat"), .width = 150},
-            {.title = of == Of::Scan ? QObject::tr("Evidence") : QObject::tr("Now"), .width = 136},
-            {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
+            {.title = QObject::tr("Name"), .stretches = true},
+            {.title = QObject::tr("Threat"), .width = 170},
+            {.title = of == Of::Scan ? QObject::tr("Evidence") : QObject::tr("Now"),
+             .isChip = true,
+             .words = words},
+            {.title = QObject::tr("Location"), .isPath = true, .isBelow = true},
             {.title = QObject::tr("Size"), .width = 80, .isNumber = true}};
 }
 
@@ -157,6 +164,17 @@ ui::Cell FindingsSource::presence(int row) const
             .tooltip = ui::text(found.presenceReason)};
 }
 
+/// Why something stayed, or is not known, is not left to a tooltip.
+ui::Cell FindingsSource::remark(int row) const
+{
+    const Spyware& found = record(row);
+    if (!found.isDeleted && !found.removalFailure.empty())
+        return {.text = ui::text(forScreen(found.removalFailure)), .meaning = ui::Meaning::Found};
+    if (m_of == Of::Report && !found.isDeleted && found.presence == Presence::Unknown)
+        return {.text = ui::text(found.presenceReason)};
+    return {};
+}
+
 std::optional<bool> FindingsSource::ticked(int row) const
 {
     if (!m_selectable || !isSelectable(row))
@@ -201,11 +219,21 @@ ui::Cell evidenceCell(const FlaggedBy& flaggedBy)
     std::string why(flaggedBy.rule);
     if (!flaggedBy.text.empty())
         why += ": " + flaggedBy.text;
-    return {.text = ui::text(forScreen(evidenceText(flaggedBy))),
+    return {.text = ui::text(evidenceText(evidence)),
             .iconName = QLatin1String(icons[static_cast<int>(evidence)]),
             .meaning = isWeak(evidence) ? ui::Meaning::Attention : ui::Meaning::Neutral,
             .number = static_cast<qint64>(evidence),
-            .tooltip = ui::text(forScreen(why))};
+            .tooltip = ui::text(forScreen(why)),
+            .whole = ui::text(forScreen(evidenceText(flaggedBy)))};
+}
+
+QStringList evidenceWords()
+{
+    QStringList words;
+    for (const Evidence evidence : {Evidence::ExactPath, Evidence::NameInLaunchFolder,
+                                    Evidence::NameFragment, Evidence::BareSubstring})
+        words += ui::text(evidenceText(evidence));
+    return words;
 }
 
 } // namespace pryvane

@@ -54,6 +54,7 @@ public:
     [[nodiscard]] QString group(int row, int grouping) const override;
     [[nodiscard]] bool hidden(int row) const override;
     [[nodiscard]] QString searchText(int row) const override;
+    [[nodiscard]] ui::Cell remark(int row) const override;
     [[nodiscard]] bool faded(int row) const override;
 
 private:
@@ -74,6 +75,9 @@ private:
     mutable std::unordered_map<const Spyware*, FlaggedBy>
         m_evidence; ///< what was asked for already
 };
+
+/// The word of each evidence.
+[[nodiscard]] QStringList evidenceWords();
 
 /// Icon and words of that evidence; the tooltip tells the rule and the text that fits.
 [[nodiscard]] ui::Cell evidenceCell(const FlaggedBy& flaggedBy);

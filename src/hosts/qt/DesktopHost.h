@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -47,6 +48,11 @@ public:
     /// The volume must outlive them.
     [[nodiscard]] virtual std::unique_ptr<GrantTokens> grants(FileSystem& volume,
                                                               std::string volumeFolder) = 0;
+
+    /// Tells whether the desktop is dark, where it says so, and whether it wants more contrast:
+    /// soon, and each time that changes.
+    using LookTold = std::function<void(std::optional<bool> dark, bool contrast)>;
+    virtual void followLook(LookTold /*told*/) {}
 
     /// Whether programs have their menus in a bar at the top of the screen.
     [[nodiscard]] virtual bool hasMenuBar() const = 0;

@@ -51,7 +51,7 @@ CleaningPreviewSheet::CleaningPreviewSheet(QWidget* over, ToolsViewController& c
     m_items->setObjectName(QStringLiteral("previewItems"));
     m_itemModel.setGrouping(PreviewItems::ByCost);
     m_model.setGrouping(PreviewSource::ByItem);
-    m_cancel->setDefault(true);
+    setDefault(m_cancel);
     ui::makeDestructive(*m_clear);
     layOut();
     setListed(listing == Listing::Open);

@@ -6,9 +6,12 @@ namespace pryvane {
 
 std::string RemovalCounts::text() const
 {
-    std::string text = countedText(tally.removed, "finding", "findings") + " removed, " +
-                       std::to_string(tally.failed) + " failed, " + std::to_string(tally.left) +
-                       " left";
+    std::string text = countedText(tally.removed, "finding", "findings") + " removed";
+    if (tally.failed > 0)
+        text += ", " + std::to_string(tally.failed) + " failed";
+    const std::size_t left = tally.left - (remoteDesktop && tally.left > 0 ? 1 : 0);
+    if (left > 0)
+        text += ", " + std::to_string(left) + " left as you chose";
     if (remoteDesktop)
         text += "; Apple Remote Desktop stays: it is switched off in the Mac's settings";
     return text + ".";

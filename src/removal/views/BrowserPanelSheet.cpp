@@ -47,6 +47,7 @@ BrowserPanelSheet::BrowserPanelSheet(QWidget* over, FourceQuitBrowserView& panel
     close->setObjectName(QStringLiteral("closeWindowButton"));
     m_retry->setObjectName(QStringLiteral("retryButton"));
     ui::makePrimary(*m_retry);
+    setDefault(m_retry);
     buttons()->addWidget(m_retry);
     buttons()->addWidget(close);
     connect(m_retry, &QPushButton::clicked, this, [this] { m_panel.retryCleaningAction(); });

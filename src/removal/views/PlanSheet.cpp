@@ -56,7 +56,7 @@ PlanSheet::PlanSheet(QWidget* over, PlanSource::Ticked ticked)
     m_keepRecord->setObjectName(QStringLiteral("keepRecord"));
     m_keepRecord->setToolTip(tr("Writes the report as a PDF and as JSON"));
     m_cancel->setObjectName(QStringLiteral("cancelPlan"));
-    m_cancel->setDefault(true);
+    setDefault(m_cancel);
     ui::makeDestructive(*m_remove);
     m_grouping->setAccessibleName(tr("Group by"));
     m_grouping->addItems({tr("No groups"), tr("Group by rule"), tr("Group by folder")});

@@ -9,6 +9,7 @@
 #include <QObject>
 
 #include <algorithm>
+#include <utility>
 
 namespace pryvane {
 
@@ -42,11 +43,15 @@ ui::Cell forecastCell(const RemovalForecast& forecast, const QString& possible)
 std::vector<ui::Column> PlanSource::columns()
 {
     return {{.title = QObject::tr("To be removed"), .width = 40},
-            {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
-            {.title = QObject::tr("Evidence"), .width = 150},
+            {.title = QObject::tr("Name"), .stretches = true},
+            {.title = QObject::tr("Location"), .isPath = true, .isBelow = true},
+            {.title = QObject::tr("Evidence"), .isChip = true, .words = evidenceWords()},
             {.title = QObject::tr("Entries"), .width = 80, .isNumber = true},
             {.title = QObject::tr("Size"), .width = 90, .isNumber = true},
-            {.title = QObject::tr("Forecast"), .width = 170}};
+            {.title = QObject::tr("Forecast"),
+             .isChip = true,
+             .words = {QObject::tr("can be removed"), QObject::tr("stays"),
+                       QObject::tr("already gone")}}};
 }
 
 void PlanSource::setPlan(const RemovalPlan& plan)
@@ -98,17 +103,35 @@ ui::Cell PlanSource::cell(int row, int column) const
     case Location:
         return {.text =
                     ui::text(forScreen(plannedLocation(planned.record->url, planned.forecast)))};
+    case Name:
+        return {.text = ui::text(forScreen(planned.record->name)),
+                .iconName =
+                    planned.record->url.mustBeFolder() || planned.forecast.kind == FileKind::Folder
+                        ? QStringLiteral("folder")
+                        : QStringLiteral("file")};
     case EvidenceColumn:
         return evidenceCell(planned.flaggedBy);
     case Entries:
         return entriesCell(planned.forecast);
     case Size:
         return sizeCell(planned.forecast);
-    case Forecast:
-        return forecastCell(planned.forecast, QObject::tr("can be removed"));
+    case Forecast: {
+        ui::Cell cell = forecastCell(planned.forecast, QObject::tr("can be removed"));
+        if (planned.forecast.obstacle != RemovalObstacle::None)
+            cell.whole = std::exchange(cell.text, QObject::tr("stays")); // why: see below
+        return cell;
+    }
     default:
         return {};
     }
+}
+
+/// Why it stays has a line for itself.
+ui::Cell PlanSource::remark(int row) const
+{
+    if (at(row).forecast.obstacle == RemovalObstacle::None)
+        return {};
+    return forecastCell(at(row).forecast, {});
 }
 
 std::optional<bool> PlanSource::ticked(int row) const

@@ -20,7 +20,7 @@ namespace pryvane {
 /// they are handed on.
 class PlanSource final : public ui::RowSource {
 public:
-    enum Column : int { Tick, Location, EvidenceColumn, Entries, Size, Forecast };
+    enum Column : int { Tick, Name, Location, EvidenceColumn, Entries, Size, Forecast };
     enum Grouping : int { None, ByRule, ByFolder };
 
     /// Tells which records are to be selected or unselected.
@@ -48,6 +48,7 @@ public:
     void tick(const std::vector<int>& rows, bool on) override;
     [[nodiscard]] QString group(int row, int grouping) const override;
     [[nodiscard]] QString searchText(int row) const override;
+    [[nodiscard]] ui::Cell remark(int row) const override;
     [[nodiscard]] bool faded(int row) const override;
 
 private:

@@ -9,8 +9,10 @@
 #include "removal/views/RemovalProgressView.h"
 #include "scan/ScanViewController.h"
 #include "scan/views/ScanProgressView.h"
+#include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Listen.h"
+#include "ui/Sheet.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
 
@@ -55,15 +57,15 @@ ScanView::ScanView(ScanViewController& controller, Options options, QWidget* par
       m_statement(new ui::ColouredView), m_scanNow(makeButton(tr("Scan Now"), "scanNow")),
       m_remove(makeButton(tr("Remove…"), "remove")),
       m_failures(makeButton(tr("What stayed…"), "showFailures")),
-      m_report(makeButton(tr("View Report"), "viewReport")), m_progress(new ScanProgressView),
-      m_removal(new RemovalProgressView), m_coverage(new CoverageView), m_notice(ui::makeNote()),
-      m_findings(new FindingsPane(
-          m_options.user, m_options.foldedName,
-          [this](const std::vector<int>& rows, bool on) {
-              m_controller.removal().selectThreats(
-                  std::vector<std::size_t>(rows.begin(), rows.end()), on);
-          },
-          FindingsSource::Of::Scan))
+      m_report(makeButton(tr("View Report"), "viewReport")), m_lookedAt(makeButton({}, "lookedAt")),
+      m_progress(new ScanProgressView), m_removal(new RemovalProgressView),
+      m_notice(ui::makeNote()), m_findings(new FindingsPane(
+                                    m_options.user, m_options.foldedName,
+                                    [this](const std::vector<int>& rows, bool on) {
+                                        m_controller.removal().selectThreats(
+                                            std::vector<std::size_t>(rows.begin(), rows.end()), on);
+                                    },
+                                    FindingsSource::Of::Scan))
 {
     setObjectName(QStringLiteral("scanVC"));
     layOut();
@@ -72,6 +74,9 @@ ScanView::ScanView(ScanViewController& controller, Options options, QWidget* par
     connect(m_remove, &QPushButton::clicked, this, &ScanView::openPlan);
     connect(m_failures, &QPushButton::clicked, this, &ScanView::showFailures);
     connect(m_report, &QPushButton::clicked, this, &ScanView::reportWanted);
+    connect(m_lookedAt, &QPushButton::clicked, this, [this] {
+        makeCoverageSheet(this, m_controller.coverage(), m_controller.subject())->present(nullptr);
+    });
     connect(m_progress, &ScanProgressView::stopWanted, this, [this] { m_controller.stopScan(); });
     connect(m_removal, &RemovalProgressView::stopWanted, this,
             [this] { m_controller.removal().stopRemoval(); });
@@ -100,16 +105,18 @@ void ScanView::followController()
 void ScanView::layOut()
 {
     m_statement->actions()->setSpacing(ui::kRelated);
-    for (QPushButton* button : {m_scanNow, m_remove, m_failures, m_report})
+    m_lookedAt->setIcon(ui::icon(QStringLiteral("info")));
+    m_lookedAt->setAccessibleName(tr("What was looked at"));
+    m_lookedAt->setToolTip(tr("What was looked at"));
+    for (QPushButton* button : {m_lookedAt, m_report, m_failures, m_remove, m_scanNow})
         m_statement->actions()->addWidget(button);
     m_notice->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(ui::kEdge, ui::kEdge, ui::kEdge, ui::kEdge);
-    column->setSpacing(ui::kGroups);
+    column->setContentsMargins(ui::kEdge, ui::kGroups, ui::kEdge, ui::kGroups);
+    column->setSpacing(12); // the table gets the height
     column->addWidget(m_statement);
     column->addWidget(m_progress);
     column->addWidget(m_removal);
-    column->addWidget(m_coverage);
     column->addWidget(m_notice);
     column->addWidget(m_findings, 1);
 }
@@ -134,7 +141,7 @@ void ScanView::showState()
         m_progress->show(m_controller.display());
     m_removal->setVisible(m_controller.removal().isRemoving());
     m_removal->show(m_controller.removal().progress());
-    showCoverage();
+    showNotice();
     showStatement();
     showFindings();
     if (m_plan && m_planPending && !m_controller.removal().isPlanning()) {
@@ -144,25 +151,38 @@ void ScanView::showState()
     m_wasScanning = scanning;
 }
 
-void ScanView::showCoverage()
+/// What an earlier scan came to says nothing of one that was given up.
+bool ScanView::showsVerdict() const
 {
-    // What an earlier scan came to says nothing of one that was given up.
-    const bool shown =
-        !isBusy() && m_controller.report() != nullptr && m_controller.givenUp().empty();
-    m_coverage->setVisible(shown && !m_controller.removal().summary());
-    // A scan may be over before it was seen to run.
-    if (shown && m_shownReport != m_controller.report()) {
-        m_shownReport = m_controller.report();
-        m_coverage->show(m_shownReport->spyWareList->size(), m_controller.coverage(),
-                         m_controller.subject());
-    }
+    return !isBusy() && m_controller.report() != nullptr && m_controller.givenUp().empty();
+}
+
+/// What the statement rests on.
+QString ScanView::secondLine() const
+{
+    const StatusPanel& panel = m_controller.statusPanel();
+    const auto& summary = m_controller.removal().summary();
+    if (summary)
+        return QStringList{ui::text(summary->resultText), ui::text(summary->counts)}
+            .join(QLatin1Char('\n'))
+            .trimmed();
+    if (!showsVerdict())
+        return ui::text(panel.bottomText);
+    const QString verdict = ui::text(verdictLine(m_controller.report()->spyWareList->size(),
+                                                 m_controller.coverage(), m_controller.subject()));
+    if (panel.bottomText.empty() || !panel.showsInfoBox)
+        return verdict;
+    return verdict + QLatin1Char('\n') + ui::text(panel.bottomText).simplified();
+}
+
+void ScanView::showNotice()
+{
+    const bool shown = showsVerdict();
     const std::string& error = m_controller.storeError();
     const std::string& givenUp = m_controller.givenUp();
     QStringList notes;
     if (!givenUp.empty())
         notes += tr("There was no scan: %1.").arg(ui::text(givenUp));
-    if (shown && m_controller.removal().summary())
-        notes += ui::text(m_controller.removal().summary()->counts);
     if (shown && !error.empty())
         notes += tr("The report of this scan is shown here but could not be stored: %1")
                      .arg(ui::text(forScreen(error)));
@@ -179,10 +199,14 @@ void ScanView::showStatement()
     if (removed) {
         const RemovalSummary& summary = *removal.summary();
         m_statement->setArtwork(ui::text(summary.background), ui::text(summary.icon));
-        m_statement->setStatement(ui::text(summary.informationText), ui::text(summary.resultText));
-    } else if (idle) {
+        m_statement->setStatement(ui::text(summary.informationText), secondLine());
+    } else if (idle && panel.isResult) {
         m_statement->setArtwork(ui::text(panel.background), ui::text(panel.badge));
-        m_statement->setStatement(ui::text(panel.statusText), ui::text(panel.bottomText));
+        m_statement->setStatement(ui::text(panel.statusText), secondLine());
+    } else if (idle) {
+        // Where nothing was looked at yet nothing is wrong.
+        m_statement->setArtwork({}, QStringLiteral("icn_white_question"));
+        m_statement->setStatement(ui::text(panel.statusText), secondLine());
     } else {
         m_statement->setArtwork({}, {});
         m_statement->setStatement(removal.isRemoving() ? tr("Removing what you selected")
@@ -194,6 +218,7 @@ void ScanView::showStatement()
     m_remove->setEnabled(canRemove);
     m_failures->setVisible(removed && !m_controller.lists().unDeletedSpyware.empty());
     m_report->setVisible(idle && m_controller.report() != nullptr);
+    m_lookedAt->setVisible(showsVerdict());
 }
 
 void ScanView::showFindings()

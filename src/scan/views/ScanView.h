@@ -20,7 +20,6 @@ class ColouredView;
 
 namespace pryvane {
 
-class CoverageView;
 class FindingsPane;
 class PlanSheet;
 class RemovalProgressView;
@@ -58,7 +57,9 @@ private:
     void followController();
     void showState();
     void showStatement();
-    void showCoverage();
+    void showNotice();
+    [[nodiscard]] bool showsVerdict() const;
+    [[nodiscard]] QString secondLine() const;
     void showFindings();
     void showFailures();
     void openPlan();
@@ -69,7 +70,6 @@ private:
     const Options m_options;
     QTimer m_liveUpdate; ///< gathers what a scan tells, so that the screen is redrawn in peace
     bool m_wasScanning = false;
-    std::shared_ptr<SpywareScanReport> m_shownReport; ///< whose verdict is shown
     QPointer<PlanSheet> m_plan;
     bool m_planPending = false;
 
@@ -78,9 +78,9 @@ private:
     QPushButton* m_remove;
     QPushButton* m_failures;
     QPushButton* m_report;
+    QPushButton* m_lookedAt;
     ScanProgressView* m_progress;
     RemovalProgressView* m_removal;
-    CoverageView* m_coverage;
     QLabel* m_notice;
     FindingsPane* m_findings;
 };

@@ -20,6 +20,12 @@ std::vector<std::string> entriesOf(const MenuBar& bar)
                 top->text() + ": " + (action->isSeparator() ? QStringLiteral("-") : action->text());
             for (const QKeySequence& keys : action->shortcuts().mid(0, 1))
                 text += " [" + keys.toString(QKeySequence::PortableText) + "]";
+            if (action->menu()) {
+                QStringList inside;
+                for (const QAction* choice : action->menu()->actions())
+                    inside += choice->text() + (choice->isChecked() ? " ticked" : "");
+                text += " > " + inside.join(", ");
+            }
             if (action->menuRole() == QAction::QuitRole)
                 text += " quits";
             if (action->isChecked())
@@ -37,18 +43,28 @@ TEST(MenuBarTest, HoldsWhatTheMenuHoldsAndTheKeysOfTheWindow)
     std::string did;
     bool canPrint = false;
     const auto note = [&did](const char* what) { return [&did, what] { did += what; }; };
-    MenuBar bar({.openVolume = note("open "),
-                 .print = note("print "),
-                 .quit = note("quit "),
-                 .help = note("help "),
-                 .findInList = note("find "),
-                 .bringToFront = note("front "),
-                 .showScreen = [&did](int row) { did += std::to_string(row) + " "; },
-                 .canPrint = [&canPrint] { return canPrint; },
-                 .windows =
-                     [] {
-                         return std::vector<WindowMenuEntry>{{"A & B", true}, {}, {"Other", false}};
-                     }});
+    MenuBar bar(
+        {.openVolume = note("open "),
+         .print = note("print "),
+         .quit = note("quit "),
+         .help = note("help "),
+         .findInList = note("find "),
+         .perform =
+             [&did](WindowCommand command) {
+                 did += "command" + std::to_string(static_cast<int>(command)) + " ";
+             },
+         .showScreen = [&did](int row) { did += std::to_string(row) + " "; },
+         .canPrint = [&canPrint] { return canPrint; },
+         .windows =
+             [] {
+                 return std::vector<WindowMenuEntry>{
+                     {"A & B", WindowCommand::Minimise, true}, {}, {"Other", WindowCommand::Zoom}};
+             },
+         .setAppearance =
+             [&did](ui::AppearanceSetting to) {
+                 did += "look" + std::to_string(static_cast<int>(to)) + " ";
+             },
+         .appearance = [] { return ui::AppearanceSetting::Dark; }});
     const auto expected = [](const char* print) {
         return std::vector<std::string>{"File: Open… [Ctrl+O]",
                                         print,
@@ -60,6 +76,9 @@ TEST(MenuBarTest, HoldsWhatTheMenuHoldsAndTheKeysOfTheWindow)
                                         "View: Reports [Ctrl+4]",
                                         "View: -",
                                         "View: Find in List [Ctrl+F]",
+                                        "View: -",
+                                        "View: Appearance > As the Desktop, Light, Dark ticked, "
+                                        "More Contrast",
                                         "Window: A && B ticked",
                                         "Window: -",
                                         "Window: Other",
@@ -71,8 +90,8 @@ TEST(MenuBarTest, HoldsWhatTheMenuHoldsAndTheKeysOfTheWindow)
     EXPECT_EQ(entriesOf(bar), expected("File: Print… [Ctrl+P]"));
     for (const QAction* top : bar.actions())
         for (QAction* action : top->menu()->actions())
-            action->trigger();
-    EXPECT_EQ(did, "open print quit 0 1 2 3 find front front help ");
+            action->menu() ? action->menu()->actions().back()->trigger() : action->trigger();
+    EXPECT_EQ(did, "open print quit 0 1 2 3 find look3 command1 command2 help ");
 }
 
 TEST(Keys, StandInTheWordsOfTheSystem)

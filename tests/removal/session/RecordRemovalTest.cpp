@@ -52,14 +52,14 @@ TEST(BrowsersToQuit, AreThoseThatRunWithAFindingAmongTheirFiles)
 TEST(RemovalSummary, SaysWhatRemains)
 {
     const RemovalSummary none{"", "no_threats_bg", "All threats are Removed", "icn_white_check",
-                              "1 finding removed, 0 failed, 4 left; Apple Remote Desktop stays: it "
-                              "is switched off in the Mac's settings."};
+                              "1 finding removed, 3 left as you chose; Apple Remote Desktop stays: "
+                              "it is switched off in the Mac's settings."};
     EXPECT_EQ(removalSummary({1, 0, 4, true}), none);
     const RemovalSummary one{"  1 Failed", "report_bg", "One Threat Remaining", "icn_white",
-                             "0 findings removed, 1 failed, 0 left."};
+                             "0 findings removed, 1 failed."};
     EXPECT_EQ(removalSummary({0, 1}), one);
     const RemovalSummary two{"2 Failed", "report_bg", "Multiple Threats Remaining", "icn_white",
-                             "7 findings removed, 2 failed, 0 left."};
+                             "7 findings removed, 2 failed."};
     EXPECT_EQ(removalSummary({7, 2}, FailedText::Plain), two);
 }
 

@@ -27,9 +27,11 @@ std::vector<std::string> shown(PlanSource& source, int grouping)
     model.setGrouping(grouping);
     std::vector<std::string> lines;
     for (int row = 0; row < model.rowCount(); ++row) {
-        const QModelIndex index = model.index(row, PlanSource::Location);
+        const bool isHeading = model.isHeading(model.index(row, 0));
+        const QModelIndex index =
+            model.index(row, isHeading ? PlanSource::Name : PlanSource::Location);
         const auto text = index.data().toString().toStdString();
-        lines.push_back(model.isHeading(index) ? text : "- " + text);
+        lines.push_back(isHeading ? text : "- " + text);
     }
     return lines;
 }

@@ -9,6 +9,7 @@
 #include "hosts/qt/DesktopHost.h"
 #include "hosts/qt/bus/BusDistributedNotifications.h"
 #include "hosts/qt/bus/BusFileViewer.h"
+#include "hosts/qt/bus/BusLook.h"
 #include "hosts/qt/bus/BusUserNotifier.h"
 #include "hosts/qt/widgets/WidgetFolderPicker.h"
 
@@ -57,6 +58,7 @@ public:
     {
         return std::make_unique<FolderGrants>(volume);
     }
+    void followLook(LookTold told) override { m_look.follow(std::move(told)); }
     bool hasMenuBar() const override { return false; }
 
 private:
@@ -64,6 +66,7 @@ private:
     QDBusConnection m_bus = QDBusConnection::sessionBus();
     BusUserNotifier m_userNotifier{m_bus, m_log};
     BusDistributedNotifications m_messages{m_bus, m_log};
+    BusLook m_look{m_bus};
     ShownWindows m_shownWindows;
     TaskbarDockIcon m_dockIcon{m_log};
     XdgLoginItem m_loginItem;

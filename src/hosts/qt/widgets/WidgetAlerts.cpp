@@ -3,6 +3,7 @@
 #include "hosts/qt/Text.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -12,6 +13,8 @@
 namespace pryvane {
 
 namespace {
+
+constexpr int kLeastWidth = 360, kPicture = 48;
 
 /// A box shows its first text large and the second small; one without a first must not be empty.
 void setTexts(QMessageBox& box, const Alert& alert)
@@ -35,6 +38,13 @@ void setTexts(QMessageBox& box, const Alert& alert)
     }
 }
 
+/// A short text is still read in one line, and the title is seen whole.
+void giveRoom(QMessageBox& box)
+{
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(kLeastWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 bool declines(const std::string& button)
 {
     return button == "No" || button == "Cancel";
@@ -47,6 +57,7 @@ int WidgetAlerts::runModal(const Alert& alert)
     QMessageBox box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("alert"));
     box.setWindowTitle(QStringLiteral("Pryvane"));
+    box.setIconPixmap(QApplication::windowIcon().pixmap(kPicture));
     setTexts(box, alert);
     const std::vector<std::string> titles =
         alert.buttons.empty() ? std::vector<std::string>{"OK"} : alert.buttons;
@@ -59,6 +70,7 @@ int WidgetAlerts::runModal(const Alert& alert)
         if (declines(title) || titles.size() == 1)
             box.setEscapeButton(button);
     }
+    giveRoom(box);
     box.exec();
     const auto chosen = std::find(buttons.begin(), buttons.end(), box.clickedButton());
     // Only the program's own end closes a box without a button; nothing is agreed to by that.

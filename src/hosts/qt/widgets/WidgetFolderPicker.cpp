@@ -31,6 +31,14 @@ private:
     FolderPanel* m_panel;
 };
 
+/// The folder itself, or the nearest one around it that there is.
+QString nearestFolder(QString folder)
+{
+    while (!QFileInfo(folder).isDir() && folder.size() > 1)
+        folder.truncate(std::max<qsizetype>(1, folder.lastIndexOf(QLatin1Char('/'))));
+    return folder;
+}
+
 QLabel* plainLabel(const QString& text)
 {
     auto* label = new QLabel;
@@ -54,9 +62,7 @@ FolderPanel::FolderPanel(const FolderQuestion& question, std::string volumeFolde
     addMessage(question.message);
     QString folder = QFile::decodeName(
         QByteArray::fromStdString(m_volumeFolder + question.directory.absolutePath()));
-    while (!QFileInfo(folder).isDir() && folder.lastIndexOf(QLatin1Char('/')) > 0)
-        folder.truncate(folder.lastIndexOf(QLatin1Char('/')));
-    setDirectory(folder);
+    setDirectory(nearestFolder(folder));
 }
 
 void FolderPanel::addMessage(const std::string& message)
@@ -91,7 +97,8 @@ void FolderPanel::accept()
     const QString path = selected.isEmpty() ? QString() : selected.front();
     if (!allows(path) || !QFileInfo(path).isDir()) {
         const std::string shown = forScreen(QFile::encodeName(path).toStdString());
-        m_refusal->setText(qt::text("\"" + shown + "\" cannot be chosen here."));
+        m_refusal->setText(
+            qt::text("\"" + shown + "\" cannot be chosen here. " + m_question.advice));
         return;
     }
     m_chosen = onVolume(path);

@@ -1,0 +1,169 @@
+#!/usr/bin/python3
+"""Whatever the Tab key reaches shows that it has the keyboard: judged by pixels, in one palette.
+
+    focus_test.py light|dark|light-contrast|dark-contrast PROGRAM MAKE-DEMO-VOLUME
+"""
+import os
+import pathlib
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from pilot import Pilot, desktop, wait_for  # noqa: E402
+
+REACH, CONTRAST = 3, 3.0  # the middle of a ring two pixels thick and two pixels off; of ring to ground
+LISTS = ("list", "table", "tree", "tree table")  # ring their current row, inside
+CONTROLS = LISTS + ("push button", "toggle button", "check box", "radio button", "combo box", "text", "spin button",
+                    "page tab list")
+WIDTH, HEIGHT = 1280, 900
+
+
+class Picture:
+    def __init__(self):
+        self.pixels = subprocess.run(["import", "-window", "root", "-depth", "8", "rgb:-"], check=True,
+                                     capture_output=True).stdout
+        assert len(self.pixels) == 3 * WIDTH * HEIGHT
+
+    def at(self, x, y):
+        start = 3 * (y * WIDTH + x)
+        return tuple(self.pixels[start:start + 3])
+
+    def row(self, x, y, width):
+        return self.pixels[3 * (y * WIDTH + x):3 * (y * WIDTH + x + width)]
+
+
+def contrast(one, other):
+    def luminance(colour):
+        parts = [part / 255 for part in colour]
+        parts = [part / 12.92 if part <= 0.03928 else ((part + 0.055) / 1.055) ** 2.4 for part in parts]
+        return 0.2126 * parts[0] + 0.7152 * parts[1] + 0.0722 * parts[2]
+    low, high = sorted((luminance(one), luminance(other)))
+    return (high + 0.05) / (low + 0.05)
+
+
+def sides(box):
+    """A point of the ring at each side that lies on the screen."""
+    points = [(box.x - REACH, box.y + box.height // 2), (box.x + box.width - 1 + REACH, box.y + box.height // 2),
+              (box.x + box.width // 2, box.y - REACH), (box.x + box.width // 2, box.y + box.height - 1 + REACH)]
+    return [(x, y) for x, y in points if 0 <= x < WIDTH and 0 <= y < HEIGHT]
+
+
+def ring_fault(role, box, having, without):
+    """What is wrong with the ring around the control; none: nothing."""
+    if role in LISTS:
+        changed = sum(having.row(box.x, y, box.width) != without.row(box.x, y, box.width)
+                      for y in range(max(0, box.y), min(HEIGHT, box.y + box.height)))
+        return None if changed >= 20 else f"only {changed} lines of pixels change"
+    told = [(having.at(x, y), without.at(x, y)) for x, y in sides(box)]
+    seen = sum(contrast(ring, ground) >= CONTRAST for ring, ground in told)
+    return None if seen >= 3 else f"the ring is seen at {seen} of 4 sides: {told}"
+
+
+class Rounds:
+    def __init__(self, pilot):
+        self.pilot = pilot
+        self.faults = []
+        self.count = 0
+
+    def focusable(self):
+        """Names of all controls that show, and that the keyboard is to reach."""
+        states = self.pilot.atspi
+        top = self.pilot.sheet()
+        return {(node.getRoleName(), node.name) for node in self.pilot.walk(top)
+                if node.getRoleName() in CONTROLS and node.getState().contains(states.STATE_FOCUSABLE)
+                and node.getState().contains(states.STATE_ENABLED) and node.name
+                and node.queryComponent().getExtents(states.DESKTOP_COORDS).width > 0}
+
+    def go_round(self, screen, only_reach=False):
+        wanted = self.focusable()
+        reached, order = set(), []
+        self.pilot.keys("Tab")
+        for _ in range(80):
+            time.sleep(0.12)
+            node = wait_for("the keyboard to be somewhere", self.pilot.focused)
+            key = (node.getRoleName(), node.name)
+            extents = node.queryComponent().getExtents(self.pilot.atspi.DESKTOP_COORDS)
+            order.append((key, extents, Picture()))
+            if len(order) > 2 and key in reached and (order[0][0] == key or len(order) > len(wanted) + 20):
+                break
+            reached.add(key)
+            self.pilot.keys("Tab")
+        for (key, box, having), (other, _, without) in zip(order, order[1:]):
+            if key == other:
+                continue
+            self.count += 1
+            if fault := ring_fault(key[0], box, having, without):
+                self.faults.append(f"{screen}: {key[1]} ({key[0]}): {fault}")
+        for role, name in sorted(wanted - reached):
+            self.faults.append(f"{screen}: the Tab key does not reach {name} ({role}); it reaches {sorted(reached)}")
+        print(f"{screen}: {len(reached)} controls")
+
+
+def all_screens(pilot, rounds):
+    pilot.find("Confirm Access")
+    rounds.go_round("welcome")
+    pilot.grant()
+    rounds.go_round("dashboard")
+    pilot.click("Schedule…")
+    pilot.find("Scan on a schedule")
+    pilot.keys("space")
+    rounds.go_round("schedule")
+    pilot.keys("Escape")
+    pilot.keys("ctrl+o")
+    pilot.find("Choose Folder…")
+    rounds.go_round("open")
+    pilot.keys("Escape")
+    pilot.keys("F1")
+    pilot.find("How Pryvane works")
+    rounds.go_round("help")
+    pilot.keys("Escape")
+    pilot.gone("How Pryvane works")
+    pilot.keys("ctrl+1")
+    pilot.click("Quick Scan >")
+    pilot.find("Remove…", "push button")
+    rounds.go_round("findings")
+    pilot.click("Remove…", "push button")
+    pilot.read(" selected: ")
+    rounds.go_round("plan")
+    pilot.keys("Escape")
+    pilot.keys("ctrl+4")
+    pilot.read("1 report")
+    rounds.go_round("reports")
+    pilot.click("View Report", "push button") if pilot.look("View Report", "push button") else None
+    pilot.tab_to("Reports", key="shift+Tab")
+    table = pilot.find("Reports", "table")
+    pilot.click_node(table.queryTable().getAccessibleAt(0, 2))
+    pilot.keys("Return")
+    pilot.find("Back to the reports")
+    rounds.go_round("report")
+    pilot.keys("ctrl+3")
+    pilot.find("Measure again")
+    rounds.go_round("tools")
+    for tab in ("Inventory", "Who May Watch"):
+        pilot.click(tab)
+        time.sleep(1)
+        rounds.go_round(tab)
+
+
+def main(palette, program, make_volume):
+    os.environ["PRYVANE_APPEARANCE"] = palette
+    with desktop(f"{WIDTH}x{HEIGHT}") as folder:
+        volume = folder / "MacintoshHD"
+        subprocess.run([make_volume, str(volume)], check=True, stdout=subprocess.DEVNULL)
+        pilot = Pilot(program, "--volume", str(volume), "--user", "alice",
+                      screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
+        rounds = Rounds(pilot)
+        try:
+            all_screens(pilot, rounds)
+        except Exception:
+            pilot.shot("failure")
+            raise
+        finally:
+            pilot.close()
+        print(f"{rounds.count} rings judged in {palette}")
+        assert not rounds.faults, "\n".join(rounds.faults)
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
