@@ -5,6 +5,7 @@
 #include "ui/Surfaces.h"
 #include "ui/Theme.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QSignalBlocker>
 #include <QStyleFactory>
@@ -79,7 +80,10 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_PanelButtonCommand:
         return drawButton(*option, *painter, toneFor(widget), isDefault(*option));
     case PE_FrameFocusRect:
-        return; // the ring is around the control: KeyboardFocus
+        // Around a control KeyboardFocus has a ring; in a list it is the current row's.
+        if (qobject_cast<const QAbstractItemView*>(widget) && KeyboardFocus::isShown())
+            drawFocusRing(*option, *painter, false);
+        return;
     case PE_IndicatorCheckBox:
         return isSwitch(widget) ? drawSwitch(*option, *painter) : drawTickBox(*option, *painter);
     case PE_IndicatorItemViewItemCheck:

@@ -215,12 +215,16 @@ TEST_F(SchedulerTest, AFormTakesEffectWhenItIsSavedAndSaysBeforeWhatItWillDo)
     EXPECT_EQ(said(), "Every Sunday at 20:44, next on Sunday, 22 November, the last time on "
                       "20 December.");
     EXPECT_FALSE(isOn()) << "nothing was saved";
-    EXPECT_TRUE(scheduler->save());
+    const auto save = [&] {
+        alerts.answer(kAlertFirstButton);
+        return scheduler->save();
+    };
+    EXPECT_TRUE(save());
     EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 20:44"));
 
     scheduler->setTimePicker(local("2026-11-22 21:44"));
     EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 20:44"));
-    EXPECT_TRUE(scheduler->save());
+    EXPECT_TRUE(save());
     EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 21:44"));
 
     scheduler->setEndDatePicker(local("2026-11-22 00:00"));
@@ -228,7 +232,7 @@ TEST_F(SchedulerTest, AFormTakesEffectWhenItIsSavedAndSaysBeforeWhatItWillDo)
     EXPECT_EQ(said(), "Once, on Sunday, 22 November, at 21:44.");
     scheduler->setTimePicker(local("2026-11-22 07:00"));
     EXPECT_EQ(said(), "That time has passed, so nothing would be scanned.");
-    EXPECT_FALSE(scheduler->save());
+    EXPECT_FALSE(save());
     EXPECT_TRUE(scheduler->form().isScheduleOn) << "it can be mended";
     EXPECT_EQ(scheduler->nextFiring(), local("2026-11-22 21:44")) << "as it was";
     scheduler->schudlerAction(); // cancelled

@@ -229,6 +229,14 @@ class Pilot:
                     return node
         return None
 
+    def window(self):
+        """The window that has the keyboard."""
+        for node in self.application() or ():
+            with contextlib.suppress(Exception):
+                if node.getState().contains(self.atspi.STATE_ACTIVE):
+                    return node
+        return None
+
     def confirm_access(self):
         self.click("Confirm Access")
         self.find("Confirm Access", "dialog")

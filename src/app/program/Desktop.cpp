@@ -2,9 +2,17 @@
 
 #include "app/views/Looks.h"
 #include "hosts/Host.h"
+#include "platform/UserDefaults.h"
 #include "store/SqliteUserDefaults.h"
+#include "ui/RowTable.h"
 
 namespace pryvane {
+
+namespace {
+
+const std::string kWidthsOf = "ColumnWidths ";
+
+} // namespace
 
 Desktop::Desktop(Host& own, const std::string& dataFolder)
     : host(own), machine(own.machineInfo()), system(makeDesktopHost(own, dataFolder, log)),
@@ -12,7 +20,10 @@ Desktop::Desktop(Host& own, const std::string& dataFolder)
 {
 }
 
-Desktop::~Desktop() = default;
+Desktop::~Desktop()
+{
+    ui::setWidthKeeper({});
+}
 
 Result<std::unique_ptr<Desktop>> Desktop::open(Host& host, const std::string& dataFolder)
 {
@@ -27,6 +38,16 @@ Result<std::unique_ptr<Desktop>> Desktop::open(Host& host, const std::string& da
         [looks = desktop->m_looks.get()](std::optional<bool> dark, bool contrast) {
             looks->desktopHas(dark, contrast);
         });
+    // What cannot be kept holds until the program ends.
+    ui::setWidthKeeper({[defaults = desktop->m_defaults.get()](const std::string& table) {
+                            const auto kept = defaults->getBytes(kWidthsOf + table);
+                            return kept ? kept->data : std::string();
+                        },
+                        [defaults = desktop->m_defaults.get()](const std::string& table,
+                                                               const std::string& widths) {
+                            static_cast<void>(
+                                defaults->setObject(kWidthsOf + table, Bytes{widths}));
+                        }});
     return desktop;
 }
 

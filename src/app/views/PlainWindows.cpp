@@ -194,7 +194,11 @@ HelpWindow::HelpWindow() : FramedWindow(tr("Pryvane Help"), 1)
     scroll->setWidget(pages);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    column()->addWidget(scroll, 1);
+    scroll->setAccessibleName(tr("Guide"));
+    auto* inside = new QVBoxLayout;
+    inside->setContentsMargins(ui::kRelated, ui::kRelated, ui::kRelated, ui::kRelated);
+    inside->addWidget(scroll);
+    column()->addLayout(inside, 1);
     scroll->setFocus(Qt::OtherFocusReason); // so that the arrow keys read on
 }
 
