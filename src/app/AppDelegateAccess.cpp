@@ -1,4 +1,5 @@
 #include "app/AppDelegate.h"
+#include "platform/FileSystem.h"
 #include "platform/FolderAccess.h"
 #include "platform/Messages.h"
 #include "platform/UserDefaults.h"
@@ -35,8 +36,13 @@ Result<Bytes> AppDelegate::makeBookmark(const FileURL& folder)
 
 bool AppDelegate::makeBookMarkURLAccessible(std::string_view key)
 {
-    const auto token = m_services.defaults.getBytes(key);
-    return token && m_desktop.grantTokens.reopen(*token);
+    for (const std::string& kept :
+         {std::string(key), grantKeyOf(key, m_services.disk.identity())}) {
+        const auto token = m_services.defaults.getBytes(kept);
+        if (token && m_desktop.grantTokens.reopen(*token))
+            return true;
+    }
+    return false;
 }
 
 /// A folder that can be written without a grant counts as not granted, on purpose.

@@ -51,6 +51,8 @@ inline constexpr PreferenceKey<std::int64_t> kScheduleType{"ScheduleType", 0};
 inline constexpr PreferenceKey<std::int64_t> kScheduleRepeat{"ScheduleRepeat", 0};
 inline constexpr PreferenceKey<std::string_view> kAppearance{"Appearance", ""};
 inline constexpr std::string_view kWindowFrame = "WindowFrame";
+/// The disk that was given access to as a whole, by its identity; empty: none.
+inline constexpr PreferenceKey<std::string_view> kWholeDisk{"WholeDisk", ""};
 inline constexpr PreferenceKey<bool> kLayoutDiagnostics{
     "NSConstraintBasedLayoutVisualizeMutuallyExclusiveConstraints", false};
 

@@ -1,5 +1,6 @@
 #include "scan/RootChoice.h"
 
+#include "platform/FileSystem.h"
 #include "platform/FolderAccess.h"
 #include "platform/Messages.h"
 #include "platform/UserDefaults.h"
@@ -80,12 +81,27 @@ GrantOutcome askForGrant(const PlatformServices& services, const TokenMaker& mak
     // Asked again: a panel may take a typed path that it does not offer.
     if (!picked || (question.allows && !question.allows(*picked)))
         return GrantOutcome::Cancelled;
-    const auto token = makeToken(*picked);
+    return keepGrant(services, makeToken, *picked, keys, onFailure);
+}
+
+std::string grantKeyOf(std::string_view key, const std::string& identity)
+{
+    return identity.empty() ? std::string(key) : std::string(key) + " of " + identity;
+}
+
+GrantOutcome keepGrant(const PlatformServices& services, const TokenMaker& makeToken,
+                       const FileURL& folder, std::span<const std::string_view> keys,
+                       EarlierGrants onFailure)
+{
+    const auto token = makeToken(folder);
+    const std::string identity = services.disk.identity();
     for (const std::string_view key : keys) {
-        if (token)
-            logFailure(services.log, services.defaults.setObject(key, *token));
-        else if (onFailure == EarlierGrants::Cleared)
-            logFailure(services.log, services.defaults.removeObject(key));
+        for (const std::string& kept : {std::string(key), grantKeyOf(key, identity)}) {
+            if (token)
+                logFailure(services.log, services.defaults.setObject(kept, *token));
+            else if (onFailure == EarlierGrants::Cleared)
+                logFailure(services.log, services.defaults.removeObject(kept));
+        }
     }
     if (token)
         return GrantOutcome::Granted;

@@ -38,7 +38,17 @@ enum class GrantOutcome : std::uint8_t { Cancelled, Granted, Failed };
 /// What becomes of the keys where no grant can be made for the folder that was picked.
 enum class EarlierGrants : std::uint8_t { Cleared, Kept };
 
+/// Where the grant of one disk is kept besides, so that going back to that disk asks nothing. The
+/// identity is the disk's; one without any shares the one grant of all.
+[[nodiscard]] std::string grantKeyOf(std::string_view key, const std::string& identity);
+
 using TokenMaker = std::function<Result<Bytes>(const FileURL&)>;
+
+/// Keeps a grant for the folder under each of the keys, or says why there can be none. Main thread
+/// only.
+[[nodiscard]] GrantOutcome keepGrant(const PlatformServices& services, const TokenMaker& makeToken,
+                                     const FileURL& folder, std::span<const std::string_view> keys,
+                                     EarlierGrants onFailure = EarlierGrants::Cleared);
 
 /// Lets the user pick a folder and keeps a grant for it under each of the keys. A grant that cannot
 /// be made is logged and shown in an alert; a cancelled panel changes nothing. Main thread only.

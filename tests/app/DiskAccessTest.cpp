@@ -69,6 +69,33 @@ TEST_F(DiskAccessTest, AHomeGrantOpensTheMainWindow)
     EXPECT_TRUE(delegate.isUserAccessible());
 }
 
+TEST_F(DiskAccessTest, AChoiceIsGrantedWithoutAPanelAndKeptForItsDisk)
+{
+    delegate.applicationDidFinishLaunching();
+    takeWindowCalls();
+    const auto choices = access.choices();
+    ASSERT_EQ(choices.size(), 3U);
+    EXPECT_EQ(choices[0].folder.absolutePath(), "/Users/alice");
+    EXPECT_EQ(choices[2].folder.absolutePath(), "/");
+
+    access.grant(AccessScope::ThisHome);
+    EXPECT_EQ(defaults.getBytes(preferences::kSaveDirectory), Bytes{"/Users/alice"});
+    EXPECT_FALSE(defaults.contains(preferences::kSaveDirectoryForHD));
+    EXPECT_EQ(defaults.get(preferences::kWholeDisk), "");
+    mainQueue.drain();
+    EXPECT_THAT(takeWindowCalls(), ElementsAre("close access", "open main", "activate"));
+
+    // Access to another disk takes the one grant's place; this disk's own still holds.
+    ASSERT_FALSE(services().disk.identity().empty());
+    ASSERT_TRUE(defaults.setObject(preferences::kSaveDirectory, Bytes{"/Users/of another"}).ok());
+    EXPECT_TRUE(delegate.makeBookMarkURLAccessible(preferences::kSaveDirectory));
+
+    access.grant(AccessScope::WholeDisk);
+    EXPECT_EQ(defaults.getBytes(preferences::kSaveDirectoryForHD), Bytes{"/"});
+    EXPECT_EQ(defaults.get(preferences::kWholeDisk), services().disk.identity());
+    EXPECT_THAT(folderPicker.asked(), IsEmpty());
+}
+
 TEST_F(DiskAccessTest, AGrantThatCannotBeMadeClearsItsKeysAndIsTold)
 {
     ASSERT_TRUE(defaults.setObject(preferences::kSaveDirectory, Bytes{"old"}).ok());

@@ -107,6 +107,8 @@ class Rounds:
                 self.faults.append(f"{screen}: {key[1]} ({key[0]}): {fault}")
         segments = {key for key in wanted if key[1] in SEGMENTS} if any(
             name in SEGMENTS for _, name in reached) else set()
+        if any(role == "radio button" for role, _ in reached):
+            segments |= {key for key in wanted if key[0] == "radio button"}
         inside = {(role, name) for role, name in wanted if role == "text" and name == "User"}  # of its combo box
         for role, name in sorted(wanted - reached - segments - inside):
             self.faults.append(f"{screen}: the Tab key does not reach {name} ({role}); it reaches {sorted(reached)}")

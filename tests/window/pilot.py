@@ -239,8 +239,6 @@ class Pilot:
 
     def confirm_access(self):
         self.click("Confirm Access")
-        self.find("Confirm Access", "dialog")
-        self.keys("Return")
         self.find("Quick Scan >")
 
     grant = confirm_access

@@ -42,10 +42,7 @@ def exec_of(entry):
 
 def open_first(program, volume):
     pilot = Pilot(program, "--volume", str(volume), "--user", "alice")
-    pilot.click("Confirm Access")
-    pilot.find("Confirm Access", "dialog")
-    pilot.keys("Return")
-    pilot.find("Quick Scan >")
+    pilot.confirm_access()
     return pilot
 
 
@@ -103,10 +100,7 @@ def check_login(program, folder):
     """As the desktop does at login: the helper starts the program, and goes when told so."""
     pilot = Pilot(program)  # on this computer's own disk, as at login
     try:
-        pilot.click("Confirm Access")
-        pilot.find("Confirm Access", "dialog")
-        pilot.type("/")
-        pilot.keys("Return")
+        pilot.confirm_access()
         pilot.click("Start at login", "check box")
         entry = wait_for("the autostart entry", lambda: autostart(folder))
         pilot.keys("ctrl+q")

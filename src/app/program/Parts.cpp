@@ -4,8 +4,10 @@
 #include "app/views/MainWindow.h"
 #include "browser/views/RecordKeeping.h"
 #include "browser/views/ReportBrowserView.h"
+#include "platform/FileSystem.h"
 #include "platform/Messages.h"
 #include "platform/Network.h"
+#include "platform/UserDefaults.h"
 #include "privacy/views/ToolsView.h"
 #include "signatures/Catalogue.h"
 
@@ -22,11 +24,14 @@ PDFFacts pdfFacts(const std::string& cachesFolder)
             .cachesFolder = cachesFolder};
 }
 
-ScanOptions scanOptions(const ApplicationFacts& facts)
+ScanOptions scanOptions(const ApplicationFacts& facts, const PlatformServices& services)
 {
     ScanOptions options{facts.user.empty() ? UserChoice::everyone() : UserChoice(facts.user), {}};
+    const std::string whole = services.defaults.get(preferences::kWholeDisk);
     if (facts.isGranted)
         options.grantedRoot = options.homeRoot();
+    else if (facts.user.empty() && !whole.empty() && whole == services.disk.identity())
+        options.grantedRoot = FileURL::fileURLWithPath("/");
     return options;
 }
 
@@ -39,7 +44,7 @@ Session::MainWindowParts::MainWindowParts(Needs what)
       dashboard(needs.services, needs.desktop, needs.delegate, needs.facts),
       scheduler(needs.services, needs.desktop, needs.delegate),
       scan(needs.services, needs.delegate.state(), needs.delegate, store, needs.remover,
-           scanOptions(needs.facts)),
+           scanOptions(needs.facts, needs.services)),
       pdf(pdfFacts(needs.cachesFolder), needs.services.disk, needs.machine),
       documents(needs.services.mainQueue, pdf),
       screens(
@@ -87,10 +92,9 @@ void Session::MainWindowParts::openRemoteDesktopInstructions()
 
 void Session::MainWindowParts::viewReport()
 {
-    if (!scan.report())
-        return;
     table.selectRow(rowIndex(Row::Reports));
-    needs.services.notifications.post(NotificationName::RefreshReport, std::any(scan.report()));
+    if (scan.report())
+        needs.services.notifications.post(NotificationName::RefreshReport, std::any(scan.report()));
 }
 
 MadeScreen Session::MainWindowParts::makeTools()

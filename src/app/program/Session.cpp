@@ -221,6 +221,13 @@ QWidget* Session::makeMainWindow()
 QWidget* Session::makeAccessWindow()
 {
     auto* window = new AccessWindow(m_access, m_words);
+    QObject::connect(&m_access, &NotAccessVC::granted, window, [this](AccessScope scope) {
+        if (scope != AccessScope::ThisHome && !m_choice.user.empty()) {
+            VolumeChoice everyone = m_choice;
+            everyone.user.clear();
+            change(everyone, m_disk, std::exchange(m_scanWaits, false));
+        }
+    });
     QObject::connect(window, &AccessWindow::openVolumeWanted, window,
                      [this, window] { askForVolume(window, m_choice.folder); });
     return window;

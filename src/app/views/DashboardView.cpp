@@ -52,6 +52,10 @@ DashboardView::DashboardView(DashBoardViewController& controller, SchedulerVC& s
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(scroll);
 
+    m_look = new QPushButton(tr("Look at Them"));
+    m_look->setObjectName(QStringLiteral("lookAtFindings"));
+    m_statement->actions()->addWidget(m_look);
+    connect(m_look, &QPushButton::clicked, this, &DashboardView::reportWanted);
     connect(&m_controller, &DashBoardViewController::stateChanged, this, &DashboardView::showState);
     connect(&m_scheduler, &SchedulerVC::stateChanged, this, &DashboardView::showSchedule);
     m_passing.setInterval(kTimePasses);
@@ -151,6 +155,7 @@ void DashboardView::showState()
 void DashboardView::showStatement()
 {
     const LastScans& last = m_controller.lastScans();
+    m_look->setVisible(last.date && last.verdict == Verdict::Found);
     if (!last.date) {
         m_statement->setArtwork({}, QStringLiteral("icn_white_question"));
         m_statement->setStatement(

@@ -26,6 +26,10 @@ public:
     DashboardView(DashBoardViewController& controller, SchedulerVC& scheduler,
                   QWidget* parent = nullptr);
 
+Q_SIGNALS:
+    /// What the last scan found is to be looked at.
+    void reportWanted();
+
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -44,6 +48,7 @@ private:
     DashBoardViewController& m_controller;
     SchedulerVC& m_scheduler;
     ui::ColouredView* m_statement;
+    QPushButton* m_look;
     ui::ButtonWithSpinner* m_scan = nullptr;
     QCheckBox* m_deep = nullptr;
     QLabel* m_explanation = nullptr;

@@ -2,16 +2,19 @@
 
 #include "app/NotAccessVC.h"
 #include "app/views/MainWindow.h"
+#include "core/Escape.h"
 #include "ui/Icons.h"
 #include "ui/Keys.h"
 #include "ui/Labels.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
 
+#include <QButtonGroup>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -23,8 +26,8 @@ AccessWindow::AccessWindow(NotAccessVC& controller, const VolumeWords& volume)
     : FramedWindow(QStringLiteral("Pryvane"), 0)
 {
     setObjectName(QStringLiteral("NotAccessWindowID"));
-    setMinimumSize(560, 480);
-    startWith({640, 540});
+    setMinimumSize(600, 480);
+    startWith({660, 720});
 
     auto* badge = new QLabel;
     badge->setPixmap(ui::applicationIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
@@ -51,34 +54,98 @@ AccessWindow::AccessWindow(NotAccessVC& controller, const VolumeWords& volume)
     confirm->setObjectName(QStringLiteral("confirmAccess"));
     confirm->setDefault(true);
     ui::makePrimary(*confirm);
-    auto* open = new QPushButton(tr("Open…"));
+    auto* other = new QPushButton(tr("Other…"));
+    other->setObjectName(QStringLiteral("otherFolder"));
+    auto* open = new QPushButton(tr("Open an Image…"));
     open->setObjectName(QStringLiteral("openVolume"));
     auto* quit = new QPushButton(tr("Quit"));
     quit->setObjectName(QStringLiteral("closeApp"));
-    connect(confirm, &QPushButton::clicked, &controller, &NotAccessVC::confirmAccessAction);
+    connect(confirm, &QPushButton::clicked, &controller, [this, &controller] {
+        controller.grant(static_cast<AccessScope>(m_choices->checkedId()));
+    });
+    connect(other, &QPushButton::clicked, &controller, &NotAccessVC::confirmAccessAction);
     connect(open, &QPushButton::clicked, this, &AccessWindow::openVolumeWanted);
     connect(quit, &QPushButton::clicked, &controller, &NotAccessVC::closeAppAction);
     connect(this, &FramedWindow::closeAsked, &controller, &NotAccessVC::closeAppAction);
 
-    auto* inside = new QVBoxLayout;
-    inside->setContentsMargins(ui::kEdge, ui::kGroups, ui::kEdge, ui::kEdge);
-    inside->setSpacing(ui::kGroups);
-    inside->addWidget(badge, 0, Qt::AlignHCenter);
-    inside->addWidget(welcome, 0, Qt::AlignHCenter);
-    inside->addWidget(looking, 0, Qt::AlignHCenter);
-    inside->addWidget(card);
-    inside->addStretch();
-    inside->addWidget(ui::makeNote(
-        tr("Pryvane may not see your home folder yet. Confirm it once; the choice is kept.")));
+    auto* page = new QWidget;
+    auto* words = new QVBoxLayout(page);
+    words->setContentsMargins(ui::kEdge, ui::kGroups, ui::kEdge, ui::kRelated);
+    words->setSpacing(ui::kGroups);
+    words->addWidget(badge, 0, Qt::AlignHCenter);
+    words->addWidget(welcome, 0, Qt::AlignHCenter);
+    words->addWidget(looking, 0, Qt::AlignHCenter);
+    words->addWidget(makeChoices(controller));
+    words->addWidget(card);
+    words->addStretch();
+    auto* scroll = new QScrollArea; // on a low screen
+    scroll->setWidget(page);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(ui::kRelated);
     buttons->addWidget(quit);
     buttons->addStretch();
+    buttons->addWidget(other);
     buttons->addWidget(open);
     buttons->addWidget(confirm);
-    inside->addLayout(buttons);
-    column()->addLayout(inside, 1);
+    buttons->setContentsMargins(ui::kEdge, ui::kRelated, ui::kEdge, ui::kEdge);
+    column()->addWidget(scroll, 1);
+    column()->addLayout(buttons);
     confirm->setFocus();
+}
+
+namespace {
+
+/// Title and line of a choice.
+std::pair<QString, QString> wordsFor(const AccessChoice& choice)
+{
+    const QString folder = ui::text(forScreen(choice.folder.absolutePath()));
+    if (!choice.isThere)
+        return {choice.scope == AccessScope::ThisHome ? AccessWindow::tr("This home")
+                                                      : AccessWindow::tr("Every home"),
+                AccessWindow::tr("There is no folder %1 on this disk.").arg(folder)};
+    switch (choice.scope) {
+    case AccessScope::ThisHome:
+        return {AccessWindow::tr("This home"),
+                AccessWindow::tr("%1, and the places that all users share.").arg(folder)};
+    case AccessScope::EveryHome:
+        return {AccessWindow::tr("Every home"),
+                AccessWindow::tr("All of %1, and the places that all users share.").arg(folder)};
+    case AccessScope::WholeDisk:
+        break;
+    }
+    return {AccessWindow::tr("The whole disk"),
+            AccessWindow::tr("Every home; a deep scan goes through every folder there is.")};
+}
+
+} // namespace
+
+/// The least that there is to look at is chosen at first.
+QWidget* AccessWindow::makeChoices(const NotAccessVC& controller)
+{
+    m_choices = new QButtonGroup(this);
+    auto* card = new ui::Card;
+    card->column()->addWidget(ui::makeLabel(TextRole::GroupTitle, tr("What may it look at?")));
+    for (const AccessChoice& choice : controller.choices()) {
+        const auto [title, line] = wordsFor(choice);
+        auto* button = new QRadioButton(title);
+        button->setMinimumHeight(ui::kTarget);
+        button->setAccessibleDescription(line);
+        button->setEnabled(choice.isThere);
+        auto* words = ui::makeNote(line);
+        words->setContentsMargins(26, 0, 0, 0);
+        m_choices->addButton(button, static_cast<int>(choice.scope));
+        if (choice.isThere && !m_choices->checkedButton())
+            button->setChecked(true);
+        auto* row = new QVBoxLayout;
+        row->setSpacing(0);
+        row->addWidget(button, 0, Qt::AlignLeft);
+        row->addWidget(words);
+        card->column()->addLayout(row);
+    }
+    return card;
 }
 
 QWidget* AccessWindow::makePromise(const QString& iconName, const QString& title,

@@ -46,7 +46,7 @@ MadeScreen Screens::made(Row row)
     switch (row) {
     case Row::Dashboard:
         m_needs.dashboard.viewDidLoad();
-        return {new DashboardView(m_needs.dashboard, m_needs.scheduler)};
+        return makeDashboard();
     case Row::Scan:
         return makeScan();
     case Row::Tools:
@@ -55,6 +55,13 @@ MadeScreen Screens::made(Row row)
         break;
     }
     return m_needs.makeReports();
+}
+
+MadeScreen Screens::makeDashboard()
+{
+    auto* view = new DashboardView(m_needs.dashboard, m_needs.scheduler);
+    QObject::connect(view, &DashboardView::reportWanted, view, m_needs.viewReport);
+    return {view};
 }
 
 MadeScreen Screens::makeScan()

@@ -38,7 +38,7 @@ public:
         std::function<std::string(std::string_view)> foldedName; ///< of the volume's disk
         std::function<void(const FileURL&)> reveal;
         std::function<void()> openRemoteDesktopInstructions;
-        std::function<void()> viewReport; ///< of the last scan
+        std::function<void()> viewReport; ///< of this run's last scan; without one, of all reports
         std::function<void(const SpywareScanReport&, std::function<void(const QString&)>)>
             keepRecord;
         std::function<MadeScreen()> makeTools;
@@ -59,6 +59,7 @@ public:
 
 private:
     [[nodiscard]] MadeScreen made(Row row);
+    [[nodiscard]] MadeScreen makeDashboard();
     [[nodiscard]] MadeScreen makeScan();
 
     Needs m_needs;

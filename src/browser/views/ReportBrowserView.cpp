@@ -12,10 +12,10 @@
 #include "removal/views/Failures.h"
 #include "removal/views/PlanSheet.h"
 #include "ui/Labels.h"
+#include "ui/Pages.h"
 
 #include <QFile>
 #include <QFileDialog>
-#include <QStackedWidget>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
@@ -46,7 +46,7 @@ void checkRecords(ReportViewController& controller, const SpywareList& chosen, b
 ReportBrowserView::ReportBrowserView(ReportViewController& controller, Services services,
                                      QWidget* parent)
     : QWidget(parent), m_controller(controller), m_services(std::move(services)),
-      m_documents(m_services.mainQueue, m_services.pdf), m_pages(new QStackedWidget),
+      m_documents(m_services.mainQueue, m_services.pdf), m_pages(new ui::Pages),
       m_list(new ReportListPane(controller)),
       m_details(new ReportDetailsPane(controller, m_services.user, m_services.foldedName))
 {

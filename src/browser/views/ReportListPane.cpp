@@ -4,6 +4,7 @@
 #include "browser/ReportViewController.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Spinner.h"
 #include "ui/Style.h"
@@ -16,7 +17,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,8 +32,8 @@ enum Page : int { Reading, NothingYet, List };
 ReportListPane::ReportListPane(ReportViewController& controller, QWidget* parent)
     : QWidget(parent), m_controller(controller), m_source(controller.rows()),
       m_model(m_source, ReportsSource::columns()),
-      m_table(new ui::RowTable(m_model, tr("Reports"))), m_pages(new QStackedWidget),
-      m_list(new QStackedWidget), m_notice(ui::makeNote())
+      m_table(new ui::RowTable(m_model, tr("Reports"))), m_pages(new ui::Pages),
+      m_list(new ui::Pages), m_notice(ui::makeNote())
 {
     m_table->setObjectName(QStringLiteral("reportList"));
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Sheet.h"
 #include "ui/Style.h"
@@ -15,7 +16,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace pryvane {
@@ -32,6 +32,8 @@ RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent)
     picture->setPixmap(ui::icon(QStringLiteral("attention"), ui::Meaning::Attention)
                            .pixmap(QSize(20, 20), devicePixelRatioF()));
     ui::setTextRole(*m_location, TextRole::Path);
+    m_name->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred); // the path gives way
+    m_location->setMinimumWidth(1);
     m_instructions->setObjectName(QStringLiteral("removeARD"));
     m_instructions->setToolTip(tr("Opens Apple's article in the web browser"));
     m_ignore->setObjectName(QStringLiteral("ignoreARD"));
@@ -76,7 +78,7 @@ FindingsPane::FindingsPane(std::string user,
     : Card(parent), m_source(std::move(user), std::move(foldedName), std::move(ticked), of),
       m_model(m_source, FindingsSource::columns(of)),
       m_table(new ui::RowTable(m_model, tr("Findings"))),
-      m_empty(new ui::EmptyState(QStringLiteral("scan"), {})), m_list(new QStackedWidget),
+      m_empty(new ui::EmptyState(QStringLiteral("scan"), {})), m_list(new ui::Pages),
       m_remoteDesktop(new RemoteDesktopCell(of == FindingsSource::Of::Scan))
 {
     m_table->setObjectName(QStringLiteral("findings"));

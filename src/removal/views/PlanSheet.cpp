@@ -2,6 +2,7 @@
 
 #include "core/Texts.h"
 #include "ui/Labels.h"
+#include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Spinner.h"
 #include "ui/Style.h"
@@ -10,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace pryvane {
@@ -37,7 +37,7 @@ QString totalsText(const RemovalPlan::Totals& totals)
 PlanSheet::PlanSheet(QWidget* over, PlanSource::Ticked ticked)
     : Sheet(over, tr("What would be removed")), m_source(std::move(ticked)),
       m_model(m_source, PlanSource::columns()),
-      m_table(new ui::RowTable(m_model, tr("What would be removed"))), m_pages(new QStackedWidget),
+      m_table(new ui::RowTable(m_model, tr("What would be removed"))), m_pages(new ui::Pages),
       m_grouping(new QComboBox), m_totals(ui::makeLabel(ui::TextRole::Body)),
       m_weak(ui::makeNote()),
       m_safety(

@@ -104,7 +104,7 @@ ui::Cell PlanSource::cell(int row, int column) const
         return {.text =
                     ui::text(forScreen(plannedLocation(planned.record->url, planned.forecast)))};
     case Name:
-        return {.text = ui::text(forScreen(planned.record->name)),
+        return {.text = ui::text(forScreen(planned.record->name())),
                 .iconName =
                     planned.record->url.mustBeFolder() || planned.forecast.kind == FileKind::Folder
                         ? QStringLiteral("folder")

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <cmath>
+
 namespace pryvane {
 
 using ui::TextRole;
@@ -21,7 +23,19 @@ QString elapsedText(qint64 milliseconds)
     return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
 }
 
+constexpr qint64 kTellsFrom = 5000; // ms: before that it would be a guess
+
 } // namespace
+
+ScanPace paceOf(const ScanDisplay& display, qint64 milliseconds)
+{
+    const double part = display.progressBar / 100;
+    if (display.entries <= 0 || milliseconds < kTellsFrom || part <= 0 || part >= 1)
+        return {};
+    const double seconds = double(milliseconds) / 1000;
+    return {std::llround(double(display.entries) * part / seconds),
+            std::llround(seconds * (1 - part) / part)};
+}
 
 ScanProgressView::ScanProgressView(QWidget* parent)
     : Card(parent), m_percent(ui::makeLabel(TextRole::Statement)), m_facts(ui::makeNote()),
@@ -60,6 +74,11 @@ void ScanProgressView::show(const ScanDisplay& display)
                       tr("%n found", nullptr, static_cast<int>(display.findings))};
     if (display.entries > 0)
         facts += tr("%1 entries").arg(QLocale().toString(static_cast<qlonglong>(display.entries)));
+    if (const ScanPace pace = paceOf(display, m_elapsed.isValid() ? m_elapsed.elapsed() : 0);
+        pace.secondsLeft >= 0) {
+        facts += tr("%1 entries a second").arg(QLocale().toString(pace.entriesPerSecond));
+        facts += tr("about %1 left").arg(elapsedText(1000 * pace.secondsLeft));
+    }
     m_facts->setText(facts.join(QStringLiteral("   ")));
     m_kind->setText(ui::text(display.scanTypeLabel));
     m_location->setText(ui::text(display.location));

@@ -15,6 +15,13 @@ namespace pryvane {
 
 struct ScanDisplay;
 
+/// How fast a deep scan gets on.
+struct ScanPace {
+    qint64 entriesPerSecond = 0;
+    qint64 secondsLeft = -1; ///< -1: nobody can tell yet
+};
+[[nodiscard]] ScanPace paceOf(const ScanDisplay& display, qint64 milliseconds);
+
 /// The running scan: percentage, bar, what is being looked at, how long it has taken, what was
 /// found so far, and the way to stop it.
 class ScanProgressView final : public ui::Card {
