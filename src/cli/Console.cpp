@@ -186,6 +186,7 @@ void TextTable::write(const std::vector<Align>& columns, std::size_t rows,
 std::string TextTable::text(std::string_view indent) const
 {
     std::ostringstream out;
+    out.exceptions(std::ios::badbit); // without memory it would end early and say nothing
     write(
         m_columns, m_rows.size(), [this](std::size_t at, Row& row) { row = m_rows[at]; }, indent,
         out);
