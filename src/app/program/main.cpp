@@ -112,7 +112,8 @@ int runSessions(Desktop& desktop, const Arguments& arguments, SingleInstance* in
             return fail(opened.error().message);
         next = std::move(opened).value();
     }
-    next->scan = arguments.scan;
+    if (next) // else reading the file was cancelled
+        next->scan = arguments.scan;
     for (bool isFirst = true; next; isFirst = false) {
         const bool scan = next->scan;
         const auto session = Session::open(desktop, std::move(*next));
