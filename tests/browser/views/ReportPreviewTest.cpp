@@ -51,7 +51,8 @@ TEST_F(ReportPreviewTest, ShowsThePagesAndScrollsByKeyboard)
 
 TEST_F(ReportPreviewTest, PrintsWhereTheDialogSays)
 {
-    qputenv("CUPS_SERVER", "/nonexistent"); // else the dialog may begin with a printer of this machine
+    // Else the dialog may begin with a printer of this machine.
+    qputenv("CUPS_SERVER", "/nonexistent");
     openPreview();
     whenAsked<QDialog>([](QDialog* dialog) { dialog->reject(); });
     click("printPages");
