@@ -238,35 +238,43 @@ private:
         Told told;
     };
 
+    /// The first line of a text that comes in pieces, without its end.
+    struct FirstLine {
+        std::string text;
+        bool isWhole = false;
+
+        void take(std::string_view piece)
+        {
+            if (isWhole)
+                return;
+            const auto end = piece.find('\n');
+            text += piece.substr(0, end);
+            isWhole = end != std::string_view::npos;
+        }
+    };
+
     /// Hands on the text, and keeps its first line, which is the verdict.
     [[nodiscard]] Told printText(const ScanSource& source, int file)
     {
         m_console.out << "== " << forTerminal(source.label) << ": " << forTerminal(source.path)
                       << "\n";
-        std::string first;
-        bool isFirst = true;
+        FirstLine first;
         readPieces(file, [&](std::string_view piece) {
             m_console.out << piece;
-            const auto end = piece.find('\n');
-            if (isFirst)
-                first += piece.substr(0, end);
-            isFirst = isFirst && end == std::string_view::npos;
+            first.take(piece);
         });
         m_console.out << "\n";
-        return {std::move(first), {}, {}};
+        return {std::move(first.text), {}, {}};
     }
 
     /// Hands on the lines, and keeps what the first and the last one say.
     [[nodiscard]] Told printLines(int file)
     {
-        std::string first, last;
-        bool isFirst = true;
+        FirstLine first;
+        std::string last;
         readPieces(file, [&](std::string_view piece) {
             m_console.out << piece;
-            const auto end = piece.find('\n');
-            if (isFirst)
-                first += piece.substr(0, end);
-            isFirst = isFirst && end == std::string_view::npos;
+            first.take(piece);
             // What follows the last but one end of a line.
             last += piece;
             const auto before = last.rfind('\n', last.size() < 2 ? 0 : last.size() - 2);
@@ -274,7 +282,7 @@ private:
                 last.erase(0, before + 1);
         });
         Told told;
-        const Json head = Json::parse(first, nullptr, false);
+        const Json head = Json::parse(first.text, nullptr, false);
         if (head.is_object())
             told.report = head.value("report", "");
         Json end = Json::parse(last, nullptr, false);

@@ -43,7 +43,8 @@ Result<std::optional<NextDisk>> FileOpening::run()
     m_progress.stop();
     m_opening.stop();
     if (code != 0)
-        return Error{"it could not be read to its end"};
+        return Error{forScreen(m_choice.folder) +
+                     " could not be read to its end; close other programs and open it again"};
     return std::move(m_opened);
 }
 
