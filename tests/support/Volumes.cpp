@@ -3,12 +3,78 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <grp.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace pryvane::test {
+
+void growTree(const TemporaryFolder& disk, const std::string& folder, std::mt19937& random,
+              int entries)
+{
+    static const std::vector<std::string> names = {
+        "Library",     "LaunchAgents", ".hidden",  "Some.framework", "OSX",
+        "CoinThief",   "Amac",         "de",       "Contents",       "com.apple.pixel.plist",
+        "Preferences", ".Sabpab",      "Sabpab",   "plain",          "Applications",
+        "Genieo",      "a b\n\xff",    "BlackHole"};
+    const std::vector<std::string> targets = {"..", "/usr/bin", "nowhere", "/kept",
+                                              "../../kept/file"};
+    disk.folder(folder);
+    std::vector<std::string> folders = {folder}, files;
+    const auto oneOf = [&](const auto& from) { return from[random() % from.size()]; };
+    for (int i = 0; i < entries; ++i) {
+        std::string path = oneOf(folders) + "/" + oneOf(names);
+        if (random() % 2)
+            path += std::to_string(i);
+        for (auto bytes = random() % 3 ? 0 : random() % 60; bytes > 0; --bytes)
+            if (const char byte = static_cast<char>(random()); byte != '\0' && byte != '/')
+                path += byte;
+        if (path.size() > 1500 || disk.contains(path))
+            continue;
+        const std::string host = disk.hostPath(path);
+        const auto kind = random() % 20;
+        if (kind < 8) {
+            disk.folder(path);
+            folders.push_back(path);
+        } else if (kind < 15 || files.empty()) {
+            disk.file(path, std::string(random() % 20'000, 'x'));
+            files.push_back(path);
+        } else if (kind == 15) { // mostly a hole
+            disk.file(path);
+            std::filesystem::resize_file(host, 5'000'000);
+        } else if (kind == 16) {
+            std::filesystem::create_hard_link(disk.hostPath(oneOf(files)), host);
+        } else if (kind < 19) {
+            disk.link(path, oneOf(targets));
+        } else {
+            static_cast<void>(mkfifo(host.c_str(), 0644));
+        }
+    }
+}
+
+void makeFile(int folder, const std::string& name)
+{
+    close(openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+}
+
+UniqueFd growChain(int folder, const std::string& name, int depth,
+                   const std::function<void(int folder)>& each)
+{
+    UniqueFd last(dup(folder));
+    for (int level = 0; level < depth; ++level) {
+        EXPECT_EQ(mkdirat(last.get(), name.c_str(), 0755), 0);
+        last = UniqueFd(openat(last.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        each(last.get());
+    }
+    return last;
+}
+
+UniqueFd openedFolder(const TemporaryFolder& folder, std::string_view path)
+{
+    return UniqueFd(open(folder.hostPath(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
 
 std::int64_t naiveSize(const std::filesystem::path& path)
 {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <ostream>
+#include <random>
 #include <string>
 
 namespace pryvane {
@@ -34,6 +35,23 @@ volumeAt(const TemporaryFolder& folder, NameMatching matching,
 {
     return std::move(VolumeFileSystem::open(folder.path(), {matching, confinement}).value());
 }
+
+/// Fills a folder with so many nested entries of all that a disk may hold: files, some of holes or
+/// with two names, links to anywhere, pipes, and names of any bytes or such as a scan looks for.
+void growTree(const TemporaryFolder& disk, const std::string& folder, std::mt19937& random,
+              int entries);
+
+/// Makes an empty file in an open folder.
+void makeFile(int folder, const std::string& name);
+
+/// Nests so many folders of that name in an open one, however deep that is, and gives the last.
+/// `each` is called with every one of them.
+UniqueFd growChain(
+    int folder, const std::string& name, int depth,
+    const std::function<void(int folder)>& each = [](int) {});
+
+/// The folder itself, opened.
+[[nodiscard]] UniqueFd openedFolder(const TemporaryFolder& folder, std::string_view path = {});
 
 /// Allocated bytes at and below a path of the host, by plain recursion.
 [[nodiscard]] std::int64_t naiveSize(const std::filesystem::path& path);

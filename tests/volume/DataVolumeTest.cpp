@@ -67,26 +67,6 @@ TEST(DataVolume, AnswersAsTheWholeDiskDoes)
     TemporaryFolder whole, data;
     fill(whole, true);
     fill(data, false);
-    const char* paths[] = {"/tmp",
-                           "/tmp/",
-                           "tmp/.hidden",
-                           "/tmp/.hidden/",
-                           "/tmp/missing",
-                           "//tmp/./.hidden",
-                           "/Users/../tmp/.hidden",
-                           "/tmp/../etc/manpath.d/a",
-                           "/tmp/..",
-                           "/tmp/around",
-                           "/etc/manpath.d/",
-                           "/etc/manpath.d/a",
-                           "/VAR/Folders/ZZ/cache",
-                           "/var/folders/zz",
-                           "/Users/alice/byVar/zz/cache",
-                           "/Users/alice/byVar/zz/none",
-                           "/Users/alice/upAndBy/.hidden",
-                           "/Users/alice/toFile",
-                           "/Users/tmp/.hidden",
-                           "/private/tmp/.hidden"};
     for (const Way& way : kWays) {
         const auto links = volumeAt(whole, way.matching, way.confinement);
         const auto implied = volumeAt(data, way.matching, way.confinement);
@@ -94,7 +74,26 @@ TEST(DataVolume, AnswersAsTheWholeDiskDoes)
         EXPECT_TRUE(implied->impliedLinks().any());
         EXPECT_EQ(implied->presence(at("/tmp/.hidden")), Presence::Present);
         EXPECT_EQ(implied->presence(at("/Users/alice/byVar/zz/cache")), Presence::Present);
-        for (const char* path : paths) {
+        for (const char* path : {"/tmp",
+                                 "/tmp/",
+                                 "tmp/.hidden",
+                                 "/tmp/.hidden/",
+                                 "/tmp/missing",
+                                 "//tmp/./.hidden",
+                                 "/Users/../tmp/.hidden",
+                                 "/tmp/../etc/manpath.d/a",
+                                 "/tmp/..",
+                                 "/tmp/around",
+                                 "/etc/manpath.d/",
+                                 "/etc/manpath.d/a",
+                                 "/VAR/Folders/ZZ/cache",
+                                 "/var/folders/zz",
+                                 "/Users/alice/byVar/zz/cache",
+                                 "/Users/alice/byVar/zz/none",
+                                 "/Users/alice/upAndBy/.hidden",
+                                 "/Users/alice/toFile",
+                                 "/Users/tmp/.hidden",
+                                 "/private/tmp/.hidden"}) {
             SCOPED_TRACE(std::string(path) + (way.matching == NameMatching::Exact ? " exact" : "") +
                          (way.confinement == Confinement::ComponentWalk ? " walk" : ""));
             EXPECT_EQ(answers(*implied, path), answers(*links, path));

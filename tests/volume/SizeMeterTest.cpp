@@ -6,47 +6,16 @@
 
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <random>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 namespace pryvane::test {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-void growTree(const TemporaryFolder& volume, std::mt19937& random, int entries)
-{
-    const auto roll = [&](std::size_t below) {
-        return std::uniform_int_distribution<std::size_t>(0, below - 1)(random);
-    };
-    std::vector<std::string> folders{"/t"}, files;
-    volume.folder("/t");
-    for (int i = 0; i < entries; ++i) {
-        const std::string path = folders[roll(folders.size())] + "/" + std::to_string(i);
-        const std::string host = volume.hostPath(path);
-        const std::size_t kind = roll(10);
-        if (kind < 3) {
-            volume.folder(path);
-            folders.push_back(path);
-        } else if (kind < 7 || files.empty()) {
-            volume.file(path, std::string(roll(20'000), 'x'));
-            files.push_back(path);
-        } else if (kind == 7) { // sparse
-            volume.file(path, "x");
-            fs::resize_file(host, 1'000'000 + roll(1'000'000));
-        } else if (kind == 8) {
-            ASSERT_EQ(link(volume.hostPath(files[roll(files.size())]).c_str(), host.c_str()), 0);
-        } else if (i % 2) {
-            volume.link(path, i % 3 ? ".." : "/usr/bin");
-        } else {
-            ASSERT_EQ(mkfifo(host.c_str(), 0600), 0);
-        }
-    }
-}
 
 std::vector<std::int64_t> measured(VolumeFileSystem& disk, const std::vector<FileURL>& locations,
                                    unsigned threads)
@@ -69,7 +38,7 @@ TEST(SizeMeter, SumsTheAllocatedBlocksOfRandomTrees)
     for (unsigned seed = 1; seed <= 8; ++seed) {
         const TemporaryFolder volume;
         std::mt19937 random(seed);
-        growTree(volume, random, 600);
+        growTree(volume, "/t", random, 600);
         sync(); // delayed allocation
         const auto disk = volumeAt(volume, NameMatching::AsOnMac);
         std::vector<FileURL> locations{at("/t"), at("/T/"), at("/none")};
@@ -92,28 +61,31 @@ TEST(SizeMeter, FollowsNoLinkAndKeepsWithinItsHandles)
     volume.link("/linked", outside.path());
     volume.link("/inner", "/chain");
     // Deeper than handles are held, with something to come back to on every level.
-    int folder = open(volume.path().c_str(), O_RDONLY | O_DIRECTORY);
-    for (int level = 0; level < 600; ++level) {
-        for (const char* name : {"chain", "side"}) {
-            ASSERT_EQ(mkdirat(folder, name, 0700), 0);
-        }
-        const int next = openat(folder, "chain", O_RDONLY | O_DIRECTORY);
-        close(folder);
-        folder = next;
-        const int file = openat(folder, "file", O_WRONLY | O_CREAT, 0600);
-        ASSERT_EQ(write(file, "x", 1), 1);
-        close(file);
-    }
-    close(folder);
+    growChain(openedFolder(volume).get(), "chain", 1500, [](int folder) {
+        mkdirat(folder, "side", 0700);
+        const UniqueFd file(openat(folder, "file", O_WRONLY | O_CREAT, 0600));
+        EXPECT_EQ(write(file.get(), "x", 1), 1);
+    });
     sync();
     const auto disk = volumeAt(volume, NameMatching::Exact);
     const std::int64_t block = naiveSize(volume.hostPath("/chain/file"));
     ASSERT_GT(block, 0);
     const std::int64_t links = naiveSize(volume.hostPath("/linked"));
-    for (const unsigned threads : {1U, 8U}) {
-        EXPECT_EQ(measured(*disk, {at("/linked"), at("/inner"), at("/chain")}, threads),
-                  (std::vector<std::int64_t>{links, links, 600 * block}));
-    }
+    const auto told = inChild([&] {
+        const rlimit few{100, 100};
+        setrlimit(RLIMIT_NOFILE, &few);
+        const auto firstFree = [] { return UniqueFd(open("/", O_RDONLY)).get(); };
+        const int before = firstFree();
+        std::string text;
+        for (const unsigned threads : {1U, 8U})
+            for (const auto size :
+                 measured(*disk, {at("/linked"), at("/inner"), at("/chain")}, threads))
+                text += std::to_string(size) + " ";
+        return text + (firstFree() == before ? "" : "handles left open");
+    });
+    const std::string once = std::to_string(links) + " " + std::to_string(links) + " " +
+                             std::to_string(1500 * block) + " ";
+    EXPECT_EQ(told, once + once);
 }
 
 TEST(SizeMeter, AStopEndsItWithoutTellingHalfSums)

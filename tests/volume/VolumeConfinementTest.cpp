@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fcntl.h>
 #include <filesystem>
 #include <random>
 #include <sys/mount.h>
@@ -27,8 +26,7 @@ protected:
         return volumeAt(disk, NameMatching::Exact, GetParam());
     }
 
-    TemporaryFolder disk;
-    TemporaryFolder outside;
+    TemporaryFolder disk, outside;
 };
 
 INSTANTIATE_TEST_SUITE_P(Ways, ConfinementTest,
@@ -53,52 +51,38 @@ TEST_P(ConfinementTest, NoPathAndNoLinkReachesTheHost)
     disk.link("a/fileSlash", "/Library/present/");
     disk.link("a/dangling", "nowhere");
     disk.link("a/long", std::string(4000, 'x'));
-    const struct {
-        std::string path;
-        Presence expected;
-    } rows[] = {
-        {"/", Presence::Present},
-        {"//", Presence::Present},
-        {"", Presence::Absent},
-        {"..", Presence::Present},
-        {"/../../..", Presence::Present},
-        {"/../../Library/present", Presence::Present},
-        {"Library/present", Presence::Present},
-        {"Library//present", Presence::Present},
-        {"./Library/./present", Presence::Present},
-        {"/Library/present/", Presence::Absent},
-        {"/Library/present/.", Presence::Absent},
-        {"/Library/present/..", Presence::Absent},
-        {"/Library/", Presence::Present},
-        {"/Library/missing/../present", Presence::Absent},
-        {"/etc/passwd", Presence::Absent},
-        {outside.path(), Presence::Absent},
-        {"../../../../../../.." + outside.path(), Presence::Absent},
-        {"/a/hostAbsolute", Presence::Absent},
-        {"/a/hostAbsolute/secret/file", Presence::Absent},
-        {"/a/hostRelative/secret/file", Presence::Absent},
-        {"/a/root/Library/present", Presence::Present},
-        {"/a/root" + outside.path(), Presence::Absent},
-        {"/a/up/Library/present", Presence::Present},
-        {"/a/up/up/up/Library", Presence::Absent},
-        {"/a/upFar/Library/present", Presence::Present},
-        {"/a/upFar" + outside.path(), Presence::Absent},
-        {"/a/proc", Presence::Absent},
-        {"/a/proc/etc", Presence::Absent},
-        {"/a/loop", Presence::Absent},
-        {"/a/ping/x", Presence::Absent},
-        {"/a/inside/present", Presence::Present},
-        {"/a/inside/", Presence::Present},
-        {"/a/inside/../a/b", Presence::Present},
-        {"/a/fileSlash", Presence::Absent},
-        {"/a/dangling", Presence::Absent},
-        {"/a/long", Presence::Absent},
-        {"/a/b/c/../../../../../../../Library/present", Presence::Present},
-        {"/" + std::string(300, 'n'), Presence::Absent},
-    };
     const auto volume = this->volume();
-    for (const auto& row : rows)
-        EXPECT_EQ(volume->presence(at(row.path)), row.expected) << row.path.substr(0, 100);
+    const auto expect = [&](Presence presence, const std::vector<std::string>& paths) {
+        for (const std::string& path : paths)
+            EXPECT_EQ(volume->presence(at(path)), presence) << path.substr(0, 100);
+    };
+    expect(Presence::Present,
+           {"/", "//", "..", "/../../..", "/../../Library/present", "Library/present",
+            "Library//present", "./Library/./present", "/Library/", "/a/root/Library/present",
+            "/a/up/Library/present", "/a/upFar/Library/present", "/a/inside/present", "/a/inside/",
+            "/a/inside/../a/b", "/a/b/c/../../../../../../../Library/present"});
+    expect(Presence::Absent, {"",
+                              "/Library/present/",
+                              "/Library/present/.",
+                              "/Library/present/..",
+                              "/Library/missing/../present",
+                              "/etc/passwd",
+                              outside.path(),
+                              "../../../../../../.." + outside.path(),
+                              "/a/hostAbsolute",
+                              "/a/hostAbsolute/secret/file",
+                              "/a/hostRelative/secret/file",
+                              "/a/root" + outside.path(),
+                              "/a/up/up/up/Library",
+                              "/a/upFar" + outside.path(),
+                              "/a/proc",
+                              "/a/proc/etc",
+                              "/a/loop",
+                              "/a/ping/x",
+                              "/a/fileSlash",
+                              "/a/dangling",
+                              "/a/long",
+                              "/" + std::string(300, 'n')});
     EXPECT_EQ(volume->list(at("/a/hostAbsolute")).status, ListStatus::Missing);
     EXPECT_EQ(volume->list(at("/a/upFar")).entries.size(), 2U);
     EXPECT_EQ(volume->allocatedSize(at("/a/hostAbsolute/secret")), 0);
@@ -112,8 +96,7 @@ TEST_P(ConfinementTest, PathsOfAnyLengthGetAnAnswer)
 {
     disk.file("f");
     disk.folder("d/e");
-    std::string dots = "/";
-    std::string ups = "/d/e";
+    std::string dots = "/", ups = "/d/e";
     for (int i = 0; i < 20'000; ++i) {
         dots += "./";
         ups += "/../e";
@@ -126,12 +109,9 @@ TEST_P(ConfinementTest, PathsOfAnyLengthGetAnAnswer)
     EXPECT_EQ(volume->presence(at(std::string(1'000'000, 'x'))), Presence::Absent);
 
     // Deeper than one path reaches, and back up again past the folders held open.
-    UniqueFd folder(open(disk.path().c_str(), O_RDONLY | O_DIRECTORY));
-    std::string deep;
-    std::string back;
+    growChain(openedFolder(disk).get(), "deep", 1500);
+    std::string deep, back;
     for (int i = 0; i < 1500; ++i) {
-        ASSERT_EQ(mkdirat(folder.get(), "deep", 0755), 0);
-        folder = UniqueFd(openat(folder.get(), "deep", O_RDONLY | O_DIRECTORY));
         deep += "/deep";
         back += "/..";
     }
@@ -183,15 +163,17 @@ TEST_P(ConfinementTest, WhatMayNotBeSearchedIsUnknown)
             text += " " + volume->list(at("closed")).reason;
             text += ", " + std::to_string(static_cast<int>(volume->kind(at("closed/file"))));
             text += volume->writable(at("open")) ? " writable" : " read-only";
-            text += volume->readSmallFile(at("closed/file"), 9).error().message + "; ";
+            text += volume->readSmallFile(at("closed/file"), 9).error().message + ", ";
+            text += std::to_string(volume->allocatedSize(at("/"))) + "; ";
         }
         return text;
     });
     // 0 absent, 1 present, 2 unknown. Where only an exact name can be asked for, another spelling
     // of a missing one cannot be ruled out.
     const std::string unknown = std::to_string(static_cast<int>(FileKind::Unknown));
-    const std::string words =
-        std::string(runningAsRoot() ? " read-only" : " writable") + "permission denied; ";
+    const std::string words = std::string(runningAsRoot() ? " read-only" : " writable") +
+                              "permission denied, " +
+                              std::to_string(naiveSize(disk.hostPath("open"))) + "; ";
     EXPECT_EQ(answers, "122221010 permission denied, " + unknown + words +
                            "122221012 permission denied, " + unknown + words);
     chmod(disk.hostPath("closed").c_str(), 0755);

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <sys/resource.h>
@@ -198,12 +197,9 @@ TEST_F(RemovalJournalTest, AnEndlessPathKeepsNoOtherFromBeingRemoved)
     const std::string name(255, '\xff');
     std::string path = "/deep";
     scene.volume.folder(path);
-    UniqueFd at(open(scene.volume.hostPath(path).c_str(), O_PATH | O_CLOEXEC));
-    for (int level = 0; level < kLevels; ++level) {
-        ASSERT_EQ(mkdirat(at.get(), name.c_str(), 0755), 0);
-        at = UniqueFd(openat(at.get(), name.c_str(), O_PATH | O_CLOEXEC));
+    growChain(openedFolder(scene.volume, path).get(), name, kLevels);
+    for (int level = 0; level < kLevels; ++level)
         path += "/" + name;
-    }
     std::vector<RemovalItem> items = {{test::at(path), std::nullopt}};
     for (int i = 0; i < 63; ++i) {
         items.push_back({test::at("/many/" + std::to_string(i)), std::nullopt});

@@ -7,21 +7,18 @@
 #include <atomic>
 #include <cerrno>
 #include <cstddef>
+#include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <linux/filter.h>
-#include <linux/fs.h>
 #include <linux/seccomp.h>
 #include <optional>
 #include <ostream>
 #include <sched.h>
 #include <set>
 #include <string_view>
-#include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
-#include <sys/swap.h>
 #include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
@@ -34,20 +31,13 @@ using testing::StartsWith;
 
 constexpr const char* kSkipped = "skipped: ";
 
-/// Sets or clears a mark of the file system; whether that could be done.
-bool mark(const std::string& host, int flag, bool set)
+/// Runs a command of the shell in the disk's root; whether it worked.
+bool shell(const RemovalDisk& disk, const std::string& command)
 {
-    const UniqueFd fd(open(host.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    int flags = 0;
-    if (ioctl(fd.get(), FS_IOC_GETFLAGS, &flags) != 0)
-        return false;
-    flags = set ? flags | flag : flags & ~flag;
-    return ioctl(fd.get(), FS_IOC_SETFLAGS, &flags) == 0;
-}
-
-bool bindMount(const std::string& from, const std::string& to)
-{
-    return mount(from.c_str(), to.c_str(), nullptr, MS_BIND, nullptr) == 0;
+    const std::string names = "finding=a/finding f=a/finding/f in=a/finding/in; ";
+    return std::system(
+               ("cd " + disk.folder.path() + " && { " + names + command + "; } >/dev/null 2>&1")
+                   .c_str()) == 0;
 }
 
 /// From here on that system call fails in this process; with a third argument only where it is
@@ -79,15 +69,16 @@ std::string attempt(const RemovalDisk& disk, const RemovalItem& item)
     return text;
 }
 
+enum class Who : std::uint8_t { Root, Nobody };
+using enum Who;
+
 struct Row {
     const char* name;
     const char* path;
-    bool (*prepare)(
-        const RemovalDisk&); ///< as root, in mounts of its own; false: not possible here
-    bool asNobody;
-    const char* told; ///< the beginning
+    const char* prepare; ///< as root, in mounts of its own; where it fails, it is not possible here
+    Who remover;
     int stay;         ///< so many of the four entries of /a/finding
-    void (*undo)(const RemovalDisk&) = nullptr;
+    std::string told; ///< the beginning
     bool foreseen = true;
 };
 
@@ -96,106 +87,41 @@ void PrintTo(const Row& row, std::ostream* out)
     *out << row.name;
 }
 
-bool openForAll(const RemovalDisk& disk, const char* path, mode_t mode)
-{
-    return chmod(disk.folder.hostPath(path).c_str(), mode) == 0;
-}
+const std::string kNotAllowed = "failed after 0: the folder that holds it may not be changed; ask "
+                                "its owner, or run this with the rights to ";
+const std::string kLocked = ": it is locked", kUnread = ": its folder cannot be read",
+                  kMounted = ": another disk is mounted there";
 
 /// Below the volume lie /a/finding/{f,in/g} and, to be hurt, /victim/{f,in/g}.
 const Row kRows[] = {
-    {"immutableFile", "/a/finding",
-     [](const RemovalDisk& d) {
-         return mark(d.folder.hostPath("a/finding/f"), FS_IMMUTABLE_FL, true);
-     },
-     false, "failed after 2: it is locked", 2,
-     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding/f"), FS_IMMUTABLE_FL, false); }},
-    {"appendOnlyFile", "/a/finding/f",
-     [](const RemovalDisk& d) {
-         return mark(d.folder.hostPath("a/finding/f"), FS_APPEND_FL, true);
-     },
-     false, "failed after 0: it is locked", 4,
-     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding/f"), FS_APPEND_FL, false); }},
-    {"immutableFolder", "/a/finding",
-     [](const RemovalDisk& d) {
-         return mark(d.folder.hostPath("a/finding/in"), FS_IMMUTABLE_FL, true);
-     },
-     false, "failed after 1: it is locked", 3,
-     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding/in"), FS_IMMUTABLE_FL, false); }},
-    {"immutableParent", "/a/finding/f",
-     [](const RemovalDisk& d) {
-         return mark(d.folder.hostPath("a/finding"), FS_IMMUTABLE_FL, true);
-     },
-     false, "failed after 0: it is locked", 4,
-     [](const RemovalDisk& d) { mark(d.folder.hostPath("a/finding"), FS_IMMUTABLE_FL, false); }},
-    {"sticky", "/a/finding", [](const RemovalDisk& d) { return openForAll(d, "a", 01777); }, true,
-     "failed after 0: the folder that holds it may not be changed; ask its owner, or run this with "
-     "the rights to (permission denied)",
-     4},
-    {"stickyFile", "/a/finding/f",
-     [](const RemovalDisk& d) { return openForAll(d, "a/finding", 01777); }, true,
-     "failed after 0: the folder that holds it may not be changed; ask its owner, or run this with "
-     "the rights to (in this folder only its owner may remove it)",
-     4},
-    {"noPermission", "/a/finding/f", [](const RemovalDisk&) { return true; }, true,
-     "failed after 0: the folder that holds it may not be changed; ask its owner, or run this with "
-     "the rights to (permission denied)",
-     4},
-    {"unreadableInside", "/a/finding",
-     [](const RemovalDisk& d) {
-         return openForAll(d, "a", 0777) && openForAll(d, "a/finding", 0777) &&
-                openForAll(d, "a/finding/in", 0700);
-     },
-     true, "failed after 1: its folder cannot be read", 3},
-    {"unreadableOnTheWay", "/a/finding/f",
-     [](const RemovalDisk& d) { return openForAll(d, "a/finding", 0600); }, true,
-     "failed after 0: its folder cannot be read", 4},
-    {"readOnly", "/a/finding/in",
-     [](const RemovalDisk& d) {
-         const std::string place = d.folder.hostPath("a/finding");
-         return bindMount(place, place) && mount("none", place.c_str(), nullptr,
-                                                 MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) == 0;
-     },
-     false, "failed after 0: the volume is mounted read-only", 4},
-    {"otherFileSystemInside", "/a/finding",
-     [](const RemovalDisk& d) {
-         return mount("none", d.folder.hostPath("a/finding/in").c_str(), "tmpfs", 0, nullptr) == 0;
-     },
-     false, "failed after 1: another disk is mounted there", 3},
-    {"sameDeviceMountedInside", "/a/finding",
-     [](const RemovalDisk& d) {
-         return bindMount(d.folder.hostPath("victim"), d.folder.hostPath("a/finding/in"));
-     },
-     false, "failed after 1: another disk is mounted there", 3},
-    {"fileMountedInside", "/a/finding",
-     [](const RemovalDisk& d) {
-         return bindMount(d.folder.hostPath("victim/f"), d.folder.hostPath("a/finding/f"));
-     },
-     false, "failed after 2: another disk is mounted there", 2},
-    {"mountItself", "/a/finding",
-     [](const RemovalDisk& d) {
-         return bindMount(d.folder.hostPath("victim/in"), d.folder.hostPath("a/finding"));
-     },
-     false, "failed after 0: another disk is mounted there", 4},
-    {"homeMountedElsewhere", "/a/finding/in",
-     [](const RemovalDisk& d) {
-         return bindMount(d.folder.hostPath("Users"), d.folder.hostPath("a/finding")) &&
-                rename(d.folder.hostPath("Users/alice").c_str(),
-                       d.folder.hostPath("Users/in").c_str()) == 0;
-     },
-     false, "failed after 0: this folder is never removed", 4},
-    {"swap", "/a/finding/f",
-     [](const RemovalDisk& d) {
-         const std::string file = d.folder.hostPath("a/finding/f");
-         std::ofstream(file) << std::string(std::size_t{1} << 20, '\0');
-         return chmod(file.c_str(), 0600) == 0 &&
-                std::system(("mkswap " + file + " >/dev/null 2>&1").c_str()) == 0 &&
-                swapon(file.c_str(), 0) == 0;
-     },
-     false, "failed after 0: it is in use; close what uses it and try again (the system swaps", 4,
-     [](const RemovalDisk& d) { swapoff(d.folder.hostPath("a/finding/f").c_str()); }, false},
-    {"mountBesides", "/a/finding", // none of these is in the way
-     [](const RemovalDisk& d) { return bindMount(d.folder.hostPath("a"), d.folder.hostPath("a")); },
-     false, "removed 4", 0},
+    {"immutableFile", "/a/finding", "chattr +i $f", Root, 2, "failed after 2" + kLocked},
+    {"appendOnlyFile", "/a/finding/f", "chattr +a $f", Root, 4, "failed after 0" + kLocked},
+    {"immutableFolder", "/a/finding", "chattr +i $in", Root, 3, "failed after 1" + kLocked},
+    {"immutableParent", "/a/finding/f", "chattr +i $finding", Root, 4, "failed after 0" + kLocked},
+    {"sticky", "/a/finding", "chmod 1777 a", Nobody, 4, kNotAllowed + "(permission denied)"},
+    {"stickyFile", "/a/finding/f", "chmod 1777 $finding", Nobody, 4,
+     kNotAllowed + "(in this folder only its owner may remove it)"},
+    {"noPermission", "/a/finding/f", "true", Nobody, 4, kNotAllowed + "(permission denied)"},
+    {"unreadableInside", "/a/finding", "chmod 777 a $finding; chmod 700 $in", Nobody, 3,
+     "failed after 1" + kUnread},
+    {"unreadableOnTheWay", "/a/finding/f", "chmod 600 $finding", Nobody, 4,
+     "failed after 0" + kUnread},
+    {"readOnly", "/a/finding/in", "mount -B $finding $finding && mount -o remount,bind,ro $finding",
+     Root, 4, "failed after 0: the volume is mounted read-only"},
+    {"otherFileSystemInside", "/a/finding", "mount -t tmpfs none $in", Root, 3,
+     "failed after 1" + kMounted},
+    {"sameDeviceMountedInside", "/a/finding", "mount -B victim $in", Root, 3,
+     "failed after 1" + kMounted},
+    {"fileMountedInside", "/a/finding", "mount -B victim/f $f", Root, 2,
+     "failed after 2" + kMounted},
+    {"mountItself", "/a/finding", "mount -B victim/in $finding", Root, 4,
+     "failed after 0" + kMounted},
+    {"homeMountedElsewhere", "/a/finding/in", "mount -B Users $finding && mv Users/alice Users/in",
+     Root, 4, "failed after 0: this folder is never removed"},
+    {"swap", "/a/finding/f", "head -c 1M /dev/zero >$f && chmod 600 $f && mkswap $f && swapon $f",
+     Root, 4, "failed after 0: it is in use; close what uses it and try again (the system swaps",
+     false},
+    {"mountBesides", "/a/finding", "mount -B a a", Root, 0, "removed 4"}, // none is in the way
 };
 
 /// Why that row asks what no POSIX system has to tell; empty for the others.
@@ -229,22 +155,21 @@ TEST_P(ObstacleTest, IsToldForeseenAndLeavesTheRest)
     for (const char* path :
          {"a/finding/f", "a/finding/in/g", "victim/f", "victim/in/g", "Users/alice/f"})
         disk.folder.file(path);
-    openForAll(disk, "", 0755);
+    chmod(disk.folder.path().c_str(), 0755);
     const std::string answer = inChild([&] {
         if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr))
             return std::string(kSkipped) + "no mounts of its own";
-        if (!row.prepare(disk))
+        if (!shell(disk, row.prepare))
             return std::string(kSkipped) + "not possible on this file system";
         if (!openat2Known && !fails(SYS_openat2, ENOSYS))
             return std::string(kSkipped) + "no filter of system calls";
         constexpr unsigned kNobody = 65534;
-        if (row.asNobody && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
+        if (row.remover == Nobody && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
             return std::string(kSkipped) + "cannot become nobody";
         disk.volume = volumeAt(disk.folder, NameMatching::AsOnMac); // opened as what this now is
         return attempt(disk, disk.seen(row.path));
     });
-    if (row.undo)
-        row.undo(disk);
+    shell(disk, "swapoff $f; chattr -ia $f $in $finding");
     if (answer.starts_with(kSkipped))
         GTEST_SKIP() << answer;
     EXPECT_THAT(answer, StartsWith(row.told));
@@ -258,15 +183,19 @@ TEST_P(ObstacleTest, IsToldForeseenAndLeavesTheRest)
 }
 
 struct FailingCall {
-    unsigned call;
-    unsigned error;
-    std::optional<unsigned> third;
-    std::string told; ///< the beginning
+    unsigned call, error;
+    std::optional<unsigned> third; ///< only where its third argument is that
+    std::string told;              ///< the beginning
 };
 
 TEST(FailingCalls, AreToldAndNeverAsRemoved)
 {
     const std::string device = "the system reports an error; check the disk, then try again (";
+    const std::string kept = "failed after 0: the folder that holds it may not be changed";
+    const std::string untold =
+        "failed after 0: " + device + "which folders must stay cannot be told: ";
+    const bool confined = kernelConfinementOfRemoval() == KernelConfinement::Enforced;
+    const auto any = std::nullopt;
     const FailingCall rows[] = {
         // a folder that is never empty, however often it is emptied
         {SYS_unlinkat, ENOTEMPTY, AT_REMOVEDIR, "failed after 2: something keeps filling"},
@@ -274,33 +203,21 @@ TEST(FailingCalls, AreToldAndNeverAsRemoved)
         {SYS_unlinkat, EISDIR, 0, "failed after 0: its name or one in it is exchanged"},
         {SYS_unlinkat, EBUSY, 0, "failed after 0: it is in use; close what uses it"},
         {SYS_unlinkat, EIO, AT_REMOVEDIR, "failed after 2: " + device + "input/output error)"},
-        {SYS_unlinkat, EPERM, 0, "failed after 0: the folder that holds it may not be changed"},
+        {SYS_unlinkat, EPERM, 0, kept},
         {SYS_unlinkat, EACCES, 0,
-         kernelConfinementOfRemoval() == KernelConfinement::Enforced
-             ? "failed after 0: the system stopped a removal outside"
-             : "failed after 0: the folder that holds it may not be changed"},
+         confined ? "failed after 0: the system stopped a removal outside" : kept},
         {SYS_unlinkat, EROFS, 0, "failed after 0: the volume is mounted read-only"},
         // folders that cannot be read may be homes
-        {SYS_getdents64,
-         EIO,
-         {},
-         "failed after 0: " + device + "which folders must stay cannot be told: input/output"},
-        {SYS_openat2,
-         EMFILE,
-         {},
-         isPosixForm()
-             ? "removed 4"
-             : "failed after 0: " + device + "which folders must stay cannot be told: too many"},
-        {SYS_fsync, EIO, {}, "failed after 4: " + device + "input/output error)"},
-        {SYS_fsync, EINVAL, {}, "removed 4"}, // a file system that has nothing to sync
+        {SYS_getdents64, EIO, any, untold + "input/output"},
+        {SYS_openat2, EMFILE, any, isPosixForm() ? "removed 4" : untold + "too many"},
+        {SYS_fsync, EIO, any, "failed after 4: " + device + "input/output error)"},
+        {SYS_fsync, EINVAL, any, "removed 4"}, // a file system that has nothing to sync
         // the kernel's confinement, which it may refuse for reasons of its own
-        {SYS_landlock_restrict_self,
-         EPERM,
-         {},
-         kernelConfinementOfRemoval() == KernelConfinement::Enforced
+        {SYS_landlock_restrict_self, EPERM, any,
+         confined
              ? "removed 4; done without the kernel's confinement, which it refused: operation not"
              : "removed 4"},
-        {SYS_clone3, EAGAIN, {}, "failed after 0: " + device},
+        {SYS_clone3, EAGAIN, any, "failed after 0: " + device},
     };
     for (const FailingCall& row : rows) {
         const RemovalDisk disk;
@@ -342,7 +259,7 @@ TEST(ConfinedRemoval, EndsWhereAFolderLeavesTheVolume)
         const UniqueFd place(open((i % 2 ? inside : away).c_str(), O_PATH | O_CLOEXEC));
         mkdirat(place.get(), "finding", 0755);
         for (const char* name : {"finding/1", "finding/2", "finding/3", "finding/4"})
-            close(openat(place.get(), name, O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+            makeFile(place.get(), name);
         const auto result = disk.remove(RemovalDisk::stored("/lib/place/finding"));
         seen = result.obstacle == RemovalObstacle::Confined;
         EXPECT_NE(result.obstacle, RemovalObstacle::NotPermitted) << inWords(result);

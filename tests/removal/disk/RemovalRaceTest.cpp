@@ -55,11 +55,6 @@ bool exchange(int folder, const char* name, int otherFolder, const char* otherNa
     return renameat2(folder, name, otherFolder, otherName, RENAME_EXCHANGE) == 0 || errno == ENOENT;
 }
 
-void makeFile(int folder, const std::string& name)
-{
-    close(openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
-}
-
 /// Where the name is free; while names are exchanged it may not be.
 void makeLink(const char* target, int folder, const char* name)
 {

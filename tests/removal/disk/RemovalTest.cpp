@@ -5,7 +5,6 @@
 #include <atomic>
 #include <chrono>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
@@ -381,7 +380,7 @@ TEST(Removal, StopsBetweenTwoEntries)
     disk.folder.folder("all/wide");
     const UniqueFd wide(open(disk.folder.hostPath("all/wide").c_str(), O_PATH | O_CLOEXEC));
     for (int i = 0; i < files; ++i)
-        close(openat(wide.get(), std::to_string(i).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+        makeFile(wide.get(), std::to_string(i));
     std::vector<RemovalItem> items;
     for (const char* path : {"/all/1", "/all/wide", "/all/2", "/all/3"}) {
         disk.folder.plant(path);

@@ -16,27 +16,17 @@ namespace {
 using namespace test;
 namespace fs = std::filesystem;
 
-void makeFile(int folder, const std::string& name)
-{
-    close(openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
-}
-
 /// So many folders one inside the other, a file beside each thousandth.
 std::uint64_t makeDeep(const std::string& host, int levels)
 {
-    std::uint64_t entries = 1;
     mkdir(host.c_str(), 0755);
-    UniqueFd at(open(host.c_str(), O_PATH | O_CLOEXEC));
-    for (int level = 1; level < levels; ++level) {
-        if (level % 1'000 == 0) {
-            makeFile(at.get(), "file");
-            ++entries;
-        }
-        mkdirat(at.get(), "d", 0755);
-        at.reset(openat(at.get(), "d", O_PATH | O_CLOEXEC));
-        ++entries;
-    }
-    return entries;
+    const UniqueFd top(open(host.c_str(), O_RDONLY | O_CLOEXEC));
+    std::uint64_t entries = 1;
+    growChain(top.get(), "d", levels - 1, [&](int folder) {
+        if (++entries % 1'000 == 0)
+            makeFile(folder, "file");
+    });
+    return entries + entries / 1'000;
 }
 
 /// So many entries in one folder, every fourth a folder.
@@ -102,50 +92,13 @@ TEST_P(HostileShapes, GoWithLittleMemoryAndFewDescriptors)
     EXPECT_FALSE(disk.folder.contains("a/finding"));
 }
 
-/// A tree of anything with names of any bytes: files with holes, hard links, links to anywhere,
-/// FIFOs, nested folders.
-void makeAnything(const RemovalDisk& disk, const std::string& top, std::mt19937& random)
-{
-    std::vector<std::string> folders = {top};
-    disk.folder.folder(top);
-    for (int i = 0; i < 40; ++i) {
-        std::string path = folders[random() % folders.size()] + "/e" + std::to_string(i);
-        for (auto bytes = random() % 60; bytes > 0; --bytes)
-            if (const char byte = static_cast<char>(random()); byte != '\0' && byte != '/')
-                path += byte;
-        const std::string host = disk.folder.hostPath(path);
-        switch (random() % 6) {
-        case 0:
-        case 1:
-            disk.folder.folder(path);
-            folders.push_back(path);
-            break;
-        case 2:
-            disk.folder.file(path, std::string(random() % 20'000, 'x'));
-            break;
-        case 3:
-            disk.folder.file(path);
-            fs::resize_file(host, 5'000'000);
-            break;
-        case 4:
-            disk.folder.link(path, random() % 2 ? "/kept" : "../../kept/file");
-            break;
-        default:
-            if (random() % 2)
-                mkfifo(host.c_str(), 0644);
-            else
-                fs::create_hard_link(disk.folder.hostPath("kept/file"), host);
-        }
-    }
-}
-
 TEST(RemovalPlan, TellsWhatTheRemovalThenDoes)
 {
     for (unsigned seed = 1; seed <= 25; ++seed) {
         const RemovalDisk disk;
         std::mt19937 random(seed);
         disk.folder.file("kept/file", std::string(9'000, 'x'));
-        makeAnything(disk, "a/finding", random);
+        growTree(disk.folder, "a/finding", random, 40);
         const auto scope = seed % 3 ? RemovalScope::Item : RemovalScope::ContentsOf;
         const RemovalItem item = disk.seen("/a/finding", scope);
         const std::string before = treeBelow(disk.folder.path());

@@ -37,9 +37,8 @@ TEST(DeepWalk, TellsWhatANaiveWalkTellsInTheSameOrderOnAnyNumberOfThreads)
     for (int round = 0; round < 8; ++round) {
         const TemporaryFolder folder;
         // The host's names are none of the walk's business.
-        const std::string host = folder.hostPath("Sabpab/Users/alice/de Amac");
-        folder.folder("Sabpab/Users/alice/de Amac");
-        growRandomTree(host, random, round == 0 ? 8'000 : 40 * round * round);
+        const std::string top = "Sabpab/Users/alice/de Amac", host = folder.hostPath(top);
+        growTree(folder, top, random, round == 0 ? 8'000 : 40 * round * round);
         const Expected expected = expectedWalk(host, kHome);
 
         for (const unsigned threads : {1u, 2u, 8u}) {
@@ -139,7 +138,7 @@ TEST(DeepWalk, StopsAtTheNextEntry)
 {
     const TemporaryFolder folder;
     std::mt19937 random(5);
-    growRandomTree(folder.path(), random, 2'000);
+    growTree(folder, "", random, 2'000);
     const OpenRoot root(folder.path(), kHome);
     const auto stopAfter = [](ScanState& state, RecordingWalk& walk, std::size_t events) {
         walk.onEvent = [&state, &walk, events] {
@@ -170,7 +169,7 @@ TEST(DeepWalk, StopsFromAnotherThreadAtAnyMoment)
 {
     const TemporaryFolder folder;
     std::mt19937 random(6);
-    growRandomTree(folder.path(), random, 6'000);
+    growTree(folder, "", random, 6'000);
     const OpenRoot root(folder.path(), kHome);
     ScanState unstopped;
     RecordingWalk everything;

@@ -1,10 +1,12 @@
 #include "scan/walker/WalkFixtures.h"
 #include "support/HostForm.h"
 #include "support/RemovalFixtures.h"
+#include "support/ReportFixtures.h"
 
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <set>
@@ -38,7 +40,7 @@ std::unique_ptr<Found> scanned(const std::string& host, unsigned threads = 8)
 /// Removes a tree that is too deep for the folder's own destructor.
 struct DeepTree {
     TemporaryFolder folder;
-    ~DeepTree() { removeDeepTree(folder.path()); }
+    ~DeepTree() { EXPECT_EQ(std::system(("rm -rf '" + folder.path() + "'").c_str()), 0); }
 };
 
 } // namespace
@@ -51,7 +53,7 @@ TEST(HostileTrees, VeryManyNestedFolders)
     } rows[] = {{"d", sizeAsked("PRYVANE_DEEP", 10'000)}, {std::string(255, '\xfe'), 3'000}};
     for (const auto& [name, depth] : rows) {
         const DeepTree tree;
-        growChain(tree.folder.path(), name, depth, "Sabpab");
+        makeFile(growChain(openedFolder(tree.folder).get(), name, depth).get(), "Sabpab");
         const auto found = scanned(tree.folder.path());
         EXPECT_EQ(found->state.totalCount, depth + 1);
         const auto matches = found->walk.only("match");
@@ -66,20 +68,14 @@ TEST(HostileTrees, VeryManyNestedFolders)
 TEST(HostileTrees, ComesBackToFoldersItHadToClose)
 {
     const DeepTree tree;
-    int at = open(tree.folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     constexpr int kDepth = 2'000;
+    UniqueFd at = openedFolder(tree.folder);
     for (int level = 0; level < kDepth; ++level) {
-        for (const char* name : {"a", "b"}) {
-            ASSERT_EQ(mkdirat(at, name, 0755), 0);
-            const int below = openat(at, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-            close(openat(below, "Sabpab", O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
-            close(below);
-        }
-        const int next = openat(at, level % 3 ? "a" : "b", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        close(at);
-        at = next;
+        UniqueFd a = growChain(at.get(), "a", 1), b = growChain(at.get(), "b", 1);
+        makeFile(a.get(), "Sabpab");
+        makeFile(b.get(), "Sabpab");
+        at = std::move(level % 3 ? a : b);
     }
-    close(at);
     const auto one = scanned(tree.folder.path(), 1);
     EXPECT_EQ(one->walk.only("match").size(), 2u * kDepth);
     EXPECT_EQ(one->outcome.refusals, 0);
@@ -91,15 +87,14 @@ TEST(HostileTrees, VeryManyEntriesInOneFolder)
 {
     const DeepTree tree;
     const int width = sizeAsked("PRYVANE_WIDE", 20'000);
-    const int at = open(tree.folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const UniqueFd at = openedFolder(tree.folder);
     for (int i = 0; i < width; ++i) {
         const std::string name = (i % 1'000 == 0 ? "Sabpab" : "entry") + std::to_string(i);
         if (i % 8 == 0)
-            ASSERT_EQ(mkdirat(at, name.c_str(), 0755), 0);
+            ASSERT_EQ(mkdirat(at.get(), name.c_str(), 0755), 0);
         else
-            close(openat(at, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+            makeFile(at.get(), name);
     }
-    close(at);
     tree.folder.file("Sabpab0/x");
     const auto found = scanned(tree.folder.path());
     EXPECT_EQ(found->state.totalCount, width + 1);
@@ -114,12 +109,7 @@ TEST(HostileTrees, AnyBytesInNames)
     std::mt19937 random(3);
     std::set<std::string> planted;
     for (int i = 0; i < 5'000; ++i) {
-        std::string name(1 + random() % 200, '\0');
-        for (char& byte : name) {
-            do
-                byte = static_cast<char>(random() % 256);
-            while (byte == '\0' || byte == '/');
-        }
+        const std::string name = randomName(random).substr(0, 200);
         const std::string path = "x" + name + (i % 2 ? "/Sabpab" : "Sabpab" + name.substr(0, 40));
         folder.file(path, "");
         planted.insert("match " + (kHome + path));
@@ -174,7 +164,7 @@ TEST(HostileTrees, ChangingDuringTheWalk)
 TEST(HostileTrees, MovedWhileTheWalkIsBelow)
 {
     const DeepTree tree;
-    growChain(tree.folder.path(), "d", 300, "Sabpab");
+    makeFile(growChain(openedFolder(tree.folder).get(), "d", 300).get(), "Sabpab");
     tree.folder.file("d/d/d/z/Sabpab");
     tree.folder.file("d/z/Sabpab");
     const OpenRoot root(tree.folder.path(), kHome);

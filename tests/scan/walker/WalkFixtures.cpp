@@ -3,10 +3,8 @@
 #include "signatures/Catalogue.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
-#include <filesystem>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -130,58 +128,6 @@ Expected expectedWalk(const std::string& hostFolder, const std::string& path)
     count(hostFolder, expected);
     scan(hostFolder, path, expected);
     return expected;
-}
-
-void growRandomTree(const std::string& hostFolder, std::mt19937& random, int entries)
-{
-    static const std::vector<std::string> names = {
-        "Library",     "LaunchAgents", ".hidden",  "Some.framework", "OSX",
-        "CoinThief",   "Amac",         "de",       "Contents",       "com.apple.pixel.plist",
-        "Preferences", ".Sabpab",      "Sabpab",   "plain",          "Applications",
-        "Genieo",      "a b\n\xff",    "BlackHole"};
-    const auto below = [&](std::size_t limit) {
-        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
-    };
-    std::vector<std::string> folders = {hostFolder};
-    for (int i = 0; i < entries; ++i) {
-        std::string name = names[below(names.size())];
-        if (below(3) == 0)
-            name += std::to_string(i);
-        const std::string path = folders[below(folders.size())] + "/" + name;
-        const std::size_t kind = below(20);
-        if (kind < 8) {
-            if (path.size() < 1500 && mkdir(path.c_str(), 0755) == 0)
-                folders.push_back(path);
-        } else if (kind < 18) {
-            close(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
-        } else if (kind == 18) {
-            std::error_code ignored;
-            std::filesystem::create_symlink(below(2) ? hostFolder : "nowhere", path, ignored);
-        } else {
-            static_cast<void>(mkfifo(path.c_str(), 0644));
-        }
-    }
-}
-
-void growChain(const std::string& hostFolder, const std::string& name, int depth,
-               const std::string& file)
-{
-    int at = open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    for (int i = 0; i < depth; ++i) {
-        if (mkdirat(at, name.c_str(), 0755) != 0)
-            throw std::runtime_error("cannot nest folders so deep");
-        const int next = openat(at, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        close(at);
-        at = next;
-    }
-    close(openat(at, file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
-    close(at);
-}
-
-void removeDeepTree(const std::string& hostFolder)
-{
-    if (std::system(("rm -rf '" + hostFolder + "'").c_str()) != 0)
-        throw std::runtime_error("cannot remove " + hostFolder);
 }
 
 } // namespace pryvane::test

@@ -3,10 +3,9 @@
 #include "findings/ScanState.h"
 #include "scan/walker/DeepWalk.h"
 #include "signatures/PatternAutomaton.h"
-#include "support/TemporaryFolder.h"
+#include "support/Volumes.h"
 
 #include <functional>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -67,16 +66,5 @@ struct Expected {
     std::int64_t walked = 0;
 };
 [[nodiscard]] Expected expectedWalk(const std::string& hostFolder, const std::string& path);
-
-/// Fills the folder with nested folders and files of names that tempt a walk: hidden, frameworks,
-/// parts of the list, links to anywhere, pipes.
-void growRandomTree(const std::string& hostFolder, std::mt19937& random, int entries);
-
-/// Makes a chain of nested folders of that name and, in the last, a file.
-void growChain(const std::string& hostFolder, const std::string& name, int depth,
-               const std::string& file);
-
-/// Removes what std::filesystem is not up to.
-void removeDeepTree(const std::string& hostFolder);
 
 } // namespace pryvane::test

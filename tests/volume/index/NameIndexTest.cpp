@@ -1,3 +1,4 @@
+#include "support/Volumes.h"
 #include "volume/index/IndexFileSystem.h"
 
 #include <gmock/gmock.h>
@@ -7,15 +8,10 @@ namespace pryvane {
 
 namespace {
 
+using test::at;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 using Node = NameIndex::Node;
-
-FileURL at(std::string_view path)
-{
-    return FileURL::fileURLWithPath(path);
-}
 
 /// A small disk; tests add what they are about.
 struct Disk {
@@ -58,6 +54,13 @@ struct Disk {
     NameIndexBuilder builder;
 };
 
+/// Has each of the paths answer like that.
+void expectAll(IndexFileSystem& disk, Presence presence, std::initializer_list<const char*> paths)
+{
+    for (const char* path : paths)
+        EXPECT_EQ(disk.presence(at(path)), presence) << path;
+}
+
 std::vector<std::string> namesOf(const FolderListing& listing)
 {
     std::vector<std::string> names;
@@ -85,30 +88,14 @@ TEST(NameIndex, ResolvesAsAMacsDiskDoes)
     disk.link("/Users/alice/rel", "Library");
     auto opened = disk.opened();
 
-    struct Row {
-        const char* path;
-        Presence presence;
-    };
-    for (const Row& row : {
-             Row{"/Users/alice/Library/Foo.plist", Presence::Present},
-             Row{"/users/ALICE/library/foo.PLIST", Presence::Present},
-             Row{"Users/alice/./Library//Foo.plist", Presence::Present},
-             Row{"/Users/alice/Library/Foo.plist/", Presence::Absent},
-             Row{"/Users/alice/Library/Foo.plist/x", Presence::Absent},
-             Row{"/Users/alice/Library/cafe\xcc\x81/", Presence::Present},
-             Row{"/Users/alice/Library/\xff\xfe\n|", Presence::Present},
-             Row{"/Users/alice/Library/\xff\xfe\n", Presence::Absent},
-             Row{"/Users/alice/../../../Users", Presence::Present},
-             Row{"/tmp/.x", Presence::Present},
-             Row{"/abs/Library/", Presence::Present},
-             Row{"/abs/rel/Foo.plist", Presence::Present},
-             Row{"/up", Presence::Present},
-             Row{"/dangling", Presence::Absent},
-             Row{"/loop", Presence::Absent},
-             Row{"", Presence::Absent},
-         }) {
-        EXPECT_EQ(opened.presence(at(row.path)), row.presence) << row.path;
-    }
+    expectAll(opened, Presence::Present,
+              {"/Users/alice/Library/Foo.plist", "/users/ALICE/library/foo.PLIST",
+               "Users/alice/./Library//Foo.plist", "/Users/alice/Library/cafe\xcc\x81/",
+               "/Users/alice/Library/\xff\xfe\n|", "/Users/alice/../../../Users", "/tmp/.x",
+               "/abs/Library/", "/abs/rel/Foo.plist", "/up"});
+    expectAll(opened, Presence::Absent,
+              {"/Users/alice/Library/Foo.plist/", "/Users/alice/Library/Foo.plist/x",
+               "/Users/alice/Library/\xff\xfe\n", "/dangling", "/loop", ""});
     EXPECT_EQ(opened.kind(at("/abs")), FileKind::SymbolicLink);
     EXPECT_EQ(opened.kind(at("/abs/")), FileKind::SymbolicLink);
     EXPECT_EQ(opened.allocatedSize(at("/Users")), 1024);
@@ -140,26 +127,13 @@ TEST(NameIndex, SaysUnknownOfWhatAListDoesNotHold)
     disk.names->setFolder(disk.add("/Users", FileKind::Folder, 0, false));
     auto opened = disk.opened(NameCover::AsListed, 6);
 
-    struct Row {
-        const char* path;
-        Presence presence;
-    };
-    for (const Row& row : {
-             Row{"/Library", Presence::Unknown},
-             Row{"/Library/x", Presence::Unknown},
-             Row{"/Users/bob", Presence::Unknown},
-             Row{"/Users/alice/x", Presence::Absent},
-             Row{"/Users/alice/Empty/x", Presence::Absent},
-             Row{"/Users/alice/Either/x", Presence::Absent},
-             Row{"/Users/alice/Either", Presence::Present},
-             Row{"/Users/alice/Either/", Presence::Unknown},
-             Row{"/Users/alice/Documents/x", Presence::Unknown},
-             Row{"/Users/alice/Documents/a/b/End/x", Presence::Unknown},
-             Row{"/Users/alice/Gap/x", Presence::Unknown},
-             Row{"/Users/alice/link", Presence::Unknown},
-         }) {
-        EXPECT_EQ(opened.presence(at(row.path)), row.presence) << row.path;
-    }
+    expectAll(opened, Presence::Unknown,
+              {"/Library", "/Library/x", "/Users/bob", "/Users/alice/Either/",
+               "/Users/alice/Documents/x", "/Users/alice/Documents/a/b/End/x", "/Users/alice/Gap/x",
+               "/Users/alice/link"});
+    expectAll(opened, Presence::Absent,
+              {"/Users/alice/x", "/Users/alice/Empty/x", "/Users/alice/Either/x"});
+    expectAll(opened, Presence::Present, {"/Users/alice/Either"});
     EXPECT_EQ(opened.list(at("/Users/alice")).status, ListStatus::Listed);
     EXPECT_EQ(opened.list(at("/Users")).status, ListStatus::Refused);
     EXPECT_THAT(namesOf(opened.list(at("/Users"))), ElementsAre("alice"));

@@ -1,9 +1,8 @@
-#include "support/TemporaryFolder.h"
+#include "support/Volumes.h"
 #include "volume/listing/ListingFormat.h"
 #include "volume/listing/ListingReader.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sstream>
 #include <thread>
@@ -12,14 +11,9 @@ namespace pryvane {
 
 namespace {
 
+using test::at;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-
-FileURL at(std::string_view path)
-{
-    return FileURL::fileURLWithPath(path);
-}
 
 struct ListingTest : testing::Test {
     Result<std::unique_ptr<IndexFileSystem>> read(std::string_view text, std::string prefix = {})
@@ -240,19 +234,14 @@ TEST_F(ListingTest, TakesNothingDeletedForPresentAndNothingUnreadForAbsent)
              line("/Users/a/gone/x (deleted)", "r/r") + line("/Users/a/again (deleted)", "r/r") +
              line("/Users/a/again", "r/r") + "# not all read: /Users/a/closed\n");
     ASSERT_TRUE(disk.ok()) << disk.error().message;
-    const struct {
-        const char* path;
-        Presence presence;
-    } rows[] = {
-        {"/Users/a/old", Presence::Absent},     {"/Users/a/old/x", Presence::Absent},
-        {"/Users/a/back", Presence::Present},   {"/Users/a/back/x", Presence::Absent},
-        {"/Users/a/back/y", Presence::Present}, {"/Users/a/gone", Presence::Absent},
-        {"/Users/a/gone/x", Presence::Absent},  {"/Users/a/again", Presence::Present},
-        {"/Users/a/closed", Presence::Present}, {"/Users/a/closed/x", Presence::Unknown},
-        {"/Users/a/missing", Presence::Absent},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ((*disk)->presence(at(row.path)), row.presence) << row.path;
+    using enum Presence;
+    const std::map<const char*, Presence> rows{
+        {"/Users/a/old", Absent},       {"/Users/a/old/x", Absent},   {"/Users/a/back", Present},
+        {"/Users/a/back/x", Absent},    {"/Users/a/back/y", Present}, {"/Users/a/gone", Absent},
+        {"/Users/a/gone/x", Absent},    {"/Users/a/again", Present},  {"/Users/a/closed", Present},
+        {"/Users/a/closed/x", Unknown}, {"/Users/a/missing", Absent}};
+    for (const auto& [path, presence] : rows)
+        EXPECT_EQ((*disk)->presence(at(path)), presence) << path;
     EXPECT_THAT(
         (*disk)->names()->deletedPaths(10),
         ElementsAre("/Users/a/old/x", "/Users/a/back/x", "/Users/a/gone", "/Users/a/gone/x"));
@@ -266,28 +255,20 @@ TEST_F(ListingTest, TakesNothingDeletedForPresentAndNothingUnreadForAbsent)
 
 TEST_F(ListingTest, IsToldFromAnImageByItsBeginning)
 {
-    const struct {
-        std::string text;
-        bool isList;
-    } rows[] = {
-        {"/Users\n/Library\n", true},        {"./Users\0./Users/a\0"s, true},
-        {"0|/|2|d/d|0|0|0|0|0|0|0\n", true}, {std::string(65'000, '\0'), false},
-        {"EVF\t\r\n\xff\0\1"s, false},       {"NXSB\0\0"s, false},
-        {"no disk at all\n", false},         {"", false},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(beginsLikeListing(row.text), row.isList) << row.text.substr(0, 20);
+    for (const auto& list :
+         {"/Users\n/Library\n"s, "./Users\0./Users/a\0"s, "0|/|2|d/d|0|0|0|0|0|0|0\n"s})
+        EXPECT_TRUE(beginsLikeListing(list)) << list;
+    for (const auto& other :
+         {std::string(65'000, '\0'), "EVF\t\r\n\xff\0\1"s, "NXSB\0\0"s, "no disk at all\n"s, ""s})
+        EXPECT_FALSE(beginsLikeListing(other)) << other.substr(0, 20);
 }
 
 TEST_F(ListingTest, ReadsWhatComesInPiecesOfAnySize)
 {
     std::string text = "/\n/Users\n";
-    const std::string longPath = "/Users/" + std::string(200, 'x') + [] {
-        std::string rest;
-        for (int i = 0; i < 40; ++i)
-            rest += "/" + std::string(249, 'n');
-        return rest;
-    }();
+    std::string longPath = "/Users/" + std::string(200, 'x');
+    for (int i = 0; i < 40; ++i)
+        longPath += "/" + std::string(249, 'n');
     text += longPath + "\n";
     for (int i = 0; i < 40'000; ++i)
         text += "/Users/alice/some folder/file number " + std::to_string(i) + "\n";
