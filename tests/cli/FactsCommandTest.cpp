@@ -28,24 +28,16 @@ protected:
         permissions("/Users/alice" + kTcc, "('kTCCServiceScreenCapture','com.a\x1b[31m',0,0,2)");
         permissions("/private/homes/carol" + kTcc, "('kTCCServiceListenEvent','/opt/gone',1,2,3)");
         volume.file("/opt/.x/seen");
-        volume.file(
-            "/private/var/db/dslocal/nodes/Default/users/carol.plist",
-            xmlOf(element("dict",
-                          entry("name", element("array", string("carol"))) +
-                              entry("uid", element("array", string("502"))) +
-                              entry("home", element("array", string("/private/homes/carol"))))));
-        job("/Users/alice/Library/LaunchAgents/a.plist", "agent", "/tmp/.x/run");
+        volume.file("/private/var/db/dslocal/nodes/Default/users/carol.plist",
+                    dict({{"name", list({"carol"})},
+                          {"uid", list({"502"})},
+                          {"home", list({"/private/homes/carol"})}})
+                        .xml());
+        volume.file("/Users/alice/Library/LaunchAgents/a.plist", jobOf("agent", "/tmp/.x/run"));
     }
     void permissions(const std::string& path, const std::string& rows) const
     {
-        volume.file(path, databaseOf("CREATE TABLE access (service,client,client_type,auth_value,"
-                                     "auth_reason); INSERT INTO access VALUES " +
-                                     rows));
-    }
-    void job(const std::string& path, const std::string& label, const std::string& program) const
-    {
-        volume.file(path, xmlOf(element("dict", entry("Label", string(label)) +
-                                                    entry("Program", string(program)))));
+        volume.file(path, permissionsOf("VALUES " + rows));
     }
     Outcome facts(std::vector<std::string> source, const std::string& kind = "permissions",
                   const std::string& format = "json")

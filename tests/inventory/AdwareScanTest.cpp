@@ -1,6 +1,6 @@
 // The inventory of a planted disk, and of disks that want to hurt whoever lists them.
 #include "support/CleanerFixture.h"
-#include "support/ForwardingDisk.h"
+#include "support/WatchedDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -95,17 +95,6 @@ TEST_F(AdwareScanTest, ChromeListsProfilesThatTheCacheNamesWithSizes)
 
 TEST_F(AdwareScanTest, LinksMultiplyNeitherReadingNorEntriesWithoutBound)
 {
-    // A manifest is read once for all links to its folder, and so are the messages.
-    class CountingDisk final : public ForwardingDisk {
-    public:
-        using ForwardingDisk::ForwardingDisk;
-        Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
-        {
-            ++files;
-            return m_disk.readSmallFile(url, limit);
-        }
-        int files = 0;
-    };
     localState(R"("Default":{"name":"Alice"},"Again":{"name":"Bob"})");
     const std::string folder = extension("Default", "real", "__MSG_a__");
     volume.file(folder + "/_locales/en/messages.json", R"({"a":{"message":"Named"}})");
@@ -118,13 +107,19 @@ TEST_F(AdwareScanTest, LinksMultiplyNeitherReadingNorEntriesWithoutBound)
     }
     volume.file(kFirefoxFolder + "/real/extensions.json",
                 R"({"addons":[{"path":"/x","version":"1","defaultLocale":{"name":"One"}}]})");
-    CountingDisk counting(disk());
-    const CleanerServices counted{counting, services().sizes};
-    const AdwareScan scan(counted, "alice", stop);
+    // A manifest is read once for all links to its folder, and so are the messages.
+    WatchedDisk watched(disk());
+    const AdwareScan scan({watched, services().sizes}, "alice", stop);
+    const auto filesRead = [&] {
+        int files = 0;
+        for (const auto& [path, times] : watched.read)
+            files += times;
+        return files;
+    };
     EXPECT_EQ(scan.chromeExtensions().size(), 2U * 21 * 21);
-    EXPECT_EQ(counting.files, 3); // the list of profiles, the manifest, the messages
+    EXPECT_EQ(filesRead(), 3); // the list of profiles, the manifest, the messages
     EXPECT_EQ(scan.firefoxAddOns().size(), 1U);
-    EXPECT_EQ(counting.files, 4);
+    EXPECT_EQ(filesRead(), 4);
     EXPECT_TRUE(scan.whole());
 
     const FileURL profile = FileURL::fileURLWithPath(kChromeFolder + "/Default");

@@ -2,7 +2,6 @@
 
 #include "signatures/Catalogue.h"
 
-#include <algorithm>
 #include <ostream>
 
 namespace pryvane::test {
@@ -51,19 +50,6 @@ std::vector<std::string> RecordingSink::paths() const
     for (const Call& call : calls)
         paths.push_back(call.url.relativePath());
     return paths;
-}
-
-Presence RefusingDisk::presence(const FileURL& url)
-{
-    return std::ranges::count(untestable, url.absolutePath()) ? Presence::Unknown
-                                                              : m_disk.presence(url);
-}
-
-FolderListing RefusingDisk::list(const FileURL& folder)
-{
-    if (std::ranges::count(unlistable, folder.absolutePath()))
-        return {ListStatus::Refused, {}, "permission denied"};
-    return m_disk.list(folder);
 }
 
 namespace {

@@ -4,7 +4,6 @@
 #include "platform/FileSystem.h"
 #include "signatures/CheckRunner.h"
 #include "store/MemoryUserDefaults.h"
-#include "support/ForwardingDisk.h"
 #include "support/TemporaryFolder.h"
 #include "volume/VolumeFileSystem.h"
 
@@ -61,18 +60,6 @@ public:
 private:
     FileSystem& m_disk;
     std::set<std::string> m_listed; ///< absolute forms
-};
-
-/// Answers for a disk, except where the test says that it could not tell.
-class RefusingDisk final : public ForwardingDisk {
-public:
-    using ForwardingDisk::ForwardingDisk;
-
-    std::vector<std::string> untestable; ///< absolute forms
-    std::vector<std::string> unlistable;
-
-    Presence presence(const FileURL& url) override;
-    FolderListing list(const FileURL& folder) override;
 };
 
 /// One scan's worth of signatures over a disk, without a session.

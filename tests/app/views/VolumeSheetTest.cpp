@@ -2,7 +2,6 @@
 #include "app/views/VolumeSheet.h"
 
 #include "app/views/OpeningWindow.h"
-#include "ui/Theme.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -155,11 +154,3 @@ TEST(OpeningWindow, AsksForThePasswordOnlyOfADiskThatIsLocked)
 } // namespace
 
 } // namespace pryvane::test
-
-int main(int argc, char** argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    pryvane::ui::applyTheme(application);
-    return RUN_ALL_TESTS();
-}

@@ -5,11 +5,12 @@
 #include <sqlite3.h>
 
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-/// Files as a Mac writes them, made from SQL and XML.
+/// Files as a Mac writes them: databases made from SQL, property lists from values.
 namespace pryvane::test {
 
 /// The bytes of a database that these statements make.
@@ -29,138 +30,119 @@ namespace pryvane::test {
     return made;
 }
 
-/// The elements as a property list in XML.
-[[nodiscard]] inline std::string xmlOf(const std::string& elements)
+/// A database of permissions with those rows, each "(service,client,client_type,value,reason)".
+[[nodiscard]] inline std::string permissionsOf(const std::string& rows)
 {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + elements +
-           "</plist>";
+    return databaseOf("CREATE TABLE access (service,client,client_type,auth_value,auth_reason); "
+                      "INSERT INTO access " +
+                      rows);
 }
 
-/// Turns each dictionary of "CF$UID" alone into what refers to an object in the binary form.
-inline void makeReferences(plist_t list)
-{
-    const auto referenceIn = [](plist_t item) -> plist_t {
-        plist_t number = plist_dict_get_item(item, "CF$UID");
-        if (plist_get_node_type(item) != PLIST_DICT || plist_dict_get_size(item) != 1 || !number)
-            return nullptr;
-        std::uint64_t value = 0;
-        plist_get_uint_val(number, &value);
-        return plist_new_uid(value);
-    };
-    if (plist_get_node_type(list) == PLIST_ARRAY) {
-        for (std::uint32_t i = 0; i < plist_array_get_size(list); ++i) {
-            plist_t item = plist_array_get_item(list, i);
-            if (plist_t made = referenceIn(item))
-                plist_array_set_item(list, made, i);
-            else
-                makeReferences(item);
-        }
-    } else if (plist_get_node_type(list) == PLIST_DICT) {
-        std::vector<std::pair<std::string, plist_t>> entries;
-        plist_dict_iter next = nullptr;
-        plist_dict_new_iter(list, &next);
-        char* key = nullptr;
-        plist_t item = nullptr;
-        for (plist_dict_next_item(list, next, &key, &item); item;
-             plist_dict_next_item(list, next, &key, &item)) {
-            entries.emplace_back(key, item);
-            std::free(key);
-        }
-        std::free(next);
-        for (const auto& [name, value] : entries) {
-            if (plist_t made = referenceIn(value))
-                plist_dict_set_item(list, name.c_str(), made);
-            else
-                makeReferences(value);
-        }
+/// A value of a property list; the lists are written by another implementation.
+class Plist {
+public:
+    using Entries = std::vector<std::pair<std::string, Plist>>;
+
+    Plist(const std::string& text) : Plist(plist_new_string(text.c_str())) {}
+    Plist(const char* text) : Plist(plist_new_string(text)) {}
+    Plist(bool value) : Plist(plist_new_bool(value)) {}
+    Plist(int number) : Plist(plist_new_uint(static_cast<std::uint64_t>(number))) {}
+
+    [[nodiscard]] static Plist data(const std::string& bytes)
+    {
+        return Plist(plist_new_data(bytes.data(), bytes.size()));
     }
+    /// What refers to an object of a keyed archive.
+    [[nodiscard]] static Plist reference(std::size_t number)
+    {
+        return Plist(plist_new_uid(number));
+    }
+    [[nodiscard]] static Plist list(const std::vector<Plist>& values)
+    {
+        Plist made(plist_new_array());
+        for (const Plist& value : values)
+            plist_array_append_item(made.m_node.get(), plist_copy(value.m_node.get()));
+        return made;
+    }
+    [[nodiscard]] static Plist dictionary(const Entries& entries)
+    {
+        Plist made(plist_new_dict());
+        for (const auto& [key, value] : entries)
+            plist_dict_set_item(made.m_node.get(), key.c_str(), plist_copy(value.m_node.get()));
+        return made;
+    }
+
+    [[nodiscard]] std::string xml() const { return written(plist_to_xml); }
+    [[nodiscard]] std::string binary() const { return written(plist_to_bin); }
+
+private:
+    explicit Plist(plist_t node) : m_node(node, plist_free) {}
+
+    template <typename Writer>
+    [[nodiscard]] std::string written(Writer writer) const
+    {
+        char* bytes = nullptr;
+        std::uint32_t size = 0;
+        writer(m_node.get(), &bytes, &size);
+        const std::unique_ptr<char, decltype(&std::free)> owner(bytes, &std::free);
+        return {bytes, size};
+    }
+
+    std::shared_ptr<void> m_node;
+};
+
+[[nodiscard]] inline Plist dict(const Plist::Entries& entries)
+{
+    return Plist::dictionary(entries);
+}
+[[nodiscard]] inline Plist list(const std::vector<Plist>& values)
+{
+    return Plist::list(values);
 }
 
-/// The same in the binary form.
-[[nodiscard]] inline std::string binaryOf(const std::string& elements)
+/// The file of a job that starts by itself.
+[[nodiscard]] inline std::string jobOf(const std::string& label, const std::string& program,
+                                       bool disabled = false)
 {
-    const std::string xml = xmlOf(elements);
-    plist_t list = nullptr;
-    plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &list);
-    EXPECT_NE(list, nullptr) << elements;
-    makeReferences(list);
-    char* bytes = nullptr;
-    std::uint32_t size = 0;
-    plist_to_bin(list, &bytes, &size);
-    const std::string made(bytes, size);
-    plist_to_bin_free(bytes);
-    plist_free(list);
-    return made;
+    Plist::Entries entries{{"Label", label}, {"Program", program}};
+    if (disabled)
+        entries.emplace_back("Disabled", true);
+    return dict(entries).xml();
 }
 
-[[nodiscard]] inline std::string element(const std::string& name, const std::string& content)
-{
-    return "<" + name + ">" + content + "</" + name + ">";
-}
-[[nodiscard]] inline std::string entry(const std::string& key, const std::string& value)
-{
-    return element("key", key) + value;
-}
-[[nodiscard]] inline std::string string(const std::string& text)
-{
-    return element("string", text);
-}
-[[nodiscard]] inline std::string integer(long long number)
-{
-    return element("integer", std::to_string(number));
-}
-[[nodiscard]] inline std::string reference(std::size_t number)
-{
-    return element("dict", entry("CF$UID", integer(static_cast<long long>(number))));
-}
-
-/// A keyed archive, object by object.
+/// A keyed archive, object by object. Each add() gives the reference to the object.
 class Archive {
 public:
-    /// Adds an object and gives the reference to it.
-    std::string add(const std::string& object)
+    Plist add(const Plist& object)
     {
         m_objects.push_back(object);
-        return reference(m_objects.size() - 1);
+        return Plist::reference(m_objects.size() - 1);
     }
-    std::string addText(const std::string& text) { return add(string(text)); }
-    std::string addList(const std::vector<std::string>& references)
+    Plist addList(const std::vector<Plist>& references)
     {
-        std::string all;
-        for (const std::string& each : references)
-            all += each;
-        return add(element("dict", entry("NS.objects", element("array", all))));
+        return add(dict({{"NS.objects", list(references)}}));
     }
-    std::string addDictionary(const std::vector<std::pair<std::string, std::string>>& entries)
+    Plist addDictionary(const Plist::Entries& entries)
     {
-        std::string keys;
-        std::string values;
+        std::vector<Plist> keys, values;
         for (const auto& [key, value] : entries) {
-            keys += addText(key);
-            values += value;
+            keys.push_back(add(key));
+            values.push_back(value);
         }
-        return add(element("dict", entry("NS.keys", element("array", keys)) +
-                                       entry("NS.objects", element("array", values))));
+        return add(dict({{"NS.keys", list(keys)}, {"NS.objects", list(values)}}));
     }
-    std::string addUrl(const std::string& text)
+    Plist addUrl(const std::string& text)
     {
-        return add(
-            element("dict", entry("NS.base", reference(0)) + entry("NS.relative", addText(text))));
+        return add(dict({{"NS.base", Plist::reference(0)}, {"NS.relative", add(text)}}));
     }
-    enum class Form : std::uint8_t { Binary, Xml };
-    [[nodiscard]] std::string finished(const std::string& top, Form form = Form::Binary) const
+    [[nodiscard]] Plist finished(const Plist::Entries& top) const
     {
-        std::string objects = string("$null");
-        for (std::size_t i = 1; i < m_objects.size(); ++i)
-            objects += m_objects[i];
-        const std::string all = element("dict", entry("$archiver", string("NSKeyedArchiver")) +
-                                                    entry("$top", element("dict", top)) +
-                                                    entry("$objects", element("array", objects)));
-        return form == Form::Xml ? xmlOf(all) : binaryOf(all);
+        return dict(
+            {{"$archiver", "NSKeyedArchiver"}, {"$top", dict(top)}, {"$objects", list(m_objects)}});
     }
 
 private:
-    std::vector<std::string> m_objects = {""};
+    std::vector<Plist> m_objects = {"$null"};
 };
 
 /// Real files of Macs, which are not part of the project, lie where PRYVANE_SAMPLES says.

@@ -4,8 +4,8 @@
 #include "inventory/facts/FactFixtures.h"
 #include "inventory/facts/FactTable.h"
 #include "inventory/facts/Whereabouts.h"
-#include "support/ForwardingDisk.h"
 #include "support/Volumes.h"
+#include "support/WatchedDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -24,37 +24,16 @@ using testing::UnorderedElementsAre;
 
 const std::string kTcc = "Library/Application Support/com.apple.TCC/TCC.db";
 
-/// Notes which files were read, and which folders listed.
-class WatchedDisk final : public ForwardingDisk {
-public:
-    using ForwardingDisk::ForwardingDisk;
-    Result<std::string> readSmallFile(const FileURL& url, std::size_t limit) override
-    {
-        read.insert(url.absolutePath());
-        return m_disk.readSmallFile(url, limit);
-    }
-    FolderListing list(const FileURL& folder) override
-    {
-        listed.insert(folder.absolutePath());
-        return m_disk.list(folder);
-    }
-    std::set<std::string> read;
-    std::set<std::string> listed;
-};
-
 class FactScan : public testing::Test {
 protected:
     void job(const std::string& path, const std::string& label, const std::string& program,
-             const std::string& more = {}) const
+             bool disabled = false) const
     {
-        volume.file(path, xmlOf(element("dict", entry("Label", string(label)) +
-                                                    entry("Program", string(program)) + more)));
+        volume.file(path, jobOf(label, program, disabled));
     }
     void permissions(const std::string& path, const std::string& rows) const
     {
-        volume.file(path, databaseOf("CREATE TABLE access (service,client,client_type,auth_value,"
-                                     "auth_reason); INSERT INTO access VALUES " +
-                                     rows));
+        volume.file(path, permissionsOf("VALUES " + rows));
     }
     Facts gather(const FactKinds& kinds = FactKinds::all())
     {
@@ -78,7 +57,7 @@ std::string textOf(const ProgramOnDisk& program)
            (program.place == PlaceKind::Home ? program.home : "");
 }
 
-std::vector<std::string> permissionsOf(const Facts& facts)
+std::vector<std::string> watchersOf(const Facts& facts)
 {
     std::vector<std::string> rows;
     for (const Permission& row : facts.permissions)
@@ -114,8 +93,7 @@ TEST_F(FactScan, WhoMayWatchIsToldForEveryAccount)
 {
     volume.file("Library/Application Support/.rec/recorder");
     volume.file("Applications/Chat.app/Contents/Info.plist",
-                xmlOf(element("dict", entry("CFBundleIdentifier", string("com.chat")) +
-                                          entry("CFBundleName", string("Chat")))));
+                dict({{"CFBundleIdentifier", "com.chat"}, {"CFBundleName", "Chat"}}).xml());
     volume.file("Users/bob/k");
     permissions(kTcc, "('kTCCServiceScreenCapture','/Library/Application Support/.rec/recorder',"
                       "1,2,4),('kTCCServiceCamera','com.chat',0,0,2)");
@@ -126,7 +104,7 @@ TEST_F(FactScan, WhoMayWatchIsToldForEveryAccount)
     permissions("private/var/containers/Data/ProtectedSystem/0A-1B/Data/" + kTcc,
                 "('b','/opt/y',1,2,2)");
     const Facts facts = gather({.permissions = true});
-    EXPECT_THAT(permissionsOf(facts),
+    EXPECT_THAT(watchersOf(facts),
                 ElementsAre("|kTCCServiceScreenCapture|recorder|there, hidden",
                             "|kTCCServiceCamera|Chat|there",
                             "alice|kTCCServiceListenEvent|x|missing, temporary",
@@ -142,18 +120,15 @@ TEST_F(FactScan, WhatStartsKnowsWhetherItIsSwitchedOff)
 {
     const std::string accounts = "private/var/db/dslocal/nodes/Default/users/";
     volume.file(accounts + "alice.plist",
-                xmlOf(element("dict", entry("name", element("array", string("alice"))) +
-                                          entry("uid", element("array", string("501"))))));
+                dict({{"name", list({"alice"})}, {"uid", list({"501"})}}).xml());
     const std::string switched = "private/var/db/com.apple.xpc.launchd/";
     volume.file(switched + "disabled.plist",
-                xmlOf(element("dict", entry("d.off", "<true/>") + entry("d.on", "<false/>") +
-                                          entry("com.openssh.sshd", "<false/>"))));
-    volume.file(switched + "disabled.501.plist",
-                xmlOf(element("dict", entry("a.off", "<true/>") + entry("shared", "<true/>"))));
+                dict({{"d.off", true}, {"d.on", false}, {"com.openssh.sshd", false}}).xml());
+    volume.file(switched + "disabled.501.plist", dict({{"a.off", true}, {"shared", true}}).xml());
     volume.file("opt/run");
     job("Library/LaunchDaemons/1.plist", "d.off", "/opt/run");
-    job("Library/LaunchDaemons/2.plist", "d.on", "/opt/run", entry("Disabled", "<true/>"));
-    job("Library/LaunchDaemons/3.plist", "d.itself", "/opt/none", entry("Disabled", "<true/>"));
+    job("Library/LaunchDaemons/2.plist", "d.on", "/opt/run", true);
+    job("Library/LaunchDaemons/3.plist", "d.itself", "/opt/none", true);
     job("Library/LaunchAgents/4.plist", "shared", "/opt/run");
     job("Users/alice/Library/LaunchAgents/.5.plist", "a.off", "/opt/run");
     job("Applications/B.app/Contents/Library/LaunchAgents/6.plist", "inside", "Contents/MacOS/h");
@@ -197,7 +172,7 @@ TEST_F(FactScan, TheNewestBackgroundItemsCountAndOthersAreLeftAlone)
                 ElementsAre(testing::StartsWith("/" + folder +
                                                 "BackgroundItems-v13.btm: the "
                                                 "background items are not")));
-    EXPECT_EQ(watched->read.count("/" + folder + "BackgroundItems-v4.btm"), 0U);
+    EXPECT_FALSE(watched->read.contains("/" + folder + "BackgroundItems-v4.btm"));
 }
 
 TEST_F(FactScan, WhatCannotBeReadIsNamedAndTheRestIsRead)
@@ -265,9 +240,9 @@ TEST_F(FactScan, NothingBesideTheListedSourcesIsRead)
     permissions(kTcc, "('a','com.b',0,2,2)"); // else no application is looked for
     static_cast<void>(gather());
     EXPECT_GT(watched->read.size(), 20U);
-    for (const std::string& path : watched->read)
+    for (const auto& [path, times] : watched->read)
         EXPECT_TRUE(isListed(path)) << path;
-    EXPECT_EQ(watched->listed.count("/Users/alice/Documents"), 0U);
+    EXPECT_FALSE(watched->listed.contains("/Users/alice/Documents"));
 }
 
 TEST_F(FactScan, TheGuideListsTheSources)

@@ -26,6 +26,11 @@ std::string joined(const std::vector<std::string>& parts, const char* between)
     return text;
 }
 
+const char* stateText(std::optional<OnOff> state)
+{
+    return state == OnOff::On ? " on" : state == OnOff::Off ? " off" : "";
+}
+
 /// "label: program arguments [when] as USER on|off hidden in APPLICATION for UUID by DEVELOPER".
 std::string textOf(const StartUpItem& item)
 {
@@ -35,7 +40,7 @@ std::string textOf(const StartUpItem& item)
     text += " [" + joined(item.when, "; ") + "]";
     if (!item.runsAs.empty())
         text += " as " + item.runsAs;
-    text += item.state == OnOff::On ? " on" : item.state == OnOff::Off ? " off" : "";
+    text += stateText(item.state);
     text += item.hidden ? " hidden" : "";
     text += item.application.empty() ? "" : " in " + item.application;
     text += item.origin.user.empty() ? "" : " for " + item.origin.user.substr(0, 8);
@@ -44,11 +49,7 @@ std::string textOf(const StartUpItem& item)
 
 std::string textOf(const RemoteFact& fact)
 {
-    return fact.what +
-           (fact.state == OnOff::On    ? " on"
-            : fact.state == OnOff::Off ? " off"
-                                       : "") +
-           (fact.detail.empty() ? "" : ": " + fact.detail);
+    return fact.what + stateText(fact.state) + (fact.detail.empty() ? "" : ": " + fact.detail);
 }
 
 template <typename Entry>
@@ -64,67 +65,44 @@ std::vector<std::string> rowsOf(const Result<ReadFacts<Entry>>& read)
     return rows;
 }
 
-std::string jobText(const std::string& entries)
+std::string jobText(const Plist::Entries& entries)
 {
-    const auto job = readLaunchJob(xmlOf(element("dict", entries)));
+    const auto job = readLaunchJob(dict(entries).xml());
     return job ? textOf(*job) : job.error().message;
 }
 
-std::string arrayOf(const std::vector<std::string>& texts)
-{
-    std::string all;
-    for (const std::string& text : texts)
-        all += string(text);
-    return element("array", all);
-}
-
-const std::string kYes = "<true/>";
-const std::string kNo = "<false/>";
-
-/// One record of the newer background items.
-std::string record(Archive& archive, const std::vector<std::pair<std::string, std::string>>& fields)
-{
-    std::string all;
-    for (const auto& [key, value] : fields)
-        all += entry(key, value);
-    return archive.add(element("dict", all));
-}
-
 /// The newer background items with two accounts, as version `version`.
-std::string backgroundItems(long long version, Archive::Form form = Archive::Form::Binary)
+Plist backgroundItems(int version)
 {
     Archive archive;
-    const std::string group =
-        record(archive, {{"type", integer(32)}, {"identifier", archive.addText("Some Developer")}});
-    const std::string daemon =
-        record(archive, {{"type", integer(0x10010)},
-                         {"disposition", integer(3)},
-                         {"identifier", archive.addText("com.a.daemon")},
-                         {"name", archive.addText("daemon")},
-                         {"url", archive.addUrl("file:///Library/LaunchDaemons/a%20b.plist")},
-                         {"executablePath", archive.addText("/usr/local/bin/a")},
-                         {"programArguments", archive.addList({archive.addText("-x")})}});
-    const std::string app =
-        record(archive, {{"type", integer(2)},
-                         {"disposition", integer(3)},
-                         {"identifier", archive.addText("2.com.b")},
-                         {"name", archive.addText("B")},
-                         {"bundleIdentifier", archive.addText("com.b")},
-                         {"url", archive.addUrl("file:///Applications/B.app/")}});
-    const std::string inside =
-        record(archive, {{"type", integer(8)},
-                         {"disposition", integer(6)},
-                         {"identifier", archive.addText("8.com.b.agent")},
-                         {"container", archive.addText("2.com.b")},
-                         {"developerName", archive.addText("Bee")},
-                         {"url", archive.addUrl("Contents/Library/LaunchAgents/b.plist")}});
-    const std::string store = archive.add(element(
-        "dict",
-        entry("itemsByUserIdentifier",
-              archive.addDictionary(
-                  {{std::string(kSystemItems), archive.addList({group, daemon})},
-                   {"B39008E8-5A4C-4551-B795-07EB2968EAEF", archive.addList({app, inside})}}))));
-    return archive.finished(entry("version", integer(version)) + entry("store", store), form);
+    const Plist group =
+        archive.add(dict({{"type", 32}, {"identifier", archive.add("Some Developer")}}));
+    const Plist daemon =
+        archive.add(dict({{"type", 0x10010},
+                          {"disposition", 3},
+                          {"identifier", archive.add("com.a.daemon")},
+                          {"name", archive.add("daemon")},
+                          {"url", archive.addUrl("file:///Library/LaunchDaemons/a%20b.plist")},
+                          {"executablePath", archive.add("/usr/local/bin/a")},
+                          {"programArguments", archive.addList({archive.add("-x")})}}));
+    const Plist app = archive.add(dict({{"type", 2},
+                                        {"disposition", 3},
+                                        {"identifier", archive.add("2.com.b")},
+                                        {"name", archive.add("B")},
+                                        {"bundleIdentifier", archive.add("com.b")},
+                                        {"url", archive.addUrl("file:///Applications/B.app/")}}));
+    const Plist inside =
+        archive.add(dict({{"type", 8},
+                          {"disposition", 6},
+                          {"identifier", archive.add("8.com.b.agent")},
+                          {"container", archive.add("2.com.b")},
+                          {"developerName", archive.add("Bee")},
+                          {"url", archive.addUrl("Contents/Library/LaunchAgents/b.plist")}}));
+    const Plist users = archive.addDictionary(
+        {{std::string(kSystemItems), archive.addList({group, daemon})},
+         {"B39008E8-5A4C-4551-B795-07EB2968EAEF", archive.addList({app, inside})}});
+    const Plist store = archive.add(dict({{"itemsByUserIdentifier", users}}));
+    return archive.finished({{"version", version}, {"store", store}});
 }
 
 /// A bookmark of these names below the root.
@@ -157,61 +135,62 @@ std::string bookmark(const std::vector<std::string>& names)
 
 TEST(LaunchJobs, SayWhatRunsWhenAndAsWhom)
 {
+    const Plist times =
+        list({dict({{"Hour", 3}, {"Minute", 5}}), dict({{"Weekday", 1}}), dict({{"Minute", 7}})});
     const struct {
         const char* what;
-        std::string job;
-        std::string text;
+        Plist::Entries job;
+        const char* text;
     } rows[] = {
         {"arguments alone",
-         entry("Label", string("a")) + entry("ProgramArguments", arrayOf({"/bin/sh", "-c", "x"})) +
-             entry("RunAtLoad", kYes),
+         {{"Label", "a"}, {"ProgramArguments", list({"/bin/sh", "-c", "x"})}, {"RunAtLoad", true}},
          "a: /bin/sh -c x [when loaded]"},
         {"a program with its own name first",
-         entry("Label", string("a")) + entry("Program", string("/opt/x/k")) +
-             entry("ProgramArguments", arrayOf({"k", "-v"})),
+         {{"Label", "a"}, {"Program", "/opt/x/k"}, {"ProgramArguments", list({"k", "-v"})}},
          "a: /opt/x/k -v []"},
         {"a program and arguments without it",
-         entry("Label", string("a")) + entry("Program", string("/Test")) +
-             entry("ProgramArguments", arrayOf({"--flag", "arg1"})),
+         {{"Label", "a"}, {"Program", "/Test"}, {"ProgramArguments", list({"--flag", "arg1"})}},
          "a: /Test --flag arg1 []"},
         {"inside a bundle",
-         entry("Label", string("a")) + entry("BundleProgram", string("Contents/MacOS/h")),
+         {{"Label", "a"}, {"BundleProgram", "Contents/MacOS/h"}},
          "a: Contents/MacOS/h []"},
         {"every time there is",
-         entry("Label", string("a")) + entry("KeepAlive", kYes) +
-             entry("StartInterval", integer(60)) +
-             entry("StartCalendarInterval",
-                   element("array", element("dict", entry("Hour", integer(3)) +
-                                                        entry("Minute", integer(5))) +
-                                        element("dict", entry("Weekday", integer(1))) +
-                                        element("dict", entry("Minute", integer(7))))) +
-             entry("WatchPaths", arrayOf({"/tmp/a"})) + entry("QueueDirectories", arrayOf({"/q"})) +
-             entry("StartOnMount", kYes) + entry("MachServices", element("dict", entry("x", kYes))),
+         {{"Label", "a"},
+          {"KeepAlive", true},
+          {"StartInterval", 60},
+          {"StartCalendarInterval", times},
+          {"WatchPaths", list({"/tmp/a"})},
+          {"QueueDirectories", list({"/q"})},
+          {"StartOnMount", true},
+          {"MachServices", dict({{"x", true}})}},
          "a:  [kept running; every 60 seconds; at 03:05; at weekday 1; at minute 7 of each hour; "
          "when /tmp/a changes; while something lies in /q; when a disk is mounted; when asked "
          "for]"},
         {"kept running under conditions",
-         entry("Label", string("a")) +
-             entry("KeepAlive", element("dict", entry("SuccessfulExit", kNo))),
+         {{"Label", "a"}, {"KeepAlive", dict({{"SuccessfulExit", false}})}},
          "a:  [kept running under conditions]"},
         {"as somebody, switched off",
-         entry("Label", string("a")) + entry("UserName", string("root")) + entry("Disabled", kYes),
+         {{"Label", "a"}, {"UserName", "root"}, {"Disabled", true}},
          "a:  [] as root off"},
         {"values of other kinds",
-         entry("Label", string("a")) + entry("Program", integer(1)) +
-             entry("ProgramArguments", string("x")) + entry("StartInterval", string("x")) +
-             entry("WatchPaths", string("/x")) + entry("UserName", element("array", "")),
+         {{"Label", "a"},
+          {"Program", 1},
+          {"ProgramArguments", "x"},
+          {"StartInterval", "x"},
+          {"WatchPaths", "/x"},
+          {"UserName", list({})}},
          "a:  []"},
-        {"nothing", entry("Other", kYes),
+        {"nothing",
+         {{"Other", true}},
          "it is not understood: it names neither a job nor a program"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(jobText(row.job), row.text) << row.what;
-    EXPECT_FALSE(readLaunchJob(xmlOf(element("array", ""))));
+    EXPECT_FALSE(readLaunchJob(list({}).xml()));
     EXPECT_FALSE(readLaunchJob("no property list"));
     // The many arguments of no honest job are cut short.
-    const auto many = readLaunchJob(xmlOf(
-        element("dict", entry("ProgramArguments", arrayOf(std::vector<std::string>(5000, "x"))))));
+    const auto many =
+        readLaunchJob(dict({{"ProgramArguments", list(std::vector<Plist>(5000, "x"))}}).xml());
     ASSERT_TRUE(many);
     EXPECT_LE(many->arguments.size(), kMostFactParts + 1);
 }
@@ -220,93 +199,73 @@ TEST(LaunchJobs, SwitchedJobsInBothForms)
 {
     using Jobs = std::vector<std::pair<std::string, bool>>;
     const Jobs expected = {{"com.openssh.sshd", false}, {"com.a", true}};
-    const auto today = readDisabledJobs(
-        binaryOf(element("dict", entry("com.openssh.sshd", kNo) + entry("com.a", kYes) +
-                                     entry("com.b", string("?")))));
-    const auto old = readDisabledJobs(
-        xmlOf(element("dict", entry("com.openssh.sshd", element("dict", entry("Disabled", kNo))) +
-                                  entry("com.a", element("dict", entry("Disabled", kYes))))));
-    ASSERT_TRUE(today && old);
-    EXPECT_EQ(*today, expected);
-    EXPECT_EQ(*old, expected);
-    EXPECT_FALSE(readDisabledJobs(xmlOf(element("array", ""))));
+    for (const std::string& file :
+         {dict({{"com.openssh.sshd", false}, {"com.a", true}, {"com.b", "?"}}).binary(),
+          dict({{"com.openssh.sshd", dict({{"Disabled", false}})},
+                {"com.a", dict({{"Disabled", true}})}})
+              .xml()}) {
+        const auto jobs = readDisabledJobs(file);
+        ASSERT_TRUE(jobs);
+        EXPECT_EQ(*jobs, expected);
+    }
+    EXPECT_FALSE(readDisabledJobs(list({}).xml()));
 }
 
 TEST(BackgroundItems, KnownVersionsAreRead)
 {
-    for (const long long version : {3, 4, 8, 13, 16, 17})
-        EXPECT_THAT(
-            rowsOf(readBackgroundItems(backgroundItems(
-                version, version < 8 ? Archive::Form::Xml : Archive::Form::Binary))),
-            ElementsAre("daemon: /usr/local/bin/a -x [daemon] on for FFFFEEEE",
-                        "B: /Applications/B.app [at login] on in com.b for B39008E8",
-                        "8.com.b.agent: /Applications/B.app/Contents/Library/LaunchAgents/"
-                        "b.plist [agent] off hidden in /Applications/B.app for B39008E8 by Bee"))
+    for (const int version : {3, 4, 8, 13, 16, 17}) {
+        const Plist items = backgroundItems(version);
+        EXPECT_THAT(rowsOf(readBackgroundItems(version < 8 ? items.xml() : items.binary())),
+                    ElementsAre("daemon: /usr/local/bin/a -x [daemon] on for FFFFEEEE",
+                                "B: /Applications/B.app [at login] on in com.b for B39008E8",
+                                "8.com.b.agent: /Applications/B.app/Contents/Library/LaunchAgents/"
+                                "b.plist [agent] off hidden in /Applications/B.app for B39008E8 "
+                                "by Bee"))
             << version;
+    }
 
     // A file for each account.
     Archive archive;
-    const std::string one = record(archive, {{"type", integer(4)}, {"name", archive.addText("L")}});
-    const std::string store =
-        archive.add(element("dict", entry("records", archive.addList({one}))));
+    const Plist one = archive.add(dict({{"type", 4}, {"name", archive.add("L")}}));
+    const Plist store = archive.add(dict({{"records", archive.addList({one})}}));
     EXPECT_THAT(rowsOf(readBackgroundItems(
-                    archive.finished(entry("version", integer(18)) + entry("userStore", store)))),
+                    archive.finished({{"version", 18}, {"userStore", store}}).binary())),
                 ElementsAre("L:  [at login]"));
 }
 
 TEST(BackgroundItems, ContainersOfOlderSystems)
 {
     Archive archive;
-    const std::string mark = bookmark({"Applications", "Some App.app"});
-    std::string base64;
-    {
-        static const char* kDigits =
-            "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-        for (std::size_t i = 0; i + 2 < mark.size(); i += 3) {
-            const auto at = [&](std::size_t j) { return static_cast<unsigned char>(mark[i + j]); };
-            const unsigned all = at(0) << 16 | at(1) << 8 | at(2);
-            for (int shift = 18; shift >= 0; shift -= 6)
-                base64 += kDigits[all >> shift & 63];
-        }
-    }
-    const std::string bookmarkObject =
-        archive.add(element("dict", entry("data", archive.add(element("data", base64)))));
-    const std::string item =
-        archive.add(element("dict", entry("bookmark", bookmarkObject) + entry("hidden", kYes)));
-    const std::string container =
-        archive.add(element("dict", entry("internalItems", archive.addList({item}))));
-    const std::string items =
-        archive.add(element("dict", entry("allContainers", archive.addList({container}))));
-    const std::string root =
-        archive.addDictionary({{"version", archive.add(integer(2))}, {"backgroundItems", items}});
-    EXPECT_THAT(rowsOf(readBackgroundItems(archive.finished(entry("root", root)))),
+    const Plist mark = archive.add(Plist::data(bookmark({"Applications", "Some App.app"})));
+    const Plist item =
+        archive.add(dict({{"bookmark", archive.add(dict({{"data", mark}}))}, {"hidden", true}}));
+    const Plist container = archive.add(dict({{"internalItems", archive.addList({item})}}));
+    const Plist items = archive.add(dict({{"allContainers", archive.addList({container})}}));
+    const Plist root =
+        archive.addDictionary({{"version", archive.add(2)}, {"backgroundItems", items}});
+    EXPECT_THAT(rowsOf(readBackgroundItems(archive.finished({{"root", root}}).binary())),
                 ElementsAre("Some App.app: /Applications/Some App.app [at login] hidden"));
 }
 
 TEST(BackgroundItems, UnknownLayoutsAreNotAnEmptyList)
 {
-    Archive empty;
-    Archive other;
-    const std::string strange =
-        other.add(element("dict", entry("itemsByRainbow", other.addList({}))));
-    Archive untyped;
-    const std::string list = untyped.addList({record(untyped, {{"name", untyped.addText("x")}})});
-    const std::string store = untyped.add(
-        element("dict", entry("itemsByUserIdentifier", untyped.addDictionary({{"u", list}}))));
+    Archive empty, other, untyped;
+    const Plist strange = other.add(dict({{"itemsByRainbow", other.addList({})}}));
+    const Plist listed = untyped.addList({untyped.add(dict({{"name", untyped.add("x")}}))});
+    const Plist store =
+        untyped.add(dict({{"itemsByUserIdentifier", untyped.addDictionary({{"u", listed}})}}));
     const struct {
         const char* what;
         std::string bytes;
     } rows[] = {
         {"no property list", "x"},
-        {"no archive", binaryOf(element("dict", entry("version", integer(4))))},
-        {"no version", empty.finished("")},
-        {"a version to come", backgroundItems(19)},
-        {"version 1", backgroundItems(1)},
-        {"no items", empty.finished(entry("version", integer(4)))},
-        {"items of another form",
-         other.finished(entry("version", integer(4)) + entry("store", strange))},
-        {"records of no kind",
-         untyped.finished(entry("version", integer(4)) + entry("store", store))},
+        {"no archive", dict({{"version", 4}}).binary()},
+        {"no version", empty.finished({}).binary()},
+        {"a version to come", backgroundItems(19).binary()},
+        {"version 1", backgroundItems(1).binary()},
+        {"no items", empty.finished({{"version", 4}}).binary()},
+        {"items of another form", other.finished({{"version", 4}, {"store", strange}}).binary()},
+        {"records of no kind", untyped.finished({{"version", 4}, {"store", store}}).binary()},
     };
     for (const auto& row : rows)
         EXPECT_THAT(rowsOf(readBackgroundItems(row.bytes)),
@@ -318,24 +277,26 @@ TEST(BackgroundItems, CirclesAndCrowdsEnd)
 {
     // The store is its own list of items, and each of its records.
     Archive circle;
-    const std::string self = reference(1);
-    circle.add(element("dict", entry("itemsByUserIdentifier", self) + entry("NS.keys", self) +
-                                   entry("NS.objects", element("array", self + self)) +
-                                   entry("type", integer(2)) + entry("url", self) +
-                                   entry("NS.relative", self) + entry("NS.base", self)));
-    EXPECT_FALSE(rowsOf(readBackgroundItems(
-                            circle.finished(entry("version", integer(4)) + entry("store", self))))
-                     .empty());
+    const Plist self = Plist::reference(1);
+    circle.add(dict({{"itemsByUserIdentifier", self},
+                     {"NS.keys", self},
+                     {"NS.objects", list({self, self})},
+                     {"type", 2},
+                     {"url", self},
+                     {"NS.relative", self},
+                     {"NS.base", self}}));
+    EXPECT_FALSE(
+        rowsOf(readBackgroundItems(circle.finished({{"version", 4}, {"store", self}}).binary()))
+            .empty());
 
     // 2,000 accounts that share one list of 2,000 items: what fits, and a word that there is more.
     Archive crowd;
-    const std::string one = record(crowd, {{"type", integer(2)}, {"name", crowd.addText("x")}});
-    const std::string many = crowd.addList(std::vector<std::string>(2000, one));
-    std::vector<std::pair<std::string, std::string>> accounts(2000, {"u", many});
-    const std::string store =
-        crowd.add(element("dict", entry("itemsByUserIdentifier", crowd.addDictionary(accounts))));
+    const Plist one = crowd.add(dict({{"type", 2}, {"name", crowd.add("x")}}));
+    const Plist many = crowd.addList(std::vector<Plist>(2000, one));
+    const Plist accounts = crowd.addDictionary(Plist::Entries(2000, {"u", many}));
+    const Plist store = crowd.add(dict({{"itemsByUserIdentifier", accounts}}));
     const auto read =
-        readBackgroundItems(crowd.finished(entry("version", integer(4)) + entry("store", store)));
+        readBackgroundItems(crowd.finished({{"version", 4}, {"store", store}}).binary());
     ASSERT_TRUE(read);
     EXPECT_LE(read->entries.size(), kMostFactsOfASource);
     EXPECT_FALSE(read->problem.empty());
@@ -343,48 +304,36 @@ TEST(BackgroundItems, CirclesAndCrowdsEnd)
 
 TEST(LoginItems, HooksRulesAndExtensions)
 {
-    EXPECT_THAT(
-        rowsOf(readLoginHooks(xmlOf(element(
-            "dict", entry("LoginHook", string("/x/in.sh")) +
-                        entry("LogoutHook", string("/x/out.sh")) +
-                        entry("AutoLaunchedApplicationDictionary",
-                              element("array", element("dict", entry("Path", string("/A.app")) +
-                                                                   entry("Hide", kYes)))))))),
-        ElementsAre("LoginHook: /x/in.sh [at every login] as root",
-                    "LogoutHook: /x/out.sh [at every logout] as root",
-                    "A.app: /A.app [at login] hidden"));
-    EXPECT_THAT(rowsOf(readLoginHooks(xmlOf(element("dict", "")))), IsEmpty());
-    EXPECT_THAT(
-        rowsOf(readEventRules(xmlOf(element(
-            "array",
-            element("dict",
-                    entry("name", string("r")) + entry("enabled", kYes) +
-                        entry("eventTypes", arrayOf({"startup"})) +
-                        entry("actions",
-                              element("array",
-                                      element("dict", entry("type", string("Run")) +
-                                                          entry("command", string("/x")) +
-                                                          entry("user", string("root")) +
-                                                          entry("arguments", arrayOf({"-a"}))) +
-                                          element("dict", entry("type", string("Log")))))))))),
-        ElementsAre("r: /x -a [at the event startup] as root on"));
-    EXPECT_FALSE(readEventRules(xmlOf(element("dict", ""))));
-    EXPECT_THAT(
-        rowsOf(readSystemExtensions(xmlOf(element(
-            "dict",
-            entry("extensions",
-                  element("array",
-                          element("dict", entry("identifier", string("com.e")) +
-                                              entry("teamID", string("T1")) +
-                                              entry("state", string("activated_enabled"))))))))),
-        ElementsAre("com.e:  [activated_enabled] on by T1"));
-    EXPECT_FALSE(readSystemExtensions(xmlOf(element("dict", ""))));
-    for (const auto& bytes : {""s, "x"s, xmlOf(string("x"))}) {
+    const Plist hooks = dict({{"LoginHook", "/x/in.sh"},
+                              {"LogoutHook", "/x/out.sh"},
+                              {"AutoLaunchedApplicationDictionary",
+                               list({dict({{"Path", "/A.app"}, {"Hide", true}})})}});
+    EXPECT_THAT(rowsOf(readLoginHooks(hooks.xml())),
+                ElementsAre("LoginHook: /x/in.sh [at every login] as root",
+                            "LogoutHook: /x/out.sh [at every logout] as root",
+                            "A.app: /A.app [at login] hidden"));
+    EXPECT_THAT(rowsOf(readLoginHooks(dict({}).xml())), IsEmpty());
+
+    const Plist run =
+        dict({{"type", "Run"}, {"command", "/x"}, {"user", "root"}, {"arguments", list({"-a"})}});
+    const Plist rules = list({dict({{"name", "r"},
+                                    {"enabled", true},
+                                    {"eventTypes", list({"startup"})},
+                                    {"actions", list({run, dict({{"type", "Log"}})})}})});
+    EXPECT_THAT(rowsOf(readEventRules(rules.xml())),
+                ElementsAre("r: /x -a [at the event startup] as root on"));
+
+    const Plist extension =
+        dict({{"identifier", "com.e"}, {"teamID", "T1"}, {"state", "activated_enabled"}});
+    EXPECT_THAT(rowsOf(readSystemExtensions(dict({{"extensions", list({extension})}}).xml())),
+                ElementsAre("com.e:  [activated_enabled] on by T1"));
+    for (const auto& bytes : {""s, "x"s, Plist("x").xml()}) {
         EXPECT_FALSE(readLoginItems(bytes));
         EXPECT_FALSE(readLoginHooks(bytes));
         EXPECT_FALSE(readEventRules(bytes));
         EXPECT_FALSE(readSystemExtensions(bytes));
     }
+    EXPECT_FALSE(readEventRules(dict({}).xml()) || readSystemExtensions(dict({}).xml()));
 }
 
 TEST(SystemFiles, Crontabs)
@@ -416,25 +365,22 @@ TEST(SystemFiles, RemoteAccess)
     EXPECT_EQ(many.size(), 1001U);
     EXPECT_EQ(many.back(), "Lines of the hosts file: 500 more lines");
 
-    const std::string service = element(
-        "dict",
-        entry("UserDefinedName", string("Wi-Fi")) +
-            entry("DNS",
-                  element("dict", entry("ServerAddresses", arrayOf({"1.2.3.4", "5.6.7.8"})))) +
-            entry("Proxies", element("dict", entry("HTTPEnable", integer(1)) +
-                                                 entry("HTTPProxy", string("p.example")) +
-                                                 entry("HTTPPort", integer(8080)) +
-                                                 entry("SOCKSEnable", integer(0)) +
-                                                 entry("SOCKSProxy", string("s.example")))));
-    EXPECT_THAT(rowsOf(readNetworkSettings(xmlOf(element(
-                    "dict", entry("NetworkServices", element("dict", entry("U-1", service))))))),
-                ElementsAre("Name servers (DNS) set by hand: 1.2.3.4, 5.6.7.8 (Wi-Fi)",
-                            "Proxy for web pages on: p.example:8080 (Wi-Fi)",
-                            "Proxy for all connections (SOCKS) off: s.example (Wi-Fi)"));
-    EXPECT_THAT(rowsOf(readRemoteManagement(
-                    xmlOf(element("dict", entry("ARD_AllLocalUsers", kYes) +
-                                              entry("VNCLegacyConnectionsEnabled", integer(0)) +
-                                              entry("ScreenSharingReqPermEnabled", string("?")))))),
+    const Plist service = dict({{"UserDefinedName", "Wi-Fi"},
+                                {"DNS", dict({{"ServerAddresses", list({"1.2.3.4", "5.6.7.8"})}})},
+                                {"Proxies", dict({{"HTTPEnable", 1},
+                                                  {"HTTPProxy", "p.example"},
+                                                  {"HTTPPort", 8080},
+                                                  {"SOCKSEnable", 0},
+                                                  {"SOCKSProxy", "s.example"}})}});
+    EXPECT_THAT(
+        rowsOf(readNetworkSettings(dict({{"NetworkServices", dict({{"U-1", service}})}}).xml())),
+        ElementsAre("Name servers (DNS) set by hand: 1.2.3.4, 5.6.7.8 (Wi-Fi)",
+                    "Proxy for web pages on: p.example:8080 (Wi-Fi)",
+                    "Proxy for all connections (SOCKS) off: s.example (Wi-Fi)"));
+    EXPECT_THAT(rowsOf(readRemoteManagement(dict({{"ARD_AllLocalUsers", true},
+                                                  {"VNCLegacyConnectionsEnabled", 0},
+                                                  {"ScreenSharingReqPermEnabled", "?"}})
+                                                .xml())),
                 ElementsAre("Remote management: every account may be used on",
                             "Remote management: viewers with a password of their own off"));
 }

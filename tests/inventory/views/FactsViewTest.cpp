@@ -5,7 +5,6 @@
 #include "inventory/FactsController.h"
 #include "inventory/facts/FactFixtures.h"
 #include "support/Volumes.h"
-#include "ui/Theme.h"
 #include "volume/VolumeFileSystem.h"
 
 #include <QAbstractItemView>
@@ -38,9 +37,7 @@ protected:
 
     void permissions(const std::string& path, const std::string& rows) const
     {
-        volume.file(path, databaseOf("CREATE TABLE access (service,client,client_type,auth_value,"
-                                     "auth_reason); INSERT INTO access " +
-                                     rows));
+        volume.file(path, permissionsOf(rows));
     }
     /// Shows the page and waits until all of it is read.
     void show()
@@ -207,25 +204,6 @@ TEST_F(FactsViewTest, ExportsThroughTheDialog)
     }
 }
 
-TEST_F(FactsViewTest, FiveThousandRowsAreListedAndSearched)
-{
-    permissions(kTcc, "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<5000) "
-                      "SELECT 'kTCCServiceCamera','/opt/tool'||i,1,2,2 FROM n");
-    show();
-    EXPECT_EQ(names("permissions").size(), 5000U);
-    find<QLineEdit>("factsFilter")->setText("tool4999");
-    EXPECT_THAT(names("permissions"), testing::ElementsAre("tool4999"));
-}
-
 } // namespace
 
 } // namespace pryvane::test
-
-int main(int argc, char** argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    application.setAttribute(Qt::AA_DontUseNativeDialogs);
-    pryvane::ui::applyTheme(application);
-    return RUN_ALL_TESTS();
-}

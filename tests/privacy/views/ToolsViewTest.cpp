@@ -9,7 +9,6 @@
 #include "support/CleanerFixture.h"
 #include "support/Fakes.h"
 #include "ui/Sheet.h"
-#include "ui/Theme.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -249,11 +248,3 @@ TEST_F(ToolsViewTest, InventoryListsFiltersRevealsAndCopies)
 } // namespace
 
 } // namespace pryvane::test
-
-int main(int argc, char** argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    pryvane::ui::applyTheme(application);
-    return RUN_ALL_TESTS();
-}

@@ -1,6 +1,7 @@
 #include "reports/pdf/ReportTexts.h"
 
 #include "reports/pdf/PdfFixtures.h"
+#include "support/WatchedDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -10,26 +11,6 @@
 namespace pryvane::test {
 
 namespace {
-
-/// A disk on which one path cannot be told.
-class DimDisk final : public FileSystem {
-public:
-    CountingDisk disk;
-    Presence presence(const FileURL& url) override
-    {
-        const Presence seen = disk.presence(url);
-        return url.relativePath() == "/refused/x" ? Presence::Unknown : seen;
-    }
-    FileKind kind(const FileURL& url) override { return disk.kind(url); }
-    std::optional<Sighting> sighting(const FileURL&) override { return {}; }
-    FolderListing list(const FileURL&) override { return {}; }
-    std::int64_t allocatedSize(const FileURL&) override { return 0; }
-    int openFolder(const FileURL&) override { return -1; }
-    bool writable(const FileURL&) override { return false; }
-    Result<std::string> readSmallFile(const FileURL&, std::size_t) override { return Error{}; }
-    std::string identity() const override { return disk.identity(); }
-    void forgetListings() override {}
-};
 
 std::vector<std::string> statuses(const pdf::ReportTexts& texts)
 {
@@ -43,8 +24,10 @@ std::vector<std::string> statuses(const pdf::ReportTexts& texts)
 
 TEST(ReportTexts, StatusFollowsTheDiskAtTheMomentOfPrinting)
 {
-    DimDisk dim;
-    dim.disk.paths = {"/there"};
+    CountingDisk disk;
+    disk.paths = {"/there"};
+    WatchedDisk dim(disk);
+    dim.untestable = {"/refused/x"};
     FakeMachine machine;
     const auto report = reportOf({"/there", "/gone", "/there", "/refused/x", ""});
     for (const auto& record : *report->spyWareList)
@@ -52,15 +35,15 @@ TEST(ReportTexts, StatusFollowsTheDiskAtTheMomentOfPrinting)
     const auto printed = [&] { return statuses(pdf::reportTexts(*report, {}, dim, machine)); };
     EXPECT_THAT(printed(), testing::ElementsAre("Not Quarantined", "Quarantined", "Not Quarantined",
                                                 "Not Checked", "Not Checked"));
-    EXPECT_EQ(dim.disk.asked["/there"], 1);
+    EXPECT_EQ(disk.asked["/there"], 1);
 
-    dim.disk.paths.clear();
+    disk.paths.clear();
     EXPECT_THAT(printed().front(), "Quarantined");
 
     report->volume = "another volume";
-    dim.disk.asked.clear();
+    disk.asked.clear();
     EXPECT_THAT(printed(), testing::Each("Not Checked"));
-    EXPECT_TRUE(dim.disk.asked.empty());
+    EXPECT_TRUE(disk.asked.empty());
 }
 
 TEST(ReportTexts, FactsAboutMachineAndScan)
