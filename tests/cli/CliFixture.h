@@ -45,6 +45,13 @@ struct Seat {
     return {code, out.str(), err.str()};
 }
 
+/// Makes an image of a disk with an HFS+ volume that holds the tree; false where nothing here can.
+[[nodiscard]] inline bool makeImage(const std::string& tree, const std::string& image)
+{
+    const std::string command = "xorriso -as mkisofs -quiet -hfsplus -o " + image + " " + tree;
+    return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
+}
+
 /// Runs commands inside this process, with a data folder and a volume of their own.
 class CliFixture : public testing::Test {
 protected:
@@ -64,16 +71,28 @@ protected:
         });
     }
 
+    /// The command on this fixture's volume.
+    Outcome onVolume(std::vector<std::string> command, const std::vector<std::string>& more = {})
+    {
+        command.insert(command.end(), {"--volume", volume.path()});
+        command.insert(command.end(), more.begin(), more.end());
+        return run(std::move(command));
+    }
+    nlohmann::json jsonOnVolume(const std::vector<std::string>& command,
+                                std::vector<std::string> more = {})
+    {
+        more.insert(more.end(), {"--format", "json"});
+        return nlohmann::json::parse(onVolume(command, more).out);
+    }
+
     Outcome with(const std::function<int(const cli::Console&)>& work)
     {
         return onConsole({input, terminal, interrupted}, work);
     }
 
-    Outcome scan(std::vector<std::string> more = {})
+    Outcome scan(const std::vector<std::string>& more = {})
     {
-        std::vector<std::string> arguments{"scan", "--volume", volume.path(), "--user", "alice"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return run(arguments);
+        return onVolume({"scan", "--user", "alice"}, more);
     }
 
     std::vector<std::string> reportIds()

@@ -85,14 +85,10 @@ TEST_F(FactsCommandTest, EveryUserAndEverySource)
                     HasSubstr("not read: " + kTcc + ": a list of names holds no contents"));
     }
 
-    if (std::system("command -v xorriso >/dev/null") != 0)
-        GTEST_SKIP() << "xorriso is missing";
     const TemporaryFolder images;
     const std::string image = images.hostPath("mac.img");
-    ASSERT_EQ(std::system(("xorriso -as mkisofs -quiet -hfsplus -o " + image + " " + volume.path() +
-                           " >/dev/null 2>&1")
-                              .c_str()),
-              0);
+    if (!makeImage(volume.path(), image))
+        GTEST_SKIP() << "xorriso is missing";
     for (const char* kind : {"permissions", "start-up", "remote-access"})
         EXPECT_EQ(facts({"--image", image}, kind).out, facts(onFolder(), kind).out) << kind;
 }

@@ -72,118 +72,81 @@ void plantRandomTree(const TemporaryFolder& volume, unsigned seed)
     volume.file("/a/b/c/d/e/f/g/h/i/deeper than any place");
 }
 
-/// What stands below the folder, as lines of a format.
-template <typename Line>
-std::string linesOf(const std::string& top, Line line)
+std::string plain(const std::string& text)
 {
-    std::string text = line(".", fs::directory_entry(top));
-    for (const auto& entry : fs::recursive_directory_iterator(top))
-        text += line("." + entry.path().string().substr(top.size()), entry);
     return text;
 }
 
-std::string targetOf(const fs::directory_entry& entry)
-{
-    return entry.is_symlink() ? fs::read_symlink(entry.path()).string() : std::string();
-}
-
-std::int64_t sizeOf(const fs::directory_entry& entry)
-{
-    return entry.is_regular_file() && !entry.is_symlink()
-               ? static_cast<std::int64_t>(entry.file_size())
-               : 0;
-}
-
-std::string escaped(const std::string& text)
+std::string octal(const std::string& text)
 {
     std::string out;
     for (const char c : text) {
-        char octal[8];
+        char escaped[8];
         const auto byte = static_cast<unsigned char>(c);
-        const bool plain = byte > ' ' && byte < 0x7f && c != '\\' && c != '#';
-        std::snprintf(octal, sizeof octal, "\\%03o", byte);
-        out += plain ? std::string(1, c) : std::string(octal);
+        std::snprintf(escaped, sizeof escaped, "\\%03o", byte);
+        const bool isPlain = byte > ' ' && byte < 0x7f && c != '\\' && c != '#';
+        out += isPlain ? std::string(1, c) : std::string(escaped);
     }
     return out;
 }
 
-/// The string with its quotes. Bytes that are no UTF-8 stay as they are, as tools write them.
+/// Bytes that are no UTF-8 stay as they are, as tools write them.
 std::string inJson(const std::string& text)
 {
-    std::string out = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\')
-            out += '\\';
-        out += c;
-    }
-    return out + "\"";
+    std::string out;
+    for (const char c : text)
+        out += c == '"' || c == '\\' ? std::string{'\\', c} : std::string(1, c);
+    return out;
 }
 
+/// How a list tells of a folder, a file and a link: their path is $p, a size $s, a target $t.
 struct Format {
     const char* name;
-    std::string (*write)(const std::string& top);
+    std::string (*escaped)(const std::string& text);
+    std::string folder, file, link;
 };
 
+const std::string kNul(1, '\0');
+const Format kBodyfile{"bodyfile", plain, "0|$p|1|d/drwxrwxrwx|0|0|0|0|0|0|0\n",
+                       "0|$p|1|r/rrwxrwxrwx|0|0|$s|0|0|0|0\n",
+                       "0|$p -> $t|1|l/lrwxrwxrwx|0|0|0|0|0|0|0\n"};
 const Format kFormats[] = {
-    {"paths",
-     [](const std::string& top) {
-         return linesOf(
-             top, [](const std::string& path, const fs::directory_entry&) { return path + "\n"; });
-     }},
-    {"NUL",
-     [](const std::string& top) {
-         return linesOf(top, [](const std::string& path, const fs::directory_entry&) {
-             return path + std::string(1, '\0');
-         });
-     }},
-    {"find -ls",
-     [](const std::string& top) {
-         return linesOf(top, [](const std::string& path, const fs::directory_entry& entry) {
-             const bool link = entry.is_symlink();
-             return "12 4 " +
-                    std::string(link                   ? "l"
-                                : entry.is_directory() ? "d"
-                                                       : "-") +
-                    "rw-r--r-- 1 al staff " + std::to_string(sizeOf(entry)) + " Jan  1 2020 " +
-                    escaped(path) + (link ? " -> " + escaped(targetOf(entry)) : "") + "\n";
-         });
-     }},
-    {"bodyfile",
-     [](const std::string& top) {
-         return linesOf(top, [](const std::string& path, const fs::directory_entry& entry) {
-             const bool link = entry.is_symlink();
-             return "0|" + path.substr(1) + (path == "." ? "/" : "") +
-                    (link ? " -> " + targetOf(entry) : "") + "|1|" +
-                    (link                   ? "l/l"
-                     : entry.is_directory() ? "d/d"
-                                            : "r/r") +
-                    "rwxrwxrwx|0|0|" + std::to_string(sizeOf(entry)) + "|0|0|0|0\n";
-         });
-     }},
-    {"mtree",
-     [](const std::string& top) {
-         return "#mtree\n" +
-                linesOf(top, [](const std::string& path, const fs::directory_entry& entry) {
-                    const bool link = entry.is_symlink();
-                    return escaped(path) + (path == "." ? "/" : "") + " type=" +
-                           (link                   ? "link link=" + escaped(targetOf(entry))
-                            : entry.is_directory() ? "dir"
-                                                   : "file size=" + std::to_string(sizeOf(entry))) +
-                           "\n";
-                });
-     }},
-    {"JSON Lines",
-     [](const std::string& top) {
-         return linesOf(top, [](const std::string& path, const fs::directory_entry& entry) {
-             const bool link = entry.is_symlink();
-             return "{\"path\":" + inJson(path.substr(1) + (path == "." ? "/" : "")) +
-                    ",\"type\":\"" +
-                    (link ? "symlink\",\"target\":" + inJson(targetOf(entry))
-                          : std::string(entry.is_directory() ? "directory\"" : "regular\"")) +
-                    ",\"size\":" + std::to_string(sizeOf(entry)) + "}\n";
-         });
-     }},
+    {"paths", plain, ".$p\n", ".$p\n", ".$p\n"},
+    {"NUL", plain, ".$p" + kNul, ".$p" + kNul, ".$p" + kNul},
+    {"find -ls", octal, "12 4 drwxr-xr-x 1 al staff 0 Jan  1 2020 .$p\n",
+     "12 4 -rw-r--r-- 1 al staff $s Jan  1 2020 .$p\n",
+     "12 4 lrw-r--r-- 1 al staff 0 Jan  1 2020 .$p -> $t\n"},
+    kBodyfile,
+    {"mtree", octal, ".$p type=dir\n", ".$p type=file size=$s\n", ".$p type=link link=$t\n"},
+    {"JSON Lines", inJson, "{\"path\":\"$p\",\"type\":\"directory\",\"size\":0}\n",
+     "{\"path\":\"$p\",\"type\":\"regular\",\"size\":$s}\n",
+     "{\"path\":\"$p\",\"type\":\"symlink\",\"target\":\"$t\",\"size\":0}\n"},
 };
+
+/// What stands below the folder as such a list.
+std::string listOf(const std::string& top, const Format& format)
+{
+    std::string text = format.name == std::string("mtree") ? "#mtree\n" : "";
+    const auto add = [&](const std::string& path, const fs::directory_entry& entry) {
+        const bool isLink = entry.is_symlink(), isFolder = entry.is_directory() && !isLink;
+        const std::string& line = isLink ? format.link : isFolder ? format.folder : format.file;
+        for (std::size_t at = 0; at < line.size(); ++at) {
+            const char what = line[at] == '$' ? line[++at] : '\0';
+            if (what == 'p')
+                text += format.escaped(path);
+            else if (what == 't')
+                text += format.escaped(fs::read_symlink(entry.path()).string());
+            else if (what == 's')
+                text += std::to_string(entry.file_size());
+            else
+                text += line[at];
+        }
+    };
+    add("/", fs::directory_entry(top));
+    for (const auto& entry : fs::recursive_directory_iterator(top))
+        add(entry.path().string().substr(top.size()), entry);
+    return text;
+}
 
 class SourcesTest : public CliFixture {
 protected:
@@ -231,7 +194,7 @@ std::vector<std::pair<std::string, std::string>> imagesOf(const std::string& tre
         return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
     };
     const std::string raw = folder.hostPath("mac.img");
-    if (!shell("xorriso -as mkisofs -quiet -hfsplus -o " + raw + " " + tree))
+    if (!makeImage(tree, raw))
         return {};
     std::vector<std::pair<std::string, std::string>> images = {{"raw image", raw}};
     if (shell("split -n 3 -d -a 3 --numeric-suffixes=1 " + raw + " " + folder.hostPath("mac.")))
@@ -259,7 +222,7 @@ TEST_F(SourcesTest, OneTreeHasTheSameFindingsHoweverItIsRead)
             EXPECT_EQ(last.code, 1);
         };
         for (const Format& format : kFormats)
-            expectTheSame(format.name, "--listing", asList(format.write(tree.path())));
+            expectTheSame(format.name, "--listing", asList(listOf(tree.path(), format)));
         expectTheSame("written of the folder", "--listing",
                       asList(run({"listing", "--volume", tree.path()}).out));
         const TemporaryFolder files;
@@ -344,8 +307,8 @@ TEST_F(SourcesTest, DeletedNamesAreShownButNeverCountedAsThere)
 TEST_F(SourcesTest, AListOfAPartOfADiskIsNeverClean)
 {
     volume.file("/Users/alice/Library/LaunchAgents/com.example.plist");
-    const std::string users = kFormats[3].write(volume.path());
-    const auto whole = run({"scan", "--no-store", "--user", "alice", "--listing", asList(users)});
+    const std::string users = asList(listOf(volume.path(), kBodyfile));
+    const auto whole = run({"scan", "--no-store", "--user", "alice", "--listing", users});
     EXPECT_THAT(whole.out, HasSubstr("Read from: a list of names"));
 
     const std::string part = "/Users\n/Users/alice\n/Users/alice/Documents\n/Users/alice/x/y\n";
@@ -360,11 +323,10 @@ TEST_F(SourcesTest, WhatChangesADiskIsRefusedBeforeAnythingIsAsked)
     input = "yes\n";
     const std::string list = asList("/Users/alice/x\n");
     for (const std::vector<std::string>& command :
-         {std::vector<std::string>{"remove", "latest", "--all"},
-          std::vector<std::string>{"privacy", "clear", "--item", "Safari/History"}}) {
-        auto arguments = command;
-        arguments.insert(arguments.end(), {"--listing", list});
-        const auto outcome = run(arguments);
+         {std::vector<std::string>{"remove", "latest", "--all", "--listing", list},
+          {"remove", "latest", "--all", "--image", list},
+          {"privacy", "clear", "--item", "Safari/History", "--listing", list}}) {
+        const auto outcome = run(command);
         EXPECT_EQ(outcome.code, 2);
         EXPECT_THAT(outcome.err,
                     HasSubstr("nothing can be removed from a list of names or an image"));
@@ -377,7 +339,7 @@ TEST_F(SourcesTest, InventoryAndPrivacyListWorkOnAList)
     volume.file("/Users/alice/Library/LaunchAgents/com.example.plist");
     volume.folder("/Applications/Firefox.app");
     volume.file("/Users/alice/Library/Logs/x.log", std::string(1000, 'x'));
-    const std::string list = asList(kFormats[3].write(volume.path()));
+    const std::string list = asList(listOf(volume.path(), kBodyfile));
     const auto inventory = run({"inventory", "--user", "alice", "--listing", list});
     EXPECT_EQ(inventory.code, 0);
     EXPECT_THAT(inventory.err, HasSubstr("a list of names holds no contents"));

@@ -3,6 +3,7 @@
 
   image_formats_test.py PROGRAM
 """
+import hashlib
 import json
 import pathlib
 import shutil
@@ -83,7 +84,7 @@ def sparse_vmdk(disk):
 def scan(folder, name, data):
     path = folder / name
     path.write_bytes(data)
-    done = subprocess.run([program, "scan", "--no-store", "--format", "json", "--image", str(path)],
+    done = subprocess.run([program, "scan", "--no-store", "--hash", "--format", "json", "--image", str(path)],
                           capture_output=True, text=True, timeout=120)
     listed = subprocess.run([program, "listing", "--list", "--image", str(path)], capture_output=True, text=True,
                             timeout=120)
@@ -111,6 +112,9 @@ def main(folder):
         done, paths, listed = scan(folder, name, data)
         expect(done.returncode == 1 and paths == expected, name, done.returncode, paths, done.stderr)
         expect(listed.returncode == 0 and "HFS+" in listed.stdout, name, listed.stdout, listed.stderr)
+        before = hashlib.sha256(data).hexdigest()
+        expect(before in done.stdout and hashlib.sha256((folder / name).read_bytes()).hexdigest() == before,
+               "the hash told, and the image is as it was")
         print(f"{name}: {len(paths)} findings")
     # Ones that cannot be read end in a sentence.
     flat = b'# Disk DescriptorFile\nversion=1\nCID=1\nparentCID=ffffffff\ncreateType="monolithicFlat"\nRW 100 FLAT "x-flat.vmdk" 0\n'

@@ -16,7 +16,9 @@ import time
 
 STOPS = 12
 FILES = 60_000
-FINDINGS = ("tmp/.mdworker", "Users/alice/Library/LaunchAgents/com.refog.agent.plist")
+FOLDERS = FILES // 2000
+FINDINGS = ("tmp/.mdworker", "Users/alice/Library/LaunchAgents/com.refog.agent.plist",
+            *(f"Users/alice/Documents/{number}/Koobface" for number in range(FOLDERS)))
 
 
 def made(folder, findings):
@@ -25,9 +27,8 @@ def made(folder, findings):
         (folder / name).parent.mkdir(parents=True, exist_ok=True)
         (folder / name).write_text("x")
     documents = folder / "Users/alice/Documents"
-    documents.mkdir(parents=True)
-    for part in range(FILES // 2000):
-        (documents / str(part)).mkdir()
+    for part in range(FOLDERS):
+        (documents / str(part)).mkdir(parents=True, exist_ok=True)
         first = documents / str(part) / "0"
         first.write_text("x")
         for number in range(1, 2000):
@@ -43,6 +44,10 @@ def handles_interrupts(process):
         return True
     caught = int(next(line for line in status.splitlines() if line.startswith("SigCgt")).split()[1], 16)
     return process.poll() is not None or bool(caught & 1 << (signal.SIGINT - 1))
+
+
+def paths(document):
+    return sorted(row["path"] for row in document["report"]["spyWareList"])
 
 
 class Runs:
@@ -72,20 +77,20 @@ class Runs:
                 self.run("report", "delete", "latest", "--yes")
             return False
         assert code == 130, (code, err)
-        shown = json.loads(out) if form == "json" else None
         if form == "json":
-            listed = shown["report"]["spyWareList"]
-            assert shown["verdict"] == ("found" if listed else "stopped"), shown["verdict"]
+            shown = json.loads(out)
+            found = paths(shown)
+            assert shown["verdict"] == ("found" if found else "stopped"), shown["verdict"]
             assert shown["coverage"]["ended"] == "stopped", shown["coverage"]["ended"]
-            count = len(listed)
         else:
-            count = sum("High Risk" in line for line in out.splitlines())
-            assert out.startswith("Found: " if count else "Stopped at "), out
+            found = sorted(line.split()[-1] for line in out.splitlines() if "High Risk" in line)
+            assert out.startswith("Found: " if found else "Stopped at "), out
             assert "stopped at" in out.lower()
             assert "Clean" not in out
+        assert set(found) <= {"/" + name for name in FINDINGS}, found
         if kept:
             stored = json.loads(self.run("report", "export", "latest").stdout)
-            assert len(stored["report"]["spyWareList"]) == count, "what is stored is what was printed"
+            assert paths(stored) == found, "what is stored is what was printed"
             assert stored["verdict"] in ("found", "stopped")
             first = self.run("report", "list").stdout.splitlines()[0]
             assert first.endswith("Stopped") and " clean " not in first, first

@@ -195,22 +195,6 @@ TEST_F(PDFGenerateTest, AnyNameComesOutLegibleAndApart)
     EXPECT_TRUE(isHarmless(text));
 }
 
-TEST_F(PDFGenerateTest, APathOfFourThousandBytesIsAllThere)
-{
-    std::string deep;
-    while (deep.size() < 4000)
-        deep += "/level" + std::to_string(deep.size());
-    const std::string path = print(*reportOf({"/before", deep, "/after"}));
-    EXPECT_THAT(joinedTextOf(path), testing::HasSubstr("/before"));
-    std::string levels;
-    for (const Word& word : wordsOf(path)) {
-        if (word.left < 60 && word.text.find("level") != std::string::npos)
-            levels += word.text;
-    }
-    EXPECT_EQ(levels, deep);
-    EXPECT_THAT(overlaps(wordsOf(path)), testing::IsEmpty());
-}
-
 TEST_F(PDFGenerateTest, AFailureKeepsTheOldFileAndLeavesNothingBehind)
 {
     print(*reportOf({"/old"}));
