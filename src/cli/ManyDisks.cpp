@@ -1,9 +1,8 @@
 #include "cli/ManyDisks.h"
 
-#include "cli/ChildScan.h"
+#include "cli/DiskScans.h"
 #include "core/Escape.h"
 #include "core/Texts.h"
-#include "core/ThreadSafety.h"
 #include "core/tasks/WorkCrew.h"
 #include "reports/JsonLines.h"
 #include "reports/JsonPieces.h"
@@ -12,11 +11,8 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
-#include <deque>
 #include <future>
 #include <ostream>
-#include <set>
 #include <thread>
 #include <unistd.h>
 
@@ -26,52 +22,12 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// What became of one disk.
-struct DiskResult {
-    std::size_t disk = 0;
-    int code = kFailed;
-    double seconds = 0;
-    std::string error; ///< why there is none, for a person; already escaped
-    UniqueFd out, err; ///< what the scan wrote; none where it was never started
-};
-
 /// What the last line of a scan's output says, for the lines at the end.
 struct Told {
     std::string words; ///< escaped for display
     Json end;          ///< null where there is none
     std::string report;
 };
-
-std::vector<std::string> childArguments(const ScanSource& source, const ScanArguments& arguments)
-{
-    static constexpr std::array kSources = {"--volume=", "--image=", "--listing="};
-    std::vector<std::string> words{"scan", kSources.at(static_cast<std::size_t>(source.kind)) +
-                                               source.path};
-    const auto flag = [&](bool on, const char* word) {
-        if (on)
-            words.emplace_back(word);
-    };
-    const auto text = [&](const char* option, const std::string& value) {
-        if (!value.empty())
-            words.push_back(option + ("=" + value));
-    };
-    flag(arguments.deep, "--deep");
-    flag(arguments.wholeDisk, "--whole-disk");
-    text("--check-sub-dir", arguments.checkSubDir.value_or(""));
-    flag(arguments.paced, "--paced");
-    flag(arguments.noStore, "--no-store");
-    flag(arguments.facts, "--facts");
-    flag(arguments.volume.hash, "--hash");
-    flag(arguments.volume.allUsers, "--all-users");
-    flag(arguments.volume.caseSensitive, "--case-sensitive");
-    for (const std::string& user : arguments.volume.users)
-        text("--user", user);
-    text("--label", source.label);
-    text("--case", arguments.labels.caseName);
-    text("--examiner", arguments.labels.examiner);
-    text("--format", arguments.format);
-    return words;
-}
 
 /// Reads a file from its beginning, piece by piece.
 void readPieces(int file, const TextSink& sink)
@@ -88,101 +44,6 @@ void readPieces(int file, const TextSink& sink)
         at += got;
     }
 }
-
-/// The scans, and what comes of them. The main thread prints; others wait for the processes.
-class Scans {
-public:
-    Scans(const std::vector<ScanSource>& sources, const ScanArguments& arguments)
-        : m_sources(sources), m_arguments(arguments)
-    {
-    }
-
-    /// One thread's share: a disk after the other.
-    void work()
-    {
-        while (const auto disk = take()) {
-            const auto began = Clock::now();
-            DiskResult result = scanned(*disk);
-            result.disk = *disk;
-            result.seconds = std::chrono::duration<double>(Clock::now() - began).count();
-            const MutexLock lock(m_mutex);
-            m_results.push_back(std::move(result));
-            m_changed.notifyAll();
-        }
-    }
-
-    /// The next result; none where none came in a while.
-    [[nodiscard]] std::optional<DiskResult> next(std::chrono::milliseconds longest)
-    {
-        MutexLock lock(m_mutex);
-        if (m_results.empty())
-            m_changed.waitFor(lock, longest);
-        if (m_results.empty())
-            return std::nullopt;
-        DiskResult result = std::move(m_results.front());
-        m_results.pop_front();
-        return result;
-    }
-
-    /// Lets no further scan begin, and asks those that run for an orderly end.
-    void stop()
-    {
-        const MutexLock lock(m_mutex);
-        if (std::exchange(m_stopped, true))
-            return;
-        for (const pid_t process : m_running)
-            kill(process, SIGINT);
-    }
-
-private:
-    [[nodiscard]] std::optional<std::size_t> take()
-    {
-        const MutexLock lock(m_mutex);
-        if (m_next == m_sources.size())
-            return std::nullopt;
-        return m_next++;
-    }
-
-    [[nodiscard]] DiskResult scanned(std::size_t disk)
-    {
-        DiskResult result;
-        Result<ChildScan> child = Error{};
-        {
-            // Started and noted at once, so that a stop finds it.
-            const MutexLock lock(m_mutex);
-            if (m_stopped) {
-                result.code = kInterrupted;
-                result.error = "interrupted before it began";
-                return result;
-            }
-            child = ChildScan::start(childArguments(m_sources[disk], m_arguments));
-            if (!child) {
-                result.error = child.error().message;
-                return result;
-            }
-            m_running.insert(child->process);
-        }
-        const int code = child->wait([&] {
-            const MutexLock lock(m_mutex);
-            m_running.erase(child->process);
-        });
-        result.code = code < 0 ? int{kFailed} : code;
-        if (code < 0)
-            result.error = "its scan was ended by signal " + std::to_string(-code);
-        result.out = std::move(child->out);
-        result.err = std::move(child->err);
-        return result;
-    }
-
-    const std::vector<ScanSource>& m_sources;
-    const ScanArguments& m_arguments;
-    Mutex m_mutex;
-    Condition m_changed;
-    std::size_t m_next GUARDED_BY(m_mutex) = 0;
-    bool m_stopped GUARDED_BY(m_mutex) = false;
-    std::set<pid_t> m_running GUARDED_BY(m_mutex);
-    std::deque<DiskResult> m_results GUARDED_BY(m_mutex);
-};
 
 /// Prints what comes, and the lines at the end.
 class Printer {
@@ -396,7 +257,7 @@ int scanManyDisks(const std::vector<ScanSource>& sources, const ScanArguments& a
                                  ? arguments.jobs
                                  : std::clamp(std::thread::hardware_concurrency(), 1U, kUsualJobs);
     const auto began = Clock::now();
-    Scans scans(sources, arguments);
+    DiskScans scans(sources, arguments);
     Printer printer(sources, arguments, console);
     auto crew = std::async(std::launch::async, [&] {
         onThreads(std::min(jobs, sources.size()), [&] { scans.work(); });

@@ -95,6 +95,12 @@ struct FileTimes {
     friend bool operator==(const FileTimes&, const FileTimes&) = default;
 };
 
+/// What a walk saw of an entry in the folder that it had open, so that nobody need find it again.
+struct SeenEntry {
+    Sighting sighting;
+    std::optional<FileTimes> times; ///< none where they were not asked for
+};
+
 /// The direct entries of one folder, in the order in which the file system lists them.
 struct FolderListing {
     ListStatus status = ListStatus::Missing;

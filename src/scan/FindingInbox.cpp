@@ -47,12 +47,13 @@ void FindingInbox::addIfAvail(const FileURL& url, std::string_view name, std::st
 }
 
 void FindingInbox::addSeen(const FileURL& url, std::string_view name, std::string_view type,
-                           std::string_view risk, std::int64_t size, const Sighting& seen)
+                           std::string_view risk, std::int64_t size, const SeenEntry& seen)
 {
     auto record = Spyware::SpyWareSeen(name, type, size, url, risk);
-    record->setSighting(seen);
+    record->setSighting(seen.sighting);
     record->setSpelling(spelledBelow(url));
-    noteFileFacts(*record);
+    record->times = seen.times ? *seen.times : m_services.disk.times(url);
+    noteHash(*record);
     test(std::move(record));
 }
 
@@ -62,13 +63,13 @@ void FindingInbox::lookAt(Spyware& record)
     record.setSighting(m_services.disk.sighting(record.url));
     if (const auto spelled = m_services.disk.spelledPath(record.url))
         record.setSpelling(*spelled);
-    noteFileFacts(record);
+    record.times = m_services.disk.times(record.url);
+    noteHash(record);
 }
 
 /// On the scan's threads.
-void FindingInbox::noteFileFacts(Spyware& record)
+void FindingInbox::noteHash(Spyware& record)
 {
-    record.times = m_services.disk.times(record.url);
     if (!m_hashes || record.kind != FileKind::RegularFile)
         return;
     if (const auto hash = m_services.disk.contentHash(record.url, m_state.isScanStop))

@@ -33,7 +33,7 @@ public:
     void addIfAvail(const FileURL& url, std::string_view name, std::string_view type,
                     std::string_view risk, std::int64_t size) override;
     void addSeen(const FileURL& url, std::string_view name, std::string_view type,
-                 std::string_view risk, std::int64_t size, const Sighting& seen) override;
+                 std::string_view risk, std::int64_t size, const SeenEntry& seen) override;
     void append(const FileURL& url, std::string_view name, std::string_view type,
                 std::string_view risk, std::int64_t size) override;
 
@@ -78,7 +78,7 @@ private:
 
     void lookAt(Spyware& record);
     [[nodiscard]] std::string spelledBelow(const FileURL& url);
-    void noteFileFacts(Spyware& record);
+    void noteHash(Spyware& record);
     void test(std::shared_ptr<Spyware> record);
     void refuse(const FileURL& url);
     void push(Pending pending);

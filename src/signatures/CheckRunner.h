@@ -33,7 +33,7 @@ public:
     /// addIfAvail() for what the caller has just seen in a folder's listing, so that a flood of
     /// findings need not cost another look at the disk each.
     virtual void addSeen(const FileURL& url, std::string_view name, std::string_view type,
-                         std::string_view risk, std::int64_t size, const Sighting& /*seen*/)
+                         std::string_view risk, std::int64_t size, const SeenEntry& /*seen*/)
     {
         addIfAvail(url, name, type, risk, size);
     }

@@ -176,12 +176,9 @@ private:
         drop();
         if (m_levels.empty() || m_levels.back().folder)
             return;
-        FolderHandle parent = child.openChild("..");
-        if (parent && parent.id() == m_ancestry[m_above + m_levels.size() - 1])
-            m_levels.back().folder = std::move(parent);
-        else
-            while (!m_levels.back().folder)
-                drop();
+        m_levels.back().folder = child.openParent(m_ancestry[m_above + m_levels.size() - 1]);
+        while (!m_levels.back().folder)
+            drop();
     }
 
     void drop()

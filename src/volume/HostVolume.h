@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Files.h"
+#include "core/Result.h"
 #include "platform/FileSystem.h"
 #include "volume/ImpliedLinks.h"
 
@@ -35,6 +36,14 @@ public:
     /// Opens the folder at the path, links followed. An empty path is the root itself.
     [[nodiscard]] virtual OpenedFolder openFolder(const std::string& path, FolderUse use) const = 0;
 };
+
+/// What a probe's errno says of the place.
+[[nodiscard]] inline Presence presenceOf(int error)
+{
+    if (error == 0)
+        return Presence::Present;
+    return meansAbsent(error) ? Presence::Absent : Presence::Unknown;
+}
 
 /// Confinement by a component walk of our own, which every POSIX system can do. The descriptor must
 /// outlive it.

@@ -2,7 +2,6 @@
 
 #include "core/Escape.h"
 #include "core/Result.h"
-#include "core/Sha256.h"
 #include "core/tasks/WorkCrew.h"
 #include "volume/FolderStream.h"
 #include "volume/HostVolume.h"
@@ -15,18 +14,10 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
-#include <unordered_map>
 
 namespace pryvane {
 
 namespace {
-
-Presence presenceOf(int error)
-{
-    if (error == 0)
-        return Presence::Present;
-    return meansAbsent(error) ? Presence::Absent : Presence::Unknown;
-}
 
 bool isHostRoot(int rootFd)
 {
@@ -53,29 +44,6 @@ DiskSource sourceOf(const std::string& hostFolder, bool isHostRoot)
     return {DiskSource::Kind::Folder, whole.filename().string()};
 }
 
-using ListedKinds = std::unordered_map<std::string, FileKind>;
-
-/// From so many names on, listing their folder takes less time than asking for each.
-constexpr std::size_t kManyNames = 32;
-
-/// What the folder lists; none where it lists more than that, or cannot be read whole.
-std::optional<ListedKinds> kindsIn(int folder, std::size_t most)
-{
-    FolderHandle handle = FolderHandle::openIn(folder, ".");
-    FolderBatch batch;
-    ListedKinds kinds;
-    do {
-        if (!handle || !batch.fill(handle))
-            return std::nullopt;
-        for (FolderBatch::Entry entry; batch.next(entry);) {
-            kinds.emplace(entry.name, entry.kind);
-            if (kinds.size() > most)
-                return std::nullopt;
-        }
-    } while (!batch.atEnd());
-    return kinds;
-}
-
 Error cannotOpen(std::string_view hostFolder, int error)
 {
     constexpr std::string_view kAdvice = "give the folder at which the Mac disk is mounted";
@@ -93,25 +61,6 @@ Error cannotOpen(std::string_view hostFolder, int error)
                 "); ask its owner for access, or run this with the rights to read it"};
     return {shown + " cannot be opened (" + errorText(error) +
             "); check that the disk is connected and mounted"};
-}
-
-/// Reads an open file piece by piece to its end, or says why not. `told` ends it with an error.
-template <typename Told>
-Result<Done> readPieces(int fd, const Told& told)
-{
-    std::vector<char> piece(std::size_t{64} * 1024);
-    for (;;) {
-        const ssize_t got = read(fd, piece.data(), piece.size());
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return Error{errorText(errno)};
-        if (got == 0)
-            return Done{};
-        if (auto taken = told(std::string_view(piece.data(), static_cast<std::size_t>(got)));
-            !taken)
-            return taken;
-    }
 }
 
 } // namespace
@@ -174,40 +123,6 @@ Presence VolumeFileSystem::presence(const FileURL& url)
         return spelled.presence;
     // What is remembered may be out of date.
     return presenceOf(m_root->probe("/" + spelled.path + (url.mustBeFolder() ? "/" : "")));
-}
-
-/// The way to the folder is gone once; of what stands in it only links are followed one by one.
-std::vector<Presence> VolumeFileSystem::presencesIn(const FileURL& folder,
-                                                    std::span<const std::string_view> names)
-{
-    const auto opened = m_root->openFolder(folder.relativePath(), FolderUse::Search);
-    std::vector<Presence> there(names.size(), presenceOf(opened.error));
-    std::optional<ListedKinds> listed;
-    std::string name;
-    for (std::size_t i = 0; opened.fd && i < names.size(); ++i) {
-        name = names[i];
-        int error = 0;
-        FileKind kind = FileKind::Missing;
-        if (listed) {
-            const auto entry = listed->find(name);
-            kind = entry == listed->end() ? FileKind::Missing : entry->second;
-            error = kind == FileKind::Missing ? ENOENT : 0;
-        } else {
-            struct stat data {};
-            if (fstatat(opened.fd.get(), name.c_str(), &data, AT_SYMLINK_NOFOLLOW) == 0)
-                kind = kindOfMode(data.st_mode);
-            else
-                error = errno;
-            // The first one tells whether the folder may be searched at all.
-            if (i == 0 && names.size() >= kManyNames && presenceOf(error) != Presence::Unknown)
-                listed = kindsIn(opened.fd.get(), 2 * names.size());
-        }
-        there[i] = presenceOf(error);
-        // An implied link has no entry of its own.
-        if (error == 0 ? kind == FileKind::SymbolicLink : m_implied.targetOf(name).has_value())
-            there[i] = presenceOf(m_root->probe(joinedPath(folder.relativePath(), name)));
-    }
-    return there;
 }
 
 VolumeFileSystem::Place VolumeFileSystem::placeOf(const std::string& path, bool mustBeFolder) const
@@ -379,35 +294,6 @@ Result<UniqueFd> VolumeFileSystem::openRegularFile(const FileURL& url)
     if (!S_ISREG(data.st_mode))
         return Error{"not a regular file"};
     return fd;
-}
-
-Result<std::string> VolumeFileSystem::readSmallFile(const FileURL& url, std::size_t limit)
-{
-    const auto fd = openRegularFile(url);
-    if (!fd)
-        return fd.error();
-    std::string content;
-    // By what was read, since a file may grow meanwhile.
-    const auto read = readPieces(fd->get(), [&](std::string_view piece) -> Result<Done> {
-        if (piece.size() > limit - content.size())
-            return Error{"the file is longer than " + std::to_string(limit) + " bytes"};
-        content += piece;
-        return Done{};
-    });
-    return read ? Result<std::string>(std::move(content)) : read.error();
-}
-
-Result<std::string> VolumeFileSystem::contentHash(const FileURL& url, const StopFlag& stop)
-{
-    const auto fd = openRegularFile(url);
-    if (!fd)
-        return fd.error();
-    Sha256 hash;
-    const auto read = readPieces(fd->get(), [&](std::string_view piece) -> Result<Done> {
-        hash.add(piece);
-        return stop.requested() ? Result<Done>(Error{"interrupted"}) : Done{};
-    });
-    return read ? Result<std::string>(hash.hex()) : read.error();
 }
 
 std::optional<std::string> VolumeFileSystem::spelledPath(const FileURL& url)

@@ -59,6 +59,24 @@ TEST_F(FindingInboxTest, ListsOneRecordForOneExistingLocation)
                                         "Pryvane: Spyware Found: .A_o_b_o"}));
 }
 
+TEST_F(FindingInboxTest, TheTimesAreThoseThatTheWalkSawOrElseTheDisks)
+{
+    volume.file("/Users/alice/one");
+    volume.file("/Users/alice/two");
+    const FileTimes seen{{}, DiskMoment::of(1), {}};
+    for (const char* path : {"/Users/alice/one", "/Users/alice/two"}) {
+        const FileURL url = FileURL::fileURLWithPath(path);
+        inbox.addSeen(url, "name", "Type", "High Risk", 0,
+                      {*disk->sighting(url),
+                       url.relativePath().ends_with("one") ? std::optional(seen) : std::nullopt});
+    }
+    mainQueue.drain();
+    const auto& records = state.arrSpywareList.records();
+    EXPECT_EQ(records.front()->times, seen);
+    EXPECT_EQ(records.back()->times, disk->times(records.back()->url));
+    EXPECT_TRUE(records.back()->times.modified);
+}
+
 TEST_F(FindingInboxTest, ApplicationsAreHeldBackUnlessTheyPoseAsTheMakers)
 {
     const std::string posing = "/Applications/Tidewell Quillmark Helper.app";

@@ -83,12 +83,9 @@ private:
         m_levels.pop_back();
         if (m_levels.empty() || m_levels.back().folder)
             return;
-        FolderHandle above = child.openChild("..");
-        if (above && above.id() == m_levels.back().id) {
-            m_levels.back().folder = std::move(above);
-            return;
-        }
-        movedAway();
+        m_levels.back().folder = child.openParent(m_levels.back().id);
+        if (!m_levels.back().folder)
+            movedAway();
         while (!m_levels.back().folder)
             m_levels.pop_back();
     }

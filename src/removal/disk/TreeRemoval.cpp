@@ -218,10 +218,9 @@ bool TreeRemoval::reopen(const FolderHandle& child)
 {
     if (m_levels.back().folder)
         return true;
-    if (FolderHandle above = child.openChild(".."); above && above.id() == m_levels.back().id) {
-        m_levels.back().folder = std::move(above);
+    m_levels.back().folder = child.openParent(m_levels.back().id);
+    if (m_levels.back().folder)
         return true;
-    }
     while (!m_levels.back().folder)
         m_levels.pop_back();
     Level& level = m_levels.back();

@@ -66,7 +66,8 @@ public:
         if (!matches)
             static_cast<void>(m_rules.texts->advance(m_levels.back().state, name, matches));
         if (matches)
-            m_report.add(m_place, {m_path + std::string(name), m_path.size(), {}, {0, 0, kind}});
+            m_report.add(m_place,
+                         {m_path + std::string(name), m_path.size(), {}, {{0, 0, kind}, {}}});
     }
 
     void unnamed(std::int64_t entries) override { count(entries); }

@@ -1,6 +1,7 @@
 #include "scan/walker/TreeWalker.h"
 
 #include "core/Result.h"
+#include "volume/HostVolume.h"
 
 #include <cerrno>
 #include <limits>
@@ -224,11 +225,11 @@ bool TreeWalker::isMatch(const Level& level, std::string_view name) const
 
 void TreeWalker::addMatch(std::string_view name)
 {
-    const FolderId& folder = m_ancestry[m_ancestry.size() - 1];
-    m_shared.report.add(m_place, {m_path + std::string(name),
-                                  m_path.size(),
-                                  {},
-                                  {folder.device, folder.inode, FileKind::RegularFile}});
+    const FolderId& id = m_ancestry[m_ancestry.size() - 1];
+    SeenEntry seen{{id.device, id.inode, FileKind::RegularFile}, {}};
+    if (const FolderHandle& folder = top().folder)
+        seen.times = timesOfEntry(folder.fd(), name.data());
+    m_shared.report.add(m_place, {m_path + std::string(name), m_path.size(), {}, seen});
 }
 
 void TreeWalker::refuse(std::size_t pathLength, int error)

@@ -76,11 +76,11 @@ void TreeWalker::returnTo(std::size_t index, FolderHandle child)
         level.setAside = false;
         --m_setAside;
     }
-    FolderHandle folder = child ? child.openChild("..") : FolderHandle();
+    FolderHandle folder = child ? child.openParent(m_ancestry[m_above + index]) : FolderHandle();
     child.close();
-    if ((!folder || folder.id() != m_ancestry[m_above + index]) && hasWork)
+    if (!folder && hasWork)
         folder = openedFromAbove(index);
-    if (folder && folder.id() == m_ancestry[m_above + index]) {
+    if (folder) {
         level.folder = std::move(folder);
         ++m_open;
         m_lowestOpen = std::max<std::size_t>(std::min(m_lowestOpen, index), 1);

@@ -33,7 +33,7 @@ void WalkNotifications::progress(std::int64_t steps)
     m_center.post(NotificationName::ScanningProgress, steps);
 }
 
-void WalkNotifications::match(std::string_view path, std::string_view name, const Sighting& seen)
+void WalkNotifications::match(std::string_view path, std::string_view name, const SeenEntry& seen)
 {
     m_findings.addSeen(FileURL::fileURLWithPath(path), name, catalogue::kFullSystem, kHighRisk, 0,
                        seen);

@@ -21,7 +21,7 @@ public:
     void counting(std::int64_t totalCount) override;
     void location(std::string_view path) override;
     void progress(std::int64_t steps) override;
-    void match(std::string_view path, std::string_view name, const Sighting& seen) override;
+    void match(std::string_view path, std::string_view name, const SeenEntry& seen) override;
     void refused(std::string_view path, std::string_view reason) override;
     void otherDisk(std::string_view path) override;
 

@@ -28,7 +28,7 @@ public:
 
     /// A file's path holds a text of the full-system list. In the order of the walk, one file once.
     /// `seen` is the file as the walk met it.
-    virtual void match(std::string_view path, std::string_view name, const Sighting& seen) = 0;
+    virtual void match(std::string_view path, std::string_view name, const SeenEntry& seen) = 0;
 
     /// A folder that is there could not be read, or not to its end. In the order of the walk.
     virtual void refused(std::string_view path, std::string_view reason) = 0;

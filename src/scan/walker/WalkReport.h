@@ -23,7 +23,7 @@ public:
         std::string path;
         std::size_t nameAt = 0; ///< where the last name begins
         std::string reason;     ///< of a refusal; empty for a match
-        Sighting seen = {};     ///< of a match
+        SeenEntry seen = {};    ///< of a match
         bool isOtherDisk = false;
     };
     struct Stretch {

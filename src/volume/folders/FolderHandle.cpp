@@ -12,6 +12,14 @@ FolderHandle FolderHandle::openIn(int folder, const char* name)
     return FolderHandle(openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
+FolderHandle FolderHandle::openParent(const FolderId& was) const
+{
+    FolderHandle parent = openChild("..");
+    if (parent && parent.id() != was)
+        parent.close();
+    return parent;
+}
+
 FolderHandle FolderHandle::duplicate() const
 {
     return FolderHandle(fcntl(m_fd, F_DUPFD_CLOEXEC, 0));

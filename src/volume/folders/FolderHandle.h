@@ -67,6 +67,9 @@ public:
     [[nodiscard]] static FolderHandle openIn(int folder, const char* name);
     [[nodiscard]] FolderHandle openChild(const char* name) const { return openIn(m_fd, name); }
 
+    /// Opens the folder above, where that still is the one it was; else not open.
+    [[nodiscard]] FolderHandle openParent(const FolderId& was) const;
+
     /// Another handle of the same folder, not for reading: both would share their place in it.
     [[nodiscard]] FolderHandle duplicate() const;
 

@@ -223,11 +223,7 @@ private:
         drop();
         if (m_levels.empty() || m_levels.back().folder)
             return;
-        FolderHandle parent = child.openChild("..");
-        if (parent && parent.id() == m_ancestry[m_levels.size() - 1]) {
-            m_levels.back().folder = std::move(parent);
-            return;
-        }
+        m_levels.back().folder = child.openParent(m_ancestry[m_levels.size() - 1]);
         while (!m_levels.back().folder) {
             partial();
             drop();

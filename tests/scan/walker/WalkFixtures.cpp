@@ -11,9 +11,9 @@
 
 namespace pryvane::test {
 
-void RecordingWalk::match(std::string_view path, std::string_view name, const Sighting& seen)
+void RecordingWalk::match(std::string_view path, std::string_view name, const SeenEntry& seen)
 {
-    if (seen.inode == 0 || seen.kind != FileKind::RegularFile)
+    if (seen.sighting.inode == 0 || seen.sighting.kind != FileKind::RegularFile)
         throw std::logic_error("a match was not seen");
     if (!path.ends_with("/" + std::string(name)))
         throw std::logic_error("the name is not the path's last");

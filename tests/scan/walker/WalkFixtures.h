@@ -24,7 +24,7 @@ public:
     void counting(std::int64_t count) override { note("counted " + std::to_string(count)); }
     void location(std::string_view path) override { note("at " + std::string(path)); }
     void progress(std::int64_t steps) override { note("progress " + std::to_string(steps)); }
-    void match(std::string_view path, std::string_view name, const Sighting& seen) override;
+    void match(std::string_view path, std::string_view name, const SeenEntry& seen) override;
     void refused(std::string_view path, std::string_view reason) override
     {
         note("refused " + std::string(path) + ": " + std::string(reason));
