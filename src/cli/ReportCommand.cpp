@@ -83,7 +83,7 @@ int listReports(const ReportArguments& arguments, const Console& console)
             }
             table.addRow({forTerminal(report.reportId), localDateText(report.scanDate),
                           forTerminal(report.reportType), stateOf(report),
-                          forTerminal(macName(report.subject)),
+                          forTerminal(diskName(report.subject, report.labels)),
                           forTerminal(userNames(report.subject)), sinceText(report.scanDate, now),
                           forTerminal(report.scanDuration)});
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "findings/Subject.h"
+
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,6 +31,14 @@ labelLines(const CaseLabels& labels)
     if (!labels.examiner.empty())
         lines.emplace_back("Examiner", labels.examiner);
     return lines;
+}
+
+/// What lists call the disk, raw bytes: its label where it has one, and whose it is.
+[[nodiscard]] inline std::string diskName(const Subject& subject, const CaseLabels& labels)
+{
+    if (labels.label.empty())
+        return macName(subject);
+    return labels.label + (subject.isKnown() ? " (" + macName(subject) + ")" : "");
 }
 
 } // namespace pryvane

@@ -21,7 +21,7 @@ import time
 
 import jsonschema
 
-cli, make_volume, schema_file, guide = sys.argv[1:5]
+cli, make_volume, schema_file, guides = sys.argv[1:5]
 schema = json.loads(pathlib.Path(schema_file).read_text())
 jsonschema.Draft202012Validator.check_schema(schema)
 
@@ -135,6 +135,8 @@ def exports(work, demo, on):
     (bundle / "report.pdf").rename(work / "report.pdf")
     paper = subprocess.run(["pdftotext", "-layout", work / "report.pdf", "-"], capture_output=True, text=True).stdout
     faces = {path.name: html.unescape(path.read_text()) for path in bundle.iterdir() if path.name != "SHA256SUMS"}
+    listed = subprocess.run([cli, "report", "list"], capture_output=True, text=True).stdout
+    assert said[0] in listed, listed
     faces |= {"paper": paper, "shown": subprocess.run([cli, "report", "show", "latest", "--volume", demo],
                                                       capture_output=True, text=True).stdout}
     for name, face in faces.items():
@@ -186,16 +188,25 @@ def lists(work, demo, on):
 
 
 def one_liners(work, demo, on):
-    """What the guide shows to be typed works, and tells something."""
-    text = pathlib.Path(guide).read_text()
+    """What the guides show to be typed works, and tells something; what others collected is judged as a disk is."""
+    text = "".join((pathlib.Path(guides) / name).read_text() for name in ("formats.md", "many-macs.md"))
     commands = re.findall(r"^jq .*$", text, re.MULTILINE)
-    assert len(commands) >= 6, commands
-    for name, command in (("scan", ["scan", "--deep", *on]), ("inventory", ["inventory", "--volume", str(demo)])):
+    assert len(commands) >= 12, commands
+    for name, command in (("scan", ["scan", "--deep", *on]), ("inventory", ["inventory", "--volume", str(demo)]),
+                          ("month", ["scan", "--jobs", "2", str(demo), str(work)])):
         done = subprocess.run([cli, *command, "--format", "jsonl"], capture_output=True)
         (work / f"{name}.jsonl").write_bytes(done.stdout)
+    found = [line["path"] for line in map(json.loads, (work / "scan.jsonl").open()) if line["type"] == "finding"]
+    (work / "osquery-results.log").write_text("".join(json.dumps({"columns": {"path": path}}) + "\n" for path in found))
+    (work / "collection").mkdir()
+    for at, path in enumerate(found):
+        (work / "collection" / f"{at}.json").write_text(json.dumps({"OSPath": path}))
+    path = {**os.environ, "PATH": f"{pathlib.Path(cli).resolve().parent}:{os.environ['PATH']}"}
     for command in commands:
-        done = subprocess.run(command, shell=True, cwd=work, capture_output=True, text=True)
-        assert done.returncode == 0 and done.stdout.strip(), (command, done.stderr)
+        done = subprocess.run(command, shell=True, cwd=work, env=path, capture_output=True, text=True)
+        judged = "pryvane-cli" in command
+        assert done.returncode == judged and done.stdout.strip(), (command, done.returncode, done.stderr)
+        assert not judged or str(len(found)) in done.stdout, (command, done.stdout)
     return len(commands)
 
 
