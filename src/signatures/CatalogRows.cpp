@@ -3,6 +3,9 @@
 #include "core/Sha256.h"
 #include "signatures/Catalogue.h"
 
+#include <array>
+#include <utility>
+
 namespace pryvane {
 
 namespace {
@@ -113,6 +116,26 @@ std::string_view ruleText(RuleKind rule)
         return "text in the path of a file (deep scan only)";
     }
     return {};
+}
+
+std::string_view ruleWords(std::string_view rule)
+{
+    constexpr std::array<std::pair<RuleKind, std::string_view>, 8> kWords = {{
+        {RuleKind::ExactPath, "this exact place is on the list"},
+        {RuleKind::UserApplications,
+         "an application of this name in the user's own Applications folder"},
+        {RuleKind::LibraryScope, "this place inside a Library folder is on the list"},
+        {RuleKind::NameFragment, "part of a name in a folder where such programs settle"},
+        {RuleKind::BareWord, "a word anywhere in a name in a folder where such programs settle"},
+        {RuleKind::Backdoor, "a place that known backdoors use"},
+        {RuleKind::RemoteDesktop, "where Apple Remote Desktop keeps its settings"},
+        {RuleKind::FullSystemSubstring,
+         "a text anywhere in a path, which a deep scan alone looks for"},
+    }};
+    for (const auto& [kind, words] : kWords)
+        if (ruleText(kind) == rule)
+            return words;
+    return "no rule of this version";
 }
 
 std::vector<CatalogRow> catalogRows()

@@ -22,6 +22,10 @@ enum class RuleKind : std::uint8_t {
 /// The rule in a few words.
 [[nodiscard]] std::string_view ruleText(RuleKind rule);
 
+/// A rule, as ruleText() names it, in plain words for a screen. Exports and the command line keep
+/// the name.
+[[nodiscard]] std::string_view ruleWords(std::string_view rule);
+
 /// One signature of the catalogue. All texts last as long as the program.
 struct CatalogRow {
     std::string_view method; ///< the check that uses it; "deep scan" for the full-system list

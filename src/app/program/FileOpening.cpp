@@ -3,6 +3,7 @@
 #include "app/program/Desktop.h"
 #include "core/Escape.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QApplication>
 
@@ -31,7 +32,7 @@ FileOpening::FileOpening(Desktop& desktop, VolumeChoice choice)
         if (!m_window.isVisible())
             show();
         m_progress.setInterval(kProgressEach);
-        m_window.showProgress(ui::text(m_opening.progressText()));
+        m_window.showProgress(ui::shown(m_opening.progressText()));
     });
 }
 
@@ -50,7 +51,7 @@ Result<std::optional<NextDisk>> FileOpening::run()
 
 void FileOpening::begin()
 {
-    m_window.showProgress(ui::text(m_opening.progressText()));
+    m_window.showProgress(ui::shown(m_opening.progressText()));
     m_opening.begin(m_choice,
                     [this](auto disk, bool isLocked) { ended(std::move(disk), isLocked); });
     m_progress.start();

@@ -14,6 +14,7 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "volume/FoldedName.h"
+#include "words/Shown.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -266,7 +267,7 @@ void Session::askForVolume(QWidget* over, const std::string& place)
         look(at, password, std::move(told));
     };
     asks.progress = [this] {
-        return m_opening.isRunning() ? ui::text(m_opening.progressText()) : QString();
+        return m_opening.isRunning() ? ui::shown(m_opening.progressText()) : QString();
     };
     asks.stop = [this] { m_opening.stop(); };
     asks.open = [this](const std::string& at, const std::string& user,

@@ -11,6 +11,7 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Theme.h"
+#include "words/Language.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -169,6 +170,9 @@ int runProgram(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Pryvane"));
     QApplication::setDesktopFileName(QStringLiteral("pryvane"));
     QApplication::setQuitOnLastWindowClosed(false);
+    ui::speakUsersLanguage(application);
+    if (qgetenv("PRYVANE_DIRECTION") == "rtl")
+        QApplication::setLayoutDirection(Qt::RightToLeft);
     ui::applyTheme(application);
     QApplication::setWindowIcon(ui::applicationIcon());
     auto desktop = Desktop::open(*host, dataFolder);

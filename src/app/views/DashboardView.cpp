@@ -10,6 +10,7 @@
 #include "ui/Spinner.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -167,25 +168,25 @@ void DashboardView::showStatement()
                      "scans found is in the reports only."));
         return;
     }
-    const QString when = tr("Last scan: %1").arg(ui::text(m_controller.lastScanText()));
+    const QString when = tr("Last scan: %1").arg(ui::shown(m_controller.lastScanText()));
     const VerdictWords& words = wordsFor(last.verdict);
     const Artwork artwork = artworkOf(words.tone);
     m_statement->setArtwork(ui::text(artwork.background), ui::text(artwork.badge));
-    const QString line = when + QLatin1Char('\n') + ui::text(last.verdictLine);
+    const QString line = when + QLatin1Char('\n') + ui::shown(last.verdictLine);
     if (last.verdict == Verdict::Found)
         m_statement->setStatement(tr("The last scan found something"), line);
     else if (last.verdict == Verdict::Clean)
         m_statement->setStatement(tr("The last scan found nothing"), line);
     else
-        m_statement->setStatement(ui::text(words.headline), line);
+        m_statement->setStatement(ui::shown(words.headline), line);
 }
 
 void DashboardView::showScanButton()
 {
     const ScanButton& button = m_controller.scanButton();
-    m_scan->setText(ui::buttonText(button.title));
+    m_scan->setText(ui::shownOnButton(button.title));
     m_scan->setAccessibleName(button.title.empty() ? tr("A scan is running")
-                                                   : ui::text(button.title));
+                                                   : ui::shown(button.title));
     if (button.spinner)
         m_scan->showSpinner();
     else
@@ -194,7 +195,7 @@ void DashboardView::showScanButton()
     m_deep->setVisible(button.deepShown);
     m_deep->setEnabled(button.deepEnabled);
     ui::showTicked(*m_deep, button.deepChecked);
-    m_explanation->setText(ui::text(m_controller.scanExplanation()));
+    m_explanation->setText(ui::shown(m_controller.scanExplanation()));
 }
 
 void DashboardView::showSwitches()
@@ -207,7 +208,7 @@ void DashboardView::showSwitches()
 void DashboardView::showSchedule()
 {
     const std::string next = m_scheduler.nextFiringText();
-    m_next->setText(next.empty() ? tr("No scan is scheduled.") : ui::text(next));
+    m_next->setText(next.empty() ? tr("No scan is scheduled.") : ui::shown(next));
 }
 
 void DashboardView::openSchedule()

@@ -10,6 +10,7 @@
 #include "ui/Navigation.h"
 #include "ui/Sheet.h"
 #include "ui/TitleBar.h"
+#include "words/Shown.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -80,7 +81,7 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
 {
     for (const Row row : {Row::Dashboard, Row::Scan, Row::Tools, Row::Reports})
         m_navigation->addScreen(QLatin1String(kRowIcons[rowIndex(row)]),
-                                ui::text(kRowTitles[static_cast<std::size_t>(rowIndex(row))]));
+                                ui::shown(kRowTitles[static_cast<std::size_t>(rowIndex(row))]));
     m_navigation->setObjectName(QStringLiteral("navigation"));
     connect(m_navigation, &QListWidget::currentRowChanged, &m_table,
             &TableViewController::selectRow);

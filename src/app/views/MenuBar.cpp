@@ -2,7 +2,7 @@
 
 #include "app/Navigation.h"
 #include "ui/Icons.h"
-#include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QActionGroup>
 #include <QMenu>
@@ -31,7 +31,7 @@ void fillWindowMenu(QMenu& menu, const MenuActions& actions)
             continue;
         }
         QAction* action =
-            menu.addAction(ui::buttonText(entry.title), &menu,
+            menu.addAction(ui::shownOnButton(entry.title), &menu,
                            [perform = actions.perform, does = entry.command] { perform(does); });
         action->setMenuRole(QAction::NoRole);
         action->setCheckable(entry.checked);
@@ -70,7 +70,7 @@ MenuBar::MenuBar(MenuActions actions) : m_actions(std::move(actions)), m_file(ad
 {
     QMenu* view = addMenu(tr("View"));
     for (int row = 0; row < int(kRowTitles.size()); ++row)
-        view->addAction(ui::buttonText(kRowTitles[static_cast<std::size_t>(row)]),
+        view->addAction(ui::shownOnButton(kRowTitles[static_cast<std::size_t>(row)]),
                         QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this,
                         [this, row] { m_actions.showScreen(row); });
     view->addSeparator();

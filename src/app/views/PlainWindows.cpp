@@ -1,16 +1,15 @@
 #include "app/views/PlainWindows.h"
 
 #include "app/NotAccessVC.h"
+#include "app/views/Guide.h"
 #include "app/views/MainWindow.h"
 #include "core/Escape.h"
 #include "ui/Icons.h"
-#include "ui/Keys.h"
 #include "ui/Labels.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
 
 #include <QButtonGroup>
-#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -166,77 +165,6 @@ QWidget* AccessWindow::makePromise(const QString& iconName, const QString& title
     return row;
 }
 
-using ui::TextRole;
-
-namespace {
-
-struct Chapter {
-    const char* icon;
-    const char* title;
-    const char* words;
-};
-
-constexpr Chapter kGuide[] = {
-    {"volume", QT_TRANSLATE_NOOP("Help", "Choose what to look at"),
-     QT_TRANSLATE_NOOP(
-         "Help",
-         "The button at the foot of the navigation names the volume and the user. Click "
-         "it, or press Ctrl+O, to look at another mounted Mac disk, at an image of one, or at "
-         "a list of its names.")},
-    {"scan", QT_TRANSLATE_NOOP("Help", "Scan"),
-     QT_TRANSLATE_NOOP(
-         "Help", "A quick scan looks in the places that known spyware uses. A deep scan looks "
-                 "there and at the name of every file of the user. Neither reads contents, "
-                 "and neither changes anything.")},
-    {"exact-path", QT_TRANSLATE_NOOP("Help", "Weigh the evidence"),
-     QT_TRANSLATE_NOOP(
-         "Help", "Each finding tells how strongly it speaks: an exact path is known from real "
-                 "spyware; a bare substring can be a harmless file with an unlucky name. "
-                 "Press Return on a finding to see the rule that found it.")},
-    {"btn_trash", QT_TRANSLATE_NOOP("Help", "Remove"),
-     QT_TRANSLATE_NOOP(
-         "Help", "Tick what is to go with Space, or everything shown with Ctrl+A, then choose "
-                 "Remove. A plan shows what would be deleted before anything is. Removal is "
-                 "permanent. What could not be removed is listed with the reason.")},
-    {"reports", QT_TRANSLATE_NOOP("Help", "Keep the history"),
-     QT_TRANSLATE_NOOP("Help",
-                       "Every scan leaves a report. Reports can be compared, printed, exported and "
-                       "deleted, and what they list can still be removed later.")},
-    {"clock", QT_TRANSLATE_NOOP("Help", "Scan on a schedule"),
-     QT_TRANSLATE_NOOP(
-         "Help", "While Pryvane is running it can scan every 30 minutes, and at a time of day "
-                 "of your choice between two dates. It never raises its window for that.")},
-    {"dashboard", QT_TRANSLATE_NOOP("Help", "Keys"),
-     QT_TRANSLATE_NOOP("Help",
-                       "Ctrl+1 to Ctrl+4 choose the screens, Ctrl+F the filter, Ctrl+P prints, F1 "
-                       "opens this guide, Esc closes a sheet.")},
-};
-
-QWidget* makeChapter(const Chapter& chapter)
-{
-    auto* picture = new QLabel;
-    picture->setPixmap(ui::icon(QLatin1String(chapter.icon)).pixmap(QSize(32, 32)));
-    auto* words = new QVBoxLayout;
-    words->setSpacing(4);
-    auto* title =
-        ui::makeLabel(TextRole::GroupTitle, QCoreApplication::translate("Help", chapter.title));
-    auto* body = ui::makeLabel(TextRole::Body,
-                               ui::withKeys(QCoreApplication::translate("Help", chapter.words)));
-    body->setWordWrap(true);
-    body->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    words->addWidget(title);
-    words->addWidget(body);
-    auto* card = new ui::Card;
-    auto* row = new QHBoxLayout;
-    row->setSpacing(ui::kGroups);
-    row->addWidget(picture, 0, Qt::AlignTop);
-    row->addLayout(words, 1);
-    card->column()->addLayout(row);
-    return card;
-}
-
-} // namespace
-
 void HelpWindow::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
@@ -249,16 +177,8 @@ HelpWindow::HelpWindow() : FramedWindow(tr("Pryvane Help"), 1)
 {
     setObjectName(QStringLiteral("helpWindow"));
     startWith({620, 640});
-    auto* pages = new QWidget;
-    auto* list = new QVBoxLayout(pages);
-    list->setContentsMargins(ui::kEdge, ui::kRelated, ui::kEdge, ui::kEdge);
-    list->setSpacing(ui::kRelated);
-    list->addWidget(ui::makeLabel(TextRole::Statement, tr("How Pryvane works")));
-    for (const Chapter& chapter : kGuide)
-        list->addWidget(makeChapter(chapter));
-    list->addStretch();
     auto* scroll = new QScrollArea;
-    scroll->setWidget(pages);
+    scroll->setWidget(makeGuide());
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setAccessibleName(tr("Guide"));

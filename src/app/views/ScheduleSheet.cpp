@@ -4,6 +4,7 @@
 #include "ui/Labels.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -64,7 +65,7 @@ ScheduleSheet::ScheduleSheet(QWidget* over, SchedulerVC& scheduler)
     m_scheduleTypePopUp->setAccessibleName(tr("Repeat"));
     m_scheduleTypePopUp->setMinimumHeight(ui::kTarget);
     for (const std::string_view title : kScheduleTypeTitles)
-        m_scheduleTypePopUp->addItem(ui::text(title));
+        m_scheduleTypePopUp->addItem(ui::shown(title));
     m_sentence->setObjectName(QStringLiteral("whatWillHappen"));
     layOut();
     connect(m_startDatePicker, &QDateEdit::dateTimeChanged, this,
@@ -137,7 +138,7 @@ void ScheduleSheet::showState()
     m_scheduleTypePopUp->setCurrentIndex(form.scheduleTypePopUp);
     ui::showTicked(*m_isScheduleOn->box(), form.isScheduleOn);
     m_fields->setEnabled(form.isScheduleOn);
-    m_sentence->setText(ui::text(m_scheduler.formSentence()));
+    m_sentence->setText(ui::shown(m_scheduler.formSentence()));
 }
 
 } // namespace pryvane

@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "ui/Labels.h"
 #include "ui/Style.h"
+#include "words/Shown.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -148,7 +149,7 @@ void VolumeSheet::showLooked(const Looked& looked)
     m_note->setText(looked.isLocked && m_password->text().isEmpty()
                         ? tr("The disk in this image is encrypted. Its password unlocks it.")
                     : looked.isLocked ? tr("The password does not unlock this disk.")
-                    : looked.refusal  ? ui::text(*looked.refusal)
+                    : looked.refusal  ? ui::shown(*looked.refusal)
                     : hasUsers
                         ? QString()
                         : tr("There is no folder \"Users\" with accounts here, so this may not be "

@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "ui/Labels.h"
 #include "ui/RowTable.h"
+#include "words/Shown.h"
 
 #include <QLineEdit>
 #include <QLocale>
@@ -29,8 +30,9 @@ std::vector<ui::Column> columns()
 QString nameOf(const SpywareScanReport& report)
 {
     return ComparisonSheet::tr("%1 (%2, %3: %4)")
-        .arg(ui::text(localDateText(report.scanDate)), ui::text(forScreen(report.reportType)),
-             ui::text(subjectText(report.subject)), ui::text(wordsFor(report.verdict()).shortWord));
+        .arg(ui::text(localDateText(report.scanDate)), ui::shown(forScreen(report.reportType)),
+             ui::shown(subjectText(report.subject)),
+             ui::shown(wordsFor(report.verdict()).shortWord));
 }
 
 QString counts(const ReportComparison& changes)
@@ -65,7 +67,7 @@ ComparisonSheet::ComparisonSheet(QWidget* over, const SpywareScanReport& report,
     const std::string remark =
         turned ? comparisonRemark(other, report) : comparisonRemark(report, other);
     if (!remark.empty())
-        body()->addWidget(ui::makeNote(ui::text(remark)));
+        body()->addWidget(ui::makeNote(ui::shown(remark)));
     body()->addWidget(filter);
     body()->addWidget(m_table, 1);
     buttons()->addWidget(close);
@@ -128,7 +130,7 @@ ui::Cell ComparisonSheet::Source::cell(int row, int column) const
     case Location:
         return {.text = ui::text(forScreen(found.url.relativePath()))};
     case Size:
-        return {.text = ui::text(sizeText(found.size)), .number = found.size};
+        return {.text = ui::shown(sizeText(found.size)), .number = found.size};
     default:
         return {};
     }

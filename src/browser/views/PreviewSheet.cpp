@@ -4,6 +4,7 @@
 #include "ui/Labels.h"
 #include "ui/Spinner.h"
 #include "ui/Style.h"
+#include "words/Shown.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -63,7 +64,7 @@ void PreviewSheet::showDocument(const Result<std::string>& pdf)
 
 void PreviewSheet::fail(const std::string& reason)
 {
-    m_failure->setText(tr("The pages cannot be shown: %1").arg(ui::text(reason)));
+    m_failure->setText(tr("The pages cannot be shown: %1").arg(ui::shown(reason)));
     m_stack->setCurrentWidget(m_failure);
 }
 

@@ -6,6 +6,7 @@
 #include "core/Texts.h"
 #include "reports/SpywareScanReport.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -113,7 +114,8 @@ struct Export : std::enable_shared_from_this<Export> {
         const std::string count = std::to_string(written) + " of " +
                                   countedText(ids.size(), "report", "reports") + " exported to " +
                                   forScreen(place) + ".";
-        told(ui::text(count + (problem.empty() ? "" : " " + forScreen(problem))));
+        told(ui::shown(count) +
+             (problem.empty() ? QString() : QLatin1Char(' ') + ui::text(forScreen(problem))));
     }
 };
 

@@ -7,6 +7,7 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Style.h"
+#include "words/Shown.h"
 
 #include <QAccessible>
 #include <QGridLayout>
@@ -183,7 +184,7 @@ void ReportDetailsPane::showState()
     showFacts();
     showRemoval();
     showFindings();
-    m_notice->setText(ui::text(m_controller.notice()));
+    m_notice->setText(ui::shown(m_controller.notice()));
     m_notice->setVisible(!m_controller.notice().empty());
     m_print->setEnabled(!m_controller.isPrinting());
 }
@@ -194,12 +195,13 @@ void ReportDetailsPane::showFacts()
     if (m_shown == report.get() || !report)
         return;
     const ReportDetails& details = m_controller.details();
-    m_type->setText(ui::text(details.type));
-    m_path->setText(ui::text(details.path + "  (" + subjectText(report->subject) + ")"));
+    m_type->setText(ui::shown(details.type));
+    m_path->setText(ui::shown(details.path) + QStringLiteral("  (") +
+                    ui::shown(subjectText(report->subject)) + QLatin1Char(')'));
     m_count->setText(countText(m_controller));
-    m_start->setText(ui::text(details.startTime));
-    m_durationLabel->setText(ui::text(details.durationLabel));
-    m_duration->setText(ui::text(details.duration).simplified());
+    m_start->setText(ui::shown(details.startTime));
+    m_durationLabel->setText(ui::shown(details.durationLabel));
+    m_duration->setText(ui::shown(details.duration).simplified());
     m_coverage->show(report->spyWareList->size(), report->coverage, report->subject);
     m_shown = report.get();
 }
@@ -232,8 +234,8 @@ void ReportDetailsPane::showBanner()
     if (!banner)
         return;
     m_banner->setArtwork(ui::text(banner->background), ui::text(banner->icon));
-    const QStringList lines{ui::text(banner->resultText), ui::text(banner->counts)};
-    m_banner->setStatement(ui::text(banner->informationText),
+    const QStringList lines{ui::shown(banner->resultText), ui::shown(banner->counts)};
+    m_banner->setStatement(ui::shown(banner->informationText),
                            lines.join(QLatin1Char('\n')).trimmed());
     if (turns) {
         QAccessibleEvent told(m_banner, QAccessible::Alert);

@@ -9,6 +9,7 @@
 #include "ui/Spinner.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -25,7 +26,7 @@ namespace pryvane {
 
 namespace {
 
-enum Page : int { Reading, NothingYet, List };
+enum Page { Reading, NothingYet, List };
 
 } // namespace
 
@@ -164,7 +165,7 @@ void ReportListPane::showState()
                                .arg(QLocale().toString(static_cast<qulonglong>(*ofThisDisk)));
     m_statement->setText(statement);
     m_scanning->setVisible(m_controller.isScanning());
-    m_notice->setText(ui::text(m_controller.notice()));
+    m_notice->setText(ui::shown(m_controller.notice()));
     m_notice->setVisible(!m_controller.notice().empty());
     m_pages->setCurrentIndex(count > 0 ? List : m_controller.isLoading() ? Reading : NothingYet);
     m_list->setCurrentIndex(m_model.rowCount() > 0 ? 0 : 1);

@@ -3,6 +3,7 @@
 #include "core/Escape.h"
 #include "findings/views/CoverageView.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QLocale>
 #include <QObject>
@@ -14,7 +15,7 @@ namespace {
 ui::Cell stateCell(const ReportFacts& report)
 {
     ui::Cell cell = verdictCell(report.verdict);
-    cell.tooltip = ui::text(report.verdictLine);
+    cell.tooltip = ui::shown(report.verdictLine);
     return cell;
 }
 
@@ -60,20 +61,21 @@ ui::Cell ReportsSource::cell(int row, int column) const
     case State:
         return stateCell(report);
     case When:
-        return {.text = ui::text(texts(row).when),
+        return {.text = ui::shown(texts(row).when),
                 .number = report.scanDate.time_since_epoch().count(),
                 .tooltip = ui::text(texts(row).date)};
     case Kind:
-        return {.text = ui::text(texts(row).kind)};
+        return {.text = ui::shown(texts(row).kind)};
     case Mac:
-        return {.text = ui::text(texts(row).mac), .tooltip = ui::text(subjectText(report.subject))};
+        return {.text = ui::shown(texts(row).mac),
+                .tooltip = ui::shown(subjectText(report.subject))};
     case Findings: {
         // The count of the report itself is stored with its low eight bits only.
         const auto findings = static_cast<qint64>(report.findings);
         return {.text = QLocale().toString(findings), .number = findings};
     }
     case Duration:
-        return {.text = ui::text(texts(row).duration).simplified(),
+        return {.text = ui::shown(texts(row).duration).simplified(),
                 .number = static_cast<qint64>(report.seconds * 1000)};
     case Action:
         return actionCell(texts(row));

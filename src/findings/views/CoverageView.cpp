@@ -5,6 +5,7 @@
 #include "ui/Labels.h"
 #include "ui/Navigation.h"
 #include "ui/Sheet.h"
+#include "words/Shown.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -41,7 +42,7 @@ QString detailsOf(const ScanCoverage& coverage, const Subject& subject)
                      .arg(number(coverage.systemVolumeLeftOut));
     for (const std::string& leftOut : {homesLeftOutText(coverage), otherDisksText(coverage)}) {
         if (!leftOut.empty())
-            lines += ui::text(leftOut);
+            lines += ui::shown(leftOut);
     }
     const auto listed = [&](const QString& title, std::size_t count, auto&& line) {
         if (count == 0)
@@ -62,7 +63,7 @@ QString detailsOf(const ScanCoverage& coverage, const Subject& subject)
         lines += CoverageView::tr("There is no home folder %1")
                      .arg(ui::text(forScreen(coverage.missingHome)));
     if (subject.isKnown())
-        lines.prepend(ui::text(subjectText(subject)));
+        lines.prepend(ui::shown(subjectText(subject)));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -71,7 +72,7 @@ QString detailsOf(const ScanCoverage& coverage, const Subject& subject)
 ui::Cell verdictCell(Verdict verdict)
 {
     const VerdictWords& words = wordsFor(verdict);
-    ui::Cell cell{.text = ui::text(words.shortWord), .number = static_cast<qint64>(verdict)};
+    ui::Cell cell{.text = ui::shown(words.shortWord), .number = static_cast<qint64>(verdict)};
     switch (words.tone) {
     case Tone::Red:
         cell.iconName = QStringLiteral("found");
@@ -138,7 +139,7 @@ void CoverageView::show(std::size_t findings, const ScanCoverage& coverage, cons
     const ui::Cell look = verdictCell(verdictOf(findings, coverage));
     m_icon->setPixmap(
         ui::icon(look.iconName, look.meaning).pixmap(QSize(20, 20), devicePixelRatioF()));
-    m_verdict->setText(ui::text(verdictLine(findings, coverage, subject)));
+    m_verdict->setText(ui::shown(verdictLine(findings, coverage, subject)));
     m_details->setText(detailsOf(coverage, subject));
 }
 

@@ -4,6 +4,7 @@
 #include "core/Texts.h"
 #include "signatures/MakersApplications.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QObject>
 
@@ -93,8 +94,9 @@ QString FindingsSource::whyFound(int row) const
     for (const ExplainMatch& match : explain(question(row)).matches)
         lines +=
             QObject::tr("%1: %2, %3 \"%4\"")
-                .arg(ui::text(forScreen(match.row.family)), ui::text(evidenceText(match.evidence)),
-                     ui::text(ruleText(match.row.rule)), ui::text(forScreen(match.location)));
+                .arg(ui::text(forScreen(match.row.family)), ui::shown(evidenceText(match.evidence)),
+                     ui::shown(ruleWords(ruleText(match.row.rule))),
+                     ui::text(forScreen(match.location)));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -119,7 +121,7 @@ ui::Cell FindingsSource::cell(int row, int column) const
     case Location:
         return {.text = ui::text(forScreen(found.url.relativePath()))};
     case Size:
-        return {.text = ui::text(sizeText(found.size)), .number = found.size};
+        return {.text = ui::shown(sizeText(found.size)), .number = found.size};
     default:
         return {};
     }
@@ -134,13 +136,13 @@ ui::Cell FindingsSource::evidenceOrOutcome(int row) const
                 .iconName = QStringLiteral("clean"),
                 .meaning = ui::Meaning::Clean,
                 .number = -1,
-                .tooltip = ui::text(forScreen(found.removalRemark))};
+                .tooltip = ui::shown(forScreen(found.removalRemark))};
     if (!found.removalFailure.empty())
         return {.text = QObject::tr("not removed"),
                 .iconName = QStringLiteral("attention"),
                 .meaning = ui::Meaning::Found,
                 .number = -2,
-                .tooltip = ui::text(forScreen(found.removalFailure))};
+                .tooltip = ui::shown(forScreen(found.removalFailure))};
     return m_of == Of::Scan ? evidenceCell(flaggedBy(row)) : presence(row);
 }
 
@@ -161,7 +163,7 @@ ui::Cell FindingsSource::presence(int row) const
     return {.text = QObject::tr("not known"),
             .iconName = QStringLiteral("info"),
             .number = 2,
-            .tooltip = ui::text(found.presenceReason)};
+            .tooltip = ui::shown(found.presenceReason)};
 }
 
 /// Why something stayed, or is not known, is not left to a tooltip.
@@ -169,9 +171,9 @@ ui::Cell FindingsSource::remark(int row) const
 {
     const Spyware& found = record(row);
     if (!found.isDeleted && !found.removalFailure.empty())
-        return {.text = ui::text(forScreen(found.removalFailure)), .meaning = ui::Meaning::Found};
+        return {.text = ui::shown(forScreen(found.removalFailure)), .meaning = ui::Meaning::Found};
     if (m_of == Of::Report && !found.isDeleted && found.presence == Presence::Unknown)
-        return {.text = ui::text(found.presenceReason)};
+        return {.text = ui::shown(found.presenceReason)};
     return {};
 }
 
@@ -211,20 +213,25 @@ bool FindingsSource::faded(int row) const
     return !record(row).isAvail() || record(row).isDeleted;
 }
 
+QString ruleShown(const FlaggedBy& flaggedBy)
+{
+    return ui::shown(ruleWords(flaggedBy.rule));
+}
+
 ui::Cell evidenceCell(const FlaggedBy& flaggedBy)
 {
     const Evidence evidence = flaggedBy.evidence;
     static const char* const icons[] = {"exact-path", "launch-folder", "name-fragment",
                                         "bare-substring"};
-    std::string why(flaggedBy.rule);
+    QString why = ruleShown(flaggedBy);
     if (!flaggedBy.text.empty())
-        why += ": " + flaggedBy.text;
-    return {.text = ui::text(evidenceText(evidence)),
+        why += QStringLiteral(": ") + ui::text(forScreen(flaggedBy.text));
+    return {.text = ui::shown(evidenceText(evidence)),
             .iconName = QLatin1String(icons[static_cast<int>(evidence)]),
             .meaning = isWeak(evidence) ? ui::Meaning::Attention : ui::Meaning::Neutral,
             .number = static_cast<qint64>(evidence),
-            .tooltip = ui::text(forScreen(why)),
-            .whole = ui::text(forScreen(evidenceText(flaggedBy)))};
+            .tooltip = why,
+            .whole = ui::shown(forScreen(evidenceText(flaggedBy)))};
 }
 
 QStringList evidenceWords()
@@ -232,7 +239,7 @@ QStringList evidenceWords()
     QStringList words;
     for (const Evidence evidence : {Evidence::ExactPath, Evidence::NameInLaunchFolder,
                                     Evidence::NameFragment, Evidence::BareSubstring})
-        words += ui::text(evidenceText(evidence));
+        words += ui::shown(evidenceText(evidence));
     return words;
 }
 

@@ -79,6 +79,9 @@ private:
 /// The word of each evidence.
 [[nodiscard]] QStringList evidenceWords();
 
+/// The rule in plain words, in the language of the window.
+[[nodiscard]] QString ruleShown(const FlaggedBy& flaggedBy);
+
 /// Icon and words of that evidence; the tooltip tells the rule and the text that fits.
 [[nodiscard]] ui::Cell evidenceCell(const FlaggedBy& flaggedBy);
 

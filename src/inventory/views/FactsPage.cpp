@@ -6,6 +6,7 @@
 #include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -20,7 +21,7 @@ namespace pryvane {
 FactsPage::FactsPage(const FactsController& controller, FactKind kind, QWidget* parent)
     : QWidget(parent), m_controller(controller), m_kind(kind), m_source(controller, kind),
       m_model(m_source, FactsTableSource::columns(kind)),
-      m_table(new ui::RowTable(m_model, ui::text(words(kind).title))),
+      m_table(new ui::RowTable(m_model, ui::shown(words(kind).title))),
       m_empty(new ui::EmptyState(QStringLiteral("info"), {})), m_list(new ui::Pages),
       m_meaningTitle(ui::makeLabel(ui::TextRole::GroupTitle)), m_meaning(ui::makeNote()),
       m_details(ui::makeNote()), m_troubles(ui::makeNote())
@@ -81,7 +82,7 @@ void FactsPage::showState()
     QStringList lines;
     for (const std::string& trouble : troubles)
         if (lines.size() < kMostLines)
-            lines.push_back(ui::text(trouble));
+            lines.push_back(ui::shown(trouble));
     if (static_cast<int>(troubles.size()) > kMostLines)
         lines.push_back(tr("and %n more places that could not be read", nullptr,
                            static_cast<int>(troubles.size()) - kMostLines));
@@ -119,8 +120,8 @@ void FactsPage::showRow()
     if (row < 0)
         return;
     const GroupWords& about = m_controller.table(m_kind).groups[m_source.row(row).group];
-    m_meaningTitle->setText(tr("What does “%1” mean?").arg(ui::text(about.title)));
-    m_meaning->setText(ui::text(about.meaning));
+    m_meaningTitle->setText(tr("What does “%1” mean?").arg(ui::shown(about.title)));
+    m_meaning->setText(ui::shown(about.meaning));
 }
 
 QString FactsPage::textOf(const FactRow& row) const
@@ -129,8 +130,7 @@ QString FactsPage::textOf(const FactRow& row) const
     QStringList parts;
     for (std::size_t i = 0; i < row.cells.size(); ++i)
         if (!row.cells[i].empty())
-            parts.push_back(ui::text(columns[i]) + QStringLiteral(": ") +
-                            ui::text(forScreen(row.cells[i])));
+            parts.push_back(ui::shown(columns[i]) + QStringLiteral(": ") + m_source.shown(row, i));
     return parts.join(QStringLiteral(" · "));
 }
 

@@ -2,6 +2,8 @@
 
 #include "core/Escape.h"
 #include "ui/Labels.h"
+#include "words/Language.h"
+#include "words/Shown.h"
 
 #include <QObject>
 
@@ -15,6 +17,9 @@ namespace {
 /// Which cells of a fact the columns show; the first column has the place of the tick box.
 constexpr std::array<std::array<int, 5>, 3> kCells = {
     {{0, 1, 2, 5, 6}, {0, 1, 2, 4, 5}, {0, 1, 2, 3, -1}}};
+
+/// Which cells of a fact are words of this program; the others stay as the disk has them.
+constexpr std::array<std::string_view, 3> kWords = {"12356", "01245", "0123"};
 
 } // namespace
 
@@ -45,6 +50,15 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
             {.title = QObject::tr("Whose"), .width = 78}};
 }
 
+QString FactsTableSource::shown(const FactRow& row, std::size_t cell) const
+{
+    const std::string text = forScreen(row.cells[cell]);
+    return kWords[static_cast<std::size_t>(m_kind)].find(static_cast<char>('0' + cell)) ==
+                   std::string_view::npos
+               ? ui::text(text)
+               : ui::shown(text);
+}
+
 bool FactsTableSource::hasPrograms(FactKind kind)
 {
     return kind != FactKind::RemoteAccess;
@@ -68,16 +82,16 @@ ui::Cell FactsTableSource::cell(int row, int column) const
     if (column < 1 || column > 5)
         return {};
     const auto kind = static_cast<std::size_t>(m_kind);
-    const int shown = kCells[kind][static_cast<std::size_t>(column) - 1];
-    if (shown < 0)
+    const int place = kCells[kind][static_cast<std::size_t>(column) - 1];
+    if (place < 0)
         return {};
-    return {.text = ui::text(forScreen(this->row(row).cells[static_cast<std::size_t>(shown)])),
+    return {.text = shown(this->row(row), static_cast<std::size_t>(place)),
             .iconName = column == 1 ? QString(QLatin1String(kIcons[kind])) : QString()};
 }
 
 QString FactsTableSource::group(int row, int) const
 {
-    return ui::text(m_controller.table(m_kind).groups[this->row(row).group].title);
+    return ui::shown(m_controller.table(m_kind).groups[this->row(row).group].title);
 }
 
 bool FactsTableSource::hidden(int row) const
@@ -90,7 +104,10 @@ bool FactsTableSource::hidden(int row) const
 
 QString FactsTableSource::searchText(int row) const
 {
-    return ui::text(m_controller.searchTexts(m_kind)[static_cast<std::size_t>(row)]);
+    QString text = ui::text(m_controller.searchTexts(m_kind)[static_cast<std::size_t>(row)]);
+    for (std::size_t cell = 0; ui::isTranslated() && cell < this->row(row).cells.size(); ++cell)
+        text += shown(this->row(row), cell) + QLatin1Char('\n');
+    return text;
 }
 
 bool FactsTableSource::faded(int row) const

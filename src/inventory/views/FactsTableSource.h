@@ -34,6 +34,8 @@ public:
     {
         return m_controller.table(m_kind).rows[static_cast<std::size_t>(row)];
     }
+    /// A cell of a fact in the language of the window.
+    [[nodiscard]] QString shown(const FactRow& row, std::size_t cell) const;
     /// How many denied ones are folded away.
     [[nodiscard]] int deniedCount() const;
 

@@ -8,6 +8,7 @@
 #include "ui/Pages.h"
 #include "ui/RowTable.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -67,11 +68,11 @@ ui::Cell InventorySource::cell(int row, int column) const
     case Name:
         return {.text = ui::text(forScreen(about.name)), .iconName = iconOf(about.kind)};
     case Detail:
-        return {.text = ui::text(forScreen(about.detail))};
+        return {.text = ui::shown(forScreen(about.detail))};
     case Location:
         return {.text = ui::text(forScreen(about.url.relativePath()))};
     case Size:
-        return {.text = about.bytes ? ui::text(sizeText(*about.bytes)) : QString(),
+        return {.text = about.bytes ? ui::shown(sizeText(*about.bytes)) : QString(),
                 .number = about.bytes.value_or(-1)};
     default:
         return {};
@@ -80,7 +81,7 @@ ui::Cell InventorySource::cell(int row, int column) const
 
 QString InventorySource::group(int row, int) const
 {
-    return ui::text(heading(entry(row).kind));
+    return ui::shown(heading(entry(row).kind));
 }
 
 bool InventorySource::hidden(int row) const
@@ -111,7 +112,7 @@ InventoryView::InventoryView(InventoryController& controller, QWidget* parent)
     m_kinds->setAccessibleName(tr("List"));
     m_kinds->addItem(tr("All lists"));
     for (const char* heading : kInventoryHeadings)
-        m_kinds->addItem(ui::text(heading));
+        m_kinds->addItem(ui::shown(heading));
     m_model.setGrouping(InventorySource::ByKind);
     layOut();
     m_update.setSingleShot(true);
@@ -186,7 +187,7 @@ void InventoryView::showState()
         return QLocale().toString(static_cast<qulonglong>(count));
     };
     m_summary->setText(gathering
-                           ? tr("Gathering: %1").arg(ui::text(heading(m_controller.gathering())))
+                           ? tr("Gathering: %1").arg(ui::shown(heading(m_controller.gathering())))
                        : m_controller.isWhole()
                            ? tr("%1 entries in all").arg(number(m_shown))
                            : tr("%1 entries; not all lists were gathered").arg(number(m_shown)));
@@ -196,7 +197,7 @@ void InventoryView::showState()
             [&](const InventoryEntry& each) { return each.kind == InventoryKind(kind); });
         m_kinds->setItemText(
             static_cast<int>(kind) + 1,
-            tr("%1 (%2)").arg(ui::text(kInventoryHeadings[kind]), number(std::size_t(count))));
+            tr("%1 (%2)").arg(ui::shown(kInventoryHeadings[kind]), number(std::size_t(count))));
     }
     showList();
 }

@@ -9,6 +9,7 @@
 #include "ui/Spinner.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -200,7 +201,7 @@ void CleaningPreviewSheet::showDear()
     for (const CleaningPreview::Item& item : m_controller.preview().items()) {
         const CleaningRow& row = m_controller.preview().rows[item.first];
         if (row.cost == Cost::Dear && item.ticked)
-            names += ui::text(forScreen(shownName(row.kind, row.group) + ": " + row.item));
+            names += ui::shown(forScreen(shownName(row.kind, row.group) + ": " + row.item));
     }
     m_dearNames->setText(
         tr("%1 cannot be had back once cleared.").arg(names.join(QStringLiteral(", "))));
@@ -215,9 +216,9 @@ void CleaningPreviewSheet::showTotals()
                                      [](const CleaningRow& row) { return row.willGo(); });
     m_totals->setText(
         m_filled ? tr("%1 will go: %2, %3")
-                       .arg(ui::text(countedText(std::size_t(going), "location", "locations")),
-                            ui::text(countedText(totals.entries, "entry", "entries")),
-                            ui::text(sizeText(totals.bytes)))
+                       .arg(ui::shown(countedText(std::size_t(going), "location", "locations")),
+                            ui::shown(countedText(totals.entries, "entry", "entries")),
+                            ui::shown(sizeText(totals.bytes)))
                  : QString());
     m_clear->setEnabled(m_filled && totals.entries > 0);
     QStringList names;

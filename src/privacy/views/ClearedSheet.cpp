@@ -5,6 +5,7 @@
 #include "privacy/ToolGroup.h"
 #include "ui/Labels.h"
 #include "ui/RowTable.h"
+#include "words/Shown.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -36,17 +37,17 @@ ui::Cell ClearedSheet::Source::cell(int row, int column) const
     const CleanedItem& item = m_items[static_cast<std::size_t>(row)];
     switch (column) {
     case Item:
-        return {.text = ui::text(forScreen(shownName(item.kind, item.group) + ": " + item.item))};
+        return {.text = ui::shown(forScreen(shownName(item.kind, item.group) + ": " + item.item))};
     case Whose:
         return {.text = ui::text(forScreen(item.user))};
     case Entries:
         return {.text = QString::number(item.entries), .number = static_cast<qint64>(item.entries)};
     case Freed:
-        return {.text = ui::text(sizeText(item.bytes)), .number = item.bytes};
+        return {.text = ui::shown(sizeText(item.bytes)), .number = item.bytes};
     case Stayed:
         if (item.stayed == 0)
             return {};
-        return {.text = ui::text(countedText(item.stayed, "location", "locations")),
+        return {.text = ui::shown(countedText(item.stayed, "location", "locations")),
                 .iconName = QStringLiteral("attention"),
                 .meaning = ui::Meaning::Attention};
     default:

@@ -4,6 +4,7 @@
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Theme.h"
+#include "words/Shown.h"
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
@@ -74,7 +75,7 @@ public:
         if (!index.isValid() || index.row() >= known())
             return {};
         const ToolGroup& group = at(index);
-        QString name = ui::text(forScreen(shownName(group)));
+        QString name = ui::shown(forScreen(shownName(group)));
         if (group.user != m_controller.availbleApp().front().user ||
             group.user != m_controller.availbleApp().back().user)
             name += QStringLiteral(" (%1)").arg(ui::text(forScreen(group.user)));
@@ -82,13 +83,13 @@ public:
         case Qt::DisplayRole:
             return name;
         case Qt::AccessibleTextRole:
-            return name + QStringLiteral(", ") + ui::text(group.Size);
+            return name + QStringLiteral(", ") + ui::shown(group.Size);
         case Qt::DecorationRole:
             return ui::icon(iconOf(group.kind));
         case Qt::CheckStateRole:
             return tickState(group);
         case SizeText:
-            return ui::text(group.Size);
+            return ui::shown(group.Size);
         case Share:
             return double(group.bytes) / double(std::max<std::int64_t>(1, largest()));
         case CanBeTicked:

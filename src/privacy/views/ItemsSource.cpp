@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QObject>
 
@@ -38,14 +39,14 @@ QString ItemsSource::explanation(int row) const
     const ToolItem& about = item(row);
     QStringList words;
     if (const auto meaning = meaningOf(about); !meaning.empty())
-        words += ui::text(std::string(meaning));
+        words += ui::shown(std::string(meaning));
     if (about.cost == Cost::Dear)
         words += QObject::tr("Cannot be had back, so it is ticked by itself only.");
     else if (std::ranges::any_of(about.AllList, &ToolLocation::isDear))
         words += QObject::tr("What of it cannot be had back stays when it is ticked with others.");
     if (!about.notSeen.empty())
         words += QObject::tr("Not all of it could be looked at: %1.")
-                     .arg(ui::text(forScreen(about.notSeen)));
+                     .arg(ui::shown(forScreen(about.notSeen)));
     else if (!about.isEnabled && !about.isHeader)
         words += QObject::tr("There is nothing to clear.");
     return words.join(QLatin1Char(' '));
@@ -55,13 +56,13 @@ ui::Cell ItemsSource::cell(int row, int column) const
 {
     const ToolItem& about = item(row);
     if (column == Name)
-        return {.text = ui::text(forScreen(about.NameText)),
+        return {.text = ui::shown(forScreen(about.NameText)),
                 .iconName = about.isExt                ? QStringLiteral("extension")
                             : about.cost == Cost::Dear ? QStringLiteral("attention")
                                                        : QString(),
                 .tooltip = explanation(row)};
     if (column == Size)
-        return {.text = ui::text(about.sizeText), .number = about.bytes};
+        return {.text = ui::shown(about.sizeText), .number = about.bytes};
     return {};
 }
 
@@ -89,7 +90,7 @@ QString ItemsSource::group(int row, int) const
         return QObject::tr("All browsers");
     for (int above = row; above >= 0; --above)
         if (item(above).isHeader)
-            return ui::text(forScreen(item(above).NameText));
+            return ui::shown(forScreen(item(above).NameText));
     return {};
 }
 

@@ -4,6 +4,7 @@
 #include "core/Texts.h"
 #include "removal/views/PlanSource.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QObject>
 
@@ -19,15 +20,15 @@ ui::Cell noteCell(const CleaningRow& row)
         return hindranceCell(QObject::tr("%1 is running").arg(ui::text(forScreen(row.blockedBy))));
     ui::Cell cell = forecastCell(row.forecast, QObject::tr("can be cleared"));
     if (!row.largest.empty())
-        cell.text += QStringLiteral(", ") + ui::text(forScreen(largestText(row)));
+        cell.text += QStringLiteral(", ") + ui::shown(forScreen(largestText(row)));
     return cell;
 }
 
 /// "Chrome: Cookies (Alice)"
 QString itemName(const CleaningRow& row)
 {
-    return ui::text(forScreen(shownName(row.kind, row.group))) + QStringLiteral(": ") +
-           ui::text(forScreen(row.item));
+    return ui::shown(forScreen(shownName(row.kind, row.group))) + QStringLiteral(": ") +
+           ui::shown(forScreen(row.item));
 }
 
 } // namespace
@@ -56,14 +57,14 @@ ui::Cell PreviewItems::cell(int row, int column) const
     case Name:
         return {.text = itemName(firstOf(row))};
     case Meaning: {
-        const QString meaning = ui::text(std::string(item.meaning));
+        const QString meaning = ui::shown(std::string(item.meaning));
         return {.text = meaning, .tooltip = meaning};
     }
     case Entries:
         return {.text = QString::number(item.totals.entries),
                 .number = static_cast<qint64>(item.totals.entries)};
     case Size:
-        return {.text = ui::text(sizeText(item.totals.bytes)), .number = item.totals.bytes};
+        return {.text = ui::shown(sizeText(item.totals.bytes)), .number = item.totals.bytes};
     default:
         return {};
     }

@@ -13,6 +13,7 @@
 #include "ui/Sheet.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
@@ -123,7 +124,7 @@ void PrivacyPane::showState()
     m_lists->setCurrentIndex(m_controller.availbleApp().empty() ? 1 : 0);
     const std::int64_t bytes = selectedBytes(m_controller.availbleApp());
     const bool ready = m_controller.state() == State::Idle && bytes > 0;
-    m_total->setText(bytes > 0 ? tr("%1 ticked").arg(ui::text(sizeText(bytes)))
+    m_total->setText(bytes > 0 ? tr("%1 ticked").arg(ui::shown(sizeText(bytes)))
                                : tr("Nothing is ticked"));
     m_preview->setEnabled(ready);
     m_clear->setEnabled(ready);
@@ -138,7 +139,7 @@ void PrivacyPane::showItems()
     m_shownGroup = group;
     m_shownItems = m_source.count();
     m_model.setGrouping(m_source.hasHeadings() ? ItemsSource::ByHeading : ItemsSource::None);
-    m_groupName->setText(group ? ui::text(forScreen(shownName(m_controller.availbleApp()[*group])))
+    m_groupName->setText(group ? ui::shown(forScreen(shownName(m_controller.availbleApp()[*group])))
                                : QString());
     m_explanation->setText(group ? tr("Point at an item to see what it holds.") : QString());
 }
@@ -168,9 +169,9 @@ void PrivacyPane::showLeftOvers()
 {
     std::vector<ui::ReasonsSheet::Row> rows;
     for (const LeftOver& left : m_controller.outcome().stayed)
-        rows.push_back({ui::text(forScreen(left.item)),
+        rows.push_back({ui::shown(forScreen(left.item)),
                         ui::text(forScreen(left.url.relativePath())),
-                        ui::text(forScreen(left.reason))});
+                        ui::shown(forScreen(left.reason))});
     (new ui::ReasonsSheet(this, tr("What stayed"), tr("Why it stayed, and what to do"),
                           std::move(rows)))
         ->present();

@@ -6,6 +6,7 @@
 #include "ui/Labels.h"
 #include "ui/Listen.h"
 #include "ui/Theme.h"
+#include "words/Shown.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -120,7 +121,7 @@ void ToolsStatus::showState()
 void ToolsStatus::showStatement()
 {
     const std::int64_t bytes = allBytes(m_controller.availbleApp());
-    const QString size = ui::text(sizeText(bytes));
+    const QString size = ui::shown(sizeText(bytes));
     const bool known = !m_controller.availbleApp().empty();
     m_measure->setText(known ? tr("Measure again") : tr("Measure"));
     switch (m_controller.state()) {
@@ -166,8 +167,8 @@ void ToolsStatus::showProgress()
         all == 0 ? tr("Looking for what is there")
                  : tr("%1 of %2, %3 looked at")
                        .arg(done)
-                       .arg(ui::text(countedText(all, "location", "locations")),
-                            ui::text(countedText(progress.sizes.entries, "entry", "entries"))));
+                       .arg(ui::shown(countedText(all, "location", "locations")),
+                            ui::shown(countedText(progress.sizes.entries, "entry", "entries"))));
 }
 
 void ToolsStatus::showOutcome()
@@ -178,12 +179,12 @@ void ToolsStatus::showOutcome()
                                       whole ? ui::Meaning::Clean : ui::Meaning::Attention)
                                  .pixmap(QSize(20, 20), devicePixelRatioF()));
     QString words = tr("%1, %2 cleared.")
-                        .arg(ui::text(countedText(outcome.entriesRemoved, "entry", "entries")),
-                             ui::text(sizeText(outcome.bytesRemoved)));
+                        .arg(ui::shown(countedText(outcome.entriesRemoved, "entry", "entries")),
+                             ui::shown(sizeText(outcome.bytesRemoved)));
     if (!whole)
         words += QLatin1Char(' ') +
                  tr("%1 stayed.")
-                     .arg(ui::text(countedText(outcome.stayed.size(), "location", "locations")));
+                     .arg(ui::shown(countedText(outcome.stayed.size(), "location", "locations")));
     m_outcomeText->setText(words);
     m_cleared->setVisible(outcome.entriesRemoved > 0);
     m_leftOvers->setVisible(!whole);

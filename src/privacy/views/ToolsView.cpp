@@ -20,7 +20,7 @@ namespace pryvane {
 
 namespace {
 
-enum Page : int { Privacy, Inventory, Watchers };
+enum Page { Privacy, Inventory, Watchers };
 
 } // namespace
 

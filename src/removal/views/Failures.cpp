@@ -2,6 +2,7 @@
 
 #include "core/Escape.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 namespace pryvane {
 
@@ -12,7 +13,7 @@ ui::ReasonsSheet* makeFailuresSheet(QWidget* over, const SpywareList& failed)
     for (const auto& record : failed)
         rows.push_back({{},
                         ui::text(forScreen(record->url.relativePath())),
-                        ui::text(forScreen(record->removalFailure))});
+                        ui::shown(forScreen(record->removalFailure))});
     return new ui::ReasonsSheet(over, ui::ReasonsSheet::tr("What could not be removed"),
                                 ui::ReasonsSheet::tr("Why it stayed, and what to do"),
                                 std::move(rows));

@@ -6,6 +6,7 @@
 #include "ui/RowTable.h"
 #include "ui/Spinner.h"
 #include "ui/Style.h"
+#include "words/Shown.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -25,7 +26,7 @@ QString totalsText(const RemovalPlan::Totals& totals)
                        .arg(QLocale().toString(static_cast<qulonglong>(totals.rows)),
                             QLocale().toString(static_cast<qulonglong>(totals.entries)) +
                                 (totals.countedWhole ? QString() : QStringLiteral("+")),
-                            ui::text(sizeText(totals.bytes)));
+                            ui::shown(sizeText(totals.bytes)));
     if (totals.hindered > 0)
         text += PlanSheet::tr("; %1 cannot be removed as things are")
                     .arg(QLocale().toString(static_cast<qulonglong>(totals.hindered)));

@@ -4,6 +4,7 @@
 #include "core/Texts.h"
 #include "findings/views/FindingsSource.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QLocale>
 #include <QObject>
@@ -22,7 +23,7 @@ ui::Cell entriesCell(const RemovalForecast& forecast)
 
 ui::Cell sizeCell(const RemovalForecast& forecast)
 {
-    return {.text = ui::text(sizeText(forecast.bytes)), .number = forecast.bytes};
+    return {.text = ui::shown(sizeText(forecast.bytes)), .number = forecast.bytes};
 }
 
 ui::Cell hindranceCell(const QString& words)
@@ -34,7 +35,8 @@ ui::Cell hindranceCell(const QString& words)
 ui::Cell forecastCell(const RemovalForecast& forecast, const QString& possible)
 {
     if (forecast.obstacle != RemovalObstacle::None)
-        return hindranceCell(ui::text(forScreen(obstacleText(forecast.obstacle, forecast.detail))));
+        return hindranceCell(
+            ui::shown(forScreen(obstacleText(forecast.obstacle, forecast.detail))));
     if (forecast.kind == FileKind::Missing)
         return {.text = QObject::tr("already gone"), .iconName = QStringLiteral("gone")};
     return {.text = possible, .iconName = QStringLiteral("clean")};
@@ -149,16 +151,17 @@ QString PlanSource::group(int row, int grouping) const
 {
     const PlannedRecord& planned = at(row);
     const bool weak = isWeak(planned.flaggedBy.evidence);
-    std::string name;
+    QString shown;
     if (grouping == ByRule) {
-        name = std::string(planned.record->infections) + ", " + std::string(planned.flaggedBy.rule);
+        shown = ui::text(forScreen(planned.record->infections)) + QStringLiteral(", ") +
+                ruleShown(planned.flaggedBy);
         if (weak)
-            name += " \"" + planned.flaggedBy.text + "\"";
+            shown += QStringLiteral(" \"") + ui::text(forScreen(planned.flaggedBy.text)) +
+                     QLatin1Char('"');
     } else {
         const std::string path = planned.record->url.absolutePath();
-        name = path.substr(0, std::max<std::size_t>(1, path.rfind('/')));
+        shown = ui::text(forScreen(path.substr(0, std::max<std::size_t>(1, path.rfind('/')))));
     }
-    const QString shown = ui::text(forScreen(name));
     return weak ? QObject::tr("Look twice: %1").arg(shown) : shown;
 }
 

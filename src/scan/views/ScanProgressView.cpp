@@ -2,6 +2,7 @@
 
 #include "scan/ScanDisplay.h"
 #include "ui/Labels.h"
+#include "words/Shown.h"
 
 #include <QHBoxLayout>
 #include <QLocale>
@@ -80,8 +81,8 @@ void ScanProgressView::show(const ScanDisplay& display)
         facts += tr("about %1 left").arg(elapsedText(1000 * pace.secondsLeft));
     }
     m_facts->setText(facts.join(QStringLiteral("   ")));
-    m_kind->setText(ui::text(display.scanTypeLabel));
-    m_location->setText(ui::text(display.location));
+    m_kind->setText(ui::shown(display.scanTypeLabel));
+    m_location->setText(ui::shown(display.location));
     m_stop->setVisible(display.stopButton);
 }
 

@@ -15,6 +15,7 @@
 #include "ui/Sheet.h"
 #include "ui/Style.h"
 #include "ui/Surfaces.h"
+#include "words/Shown.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -163,16 +164,16 @@ QString ScanView::secondLine() const
     const StatusPanel& panel = m_controller.statusPanel();
     const auto& summary = m_controller.removal().summary();
     if (summary)
-        return QStringList{ui::text(summary->resultText), ui::text(summary->counts)}
+        return QStringList{ui::shown(summary->resultText), ui::shown(summary->counts)}
             .join(QLatin1Char('\n'))
             .trimmed();
     if (!showsVerdict())
-        return ui::text(panel.bottomText);
-    const QString verdict = ui::text(verdictLine(m_controller.report()->spyWareList->size(),
-                                                 m_controller.coverage(), m_controller.subject()));
+        return ui::shown(panel.bottomText);
+    const QString verdict = ui::shown(verdictLine(m_controller.report()->spyWareList->size(),
+                                                  m_controller.coverage(), m_controller.subject()));
     if (panel.bottomText.empty() || !panel.showsInfoBox)
         return verdict;
-    return verdict + QLatin1Char('\n') + ui::text(panel.bottomText).simplified();
+    return verdict + QLatin1Char('\n') + ui::shown(panel.bottomText).simplified();
 }
 
 void ScanView::showNotice()
@@ -182,10 +183,10 @@ void ScanView::showNotice()
     const std::string& givenUp = m_controller.givenUp();
     QStringList notes;
     if (!givenUp.empty())
-        notes += tr("There was no scan: %1.").arg(ui::text(givenUp));
+        notes += tr("There was no scan: %1.").arg(ui::shown(givenUp));
     if (shown && !error.empty())
         notes += tr("The report of this scan is shown here but could not be stored: %1")
-                     .arg(ui::text(forScreen(error)));
+                     .arg(ui::shown(forScreen(error)));
     m_notice->setVisible(!isBusy() && !notes.isEmpty());
     m_notice->setText(notes.join(QLatin1Char('\n')));
 }
@@ -199,14 +200,14 @@ void ScanView::showStatement()
     if (removed) {
         const RemovalSummary& summary = *removal.summary();
         m_statement->setArtwork(ui::text(summary.background), ui::text(summary.icon));
-        m_statement->setStatement(ui::text(summary.informationText), secondLine());
+        m_statement->setStatement(ui::shown(summary.informationText), secondLine());
     } else if (idle && panel.isResult) {
         m_statement->setArtwork(ui::text(panel.background), ui::text(panel.badge));
-        m_statement->setStatement(ui::text(panel.statusText), secondLine());
+        m_statement->setStatement(ui::shown(panel.statusText), secondLine());
     } else if (idle) {
         // Where nothing was looked at yet nothing is wrong.
         m_statement->setArtwork({}, QStringLiteral("icn_white_question"));
-        m_statement->setStatement(ui::text(panel.statusText), secondLine());
+        m_statement->setStatement(ui::shown(panel.statusText), secondLine());
     } else {
         m_statement->setArtwork({}, {});
         m_statement->setStatement(removal.isRemoving() ? tr("Removing what you selected")

@@ -57,20 +57,22 @@ TEST(PlanSource, SetsWeakEvidenceApartHoweverItIsGrouped)
                             "- /Library/LaunchAgents/com.refog.x.plist", "/tmp", "- /tmp/.mdworker",
                             "Look twice: /Library/Preferences", "- /Library/Preferences/com.okaz.x",
                             "Look twice: /tmp", "- /tmp/Koobface", "- /tmp/TypeRecorder.txt"));
-    EXPECT_THAT(shown(source, PlanSource::ByRule),
-                ElementsAre("Refog Personal Monitor, name touching a dot in a default location",
-                            "- /Library/LaunchAgents/com.refog.agent.plist",
-                            "- /Library/LaunchAgents/com.refog.x.plist", "Revir, exact path",
-                            "- /tmp/.mdworker",
-                            "Look twice: Okaz Installer, name touching a dot in a default location "
-                            "\"Okaz\"",
-                            "- /Library/Preferences/com.okaz.x",
-                            "Look twice: Spyware, text in the path of a file (deep scan only) "
-                            "\"Koobface\"",
-                            "- /tmp/Koobface",
-                            "Look twice: Spyware, text in the path of a file (deep scan only) "
-                            "\"TypeRecorder\"",
-                            "- /tmp/TypeRecorder.txt"));
+    EXPECT_THAT(
+        shown(source, PlanSource::ByRule),
+        ElementsAre(
+            "Refog Personal Monitor, part of a name in a folder where such programs settle",
+            "- /Library/LaunchAgents/com.refog.agent.plist",
+            "- /Library/LaunchAgents/com.refog.x.plist", "Revir, this exact place is on the list",
+            "- /tmp/.mdworker",
+            "Look twice: Okaz Installer, part of a name in a folder where such programs settle "
+            "\"Okaz\"",
+            "- /Library/Preferences/com.okaz.x",
+            "Look twice: Spyware, a text anywhere in a path, which a deep scan alone looks for "
+            "\"Koobface\"",
+            "- /tmp/Koobface",
+            "Look twice: Spyware, a text anywhere in a path, which a deep scan alone looks for "
+            "\"TypeRecorder\"",
+            "- /tmp/TypeRecorder.txt"));
 }
 
 TEST(PlanSource, StartsWithWeakEvidenceUntickedAndKeepsItsTicksUntilTheyAreWanted)

@@ -1,6 +1,6 @@
 #include "hosts/qt/widgets/TrayStatusItem.h"
 
-#include "hosts/qt/Text.h"
+#include "words/Shown.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -69,7 +69,7 @@ void TrayStatusItem::setMenu(std::vector<StatusMenuEntry> entries)
             m_menu.addSeparator();
             continue;
         }
-        QAction* action = m_menu.addAction(qt::buttonText(entry.title));
+        QAction* action = m_menu.addAction(ui::shownOnButton(entry.title));
         action->setCheckable(entry.checked.has_value());
         action->setChecked(entry.checked.value_or(false));
         connect(action, &QAction::triggered, this, [run = std::move(entry.action)] {
