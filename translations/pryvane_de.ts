@@ -405,7 +405,7 @@
     </message>
     <message>
         <source>whole Mac</source>
-        <translation>ganzer Mac</translation>
+        <translation>alle</translation>
     </message>
     <message>
         <source>you</source>
@@ -413,51 +413,51 @@
     </message>
     <message>
         <source>not known, in a hidden folder</source>
-        <translation>nicht bekannt, in einem versteckten Ordner</translation>
+        <translation>nicht bekannt, versteckter Ordner</translation>
     </message>
     <message>
         <source>not known, in a temporary folder</source>
-        <translation>nicht bekannt, in einem temporären Ordner</translation>
+        <translation>nicht bekannt, temporärer Ordner</translation>
     </message>
     <message>
         <source>not known, in the folder shared by all</source>
-        <translation>nicht bekannt, im gemeinsamen Ordner</translation>
+        <translation>nicht bekannt, gemeinsamer Ordner</translation>
     </message>
     <message>
         <source>not known, in the home of %1</source>
-        <translation>nicht bekannt, im Benutzerordner von %1</translation>
+        <translation>nicht bekannt, Ordner von %1</translation>
     </message>
     <message>
         <source>still there, in a hidden folder</source>
-        <translation>noch da, in einem versteckten Ordner</translation>
+        <translation>noch da, versteckter Ordner</translation>
     </message>
     <message>
         <source>still there, in a temporary folder</source>
-        <translation>noch da, in einem temporären Ordner</translation>
+        <translation>noch da, temporärer Ordner</translation>
     </message>
     <message>
         <source>still there, in the folder shared by all</source>
-        <translation>noch da, im gemeinsamen Ordner</translation>
+        <translation>noch da, gemeinsamer Ordner</translation>
     </message>
     <message>
         <source>still there, in the home of %1</source>
-        <translation>noch da, im Benutzerordner von %1</translation>
+        <translation>noch da, Ordner von %1</translation>
     </message>
     <message>
         <source>missing, in a hidden folder</source>
-        <translation>fehlt, in einem versteckten Ordner</translation>
+        <translation>fehlt, versteckter Ordner</translation>
     </message>
     <message>
         <source>missing, in a temporary folder</source>
-        <translation>fehlt, in einem temporären Ordner</translation>
+        <translation>fehlt, temporärer Ordner</translation>
     </message>
     <message>
         <source>missing, in the folder shared by all</source>
-        <translation>fehlt, im gemeinsamen Ordner</translation>
+        <translation>fehlt, gemeinsamer Ordner</translation>
     </message>
     <message>
         <source>missing, in the home of %1</source>
-        <translation>fehlt, im Benutzerordner von %1</translation>
+        <translation>fehlt, Ordner von %1</translation>
     </message>
     <message>
         <source>you (%1)</source>
@@ -2436,6 +2436,10 @@ Spyware auf dem Mac ist?</translation>
         <source>no rule of this version</source>
         <translation>keine Regel dieser Version</translation>
     </message>
+    <message>
+        <source>another program: %1</source>
+        <translation>ein anderes Programm: %1</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -2524,10 +2528,6 @@ Spyware auf dem Mac ist?</translation>
         <translation>Spuren löschen</translation>
     </message>
     <message>
-        <source>Privacy lists what browsers and the system keep, with the space it takes. The sum above the list is what could be cleared; a group can be larger, as it counts what stays as well. Nothing is ticked for you, and a preview shows each location first.</source>
-        <translation>„Datenschutz“ zeigt, was Browser und System aufheben, mit dem Platz, den es belegt. Die Summe über der Liste ist, was gelöscht werden kann; eine Gruppe kann größer sein, da sie auch zählt, was bleibt. Nichts ist für Sie angekreuzt, und eine Vorschau zeigt zuerst jeden Ort.</translation>
-    </message>
-    <message>
         <source>What the words mean</source>
         <translation>Was die Wörter bedeuten</translation>
     </message>
@@ -2550,6 +2550,10 @@ Unvollständig: Nichts wurde gefunden, aber nicht jeder Ort ließ sich lesen.</t
     <message>
         <source>How Pryvane works</source>
         <translation>Wie Pryvane arbeitet</translation>
+    </message>
+    <message>
+        <source>Privacy lists what browsers and the system keep, with the space it takes. The sum above the list is what could be cleared; a place that two groups share, such as a browser’s cache inside the system’s, counts only once in it. Nothing is ticked for you, and a preview shows each location first.</source>
+        <translation>„Datenschutz“ zeigt, was Browser und System aufheben, mit dem Platz, den es belegt. Die Summe über der Liste ist, was gelöscht werden kann; ein Ort, den zwei Gruppen teilen, etwa der Zwischenspeicher eines Browsers in dem des Systems, zählt darin nur einmal. Nichts ist für Sie angekreuzt, und eine Vorschau zeigt zuerst jeden Ort.</translation>
     </message>
 </context>
 <context>
@@ -4150,6 +4154,10 @@ Unvollständig: Nichts wurde gefunden, aber nicht jeder Ort ließ sich lesen.</t
     <message>
         <source>%1 stayed.</source>
         <translation>%1 geblieben.</translation>
+    </message>
+    <message>
+        <source>A place that two groups share is counted once.</source>
+        <translation>Ein Ort, den zwei Gruppen teilen, zählt einmal.</translation>
     </message>
 </context>
 <context>

@@ -405,7 +405,7 @@
     </message>
     <message>
         <source>whole Mac</source>
-        <translation>tout le Mac</translation>
+        <translation>tous</translation>
     </message>
     <message>
         <source>you</source>
@@ -413,51 +413,51 @@
     </message>
     <message>
         <source>not known, in a hidden folder</source>
-        <translation>inconnu, dans un dossier caché</translation>
+        <translation>inconnu, dossier caché</translation>
     </message>
     <message>
         <source>not known, in a temporary folder</source>
-        <translation>inconnu, dans un dossier temporaire</translation>
+        <translation>inconnu, dossier temporaire</translation>
     </message>
     <message>
         <source>not known, in the folder shared by all</source>
-        <translation>inconnu, dans le dossier partagé par tous</translation>
+        <translation>inconnu, dossier partagé</translation>
     </message>
     <message>
         <source>not known, in the home of %1</source>
-        <translation>inconnu, dans le dossier de départ de %1</translation>
+        <translation>inconnu, dossier de %1</translation>
     </message>
     <message>
         <source>still there, in a hidden folder</source>
-        <translation>encore là, dans un dossier caché</translation>
+        <translation>encore là, dossier caché</translation>
     </message>
     <message>
         <source>still there, in a temporary folder</source>
-        <translation>encore là, dans un dossier temporaire</translation>
+        <translation>encore là, dossier temporaire</translation>
     </message>
     <message>
         <source>still there, in the folder shared by all</source>
-        <translation>encore là, dans le dossier partagé par tous</translation>
+        <translation>encore là, dossier partagé</translation>
     </message>
     <message>
         <source>still there, in the home of %1</source>
-        <translation>encore là, dans le dossier de départ de %1</translation>
+        <translation>encore là, dossier de %1</translation>
     </message>
     <message>
         <source>missing, in a hidden folder</source>
-        <translation>absent, dans un dossier caché</translation>
+        <translation>absent, dossier caché</translation>
     </message>
     <message>
         <source>missing, in a temporary folder</source>
-        <translation>absent, dans un dossier temporaire</translation>
+        <translation>absent, dossier temporaire</translation>
     </message>
     <message>
         <source>missing, in the folder shared by all</source>
-        <translation>absent, dans le dossier partagé par tous</translation>
+        <translation>absent, dossier partagé</translation>
     </message>
     <message>
         <source>missing, in the home of %1</source>
-        <translation>absent, dans le dossier de départ de %1</translation>
+        <translation>absent, dossier de %1</translation>
     </message>
     <message>
         <source>you (%1)</source>
@@ -2436,6 +2436,10 @@ par un logiciel espion ?</translation>
         <source>no rule of this version</source>
         <translation>aucune règle de cette version</translation>
     </message>
+    <message>
+        <source>another program: %1</source>
+        <translation>un autre programme : %1</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -2524,10 +2528,6 @@ par un logiciel espion ?</translation>
         <translation>Effacer des traces</translation>
     </message>
     <message>
-        <source>Privacy lists what browsers and the system keep, with the space it takes. The sum above the list is what could be cleared; a group can be larger, as it counts what stays as well. Nothing is ticked for you, and a preview shows each location first.</source>
-        <translation>« Confidentialité » liste ce que gardent les navigateurs et le système, avec la place que cela prend. La somme au-dessus de la liste est ce qui peut être effacé ; un groupe peut être plus gros, car il compte aussi ce qui reste. Rien n’est coché à votre place, et un aperçu montre d’abord chaque emplacement.</translation>
-    </message>
-    <message>
         <source>What the words mean</source>
         <translation>Ce que veulent dire les mots</translation>
     </message>
@@ -2550,6 +2550,10 @@ Incomplet : rien n’a été trouvé, mais tout n’a pas pu être lu.</translat
     <message>
         <source>How Pryvane works</source>
         <translation>Comment fonctionne Pryvane</translation>
+    </message>
+    <message>
+        <source>Privacy lists what browsers and the system keep, with the space it takes. The sum above the list is what could be cleared; a place that two groups share, such as a browser’s cache inside the system’s, counts only once in it. Nothing is ticked for you, and a preview shows each location first.</source>
+        <translation>« Confidentialité » liste ce que gardent les navigateurs et le système, avec la place que cela prend. La somme au-dessus de la liste est ce qui peut être effacé ; un emplacement que deux groupes partagent, comme le cache d’un navigateur dans celui du système, n’y compte qu’une fois. Rien n’est coché à votre place, et un aperçu montre d’abord chaque emplacement.</translation>
     </message>
 </context>
 <context>
@@ -4150,6 +4154,10 @@ Incomplet : rien n’a été trouvé, mais tout n’a pas pu être lu.</translat
     <message>
         <source>%1 stayed.</source>
         <translation>%1 restés.</translation>
+    </message>
+    <message>
+        <source>A place that two groups share is counted once.</source>
+        <translation>Un emplacement commun à deux groupes compte une fois.</translation>
     </message>
 </context>
 <context>

@@ -176,6 +176,12 @@ private:
     const bool m_hasSecondLine;
 };
 
+/// What its title takes, which other languages have longer.
+int titleWidth(const Column& column, const QFontMetrics& metrics)
+{
+    return column.title.isEmpty() ? 0 : metrics.horizontalAdvance(column.title) + 2 * kCellMargin;
+}
+
 bool givesWay(const Column& column)
 {
     return column.width > kNarrow && !column.isChip && !column.isBelow;
@@ -422,8 +428,10 @@ void RowTable::fitColumns()
     for (const Column& column : columns) {
         const auto chosen = m_chosen.find(static_cast<int>(widths.size()));
         const int width = chosen != m_chosen.end() ? chosen->second
-                          : column.isChip          ? chipWidth(column, fontMetrics())
-                                          : static_cast<int>(column.width * std::max(1.0, scale));
+                          : column.isChip
+                              ? chipWidth(column, fontMetrics())
+                              : std::max(titleWidth(column, fontMetrics()),
+                                         static_cast<int>(column.width * std::max(1.0, scale)));
         widths.push_back(column.stretches || column.isBelow ? 0 : width);
         fixed += widths.back();
         wide += givesWay(column) ? widths.back() : 0;

@@ -127,6 +127,7 @@ constexpr EngineText kTexts[] = {
     {.english = QT_TRANSLATE_NOOP("Engine", "the sound of other programs")},
     {.english = QT_TRANSLATE_NOOP("Engine", "pressing keys and clicking")},
     {.english = QT_TRANSLATE_NOOP("Engine", "another program")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "another program: %1")},
     {.english = QT_TRANSLATE_NOOP("Engine", "contacts")},
     {.english = QT_TRANSLATE_NOOP("Engine", "some contacts")},
     {.english = QT_TRANSLATE_NOOP("Engine", "calendar")},

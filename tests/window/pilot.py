@@ -80,7 +80,7 @@ def desktop(size=os.environ.get("PRYVANE_TEST_SCREEN", "1280x900")):
         for name in ("WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORMTHEME", "GTK_MODULES"):
             os.environ.pop(name, None)
         os.environ.update(DISPLAY=":" + os.fdopen(read).readline().strip(), QT_QPA_PLATFORM="xcb",
-                          XDG_RUNTIME_DIR=str(folder / "run"), HOME=str(folder / "home"), LC_ALL="C.UTF-8",
+                          XDG_RUNTIME_DIR=str(folder / "run"), HOME=str(folder / "home"), LC_ALL="C.UTF-8", LANGUAGE="en",
                           XDG_CONFIG_HOME=str(folder / "home/.config"), XDG_CACHE_HOME=str(folder / "home/.cache"),
                           PRYVANE_DATA_DIR=str(folder / "data"), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         (folder / "run").mkdir(mode=0o700)
@@ -189,9 +189,10 @@ class Pilot:
 
     def click_node(self, node, button=1):
         box = node.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
-        # A box is ticked at its left end, where it is drawn.
+        # A box is ticked at the end where it is drawn.
         scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree tells places without it
-        x = int(scale * (box.x + (12 if node.getRoleName() == "check box" else box.width // 2)))
+        start = box.width - 12 if os.environ.get("PRYVANE_DIRECTION") == "rtl" else 12
+        x = int(scale * (box.x + (start if node.getRoleName() == "check box" else box.width // 2)))
         y = int(scale * (box.y + box.height // 2))
         # No faster than a hand: the window manager looks at each press before the program does.
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "sleep", "0.1",

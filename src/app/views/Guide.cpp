@@ -78,11 +78,11 @@ constexpr Chapter kGuide[] = {
                        "verdict; each group says what it means and where it is changed."),
      "", ""},
     {"tools", QT_TRANSLATE_NOOP("Help", "Clear traces"),
-     QT_TRANSLATE_NOOP(
-         "Help",
-         "Privacy lists what browsers and the system keep, with the space it takes. The sum above "
-         "the list is what could be cleared; a group can be larger, as it counts what stays as "
-         "well. Nothing is ticked for you, and a preview shows each location first."),
+     QT_TRANSLATE_NOOP("Help",
+                       "Privacy lists what browsers and the system keep, with the space it takes. "
+                       "The sum above the list is what could be cleared; a place that two groups "
+                       "share, such as a browser’s cache inside the system’s, counts only once in "
+                       "it. Nothing is ticked for you, and a preview shows each location first."),
      "", ""},
     {"reports", QT_TRANSLATE_NOOP("Help", "Keep the history"),
      QT_TRANSLATE_NOOP("Help",

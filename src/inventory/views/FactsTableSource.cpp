@@ -28,7 +28,7 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
     switch (kind) {
     case FactKind::Permissions:
         return {{.width = 8},
-                {.title = QObject::tr("Program"), .width = 132},
+                {.title = QObject::tr("Program"), .width = 150},
                 {.title = QObject::tr("Decision"), .width = 66},
                 {.title = QObject::tr("What for"), .width = 110, .stretches = true},
                 {.title = QObject::tr("Whose"), .width = 78},

@@ -140,12 +140,18 @@ void ToolsStatus::showStatement()
         m_statement->setText(bytes > 0 ? tr("%1 can be cleared").arg(size)
                              : all     ? tr("There is nothing to clear")
                                        : tr("Nothing to clear was found"));
-        m_detail->setText(
+        QString words =
             !progress.allSeen ? tr("Not every folder could be looked at; the items say which.")
             : !progress.whole ? tr("There are more profiles or folders than were looked at.")
             : bytes > 0 ? tr("Tick what you want to be rid of. Nothing is ticked for you, and "
                              "nothing goes before you have seen it.")
-                        : tr("All that was looked at is empty or not there."));
+                        : tr("All that was looked at is empty or not there.");
+        std::int64_t ofGroups = 0;
+        for (const ToolGroup& group : m_controller.availbleApp())
+            ofGroups += group.bytes;
+        if (ofGroups > bytes)
+            words += QLatin1Char(' ') + tr("A place that two groups share is counted once.");
+        m_detail->setText(words);
     } else {
         m_statement->setText(known ? tr("Stopped: %1 measured").arg(size) : tr("Not measured yet"));
         m_detail->setText(known ? tr("Groups that are not listed were not reached.")
