@@ -176,10 +176,10 @@ private:
     const bool m_hasSecondLine;
 };
 
-/// What its title takes, which other languages have longer.
-int titleWidth(const Column& column, const QFontMetrics& metrics)
+/// What its title takes, which other languages have longer. That of the tick boxes is not drawn.
+int titleWidth(const Column& column, std::size_t index, const QFontMetrics& metrics)
 {
-    return column.title.isEmpty() ? 0 : metrics.horizontalAdvance(column.title) + 2 * kCellMargin;
+    return index == 0 ? 0 : metrics.horizontalAdvance(column.title) + 4 * kCellMargin;
 }
 
 bool givesWay(const Column& column)
@@ -430,7 +430,7 @@ void RowTable::fitColumns()
         const int width = chosen != m_chosen.end() ? chosen->second
                           : column.isChip
                               ? chipWidth(column, fontMetrics())
-                              : std::max(titleWidth(column, fontMetrics()),
+                              : std::max(titleWidth(column, widths.size(), fontMetrics()),
                                          static_cast<int>(column.width * std::max(1.0, scale)));
         widths.push_back(column.stretches || column.isBelow ? 0 : width);
         fixed += widths.back();

@@ -87,7 +87,7 @@ constexpr EngineText kTexts[] = {
     {.english = QT_TRANSLATE_NOOP("Engine", "Scheduled Scan")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Full System Scan")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Custom Scan")},
-    {.english = QT_TRANSLATE_NOOP("Engine", "Scan Path: %1")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "Scan Path: %1"), .inner = "1"},
     {.english = QT_TRANSLATE_NOOP("Engine", "Scan Status:")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Scan Duration:")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Quick Scan >")},
