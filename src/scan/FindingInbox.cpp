@@ -16,6 +16,10 @@ namespace {
 constexpr std::chrono::milliseconds kSlice{8};
 constexpr std::size_t kTakenAtOnce = 256;
 
+// Between slices: a flood must not wake the main thread for each finding.
+constexpr std::chrono::milliseconds kPause{16};
+constexpr std::chrono::milliseconds kAtOnce{0};
+
 // A flood of findings must not become a flood of pop-ups: after so many, one tells their number.
 constexpr std::size_t kNotifiedFindings = 3;
 constexpr std::chrono::seconds kBetweenCounts{1};
@@ -158,12 +162,18 @@ void FindingInbox::push(Pending pending)
 {
     {
         const MutexLock lock(m_mutex);
+        const bool isAwaited = pending.done != nullptr;
         m_pending.push_back(std::move(pending));
-        if (std::exchange(m_scheduled, true))
+        if (std::exchange(m_scheduled, true) && !isAwaited)
             return;
     }
+    schedule(kAtOnce);
+}
+
+void FindingInbox::schedule(std::chrono::milliseconds delay)
+{
     try {
-        schedule();
+        m_later.postAfter(delay, [this] { drainSlice(); });
     } catch (...) {
         const MutexLock lock(m_mutex);
         m_scheduled = false; // for whoever hands in the next one
@@ -178,8 +188,6 @@ bool FindingInbox::take(std::deque<Pending>& slice)
         slice.push_back(std::move(m_pending.front()));
         m_pending.pop_front();
     }
-    if (slice.empty())
-        m_scheduled = false;
     return !slice.empty();
 }
 
@@ -189,9 +197,11 @@ void FindingInbox::drainSlice()
     const auto before = m_state.arrSpywareList.records().size();
     std::deque<Pending> slice;
     bool more = true;
+    bool any = false;
     while (more && m_services.clock.steadyNow() < end) {
         slice.clear();
         more = take(slice);
+        any = any || more;
         for (const Pending& pending : slice) {
             if (pending.record)
                 admit(pending);
@@ -203,8 +213,14 @@ void FindingInbox::drainSlice()
         tellCount();
         m_listChanged();
     }
-    if (more)
-        schedule();
+    if (!any) {
+        const MutexLock lock(m_mutex);
+        m_scheduled = !m_pending.empty();
+        if (!m_scheduled)
+            return;
+        more = true;
+    }
+    schedule(more ? kAtOnce : kPause);
 }
 
 void FindingInbox::admit(const Pending& pending)

@@ -82,10 +82,7 @@ private:
     void test(std::shared_ptr<Spyware> record);
     void refuse(const FileURL& url);
     void push(Pending pending);
-    void schedule()
-    {
-        m_later.post([this] { drainSlice(); });
-    }
+    void schedule(std::chrono::milliseconds delay);
     void drainSlice();
     [[nodiscard]] bool take(std::deque<Pending>& slice);
     void admit(const Pending& pending);
@@ -105,7 +102,7 @@ private:
 
     Mutex m_mutex;
     std::deque<Pending> m_pending GUARDED_BY(m_mutex);
-    bool m_scheduled GUARDED_BY(m_mutex) = false;
+    bool m_scheduled GUARDED_BY(m_mutex) = false; ///< a slice follows, at once or after a pause
     std::vector<std::string> m_users GUARDED_BY(m_mutex);
     std::vector<Refusal> m_refused GUARDED_BY(m_mutex);
     std::unordered_set<std::string> m_refusedLocations GUARDED_BY(m_mutex);
