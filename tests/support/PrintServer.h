@@ -33,8 +33,6 @@ public:
     void freeze();
 
 private:
-    void writeSettings(Queues queues) const;
-
     TemporaryFolder m_folder;
     std::string m_trouble;
     pid_t m_process = -1;

@@ -10,19 +10,18 @@
 #include "support/DesktopFakes.h"
 #include "support/ForwardingDisk.h"
 
-#include <QPushButton>
-
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <map>
 #include <sstream>
+#include <unistd.h>
 
 namespace pryvane::test {
 namespace {
 
 using namespace std::chrono_literals;
 using nlohmann::json;
-using testing::AnyOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -53,6 +52,19 @@ private:
         return isOn && url.absolutePath().starts_with("/Users/alice/");
     }
 };
+
+struct ScanOf {
+    bool deep = false;
+    int stopAt = -1;     ///< percent; -1: it is let be
+    bool granted = true; ///< access to the folder that is gone through
+};
+
+constexpr ScanOf kQuick{};
+
+constexpr ScanOf stoppedAt(int percent)
+{
+    return {true, percent};
+}
 
 /// The whole program over one disk: a scan in the window, and afterwards, as after a new start,
 /// each screen, command and file.
@@ -92,12 +104,6 @@ protected:
         AppDelegate delegate;
         DashBoardViewController board;
         SchedulerVC scheduler;
-    };
-
-    struct ScanOf {
-        bool deep = false;
-        int stopAt = -1;     ///< percent; -1: it is let be
-        bool granted = true; ///< access to the folder that is gone through
     };
 
     /// Scans in the window and returns what its scan screen then says.
@@ -193,17 +199,12 @@ protected:
 
 struct Row {
     const char* name;
-    std::vector<const char*> files; ///< on the disk
-    struct {
-        bool deep = false;
-        int stopAt = -1;
-        bool granted = true;
-    } scan;
-    bool hidesHome = false;
+    const char* files; ///< on the disk, a blank between them
+    ScanOf scan;
     const char* word;
     const char* line;
-    std::optional<int> exitCode =
-        {}; ///< of the same scan on the command line, where that can be had
+    std::optional<int> exitCode = {}; ///< of that scan on the command line, where it can be had
+    bool hidesHome = false;
     std::optional<int> storedAs = {}; ///< percent
 };
 
@@ -213,10 +214,11 @@ class EveryFace : public VerdictFacesTest, public testing::WithParamInterface<Ro
 TEST_P(EveryFace, TellsTheSameVerdict)
 {
     const Row& row = GetParam();
-    for (const char* file : row.files)
+    std::istringstream files(row.files);
+    for (std::string file; files >> file;)
         volume.file(file);
     hidden.isOn = row.hidesHome;
-    const std::string screen = scanned({row.scan.deep, row.scan.stopAt, row.scan.granted});
+    const std::string screen = scanned(row.scan);
     hidden.isOn = false;
     ASSERT_TRUE(scanner->report());
     if (row.storedAs) { // which no walk comes to by its own steps
@@ -273,33 +275,19 @@ TEST_P(EveryFace, TellsTheSameVerdict)
 INSTANTIATE_TEST_SUITE_P(
     Situations, EveryFace,
     testing::Values(
-        Row{"Clean", {}, {}, false, "clean", "Clean: nothing found.", 0},
-        Row{"StoppedAtOnce", {}, {true, 0}, false, "stopped", "Stopped at 0 %: ", 130},
-        Row{"StoppedHalfway", {}, {true, 50}, false, "stopped", "Stopped at 50 %: "},
-        Row{"StoppedNearTheEnd", {}, {true, 99}, false, "stopped", "Stopped at 99 %: "},
-        Row{"StoppedAtTheEnd", {}, {true, 99}, false, "stopped", "Stopped at 100 %: ", {}, 100},
-        Row{"HeldBack",
-            {"/Applications/PKL.app/Contents/x"},
-            {},
-            false,
-            "attention",
-            "Attention: 1 application",
+        Row{"Clean", "", kQuick, "clean", "Clean: nothing found.", 0},
+        Row{"StoppedAtOnce", "", stoppedAt(0), "stopped", "Stopped at 0 %: ", 130},
+        Row{"StoppedHalfway", "", stoppedAt(50), "stopped", "Stopped at 50 %: "},
+        Row{"StoppedNearTheEnd", "", stoppedAt(99), "stopped", "Stopped at 99 %: "},
+        Row{"StoppedAtTheEnd", "", stoppedAt(99), "stopped", "Stopped at 100 %: ", {}, false, 100},
+        Row{"HeldBack", "/Applications/PKL.app/x", kQuick, "attention", "Attention: 1 application",
             1},
-        Row{"UnreadableHome", {}, {}, true, "incomplete", "Incomplete: "},
-        Row{"OtherHomes",
-            {"/Users/bob/x", "/Users/carol/x"},
-            {},
-            false,
-            "clean",
-            "Clean for alice: nothing found. Not looked at: bob, carol.",
-            0},
-        Row{"NoGrant", {}, {true, -1, false}, false, "incomplete", "Incomplete: "},
-        Row{"Found", {"/tmp/.mdworker"}, {}, false, "found", "Found: 1 potential threat", 1},
-        Row{"FoundAndStopped",
-            {"/Users/alice/Library/mdsa1331"},
-            {true, 50},
-            false,
-            "found",
+        Row{"UnreadableHome", "", kQuick, "incomplete", "Incomplete: ", {}, true},
+        Row{"OtherHomes", "/Users/bob/x /Users/carol/x", kQuick, "clean",
+            "Clean for alice: nothing found. Not looked at: bob, carol.", 0},
+        Row{"NoGrant", "", ScanOf{true, -1, false}, "incomplete", "Incomplete: "},
+        Row{"Found", "/tmp/.mdworker", kQuick, "found", "Found: 1 potential threat", 1},
+        Row{"FoundAndStopped", "/Users/alice/Library/mdsa1331", stoppedAt(50), "found",
             "Found: 1 potential threat; the scan was stopped at 50 %"}),
     [](const auto& row) { return row.param.name; });
 
@@ -344,6 +332,40 @@ TEST_F(VerdictFacesTest, ThreeHundredFindingsAreNeverCalledFortyFour)
                 continue;
             EXPECT_THAT(line, HasSubstr("44 (300 listed)"));
         }
+    }
+}
+
+/// Somebody else than the home's owner looks at its report.
+TEST_F(VerdictFacesTest, WhatCannotBeAskedIsNeverToldAsGone)
+{
+    if (!runningAsRoot())
+        GTEST_SKIP() << "only root may become another user";
+    const auto report = store({"/Users/alice/Library/LaunchAgents/com.refog.agent.plist"});
+    report->subject.users = {"alice"};
+    ASSERT_TRUE(methods->updateReportInDefaults(report));
+    const auto allow = [](const std::string& path, unsigned mode) {
+        std::filesystem::permissions(path, std::filesystem::perms(mode));
+    };
+    for (const TemporaryFolder* folder : {&volume, &data, &caches, &exports})
+        allow(folder->path(), 0777);
+    allow(data.hostPath("Pryvane.sqlite"), 0666);
+    allow(volume.hostPath("Users/alice"), 0700);
+    constexpr uid_t kNobody = 65534;
+    ASSERT_EQ(seteuid(kNobody), 0);
+    auto faces = facesOfReport();
+    ASSERT_EQ(seteuid(0), 0);
+    const std::map<std::string, std::string> words{
+        {"show", " unknown "},       {"json", "\"presence\": \"unknown\""},
+        {"csv", ",unknown,,found,"}, {"html", "<td>not known: "},
+        {"details", "not known"},    {"pdf", "Not Checked"}};
+    for (const auto& [face, word] : words) {
+        const std::string& text = faces[face];
+        SCOPED_TRACE(face + ": " + text);
+        EXPECT_THAT(text, HasSubstr("com.refog.agent.plist"));
+        EXPECT_THAT(text, HasSubstr(word));
+        for (const char* wrong : {"gone", "Gone", "<td>no</td>", ",no,", "\"gone\"", "absent",
+                                  "Removed", "Quarantined"})
+            EXPECT_THAT(text, Not(HasSubstr(wrong)));
     }
 }
 
