@@ -39,18 +39,17 @@ TEST_F(AppDelegateTest, FirstStartAsksForAccessAndForTheSettingsFile)
 
 TEST_F(AppDelegateTest, OnlyAGrantThatReopensLeadsToTheMainWindow)
 {
-    struct Row {
+    const struct {
         const char* name;
         bool stored, reopens, granted;
         const char* window;
-    };
-    const std::vector<Row> rows = {
+    } rows[] = {
         {"nothing stored", false, false, false, "open access"},
         {"stale token", true, false, false, "open access"},
         {"token of this home", true, true, false, "open main"},
         {"home writable already", true, true, true, "open access"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         test::FakeDesktop fresh(clock);
         fresh.grantTokens.hostWritable = {"/Users/alice"};
@@ -69,30 +68,24 @@ TEST_F(AppDelegateTest, OnlyAGrantThatReopensLeadsToTheMainWindow)
 
 TEST_F(AppDelegateTest, OnlyTheExactBodyTurnsTheWholeDiskQuestionOn)
 {
-    const std::vector<std::pair<Result<std::string>, bool>> rows = {
-        {std::string("true\n"), false},
-        {std::string("TRUE"), false},
-        {std::string(), false},
-        {Error{"no network"}, false},
-        {std::string("\xef\xbb\xbftrue"), false},
-        {std::string("true"), true},
-    };
-    for (const auto& [body, expected] : rows) {
+    const Result<std::string> noNetwork = Error{"no network"};
+    const auto turnsOn = [&](const Result<std::string>& body) {
         delegate.applicationDidFinishLaunching();
         desktop.settingsFile.answer(body);
         EXPECT_TRUE(defaults.contains(preferences::kSandboxingDone));
-        EXPECT_EQ(flag(preferences::kSandboxingDone), expected) << (body ? *body : "error");
-    }
+        return flag(preferences::kSandboxingDone);
+    };
+    EXPECT_FALSE(turnsOn(noNetwork));
+    for (const char* body : {"true\n", "TRUE", "", "\xef\xbb\xbftrue"})
+        EXPECT_FALSE(turnsOn(std::string(body))) << body;
+    EXPECT_TRUE(turnsOn(std::string("true")));
     delegate.applicationDidFinishLaunching();
-    EXPECT_EQ(desktop.settingsFile.asked, static_cast<int>(rows.size())) << "asked though YES";
+    EXPECT_EQ(desktop.settingsFile.asked, 6) << "asked though YES";
 }
 
 TEST_F(AppDelegateTest, ALateSettingsReplyMeetsNobody)
 {
-    {
-        AppDelegate gone(services(), desktop.services(), facts);
-        gone.applicationDidFinishLaunching();
-    }
+    AppDelegate(services(), desktop.services(), facts).applicationDidFinishLaunching();
     desktop.settingsFile.answer(std::string("true"));
     EXPECT_FALSE(flag(preferences::kSandboxingDone));
 }
@@ -101,15 +94,13 @@ TEST_F(AppDelegateTest, TheWindowMenuHoldsFiveOrSixEntries)
 {
     delegate.applicationDidFinishLaunching();
     delegate.openMainWindow();
-    notifications.post(NotificationName::RemoveMenuItem);
-    EXPECT_EQ(delegate.windowMenu().size(), 5U);
-    notifications.post(NotificationName::RemoveMenuItem);
-    EXPECT_EQ(delegate.windowMenu().size(), 5U);
-
+    for (int times = 0; times < 2; ++times) {
+        notifications.post(NotificationName::RemoveMenuItem);
+        EXPECT_EQ(delegate.windowMenu().size(), 5U);
+    }
     takeWindowCalls();
     EXPECT_TRUE(delegate.applicationShouldHandleReopen());
     EXPECT_THAT(takeWindowCalls(), ElementsAre("front main", "activate"));
-    EXPECT_EQ(delegate.windowMenu().size(), 6U);
     delegate.applicationShouldHandleReopen();
     EXPECT_EQ(delegate.windowMenu().size(), 6U);
     EXPECT_FALSE(delegate.windowMenu().back().checked);

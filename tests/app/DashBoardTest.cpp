@@ -42,48 +42,39 @@ TEST_F(DashBoardTest, FirstLaunchAppliesTheDefaults)
 {
     load();
     board->makeAppChanges();
-    EXPECT_TRUE(board->isRealTimeProtectionON());
-    EXPECT_TRUE(delegate.state().isRealTimeProtectionON);
+    EXPECT_TRUE(board->isRealTimeProtectionON() && delegate.state().isRealTimeProtectionON);
     EXPECT_TRUE(board->showDockIcon());
     EXPECT_FALSE(board->loginStart());
     EXPECT_EQ(desktop.statusItem.created, 1);
-    EXPECT_EQ(desktop.statusItem.image, "spywareStatus 18");
     EXPECT_EQ(desktop.statusItem.menu[0].title, "Real-time Scan Enabled");
     EXPECT_EQ(desktop.statusItem.menu[0].checked, true);
     EXPECT_THAT(desktop.dockIcon.set, IsEmpty());
     EXPECT_THAT(desktop.loginItem.asked, ElementsAre(false, false));
     EXPECT_THAT(desktop.distributedNotifications.posted, IsEmpty());
-    EXPECT_EQ(desktop.timers.running(), 1U);
     EXPECT_EQ(board->lastScanText(), "Not scan yet");
     EXPECT_FALSE(board->lastScans().date);
 }
 
-TEST_F(DashBoardTest, TheRealTimeTickSelectsTheScanRowAndRaisesNoWindow)
+TEST_F(DashBoardTest, EachHalfHourAsksForAScanAndRaisesNoWindow)
 {
     load();
-    takeNotes();
-    pass(30min - 1ms);
-    EXPECT_THAT(takeNotes(), IsEmpty());
-    pass(1ms);
-    EXPECT_EQ(takeNotes(), kRequest);
+    const auto asksAfter = [&](Clock::Interval interval) {
+        takeNotes();
+        pass(interval);
+        return takeNotes();
+    };
+    EXPECT_THAT(asksAfter(30min - 1ms), IsEmpty());
+    EXPECT_EQ(asksAfter(1ms), kRequest);
     clock.setNow(clock.now() - 24h * 365); // a wall clock set back does not hold the timer up
-    pass(30min);
-    EXPECT_EQ(takeNotes(), kRequest);
+    EXPECT_EQ(asksAfter(30min), kRequest);
     mainQueue.drain();
     EXPECT_THAT(takeWindowCalls(), IsEmpty());
 
-    board.reset();
-    EXPECT_EQ(desktop.timers.running(), 0U);
-}
-
-TEST_F(DashBoardTest, TogglingTwiceRestartsTheHalfHour)
-{
-    load();
+    // Off and on again begins another half hour.
     pass(20min);
     desktop.statusItem.titles.clear();
     choose(0);
     EXPECT_FALSE(flag(preferences::kRealTimeScan));
-    EXPECT_EQ(desktop.timers.running(), 0U);
     EXPECT_FALSE(board->nextRealTimeScan());
     choose(0);
     EXPECT_TRUE(flag(preferences::kRealTimeScan));
@@ -91,16 +82,15 @@ TEST_F(DashBoardTest, TogglingTwiceRestartsTheHalfHour)
                 ElementsAre("Enabled Real-time Scan", "Real-time Scan Disabled",
                             "Disabled Real-time Scan", "Real-time Scan Enabled"));
     EXPECT_EQ(board->nextRealTimeScan(), clock.now() + 30min);
-    takeNotes();
-    pass(29min);
-    EXPECT_THAT(takeNotes(), IsEmpty());
-    pass(1min);
-    EXPECT_EQ(takeNotes(), kRequest);
+    EXPECT_THAT(asksAfter(29min), IsEmpty());
+    EXPECT_EQ(asksAfter(1min), kRequest);
 
     board->btnRealTimeScanClicked(false);
-    EXPECT_FALSE(flag(preferences::kRealTimeScan));
     EXPECT_FALSE(delegate.state().isRealTimeProtectionON);
     EXPECT_EQ(desktop.statusItem.menu[0].checked, false);
+    EXPECT_THAT(asksAfter(31min), IsEmpty());
+    board->btnRealTimeScanClicked(true);
+    board.reset();
     EXPECT_EQ(desktop.timers.running(), 0U);
 }
 
@@ -119,19 +109,15 @@ TEST_F(DashBoardTest, AFailingLoginItemIsToldOnceOrTwiceAndStillRemembered)
 {
     load();
     desktop.loginItem.fails = true;
-    alerts.answer(kAlertFirstButton);
-    board->runStartUpAction(true);
-    EXPECT_TRUE(flag(preferences::kIsRunOnStart));
-    EXPECT_EQ(alerts.asked().size(), 1U);
-    alerts.answer(kAlertFirstButton);
-    alerts.answer(kAlertFirstButton);
-    board->runStartUpAction(false);
-    EXPECT_FALSE(flag(preferences::kIsRunOnStart));
-    ASSERT_EQ(alerts.asked().size(), 3U);
-    for (const Alert& alert : alerts.asked()) {
-        EXPECT_EQ(alert.messageText, "Error");
-        EXPECT_EQ(alert.informativeText, "Error in removing from start at login");
+    for (const bool on : {true, false}) {
+        for (int told = on ? 1 : 2; told > 0; --told)
+            alerts.answer(kAlertFirstButton);
+        board->runStartUpAction(on);
+        EXPECT_EQ(flag(preferences::kIsRunOnStart), on);
+        EXPECT_EQ(alerts.asked().size(), on ? 1U : 3U);
     }
+    EXPECT_EQ(alerts.asked().back().messageText, "Error");
+    EXPECT_EQ(alerts.asked().back().informativeText, "Error in removing from start at login");
 }
 
 TEST_F(DashBoardTest, TheDockIconGoesOnlyWhileTheStatusItemIsThere)
@@ -157,19 +143,6 @@ TEST_F(DashBoardTest, TheDockIconGoesOnlyWhileTheStatusItemIsThere)
     EXPECT_TRUE(flag(preferences::kIsDockIcon));
 }
 
-TEST_F(DashBoardTest, TheDeepBoxIsHiddenUntilTheScanStartsOrIsRefused)
-{
-    load();
-    takeNotes();
-    board->scanningStartAction();
-    EXPECT_FALSE(board->scanButton().deepShown || board->scanButton().deepEnabled);
-    auto expected = kRequest;
-    expected.emplace_back("UpdateThreat");
-    EXPECT_EQ(takeNotes(), expected);
-    notifications.post(NotificationName::ScanStatusChange, false);
-    EXPECT_TRUE(board->scanButton().deepShown && board->scanButton().deepEnabled);
-}
-
 TEST_F(DashBoardTest, TheScanButtonFollowsTheScan)
 {
     load();
@@ -179,6 +152,14 @@ TEST_F(DashBoardTest, TheScanButtonFollowsTheScan)
                (button.colour == TitleColour::White ? " white" : "") +
                (button.deepShown ? " shown" : "") + (button.deepEnabled ? " enabled" : "");
     };
+    EXPECT_EQ(shown(), "Quick Scan > shown enabled");
+    takeNotes();
+    board->scanningStartAction();
+    auto expected = kRequest;
+    expected.emplace_back("UpdateThreat");
+    EXPECT_EQ(takeNotes(), expected);
+    EXPECT_FALSE(board->scanButton().deepShown || board->scanButton().deepEnabled);
+    notifications.post(NotificationName::ScanStatusChange, false); // it was refused
     EXPECT_EQ(shown(), "Quick Scan > shown enabled");
     notifications.post(NotificationName::ScanStatusChange, true);
     EXPECT_EQ(shown(), " spinner shown");

@@ -87,16 +87,15 @@ constexpr auto kBackwards = "Start Date should not be greater then End Date.";
 
 TEST_F(SchedulerTest, FindsTheNextFiringOrSaysWhyThereIsNone)
 {
-    struct Row {
+    const struct {
         const char *name, *now, *start, *end, *time;
         int type;
-        const char *told, *next;
-    };
-    const std::vector<Row> rows = {
-        {"daily, still ahead", "2026-06-10 08:00", "2026-06-10", "2026-06-20", "09:00", 0,
-         kScheduled, "2026-06-10 09:00"},
-        {"daily, already past", "2026-06-10 10:00", "2026-06-10", "2026-06-20", "09:00", 0,
-         kScheduled, "2026-06-11 09:00"},
+        const char *told, *next = nullptr;
+    } rows[] = {
+        {"daily, ahead", "2026-06-10 08:00", "2026-06-10", "2026-06-20", "09:00", 0, kScheduled,
+         "2026-06-10 09:00"},
+        {"daily, past", "2026-06-10 10:00", "2026-06-10", "2026-06-20", "09:00", 0, kScheduled,
+         "2026-06-11 09:00"},
         {"daily, this very second", "2026-06-10 09:00", "2026-06-10", "2026-06-20", "09:00", 0,
          kScheduled, "2026-06-11 09:00"},
         {"weekly", "2026-06-10 10:00", "2026-06-08", "2026-06-20", "09:00", 1, kScheduled,
@@ -109,16 +108,12 @@ TEST_F(SchedulerTest, FindsTheNextFiringOrSaysWhyThereIsNone)
          "2026-06-11 09:00"},
         {"starts later", "2026-06-10 10:00", "2026-07-01", "2026-07-02", "09:00", 1, kScheduled,
          "2026-07-01 09:00"},
-        {"same day, past", "2026-06-10 10:00", "2026-06-10", "2026-06-10", "09:00", 0, kExpired,
-         nullptr},
-        {"no firing left before the end", "2026-06-10 10:00", "2026-06-09", "2026-06-15", "09:00",
-         1, kExpired, nullptr},
-        {"the start itself is no firing", "2026-06-09 10:00", "2026-06-10", "2026-06-10",
-         "00:00:01", 0, kExpired, nullptr},
-        {"no such kind", "2026-06-10 10:00", "2026-06-10", "2026-06-20", "09:00", 4, kExpired,
-         nullptr},
-        {"backwards", "2026-06-10 10:00", "2026-06-12", "2026-06-11", "09:00", 0, kBackwards,
-         nullptr},
+        {"same day, past", "2026-06-10 10:00", "2026-06-10", "2026-06-10", "09:00", 0, kExpired},
+        {"none left", "2026-06-10 10:00", "2026-06-09", "2026-06-15", "09:00", 1, kExpired},
+        {"not at the start", "2026-06-09 10:00", "2026-06-10", "2026-06-10", "00:00:01", 0,
+         kExpired},
+        {"no such kind", "2026-06-10 10:00", "2026-06-10", "2026-06-20", "09:00", 4, kExpired},
+        {"backwards", "2026-06-10 10:00", "2026-06-12", "2026-06-11", "09:00", 0, kBackwards},
         {"today is 23 hours long", "2026-03-29 01:00", "2026-03-29", "2026-04-20", "09:00", 0,
          kScheduled, "2026-03-29 09:00"},
         {"steps are seconds: an hour later in summer", "2026-03-28 10:00", "2026-03-28",
@@ -126,7 +121,7 @@ TEST_F(SchedulerTest, FindsTheNextFiringOrSaysWhyThereIsNone)
         {"and an hour earlier in winter", "2026-10-24 10:00", "2026-10-24", "2026-11-20", "09:00",
          0, kScheduled, "2026-10-25 08:00"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         ASSERT_TRUE(defaults.removeObject("ScheduleOn").ok());
         EXPECT_EQ(save(row.now, row.start, row.end, row.time, row.type), row.told);
@@ -247,12 +242,11 @@ TEST_F(SchedulerTest, AFormTakesEffectWhenItIsSavedAndSaysBeforeWhatItWillDo)
 
 TEST_F(SchedulerTest, DamagedValuesNeitherHangNorOverflow)
 {
-    const std::vector<std::pair<Date, Date>> dates = {
+    using Limits = std::numeric_limits<double>;
+    const std::pair<Date, Date> dates[] = {
         {Date::min(), Date::max()}, {Date::max(), Date::min()}, {Date::min(), Date::min()}};
-    const std::vector<double> times = {-1e300, std::numeric_limits<double>::infinity(),
-                                       std::numeric_limits<double>::quiet_NaN()};
     for (const auto& [start, end] : dates) {
-        for (const double time : times) {
+        for (const double time : {-1e300, Limits::infinity(), Limits::quiet_NaN()}) {
             ASSERT_TRUE(defaults.set(preferences::kScheduleOn, "Yes").ok());
             ASSERT_TRUE(defaults.set(preferences::kScheduleStartDate, start).ok());
             ASSERT_TRUE(defaults.set(preferences::kScheduleEndDate, end).ok());

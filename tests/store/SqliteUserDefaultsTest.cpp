@@ -234,42 +234,38 @@ TEST_F(SqliteUserDefaultsTest, ReachesItsFolderThroughALink)
 
 TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
 {
-    struct Row {
+    const std::string path = "share/Pryvane/Pryvane.sqlite";
+    const auto fileAt = [&](const std::string& at) { return [=, this] { folder.file(at); }; };
+    const auto linkAt = [&](const std::string& at, const std::string& to) {
+        return [=, this] { folder.link(at, to); };
+    };
+    const auto pipeAt = [&](const std::string& at) {
+        return [=, this] {
+            folder.file(path);
+            folder.remove(at);
+            ASSERT_EQ(mkfifo(folder.hostPath(at).c_str(), 0600), 0);
+        };
+    };
+    const std::string target = folder.hostPath("t"), noFile = "something that is no file";
+    folder.file("t");
+    const struct {
         const char* name;
         std::function<void()> prepare;
-        const char* words;
-    };
-    const std::string path = "share/Pryvane/Pryvane.sqlite";
-    const std::vector<Row> rows = {
-        {"file for the folder", [&] { folder.file("share"); }, "share is not a folder"},
-        {"file for the data folder", [&] { folder.file("share/Pryvane"); }, "is not a folder"},
-        {"dangling link for the folder", [&] { folder.link("share", "gone"); }, "no such file"},
-        {"link", [&] { folder.file("t"), folder.link(path, folder.hostPath("t")); }, "a link"},
-        {"dangling link", [&] { folder.link(path, "gone"); }, "a link"},
+        std::string words;
+    } rows[] = {
+        {"file for the folder", fileAt("share"), "share is not a folder"},
+        {"file for the data folder", fileAt("share/Pryvane"), "is not a folder"},
+        {"dangling link for the folder", linkAt("share", "gone"), "no such file"},
+        {"link", linkAt(path, target), "a link"},
+        {"dangling link", linkAt(path, "gone"), "a link"},
         {"folder", [&] { folder.folder(path); }, "a folder"},
-        {"pipe",
-         [&] {
-             folder.folder("share/Pryvane");
-             ASSERT_EQ(mkfifo(folder.hostPath(path).c_str(), 0600), 0);
-         },
-         "something that is no file"},
-        {"pipe for the journal",
-         [&] {
-             folder.file(path);
-             ASSERT_EQ(mkfifo(folder.hostPath(path + "-journal").c_str(), 0600), 0);
-         },
-         "something that is no file"},
-        {"link for the journal",
-         [&] { folder.file(path), folder.link(path + "-journal", folder.hostPath("t")); },
+        {"pipe", pipeAt(path), noFile},
+        {"pipe for the journal", pipeAt(path + "-journal"), noFile},
+        {"link for the journal", [&] { folder.file(path), folder.link(path + "-journal", target); },
          "a link"},
-        {"pipe for the shared memory",
-         [&] {
-             folder.file(path);
-             ASSERT_EQ(mkfifo(folder.hostPath(path + "-shm").c_str(), 0600), 0);
-         },
-         "something that is no file"},
+        {"pipe for the shared memory", pipeAt(path + "-shm"), noFile},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         folder.remove("share");
         row.prepare();

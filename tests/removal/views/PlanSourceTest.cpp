@@ -36,21 +36,24 @@ std::vector<std::string> shown(PlanSource& source, int grouping)
     return lines;
 }
 
-TEST(PlanSource, SetsWeakEvidenceApartHoweverItIsGrouped)
-{
-    RemovalPlan plan;
-    plan.rows = {planned("/Library/Preferences/com.okaz.x", "Okaz Installer"),
-                 planned("/tmp/Koobface", "Spyware"),
-                 planned("/tmp/TypeRecorder.txt", "Spyware"),
-                 planned("/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"),
-                 planned("/tmp/.mdworker", "Revir"),
-                 planned("/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor",
-                         RemovalObstacle::ReadOnlyVolume)};
-    PlanSource source([](const SpywareList& records, bool on) {
+struct PlanSourceTest : testing::Test {
+    PlanSourceTest() { source.setPlan(plan); }
+
+    RemovalPlan plan{
+        {planned("/Library/Preferences/com.okaz.x", "Okaz Installer"),
+         planned("/tmp/Koobface", "Spyware"), planned("/tmp/TypeRecorder.txt", "Spyware"),
+         planned("/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"),
+         planned("/tmp/.mdworker", "Revir"),
+         planned("/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor",
+                 RemovalObstacle::ReadOnlyVolume)}};
+    PlanSource source{[](const SpywareList& records, bool on) {
         for (const auto& record : records)
             record->isChecked = on;
-    });
-    source.setPlan(plan);
+    }};
+};
+
+TEST_F(PlanSourceTest, SetsWeakEvidenceApartHoweverItIsGrouped)
+{
     EXPECT_THAT(shown(source, PlanSource::ByFolder),
                 ElementsAre("/Library/LaunchAgents",
                             "- /Library/LaunchAgents/com.refog.agent.plist",
@@ -75,20 +78,9 @@ TEST(PlanSource, SetsWeakEvidenceApartHoweverItIsGrouped)
             "- /tmp/TypeRecorder.txt"));
 }
 
-TEST(PlanSource, StartsWithWeakEvidenceUntickedAndKeepsItsTicksUntilTheyAreWanted)
+TEST_F(PlanSourceTest, StartsWithWeakEvidenceUntickedAndKeepsItsTicksUntilTheyAreWanted)
 {
-    RemovalPlan plan;
-    plan.rows = {planned("/tmp/Koobface", "Spyware"), planned("/tmp/.mdworker", "Revir"),
-                 planned("/tmp/Sabpab", "Spyware"),
-                 planned("/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"),
-                 planned("/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor",
-                         RemovalObstacle::ReadOnlyVolume)};
-    PlanSource source([](const SpywareList& records, bool on) {
-        for (const auto& record : records)
-            record->isChecked = on;
-    });
-    source.setPlan(plan);
-    EXPECT_EQ(source.weakCount(), 2U);
+    EXPECT_EQ(source.weakCount(), 3U);
     EXPECT_THAT(source.weakTicked(), ElementsAre());
     const RemovalPlan::Totals totals = source.totals();
     EXPECT_EQ(totals.rows, 3U);
@@ -105,9 +97,9 @@ TEST(PlanSource, StartsWithWeakEvidenceUntickedAndKeepsItsTicksUntilTheyAreWante
             ticks.push_back(row.record->isChecked);
         return ticks;
     };
-    EXPECT_THAT(selected(), ElementsAre(true, true, true, true, true)) << "a plan is cancelled";
+    EXPECT_THAT(selected(), testing::Each(true)) << "a plan is cancelled";
     source.handOnTicks();
-    EXPECT_THAT(selected(), ElementsAre(true, false, false, true, true));
+    EXPECT_THAT(selected(), ElementsAre(true, false, false, false, true, true));
 }
 
 } // namespace
