@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <condition_variable>
-
 namespace pryvane {
 namespace {
 

@@ -3,7 +3,6 @@
 #include "store/SqliteUserDefaults.h"
 #include "support/TemporaryFolder.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>

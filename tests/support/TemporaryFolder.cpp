@@ -1,6 +1,5 @@
 #include "support/TemporaryFolder.h"
 
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>

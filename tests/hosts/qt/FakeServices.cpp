@@ -1,7 +1,5 @@
 #include "hosts/qt/FakeServices.h"
 
-#include <QDBusMessage>
-
 #include <atomic>
 #include <cstdlib>
 

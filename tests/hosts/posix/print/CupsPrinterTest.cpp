@@ -45,11 +45,17 @@ protected:
     const std::string document = "%PDF-1.4\n" + std::string(200'000, '\x9c') + "%%EOF\n";
 };
 
-TEST_F(CupsPrinterTest, WhatArrivesIsTheDocumentOnAPageWithoutMargins)
+struct PrintServerTest : CupsPrinterTest {
+    void SetUp() override
+    {
+        if (!server.trouble().empty())
+            GTEST_SKIP() << server.trouble();
+    }
+    PrintServer server;
+};
+
+TEST_F(PrintServerTest, WhatArrivesIsTheDocumentOnAPageWithoutMargins)
 {
-    const PrintServer server;
-    if (!server.trouble().empty())
-        GTEST_SKIP() << server.trouble();
     CupsPrinter printer = printerOf(server.socket());
     const auto queues = printer.printers();
     ASSERT_TRUE(queues) << queues.error().message;
@@ -69,17 +75,12 @@ TEST_F(CupsPrinterTest, WhatArrivesIsTheDocumentOnAPageWithoutMargins)
         EXPECT_THAT(told, HasSubstr(part));
 }
 
-TEST_F(CupsPrinterTest, SaysWhatWasMissing)
+TEST_F(PrintServerTest, SaysWhatWasMissing)
 {
-    const PrintServer server;
-    if (!server.trouble().empty())
-        GTEST_SKIP() << server.trouble();
     folder.folder("folder");
     folder.file("empty", "");
     const struct {
-        const char* file;
-        const char* queue;
-        const char* words;
+        const char *file, *queue, *words;
     } cases[] = {
         {"gone.pdf", "", "no such file or directory"},
         {"folder", "", "is not a file"},
@@ -92,23 +93,18 @@ TEST_F(CupsPrinterTest, SaysWhatWasMissing)
             << row.file << " to " << row.queue;
 }
 
-TEST_F(CupsPrinterTest, AServerWithoutQueuesIsNoError)
+TEST_F(PrintServerTest, AServerWithoutQueuesIsNoError)
 {
-    const PrintServer server(PrintServer::Queues::None);
-    if (!server.trouble().empty())
-        GTEST_SKIP() << server.trouble();
-    const auto queues = printerOf(server.socket()).printers();
+    const PrintServer empty(PrintServer::Queues::None);
+    const auto queues = printerOf(empty.socket()).printers();
     ASSERT_TRUE(queues) << queues.error().message;
     EXPECT_TRUE(queues->empty());
-    EXPECT_THAT(refusal(server.socket()), HasSubstr("no printer is set as the default one"));
-    EXPECT_THAT(refusal(server.socket(), "Report.PDF", "pile"), HasSubstr("has none"));
+    EXPECT_THAT(refusal(empty.socket()), HasSubstr("no printer is set as the default one"));
+    EXPECT_THAT(refusal(empty.socket(), "Report.PDF", "pile"), HasSubstr("has none"));
 }
 
-TEST_F(CupsPrinterTest, ASilentServerIsNotWaitedForLong)
+TEST_F(PrintServerTest, ASilentServerIsNotWaitedForLong)
 {
-    PrintServer server;
-    if (!server.trouble().empty())
-        GTEST_SKIP() << server.trouble();
     server.freeze();
     for (const char* queue : {"", "pile"}) {
         const auto begun = std::chrono::steady_clock::now();
