@@ -2,7 +2,6 @@
 
 #include "ui/Keys.h"
 
-#include <QApplication>
 #include <QMenu>
 #include <gmock/gmock.h>
 
@@ -103,10 +102,3 @@ TEST(Keys, StandInTheWordsOfTheSystem)
 
 } // namespace
 } // namespace pryvane
-
-int main(int argc, char** argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}
