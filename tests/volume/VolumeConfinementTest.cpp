@@ -160,7 +160,8 @@ TEST_P(ConfinementTest, WhatMayNotBeSearchedIsUnknown)
                  {"closed", "closed/file", "closed/.", "closed/../open", "link", "open/file",
                   "open/none", "searchOnly/file", "searchOnly/none"})
                 text += std::to_string(static_cast<int>(volume->presence(at(path))));
-            text += " " + volume->list(at("closed")).reason;
+            const auto listing = volume->list(at("closed"));
+            text += (listing.status == ListStatus::Refused ? " refused: " : " ") + listing.reason;
             text += ", " + std::to_string(static_cast<int>(volume->kind(at("closed/file"))));
             text += volume->writable(at("open")) ? " writable" : " read-only";
             text += volume->readSmallFile(at("closed/file"), 9).error().message + ", ";
@@ -174,8 +175,8 @@ TEST_P(ConfinementTest, WhatMayNotBeSearchedIsUnknown)
     const std::string words = std::string(runningAsRoot() ? " read-only" : " writable") +
                               "permission denied, " +
                               std::to_string(naiveSize(disk.hostPath("open"))) + "; ";
-    EXPECT_EQ(answers, "122221010 permission denied, " + unknown + words +
-                           "122221012 permission denied, " + unknown + words);
+    EXPECT_EQ(answers, "122221010 refused: permission denied, " + unknown + words +
+                           "122221012 refused: permission denied, " + unknown + words);
     chmod(disk.hostPath("closed").c_str(), 0755);
 }
 
