@@ -136,10 +136,10 @@ TEST_F(ScanViewControllerTest, ASecondStartAndAnEarlyStopDoNoHarm)
 }
 
 /// Has its say when a path is asked for.
-class WatchedDisk final : public test::ForwardingDisk {
+class InterceptedDisk final : public test::ForwardingDisk {
 public:
     using Asked = std::function<Presence(Presence)>;
-    WatchedDisk(FileSystem& disk, std::string path, Asked asked)
+    InterceptedDisk(FileSystem& disk, std::string path, Asked asked)
         : ForwardingDisk(disk), m_path(std::move(path)), m_asked(std::move(asked))
     {
     }
@@ -157,10 +157,11 @@ private:
 TEST_F(ScanViewControllerTest, AStopWithinAStepRunsNoFurtherCheckOfIt)
 {
     // As a user may stop between two checks of one step.
-    WatchedDisk stopping(*disk, "/Users/alice/Library/Skype/SkypeHelper", [&](Presence presence) {
-        state.isScanStop.request();
-        return presence;
-    });
+    InterceptedDisk stopping(*disk, "/Users/alice/Library/Skype/SkypeHelper",
+                             [&](Presence presence) {
+                                 state.isScanStop.request();
+                                 return presence;
+                             });
     ScanCoverage coverage;
     FindingInbox inbox(services(), state, [] {});
     CheckRunner checks(stopping, defaults, {"alice"}, inbox, coverage);
@@ -223,7 +224,7 @@ TEST_F(ScanViewControllerTest, WhatWasListedAndThenCannotBeLookedAtIsInTheCovera
     for (const auto& [answer, listed, refused] :
          {std::tuple{Presence::Present, 1U, none}, std::tuple{Presence::Absent, 0U, none},
           std::tuple{Presence::Unknown, 0U, one}}) {
-        WatchedDisk answering(*disk, path, [answer = answer](Presence) { return answer; });
+        InterceptedDisk answering(*disk, path, [answer = answer](Presence) { return answer; });
         ScanViewController onIt({answering, defaults, notifications, mainQueue, clock, alerts,
                                  folderPicker, workspace, userNotifier, log},
                                 state, access, store, remover,
