@@ -2440,6 +2440,14 @@ Spyware auf dem Mac ist?</translation>
         <source>another program: %1</source>
         <translation>ein anderes Programm: %1</translation>
     </message>
+    <message>
+        <source>the disk does not say</source>
+        <translation>der Datenträger sagt es nicht</translation>
+    </message>
+    <message>
+        <source>account not known (%1)</source>
+        <translation>Konto nicht bekannt (%1)</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -2554,6 +2562,26 @@ Unvollständig: Nichts wurde gefunden, aber nicht jeder Ort ließ sich lesen.</t
     <message>
         <source>Privacy lists what browsers and the system keep, with the space it takes. The sum above the list is what could be cleared; a place that two groups share, such as a browser’s cache inside the system’s, counts only once in it. Nothing is ticked for you, and a preview shows each location first.</source>
         <translation>„Datenschutz“ zeigt, was Browser und System aufheben, mit dem Platz, den es belegt. Die Summe über der Liste ist, was gelöscht werden kann; ein Ort, den zwei Gruppen teilen, etwa der Zwischenspeicher eines Browsers in dem des Systems, zählt darin nur einmal. Nichts ist für Sie angekreuzt, und eine Vorschau zeigt zuerst jeden Ort.</translation>
+    </message>
+    <message>
+        <source>The dashboard</source>
+        <translation>Die Übersicht</translation>
+    </message>
+    <message>
+        <source>Findings of a scan</source>
+        <translation>Funde eines Scans</translation>
+    </message>
+    <message>
+        <source>Who may watch, by group</source>
+        <translation>Wer zusehen kann, nach Gruppen</translation>
+    </message>
+    <message>
+        <source>Privacy, with its groups</source>
+        <translation>Datenschutz mit seinen Gruppen</translation>
+    </message>
+    <message>
+        <source>The list of reports</source>
+        <translation>Die Liste der Berichte</translation>
     </message>
 </context>
 <context>

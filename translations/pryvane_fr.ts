@@ -2440,6 +2440,14 @@ par un logiciel espion ?</translation>
         <source>another program: %1</source>
         <translation>un autre programme : %1</translation>
     </message>
+    <message>
+        <source>the disk does not say</source>
+        <translation>le disque ne le dit pas</translation>
+    </message>
+    <message>
+        <source>account not known (%1)</source>
+        <translation>compte inconnu (%1)</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -2554,6 +2562,26 @@ Incomplet : rien n’a été trouvé, mais tout n’a pas pu être lu.</translat
     <message>
         <source>Privacy lists what browsers and the system keep, with the space it takes. The sum above the list is what could be cleared; a place that two groups share, such as a browser’s cache inside the system’s, counts only once in it. Nothing is ticked for you, and a preview shows each location first.</source>
         <translation>« Confidentialité » liste ce que gardent les navigateurs et le système, avec la place que cela prend. La somme au-dessus de la liste est ce qui peut être effacé ; un emplacement que deux groupes partagent, comme le cache d’un navigateur dans celui du système, n’y compte qu’une fois. Rien n’est coché à votre place, et un aperçu montre d’abord chaque emplacement.</translation>
+    </message>
+    <message>
+        <source>The dashboard</source>
+        <translation>La vue d’ensemble</translation>
+    </message>
+    <message>
+        <source>Findings of a scan</source>
+        <translation>Les résultats d’une analyse</translation>
+    </message>
+    <message>
+        <source>Who may watch, by group</source>
+        <translation>Qui peut regarder, par groupes</translation>
+    </message>
+    <message>
+        <source>Privacy, with its groups</source>
+        <translation>Confidentialité et ses groupes</translation>
+    </message>
+    <message>
+        <source>The list of reports</source>
+        <translation>La liste des rapports</translation>
     </message>
 </context>
 <context>

@@ -14,6 +14,7 @@ namespace pryvane {
 namespace {
 
 constexpr int kIcon = 32;
+constexpr int kPictureWidth = 600;
 constexpr char kContext[] = "Help";
 
 struct Chapter {
@@ -37,14 +38,14 @@ constexpr Chapter kGuide[] = {
                  "computer: a request for the settings file of the maker, which says nothing about "
                  "you or the disk. Whoever may watch a Mac notices nothing when you look at its "
                  "disk from another computer; on the Mac itself they may see that Pryvane runs."),
-     "", ""},
+     "dashboard", QT_TRANSLATE_NOOP("Help", "The dashboard")},
     {"scan", QT_TRANSLATE_NOOP("Help", "Scan"),
      QT_TRANSLATE_NOOP("Help",
                        "A quick scan looks in the places that known spyware uses. A deep scan "
                        "looks there and at the name of every file you gave access to. The line "
                        "under the result says what was looked at and what could not be; its button "
                        "lists each place. Only a scan that could look everywhere says “Clean”."),
-     "", ""},
+     "scan", QT_TRANSLATE_NOOP("Help", "Findings of a scan")},
     {"found", QT_TRANSLATE_NOOP("Help", "When something was found"),
      QT_TRANSLATE_NOOP(
          "Help", "A finding is a name that is known, not proof. Press Return on it to see why it "
@@ -76,19 +77,19 @@ constexpr Chapter kGuide[] = {
                        "screen, the keys or all files, what starts by itself, and who may come in "
                        "from elsewhere. These are facts that the Mac itself keeps, without a "
                        "verdict; each group says what it means and where it is changed."),
-     "", ""},
+     "facts", QT_TRANSLATE_NOOP("Help", "Who may watch, by group")},
     {"tools", QT_TRANSLATE_NOOP("Help", "Clear traces"),
      QT_TRANSLATE_NOOP("Help",
                        "Privacy lists what browsers and the system keep, with the space it takes. "
                        "The sum above the list is what could be cleared; a place that two groups "
                        "share, such as a browser’s cache inside the system’s, counts only once in "
                        "it. Nothing is ticked for you, and a preview shows each location first."),
-     "", ""},
+     "tools", QT_TRANSLATE_NOOP("Help", "Privacy, with its groups")},
     {"reports", QT_TRANSLATE_NOOP("Help", "Keep the history"),
      QT_TRANSLATE_NOOP("Help",
                        "Every scan leaves a report. Reports can be compared, printed, exported and "
                        "deleted, and what they list can still be removed later."),
-     "", ""},
+     "reports", QT_TRANSLATE_NOOP("Help", "The list of reports")},
     {"clock", QT_TRANSLATE_NOOP("Help", "Scan on a schedule"),
      QT_TRANSLATE_NOOP(
          "Help", "While Pryvane is running it can scan every 30 minutes, and at a time of day of "
@@ -115,15 +116,17 @@ QString translated(const char* english)
     return QCoreApplication::translate(kContext, english);
 }
 
-/// The screen as scripts/screenshots took it, inside a hairline.
+/// The screen as scripts/screenshots took it, as sharp as this display can show it.
 QLabel* makePicture(const Chapter& chapter)
 {
     auto* picture = new QLabel;
-    picture->setPixmap(
-        QPixmap(QStringLiteral(":/guide/%1.png").arg(QLatin1String(chapter.picture))));
+    const QImage whole(QStringLiteral(":/guide/%1.png").arg(QLatin1String(chapter.picture)));
+    const qreal density = picture->devicePixelRatioF();
+    QImage shown = whole.convertToFormat(QImage::Format_RGB32)
+                       .scaledToWidth(qRound(kPictureWidth * density), Qt::SmoothTransformation);
+    shown.setDevicePixelRatio(density);
+    picture->setPixmap(QPixmap::fromImage(shown));
     picture->setAccessibleName(translated(chapter.pictureName));
-    picture->setFrameShape(QFrame::StyledPanel);
-    picture->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     return picture;
 }
 
@@ -163,7 +166,7 @@ QWidget* makeGuide()
                                   translated(QT_TRANSLATE_NOOP("Help", "How Pryvane works"))));
     for (const Chapter& chapter : kGuide)
         list->addWidget(makeChapter(chapter));
-    list->addStretch();
+    list->addStretch(1);
     return pages;
 }
 

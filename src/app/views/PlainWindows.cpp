@@ -176,7 +176,7 @@ void HelpWindow::keyPressEvent(QKeyEvent* event)
 HelpWindow::HelpWindow() : FramedWindow(tr("Pryvane Help"), 1)
 {
     setObjectName(QStringLiteral("helpWindow"));
-    startWith({620, 640});
+    startWith({790, 720});
     auto* scroll = new QScrollArea;
     scroll->setWidget(makeGuide());
     scroll->setWidgetResizable(true);

@@ -31,14 +31,14 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
                 {.title = QObject::tr("Program"), .width = 150},
                 {.title = QObject::tr("Decision"), .width = 66},
                 {.title = QObject::tr("What for"), .width = 110, .stretches = true},
-                {.title = QObject::tr("Whose"), .width = 78},
+                {.title = QObject::tr("Whose"), .width = 94},
                 {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::StartUp:
         return {{.width = 8},
                 {.title = QObject::tr("Name"), .width = 232},
                 {.title = QObject::tr("State"), .width = 60},
                 {.title = QObject::tr("When"), .width = 150, .stretches = true},
-                {.title = QObject::tr("Whose"), .width = 78},
+                {.title = QObject::tr("Whose"), .width = 94},
                 {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::RemoteAccess:
         break;
@@ -47,7 +47,7 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
             {.title = QObject::tr("What"), .width = 230},
             {.title = QObject::tr("State"), .width = 84},
             {.title = QObject::tr("Detail"), .width = 120, .stretches = true},
-            {.title = QObject::tr("Whose"), .width = 78}};
+            {.title = QObject::tr("Whose"), .width = 94}};
 }
 
 QString FactsTableSource::shown(const FactRow& row, std::size_t cell) const
