@@ -21,6 +21,9 @@ import time
 
 import jsonschema
 
+sys.dont_write_bytecode = True
+from interrupts import handles_interrupts  # noqa: E402
+
 cli, make_volume, schema_file, guides = sys.argv[1:5]
 schema = json.loads(pathlib.Path(schema_file).read_text())
 jsonschema.Draft202012Validator.check_schema(schema)
@@ -91,6 +94,8 @@ def scans(work, demo, on):
 
     stopped = subprocess.Popen([cli, "scan", *on, "--paced", "--format", "jsonl"], stdout=subprocess.PIPE,
                                stderr=subprocess.DEVNULL)
+    while not handles_interrupts(stopped):
+        time.sleep(0.01)
     time.sleep(0.5)
     stopped.send_signal(signal.SIGINT)
     lines = check(stopped.communicate()[0].decode())

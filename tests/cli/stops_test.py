@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Twelve stops spread over a deep scan, each stored and not, as text and as JSON: what was found by then is printed in
+"""Stops spread over a deep scan, each stored and not, as text and as JSON: what was found by then is printed in
 the form that was asked for, it is what is stored, and nothing calls it clean afterwards. And a second Ctrl+C ends at
 once what the first one cannot.
 
@@ -14,7 +14,10 @@ import sys
 import tempfile
 import time
 
-STOPS = 12
+sys.dont_write_bytecode = True
+from interrupts import handles_interrupts  # noqa: E402
+
+STOPS = int(os.environ.get("PRYVANE_TEST_STOPS", "12"))
 FILES = 60_000
 FOLDERS = FILES // 2000
 FINDINGS = ("tmp/.mdworker", "Users/alice/Library/LaunchAgents/com.refog.agent.plist",
@@ -34,16 +37,6 @@ def made(folder, findings):
         for number in range(1, 2000):
             os.link(first, documents / str(part) / str(number))
     return folder
-
-
-def handles_interrupts(process):
-    """Whether the program has come so far that it obeys SIGINT, or has ended."""
-    try:
-        status = pathlib.Path(f"/proc/{process.pid}/status").read_text()
-    except FileNotFoundError:
-        return True
-    caught = int(next(line for line in status.splitlines() if line.startswith("SigCgt")).split()[1], 16)
-    return process.poll() is not None or bool(caught & 1 << (signal.SIGINT - 1))
 
 
 def paths(document):
