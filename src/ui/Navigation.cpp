@@ -44,7 +44,9 @@ public:
             painter->setPen(QPen(accent, 2));
             painter->drawRoundedRect(row.adjusted(1, 1, -1, -1), 6, 6);
         }
-        painter->drawPixmap(QPointF(row.x() + 12, row.center().y() - kIconSize / 2.0),
+        const bool mirrored = option.direction == Qt::RightToLeft;
+        painter->drawPixmap(QPointF(mirrored ? row.right() - 12 - kIconSize : row.x() + 12,
+                                    row.center().y() - kIconSize / 2.0),
                             iconPixmap(index.data(Qt::UserRole).toString(), ink, kIconSize,
                                        painter->device()->devicePixelRatioF()));
         QFont font = option.font;
@@ -52,8 +54,10 @@ public:
             font.setWeight(QFont::DemiBold);
         painter->setFont(font);
         painter->setPen(ink);
-        painter->drawText(row.adjusted(12 + kIconSize + 12, 0, -8, 0),
-                          Qt::AlignVCenter | Qt::TextSingleLine, index.data().toString());
+        const int beside = 12 + kIconSize + 12;
+        painter->drawText(row.adjusted(mirrored ? 8 : beside, 0, mirrored ? -beside : -8, 0),
+                          Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                          index.data().toString());
         painter->restore();
     }
 

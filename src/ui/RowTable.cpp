@@ -48,6 +48,13 @@ WidthKeeper& widthKeeper()
     return keeper;
 }
 
+/// Keeps the order of a name, a path or a size where the window is laid out from the right.
+QString isolated(const QString& text, Qt::LayoutDirection direction)
+{
+    constexpr QChar kFirstStrong(0x2068), kEnd(0x2069);
+    return direction == Qt::RightToLeft && !text.isEmpty() ? kFirstStrong + text + kEnd : text;
+}
+
 /// Icon and words on a ground of their own.
 void drawChip(QPainter& painter, const QStyleOptionViewItem& cell)
 {
@@ -74,11 +81,12 @@ void drawChip(QPainter& painter, const QStyleOptionViewItem& cell)
     painter.setPen(ink);
     painter.setFont(cell.font);
     const bool mirrored = cell.direction == Qt::RightToLeft;
-    painter.drawText(
-        inside.adjusted(mirrored ? 0 : kIconSize + kChipGap, 0,
-                        mirrored ? -kIconSize - kChipGap : 0, 0),
-        Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
-        metrics.elidedText(cell.text, Qt::ElideRight, inside.width() - kIconSize - kChipGap));
+    painter.drawText(inside.adjusted(mirrored ? 0 : kIconSize + kChipGap, 0,
+                                     mirrored ? -kIconSize - kChipGap : 0, 0),
+                     Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                     isolated(metrics.elidedText(cell.text, Qt::ElideRight,
+                                                 inside.width() - kIconSize - kChipGap),
+                              cell.direction));
     painter.restore();
 }
 
@@ -157,6 +165,9 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
+        const Column& column = m_model.columns()[static_cast<std::size_t>(index.column())];
+        if (!column.isChip || m_model.isHeading(index)) // a chip is measured before
+            option->text = isolated(option->text, option->direction);
         option->textElideMode = Qt::ElideMiddle;
         option->decorationSize = QSize(kIconSize, kIconSize);
     }
@@ -363,16 +374,19 @@ void RowTable::paintSecondLines(QPainter& painter)
         const QString path = metrics.elidedText(index.data().toString(), Qt::ElideMiddle, room);
         painter.setFont(font);
         painter.setPen(secondaryText(palette()));
-        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine, path);
+        painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+                         isolated(path, layoutDirection()));
         if (needed == 0)
             continue;
         const int used = metrics.horizontalAdvance(path) + kRelated;
         painter.setFont(this->font());
         painter.setPen(remark.meaning == Meaning::Neutral ? secondaryText(palette())
                                                           : colorOf(remark.meaning, palette()));
-        painter.drawText(place.adjusted(mirrored ? 0 : used, 0, mirrored ? -used : 0, 0),
-                         Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
-                         plain.elidedText(remark.text, Qt::ElideRight, place.width() - used));
+        painter.drawText(
+            place.adjusted(mirrored ? 0 : used, 0, mirrored ? -used : 0, 0),
+            Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+            isolated(plain.elidedText(remark.text, Qt::ElideRight, place.width() - used),
+                     layoutDirection()));
     }
 }
 

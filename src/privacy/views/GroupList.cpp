@@ -21,6 +21,7 @@ namespace {
 enum Role : int { SizeText = Qt::UserRole, Share, CanBeTicked };
 
 constexpr int kBar = 4, kIcon = 24, kTickBox = 18, kWidth = 248;
+constexpr int kIconLeft = ui::kRelated + 4 + kTickBox + ui::kRelated + 4;
 
 QString iconOf(ToolGroupKind kind)
 {
@@ -175,23 +176,22 @@ public:
         paintTick(*painter, option, index);
         const bool enabled = index.data(CanBeTicked).toBool();
         const QRect words = wordsRect(option);
-        index.data(Qt::DecorationRole)
-            .value<QIcon>()
-            .paint(painter, QRect(words.x() - kIcon - ui::kRelated,
-                                  option.rect.center().y() - kIcon / 2 + 1, kIcon, kIcon));
+        index.data(Qt::DecorationRole).value<QIcon>().paint(painter, iconRect(option));
         const int line = option.fontMetrics.height();
         const QString size = index.data(SizeText).toString();
         const int sizeWidth = option.fontMetrics.horizontalAdvance(size) + ui::kRelated;
         painter->setFont(option.font);
         painter->setPen(enabled ? palette.color(QPalette::Text) : ui::secondaryText(palette));
         const QRect top(words.x(), words.y(), words.width(), line);
-        painter->drawText(top.adjusted(0, 0, -sizeWidth, 0), Qt::AlignVCenter | Qt::AlignLeft,
+        const bool mirrored = option.direction == Qt::RightToLeft;
+        painter->drawText(top.adjusted(mirrored ? sizeWidth : 0, 0, mirrored ? 0 : -sizeWidth, 0),
+                          Qt::AlignVCenter | Qt::AlignLeading,
                           option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
                                                         Qt::ElideRight, top.width() - sizeWidth));
         painter->setPen(ui::secondaryText(palette));
-        painter->drawText(top, Qt::AlignVCenter | Qt::AlignRight, size);
+        painter->drawText(top, Qt::AlignVCenter | Qt::AlignTrailing, size);
         paintBar(*painter, QRectF(words.x(), words.bottom() - kBar, words.width(), kBar), palette,
-                 index.data(Share).toDouble());
+                 index.data(Share).toDouble(), mirrored);
         painter->restore();
         if (option.state & QStyle::State_HasFocus) {
             QStyleOptionFocusRect ring;
@@ -235,10 +235,19 @@ private:
     /// Name, size and bar.
     static QRect wordsRect(const QStyleOptionViewItem& option)
     {
-        const int left = ui::kRelated + 4 + kTickBox + ui::kRelated + 4 + kIcon + ui::kRelated;
+        const int left = kIconLeft + kIcon + ui::kRelated;
         const int height = option.fontMetrics.height() + kBar + 6;
-        return {option.rect.x() + left, option.rect.center().y() - height / 2 + 1,
-                option.rect.width() - left - ui::kRelated - 4, height};
+        return QStyle::visualRect(option.direction, option.rect,
+                                  {option.rect.x() + left,
+                                   option.rect.center().y() - height / 2 + 1,
+                                   option.rect.width() - left - ui::kRelated - 4, height});
+    }
+
+    static QRect iconRect(const QStyleOptionViewItem& option)
+    {
+        return QStyle::visualRect(
+            option.direction, option.rect,
+            {option.rect.x() + kIconLeft, option.rect.center().y() - kIcon / 2 + 1, kIcon, kIcon});
     }
 
     static void paintTick(QPainter& painter, const QStyleOptionViewItem& option,
@@ -255,7 +264,8 @@ private:
                                               option.widget);
     }
 
-    static void paintBar(QPainter& painter, QRectF groove, const QPalette& palette, double share)
+    static void paintBar(QPainter& painter, QRectF groove, const QPalette& palette, double share,
+                         bool mirrored)
     {
         QColor track = palette.color(QPalette::WindowText);
         track.setAlphaF(ui::isHighContrast() ? 0.4F : 0.12F);
@@ -264,7 +274,11 @@ private:
         painter.drawRoundedRect(groove, kBar / 2.0, kBar / 2.0);
         if (share <= 0)
             return;
-        groove.setWidth(std::max<double>(kBar, groove.width() * share));
+        const double filled = std::max<double>(kBar, groove.width() * share);
+        if (mirrored)
+            groove.setLeft(groove.right() - filled);
+        else
+            groove.setWidth(filled);
         painter.setBrush(palette.color(QPalette::Highlight));
         painter.drawRoundedRect(groove, kBar / 2.0, kBar / 2.0);
     }
