@@ -189,7 +189,8 @@ public:
                           option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
                                                         Qt::ElideRight, top.width() - sizeWidth));
         painter->setPen(ui::secondaryText(palette));
-        painter->drawText(top, Qt::AlignVCenter | Qt::AlignTrailing, size);
+        painter->drawText(top, Qt::AlignVCenter | Qt::AlignTrailing,
+                          mirrored ? QChar(0x2068) + size + QChar(0x2069) : size);
         paintBar(*painter, QRectF(words.x(), words.bottom() - kBar, words.width(), kBar), palette,
                  index.data(Share).toDouble(), mirrored);
         painter->restore();
