@@ -36,7 +36,7 @@ ui::Cell actionCell(const ReportRow& row)
 std::vector<ui::Column> ReportsSource::columns()
 {
     return {{.width = 8},
-            {.title = QObject::tr("State"), .width = 88},
+            {.title = QObject::tr("State"), .width = 96},
             {.title = QObject::tr("When"), .width = 96},
             {.title = QObject::tr("Kind"), .width = 132},
             {.title = QObject::tr("Mac and User"), .stretches = true},
