@@ -1,18 +1,15 @@
 #include "app/AppFixture.h"
 #include "app/NotAccessVC.h"
+#include "support/Volumes.h"
 
 #include <gmock/gmock.h>
 
 namespace pryvane {
 namespace {
 
+using test::at;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-FileURL url(const char* path)
-{
-    return FileURL::fileURLWithPath(path);
-}
 
 class DiskAccessTest : public test::AppFixture {
 protected:
@@ -22,15 +19,15 @@ protected:
 TEST_F(DiskAccessTest, PanelsAllowOnlyTheirFolders)
 {
     for (const char* path : {"/Users", "/Users/", "/Users/alice", "/Users/alice/"}) {
-        EXPECT_TRUE(access.panelShouldEnableURL(url(path))) << path;
-        EXPECT_FALSE(AppDelegate::panelShouldEnableURL(url(path))) << path;
+        EXPECT_TRUE(access.panelShouldEnableURL(at(path))) << path;
+        EXPECT_FALSE(AppDelegate::panelShouldEnableURL(at(path))) << path;
     }
     for (const char* path : {"/Users/bob", "/Users/alice/Library", "/Users/.."}) {
-        EXPECT_FALSE(access.panelShouldEnableURL(url(path))) << path;
-        EXPECT_FALSE(AppDelegate::panelShouldEnableURL(url(path))) << path;
+        EXPECT_FALSE(access.panelShouldEnableURL(at(path))) << path;
+        EXPECT_FALSE(AppDelegate::panelShouldEnableURL(at(path))) << path;
     }
-    EXPECT_TRUE(access.panelShouldEnableURL(url("/")));
-    EXPECT_TRUE(AppDelegate::panelShouldEnableURL(url("/")));
+    EXPECT_TRUE(access.panelShouldEnableURL(at("/")));
+    EXPECT_TRUE(AppDelegate::panelShouldEnableURL(at("/")));
 }
 
 TEST_F(DiskAccessTest, AHomeGrantOpensTheMainWindow)
@@ -39,13 +36,13 @@ TEST_F(DiskAccessTest, AHomeGrantOpensTheMainWindow)
     takeWindowCalls();
     folderPicker.answer(std::nullopt);
     access.confirmAccessAction();
-    folderPicker.answer(url("/Users/bob")); // a panel that lets it through all the same
+    folderPicker.answer(at("/Users/bob")); // a panel that lets it through all the same
     access.confirmAccessAction();
     mainQueue.drain();
     EXPECT_FALSE(defaults.contains(preferences::kSaveDirectory));
     EXPECT_THAT(takeWindowCalls(), IsEmpty());
 
-    folderPicker.answer(url("/Users"));
+    folderPicker.answer(at("/Users"));
     access.confirmAccessAction();
     EXPECT_TRUE(access.isGranted());
     EXPECT_EQ(defaults.getBytes(preferences::kSaveDirectory), Bytes{"/Users"});
@@ -56,7 +53,7 @@ TEST_F(DiskAccessTest, AHomeGrantOpensTheMainWindow)
     EXPECT_EQ(folderPicker.asked()[0].message, "Give access for scanning in your Home Directory");
     EXPECT_EQ(folderPicker.asked()[0].directory.relativePath(), "/Users/alice");
 
-    EXPECT_TRUE(delegate.isWritable(url("/Users/alice")));
+    EXPECT_TRUE(delegate.isWritable(at("/Users/alice")));
     EXPECT_FALSE(delegate.isUserDirAccessible()) << "a writable home answers NO";
     EXPECT_TRUE(delegate.isUserAccessible());
 }
@@ -94,13 +91,13 @@ TEST_F(DiskAccessTest, AGrantThatCannotBeMadeClearsItsKeysAndIsTold)
     ASSERT_TRUE(defaults.setObject(preferences::kSaveDirectoryForHD, Bytes{"old"}).ok());
     desktop.grantTokens.makeFails = true;
     alerts.answer(kAlertFirstButton);
-    folderPicker.answer(url("/Users/alice"));
+    folderPicker.answer(at("/Users/alice"));
     access.confirmAccessAction();
     EXPECT_FALSE(defaults.contains(preferences::kSaveDirectory));
     EXPECT_TRUE(defaults.contains(preferences::kSaveDirectoryForHD));
 
     alerts.answer(kAlertFirstButton);
-    folderPicker.answer(url("/"));
+    folderPicker.answer(at("/"));
     delegate.confirmAccessAction();
     EXPECT_FALSE(defaults.contains(preferences::kSaveDirectoryForHD));
     mainQueue.drain();
@@ -128,7 +125,7 @@ TEST_F(DiskAccessTest, TheWholeDiskIsAskedForBeforeAScanUntilItIsGranted)
     EXPECT_THAT(alerts.asked()[0].buttons, ElementsAre("Continue", "Confirm Access"));
 
     alerts.answer(kAlertFirstButton + 1);
-    folderPicker.answer(url("/"));
+    folderPicker.answer(at("/"));
     delegate.requestScan();
     EXPECT_EQ(takeNotes(), kRequest);
     EXPECT_EQ(defaults.getBytes(preferences::kSaveDirectory), Bytes{"/"});

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <optional>
 #include <string>
 
 namespace pryvane {
@@ -62,11 +63,11 @@ protected:
 TEST_F(RelativeDate, UsesTheFirstWholeCalendarUnit)
 {
     const Date now = local(2026, 11, 21);
-    struct Row {
+    const struct {
         Date date;
         const char* text;
-    };
-    const Row rows[] = {
+        std::optional<Date> now = {};
+    } rows[] = {
         {now, "Not scan yet"},
         {now + std::chrono::hours(5), "Not scan yet"},
         {now - std::chrono::milliseconds(500), "In few seconds"},
@@ -85,20 +86,14 @@ TEST_F(RelativeDate, UsesTheFirstWholeCalendarUnit)
         {local(2025, 11, 21, 12, 0, 1), "11 months ago"},
         {local(2025, 11, 21), "1 year ago"},
         {local(1999, 1, 1), "27 years ago"},
+        // Short months, and the nights in which clocks go forward and back.
+        {local(2026, 1, 31), "1 month ago", local(2026, 2, 28)},
+        {local(2024, 2, 29), "1 year ago", local(2025, 2, 28)},
+        {local(2026, 3, 28), "Yesterday", local(2026, 3, 29)},
+        {local(2026, 10, 24), "24 hours ago", local(2026, 10, 25, 11, 30)},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(relativeDateStringForDate(row.date, now), row.text);
-}
-
-TEST_F(RelativeDate, FollowsTheCalendarOverShortMonthsAndClockChanges)
-{
-    EXPECT_EQ(relativeDateStringForDate(local(2026, 1, 31), local(2026, 2, 28)), "1 month ago");
-    EXPECT_EQ(relativeDateStringForDate(local(2024, 2, 29), local(2025, 2, 28)), "1 year ago");
-    // The night in which clocks go forward is 23 hours long and still a day.
-    EXPECT_EQ(relativeDateStringForDate(local(2026, 3, 28, 12), local(2026, 3, 29, 12)),
-              "Yesterday");
-    EXPECT_EQ(relativeDateStringForDate(local(2026, 10, 24, 12), local(2026, 10, 25, 11, 30)),
-              "24 hours ago");
+    for (const auto& row : rows)
+        EXPECT_EQ(relativeDateStringForDate(row.date, row.now.value_or(now)), row.text);
 }
 
 TEST(Texts, SizesAndDates)

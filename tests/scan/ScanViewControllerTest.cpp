@@ -174,17 +174,6 @@ TEST_F(ScanViewControllerTest, AStopWithinAStepRunsNoFurtherCheckOfIt)
     EXPECT_FALSE(defaults.contains(preferences::kARD));
 }
 
-TEST_F(ScanViewControllerTest, RemoteDesktopIsListedUntilItIsIgnored)
-{
-    volume.file("/Library/Preferences/com.apple.RemoteDesktop.plist");
-    for (const bool ignored : {false, true, false}) {
-        controller.ignoreARD(ignored);
-        scan();
-        EXPECT_EQ(controller.lists().ARDDetect, !ignored);
-        EXPECT_EQ(stored()[0]->spyWareList->size(), ignored ? 0U : 1U);
-    }
-}
-
 TEST_F(ScanViewControllerTest, WhatIsChosenDuringAScanIsForTheNextOne)
 {
     clock.onPause = [&](std::size_t) {
@@ -199,21 +188,6 @@ TEST_F(ScanViewControllerTest, WhatIsChosenDuringAScanIsForTheNextOne)
     state.isDeepScan = true;
     scan();
     EXPECT_EQ(stored()[0]->reportType, "Deep Scan");
-}
-
-TEST_F(ScanViewControllerTest, AMissingHomeIsNeverAPlainClean)
-{
-    volume.remove("/Users/alice");
-    volume.folder("/Users/carol");
-    volume.folder("/Users/Shared");
-    scan();
-    const ScanCoverage coverage = stored()[0]->coverage;
-    EXPECT_EQ(coverage.missingHome, "/Users/alice");
-    EXPECT_THAT(coverage.homes, ElementsAre("carol"));
-    EXPECT_EQ(stored()[0]->verdictLine(),
-              "Incomplete: nothing found, but not everything could be looked at: no home at "
-              "/Users/alice, homes there are: carol.");
-    EXPECT_EQ(controller.statusPanel().statusText, "Not Everything Could Be Looked At");
 }
 
 TEST_F(ScanViewControllerTest, WhatWasListedAndThenCannotBeLookedAtIsInTheCoverage)

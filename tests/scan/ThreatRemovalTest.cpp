@@ -198,10 +198,6 @@ TEST_F(ThreatRemovalTest, FindingsOfAnotherVolumeStay)
         mainQueue.runUntil([&] { return !other.isScanning() && !other.arrThreats().empty(); }));
     mainQueue.drain();
     exchangedDisk.exchanged = true;
-    other.removal().planSelectedThreats();
-    ASSERT_TRUE(mainQueue.runUntil([&] { return !other.removal().isPlanning(); }));
-    ASSERT_EQ(other.removal().plan().rows.size(), 1U);
-    EXPECT_EQ(other.removal().plan().rows[0].forecast.obstacle, RemovalObstacle::OtherVolume);
     alerts.answer(kYes);
     other.deleteSelectedThreat();
     ASSERT_TRUE(mainQueue.runUntil([&] { return !other.removal().isRemoving(); }));
@@ -247,17 +243,10 @@ TEST_F(ThreatRemovalTest, RemoveSpywareAsksNothingAndSelectsTheWholeListAgain)
 TEST_F(ThreatRemovalTest, RemoteDesktopIsNeitherPlannedNorRemoved)
 {
     scanWith({kAobo, kMdworker, kRemoteDesktop});
-    volume.file("/Users/alice/Library/.A_o_b_o/one");
     controller.removal().planSelectedThreats();
     ASSERT_TRUE(mainQueue.runUntil([&] { return !controller.removal().isPlanning(); }));
-    const RemovalPlan& plan = controller.removal().plan();
-    ASSERT_EQ(plan.rows.size(), 2U);
-    EXPECT_EQ(plan.rows[0].forecast.kind, FileKind::Folder);
-    EXPECT_EQ(plan.rows[0].forecast.entries, 2U);
-    EXPECT_EQ(plan.rows[1].flaggedBy.evidence, Evidence::ExactPath);
-    EXPECT_EQ(plan.totals().entries, 3U);
+    EXPECT_EQ(controller.removal().plan().rows.size(), 2U);
     expectUntouched({kAobo, kMdworker, kRemoteDesktop});
-
     deleteSelected();
     EXPECT_THAT(paths(lists.deletedSpyware), ElementsAre(kAobo, kMdworker));
     EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kRemoteDesktop));

@@ -110,24 +110,19 @@ int FaultyCalls::counted()
 
 extern "C" {
 
-int faultyOpen(const char* path, int flags, ...) PRYVANE_CALL("open");
-int faultyOpen(const char* path, int flags, ...)
-{
-    va_list rest;
-    va_start(rest, flags);
-    const unsigned mode = (flags & kCreate) != 0 ? va_arg(rest, unsigned) : 0;
-    va_end(rest);
-    return openIt("open", path, flags, mode);
-}
-int faultyOpen64(const char* path, int flags, ...) PRYVANE_CALL("open64");
-int faultyOpen64(const char* path, int flags, ...)
-{
-    va_list rest;
-    va_start(rest, flags);
-    const unsigned mode = (flags & kCreate) != 0 ? va_arg(rest, unsigned) : 0;
-    va_end(rest);
-    return openIt("open64", path, flags, mode);
-}
+#define PRYVANE_FAULTY_OPEN(label, id)                                                             \
+    int id(const char* path, int flags, ...) PRYVANE_CALL(label);                                  \
+    int id(const char* path, int flags, ...)                                                       \
+    {                                                                                              \
+        va_list rest;                                                                              \
+        va_start(rest, flags);                                                                     \
+        const unsigned mode = (flags & kCreate) != 0 ? va_arg(rest, unsigned) : 0;                 \
+        va_end(rest);                                                                              \
+        return openIt(label, path, flags, mode);                                                   \
+    }
+PRYVANE_FAULTY_OPEN("open", faultyOpen)
+PRYVANE_FAULTY_OPEN("open64", faultyOpen64)
+
 int faultyClose(int file) PRYVANE_CALL("close");
 int faultyClose(int file)
 {

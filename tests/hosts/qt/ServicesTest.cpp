@@ -5,8 +5,7 @@
 #include "hosts/qt/EventLoop.h"
 #include "hosts/qt/QtMainLoop.h"
 #include "support/Fakes.h"
-#include "support/TemporaryFolder.h"
-#include "volume/VolumeFileSystem.h"
+#include "support/Volumes.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -22,11 +21,6 @@ namespace {
 
 using std::chrono::milliseconds;
 namespace fs = std::filesystem;
-
-FileURL at(std::string_view path)
-{
-    return FileURL::fileURLWithPath(path);
-}
 
 TEST(FolderGrantsTest, aGrantIsForOneFolderAsItStood)
 {
