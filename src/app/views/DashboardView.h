@@ -57,7 +57,7 @@ private:
     ui::SwitchRow* m_runStartUp = nullptr;
     QLabel* m_next = nullptr;
     QPushButton* m_schedule = nullptr;
-    QTimer m_passing; ///< while it is shown
+    QTimer m_passing{this}; ///< while it is shown
 };
 
 } // namespace pryvane
