@@ -1,5 +1,6 @@
 #include "ui/Theme.h"
 
+#include "ui/ItemAccess.h"
 #include "ui/KeyboardFocus.h"
 #include "ui/Style.h"
 
@@ -186,6 +187,7 @@ void applyTheme(QApplication& application, Appearance appearance)
 {
     application.setStyle(new Style);
     new KeyboardFocus(application);
+    makeItemsObey();
     setAppearance(appearance);
 }
 

@@ -10,6 +10,7 @@ import pathlib
 import re
 import shutil
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -98,6 +99,15 @@ def output(*command):
     return subprocess.run(command, capture_output=True, text=True).stdout
 
 
+def stored(folder, key):
+    """What the store holds of that key now, whatever its table looks like."""
+    for file in (folder / "data").iterdir():
+        if file.open("rb").read(6) == b"SQLite":
+            lines = sqlite3.connect(f"file:{file}?mode=ro", uri=True).iterdump()
+            return [line for line in lines if f"'{key}'" in line]
+    return []
+
+
 class Pilot:
     """One running program."""
 
@@ -170,7 +180,7 @@ class Pilot:
         """What has the keyboard. A list's current item says so even when the list has it not."""
         for node in self.walk():
             with contextlib.suppress(Exception):
-                if node.getState().contains(self.atspi.STATE_FOCUSED) and node.getRoleName() != "list item":
+                if node.getState().contains(self.atspi.STATE_FOCUSED) and node.getRoleName() not in ("list item", "panel"):
                     return node
         return None
 
@@ -214,7 +224,7 @@ class Pilot:
                 return node
             self.keys(key)
             time.sleep(0.05)
-        raise AssertionError(f'the {key} key does not reach "{name}"')
+        raise AssertionError(f'the {key} key does not reach "{name}"; it is on {self.focused()}')
 
     def shot(self, name):
         if self.shots:

@@ -7,6 +7,7 @@
 #include "app/views/MenuBar.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/MenuButton.h"
 #include "ui/Navigation.h"
 #include "ui/Sheet.h"
 #include "ui/TitleBar.h"
@@ -118,7 +119,8 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
 void MainWindow::makeMenu()
 {
     m_menuButton = new QToolButton;
-    m_menu = new QMenu(this);
+    m_menu = new QMenu;
+    ui::giveMenu(*m_menuButton, m_menu);
     m_menuButton->setText(tr("Menu"));
     m_menuButton->setIcon(ui::icon(QStringLiteral("more")));
     m_menuButton->setObjectName(QStringLiteral("menu"));
@@ -126,9 +128,6 @@ void MainWindow::makeMenu()
     m_menuButton->setToolTip(tr("Menu"));
     m_menuButton->setAutoRaise(true);
     m_menuButton->setMinimumSize(ui::kTarget, ui::kTarget);
-    connect(m_menuButton, &QToolButton::clicked, this, [this] {
-        m_menu->popup(m_menuButton->mapToGlobal(m_menuButton->rect().bottomLeft()));
-    });
     connect(m_menu, &QMenu::aboutToShow, this, &MainWindow::showMenu);
     if (titleBar()) {
         titleBar()->layout()->addWidget(m_menuButton);

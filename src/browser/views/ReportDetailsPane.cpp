@@ -6,6 +6,7 @@
 #include "removal/views/RemovalProgressView.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
+#include "ui/MenuButton.h"
 #include "ui/Style.h"
 #include "words/Shown.h"
 
@@ -87,13 +88,16 @@ QWidget* ReportDetailsPane::makeHead()
     m_type = ui::makeLabel(TextRole::Statement);
     m_type->setObjectName(QStringLiteral("reportKind"));
     m_print = makeButton("printReport", tr("Print…"), "print");
-    auto* exporting = makeButton("exportReport", tr("Export"), "export");
-    auto* menu = new QMenu(exporting);
+    auto* menu = new QMenu;
     menu->setObjectName(QStringLiteral("exportMenu"));
     for (const ExportKind& kind : kExportKinds)
-        menu->addAction(tr("As %1…").arg(QLatin1String(kind.name)), this,
-                        [this, kind] { Q_EMIT exportWanted(kind); });
-    exporting->setMenu(menu);
+        connect(
+            menu->addAction(tr("As %1…").arg(QLatin1String(kind.name))), &QAction::triggered, this,
+            [this, kind] { Q_EMIT exportWanted(kind); },
+            Qt::QueuedConnection); // it opens a dialog
+    auto* exporting = new ui::MenuButton(tr("Export"), menu);
+    exporting->setObjectName(QStringLiteral("exportReport"));
+    exporting->setIcon(ui::icon(QStringLiteral("export")));
     auto* trash = makeButton("deleteReport", tr("Delete…"), "btn_trash");
     connect(back, &QPushButton::clicked, &m_controller, &ReportViewController::backtoReportList);
     connect(m_print, &QPushButton::clicked, this, &ReportDetailsPane::printWanted);
@@ -106,7 +110,7 @@ QWidget* ReportDetailsPane::makeHead()
     row->addWidget(back);
     row->addSpacing(ui::kRelated);
     row->addWidget(m_type, 1);
-    for (QPushButton* button : {m_print, exporting, trash})
+    for (QPushButton* button : {m_print, static_cast<QPushButton*>(exporting), trash})
         row->addWidget(button);
     return head;
 }

@@ -134,7 +134,8 @@ TEST_F(MainWindowTest, TheTableCutsNoWordOfEvidence)
           "/tmp/TypeRecorder.txt", "/Library/Preferences/com.okaz.x"})
         records->push_back(Spyware::SpyWareSeen("x", "Aobo Keylogger Pro Edition", 123456789,
                                                 FileURL::fileURLWithPath(path), kHighRisk));
-    FindingsPane pane("alice", {}, [](const auto&, bool) {}, FindingsSource::Of::Scan);
+    FindingsPane pane(
+        "alice", {}, [](const auto&, bool) {}, FindingsSource::Of::Scan);
     pane.showRecords(records);
     pane.resize(644, 400);
     pane.show();
@@ -154,11 +155,12 @@ TEST_F(MainWindowTest, WhatCannotBeSelectedCanBeFiltered)
 {
     auto records = std::make_shared<SpywareList>();
     for (const char* path : {"/tmp/a", "/tmp/b"}) {
-        records->push_back(Spyware::SpyWareSeen("x", "Threat", 1, FileURL::fileURLWithPath(path),
-                                                kHighRisk));
+        records->push_back(
+            Spyware::SpyWareSeen("x", "Threat", 1, FileURL::fileURLWithPath(path), kHighRisk));
         records->back()->setPresence(Presence::Unknown, "of another disk");
     }
-    FindingsPane pane("alice", {}, [](const auto&, bool) {}, FindingsSource::Of::Report);
+    FindingsPane pane(
+        "alice", {}, [](const auto&, bool) {}, FindingsSource::Of::Report);
     pane.showRecords(records);
     pane.show();
     EXPECT_TRUE(pane.findChild<QComboBox*>()->isEnabled());
