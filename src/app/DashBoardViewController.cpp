@@ -79,6 +79,7 @@ void DashBoardViewController::createStatusItem()
 
 void DashBoardViewController::updateStatusMenu(const std::string& realTimeTitle)
 {
+    m_realTimeTitle = realTimeTitle;
     if (!m_hasStatusItem)
         return;
     using Action = void (DashBoardViewController::*)();
@@ -91,7 +92,8 @@ void DashBoardViewController::updateStatusMenu(const std::string& realTimeTitle)
         entry(realTimeTitle, m_isRealTimeProtectionON, &Self::realTimeScanningOnOFMenuBarAction),
         entry("Quick Scan", {}, &Self::performQuickScanMenuBarAction),
         {},
-        entry("Check for Update", {}, &Self::updateMenuBarAction),
+        entry(m_isCheckingForUpdate ? "Checking for Update…" : "Check for Update", {},
+              &Self::updateMenuBarAction),
         entry("Open Pryvane", {}, &Self::openAppMenuBarAction),
         entry("Visit Web Site", {}, &Self::openAppWebSiteMenuBarAction),
         {},
@@ -187,10 +189,10 @@ void DashBoardViewController::updateMenuBarAction()
     if (m_isCheckingForUpdate)
         return;
     m_isCheckingForUpdate = true;
-    Q_EMIT stateChanged();
+    updateStatusMenu(m_realTimeTitle); // where it was asked for
     m_later.postAfter(kUpdateCheck, [this] {
         m_isCheckingForUpdate = false;
-        Q_EMIT stateChanged();
+        updateStatusMenu(m_realTimeTitle);
         m_delegate.createAlertForInformativeText(
             "You are currently running Pryvane version " + m_facts.bundleVersion,
             "No Update is Available", AppDelegate::RunModal::Yes);

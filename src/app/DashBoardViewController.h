@@ -114,6 +114,7 @@ private:
     bool m_isRealTimeProtectionON = false;
     bool m_hasStatusItem = false;
     bool m_isCheckingForUpdate = false;
+    std::string m_realTimeTitle; ///< of the status menu
     bool m_isLoadingLastScans = false;
     bool m_lastScansAreOld = false; ///< a scan ended while they were being loaded
     ScanButton m_scanButton;

@@ -12,7 +12,7 @@ namespace {
 std::string searchableText(const ReportFacts& report)
 {
     std::string text = report.reportType + '\n' + localDateText(report.scanDate) + '\n' +
-                       macName(report.subject) + '\n' + userNames(report.subject);
+                       diskName(report.subject, report.labels) + '\n' + userNames(report.subject);
     for (const auto& threat : report.threats)
         text += '\n' + threat;
     return lowerAscii(text);
@@ -105,9 +105,9 @@ ReportRow ReportRows::row(std::size_t row) const
     return {sinceText(shown.scanDate, m_now),
             localDateText(shown.scanDate),
             forScreen(shown.reportType),
-            shown.subject.isKnown()
-                ? forScreen(macName(shown.subject)) + ", " + forScreen(userNames(shown.subject))
-                : kNotKnown,
+            shown.subject.isKnown() ? forScreen(diskName(shown.subject, shown.labels)) + ", " +
+                                          forScreen(userNames(shown.subject))
+                                    : kNotKnown,
             shown.hasThreats(),
             forScreen(shown.scanDuration),
             shown.isRed ? kReportRed : kReportGreen,

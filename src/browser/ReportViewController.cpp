@@ -158,7 +158,7 @@ void ReportViewController::readAndOpen(const std::string& reportId)
             if (report)
                 openDetails(*report);
             else
-                say("The report cannot be opened: " + report.error().message);
+                sayFailure("The report cannot be opened: " + report.error().message);
         });
     Q_EMIT stateChanged();
 }
@@ -188,7 +188,7 @@ void ReportViewController::compare(std::size_t row, std::size_t otherRow,
             if (compared)
                 done(std::move(compared).value());
             else
-                say("The reports cannot be compared: " + compared.error().message);
+                sayFailure("The reports cannot be compared: " + compared.error().message);
         });
 }
 
@@ -289,7 +289,7 @@ void ReportViewController::deleteReports(std::vector<std::string> ids)
 void ReportViewController::deleted(const std::vector<std::string>& gone, const std::string& problem)
 {
     if (!problem.empty()) {
-        say("The report could not be deleted: " + problem);
+        sayFailure("The report could not be deleted: " + problem);
         load();
         return;
     }
@@ -302,6 +302,14 @@ void ReportViewController::deleted(const std::vector<std::string>& gone, const s
 void ReportViewController::say(std::string notice)
 {
     m_notice = std::move(notice);
+    m_noticeOfFailure = false;
+    Q_EMIT stateChanged();
+}
+
+void ReportViewController::sayFailure(std::string notice)
+{
+    m_notice = std::move(notice);
+    m_noticeOfFailure = true;
     Q_EMIT stateChanged();
 }
 

@@ -96,7 +96,10 @@ public:
     [[nodiscard]] bool isOfThisVolume() const;
     /// What the last action had to say, as one line of plain text; empty without.
     [[nodiscard]] const std::string& notice() const { return m_notice; }
+    /// Whether that action failed.
+    [[nodiscard]] bool isNoticeOfFailure() const { return m_noticeOfFailure; }
     void say(std::string notice);
+    void sayFailure(std::string notice);
     void backtoReportList();
     void trashReport();
     void checkClicked(std::size_t index, bool on);
@@ -153,6 +156,7 @@ private:
     ReportDetails m_details;
     SelectionState m_selection;
     std::string m_notice;
+    bool m_noticeOfFailure = false;
     std::function<void()> m_printQuestion;
     std::vector<NotificationCenter::Observation> m_observations;
     TaskQueue m_storeTasks; // they end before anything they use

@@ -133,7 +133,7 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
         return;
     }
     const auto shown = m_parts.fileViewer.reveal((*m_report->spyWareList)[index]->url);
-    say(shown ? std::string() : shown.error().message);
+    shown ? say({}) : sayFailure(shown.error().message);
 }
 
 bool ReportViewController::isOfThisVolume() const
@@ -159,7 +159,7 @@ void ReportViewController::printed(const PrintOutcome& outcome)
         say("The report was sent to the printer.");
         break;
     case PrintOutcome::State::Failed:
-        say("The report was not printed: " + outcome.reason);
+        sayFailure("The report was not printed: " + outcome.reason);
         break;
     case PrintOutcome::State::NothingToPrint:
         say({});

@@ -207,8 +207,7 @@ public:
             soon([titles = &header(), column = m_column] {
                 const bool turns = titles->sortIndicatorSection() == column &&
                                    titles->sortIndicatorOrder() == Qt::AscendingOrder;
-                titles->setSortIndicator(column,
-                                         turns ? Qt::DescendingOrder : Qt::AscendingOrder);
+                titles->setSortIndicator(column, turns ? Qt::DescendingOrder : Qt::AscendingOrder);
             });
     }
 
@@ -251,7 +250,8 @@ public:
         if (const auto known = m_known.constFind(number); known != m_known.cend())
             return QAccessible::accessibleInterface(*known);
         const int wide = m_table ? columnCount() + 1 : 1;
-        const int row = number / wide - (m_table ? 1 : 0), column = number % wide - (m_table ? 1 : 0);
+        const int row = number / wide - (m_table ? 1 : 0),
+                  column = number % wide - (m_table ? 1 : 0);
         if (column < 0)
             return nullptr;
         QAccessibleInterface* made = nullptr;
@@ -272,8 +272,7 @@ public:
     }
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override
     {
-        const QModelIndex at =
-            view()->indexAt(view()->viewport()->mapFromGlobal(QPoint(x, y)));
+        const QModelIndex at = view()->indexAt(view()->viewport()->mapFromGlobal(QPoint(x, y)));
         return at.isValid() ? child(number(at.row(), at.column())) : nullptr;
     }
     [[nodiscard]] QAccessibleInterface* focusChild() const override
@@ -286,8 +285,7 @@ public:
     [[nodiscard]] QAccessibleInterface* summary() const override { return nullptr; }
     [[nodiscard]] QAccessibleInterface* cellAt(int row, int column) const override
     {
-        const bool isThere =
-            row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
+        const bool isThere = row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
         return isThere ? child(number(row, column)) : nullptr;
     }
     [[nodiscard]] int selectedCellCount() const override
@@ -342,9 +340,9 @@ public:
             return false;
         const bool one = view()->selectionMode() == QAbstractItemView::SingleSelection;
         view()->selectionModel()->setCurrentIndex(
-            indexAt(row, 0), (one ? QItemSelectionModel::ClearAndSelect
-                                  : QItemSelectionModel::Select) |
-                                 QItemSelectionModel::Rows);
+            indexAt(row, 0),
+            (one ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::Select) |
+                QItemSelectionModel::Rows);
         return true;
     }
     bool selectColumn(int) override { return false; }
@@ -352,8 +350,8 @@ public:
     {
         if (row < 0 || row >= rowCount())
             return false;
-        view()->selectionModel()->select(indexAt(row, 0), QItemSelectionModel::Deselect |
-                                                              QItemSelectionModel::Rows);
+        view()->selectionModel()->select(indexAt(row, 0),
+                                         QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
         return true;
     }
     bool unselectColumn(int) override { return false; }
@@ -410,7 +408,8 @@ private:
 
 QAccessibleInterface* itemsAccess(const QString& name, QObject* object)
 {
-    if (name != kRowTable && name != kComboList && name != QLatin1String("pryvane::ui::Navigation") &&
+    if (name != kRowTable && name != kComboList &&
+        name != QLatin1String("pryvane::ui::Navigation") &&
         name != QLatin1String("pryvane::GroupList"))
         return nullptr;
     auto* view = qobject_cast<QAbstractItemView*>(object);

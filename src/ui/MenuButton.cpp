@@ -78,8 +78,7 @@ void giveMenu(QAbstractButton& button, QMenu* menu)
     });
 }
 
-MenuButton::MenuButton(const QString& title, QMenu* menu, QWidget* parent)
-    : QPushButton(parent)
+MenuButton::MenuButton(const QString& title, QMenu* menu, QWidget* parent) : QPushButton(parent)
 {
     giveMenu(*this, menu);
     setText(title);

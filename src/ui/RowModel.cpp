@@ -105,7 +105,10 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
 {
     if (orientation != Qt::Horizontal)
         return {};
-    const Column& column = m_columns[static_cast<std::size_t>(section)];
+    // The first line's title stands for the second one while that is what is sorted by.
+    const bool isBelow = section == 1 && m_sortColumn > 0 &&
+                         m_columns[static_cast<std::size_t>(m_sortColumn)].isBelow;
+    const Column& column = m_columns[static_cast<std::size_t>(isBelow ? m_sortColumn : section)];
     if (role == Qt::DisplayRole)
         return section == 0 ? QString() : column.title;
     if (role == Qt::AccessibleTextRole)

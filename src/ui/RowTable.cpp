@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -248,7 +249,7 @@ RowTable::RowTable(RowModel& model, const QString& accessibleName, QWidget* pare
     connect(&m_keeping, &QTimer::timeout, this, &RowTable::fitColumns);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { takeWidth(column, width); });
-    setSortingEnabled(true);
+    connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &RowTable::sortBy);
     connect(&m_model, &QAbstractItemModel::modelReset, this, &RowTable::spanHeadings);
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
         if (const int row = m_model.sourceRow(index); row >= 0 && index.column() != 0)
@@ -336,6 +337,21 @@ void RowTable::contextMenuEvent(QContextMenuEvent* event)
                                  : event->globalPos());
 }
 
+/// After both orders of the first line, its title offers those of the second.
+void RowTable::sortBy(int column, Qt::SortOrder order)
+{
+    const bool goesOn = column < 0 && m_sorted == 1 && m_below >= 0;
+    const bool staysBelow = column == 1 && m_sorted == m_below && order == Qt::DescendingOrder;
+    m_sorted = goesOn || staysBelow ? m_below : column;
+    m_model.sort(m_sorted, order);
+    if (goesOn) {
+        const QSignalBlocker quiet(horizontalHeader());
+        horizontalHeader()->setSortIndicator(1, Qt::AscendingOrder);
+        m_model.sort(m_below, Qt::AscendingOrder);
+    }
+    horizontalHeader()->viewport()->update();
+}
+
 /// A heading has its row to itself. A table with very many of them would grow slow by that.
 void RowTable::spanHeadings()
 {
@@ -353,7 +369,8 @@ void RowTable::spanHeadings()
 void RowTable::paintSecondLines(QPainter& painter)
 {
     const int last = rowAt(viewport()->height() - 1);
-    const QFont font = fontOf(TextRole::Path);
+    const bool isPath = m_model.columns()[static_cast<std::size_t>(m_below)].isPath;
+    const QFont font = isPath ? fontOf(TextRole::Path) : this->font();
     const QFontMetrics metrics(font), plain(fontMetrics());
     const bool mirrored = isRightToLeft();
     const int indent = columnWidth(0) + kCellMargin + kIconSize + 15; // below the name

@@ -54,10 +54,12 @@ private:
     void loadWidths();
     void paintSecondLines(QPainter& painter);
     void spanHeadings();
+    void sortBy(int column, Qt::SortOrder order);
 
     RowModel& m_model;
     int m_below = -1;            ///< the column that is the second line; -1: there is none
     std::map<int, int> m_chosen; ///< the widths that a person gave
+    int m_sorted = -1;           ///< by which title; -1: as they came
     bool m_isFitting = false;
     bool m_hasLoaded = false;
     QTimer m_keeping;

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPainterPath>
@@ -106,6 +107,30 @@ void ColouredView::paintEvent(QPaintEvent*)
 void ColouredView::resizeEvent(QResizeEvent*)
 {
     m_drawn = QPixmap();
+    fitStatement();
+}
+
+bool ColouredView::event(QEvent* event)
+{
+    const bool done = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest) // its buttons take more or less
+        fitStatement();
+    return done;
+}
+
+/// A headline that would take two lines is written smaller.
+void ColouredView::fitStatement()
+{
+    layout()->activate();
+    const int taken = m_badge->isHidden() ? 0 : m_badge->sizeHint().width() + kGroups;
+    const int room = width() - 2 * kEdge - kGroups - taken - m_actions->sizeHint().width();
+    QFont font = fontOf(TextRole::Statement);
+    const double least = fontOf(TextRole::GroupTitle).pointSizeF();
+    while (font.pointSizeF() > least &&
+           QFontMetrics(font).horizontalAdvance(m_statement->text()) > room)
+        font.setPointSizeF(font.pointSizeF() - 1);
+    if (font != m_statement->font())
+        m_statement->setFont(font);
 }
 
 SwitchRow::SwitchRow(const QString& name, const QString& explanation, QWidget* parent)
@@ -126,6 +151,34 @@ SwitchRow::SwitchRow(const QString& name, const QString& explanation, QWidget* p
     row->setSpacing(kGroups);
     row->addLayout(words, 1);
     row->addWidget(m_box, 0, Qt::AlignVCenter);
+}
+
+Notice::Notice(const QString& name, QWidget* parent)
+    : QWidget(parent), m_icon(new QLabel), m_words(makeLabel(TextRole::Body))
+{
+    m_icon->setPixmap(icon(QStringLiteral("attention"), Meaning::Found)
+                          .pixmap(QSize(20, 20), devicePixelRatioF()));
+    m_words->setObjectName(name);
+    m_words->setWordWrap(true);
+    m_words->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_words->setFocusPolicy(Qt::NoFocus);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(kRelated);
+    row->addWidget(m_icon, 0, Qt::AlignTop);
+    row->addWidget(m_words, 1);
+    hide();
+}
+
+void Notice::tell(const QString& words, bool failed)
+{
+    m_words->setText(words);
+    m_icon->setVisible(failed);
+    QPalette own = palette();
+    own.setColor(QPalette::WindowText, failed ? colorOf(Meaning::Found, QGuiApplication::palette())
+                                              : secondaryText(QGuiApplication::palette()));
+    m_words->setPalette(own);
+    setVisible(!words.isEmpty());
 }
 
 EmptyState::EmptyState(const QString& iconName, const QString& sentence, QWidget* parent)

@@ -44,8 +44,11 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
+    bool event(QEvent*) override;
 
 private:
+    void fitStatement();
+
     QString m_background = QStringLiteral("idle_bg");
     QPixmap m_drawn;
     QLabel* m_badge;
@@ -64,6 +67,22 @@ public:
 
 private:
     QCheckBox* m_box;
+};
+
+/// One line about what was just done. What failed has an icon and is no grey aside.
+class Notice final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The name is that of its words.
+    explicit Notice(const QString& name, QWidget* parent = nullptr);
+
+    /// Hidden while there are no words.
+    void tell(const QString& words, bool failed);
+
+private:
+    QLabel* m_icon;
+    QLabel* m_words;
 };
 
 /// What a screen shows when it has nothing to list: an icon, a sentence, and room for one button.

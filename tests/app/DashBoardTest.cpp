@@ -188,9 +188,11 @@ TEST_F(DashBoardTest, TheStatusMenuActs)
     EXPECT_EQ(takeNotes(), kRequest);
     EXPECT_THAT(takeWindowCalls(), ElementsAre("front main", "activate"));
     choose(3);
+    EXPECT_EQ(desktop.statusItem.menu[3].title, "Checking for Update…");
     choose(3);
     alerts.answer(kAlertFirstButton);
     mainQueue.drain();
+    EXPECT_EQ(desktop.statusItem.menu[3].title, "Check for Update");
     ASSERT_EQ(alerts.asked().size(), 1U);
     EXPECT_EQ(alerts.asked()[0].messageText, "No Update is Available");
     EXPECT_EQ(alerts.asked()[0].informativeText, "You are currently running Pryvane version 1.2");

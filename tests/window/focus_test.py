@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Whatever the Tab key reaches shows that it has the keyboard: judged by pixels, in one palette.
 
-    focus_test.py light|dark|light-contrast|dark-contrast PROGRAM MAKE-DEMO-VOLUME
+    focus_test.py light|dark|light-contrast|dark-contrast PROGRAM COMMAND-LINE MAKE-DEMO-VOLUME
 """
 import os
 import pathlib
@@ -115,11 +115,68 @@ class Rounds:
         print(f"{screen}: {len(reached)} controls")
 
 
+    def go_down(self, menu):
+        """The arrow keys show which entry of the menu is next: it is drawn otherwise than before."""
+        entries = [node for node in self.pilot.walk() if node.getRoleName() == "menu item"
+                   and node.name and node.getState().contains(self.pilot.atspi.STATE_ENABLED)]
+        assert entries, f"{menu} is empty"
+        without = Picture()
+        for entry in entries:
+            self.pilot.keys("Down")
+            time.sleep(0.12)
+            having, box = Picture(), entry.queryComponent().getExtents(self.pilot.atspi.DESKTOP_COORDS)
+            self.count += 1
+            changed = sum(having.row(box.x, y, box.width) != without.row(box.x, y, box.width)
+                          for y in range(box.y, box.y + box.height))
+            if changed < box.height // 2:
+                self.faults.append(f"{menu}: {entry.name}: only {changed} lines of pixels change")
+            without = having
+        self.pilot.keys("Escape")
+        print(f"{menu}: {len(entries)} entries")
+
+
+def sheets_of_reports(pilot, rounds):
+    pilot.keys("ctrl+p")
+    pilot.find("The pages as they will be printed")
+    rounds.go_round("preview")
+    pilot.keys("Escape")
+    pilot.tab_to("Export")
+    pilot.keys("Return")
+    pilot.find("As JSON…", "menu item")
+    rounds.go_down("export menu")
+    pilot.tab_to("Back to the reports")
+    pilot.keys("Return")
+    pilot.tab_to("Reports")
+    pilot.keys("ctrl+Home", "shift+Down")
+    pilot.tab_to("Compare these two")
+    pilot.keys("Return")
+    pilot.find("What changed", "table")
+    rounds.go_round("comparison")
+    pilot.keys("Escape")
+
+
+def sheets_of_tools(pilot, rounds):
+    pilot.read(" can be cleared")
+    pilot.tab_to("Groups")
+    pilot.keys("Home", "space")
+    for button in ("Preview…", "Clear…"):
+        pilot.tab_to(button)
+        pilot.keys("Return")
+        pilot.find("Clear for good")
+        rounds.go_round(button)
+        pilot.keys("Escape")
+        pilot.gone("Clear for good")
+
+
 def all_screens(pilot, rounds):
     pilot.find("Confirm Access")
     rounds.go_round("welcome")
     pilot.grant()
     rounds.go_round("dashboard")
+    pilot.tab_to("Menu")
+    pilot.keys("Return")
+    pilot.find("Appearance", "menu item")
+    rounds.go_down("menu")
     pilot.click("Schedule…")
     pilot.find("Scan on a schedule")
     pilot.keys("space")
@@ -138,34 +195,46 @@ def all_screens(pilot, rounds):
     pilot.click("Quick Scan >")
     pilot.find("Remove…", "push button")
     rounds.go_round("findings")
+    pilot.tab_to("Findings")
+    pilot.keys("ctrl+Home", "Return")
+    pilot.find("Why was this found?")
+    rounds.go_round("why it was found")
+    pilot.keys("Escape")
     pilot.click("Remove…", "push button")
     pilot.read(" selected: ")
     rounds.go_round("plan")
+    pilot.tab_to("Remove for good…")
+    pilot.keys("Return")
+    pilot.find("Are you sure you want to delete selected threats?")
+    rounds.go_round("question")
     pilot.keys("Escape")
+    pilot.gone("Are you sure you want to delete selected threats?")
     pilot.keys("ctrl+4")
-    pilot.read("1 report")
+    pilot.read("2 reports")
     rounds.go_round("reports")
-    pilot.click("View Report", "push button") if pilot.look("View Report", "push button") else None
     pilot.tab_to("Reports", key="shift+Tab")
     table = pilot.find("Reports", "table")
     pilot.click_node(table.queryTable().getAccessibleAt(0, 2))
     pilot.keys("Return")
     pilot.find("Back to the reports")
     rounds.go_round("report")
+    sheets_of_reports(pilot, rounds)
     pilot.keys("ctrl+3")
     pilot.find("Measure again")
     rounds.go_round("tools")
-    for tab in ("Inventory", "Who May Watch"):
+    sheets_of_tools(pilot, rounds)
+    for tab in ("Inventory", "Who May Watch", "Start-up", "Remote access"):
         pilot.click(tab)
         time.sleep(1)
         rounds.go_round(tab)
 
 
-def main(palette, program, make_volume):
+def main(palette, program, command_line, make_volume):
     os.environ["PRYVANE_APPEARANCE"] = palette
     with desktop(f"{WIDTH}x{HEIGHT}") as folder:
         volume = folder / "MacintoshHD"
         subprocess.run([make_volume, str(volume)], check=True, stdout=subprocess.DEVNULL)
+        subprocess.run([command_line, "scan", "--volume", str(volume), "--user", "alice"], stdout=subprocess.DEVNULL)
         pilot = Pilot(program, "--volume", str(volume), "--user", "alice",
                       screenshots=os.environ.get("PRYVANE_SCREENSHOTS"))
         rounds = Rounds(pilot)

@@ -15,7 +15,9 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QTimer>
 
+#include <chrono>
 #include <csignal>
 #include <iostream>
 #include <optional>
@@ -26,6 +28,7 @@ namespace {
 using namespace pryvane;
 
 constexpr int kFailed = 2;
+constexpr std::chrono::milliseconds kIconAfter{150};
 
 /// Ends the program in words when memory runs out while it handles an event: what the screen shows
 /// may be half of what it should be, and the store and the journal are whole at any moment.
@@ -174,7 +177,9 @@ int runProgram(int argc, char** argv)
     if (qgetenv("PRYVANE_DIRECTION") == "rtl")
         QApplication::setLayoutDirection(Qt::RightToLeft);
     ui::applyTheme(application);
-    QApplication::setWindowIcon(ui::applicationIcon());
+    // Drawn in six sizes, which the first window need not wait for.
+    QTimer::singleShot(kIconAfter, &application,
+                       [] { QApplication::setWindowIcon(ui::applicationIcon()); });
     auto desktop = Desktop::open(*host, dataFolder);
     if (!desktop)
         return fail(desktop.error().message);

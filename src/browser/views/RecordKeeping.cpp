@@ -57,13 +57,14 @@ struct Export : std::enable_shared_from_this<Export> {
     std::vector<std::string> ids;
     const ExportKind kind;
     std::string place;
-    std::function<void(const QString& words)> told;
+    std::function<void(const QString& words, bool failed)> told;
     std::size_t next = 0;
     std::size_t written = 0;
     std::string problem; ///< of the first that was not written
 
     Export(ReportViewController& reports, ReportDocuments& writer, std::vector<std::string> which,
-           const ExportKind& as, std::string folder, std::function<void(const QString& words)> tell)
+           const ExportKind& as, std::string folder,
+           std::function<void(const QString& words, bool failed)> tell)
         : controller(reports), documents(writer), ids(std::move(which)), kind(as),
           place(std::move(folder)), told(std::move(tell))
     {
@@ -115,7 +116,8 @@ struct Export : std::enable_shared_from_this<Export> {
                                   countedText(ids.size(), "report", "reports") + " exported to " +
                                   forScreen(place) + ".";
         told(ui::shown(count) +
-             (problem.empty() ? QString() : QLatin1Char(' ') + ui::text(forScreen(problem))));
+                 (problem.empty() ? QString() : QLatin1Char(' ') + ui::text(forScreen(problem))),
+             !problem.empty());
     }
 };
 
@@ -123,7 +125,7 @@ struct Export : std::enable_shared_from_this<Export> {
 
 void exportReports(QWidget* window, ReportViewController& controller, ReportDocuments& documents,
                    std::vector<std::string> reportIds, const ExportKind& kind,
-                   std::function<void(const QString& words)> told)
+                   std::function<void(const QString& words, bool failed)> told)
 {
     const QString folder = QFileDialog::getExistingDirectory(
         window, QObject::tr("Export the reports to this folder"),

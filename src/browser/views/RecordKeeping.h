@@ -25,6 +25,6 @@ void keepRecord(QWidget* window, ReportDocuments& documents, const SpywareScanRe
 /// there already is replaced. `told` as above, once at the end.
 void exportReports(QWidget* window, ReportViewController& controller, ReportDocuments& documents,
                    std::vector<std::string> reportIds, const ExportKind& kind,
-                   std::function<void(const QString& words)> told);
+                   std::function<void(const QString& words, bool failed)> told);
 
 } // namespace pryvane

@@ -60,9 +60,11 @@ ReportBrowserView::ReportBrowserView(ReportViewController& controller, Services 
     connect(m_list, &ReportListPane::compareWanted, this, &ReportBrowserView::compare);
     connect(m_list, &ReportListPane::exportWanted, this,
             [this](const std::vector<std::string>& ids, const ExportKind& kind) {
-                exportReports(
-                    window(), m_controller, m_documents, ids, kind,
-                    [this](const QString& words) { m_controller.say(words.toStdString()); });
+                exportReports(window(), m_controller, m_documents, ids, kind,
+                              [this](const QString& words, bool failed) {
+                                  failed ? m_controller.sayFailure(words.toStdString())
+                                         : m_controller.say(words.toStdString());
+                              });
             });
     connect(m_details, &ReportDetailsPane::printWanted, this, &ReportBrowserView::openPreview);
     connect(m_details, &ReportDetailsPane::exportWanted, this,
@@ -178,7 +180,7 @@ void ReportBrowserView::askWhereToPrint()
     if (m_preview)
         m_preview->dismiss();
     if (!target)
-        m_controller.say(target.error().message);
+        m_controller.sayFailure(target.error().message);
     else if (!(*target)->file.empty())
         exportTo((*target)->file, ExportFormat::Pdf);
     else
@@ -211,8 +213,10 @@ void ReportBrowserView::exportTo(const std::string& path, ExportFormat format)
         return; // it was closed behind the question
     m_documents.exportReport(
         *m_controller.report(), format, path, [this, path](const Result<Done>& written) {
-            m_controller.say(written ? "The report was exported to " + forScreen(path) + "."
-                                     : "The report was not exported: " + written.error().message);
+            if (written)
+                m_controller.say("The report was exported to " + forScreen(path) + ".");
+            else
+                m_controller.sayFailure("The report was not exported: " + written.error().message);
         });
 }
 

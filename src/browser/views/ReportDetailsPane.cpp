@@ -1,6 +1,7 @@
 #include "browser/views/ReportDetailsPane.h"
 
 #include "browser/ReportViewController.h"
+#include "core/Escape.h"
 #include "findings/views/CoverageView.h"
 #include "findings/views/FindingsPane.h"
 #include "removal/views/RemovalProgressView.h"
@@ -57,11 +58,9 @@ QString countText(const ReportViewController& controller)
 ReportDetailsPane::ReportDetailsPane(ReportViewController& controller, std::string user,
                                      std::function<std::string(std::string_view)> foldedName,
                                      QWidget* parent)
-    : QWidget(parent), m_controller(controller), m_notice(ui::makeNote()),
+    : QWidget(parent), m_controller(controller), m_notice(new ui::Notice(QStringLiteral("notice"))),
       m_banner(new ui::ColouredView), m_progress(new RemovalProgressView)
 {
-    m_notice->setObjectName(QStringLiteral("notice"));
-    m_notice->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(ui::kEdge, ui::kEdge, ui::kEdge, ui::kEdge);
     column->setSpacing(ui::kGroups);
@@ -188,8 +187,7 @@ void ReportDetailsPane::showState()
     showFacts();
     showRemoval();
     showFindings();
-    m_notice->setText(ui::shown(m_controller.notice()));
-    m_notice->setVisible(!m_controller.notice().empty());
+    m_notice->tell(ui::shown(m_controller.notice()), m_controller.isNoticeOfFailure());
     m_print->setEnabled(!m_controller.isPrinting());
 }
 
@@ -200,7 +198,9 @@ void ReportDetailsPane::showFacts()
         return;
     const ReportDetails& details = m_controller.details();
     m_type->setText(ui::shown(details.type));
+    const std::string& label = report->labels.label;
     m_path->setText(ui::shown(details.path) + QStringLiteral("  (") +
+                    (label.empty() ? QString() : ui::text(forScreen(label) + "; ")) +
                     ui::shown(subjectText(report->subject)) + QLatin1Char(')'));
     m_count->setText(countText(m_controller));
     m_start->setText(ui::shown(details.startTime));
@@ -242,6 +242,7 @@ void ReportDetailsPane::showBanner()
     m_banner->setStatement(ui::shown(banner->informationText),
                            lines.join(QLatin1Char('\n')).trimmed());
     if (turns) {
+        m_findings->focusList();
         QAccessibleEvent told(m_banner, QAccessible::Alert);
         QAccessible::updateAccessibility(&told);
     }

@@ -15,6 +15,7 @@ namespace pryvane {
 
 namespace ui {
 class ColouredView;
+class Notice;
 class ElidedLabel;
 } // namespace ui
 
@@ -65,7 +66,7 @@ private:
     QLabel* m_start;
     QLabel* m_durationLabel;
     QLabel* m_duration;
-    QLabel* m_notice;
+    ui::Notice* m_notice;
     ui::ColouredView* m_banner;
     RemovalProgressView* m_progress;
     CoverageView* m_coverage;

@@ -34,12 +34,10 @@ ReportListPane::ReportListPane(ReportViewController& controller, QWidget* parent
     : QWidget(parent), m_controller(controller), m_source(controller.rows()),
       m_model(m_source, ReportsSource::columns()),
       m_table(new ui::RowTable(m_model, tr("Reports"))), m_pages(new ui::Pages),
-      m_list(new ui::Pages), m_notice(ui::makeNote())
+      m_list(new ui::Pages), m_notice(new ui::Notice(QStringLiteral("listNotice")))
 {
     m_table->setObjectName(QStringLiteral("reportList"));
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_notice->setObjectName(QStringLiteral("listNotice"));
-    m_notice->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_list->addWidget(m_table);
     m_list->addWidget(
         new ui::EmptyState(QStringLiteral("filter"), tr("No report fits the filter.")));
@@ -165,8 +163,7 @@ void ReportListPane::showState()
                                .arg(QLocale().toString(static_cast<qulonglong>(*ofThisDisk)));
     m_statement->setText(statement);
     m_scanning->setVisible(m_controller.isScanning());
-    m_notice->setText(ui::shown(m_controller.notice()));
-    m_notice->setVisible(!m_controller.notice().empty());
+    m_notice->tell(ui::shown(m_controller.notice()), m_controller.isNoticeOfFailure());
     m_pages->setCurrentIndex(count > 0 ? List : m_controller.isLoading() ? Reading : NothingYet);
     m_list->setCurrentIndex(m_model.rowCount() > 0 ? 0 : 1);
 }

@@ -14,6 +14,7 @@ class QStackedWidget;
 
 namespace pryvane::ui {
 class EmptyState;
+class Notice;
 class RowTable;
 } // namespace pryvane::ui
 
@@ -62,7 +63,7 @@ private:
     QStackedWidget* m_list;  ///< the table, or that nothing fits
     QLabel* m_statement;
     QWidget* m_scanning;
-    QLabel* m_notice;
+    ui::Notice* m_notice;
     QLineEdit* m_search;
     QComboBox* m_grouping = nullptr;
     QComboBox* m_filter;

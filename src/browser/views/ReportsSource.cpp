@@ -87,8 +87,8 @@ ui::Cell ReportsSource::cell(int row, int column) const
 /// The one grouping there is goes by Mac.
 QString ReportsSource::group(int row, int /*grouping*/) const
 {
-    const Subject& subject = m_rows.report(static_cast<std::size_t>(row)).subject;
-    return ui::text(forScreen(macName(subject)));
+    const ReportFacts& report = m_rows.report(static_cast<std::size_t>(row));
+    return ui::text(forScreen(diskName(report.subject, report.labels)));
 }
 
 } // namespace pryvane

@@ -170,6 +170,15 @@ void FindingsPane::focusFilter()
     m_filter->selectAll();
 }
 
+void FindingsPane::focusList()
+{
+    if (!isVisible() || ui::Sheet::isOver(window()) || m_filter->hasFocus())
+        return;
+    if (!m_table->currentIndex().isValid() && m_model.rowCount() > 0)
+        m_table->setCurrentIndex(m_model.index(0, FindingsSource::Name));
+    m_table->setFocus(Qt::OtherFocusReason);
+}
+
 void FindingsPane::showSelection()
 {
     const int count = m_source.selectableCount();

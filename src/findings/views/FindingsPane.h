@@ -62,6 +62,8 @@ public:
     void refresh();
     void setEmptyText(const QString& sentence);
     void focusFilter();
+    /// Gives the table the keyboard, unless somebody types in the filter or a sheet lies over it.
+    void focusList();
 
 Q_SIGNALS:
     void revealWanted(const FileURL& location);

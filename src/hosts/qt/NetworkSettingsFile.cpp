@@ -114,12 +114,15 @@ void NetworkSettingsFile::fetch(Reply reply)
         const Error error{"the settings file has no web address: " +
                           forScreen(m_address.toDisplayString().toStdString())};
         QMetaObject::invokeMethod(
-            &m_network, [reply = std::move(reply), error] { reply(error); }, Qt::QueuedConnection);
+            &m_whileThere, [reply = std::move(reply), error] { reply(error); },
+            Qt::QueuedConnection);
         return;
     }
     // Qt makes ready for TLS in the first request, which no window should wait for.
-    QTimer::singleShot(kDelay, &m_network, [this, reply = std::move(reply)]() mutable {
-        new Fetch(m_network.get(requestFor(m_address)), m_timeLimit, std::move(reply));
+    QTimer::singleShot(kDelay, &m_whileThere, [this, reply = std::move(reply)]() mutable {
+        if (!m_network)
+            m_network = std::make_unique<QNetworkAccessManager>();
+        new Fetch(m_network->get(requestFor(m_address)), m_timeLimit, std::move(reply));
     });
 }
 

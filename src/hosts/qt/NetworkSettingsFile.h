@@ -5,6 +5,7 @@
 #include <QNetworkAccessManager>
 #include <QUrl>
 
+#include <memory>
 #include <string_view>
 
 namespace pryvane {
@@ -24,7 +25,9 @@ public:
 private:
     QUrl m_address;
     std::chrono::milliseconds m_timeLimit;
-    QNetworkAccessManager m_network; // its end ends the requests, before anything of them is told
+    QObject m_whileThere; ///< what is told later is told while this lives
+    /// Made for the first request. Its end ends the requests, before anything of them is told.
+    std::unique_ptr<QNetworkAccessManager> m_network;
 };
 
 } // namespace pryvane

@@ -35,9 +35,9 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
                 {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::StartUp:
         return {{.width = 8},
-                {.title = QObject::tr("Name"), .width = 232},
+                {.title = QObject::tr("Name"), .stretches = true},
                 {.title = QObject::tr("State"), .width = 60},
-                {.title = QObject::tr("When"), .width = 150, .stretches = true},
+                {.title = QObject::tr("When"), .isBelow = true},
                 {.title = QObject::tr("Whose"), .width = 94},
                 {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::RemoteAccess:

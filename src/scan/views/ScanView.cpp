@@ -268,6 +268,7 @@ void ScanView::takeBackRemoved()
             gone.push_back(row);
     m_controller.removal().selectThreats(gone, false);
     showState();
+    m_findings->focusList();
     QAccessibleEvent told(m_statement, QAccessible::Alert);
     QAccessible::updateAccessibility(&told);
 }

@@ -18,6 +18,7 @@
 #include "ui/Icons.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QStackedWidget>
@@ -129,17 +130,19 @@ TEST_F(MainWindowTest, ADiskThatCannotBeWrittenIsCalmAndCanBeScanned)
 TEST_F(MainWindowTest, TheTableCutsNoWordOfEvidence)
 {
     auto records = std::make_shared<SpywareList>();
+    const char* name = "dcba";
     for (const char* path :
          {"/Users/alice/Library/.A_o_b_o/", "/Library/LaunchAgents/com.refog.agent.plist",
           "/tmp/TypeRecorder.txt", "/Library/Preferences/com.okaz.x"})
-        records->push_back(Spyware::SpyWareSeen("x", "Aobo Keylogger Pro Edition", 123456789,
-                                                FileURL::fileURLWithPath(path), kHighRisk));
+        records->push_back(Spyware::SpyWareSeen({name++, 1}, "Aobo Keylogger Pro Edition",
+                                                123456789, FileURL::fileURLWithPath(path),
+                                                kHighRisk));
     FindingsPane pane(
         "alice", {}, [](const auto&, bool) {}, FindingsSource::Of::Scan);
     pane.showRecords(records);
     pane.resize(644, 400);
     pane.show();
-    const auto* table = pane.findChild<ui::RowTable*>("findings");
+    auto* table = pane.findChild<ui::RowTable*>("findings");
     const int icon = 18 + 2 * 8;
     for (int row = 0; row < table->model()->rowCount(); ++row) {
         const auto index = table->model()->index(row, FindingsSource::EvidenceColumn);
@@ -148,6 +151,23 @@ TEST_F(MainWindowTest, TheTableCutsNoWordOfEvidence)
             << index.data().toString().toStdString();
         EXPECT_LT(table->visualRect(index).right(), table->viewport()->width());
     }
+
+    // The path has no column of its own: the name's title sorts by it, too.
+    const auto click = [&] {
+        auto* titles = table->horizontalHeader();
+        const int x = titles->sectionViewportPosition(FindingsSource::Name) + 30;
+        QTest::mouseClick(titles->viewport(), Qt::LeftButton, {}, {x, titles->height() / 2});
+        return table->model()->headerData(FindingsSource::Name, Qt::Horizontal).toString() + " " +
+               table->model()->index(0, FindingsSource::Location).data().toString();
+    };
+    QStringList told;
+    for (int i = 0; i < 5; ++i)
+        told += click();
+    EXPECT_EQ(told, QStringList({"Name /Library/Preferences/com.okaz.x",
+                                 "Name /Users/alice/Library/.A_o_b_o/",
+                                 "Location /Library/LaunchAgents/com.refog.agent.plist",
+                                 "Location /Users/alice/Library/.A_o_b_o/",
+                                 "Name /Users/alice/Library/.A_o_b_o/"}));
 }
 
 /// A report that nothing can be ticked in is still filtered and grouped.

@@ -73,6 +73,7 @@ protected:
     VerdictFacesTest()
     {
         setenv("PRYVANE_DATA_DIR", data.path().c_str(), 1);
+        setenv("XDG_CACHE_HOME", caches.path().c_str(), 1);
         // So many that one percent is less than two entries, and the walk's last step is the 99th.
         for (int i = 0; i < 197; ++i)
             volume.file("/Users/alice/Documents/" + std::to_string(i));

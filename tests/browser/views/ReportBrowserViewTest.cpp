@@ -152,6 +152,7 @@ TEST_F(ReportBrowserViewTest, OpensAReportAndExportsIt)
     find<QMenu>("exportMenu")->actions()[1]->trigger();
     ASSERT_TRUE(runUntil([&] { return isShown("notice"); }));
     EXPECT_THAT(textOf("notice"), StartsWith("The report was not exported: "));
+    EXPECT_TRUE(browser->isNoticeOfFailure());
 
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
@@ -255,6 +256,7 @@ TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     settle();
     EXPECT_FALSE(isShown("reasonsSheet"));
+    EXPECT_EQ(window->focusWidget()->objectName(), "findings");
     EXPECT_THAT(rowText("findings", 0), HasSubstr("still there"));
     EXPECT_THAT(rowText("findings", 1), HasSubstr("removed"));
     EXPECT_THAT(rowText("findings", 2), HasSubstr("not removed"));

@@ -18,8 +18,7 @@ TrayStatusItem::~TrayStatusItem() = default;
 
 void TrayStatusItem::create(std::string_view image, int points)
 {
-    m_image = m_drawIcon(image, points);
-    m_created = true;
+    m_image = [this, name = std::string(image), points] { return m_drawIcon(name, points); };
     if (m_places->present())
         QMetaObject::invokeMethod(this, &TrayStatusItem::followPlaces, Qt::QueuedConnection);
 }
@@ -37,11 +36,11 @@ void TrayStatusItem::whenAvailabilityChanges(std::function<void()> changed)
 void TrayStatusItem::followPlaces()
 {
     const bool shown = m_icon != nullptr;
-    if (!m_created || shown == m_places->present())
+    if (!m_image || shown == m_places->present())
         return;
     m_icon.reset();
     if (m_places->present()) {
-        m_icon = std::make_unique<QSystemTrayIcon>(m_image);
+        m_icon = std::make_unique<QSystemTrayIcon>(m_image());
         m_icon->setToolTip(QStringLiteral("Pryvane"));
         m_icon->setContextMenu(&m_menu);
         // Not every tray opens the menu on the main button; only X11 lets a program do so itself.

@@ -54,8 +54,7 @@ private:
     void followPlaces();
 
     DrawIcon m_drawIcon;
-    QIcon m_image;
-    bool m_created = false;
+    std::function<QIcon()> m_image; ///< drawn when there is a place for it; none: not created yet
     const std::unique_ptr<TrayPlaces> m_places;
     QMenu m_menu;
     std::unique_ptr<QSystemTrayIcon> m_icon;
