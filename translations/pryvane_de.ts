@@ -2003,6 +2003,10 @@ Spyware auf dem Mac ist?</translation>
         <translation>Nach neuer Version suchen</translation>
     </message>
     <message>
+        <source>Checking for Update…</source>
+        <translation>Es wird nach einer neuen Version gesucht…</translation>
+    </message>
+    <message>
         <source>Open Pryvane</source>
         <translation>Pryvane öffnen</translation>
     </message>

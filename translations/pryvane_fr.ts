@@ -2003,6 +2003,10 @@ par un logiciel espion ?</translation>
         <translation>Rechercher une mise à jour</translation>
     </message>
     <message>
+        <source>Checking for Update…</source>
+        <translation>Recherche d’une mise à jour…</translation>
+    </message>
+    <message>
         <source>Open Pryvane</source>
         <translation>Ouvrir Pryvane</translation>
     </message>

@@ -146,6 +146,7 @@ constexpr EngineText kTexts[] = {
     {.english = QT_TRANSLATE_NOOP("Engine", "Enabled Real-time Scan")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Disabled Real-time Scan")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Check for Update")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "Checking for Update…")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Open Pryvane")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Visit Web Site")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Quit Pryvane")},

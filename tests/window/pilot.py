@@ -233,12 +233,12 @@ class Pilot:
             subprocess.run(["import", "-window", "root", str(self.shots / f"{name}.png")], check=True)
 
     def sheet(self):
-        """The sheet over the window, which is all that can be reached; none: nothing lies over it."""
+        """The sheet or the question that lies on top, which is all that can be reached; none: nothing does."""
+        top = None
         for node in self.walk():
             with contextlib.suppress(Exception):
-                if node.getRoleName() == "dialog":
-                    return node
-        return None
+                top = node if node.getRoleName() in ("dialog", "alert") else top
+        return top
 
     def window(self):
         """The window that has the keyboard."""

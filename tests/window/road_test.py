@@ -8,6 +8,7 @@ stored reports.
 The keyboard's run uses keys alone: no pointer, no action. The screen reader's uses what the controls offer over AT-SPI
 alone: actions, texts and selections; no key, no pointer.
 """
+import contextlib
 import json
 import os
 import pathlib
@@ -107,9 +108,11 @@ class ScreenReader:
     def press(self, name, role=BUTTON):
         """In what lies on top: a question, a sheet, else the window."""
         def look():
-            over = [node for node in self.pilot.walk() if node.getRoleName() in ("dialog", "alert")]
-            return next((node for node in self.pilot.walk(over[-1] if over else None)
-                         if node.name == name and node.getRoleName() == role), None)
+            for node in self.pilot.walk(self.pilot.sheet()):
+                with contextlib.suppress(Exception):  # it may have just gone
+                    if node.name == name and node.getRoleName() == role:
+                        return node
+            return None
         self.do(wait_for(f'"{name}"', look), "Toggle", "Press", "ShowMenu")
 
     def screen(self, _, name):
