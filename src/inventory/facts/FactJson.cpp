@@ -45,7 +45,8 @@ void addOrigin(Json& row, const FactOrigin& origin)
 
 [[nodiscard]] Json rowOf(const Permission& permission)
 {
-    Json row;
+    // Not made by the first row[…]: the library does not survive a want of memory there.
+    Json row = Json::object();
     row["group"] = words(groupOf(permission.service)).title;
     row["service"] = forJson(permission.service);
     row["program"] = forJson(permission.client);
@@ -63,7 +64,7 @@ void addOrigin(Json& row, const FactOrigin& origin)
 
 [[nodiscard]] Json rowOf(const StartUpItem& item)
 {
-    Json row;
+    Json row = Json::object();
     row["group"] = words(item.kind).title;
     row["label"] = forJson(item.label);
     row["program"] = textOrNull(item.programText);
@@ -81,7 +82,7 @@ void addOrigin(Json& row, const FactOrigin& origin)
 
 [[nodiscard]] Json rowOf(const RemoteFact& fact)
 {
-    Json row;
+    Json row = Json::object();
     row["group"] = words(fact.kind).title;
     row["what"] = forJson(fact.what);
     row["state"] = fact.state ? Json(onOffText(*fact.state)) : Json();
