@@ -19,6 +19,8 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -51,6 +53,33 @@ private:
             return;
         own.setColor(QPalette::Window, ui::sidebar(own));
         setPalette(own);
+    }
+};
+
+/// The disk and its user, a line each, beside their icon: Qt's own button puts two lines and an
+/// icon into the wrong places where the window is laid out from the right.
+class VolumeChip final : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QStyleOptionButton button;
+        initStyleOption(&button);
+        button.text.clear();
+        button.icon = {};
+        QStylePainter painter(this);
+        painter.drawControl(QStyle::CE_PushButton, button);
+        const QRect inside = rect().adjusted(12, 0, -12, 0);
+        const QRect picture = QStyle::alignedRect(
+            layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, iconSize(), inside);
+        icon().paint(&painter, picture);
+        const QRect words = QStyle::visualRect(
+            layoutDirection(), inside, inside.adjusted(iconSize().width() + ui::kRelated, 0, 0, 0));
+        painter.setPen(button.palette.color(QPalette::ButtonText));
+        painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeading,
+                         text().replace(QStringLiteral("&&"), QStringLiteral("&")));
     }
 };
 
@@ -94,8 +123,8 @@ QWidget* MainWindow::makeSidebar(const VolumeWords& volume)
             .elidedText(text, Qt::ElideMiddle, width - 72)
             .replace(QLatin1Char('&'), QStringLiteral("&&"));
     };
-    auto* chip = new QPushButton(ui::icon(QStringLiteral("volume")),
-                                 fitting(volume.volume) + QLatin1Char('\n') + fitting(volume.user));
+    auto* chip = new VolumeChip(ui::icon(QStringLiteral("volume")),
+                                fitting(volume.volume) + QLatin1Char('\n') + fitting(volume.user));
     chip->setObjectName(QStringLiteral("openVolume"));
     chip->setIconSize(QSize(20, 20));
     chip->setAccessibleName(tr("Looking at %1, %2").arg(volume.volume, volume.whose));

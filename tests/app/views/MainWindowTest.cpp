@@ -44,7 +44,7 @@ TEST_F(MainWindowTest, NamesALongDiskAndItsUserOnALineEach)
                       looks, MainWindow::Menus::Button);
     window.resize(900, 600);
     window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, 60'000));
     const auto* chip = window.findChild<QPushButton*>("openVolume");
     const QStringList lines = chip->text().split('\n');
     ASSERT_EQ(lines.size(), 2);

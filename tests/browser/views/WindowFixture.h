@@ -55,7 +55,7 @@ protected:
         column->addWidget(view);
         window->resize(716, 552);
         window->show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get(), 60'000));
         browser->viewWillAppear();
         settle();
     }
