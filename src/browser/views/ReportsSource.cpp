@@ -37,12 +37,12 @@ std::vector<ui::Column> ReportsSource::columns()
 {
     return {{.width = 8},
             {.title = QObject::tr("State"), .width = 96},
-            {.title = QObject::tr("When"), .width = 96},
+            {.title = QObject::tr("When"), .width = 92},
             {.title = QObject::tr("Kind"), .width = 132},
             {.title = QObject::tr("Mac and User"), .stretches = true},
-            {.title = QObject::tr("Duration"), .width = 110},
+            {.title = QObject::tr("Duration"), .width = 140},
             {.title = QObject::tr("Findings"), .width = 72, .isNumber = true},
-            {.width = 92}};
+            {.width = 84}};
 }
 
 const ReportRow& ReportsSource::texts(int row) const
