@@ -1860,7 +1860,7 @@ Spyware auf dem Mac ist?</translation>
     </message>
     <message>
         <source>known name in a launch folder</source>
-        <translation>bekannter Name in einem Startordner</translation>
+        <translation>Name in Startordner</translation>
     </message>
     <message>
         <source>name fragment</source>
@@ -1872,7 +1872,7 @@ Spyware auf dem Mac ist?</translation>
     </message>
     <message>
         <source>known name in a launch folder &quot;%1&quot;</source>
-        <translation>bekannter Name in einem Startordner „%1“</translation>
+        <translation>Name in Startordner „%1“</translation>
     </message>
     <message>
         <source>name fragment &quot;%1&quot;</source>
@@ -2552,7 +2552,7 @@ Deep scan: looks at every name, not in known places only.
 Cannot be told, not known: Pryvane could not look, so it says neither yes nor no.
 Incomplete: nothing was found, but not every place could be read.</source>
         <translation>Fund: eine Datei oder ein Ordner, dessen Ort oder Name bekannt ist.
-Indiz: wie stark das spricht; vom genauen Pfad über bekannten Namen in einem Startordner und Namensteil bis zur bloßen Zeichenfolge.
+Indiz: wie stark das spricht; vom genauen Pfad über Namen in Startordner und Namensteil bis zur bloßen Zeichenfolge.
 Regel: womit ein Ort oder Name verglichen wird.
 Startordner: Was darin liegt, startet von selbst.
 Tiefenscan: sieht jeden Namen an, nicht nur bekannte Orte.
@@ -3734,7 +3734,7 @@ Unvollständig: Nichts wurde gefunden, aber nicht jeder Ort ließ sich lesen.</t
     <name>pryvane::RemoteDesktopCell</name>
     <message>
         <source>How to switch it off</source>
-        <translation>So schalten Sie es aus</translation>
+        <translation>Wie ausschalten?</translation>
     </message>
     <message>
         <source>Ignore from now on</source>
@@ -3746,7 +3746,7 @@ Unvollständig: Nichts wurde gefunden, aber nicht jeder Ort ließ sich lesen.</t
     </message>
     <message>
         <source>Apple Remote Desktop is set up</source>
-        <translation>Apple Remote Desktop ist eingerichtet</translation>
+        <translation>Apple Remote Desktop eingerichtet</translation>
     </message>
     <message>
         <source>Apple Remote Desktop is ignored</source>

@@ -1860,7 +1860,7 @@ par un logiciel espion ?</translation>
     </message>
     <message>
         <source>known name in a launch folder</source>
-        <translation>nom connu dans un dossier de lancement</translation>
+        <translation>nom dans dossier de lancement</translation>
     </message>
     <message>
         <source>name fragment</source>
@@ -1872,7 +1872,7 @@ par un logiciel espion ?</translation>
     </message>
     <message>
         <source>known name in a launch folder &quot;%1&quot;</source>
-        <translation>nom connu dans un dossier de lancement « %1 »</translation>
+        <translation>nom dans dossier de lancement « %1 »</translation>
     </message>
     <message>
         <source>name fragment &quot;%1&quot;</source>
@@ -2552,7 +2552,7 @@ Deep scan: looks at every name, not in known places only.
 Cannot be told, not known: Pryvane could not look, so it says neither yes nor no.
 Incomplete: nothing was found, but not every place could be read.</source>
         <translation>Résultat : un fichier ou un dossier dont l’emplacement ou le nom est connu.
-Indice : ce que cela vaut ; du chemin exact au nom connu dans un dossier de lancement, à la partie de nom et à la simple suite de lettres.
+Indice : ce que cela vaut ; du chemin exact au nom dans dossier de lancement, à la partie de nom et à la simple suite de lettres.
 Règle : ce à quoi un emplacement ou un nom est comparé.
 Dossier de lancement : ce qui s’y trouve démarre tout seul.
 Analyse approfondie : regarde chaque nom, pas seulement les endroits connus.
@@ -3734,7 +3734,7 @@ Incomplet : rien n’a été trouvé, mais tout n’a pas pu être lu.</translat
     <name>pryvane::RemoteDesktopCell</name>
     <message>
         <source>How to switch it off</source>
-        <translation>Comment le désactiver</translation>
+        <translation>Le désactiver…</translation>
     </message>
     <message>
         <source>Ignore from now on</source>

@@ -38,7 +38,8 @@ namespace {
 constexpr int kRowHeight = 34;
 constexpr int kKeepAfter = 300; // ms
 constexpr int kLeastStretched = 120;
-constexpr int kNarrow = 96; ///< columns up to this width are never squeezed
+constexpr int kLeastOfAll = 80; ///< where nothing else gives way any more
+constexpr int kNarrow = 104;    ///< columns up to this width are never squeezed
 constexpr std::size_t kHeadingsSpanned = 500;
 
 WidthKeeper& widthKeeper()
@@ -328,7 +329,7 @@ void RowTable::fitColumns()
     const int left = (room - fixed) / std::max(1, stretching);
     for (std::size_t i = 0; i < columns.size(); ++i)
         setColumnWidth(static_cast<int>(i),
-                       columns[i].stretches ? std::max(left, kLeastStretched) : widths[i]);
+                       columns[i].stretches ? std::max(left, kLeastOfAll) : widths[i]);
 }
 
 } // namespace pryvane::ui
