@@ -137,27 +137,19 @@ TEST_F(FactsCommandTest, AReportCarriesThemOnlyWhereTheyAreAskedFor)
 {
     const std::string marker = "recorder of keys";
     permissions(kTcc, "('kTCCServiceListenEvent','/opt/" + marker + "',1,2,2)");
-    const auto scan = [&](std::vector<std::string> more) {
-        more.insert(more.begin(), {"scan", "--user", "alice", "--volume", volume.path()});
-        return run(more);
-    };
     EXPECT_THAT(scan({}).out, Not(HasSubstr(marker)));
     EXPECT_THAT(scan({"--facts", "--no-store"}).out, HasSubstr("    " + marker));
     const json document = json::parse(scan({"--facts", "--no-store", "--format", "json"}).out);
     EXPECT_EQ(document["facts"]["permissions"][0]["name"], marker);
 
-    const auto report = [&](std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), "report");
-        arguments.insert(arguments.end(), {"--volume", volume.path()});
-        return run(arguments);
-    };
     for (const char* format : {"json", "html"}) {
-        EXPECT_THAT(report({"export", "latest", "--format", format}).out, Not(HasSubstr(marker)));
-        const auto with = report({"export", "latest", "--format", format, "--facts"});
+        EXPECT_THAT(onVolume({"report", "export", "latest", "--format", format}).out,
+                    Not(HasSubstr(marker)));
+        const auto with = onVolume({"report", "export", "latest", "--format", format, "--facts"});
         EXPECT_EQ(with.code, 0) << with.err;
         EXPECT_THAT(with.out, AllOf(HasSubstr(marker), HasSubstr("Sees what you type")));
     }
-    EXPECT_EQ(report({"export", "latest", "--format", "csv", "--facts"}).code, 2);
+    EXPECT_EQ(onVolume({"report", "export", "latest", "--format", "csv", "--facts"}).code, 2);
     const TemporaryFolder other;
     other.folder("/Users/alice/Library");
     const std::string id = reportIds().at(0);
@@ -167,14 +159,14 @@ TEST_F(FactsCommandTest, AReportCarriesThemOnlyWhereTheyAreAskedFor)
     EXPECT_EQ(elsewhere.out, "");
 
     const std::string pdf = other.hostPath("report.pdf");
-    ASSERT_EQ(report({"pdf", "latest", pdf, "--facts"}).code, 0);
+    ASSERT_EQ(onVolume({"report", "pdf", "latest", pdf, "--facts"}).code, 0);
     if (std::system("command -v pdftotext >/dev/null") != 0)
         GTEST_SKIP() << "pdftotext is missing";
     ASSERT_EQ(std::system(("pdftotext -layout '" + pdf + "' '" + pdf + ".txt'").c_str()), 0);
     EXPECT_THAT(contentOf(pdf + ".txt"),
                 AllOf(HasSubstr("What this disk says of itself"), HasSubstr(marker),
                       HasSubstr("can notice every key you press")));
-    ASSERT_EQ(report({"pdf", "latest", pdf}).code, 0);
+    ASSERT_EQ(onVolume({"report", "pdf", "latest", pdf}).code, 0);
     ASSERT_EQ(std::system(("pdftotext -layout '" + pdf + "' '" + pdf + ".txt'").c_str()), 0);
     EXPECT_THAT(contentOf(pdf + ".txt"), Not(HasSubstr(marker)));
 }

@@ -3,6 +3,7 @@
 #include "platform/Messages.h"
 #include "reports/DefaultMethods.h"
 #include "store/SqliteUserDefaults.h"
+#include "support/ReportFixtures.h"
 #include "support/RunningProgram.h"
 #include "volume/VolumeFileSystem.h"
 
@@ -35,12 +36,15 @@ protected:
         volume.file("/Users/alice/Library/.A_o_b_o/inside");
         EXPECT_EQ(scan().code, 1);
     }
-    Outcome remove(std::vector<std::string> more, const std::string& from = {})
+    Outcome remove(const std::vector<std::string>& more)
     {
-        std::vector<std::string> arguments{
-            "remove", "latest", "--user", "alice", "--volume", from.empty() ? volume.path() : from};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return run(arguments);
+        return onVolume({"remove", "latest", "--user", "alice"}, more);
+    }
+    Outcome removeFrom(const std::string& disk, const std::vector<std::string>& more)
+    {
+        std::vector<std::string> command{"remove", "latest", "--user", "alice", "--volume", disk};
+        command.insert(command.end(), more.begin(), more.end());
+        return run(command);
     }
     void expectAllThere()
     {
@@ -164,7 +168,7 @@ TEST_F(RemoveCommandTest, AsksAndRemovesOnlyWhatWasChosen)
     EXPECT_THAT(remove({"--item", "2"}).err, Not(HasSubstr("Keep a record first")))
         << "it is not the first removal from this disk any more";
     // The report tells what is left.
-    const Outcome shown = run({"report", "show", "latest", "--volume", volume.path()});
+    const Outcome shown = onVolume({"report", "show", "latest"});
     EXPECT_THAT(shown.out,
                 AllOf(ContainsRegex("1  Aobo.* gone "), ContainsRegex("4  Revir.* gone "),
                       ContainsRegex("2  Refog.* present ")));
@@ -231,7 +235,7 @@ TEST_F(RemoveCommandTest, WhatIsAnotherThingByNowIsTold)
     EXPECT_THAT(outcome.out, ContainsRegex("2  removed +1 .*\\(another one is there, spelled "
                                            "\"com.REFOG.agent.plist\"; scan again"));
     EXPECT_TRUE(volume.contains(twin));
-    EXPECT_THAT(run({"report", "show", "latest", "--volume", volume.path()}).out,
+    EXPECT_THAT(onVolume({"report", "show", "latest"}).out,
                 ContainsRegex("2  removed .*another one is there"));
 }
 
@@ -240,14 +244,14 @@ TEST_F(RemoveCommandTest, AReportOfAnotherVolumeRemovesNothing)
     const test::TemporaryFolder other;
     for (const char* path : {kAobo, kRefog, kMdsa, kMdworker})
         other.plant(path);
-    const Outcome outcome = remove({"--all", "--yes"}, other.path());
+    const Outcome outcome = removeFrom(other.path(), {"--all", "--yes"});
     EXPECT_EQ(outcome.code, 2);
     EXPECT_THAT(outcome.err, HasSubstr("there are no reports of this disk yet"));
     const Outcome named = run({"remove", reportIds().front(), "--all", "--yes", "--user", "alice",
                                "--volume", other.path()});
     EXPECT_EQ(named.code, 2);
     EXPECT_THAT(named.err, HasSubstr("name its volume with --volume DIR"));
-    EXPECT_EQ(remove({"--all", "--dry-run"}, "/").code, 2);
+    EXPECT_EQ(removeFrom("/", {"--all", "--dry-run"}).code, 2);
     for (const char* path : {kAobo, kRefog, kMdsa, kMdworker})
         EXPECT_TRUE(other.contains(path)) << path;
     expectAllThere();
@@ -269,11 +273,7 @@ TEST_F(RemoveCommandTest, ABrowserThatRunsBlocksOnItsOwnVolume)
     const auto host = VolumeFileSystem::open("/");
     SilentLog log;
     SystemClock clock;
-    const auto list = std::make_shared<SpywareList>();
-    const auto place = FileURL::fileURLWithPath("/Users/alice/Library/Safari/ pryvane-test/none");
-    list->push_back(Spyware::SpyWareSeen("none", "Revir", 0, place, kHighRisk));
-    const auto report =
-        SpywareScanReport::ScanReportWithSpywareList(list, clock.now(), "", "", clock.now());
+    const auto report = test::reportOf({"/Users/alice/Library/Safari/ pryvane-test/none"});
     report->volume = (*host)->identity();
     {
         const auto store = SqliteUserDefaults::open(data.path(), log);
@@ -282,15 +282,15 @@ TEST_F(RemoveCommandTest, ABrowserThatRunsBlocksOnItsOwnVolume)
         ASSERT_TRUE(reports.updateReportInDefaults(report));
     }
     test::RunningProgram safari("Safari");
-    const Outcome blocked = remove({"--all", "--weak", "--yes"}, "/");
+    const Outcome blocked = removeFrom("/", {"--all", "--weak", "--yes"});
     EXPECT_EQ(blocked.code, 1);
     EXPECT_THAT(blocked.err, HasSubstr("Safari is running"));
     EXPECT_EQ(blocked.out, "");
-    const Outcome plan = remove({"--all", "--weak", "--dry-run"}, "/");
+    const Outcome plan = removeFrom("/", {"--all", "--weak", "--dry-run"});
     EXPECT_EQ(plan.code, 0);
     EXPECT_THAT(plan.err, HasSubstr("Safari is running"));
     safari.quit();
-    const Outcome free = remove({"--all", "--weak", "--yes"}, "/");
+    const Outcome free = removeFrom("/", {"--all", "--weak", "--yes"});
     EXPECT_EQ(free.code, 0) << free.err;
     EXPECT_THAT(free.out, HasSubstr("1 was gone already"));
 }

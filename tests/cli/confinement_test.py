@@ -6,23 +6,16 @@ opens nothing else, has no network and cannot write.
 """
 import pathlib
 import re
-import shutil
 import subprocess
 import sys
 import tempfile
 
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from images import expect, hfs_image, need  # noqa: E402
+
 program = sys.argv[1]
-for tool in ("strace", "xorriso"):
-    if not shutil.which(tool):
-        print(f"skipped: {tool} is missing")
-        sys.exit(77)
+need("strace")
 CALL = re.compile(r"^(\d+)\s+(?:\d+:\d+:\d+ )?(\w+)\((.*)\)\s+= (-?\d+|\?)")
-
-
-def expect(condition, *what):
-    if not condition:
-        print("FAILED:", *what)
-        sys.exit(1)
 
 
 def watched(folder, image, extra):
@@ -87,14 +80,7 @@ def check(folder, image, hasLandlock):
 
 with tempfile.TemporaryDirectory() as place:
     folder = pathlib.Path(place)
-    disk = folder / "disk"
-    (disk / "Users/alice/Library").mkdir(parents=True)
-    (disk / "Users/alice/Library/mdsa1331").write_text("x")
-    for number in range(300):
-        (disk / f"Users/alice/{number}").write_text("x")
-    image = folder / "mac.img"
-    subprocess.run(["xorriso", "-as", "mkisofs", "-quiet", "-hfsplus", "-o", str(image), str(disk)], check=True,
-                   capture_output=True)
+    image = hfs_image(folder / "mac.img", ["Users/alice/Library/mdsa1331", *(f"Users/alice/{n}" for n in range(300))])
     check(folder, image, True)
     check(folder, image, False)
 print("passed")

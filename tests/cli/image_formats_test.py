@@ -6,7 +6,6 @@
 import hashlib
 import json
 import pathlib
-import shutil
 import struct
 import subprocess
 import sys
@@ -14,18 +13,12 @@ import tempfile
 import uuid
 import zlib
 
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from images import expect, hfs_image, need  # noqa: E402
+
 program = sys.argv[1]
-for tool in ("xorriso", "mmls"):
-    if not shutil.which(tool):
-        print(f"skipped: {tool} is missing")
-        sys.exit(77)
+need("mmls")
 SECTOR = 512
-
-
-def expect(condition, *what):
-    if not condition:
-        print("FAILED:", *what)
-        sys.exit(1)
 
 
 def gpt(volume):
@@ -93,20 +86,14 @@ def scan(folder, name, data):
 
 
 def main(folder):
-    disk = folder / "disk"
-    for path in ("Users/alice/Library/mdsa1331", "Library/LaunchAgents/com.refog.agent.plist"):
-        (disk / path).parent.mkdir(parents=True, exist_ok=True)
-        (disk / path).write_text("x")
-    image = folder / "apm.img"
-    subprocess.run(["xorriso", "-as", "mkisofs", "-quiet", "-hfsplus", "-o", str(image), str(disk)], check=True,
-                   capture_output=True)
+    expected = ["/Library/LaunchAgents/com.refog.agent.plist", "/Users/alice/Library/mdsa1331"]
+    image = hfs_image(folder / "apm.img", [path[1:] for path in expected])
     parts = subprocess.run(["mmls", str(image)], check=True, capture_output=True, text=True).stdout
     unit = int(parts.split("Units are in ")[1].split("-")[0])
     row = next(line for line in parts.splitlines() if "Apple_HFS" in line).split()
     whole = image.read_bytes()
     volume = whole[int(row[2]) * unit:(int(row[3]) + 1) * unit]
     volume = volume.ljust(len(volume) + -len(volume) % 4096, b"\0")
-    expected = ["/Library/LaunchAgents/com.refog.agent.plist", "/Users/alice/Library/mdsa1331"]
     for name, data in (("whole.dd", volume), ("apm.dd", whole), ("gpt.dd", gpt(volume)), ("mbr.dd", mbr(volume)),
                        ("fixed.vhd", fixed_vhd(gpt(volume))), ("mac.vmdk", sparse_vmdk(gpt(volume)))):
         done, paths, listed = scan(folder, name, data)

@@ -13,32 +13,24 @@ import lzma
 import os
 import pathlib
 import random
-import shutil
 import subprocess
 import sys
 import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from images import hfs_image  # noqa: E402
 from apfs_container import BLOCK, FILE, FOLDER, ROOT, checksum, with_tree  # noqa: E402
 
 program = sys.argv[1]
 wanted = int(os.environ.get("PRYVANE_TEST_MUTATIONS", "2000"))
-if not shutil.which("xorriso"):
-    print("skipped: xorriso is missing")
-    sys.exit(77)
 FINDINGS = ["Users/alice/Library/mdsa1331", "Library/LaunchAgents/com.refog.agent.plist", "private/tmp/.mdworker",
             "Users/alice/Documents/Aobo Keylogger Pro.pdf"]
 
 
 def hfs(folder):
-    disk, image = folder / "disk", folder / "hfs.img"
-    for path in [*FINDINGS, *(f"Users/alice/Documents/Folder {i}/{j}.txt" for i in range(8) for j in range(8))]:
-        (disk / path).parent.mkdir(parents=True, exist_ok=True)
-        (disk / path).write_text("x" * 5000)
-    subprocess.run(["xorriso", "-as", "mkisofs", "-quiet", "-hfsplus", "-o", str(image), str(disk)], check=True,
-                   capture_output=True)
-    return image.read_bytes()
+    others = (f"Users/alice/Documents/Folder {i}/{j}.txt" for i in range(8) for j in range(8))
+    return hfs_image(folder / "hfs.img", [*FINDINGS, *others], "x" * 5000).read_bytes()
 
 
 def apfs():

@@ -1,6 +1,5 @@
 // What is cleared belongs to the home looked at: whatever links somebody puts inside the volume,
 // nothing behind them is offered, measured or removed.
-#include "privacy/PrivacyCleaning.h"
 #include "support/CleanerFixture.h"
 #include "support/RemovalFixtures.h"
 
@@ -154,8 +153,7 @@ TEST_P(LinkedPlaceTest, LeadsToNothingThatCouldGo)
         EXPECT_EQ(group.bytes, 0) << group.Name;
     }
     tickAll(groups);
-    const auto outcome = cleanSelected(
-        previewCleaning(selectedRows(groups), {}, disk(), remover(), stop), remover(), stop);
+    const auto outcome = cleanSelected(previewOf(groups), remover(), stop);
     // Where an item itself is a link, that goes, and nothing behind it.
     EXPECT_EQ(outcome.entriesRemoved, row.link.ends_with("/LocalStorage") ? 1U : 0U);
     EXPECT_EQ(victims(isHome ? kBob : kHome), before);
@@ -194,7 +192,7 @@ TEST_F(ClearingLinksTest, ExchangedWhileClearingLoseNothingBeside)
         disk().forgetListings();
         auto groups = PrivacyCatalogue(services(), "alice", stop).groups();
         tickAll(groups);
-        const auto preview = previewCleaning(selectedRows(groups), {}, disk(), remover(), stop);
+        const auto preview = previewOf(groups);
         const auto outcome = cleanSelected(preview, remover(), stop);
         clearings += preview.rows.size();
         removed += outcome.entriesRemoved;

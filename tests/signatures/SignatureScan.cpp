@@ -21,17 +21,12 @@ void RecordingSink::addIfAvail(const FileURL& url, std::string_view name, std::s
                                std::string_view risk, std::int64_t size)
 {
     calls.push_back({url, std::string(name), std::string(type), std::string(risk), size});
-    if (!m_listed.contains(url.absolutePath()) && m_disk.exists(url)) {
-        m_listed.insert(url.absolutePath());
-        listed.push_back(calls.back());
-    }
 }
 
 void RecordingSink::append(const FileURL& url, std::string_view name, std::string_view type,
                            std::string_view risk, std::int64_t size)
 {
     calls.push_back({url, std::string(name), std::string(type), std::string(risk), size, true});
-    listed.push_back(calls.back());
 }
 
 std::vector<Finding> RecordingSink::findings() const

@@ -31,7 +31,7 @@ struct Finding {
 
 std::ostream& operator<<(std::ostream& out, const Finding& finding);
 
-/// Keeps every call, and of the calls that the result list would keep, the first for each location.
+/// Keeps every call.
 class RecordingSink final : public FindingSink {
 public:
     struct Call {
@@ -51,7 +51,6 @@ public:
                 std::string_view risk, std::int64_t size) override;
 
     std::vector<Call> calls;
-    std::vector<Call> listed;
 
     /// All calls for locations that exist, repetitions dropped, sorted.
     [[nodiscard]] std::vector<Finding> findings() const;
@@ -59,7 +58,6 @@ public:
 
 private:
     FileSystem& m_disk;
-    std::set<std::string> m_listed; ///< absolute forms
 };
 
 /// One scan's worth of signatures over a disk, without a session.

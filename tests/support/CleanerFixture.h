@@ -1,5 +1,6 @@
 #pragma once
 
+#include "privacy/PrivacyCleaning.h"
 #include "privacy/PrivacyScan.h"
 #include "support/StubbornRemover.h"
 #include "support/Volumes.h"
@@ -7,7 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -52,6 +54,13 @@ protected:
                     [&](ToolGroup group) { groups.push_back(std::move(group)); });
         EXPECT_EQ(progress.measured, progress.locations);
         return groups;
+    }
+
+    /// What would be cleared of the items that are ticked.
+    CleaningPreview previewOf(std::span<const ToolGroup> groups,
+                              const std::vector<std::string>& running = {})
+    {
+        return previewCleaning(selectedRows(groups), running, disk(), remover(), stop);
     }
 
     /// The absolute paths, in order.

@@ -1,8 +1,6 @@
 #include "browser/views/WindowFixture.h"
 
 #include <QComboBox>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 
@@ -130,10 +128,7 @@ TEST_F(ReportBrowserViewTest, OpensAReportAndExportsIt)
                  {"As HTML…", "d.html", "<!DOCTYPE html>", "/tmp/old"}};
     for (const auto& kind : kinds) {
         const std::string path = exports.hostPath(kind.file);
-        whenAsked<QFileDialog>([&](QFileDialog* dialog) {
-            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
-            QMetaObject::invokeMethod(dialog, "accept");
-        });
+        saveTo(path);
         for (QAction* action : find<QMenu>("exportMenu")->actions())
             if (action->text() == kind.title)
                 action->trigger();
@@ -145,10 +140,7 @@ TEST_F(ReportBrowserViewTest, OpensAReportAndExportsIt)
         const std::string content = contentOf(path + (path.ends_with("/c") ? ".csv" : ""));
         EXPECT_THAT(content, AllOf(StartsWith(kind.start), HasSubstr(kind.content))) << kind.title;
     }
-    whenAsked<QFileDialog>([&](QFileDialog* dialog) {
-        dialog->findChild<QLineEdit*>("fileNameEdit")->setText("/proc/x.json");
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
+    saveTo("/proc/x.json");
     find<QMenu>("exportMenu")->actions()[1]->trigger();
     ASSERT_TRUE(runUntil([&] { return isShown("notice"); }));
     EXPECT_THAT(textOf("notice"), StartsWith("The report was not exported: "));
@@ -186,11 +178,7 @@ TEST_F(ReportBrowserViewTest, SeveralReportsAreExportedAndDeletedTogether)
         QApplication::sendEvent(list->viewport(), &byKey);
     };
     for (const char* round : {"first", "second"}) {
-        whenAsked<QFileDialog>([&](QFileDialog* dialog) {
-            dialog->findChild<QLineEdit*>("fileNameEdit")
-                ->setText(QString::fromStdString(exports.path()));
-            QMetaObject::invokeMethod(dialog, "accept");
-        });
+        saveTo(exports.path());
         browser->say({});
         chooseFromMenu("As JSON…");
         ASSERT_TRUE(runUntil([&] {
@@ -228,11 +216,7 @@ TEST_F(ReportBrowserViewTest, RemovesWhatAnOldReportStillLists)
     ASSERT_TRUE(runUntil([&] { return isShown("plan"); }));
     ASSERT_TRUE(runUntil([&] { return isShown("keepRecord"); }));
     EXPECT_TRUE(isShown("safetyNote"));
-    whenAsked<QFileDialog>([&](QFileDialog* dialog) {
-        dialog->findChild<QLineEdit*>("fileNameEdit")
-            ->setText(QString::fromStdString(exports.path()));
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
+    saveTo(exports.path());
     click("keepRecord");
     ASSERT_TRUE(runUntil([&] { return textOf("safetyNote").starts_with("The record is in "); }))
         << textOf("safetyNote");

@@ -1,8 +1,6 @@
 #include "browser/views/PreviewModule.h"
 #include "browser/views/WindowFixture.h"
 
-#include <QDialog>
-#include <QLineEdit>
 #include <QScrollBar>
 
 namespace pryvane::test {
@@ -47,30 +45,6 @@ TEST_F(ReportPreviewTest, ShowsThePagesAndScrollsByKeyboard)
     QTest::keyClick(pages, Qt::Key_Escape);
     runFor(std::chrono::milliseconds(20));
     EXPECT_FALSE(isShown("pages"));
-}
-
-TEST_F(ReportPreviewTest, PrintsWhereTheDialogSays)
-{
-    // Else the dialog may begin with a printer of this machine.
-    qputenv("CUPS_SERVER", "/nonexistent");
-    openPreview();
-    whenAsked<QDialog>([](QDialog* dialog) { dialog->reject(); });
-    click("printPages");
-    EXPECT_TRUE(isShown("pages")) << "cancelled: back to the pages";
-
-    const std::string path = exports.hostPath("printed.pdf");
-    whenAsked<QDialog>([&](QDialog* dialog) {
-        auto* file = dialog->findChild<QLineEdit*>("filename");
-        ASSERT_TRUE(file);
-        file->setText(QString::fromStdString(path));
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
-    click("printPages");
-    ASSERT_TRUE(runUntil([&] { return isShown("notice"); }));
-    EXPECT_FALSE(isShown("pages"));
-    EXPECT_EQ(textOf("notice"), "The report was exported to " + path + ".");
-    EXPECT_TRUE(exports.contains("printed.pdf"));
-    EXPECT_TRUE(host.asked.empty());
 }
 
 TEST(PreviewModuleTest, SaysWhenADocumentIsDamaged)

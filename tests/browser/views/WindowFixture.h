@@ -9,7 +9,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -120,6 +122,15 @@ protected:
                 work(dialog);
             else
                 whenAsked<Dialog>(work);
+        });
+    }
+
+    /// Gives that path to the dialog for a file or folder.
+    static void saveTo(const std::string& path)
+    {
+        whenAsked<QFileDialog>([path](QFileDialog* dialog) {
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
+            QMetaObject::invokeMethod(dialog, "accept");
         });
     }
 

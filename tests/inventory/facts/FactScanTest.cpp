@@ -9,8 +9,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <set>
 #include <sys/stat.h>
 
 namespace pryvane::test {
@@ -200,49 +198,6 @@ TEST_F(FactScan, WhatCannotBeReadIsNamedAndTheRestIsRead)
             testing::StartsWith(daemons + "broken.plist: the property list cannot be"),
             daemons + "fifo.plist: not a regular file", daemons + "link.plist: not a regular file",
             daemons + "loop.plist: not a regular file"));
-}
-
-/// A path fits a source's place, below any home.
-bool isListed(const std::string& path)
-{
-    const auto parts = [](std::string_view text) {
-        std::vector<std::string> names;
-        for (std::size_t end = 0; !text.empty(); text.remove_prefix(std::min(end + 1, text.size())))
-            names.emplace_back(text.substr(0, end = std::min(text.find('/'), text.size())));
-        return names;
-    };
-    return std::any_of(factSources().begin(), factSources().end(), [&](const FactSource& source) {
-        std::string place = source.place;
-        if (place.starts_with("~/"))
-            place = "/Users/*" + place.substr(1);
-        const auto wanted = parts(place);
-        const auto names = parts(path);
-        return std::equal(
-            names.begin(), names.end(), wanted.begin(), wanted.end(),
-            [](const auto& name, const auto& pattern) { return fitsPattern(name, pattern); });
-    });
-}
-
-TEST_F(FactScan, NothingBesideTheListedSourcesIsRead)
-{
-    for (const FactSource& source : factSources()) {
-        std::string path = source.place;
-        EXPECT_TRUE(path.starts_with('/') || path.starts_with("~/")) << path;
-        EXPECT_NE(std::string(source.what), "") << path;
-        EXPECT_NE(std::string(source.systems), "") << path;
-        if (path.starts_with("~/"))
-            path = "/Users/alice" + path.substr(1);
-        std::replace(path.begin(), path.end(), '*', 'x');
-        volume.file(path, "something");
-        volume.file(path + ".other", "something else");
-    }
-    volume.file("Users/alice/Documents/letter.txt");
-    permissions(kTcc, "('a','com.b',0,2,2)"); // else no application is looked for
-    static_cast<void>(gather());
-    EXPECT_GT(watched->read.size(), 20U);
-    for (const auto& [path, times] : watched->read)
-        EXPECT_TRUE(isListed(path)) << path;
-    EXPECT_FALSE(watched->listed.contains("/Users/alice/Documents"));
 }
 
 TEST_F(FactScan, TheGuideListsTheSources)
