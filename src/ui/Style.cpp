@@ -6,6 +6,7 @@
 #include "ui/Theme.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QSignalBlocker>
 #include <QStyleFactory>
@@ -137,6 +138,20 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
                               *painter);
             return;
         }
+    }
+    if (qobject_cast<const QAbstractSpinBox*>(widget) &&
+        (control == CC_SpinBox || control == CC_ComboBox)) {
+        // One frame around words and arrows, as other fields have.
+        drawField(*option, *painter);
+        const auto arrow = [&](PrimitiveElement element, SubControl part) {
+            QStyleOption place = *option;
+            place.rect = subControlRect(control, option, part, widget);
+            drawPrimitive(element, &place, painter, widget);
+        };
+        if (control == CC_ComboBox)
+            return arrow(PE_IndicatorArrowDown, SC_ComboBoxArrow);
+        arrow(PE_IndicatorArrowUp, SC_SpinBoxUp);
+        return arrow(PE_IndicatorArrowDown, SC_SpinBoxDown);
     }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
