@@ -6,7 +6,6 @@
 #include "ui/Theme.h"
 
 #include <QAbstractItemView>
-#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QSignalBlocker>
 #include <QStyleFactory>
@@ -87,6 +86,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         return;
     case PE_IndicatorCheckBox:
         return isSwitch(widget) ? drawSwitch(*option, *painter) : drawTickBox(*option, *painter);
+    case PE_IndicatorRadioButton:
+        return drawRadioButton(*option, *painter);
     case PE_IndicatorItemViewItemCheck:
         return drawTickBox(*option, *painter);
     case PE_PanelItemViewRow:
@@ -139,8 +140,8 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
             return;
         }
     }
-    if (qobject_cast<const QAbstractSpinBox*>(widget) &&
-        (control == CC_SpinBox || control == CC_ComboBox)) {
+    const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control == CC_SpinBox || (control == CC_ComboBox && list && list->editable)) {
         // One frame around words and arrows, as other fields have.
         drawField(*option, *painter);
         const auto arrow = [&](PrimitiveElement element, SubControl part) {
@@ -197,6 +198,9 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     switch (metric) {
     case PM_IndicatorWidth:
         return isSwitch(widget) ? kSwitchWidth : kIndicator;
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return kIndicator;
     case PM_IndicatorHeight:
         return isSwitch(widget) ? kSwitchHeight : kIndicator;
     case PM_CheckBoxLabelSpacing:

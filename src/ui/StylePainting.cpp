@@ -25,6 +25,20 @@ QColor mixed(const QColor& from, const QColor& to, float part)
                             between(from.blueF(), to.blueF()));
 }
 
+/// What a control is ticked with, and the edge of one that is not; paler where it is disabled.
+struct IndicatorColours {
+    explicit IndicatorColours(const QStyleOption& option)
+        : accent(option.palette.color(QPalette::Highlight)), edge(secondaryText(option.palette))
+    {
+        if (has(option.state, QStyle::State_Enabled))
+            return;
+        const QColor ground = option.palette.color(QPalette::Window);
+        accent = mixed(accent, ground, 0.6F);
+        edge = mixed(edge, ground, 0.6F);
+    }
+    QColor accent, edge;
+};
+
 } // namespace
 
 void drawButton(const QStyleOption& option, QPainter& painter, ButtonTone tone, bool isDefault)
@@ -94,14 +108,8 @@ void drawTickBox(const QStyleOption& option, QPainter& painter)
 {
     const bool on = has(option.state, QStyle::State_On);
     const bool partly = has(option.state, QStyle::State_NoChange);
-    const bool enabled = has(option.state, QStyle::State_Enabled);
     const QRectF box = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
-    QColor accent = option.palette.color(QPalette::Highlight);
-    QColor edge = secondaryText(option.palette);
-    if (!enabled) {
-        accent = mixed(accent, option.palette.color(QPalette::Window), 0.6F);
-        edge = mixed(edge, option.palette.color(QPalette::Window), 0.6F);
-    }
+    const auto [accent, edge] = IndicatorColours(option);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(on || partly ? accent : edge, 1.2));
@@ -118,6 +126,24 @@ void drawTickBox(const QStyleOption& option, QPainter& painter)
         tick.lineTo(middle + QPointF(3.8, -2.8));
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(tick);
+    }
+    painter.restore();
+}
+
+void drawRadioButton(const QStyleOption& option, QPainter& painter)
+{
+    const bool on = has(option.state, QStyle::State_On);
+    const auto [accent, edge] = IndicatorColours(option);
+    const QRectF circle = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(on ? accent : edge, 1.2));
+    painter.setBrush(on ? accent : option.palette.color(QPalette::Base));
+    painter.drawEllipse(circle);
+    if (on) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(option.palette.color(QPalette::HighlightedText));
+        painter.drawEllipse(circle.center(), 3.0, 3.0);
     }
     painter.restore();
 }

@@ -17,6 +17,7 @@ void drawButton(const QStyleOption& option, QPainter& painter, ButtonTone tone, 
 void drawFocusRing(const QStyleOption& option, QPainter& painter, bool onColour);
 void drawSwitch(const QStyleOption& option, QPainter& painter);
 void drawTickBox(const QStyleOption& option, QPainter& painter);
+void drawRadioButton(const QStyleOption& option, QPainter& painter);
 void drawProgress(const QStyleOptionProgressBar& bar, QPainter& painter);
 void drawField(const QStyleOption& option, QPainter& painter);
 void drawHeaderSection(const QStyleOption& option, QPainter& painter);
