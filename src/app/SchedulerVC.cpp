@@ -79,7 +79,8 @@ std::string scheduleSentence(int repeat, Date next, Date last)
     const std::tm day = localParts(clampedDate(next)), end = localParts(clampedDate(last));
     const std::string weekday = kWeekdays.at(static_cast<std::size_t>(day.tm_wday));
     std::array<char, 8> time{};
-    std::snprintf(time.data(), time.size(), "%02d:%02d", day.tm_hour % 24, day.tm_min % 60);
+    static_cast<void>(
+        std::snprintf(time.data(), time.size(), "%02d:%02d", day.tm_hour % 24, day.tm_min % 60));
     const std::string often = repeat == 1
                                   ? "Every " + weekday
                                   : std::string(kScheduleTypeTitles.at(

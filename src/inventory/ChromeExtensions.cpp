@@ -79,7 +79,7 @@ std::optional<ExtensionManifest> ChromeExtensions::manifest(const FileURL& file)
     if (const auto known = m_manifests.find(*identity); known != m_manifests.end())
         return known->second;
     const auto content = read(file);
-    const auto found = content ? extensionManifest(*content) : std::nullopt;
+    auto found = content ? extensionManifest(*content) : std::nullopt;
     m_manifests.emplace(*identity, found);
     return found;
 }

@@ -111,7 +111,7 @@ bool readJsonTexts(std::string_view json, const JsonTextSink& sink, const JsonNu
 namespace {
 
 constexpr std::string_view kMessagePrefix = "__MSG_";
-constexpr std::size_t kLongestPath = 32 * 1024; // longer ones stand on no disk
+constexpr std::size_t kLongestPath = std::size_t{32} * 1024; // longer ones stand on no disk
 
 bool isOneComponent(std::string_view name)
 {

@@ -77,7 +77,6 @@ ExtensionSource chromeSource(std::optional<std::int64_t> location, bool fromStor
 {
     switch (location.value_or(0)) {
     case 1:
-        return fromStore ? ExtensionSource::Store : ExtensionSource::SideLoaded;
     case 2: // by a file of another program
     case 3:
     case 6:

@@ -16,7 +16,7 @@ struct Section {
     std::string path;
 };
 
-void take(Section section, BoundedList<std::string>& folders)
+void take(const Section& section, BoundedList<std::string>& folders)
 {
     if (!section.isProfile || section.path.empty())
         return;

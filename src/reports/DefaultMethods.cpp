@@ -96,7 +96,7 @@ Result<std::vector<ReportFacts>> DefaultMethods::listReports()
 
 Result<std::shared_ptr<SpywareScanReport>> DefaultMethods::loadReport(std::string_view reportId)
 {
-    const auto found = [&]() -> Result<std::shared_ptr<SpywareScanReport>> {
+    auto found = [&]() -> Result<std::shared_ptr<SpywareScanReport>> {
         if (const auto older = olderList()) {
             for (const auto& report : *older) {
                 if (report->reportId == reportId)

@@ -84,7 +84,7 @@ void FindingInbox::noteHash(Spyware& record)
 /// the one at which the walk began. Findings of one folder come one after the other.
 std::string FindingInbox::spelledBelow(const FileURL& url)
 {
-    const std::string path = url.absolutePath();
+    std::string path = url.absolutePath();
     const auto slash = path.rfind('/');
     const std::string folder = path.substr(0, slash);
     if (folder.empty())

@@ -137,7 +137,7 @@ void ThreatRemoval::start(const SpywareList& selected, Then then)
     m_screen.changed();
 }
 
-void ThreatRemoval::removed(SortedRecords records, Then then)
+void ThreatRemoval::removed(const SortedRecords& records, Then then)
 {
     ThreatLists& lists = m_screen.lists;
     lists.deletedCount = records.removed.size();

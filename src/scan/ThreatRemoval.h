@@ -94,7 +94,7 @@ private:
     void setAsideUnselected();
     void removeAndReport(Then then);
     void start(const SpywareList& selected, Then then);
-    void removed(SortedRecords records, Then then);
+    void removed(const SortedRecords& records, Then then);
     void report(Then then);
     [[nodiscard]] std::shared_ptr<const RecordSelection>
     selection(const SpywareList& records) const;

@@ -85,7 +85,7 @@ Result<Done> MemoryReportStore::put(const NewReport& report)
     List list = m_list;
     if (const auto older = newest(list, report.id); older != list.end())
         list.erase(older);
-    if (const auto inserted = insert(list, report); !inserted)
+    if (auto inserted = insert(list, report); !inserted)
         return inserted;
     m_list.swap(list);
     return Done{};
@@ -107,7 +107,7 @@ Result<Done> MemoryReportStore::replaceAll(std::size_t count,
     const RecursiveMutexLock lock(m_mutex);
     List list;
     for (std::size_t i = count; i-- > 0;) {
-        if (const auto inserted = insert(list, at(i)); !inserted)
+        if (auto inserted = insert(list, at(i)); !inserted)
             return inserted;
     }
     m_list.swap(list);
@@ -117,7 +117,7 @@ Result<Done> MemoryReportStore::replaceAll(std::size_t count,
 Result<Done> MemoryReportStore::insert(List& list, const NewReport& report)
 {
     Held held{{++m_lastPlace, report.id, report.facts}, {}};
-    const auto written = report.write([&](std::string_view piece) -> Result<Done> {
+    auto written = report.write([&](std::string_view piece) -> Result<Done> {
         held.pieces.emplace_back(piece);
         return Done{};
     });

@@ -23,7 +23,7 @@ std::string volumeText(const FolderMarks& marks)
     std::string text;
     for (const std::uint8_t byte : *marks.volume) {
         char digits[3];
-        std::snprintf(digits, sizeof digits, "%02x", byte);
+        static_cast<void>(std::snprintf(digits, sizeof digits, "%02x", byte));
         text += digits;
     }
     return text;

@@ -84,7 +84,7 @@ private:
     [[nodiscard]] std::string pathOf(const PropertyValue& record)
     {
         const auto address = m_archive.address(m_archive.in(record, "url"));
-        const std::string path = pathOfAddress(address.relative);
+        std::string path = pathOfAddress(address.relative);
         if (path.empty() || path.starts_with('/') || address.base.empty())
             return path;
         return boundedText(pathOfAddress(address.base) + "/" + path);

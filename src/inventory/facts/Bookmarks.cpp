@@ -101,7 +101,7 @@ std::string pathOfAlias(std::string_view alias)
     constexpr std::uint16_t kEnd = 0xffff;
     const Bytes bytes(alias);
     const auto version = bytes.big16(kVersion);
-    if (version != 2 && version != 3)
+    if (!version || (*version != 2 && *version != 3))
         return {};
     std::size_t at = *version == 2 ? 150 : 58; // behind the head
     std::string path;

@@ -20,7 +20,7 @@ void FactReferences::addApplication(const std::string& path, const ApplicationNa
 }
 
 void FactReferences::addSwitchedJobs(const std::string& path,
-                                     std::vector<std::pair<std::string, bool>> jobs)
+                                     const std::vector<std::pair<std::string, bool>>& jobs)
 {
     constexpr std::string_view kBefore = "disabled.";
     constexpr std::string_view kAfter = ".plist";

@@ -20,7 +20,8 @@ public:
     void addApplication(const std::string& path, const ApplicationNames& names);
     void addAccount(Account account) { m_accounts.push_back(std::move(account)); }
     /// `path` is the list; its name may bear an account's number.
-    void addSwitchedJobs(const std::string& path, std::vector<std::pair<std::string, bool>> jobs);
+    void addSwitchedJobs(const std::string& path,
+                         const std::vector<std::pair<std::string, bool>>& jobs);
     /// A list of switched jobs could not be read: what it would have said is not known.
     void missSwitchedJobs() { m_missesSwitchedJobs = true; }
 

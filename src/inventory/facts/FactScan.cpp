@@ -264,14 +264,14 @@ private:
     }
 
     void addSwitchedJobs(const FactSource& source, const Found& found,
-                         Result<std::vector<std::pair<std::string, bool>>> read)
+                         const Result<std::vector<std::pair<std::string, bool>>>& read)
     {
         if (!read) {
             m_references.missSwitchedJobs();
             return m_files.note(source, found.path, State::NotUnderstood, read.error().message);
         }
         m_files.note(source, found.path, State::Read);
-        m_references.addSwitchedJobs(found.path, std::move(read).value());
+        m_references.addSwitchedJobs(found.path, *read);
     }
 
     void addApplication(const Found& found, const Result<ApplicationNames>& read)

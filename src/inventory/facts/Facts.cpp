@@ -24,7 +24,7 @@ std::size_t textBytes(const StartUpItem& item)
                         item.application.size() + item.developer.size();
     for (const auto* parts : {&item.arguments, &item.when})
         for (const std::string& part : *parts)
-            bytes += part.size() + sizeof part;
+            bytes += part.size() + sizeof(std::string);
     return bytes;
 }
 

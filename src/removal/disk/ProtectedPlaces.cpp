@@ -51,8 +51,9 @@ std::string OtherSpellings::of(int folder, const std::string& removed)
         return find(folder, removed);
     }
     // The removed one was read with the others, so that only a second one tells something.
-    const auto same = std::ranges::equal_range(known->second, foldedHash(removed, m_key));
-    return same.size() > 1 ? find(folder, removed) : std::string();
+    const auto [first, last] =
+        std::equal_range(known->second.begin(), known->second.end(), foldedHash(removed, m_key));
+    return last - first > 1 ? find(folder, removed) : std::string();
 }
 
 std::string OtherSpellings::find(int folder, const std::string& removed)

@@ -117,7 +117,7 @@ public:
         if (body.atEnd())
             return notUnderstood();
         while (!body.atEnd()) {
-            if (const auto taken = takeOne(body); !taken)
+            if (auto taken = takeOne(body); !taken)
                 return taken;
         }
         return Done{};

@@ -44,7 +44,7 @@ bool countsAsEntry(std::string_view name, FileKind kind)
 
 } // namespace
 
-ListingIndexer::ListingIndexer(NameIndex& index, const EntryChoice& choice, std::string prefix)
+ListingIndexer::ListingIndexer(NameIndex& index, const EntryChoice& choice, std::string_view prefix)
     : m_index(index), m_builder(index), m_choice(choice), m_prefix(withoutLastSlashes(prefix))
 {
     m_levels.push_back({0, m_choice.root(), NameIndex::kRoot});

@@ -16,7 +16,7 @@ namespace pryvane {
 class ListingIndexer {
 public:
     /// `prefix` is taken off the front of each path. Everything outlives this.
-    ListingIndexer(NameIndex& index, const EntryChoice& choice, std::string prefix);
+    ListingIndexer(NameIndex& index, const EntryChoice& choice, std::string_view prefix);
 
     /// False where the path does not begin with the prefix or cannot be placed in a tree.
     [[nodiscard]] bool add(const ListedEntry& entry);
