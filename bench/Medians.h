@@ -38,10 +38,10 @@ inline void race(std::vector<Contender>& contenders, int rounds)
 }
 
 /// Prints one line of a table and tells whether the target was met.
-inline bool row(const std::string& what, double ratio, double target)
+inline bool row(const std::string& what, double value, double target, const char* unit = "")
 {
-    const bool met = ratio <= target;
-    std::printf("%-64s %8.2f  at most %6.2f  %s\n", what.c_str(), ratio, target,
+    const bool met = value <= target;
+    std::printf("%-64s %8.2f%s  at most %6.2f%s  %s\n", what.c_str(), value, unit, target, unit,
                 met ? "ok" : "FALLS SHORT");
     return met;
 }

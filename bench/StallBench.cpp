@@ -1,5 +1,6 @@
 // How long the main thread is held at a time during a deep scan with 100,000 findings, from its
 // start to its stored report, and then while all of them are planned and removed.
+#include "Medians.h"
 #include "TimedMainQueue.h"
 #include "core/NotificationCenter.h"
 #include "findings/ScanState.h"
@@ -41,7 +42,9 @@ bool report(const char* what, std::vector<double>& held)
     std::sort(held.begin(), held.end());
     std::printf("%s: %zu pieces of work on the main thread, median %.2f ms, longest %.2f ms\n",
                 what, held.size(), held[held.size() / 2], held.back());
-    const bool never = held.back() <= 50;
+    const bool never =
+        bench::row(std::string("100,000 findings, longest hold of the main thread: ") + what,
+                   held.back(), 50, " ms");
     held.clear();
     return never;
 }

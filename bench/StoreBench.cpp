@@ -104,7 +104,7 @@ void require(bool condition, const char* what)
     std::exit(1);
 }
 
-void codecAgainstQt(const ReportList& reports)
+bool codecAgainstQt(const ReportList& reports)
 {
     const QtPeer peer(reports);
     HostDisk disk;
@@ -131,6 +131,10 @@ void codecAgainstQt(const ReportList& reports)
     line("write", median(write), median(peerWrite));
     line("read + one test a distinct path", median(read), median(peerRead));
     line("both", median(write) + median(read), median(peerWrite) + median(peerRead));
+    const double writing = median(write) / median(peerWrite);
+    const double reading = median(read) / median(peerRead);
+    const bool met = row("reports written / by Qt's JSON", writing, 0.80);
+    return row("read, and each distinct path tested / by Qt's", reading, 0.40) && met;
 }
 
 void wholeStore(const ReportList& reports)
@@ -290,6 +294,7 @@ int main(int argc, char** argv)
         return 0;
     }
     const auto reports = pryvane::bench::sampleReports();
-    pryvane::bench::codecAgainstQt(reports);
+    const bool met = pryvane::bench::codecAgainstQt(reports);
     pryvane::bench::wholeStore(reports);
+    return met ? 0 : 1;
 }
