@@ -107,16 +107,16 @@ TEST_F(RealProfilesTest, Firefox)
     work.file("/page.html", "<script>localStorage.a = 1; document.cookie = 'a=b'</script>page");
     const std::string addOn = "/extensions/probe@example.org";
     work.file(
-        "/work" + addOn + "/manifest.json",
+        "/profile" + addOn + "/manifest.json",
         R"({"manifest_version":2,"name":"__MSG_appName__","version":"1.5","default_locale":"en",)"
         R"("applications":{"gecko":{"id":"probe@example.org"}}})");
-    work.file("/work" + addOn + "/_locales/en/messages.json",
+    work.file("/profile" + addOn + "/_locales/en/messages.json",
               R"({"appName":{"message":"Probe add-on"}})");
-    work.file("/work/user.js", "user_pref('xpinstall.signatures.required', false);\n"
-                               "user_pref('extensions.autoDisableScopes', 0);\n");
+    work.file("/profile/user.js", "user_pref('xpinstall.signatures.required', false);\n"
+                                  "user_pref('extensions.autoDisableScopes', 0);\n");
     for (const std::string profile : {"work", "play"}) {
         if (!runs("firefox-esr --headless --no-remote -CreateProfile " + profile) ||
-            !shell("cp -a work/. \"$(dirname \"$(find home -name profiles.ini)\")\"/*.work") ||
+            !shell("cp -a profile/. \"$(dirname \"$(find home -name profiles.ini)\")\"/*.work") ||
             !runs("firefox-esr --headless --no-remote -P " + profile +
                   " --screenshot $PWD/shot.png file://$PWD/page.html"))
             GTEST_SKIP() << "firefox-esr is not installed or does not run here";
