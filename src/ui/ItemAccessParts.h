@@ -12,7 +12,8 @@
 
 namespace pryvane::ui {
 
-inline constexpr QStringView kRowTable = u"pryvane::ui::RowTable", kComboList = u"QComboBoxListView";
+inline constexpr QStringView kRowTable = u"pryvane::ui::RowTable",
+                             kComboList = u"QComboBoxListView";
 
 inline QString className(const QObject* object)
 {
