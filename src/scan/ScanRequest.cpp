@@ -13,6 +13,7 @@ std::vector<FileURL> ScanRequest::roots() const
     if (root->identity() != "Users")
         return {*root};
     std::vector<std::string> paths;
+    paths.reserve(users.size());
     for (const std::string& user : users)
         paths.push_back(homePath(user) + "/");
     std::ranges::sort(paths);

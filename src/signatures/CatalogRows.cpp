@@ -156,7 +156,7 @@ std::string catalogueVersion()
     Sha256 hash;
     const auto add = [&](std::string_view text) {
         hash.add(text);
-        hash.add(std::string_view("", 1));
+        hash.add(std::string_view("\0", 1));
     };
     for (const CatalogRow& row : catalogRows()) {
         for (const std::string_view text :

@@ -70,7 +70,9 @@ bool TreeRemoval::enter(FolderHandle folder, std::string name)
 bool TreeRemoval::read(Level& level)
 {
     const std::size_t found = readNames(level);
-    if (level.refilled && (m_refill += found) > kMostRefill) {
+    if (level.refilled)
+        m_refill += found;
+    if (level.refilled && m_refill > kMostRefill) {
         level.holdsRest = true;
         level.subfolders.clear();
         m_files.clear();
