@@ -43,6 +43,7 @@ Result<ChildScan> ChildScan::start(const std::vector<std::string>& arguments)
     std::vector<std::string> words{*program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

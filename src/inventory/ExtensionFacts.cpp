@@ -44,6 +44,7 @@ std::vector<ExtensionFact> AdwareScan::extensionFacts() const
     }
     addFirefoxFacts(soFar);
     std::vector<ExtensionEntry> entries;
+    entries.reserve(soFar.facts.size());
     for (ExtensionFact& fact : soFar.facts)
         entries.push_back(std::move(fact.entry));
     entries = measured(std::move(entries));

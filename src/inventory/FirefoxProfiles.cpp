@@ -54,7 +54,7 @@ BoundedList<std::string> firefoxProfileFolders(std::string_view profilesIni)
             section.path = line.substr(std::string_view("Path=").size());
         }
     }
-    take(std::move(section), folders);
+    take(section, folders);
     return folders;
 }
 

@@ -321,6 +321,7 @@ CleaningPreview previewCleaning(std::vector<CleaningRow> rows, std::span<const s
     CleaningPreview preview;
     preview.rows = inParts(std::move(rows), disk, stop);
     std::vector<RemovalItem> items;
+    items.reserve(preview.rows.size());
     for (const CleaningRow& row : preview.rows)
         items.push_back(row.removalItem());
     remover.plan(items, stop, [&](std::size_t item, const RemovalForecast& forecast) {

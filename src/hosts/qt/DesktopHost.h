@@ -52,7 +52,7 @@ public:
     /// Tells whether the desktop is dark, where it says so, and whether it wants more contrast:
     /// soon, and each time that changes.
     using LookTold = std::function<void(std::optional<bool> dark, bool contrast)>;
-    virtual void followLook(LookTold /*told*/) {}
+    virtual void followLook(const LookTold& /*told*/) {}
 
     /// Whether programs have their menus in a bar at the top of the screen.
     [[nodiscard]] virtual bool hasMenuBar() const = 0;

@@ -29,8 +29,8 @@ void FactReferences::addSwitchedJobs(const std::string& path,
     const std::string_view name = lastName(path);
     if (name.starts_with(kBefore) && name.size() > kBefore.size() + kAfter.size())
         switched.number = name.substr(kBefore.size(), name.size() - kBefore.size() - kAfter.size());
-    for (auto& [label, off] : jobs)
-        switched.disabled.insert_or_assign(std::move(label), off);
+    for (const auto& [label, off] : jobs)
+        switched.disabled.insert_or_assign(label, off);
     m_switched.push_back(std::move(switched));
 }
 

@@ -58,7 +58,7 @@ public:
     {
         return std::make_unique<FolderGrants>(volume);
     }
-    void followLook(LookTold told) override { m_look.follow(std::move(told)); }
+    void followLook(const LookTold& told) override { m_look.follow(told); }
     bool hasMenuBar() const override { return false; }
 
 private:
