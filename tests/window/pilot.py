@@ -4,13 +4,16 @@ Widgets are found by name through the accessibility tree (AT-SPI), so whatever a
 find, a test cannot either; keys and mouse clicks are real X events.
 """
 import contextlib
+import ctypes
 import difflib
+import mmap
 import os
 import pathlib
 import re
 import shutil
 import signal
 import sqlite3
+import struct
 import subprocess
 import sys
 import tempfile
@@ -29,7 +32,7 @@ def wait_for(what, condition, patience=PATIENCE):
             return value
         if time.monotonic() > end:
             raise AssertionError(f"waited in vain for {what}")
-        time.sleep(0.05)
+        time.sleep(0.02)
 
 
 def need(*tools):
@@ -75,7 +78,7 @@ def desktop(size=os.environ.get("PRYVANE_TEST_SCREEN", "1280x900")):
         folder = pathlib.Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="pryvane-window-")))
         read, write = os.pipe()
         stack.enter_context(started(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-noreset", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-fbdir", str(folder), "-noreset", "-nolisten", "tcp"],
             pass_fds=[write], stderr=subprocess.DEVNULL))
         os.close(write)
         for name in ("WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORMTHEME", "GTK_MODULES"):
@@ -108,13 +111,57 @@ def stored(folder, key):
     return []
 
 
+class Picture:
+    """What the display shows at this moment, from the memory that it is kept in."""
+
+    def __init__(self, folder):
+        with open(folder / "Xvfb_screen0", "rb") as file, mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ) as screen:
+            head = struct.unpack(">25I", screen[:100])  # of an XWD file
+            self.width, self.height, self.line = head[4], head[5], head[12]
+            self.pixels = screen[head[0] + 12 * head[19]:]
+
+    def at(self, x, y):
+        start = y * self.line + 4 * x
+        return self.pixels[start:start + 3][::-1]
+
+    def row(self, x, y, width):
+        return self.pixels[y * self.line + 4 * x:y * self.line + 4 * (x + width)]
+
+
+class Hand:
+    """Keys and mouse of the display."""
+
+    def __init__(self):
+        self.library = ctypes.CDLL("libxdo.so.3")
+        self.library.xdo_new.restype = ctypes.c_void_p
+        self.display = ctypes.c_void_p(self.library.xdo_new(None))
+
+    def key(self, name):
+        self.library.xdo_send_keysequence_window(self.display, ctypes.c_ulong(0), name.encode(), 4000)
+
+    def click(self, x, y, button):
+        """No faster than a hand: the window manager looks at each press before the program does."""
+        self.library.xdo_move_mouse(self.display, x, y, 0)
+        for pause, press in ((0.1, self.library.xdo_mouse_down), (0.05, self.library.xdo_mouse_up)):
+            time.sleep(pause)
+            press(self.display, ctypes.c_ulong(0), button)
+
+
 class Pilot:
     """One running program."""
 
+    WITHIN = ("list item", "panel", "table cell")  # of what has the keyboard
+
     def __init__(self, program, *arguments, screenshots=None):
         import pyatspi  # connects to the bus of the desktop
+        from gi.repository import Atspi, GLib
 
         self.atspi = pyatspi
+        self.hand = Hand()
+        self.loop = GLib.MainContext.default()
+        self.came = []  # what has got the keyboard, the latest last
+        self.listener = Atspi.EventListener.new(lambda event: event.detail1 and self.came.append(event.source))
+        self.listener.register("object:state-changed:focused")
         self.shots = pathlib.Path(screenshots) if screenshots else None
         self.process = subprocess.Popen([program, *arguments])
 
@@ -136,10 +183,10 @@ class Pilot:
                     return application
         return None
 
-    def walk(self, node=None, depth=0):
+    def walk(self, node=None, depth=0, deepest=40):
         """Everything that shows, from the top."""
         node = node or self.application()
-        if node is None or depth > 40:
+        if node is None or depth > deepest:
             return
         try:
             children = list(node)
@@ -149,11 +196,17 @@ class Pilot:
             if child is None:
                 continue
             with contextlib.suppress(Exception):
-                if depth > 0 and not child.getState().contains(self.atspi.STATE_SHOWING):
+                states = child.getState()
+                if depth > 0 and not states.contains(self.atspi.STATE_SHOWING):
                     continue
+                role = child.getRoleName()
+                self.notice(child, role, states)
                 yield child
-                if child.getRoleName() != "table":
-                    yield from self.walk(child, depth + 1)
+                if role != "table":
+                    yield from self.walk(child, depth + 1, deepest)
+
+    def notice(self, node, role, states):
+        """Is told of whatever shows."""
 
     def look(self, name, role=None):
         for node in self.walk():
@@ -180,7 +233,7 @@ class Pilot:
         """What has the keyboard. A list's current item says so even when the list has it not."""
         for node in self.walk():
             with contextlib.suppress(Exception):
-                if node.getState().contains(self.atspi.STATE_FOCUSED) and node.getRoleName() not in ("list item", "panel"):
+                if node.getState().contains(self.atspi.STATE_FOCUSED) and node.getRoleName() not in self.WITHIN:
                     return node
         return None
 
@@ -204,26 +257,41 @@ class Pilot:
         start = box.width - 12 if os.environ.get("PRYVANE_DIRECTION") == "rtl" else 12
         x = int(scale * (box.x + (start if node.getRoleName() == "check box" else box.width // 2)))
         y = int(scale * (box.y + box.height // 2))
-        # No faster than a hand: the window manager looks at each press before the program does.
-        subprocess.run(["xdotool", "mousemove", str(x), str(y), "sleep", "0.1",
-                        "mousedown", str(button), "sleep", "0.05", "mouseup", str(button)], check=True)
+        self.hand.click(x, y, button)
 
     def keys(self, *names):
         for name in names:
-            subprocess.run(["xdotool", "key", "--clearmodifiers", name], check=True)
-            time.sleep(0.05)
+            self.hand.key(name)
+            time.sleep(0.03)
 
     def type(self, text):
         subprocess.run(["xdotool", "type", "--delay", "15", text], check=True)
 
+    def follow(self, patience):
+        """What has got the keyboard since this was asked last; nothing: none was heard of."""
+        end = time.monotonic() + patience
+        while True:
+            while self.loop.iteration(False):
+                pass
+            while self.came:
+                node = self.came.pop()
+                with contextlib.suppress(Exception):
+                    if node.getState().contains(self.atspi.STATE_FOCUSED) and node.getRoleName() not in self.WITHIN:
+                        self.came.clear()
+                        return node
+            if time.monotonic() > end:
+                return None
+            time.sleep(0.005)
+
     def tab_to(self, name, limit=60, key="Tab"):
         """Goes there by keyboard alone."""
+        node = self.focused()
         for _ in range(limit):
-            node = self.focused()
             if node and node.name == name:
                 return node
+            self.follow(0)
             self.keys(key)
-            time.sleep(0.05)
+            node = self.follow(0.5) or self.focused()
         raise AssertionError(f'the {key} key does not reach "{name}"; it is on {self.focused()}')
 
     def shot(self, name):
@@ -235,7 +303,7 @@ class Pilot:
     def sheet(self):
         """The sheet or the question that lies on top, which is all that can be reached; none: nothing does."""
         top = None
-        for node in self.walk():
+        for node in self.walk(deepest=1):
             with contextlib.suppress(Exception):
                 top = node if node.getRoleName() in ("dialog", "alert") else top
         return top
