@@ -112,10 +112,10 @@ int main(int argc, char** argv)
         std::count_if(gaps.begin(), gaps.end(), [](double gap) { return gap > kAtMost; });
     std::printf("%d findings, %zu heartbeats in %.1f s, longest gap %.1f ms, 99.9 %% within %.1f "
                 "ms, %td over 50 ms\n",
-                found, gaps.size(),
-                std::accumulate(gaps.begin(), gaps.end(), 0.0) / 1000, gaps.back(),
-                gaps[gaps.size() * 999 / 1000], late);
-    const std::string scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toStdString() + "x";
+                found, gaps.size(), std::accumulate(gaps.begin(), gaps.end(), 0.0) / 1000,
+                gaps.back(), gaps[gaps.size() * 999 / 1000], late);
+    const std::string scale =
+        qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1")).toStdString() + "x";
     const bool scanned = row("a deep scan in the window at " + scale + ", longest hold of its loop",
                              gaps.back(), kAtMost, " ms");
     const bool handled = row("10,000 findings filtered, sorted, grouped, ticked at " + scale,

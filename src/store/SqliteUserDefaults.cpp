@@ -163,7 +163,9 @@ int SqliteUserDefaults::write(std::string_view key, const PreferenceValue& value
     SqliteStatement statement(m_store.connection,
                               "INSERT INTO preference(key, type, value) VALUES(?, ?, ?) "
                               "ON CONFLICT(key) DO UPDATE SET type=excluded.type, "
-                              "value=excluded.value");
+                              "value=excluded.value "
+                              // What is there already costs no flushing of the disk.
+                              "WHERE type IS NOT excluded.type OR value IS NOT excluded.value");
     statement.text(key).text(kTypeNames[value.index()]);
     bindValue(statement, value);
     const int code = statement.step();

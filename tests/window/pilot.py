@@ -137,7 +137,7 @@ class Hand:
         self.display = ctypes.c_void_p(self.library.xdo_new(None))
 
     def key(self, name):
-        self.library.xdo_send_keysequence_window(self.display, ctypes.c_ulong(0), name.encode(), 4000)
+        self.library.xdo_send_keysequence_window(self.display, ctypes.c_ulong(0), name.encode(), 12000)
 
     def click(self, x, y, button):
         """No faster than a hand: the window manager looks at each press before the program does."""
@@ -266,6 +266,7 @@ class Pilot:
 
     def type(self, text):
         subprocess.run(["xdotool", "type", "--delay", "15", text], check=True)
+        time.sleep(0.3)  # a field may offer completions
 
     def follow(self, patience):
         """What has got the keyboard since this was asked last; nothing: none was heard of."""
