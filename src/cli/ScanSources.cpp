@@ -40,7 +40,7 @@ Result<ScanSource> sourceOfLine(std::string_view line)
 {
     const auto cut = [&line] {
         const auto tab = line.find('\t');
-        const std::string field(line.substr(0, tab));
+        std::string field(line.substr(0, tab));
         line.remove_prefix(tab == std::string_view::npos ? line.size() : tab + 1);
         return field;
     };

@@ -15,6 +15,7 @@ template <typename Object, typename Heard>
 void listen(Signal& signal, Object* object, Heard heard)
 {
     auto listening = signal.listen([object, heard = std::move(heard)] {
+        static_cast<void>(object); // not everyone takes it
         if constexpr (std::is_invocable_v<const Heard&, Object*>)
             std::invoke(heard, object);
         else

@@ -145,7 +145,7 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
         // One frame around words and arrows, as other fields have.
         drawField(*option, *painter);
         const auto arrow = [&](PrimitiveElement element, SubControl part) {
-            QStyleOption place = *option;
+            QStyleOption place = static_cast<const QStyleOption&>(*option);
             place.rect = subControlRect(control, option, part, widget);
             drawPrimitive(element, &place, painter, widget);
         };
