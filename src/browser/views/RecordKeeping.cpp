@@ -19,7 +19,7 @@
 namespace pryvane {
 
 void keepRecord(QWidget* window, ReportDocuments& documents, const SpywareScanReport& report,
-                std::function<void(const QString& words)> told)
+                const std::function<void(const QString& words)>& told)
 {
     const QString folder = QFileDialog::getExistingDirectory(
         window, QObject::tr("Keep a record in this folder"),

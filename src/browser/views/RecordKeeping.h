@@ -19,7 +19,7 @@ struct ExportKind;
 /// on record before it is removed. `told` gets what came of it as a plain sentence; it is not
 /// called where the user thought better of it.
 void keepRecord(QWidget* window, ReportDocuments& documents, const SpywareScanReport& report,
-                std::function<void(const QString& words)> told);
+                const std::function<void(const QString& words)>& told);
 
 /// Asks for a folder and writes each of the stored reports into it, a file each; no file that is
 /// there already is replaced. `told` as above, once at the end.
