@@ -10,19 +10,14 @@ import json
 import lzma
 import os
 import pathlib
-import subprocess
-import sys
-import tempfile
 
-sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from images import expect  # noqa: E402
-from apfs_container import BLOCK, FILE, FOLDER, ROOT, tree_blocks, with_tree, with_volume  # noqa: E402
+import program
+from apfs_container import BLOCK, FILE, FOLDER, ROOT, tree_blocks, with_tree, with_volume
+from program import expect, scratch, skip
 
-program = sys.argv[1]
 sample = pathlib.Path(os.environ.get("PRYVANE_SAMPLES", "")) / "apfs.raw.xz"
 if not sample.is_file():
-    print("skipped: PRYVANE_SAMPLES does not name a folder with apfs.raw.xz")
-    sys.exit(77)
+    skip("PRYVANE_SAMPLES does not name a folder with apfs.raw.xz")
 container = lzma.decompress(sample.read_bytes())
 NOBODY = 65534
 MAC = {
@@ -46,8 +41,8 @@ def as_nobody():
 
 
 def run(*arguments):
-    done = subprocess.run([program, *map(str, arguments)], capture_output=True, text=True, timeout=120,
-                          env={"PATH": os.environ["PATH"], "HOME": "/nonexistent"}, preexec_fn=as_nobody)
+    done = program.run(*arguments, timeout=120, env={"PATH": os.environ["PATH"], "HOME": "/nonexistent"},
+                       preexec_fn=as_nobody)
     return done.returncode, done.stdout, done.stderr
 
 
@@ -107,6 +102,5 @@ def main(folder):
         expect(words in err or "built without decryption" in err, "what to do about it", err)
 
 
-with tempfile.TemporaryDirectory() as place:
-    main(pathlib.Path(place))
-print("passed")
+with scratch() as place:
+    main(place)

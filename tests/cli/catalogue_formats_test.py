@@ -14,24 +14,20 @@ import fnmatch
 import io
 import json
 import os
-import pathlib
 import random
 import re
 import sqlite3
-import subprocess
 import sys
-import tempfile
 
 import yaml
 
-program, make_volume = sys.argv[1:3]
+import program
+
 DISKS = int(os.environ.get("PRYVANE_TEST_DISKS", "12"))
 
 
-def run(*arguments, codes=(0,)):
-    done = subprocess.run([program, *map(str, arguments)], capture_output=True)
-    assert done.returncode in codes, (arguments, done.returncode, done.stderr[-400:])
-    return done.stdout.decode("utf-8", "surrogateescape")
+def run(*arguments):
+    return program.run(*arguments, code=0).stdout
 
 
 def queries(*more):
@@ -114,7 +110,7 @@ def found_by_artifact(root, artifact):
 
 
 def found_by_scan(root):
-    report = json.loads(run("scan", "--volume", root, "--no-store", "--format", "json", codes=(0, 1, 3)))
+    report = json.loads(program.run("scan", "--volume", root, "--no-store", "--format", "json").stdout)
     return {(entry["infections"], "/" + entry["path"].strip("/").lower()) for entry in report["report"]["spyWareList"]}
 
 
@@ -151,7 +147,7 @@ def main():
     assert set(artifact) == {"name", "author", "description", "type", "precondition", "parameters", "sources"}
     assert artifact["type"] == "CLIENT" and len(artifact["sources"]) == 2
     assert all(set(parameter) <= {"name", "description", "type", "default"} for parameter in artifact["parameters"])
-    assert subprocess.run([program, "catalog", "--format", "json", "--names"], capture_output=True).returncode == 2
+    program.run("catalog", "--format", "json", "--names", code=2)
     places = run("catalog", "--format", "paths").splitlines()
     assert len(places) == len(set(places)) and all(place.startswith("/") for place in places)
     names = next(p for p in artifact["parameters"] if p["name"] == "Names")["default"]
@@ -159,12 +155,10 @@ def main():
                  for row in csv.DictReader(io.StringIO(names))]
 
     seen = told = 0
-    with tempfile.TemporaryDirectory() as work:
-        demo = pathlib.Path(work) / "demo"
-        subprocess.run([make_volume, demo], check=True, stdout=subprocess.DEVNULL)
-        disks = [demo]
+    with program.scratch(sys.argv[2]) as work:
+        disks = [work / "demo"]
         for number in range(DISKS):
-            disks.append(pathlib.Path(work) / str(number))
+            disks.append(work / str(number))
             plant(disks[-1], places, fragments, random.Random(number))
         for disk in disks:
             scan = found_by_scan(disk)

@@ -11,18 +11,17 @@ import collections
 import concurrent.futures
 import json
 import os
-import pathlib
 import resource
 import shutil
 import signal
 import sqlite3
 import subprocess
 import sys
-import tempfile
 
-program, library, make_volume = sys.argv[1:4]
+from program import cli, expect, scratch
+
+library, make_volume = sys.argv[2:4]
 wanted = os.environ.get("PRYVANE_TEST_ALLOCATIONS", "40")
-work = pathlib.Path(tempfile.mkdtemp(prefix="pryvane-exhaustion-"))
 COMMANDS = {
     "quick scan": ["scan", "--format", "json"],
     "deep scan": ["scan", "--deep", "--format", "json"],
@@ -40,14 +39,14 @@ class Scene:
         self.environment = {**os.environ, "PRYVANE_DATA_DIR": str(folder / "data")}
 
     def copy(self, name):
-        shutil.copytree(self.folder, work / name, symlinks=True)
-        return Scene(work / name)
+        shutil.copytree(self.folder, self.folder.with_name(name), symlinks=True)
+        return Scene(self.folder.with_name(name))
 
     def run(self, command, extra=None, prepare=None):
         arguments = list(COMMANDS[command])
         if arguments[0] != "report":
-            arguments += ["--volume", str(self.folder / "volume"), "--user", "alice"]
-        return subprocess.run([program, *arguments], env=self.environment | (extra or {}), capture_output=True,
+            arguments += ["--volume", str(self.folder / "demo"), "--user", "alice"]
+        return subprocess.run([cli, *arguments], env=self.environment | (extra or {}), capture_output=True,
                               timeout=60, preexec_fn=prepare)
 
     def reports(self):
@@ -136,38 +135,33 @@ def small_files():
     signal.signal(signal.SIGXFSZ, signal.SIG_DFL)  # Python ignores it
 
 
-def main():
-    (work / "base/volume").mkdir(parents=True)
+def runs_of(command, requests):
+    """What is to fail in each run of the command, by its name."""
+    for at in range(1, requests + 1, 1 if wanted == "all" else max(1, requests // int(wanted))):
+        failing = {"LD_PRELOAD": library, "PRYVANE_FAIL_AT": str(at)}
+        yield f"{command}, request {at}", {"extra": failing}
+        yield f"{command}, request {at} and on", {"extra": failing | {"PRYVANE_FAIL_ON": "1"}}
+    yield f"{command}, small files", {"prepare": small_files}
+    yield f"{command}, no threads", {"prepare": no_threads}
+
+
+with scratch(make_volume) as work:
+    (work / "base").mkdir()
+    (work / "demo").rename(work / "base/demo")
     base = Scene(work / "base")
-    subprocess.run([make_volume, base.folder / "volume"], check=True, capture_output=True)
     base.run("quick scan")
     before = base.reports()
-    failures, codes, tries = [], collections.Counter(), 0
+    failures, tries = [], 0
     with concurrent.futures.ThreadPoolExecutor(max(2, os.cpu_count() // 2)) as pool:
         for command in COMMANDS:
             scene = base.copy("usual")
-            count = work / "count"
-            usual = scene.run(command, {"LD_PRELOAD": library, "PRYVANE_FAIL_COUNT": str(count)})
+            usual = scene.run(command, {"LD_PRELOAD": library, "PRYVANE_FAIL_COUNT": str(work / "count")})
             shutil.rmtree(scene.folder)
-            requests = int(count.read_text())
-            step = 1 if wanted == "all" else max(1, requests // int(wanted))
-            places = range(1, requests + 1, step)
-            runs = [pool.submit(attempt, base, command, usual, before, f"{command}, request {at}{' and on' if on else ''}",
-                                extra={"LD_PRELOAD": library, "PRYVANE_FAIL_AT": str(at)} | ({"PRYVANE_FAIL_ON": "1"} if on else {}))
-                    for at in places for on in (False, True)]
-            runs.append(pool.submit(attempt, base, command, usual, before, f"{command}, small files", prepare=small_files))
-            runs.append(pool.submit(attempt, base, command, usual, before, f"{command}, no threads", prepare=no_threads))
-            own = collections.Counter()
-            for run in runs:
-                code, found = run.result()
-                own[code] += 1
-                failures += found
+            runs = [pool.submit(attempt, base, command, usual, before, name, **how)
+                    for name, how in runs_of(command, int((work / "count").read_text()))]
+            codes = collections.Counter(run.result()[0] for run in runs)
+            failures += [fault for run in runs for fault in run.result()[1]]
             tries += len(runs)
-            print(f"{command}: {requests} requests, {len(runs)} runs, codes {dict(own)}")
-    print("\n".join(failures[:40]))
+            print(f"{command}: {len(runs)} runs, codes {dict(codes)}")
     print(f"{tries} runs, {len(failures)} faults")
-    shutil.rmtree(work)
-    return 1 if failures else 0
-
-
-sys.exit(main())
+    expect(not failures, "\n".join(failures[:40]))

@@ -5,18 +5,13 @@
 """
 import hashlib
 import json
-import pathlib
 import struct
 import subprocess
-import sys
-import tempfile
 import uuid
 import zlib
 
-sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from images import expect, hfs_image, need  # noqa: E402
+from program import expect, hfs_image, need, run, scratch
 
-program = sys.argv[1]
 need("mmls")
 SECTOR = 512
 
@@ -74,15 +69,11 @@ def sparse_vmdk(disk):
     return out.ljust(data * SECTOR, b"\0") + disk.ljust(grains * grain * SECTOR, b"\0")
 
 
-def scan(folder, name, data):
-    path = folder / name
+def scan(path, data):
     path.write_bytes(data)
-    done = subprocess.run([program, "scan", "--no-store", "--hash", "--format", "json", "--image", str(path)],
-                          capture_output=True, text=True, timeout=120)
-    listed = subprocess.run([program, "listing", "--list", "--image", str(path)], capture_output=True, text=True,
-                            timeout=120)
+    done = run("scan", "--no-store", "--hash", "--format", "json", "--image", path, timeout=120)
     paths = [item["path"] for item in json.loads(done.stdout)["report"]["spyWareList"]] if done.stdout else []
-    return done, sorted(paths), listed
+    return done, sorted(paths)
 
 
 def main(folder):
@@ -96,22 +87,22 @@ def main(folder):
     volume = volume.ljust(len(volume) + -len(volume) % 4096, b"\0")
     for name, data in (("whole.dd", volume), ("apm.dd", whole), ("gpt.dd", gpt(volume)), ("mbr.dd", mbr(volume)),
                        ("fixed.vhd", fixed_vhd(gpt(volume))), ("mac.vmdk", sparse_vmdk(gpt(volume)))):
-        done, paths, listed = scan(folder, name, data)
+        done, paths = scan(folder / name, data)
         expect(done.returncode == 1 and paths == expected, name, done.returncode, paths, done.stderr)
-        expect(listed.returncode == 0 and "HFS+" in listed.stdout, name, listed.stdout, listed.stderr)
-        before = hashlib.sha256(data).hexdigest()
-        expect(before in done.stdout and hashlib.sha256((folder / name).read_bytes()).hexdigest() == before,
+        listed = run("listing", "--list", "--image", folder / name)
+        expect(listed.returncode == 0 and "HFS+" in listed.stdout, name, listed)
+        expect(hashlib.sha256(data).hexdigest() in done.stdout and (folder / name).read_bytes() == data,
                "the hash told, and the image is as it was")
-        print(f"{name}: {len(paths)} findings")
-    # Ones that cannot be read end in a sentence.
+    # Ones that cannot be read, or are of no Mac, end in a sentence.
+    other = hfs_image(folder / "other.img", ["photos/beach.jpg"])
+    expect("/photos/beach.jpg" in run("listing", "--image", other, code=0).stdout, "another's disk can be listed")
     flat = b'# Disk DescriptorFile\nversion=1\nCID=1\nparentCID=ffffffff\ncreateType="monolithicFlat"\nRW 100 FLAT "x-flat.vmdk" 0\n'
     for name, data in (("flat.vmdk", flat), ("mac.vhdx", b"vhdxfile" + bytes(1 << 20)), ("mac.dmg", bytes(1 << 20) + b"koly" + bytes(508)),
-                       ("empty.dd", b""), ("mac.E01", b"EVF\t\r\n\xff\0" + bytes(4096)), ("text.dd", b"no image\n" * 1000)):
-        done, paths, _ = scan(folder, name, data)
+                       ("photos.dd", other.read_bytes()), ("empty.dd", b""), ("mac.E01", b"EVF\t\r\n\xff\0" + bytes(4096)), ("text.dd", b"no image\n" * 1000)):
+        done, _ = scan(folder / name, data)
         expect(done.returncode == 2 and not done.stdout and len(done.stderr) > 40, name, done)
         print(f"{name}: {done.stderr.strip().replace(str(folder), '')}")
 
 
-with tempfile.TemporaryDirectory() as place:
-    main(pathlib.Path(place))
-print("passed")
+with scratch() as place:
+    main(place)

@@ -13,18 +13,16 @@ import json
 import os
 import pathlib
 import re
-import signal
 import subprocess
 import sys
-import tempfile
 import time
 
 import jsonschema
 
-sys.dont_write_bytecode = True
-from interrupts import handles_interrupts  # noqa: E402
+import program
+from program import cli, interrupted, scratch
 
-cli, make_volume, schema_file, guides = sys.argv[1:5]
+make_volume, schema_file, guides = sys.argv[2:5]
 schema = json.loads(pathlib.Path(schema_file).read_text())
 jsonschema.Draft202012Validator.check_schema(schema)
 
@@ -60,9 +58,11 @@ def check(text, ends=True):
 
 
 def run(*arguments, code=0, ends=True):
-    done = subprocess.run([cli, *map(os.fsencode, map(str, arguments))], capture_output=True, stdin=subprocess.DEVNULL)
-    assert done.returncode == code, (arguments, done.returncode, done.stderr)
-    return check(done.stdout.decode("utf-8"), ends)
+    return check(program.run(*arguments, code=code).stdout, ends)
+
+
+def document_of(*arguments):
+    return json.loads(program.run(*arguments).stdout)
 
 
 def rows(lines, kind):
@@ -71,8 +71,7 @@ def rows(lines, kind):
 
 def scans(work, demo, on):
     lines = run("scan", *on, "--format", "jsonl", code=1)
-    document = json.loads(subprocess.run([cli, "report", "export", "latest", "--volume", demo],
-                                         capture_output=True, check=True).stdout)
+    document = document_of("report", "export", "latest", "--volume", demo)
     same = {"infections": "family", "isWeak": "weak"}
     for row, line in zip(document["report"]["spyWareList"], rows(lines, "finding"), strict=True):
         for key in ("infections", "isWeak", "path", "url", "size", "evidence", "rule", "presence"):
@@ -84,7 +83,7 @@ def scans(work, demo, on):
 
     run("scan", *on, "--deep", "--facts", "--format", "jsonl", code=1)
     image = work / "mac.body"
-    image.write_bytes(subprocess.run([cli, "listing", "--volume", demo], capture_output=True, check=True).stdout)
+    image.write_text(program.run("listing", "--volume", demo, code=0).stdout)
     listed = run("scan", "--listing", image, "--no-store", "--hash", "--format", "jsonl", code=1)
     assert listed[0]["subject"]["sha256"] == hashlib.sha256(image.read_bytes()).hexdigest()
     assert {line["presence"] for line in rows(listed, "finding")} <= {"there", "unknown"}
@@ -92,15 +91,8 @@ def scans(work, demo, on):
     several = run("scan", demo, image, "--no-store", "--format", "jsonl", code=1, ends=False)
     assert [line["code"] for line in rows(several, "disk")] == [1, 1] and several[-1]["type"] == "disks"
 
-    stopped = subprocess.Popen([cli, "scan", *on, "--paced", "--format", "jsonl"], stdout=subprocess.PIPE,
-                               stderr=subprocess.DEVNULL)
-    while not handles_interrupts(stopped):
-        time.sleep(0.01)
-    time.sleep(0.5)
-    stopped.send_signal(signal.SIGINT)
-    lines = check(stopped.communicate()[0].decode())
-    assert stopped.returncode == 130 and lines[-1]["coverage"]["ended"] == "stopped"
-    return lines
+    stopped = interrupted(0.5, "scan", *on, "--paced", "--format", "jsonl")
+    assert stopped.returncode == 130 and check(stopped.stdout)[-1]["coverage"]["ended"] == "stopped"
 
 
 def findings_are_told_whole(demo, on):
@@ -127,8 +119,7 @@ def findings_are_told_whole(demo, on):
 def exports(work, demo, on):
     """What was said of a disk stands in every form; a bundle is whole, and never written over."""
     said = ["Bench <4>", "2026-17", "A. Lee"]
-    done = subprocess.run([cli, "scan", *on, "--label", said[0], "--case", said[1], "--examiner", said[2]],
-                          capture_output=True, text=True)
+    done = program.run("scan", *on, "--label", said[0], "--case", said[1], "--examiner", said[2])
     assert all(text in done.stdout for text in said), done.stdout
     bundle = work / "bundle"
     command = [cli, "report", "export", "latest", "--volume", demo, "--bundle", bundle]
@@ -140,10 +131,8 @@ def exports(work, demo, on):
     (bundle / "report.pdf").rename(work / "report.pdf")
     paper = subprocess.run(["pdftotext", "-layout", work / "report.pdf", "-"], capture_output=True, text=True).stdout
     faces = {path.name: html.unescape(path.read_text()) for path in bundle.iterdir() if path.name != "SHA256SUMS"}
-    listed = subprocess.run([cli, "report", "list"], capture_output=True, text=True).stdout
-    assert said[0] in listed, listed
-    faces |= {"paper": paper, "shown": subprocess.run([cli, "report", "show", "latest", "--volume", demo],
-                                                      capture_output=True, text=True).stdout}
+    assert said[0] in program.run("report", "list").stdout
+    faces |= {"paper": paper, "shown": program.run("report", "show", "latest", "--volume", demo).stdout}
     for name, face in faces.items():
         assert all(text in face for text in said), (name, face[-2000:])
     check(faces["report.jsonl"])
@@ -161,7 +150,7 @@ def exports(work, demo, on):
 
 
 def removals(on):
-    subprocess.run([cli, "scan", *on], capture_output=True)
+    program.run("scan", *on)
     planned = run("remove", "latest", "--all", "--dry-run", *on, "--format", "jsonl")
     assert planned[0]["dryRun"] and rows(planned, "planned") and not rows(planned, "outcome")
     assert planned[-1]["removed"] == 0 and planned[-1]["left"] > 0
@@ -170,8 +159,8 @@ def removals(on):
     assert done[-1]["removed"] == 2 and done[-1]["left"] == planned[-1]["left"] - 2
     again = run("remove", "latest", "--item", "1", "--yes", *on, "--format", "jsonl")
     assert again[-1]["gone"] == 1
-    refused = subprocess.run([cli, "remove", "latest", "--item", "99", *on, "--format", "jsonl"], capture_output=True)
-    assert refused.returncode == 2 and refused.stdout == b"", "an error must leave no half of an answer"
+    refused = program.run("remove", "latest", "--item", "99", *on, "--format", "jsonl", code=2)
+    assert refused.stdout == "", "an error must leave no half of an answer"
 
 
 def lists(work, demo, on):
@@ -180,8 +169,7 @@ def lists(work, demo, on):
         caches.mkdir(parents=True, exist_ok=True)
         (caches / "a").write_text("b")
     everything = run("inventory", "--volume", demo, "--format", "jsonl", code=0)
-    document = json.loads(subprocess.run([cli, "inventory", "--volume", demo, "--format", "json"],
-                                         capture_output=True).stdout)
+    document = document_of("inventory", "--volume", demo, "--format", "json")
     for key in ("permissions", "startUp", "remoteAccess"):
         assert len([line for line in rows(everything, "fact") if line["list"] == key]) == len(document[key]) > 0
     users = document["users"] + [document["shared"]]
@@ -199,8 +187,7 @@ def one_liners(work, demo, on):
     assert len(commands) >= 12, commands
     for name, command in (("scan", ["scan", "--deep", *on]), ("inventory", ["inventory", "--volume", str(demo)]),
                           ("month", ["scan", "--jobs", "2", str(demo), str(work)])):
-        done = subprocess.run([cli, *command, "--format", "jsonl"], capture_output=True)
-        (work / f"{name}.jsonl").write_bytes(done.stdout)
+        (work / f"{name}.jsonl").write_text(program.run(*command, "--format", "jsonl").stdout)
     found = [line["path"] for line in map(json.loads, (work / "scan.jsonl").open()) if line["type"] == "finding"]
     (work / "osquery-results.log").write_text("".join(json.dumps({"columns": {"path": path}}) + "\n" for path in found))
     (work / "collection").mkdir()
@@ -212,30 +199,21 @@ def one_liners(work, demo, on):
         judged = "pryvane-cli" in command
         assert done.returncode == judged and done.stdout.strip(), (command, done.returncode, done.stderr)
         assert not judged or str(len(found)) in done.stdout, (command, done.stdout)
-    return len(commands)
 
 
-def main():
-    with tempfile.TemporaryDirectory(prefix="pryvane-lines-") as name:
-        work = pathlib.Path(name)
-        os.environ["PRYVANE_DATA_DIR"] = str(work / "data")
-        demo = work / "demo"
-        subprocess.run([make_volume, demo], check=True, stdout=subprocess.DEVNULL)
-        on = ["--volume", str(demo), "--user", "alice"]
-        scans(work, demo, on)
-        findings_are_told_whole(demo, on)
-        exports(work, demo, on)
-        liners = one_liners(work, demo, on)
-        removals(on)
-        lists(work, demo, on)
-    missing = set(kinds) - set(seen)
-    assert not missing, f"never written: {missing}"
-    for kind, lines in seen.items():  # the schema can say no
-        for key in schema["$defs"][kind].get("required", []):
-            spoilt = copy.deepcopy(lines[0])
-            del spoilt[key]
-            assert not strict[kind].is_valid(spoilt), (kind, key)
-    print(f"{sum(map(len, seen.values()))} lines of {len(kinds)} kinds, {liners} one-liners")
-
-
-main()
+with scratch(make_volume) as work:
+    demo = work / "demo"
+    on = ["--volume", str(demo), "--user", "alice"]
+    scans(work, demo, on)
+    findings_are_told_whole(demo, on)
+    exports(work, demo, on)
+    one_liners(work, demo, on)
+    removals(on)
+    lists(work, demo, on)
+assert seen.keys() == set(kinds), f"never written: {set(kinds) - seen.keys()}"
+for kind, lines in seen.items():  # the schema can say no
+    for key in schema["$defs"][kind].get("required", []):
+        spoilt = copy.deepcopy(lines[0])
+        del spoilt[key]
+        assert not strict[kind].is_valid(spoilt), (kind, key)
+print(f"{sum(map(len, seen.values()))} lines of {len(kinds)} kinds")

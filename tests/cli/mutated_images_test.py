@@ -14,15 +14,11 @@ import os
 import pathlib
 import random
 import subprocess
-import sys
-import tempfile
 import time
 
-sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from images import hfs_image  # noqa: E402
-from apfs_container import BLOCK, FILE, FOLDER, ROOT, checksum, with_tree  # noqa: E402
+from apfs_container import BLOCK, FILE, FOLDER, ROOT, checksum, with_tree
+from program import expect, hfs_image, run, scratch
 
-program = sys.argv[1]
 wanted = int(os.environ.get("PRYVANE_TEST_MUTATIONS", "2000"))
 FINDINGS = ["Users/alice/Library/mdsa1331", "Library/LaunchAgents/com.refog.agent.plist", "private/tmp/.mdworker",
             "Users/alice/Documents/Aobo Keylogger Pro.pdf"]
@@ -72,45 +68,34 @@ def mutated(image, dice, used):
 
 
 def scanned(folder, name, image, used, number):
+    """What the scan of that copy came to, and how long it took."""
     path = folder / f"{name}-{number}.img"
     path.write_bytes(mutated(image, random.Random(number), used))
     began = time.monotonic()
     try:
-        done = subprocess.run([program, "scan", "--deep", "--no-store", "--image", str(path)], capture_output=True,
-                              timeout=60)
+        done = run("scan", "--deep", "--no-store", "--image", path, timeout=30)
     except subprocess.TimeoutExpired:
-        return number, "hangs", 60.0, b""
-    took = time.monotonic() - began
-    words = done.stdout + done.stderr
+        return "FAILED: hangs", number, 30.0
     path.unlink()
-    if done.returncode not in (1, 2, 3):
-        return number, f"ends with {done.returncode}", took, words
-    if done.returncode == 2 and (done.stdout or not done.stderr.strip()):
-        return number, "says nothing", took, words
-    return number, {1: "findings", 2: "refused", 3: "incomplete"}[done.returncode], took, words
+    outcome = {1: "findings", 2: "refused", 3: "incomplete"}.get(done.returncode, f"FAILED: {done}")
+    if outcome == "refused" and (done.stdout or not done.stderr.strip()):
+        outcome = f"FAILED: says nothing: {done}"
+    return outcome, number, time.monotonic() - began
 
 
 def main(folder):
-    failed = 0
     for name, image in (("hfs", hfs(folder)), ("apfs", apfs())):
         if image is None:
             print(f"{name}: no sample, left out")
             continue
         used = [i for i in range(len(image) // BLOCK) if any(image[i * BLOCK:(i + 1) * BLOCK])]
-        counts, slowest = collections.Counter(), 0.0
         with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-            runs = [pool.submit(scanned, folder, name, image, used, number) for number in range(wanted)]
-            for run in concurrent.futures.as_completed(runs):
-                number, outcome, took, words = run.result()
-                counts[outcome] += 1
-                slowest = max(slowest, took)
-                if outcome not in ("findings", "refused", "incomplete") or took > 30:
-                    failed += 1
-                    print(f"FAILED: {name} {number} {outcome} after {took:.1f} s: {words[:600]!r}")
-        told = ", ".join(f"{count} {outcome}" for outcome, count in sorted(counts.items()))
-        print(f"{name}: {wanted} copies: {told}; the slowest took {slowest:.2f} s")
-    return failed
+            outcomes = list(pool.map(lambda number: scanned(folder, name, image, used, number), range(wanted)))
+        print(f"{name}: {wanted} copies: {dict(collections.Counter(outcome for outcome, *_ in outcomes))}; "
+              f"the slowest took {max(took for *_, took in outcomes):.2f} s")
+        expect(not any(outcome.startswith("FAILED") for outcome, *_ in outcomes),
+               *(row for row in outcomes if row[0].startswith("FAILED")))
 
 
-with tempfile.TemporaryDirectory() as place:
-    sys.exit(1 if main(pathlib.Path(place)) else 0)
+with scratch() as place:
+    main(place)

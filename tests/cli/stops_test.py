@@ -7,132 +7,89 @@ once what the first one cannot.
 """
 import json
 import os
-import pathlib
 import signal
 import subprocess
-import sys
-import tempfile
 import time
 
-sys.dont_write_bytecode = True
-from interrupts import handles_interrupts  # noqa: E402
+from program import cli, interrupted, run, scratch
 
 STOPS = int(os.environ.get("PRYVANE_TEST_STOPS", "12"))
-FILES = 60_000
-FOLDERS = FILES // 2000
+FOLDERS, FILES = 30, 2000
 FINDINGS = ("tmp/.mdworker", "Users/alice/Library/LaunchAgents/com.refog.agent.plist",
             *(f"Users/alice/Documents/{number}/Koobface" for number in range(FOLDERS)))
 
 
-def made(folder, findings):
+def made(volume, findings):
     """A disk with so many files that a scan takes a while; hard links are quickly made."""
-    for name in findings:
-        (folder / name).parent.mkdir(parents=True, exist_ok=True)
-        (folder / name).write_text("x")
-    documents = folder / "Users/alice/Documents"
-    for part in range(FOLDERS):
-        (documents / str(part)).mkdir(parents=True, exist_ok=True)
-        first = documents / str(part) / "0"
-        first.write_text("x")
-        for number in range(1, 2000):
-            os.link(first, documents / str(part) / str(number))
-    return folder
+    for name in (*findings, *(f"Users/alice/Documents/{part}/0" for part in range(FOLDERS))):
+        (volume / name).parent.mkdir(parents=True, exist_ok=True)
+        (volume / name).write_text("x")
+    for first in volume.glob("Users/alice/Documents/*/0"):
+        for number in range(1, FILES):
+            os.link(first, first.with_name(str(number)))
 
 
 def paths(document):
     return sorted(row["path"] for row in document["report"]["spyWareList"])
 
 
-class Runs:
-    def __init__(self, program, volume):
-        self.program, self.volume = program, volume
-        self.told = {}
-
-    def run(self, *arguments):
-        return subprocess.run([self.program, *arguments, "--volume", self.volume], capture_output=True, text=True)
-
-    def stopped(self, after, *arguments):
-        """What a scan that is stopped after so many seconds prints, and its exit code."""
-        with subprocess.Popen([self.program, "scan", "--deep", "--user", "alice", "--volume", self.volume, *arguments],
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as process:
-            while not handles_interrupts(process):
-                time.sleep(0.001)
-            time.sleep(after)
-            process.send_signal(signal.SIGINT)
-            out, err = process.communicate(timeout=60)
-        return process.returncode, out, err
-
-    def check(self, after, kept, form):
-        arguments = ["--format", form] + ([] if kept else ["--no-store"])
-        code, out, err = self.stopped(after, *arguments)
-        if code in (0, 1):  # the stop came when all was done
-            if kept:
-                self.run("report", "delete", "latest", "--yes")
-            return False
-        assert code == 130, (code, err)
-        if form == "json":
-            shown = json.loads(out)
-            found = paths(shown)
-            assert shown["verdict"] == ("found" if found else "stopped"), shown["verdict"]
-            assert shown["coverage"]["ended"] == "stopped", shown["coverage"]["ended"]
-        else:
-            found = sorted(line.split()[-1] for line in out.splitlines() if "High Risk" in line)
-            assert out.startswith("Found: " if found else "Stopped at "), out
-            assert "stopped at" in out.lower()
-            assert "Clean" not in out
-        assert set(found) <= {"/" + name for name in FINDINGS}, found
+def stopped(volume, after, kept, form):
+    """Whether the scan was stopped before all was done; then it must have said so everywhere."""
+    done = interrupted(after, "scan", "--deep", "--user", "alice", "--volume", volume, "--format", form,
+                       *([] if kept else ["--no-store"]))
+    if done.returncode in (0, 1):
         if kept:
-            stored = json.loads(self.run("report", "export", "latest").stdout)
-            assert paths(stored) == found, "what is stored is what was printed"
-            assert stored["verdict"] in ("found", "stopped")
-            first = self.run("report", "list").stdout.splitlines()[0]
-            assert first.endswith("Stopped") and " clean " not in first, first
-            assert "Clean" not in self.run("report", "show", "latest").stdout
-        self.told[(kept, form)] = self.told.get((kept, form), 0) + 1
-        return True
+            run("report", "delete", "latest", "--yes", "--volume", volume)
+        return False
+    assert done.returncode == 130, done
+    if form == "json":
+        shown = json.loads(done.stdout)
+        found = paths(shown)
+        assert shown["verdict"] == ("found" if found else "stopped"), shown["verdict"]
+        assert shown["coverage"]["ended"] == "stopped", shown["coverage"]["ended"]
+    else:
+        found = sorted(line.split()[-1] for line in done.stdout.splitlines() if "High Risk" in line)
+        assert done.stdout.startswith("Found: " if found else "Stopped at "), done
+        assert "stopped at" in done.stdout.lower() and "Clean" not in done.stdout, done
+    assert set(found) <= {"/" + name for name in FINDINGS}, found
+    if kept:
+        stored = json.loads(run("report", "export", "latest", "--volume", volume).stdout)
+        assert paths(stored) == found, "what is stored is what was printed"
+        assert stored["verdict"] in ("found", "stopped")
+        first = run("report", "list", "--volume", volume).stdout.splitlines()[0]
+        assert first.endswith("Stopped") and " clean " not in first, first
+        assert "Clean" not in run("report", "show", "latest", "--volume", volume).stdout
+    return True
 
 
-def stops(program, folder, findings):
-    runs = Runs(program, str(made(folder, findings)))
+def stops(volume, findings):
+    made(volume, findings)
     started = time.monotonic()
-    whole = runs.run("scan", "--deep", "--no-store", "--user", "alice")
-    assert whole.returncode == (1 if findings else 0), whole
+    run("scan", "--deep", "--no-store", "--user", "alice", "--volume", volume, code=1 if findings else 0)
     lasts = time.monotonic() - started
     for kept in (True, False):
         for form in ("text", "json"):
             for number in range(STOPS):
-                # One that comes too late is tried again, earlier.
                 after = 0.03 + lasts * number / STOPS
-                while not runs.check(after, kept, form):
-                    after *= 0.7
-    assert runs.told == {(kept, form): STOPS for kept in (True, False) for form in ("text", "json")}, runs.told
-    assert " clean " not in runs.run("report", "list").stdout
-    print(f"{len(findings)} to be found: {sum(runs.told.values())} stops within {lasts:.2f} s")
+                while not stopped(volume, after, kept, form):
+                    after *= 0.7  # it came too late and is tried again, earlier
+    print(f"{len(findings)} to be found: {4 * STOPS} stops within {lasts:.2f} s")
 
 
-def second_stop(program):
+def second_stop():
     """Nobody reads what is printed, so an orderly end does not come."""
     read, write = os.pipe()
-    process = subprocess.Popen([program, "catalog", "--format", "json"], stdout=write)
-    os.close(write)
-    time.sleep(0.5)
-    process.send_signal(signal.SIGINT)
-    time.sleep(0.5)
-    assert process.poll() is None, "the pipe is full, and the first stop only asks"
-    started = time.monotonic()
-    process.send_signal(signal.SIGINT)
-    assert process.wait(10) == 130
-    print(f"the second stop: {1000 * (time.monotonic() - started):.0f} ms")
+    process = subprocess.Popen([cli, "catalog", "--format", "json"], stdout=write)
+    for ended in (None, 130):
+        time.sleep(0.5)
+        assert process.poll() is None, "the pipe is full, and the first stop only asks"
+        process.send_signal(signal.SIGINT)
+    assert process.wait(10) == ended
     os.close(read)
+    os.close(write)
 
 
-def main(program):
-    second_stop(program)
-    for findings in (FINDINGS, ()):
-        with tempfile.TemporaryDirectory(prefix="pryvane-stops-") as work:
-            os.environ["PRYVANE_DATA_DIR"] = work + "/data"
-            stops(program, pathlib.Path(work) / "volume", findings)
-
-
-if __name__ == "__main__":
-    main(str(pathlib.Path(sys.argv[1]).resolve()))
+second_stop()
+for looked_for in (FINDINGS, ()):
+    with scratch() as work:
+        stops(work / "volume", looked_for)
