@@ -11,6 +11,7 @@ namespace pryvane::test {
 
 namespace {
 
+using namespace std::string_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -20,10 +21,10 @@ const std::string kHome = "/Users/" + std::string(kUser);
 class SignaturesTest : public ::testing::Test {
 protected:
     TemporaryFolder volume;
-    const std::unique_ptr<FileSystem> ownedDisk = opened(volume);
+    const std::unique_ptr<FileSystem> ownedDisk = volumeAt(volume, NameMatching::Exact);
     FileSystem& disk = *ownedDisk;
 
-    [[nodiscard]] std::vector<Finding> findings()
+    [[nodiscard]] std::set<Finding> findings()
     {
         SignatureScan scan(disk);
         scan.run();
@@ -96,68 +97,57 @@ TEST_F(SignaturesTest, NearMissesGiveNothing)
          })
         volume.plant(path);
     volume.file("/usr/local/machook"); // must be a folder
-    EXPECT_THAT(findings(), IsEmpty());
-}
-
-TEST_F(SignaturesTest, KnownGoodFilesAreLeftOutOfTheDefaultLocationsOnly)
-{
-    volume.plant("/System/Library/LaunchDaemons/com.apple.periodic-daily.plist");
-    volume.plant("/System/Library/LaunchDaemons/com.apple.periodic.other.plist");
-    EXPECT_THAT(findings(),
-                ElementsAre(Finding{"/System/Library/LaunchDaemons/com.apple.periodic.other.plist",
-                                    "OSX/WireLurker"}));
+    const std::string other = "/System/Library/LaunchDaemons/com.apple.periodic.other.plist";
+    volume.plant(other); // beside one that is known to be good
+    EXPECT_THAT(findings(), ElementsAre(Finding{other, "OSX/WireLurker"}));
 }
 
 TEST_F(SignaturesTest, ChecksHandOverDoublesAndKeepTheirOrder)
 {
-    volume.plant(kHome + "/Library/.A_o_b_o/");
-    volume.plant("/Library/LaunchAgents/com.aobo.agent.plist");
-    volume.plant("/Library/Caches/.aobo.cache");
+    const struct {
+        const char* method;
+        std::vector<std::string> planted, told;
+    } rows[] = {
+        // The user's own application before the common one.
+        {"OtherSpyWareSearch",
+         {"/Applications/PKL.app/", kHome + "/Applications/PKL.app/",
+          "/Library/LaunchDaemons/logKext.plist"},
+         {"Library/LaunchDaemons/logKext.plist", kHome + "/Applications/PKL.app",
+          "/Applications/PKL.app"}},
+        // Names first: with the dot behind, then with the dot before (where both have one, both).
+        {"AoboKeyloggerPro",
+         {kHome + "/Library/.A_o_b_o/", "/Library/LaunchAgents/com.aobo.agent.plist",
+          "/Library/Caches/.aobo.cache"},
+         {"/Library/LaunchAgents/com.aobo.agent.plist", "/Library/Caches/.aobo.cache",
+          "/Library/LaunchAgents/com.aobo.agent.plist", "/Library/Caches/.aobo.cache",
+          kHome + "/Library/.A_o_b_o/", kHome + "/Library/.A_o_b_o/"}},
+    };
     SignatureScan scan(disk);
-    scan.run("AoboKeyloggerPro");
-    // Names first: with the dot behind, then with the dot before (where both have one, both).
-    EXPECT_THAT(
-        scan.sink.paths(),
-        ElementsAre("/Library/LaunchAgents/com.aobo.agent.plist", "/Library/Caches/.aobo.cache",
-                    "/Library/LaunchAgents/com.aobo.agent.plist", "/Library/Caches/.aobo.cache",
-                    kHome + "/Library/.A_o_b_o/", kHome + "/Library/.A_o_b_o/"));
+    for (const auto& row : rows) {
+        for (const std::string& path : row.planted)
+            volume.plant(path);
+        scan.sink.calls.clear();
+        scan.run(row.method);
+        EXPECT_EQ(scan.sink.paths(), row.told);
+    }
+    scan.sink.calls.clear();
+    volume.file(kHome + "/Library/Skype/SkypeHelper", std::string(9000, 'x'));
+    scan.run("checkForBackDoor");
+    ASSERT_THAT(scan.sink.calls, SizeIs(14));
+    for (const RecordingSink::Call& call : scan.sink.calls)
+        EXPECT_EQ(call.size, 0) << "a backdoor has no size";
 }
 
 TEST_F(SignaturesTest, LibraryScopeTriesThreeRootsInOrder)
 {
     SignatureScan scan(disk);
-    EXPECT_THAT(scan.runner.checkUrlInALLScope("LaunchAgents/x.plist"), IsEmpty());
-    volume.plant(kHome + "/Library/LaunchAgents/x.plist");
-    volume.plant("/Library/LaunchAgents/x.plist");
-    EXPECT_THAT(
-        scan.runner.checkUrlInALLScope("LaunchAgents/x.plist"),
-        ElementsAre("Library/LaunchAgents/x.plist", kHome + "/Library/LaunchAgents/x.plist"));
-    volume.plant("/System/Library/LaunchAgents/x.plist");
-    EXPECT_THAT(scan.runner.checkUrlInALLScope("LaunchAgents/x.plist"),
-                ElementsAre("Library/LaunchAgents/x.plist", "/System/Library/LaunchAgents/x.plist",
-                            kHome + "/Library/LaunchAgents/x.plist"));
-}
-
-TEST_F(SignaturesTest, TheUsersOwnApplicationComesBeforeTheCommonOne)
-{
-    volume.plant("/Applications/PKL.app/");
-    volume.plant(kHome + "/Applications/PKL.app/");
-    volume.plant("/Library/LaunchDaemons/logKext.plist");
-    SignatureScan scan(disk);
-    scan.run("OtherSpyWareSearch");
-    EXPECT_THAT(scan.sink.paths(),
-                ElementsAre("Library/LaunchDaemons/logKext.plist", kHome + "/Applications/PKL.app",
-                            "/Applications/PKL.app"));
-}
-
-TEST_F(SignaturesTest, BackdoorFindingsHaveNoSize)
-{
-    volume.file(kHome + "/Library/Skype/SkypeHelper", std::string(9000, 'x'));
-    SignatureScan scan(disk);
-    scan.run("checkForBackDoor");
-    ASSERT_THAT(scan.sink.calls, SizeIs(14));
-    for (const RecordingSink::Call& call : scan.sink.calls)
-        EXPECT_EQ(call.size, 0);
+    const std::string name = "LaunchAgents/x.plist";
+    std::vector<std::string> expected;
+    for (const std::string& root : {"Library/"s, "/System/Library/"s, kHome + "/Library/"}) {
+        volume.plant("/" + root + name);
+        expected.push_back(root + name);
+        EXPECT_EQ(scan.runner.checkUrlInALLScope(name), expected);
+    }
 }
 
 TEST_F(SignaturesTest, RemoteDesktopIsWatchedUntilTheUserIgnoresIt)
@@ -167,13 +157,11 @@ TEST_F(SignaturesTest, RemoteDesktopIsWatchedUntilTheUserIgnoresIt)
     EXPECT_EQ(scan.defaults.objectForKey("ARD"), PreferenceValue(true));
     EXPECT_THAT(scan.sink.calls, IsEmpty());
 
-    volume.plant(kHome + "/Library/Containers/com.apple.RemoteDesktop/");
+    const std::string container = kHome + "/Library/Containers/com.apple.RemoteDesktop";
+    volume.folder(container);
     scan.run("checkForARD");
-    ASSERT_THAT(scan.sink.calls, SizeIs(1));
+    EXPECT_THAT(scan.sink.paths(), ElementsAre(container)) << "the one that is there";
     EXPECT_TRUE(scan.sink.calls[0].appended);
-    EXPECT_EQ(scan.sink.calls[0].url.relativePath(),
-              kHome + "/Library/Containers/com.apple.RemoteDesktop")
-        << "the one that is there";
 
     ASSERT_TRUE(scan.defaults.set(preferences::kARD, false).ok());
     scan.run("checkForARD");
@@ -183,15 +171,14 @@ TEST_F(SignaturesTest, RemoteDesktopIsWatchedUntilTheUserIgnoresIt)
 
 TEST_F(SignaturesTest, NameSearchesReadTheSnapshot)
 {
-    volume.plant("/Library/Caches/com.okaz.x");
     SignatureScan scan(disk);
-    scan.runner.prepareForScan();
-    volume.plant("/Library/Caches/com.okaz.y");
-    EXPECT_THAT(scan.runner.defaultCheckingArray(), ElementsAre("/Library/Caches/com.okaz.x"));
-    EXPECT_THAT(scan.runner.checkForSpywareNameFileInDefaultLocation("okaz"),
-                ElementsAre("/Library/Caches/com.okaz.x", "/Library/Caches/com.okaz.x"));
-    scan.runner.prepareForScan();
-    EXPECT_THAT(scan.runner.defaultCheckingArray(), SizeIs(2));
+    for (const std::size_t there : {0U, 1U, 2U}) {
+        scan.runner.prepareForScan();
+        volume.plant("/Library/Caches/com.okaz." + std::to_string(there));
+        EXPECT_THAT(scan.runner.defaultCheckingArray(), SizeIs(there));
+        EXPECT_THAT(scan.runner.checkForSpywareNameFileInDefaultLocation("okaz"),
+                    SizeIs(2 * there)); // a dot touches it on both sides
+    }
 }
 
 TEST_F(SignaturesTest, CoverageCountsWhatWasTestedAndNamesWhatCouldNotBe)
