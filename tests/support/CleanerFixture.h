@@ -56,6 +56,13 @@ protected:
         return groups;
     }
 
+    /// Profiles as Chrome lists them, each "folder":{"name":"shown"}.
+    void chromeProfiles(const std::string& profiles,
+                        const std::string& folder = kChromeFolder) const
+    {
+        volume.file(folder + "/Local State", R"({"profile":{"info_cache":{)" + profiles + "}}}");
+    }
+
     /// What would be cleared of the items that are ticked.
     CleaningPreview previewOf(std::span<const ToolGroup> groups,
                               const std::vector<std::string>& running = {})

@@ -197,16 +197,14 @@ TEST(LaunchJobs, SayWhatRunsWhenAndAsWhom)
 
 TEST(LaunchJobs, SwitchedJobsInBothForms)
 {
-    using Jobs = std::vector<std::pair<std::string, bool>>;
-    const Jobs expected = {{"com.openssh.sshd", false}, {"com.a", true}};
+    const auto off = [](bool is) { return dict({{"Disabled", is}}); };
     for (const std::string& file :
          {dict({{"com.openssh.sshd", false}, {"com.a", true}, {"com.b", "?"}}).binary(),
-          dict({{"com.openssh.sshd", dict({{"Disabled", false}})},
-                {"com.a", dict({{"Disabled", true}})}})
-              .xml()}) {
+          dict({{"com.openssh.sshd", off(false)}, {"com.a", off(true)}}).xml()}) {
         const auto jobs = readDisabledJobs(file);
         ASSERT_TRUE(jobs);
-        EXPECT_EQ(*jobs, expected);
+        EXPECT_THAT(*jobs,
+                    ElementsAre(std::pair{"com.openssh.sshd"s, false}, std::pair{"com.a"s, true}));
     }
     EXPECT_FALSE(readDisabledJobs(list({}).xml()));
 }
@@ -231,19 +229,16 @@ TEST(BackgroundItems, KnownVersionsAreRead)
     EXPECT_THAT(rowsOf(readBackgroundItems(
                     archive.finished({{"version", 18}, {"userStore", store}}).binary())),
                 ElementsAre("L:  [at login]"));
-}
 
-TEST(BackgroundItems, ContainersOfOlderSystems)
-{
-    Archive archive;
-    const Plist mark = archive.add(Plist::data(bookmark({"Applications", "Some App.app"})));
+    // Containers of older systems.
+    Archive older;
+    const Plist mark = older.add(Plist::data(bookmark({"Applications", "Some App.app"})));
     const Plist item =
-        archive.add(dict({{"bookmark", archive.add(dict({{"data", mark}}))}, {"hidden", true}}));
-    const Plist container = archive.add(dict({{"internalItems", archive.addList({item})}}));
-    const Plist items = archive.add(dict({{"allContainers", archive.addList({container})}}));
-    const Plist root =
-        archive.addDictionary({{"version", archive.add(2)}, {"backgroundItems", items}});
-    EXPECT_THAT(rowsOf(readBackgroundItems(archive.finished({{"root", root}}).binary())),
+        older.add(dict({{"bookmark", older.add(dict({{"data", mark}}))}, {"hidden", true}}));
+    const Plist container = older.add(dict({{"internalItems", older.addList({item})}}));
+    const Plist items = older.add(dict({{"allContainers", older.addList({container})}}));
+    const Plist root = older.addDictionary({{"version", older.add(2)}, {"backgroundItems", items}});
+    EXPECT_THAT(rowsOf(readBackgroundItems(older.finished({{"root", root}}).binary())),
                 ElementsAre("Some App.app: /Applications/Some App.app [at login] hidden"));
 }
 
