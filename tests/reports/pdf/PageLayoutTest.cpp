@@ -140,19 +140,13 @@ TEST(PageLayout, PutsEveryPartAtItsPlace)
 
 TEST(PageLayout, BreaksPagesWhereARowWouldReachTheMargin)
 {
-    const std::string one(22, 'x'),
-        two(44, 'x'); // rows of 31 and 46 points below the header at 609
-    const auto rows = [&](int ones, int twos) {
-        std::vector<TableRow> all(static_cast<std::size_t>(twos), rowOf(two));
-        all.insert(all.end(), static_cast<std::size_t>(ones), rowOf(one));
-        return all;
-    };
-    struct Case {
+    // Rows of 31 and 46 points below the header at 609.
+    const TableRow one = rowOf(std::string(22, 'x')), two = rowOf(std::string(44, 'x'));
+    const struct {
         const char* what;
-        int ones, twos;
+        std::size_t ones, twos;
         std::vector<Rect> frames;
-    };
-    const std::vector<Case> cases = {
+    } cases[] = {
         {"full to within ten points of the margin", 19, 0, {{40, 20, 523, 620}}},
         {"one over", 20, 0, {{40, 20, 523, 620}, {40, 771, 523, 31}}},
         {"would end exactly at the margin", 3, 11, {{40, 41, 523, 599}, {40, 771, 523, 31}}},
@@ -162,9 +156,11 @@ TEST(PageLayout, BreaksPagesWhereARowWouldReachTheMargin)
          0,
          {{40, 20, 523, 620}, {40, 27, 523, 775}, {40, 771, 523, 31}}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        const auto pages = pagesOf(rows(c.ones, c.twos));
+        std::vector<TableRow> rows(c.twos, two);
+        rows.insert(rows.end(), c.ones, one);
+        const auto pages = pagesOf(rows);
         ASSERT_EQ(pages.size(), c.frames.size());
         for (std::size_t i = 0; i < pages.size(); ++i) {
             EXPECT_EQ(frameOf(pages[i]), c.frames[i]);
@@ -173,20 +169,14 @@ TEST(PageLayout, BreaksPagesWhereARowWouldReachTheMargin)
     }
 }
 
-TEST(PageLayout, MakesARowAsTallAsItsWrappedPath)
+TEST(PageLayout, ARowIsAsTallAsItsPathAlsoWhereAnArticleStandsInItsPlace)
 {
-    const auto pages = pagesOf({rowOf(std::string(100, 'x')), rowOf("/after")});
-    EXPECT_EQ(frameOf(pages.at(0)), (Rect{40, 609 - 91 - 31, 523, 31 + 91 + 31}));
-}
-
-TEST(PageLayout, ShowsTheArticleForRemoteDesktopInARowOfThePathsHeight)
-{
-    TableRow row = rowOf(std::string(100, 'x'));
-    row.infection = catalogue::kRemoteDesktop;
-    const auto pages = pagesOf({row});
+    TableRow article = rowOf(std::string(100, 'x'));
+    article.infection = catalogue::kRemoteDesktop;
+    const auto pages = pagesOf({article, rowOf("/after")});
     EXPECT_THAT(pathsOn(pages.at(0)),
-                testing::ElementsAre(std::string(catalogue::kRemoteDesktopArticle)));
-    EXPECT_EQ(frameOf(pages[0]), (Rect{40, 518, 523, 122}));
+                testing::ElementsAre(catalogue::kRemoteDesktopArticle, "/after"));
+    EXPECT_EQ(frameOf(pages[0]), (Rect{40, 609 - 91 - 31, 523, 31 + 91 + 31}));
 }
 
 TEST(PageLayout, ContinuesARowThatIsTallerThanAnyPage)

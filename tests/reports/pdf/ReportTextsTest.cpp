@@ -10,18 +10,6 @@
 
 namespace pryvane::test {
 
-namespace {
-
-std::vector<std::string> statuses(const pdf::ReportTexts& texts)
-{
-    std::vector<std::string> all;
-    for (const auto& row : texts.rows)
-        all.push_back(row.status);
-    return all;
-}
-
-} // namespace
-
 TEST(ReportTexts, StatusFollowsTheDiskAtTheMomentOfPrinting)
 {
     CountingDisk disk;
@@ -32,7 +20,12 @@ TEST(ReportTexts, StatusFollowsTheDiskAtTheMomentOfPrinting)
     const auto report = reportOf({"/there", "/gone", "/there", "/refused/x", ""});
     for (const auto& record : *report->spyWareList)
         record->isDeleted = true; // what the record says of its removal does not count
-    const auto printed = [&] { return statuses(pdf::reportTexts(*report, {}, dim, machine)); };
+    const auto printed = [&] {
+        std::vector<std::string> all;
+        for (const auto& row : pdf::reportTexts(*report, {}, dim, machine).rows)
+            all.push_back(row.status);
+        return all;
+    };
     EXPECT_THAT(printed(), testing::ElementsAre("Not Quarantined", "Quarantined", "Not Quarantined",
                                                 "Not Checked", "Not Checked"));
     EXPECT_EQ(disk.asked["/there"], 1);
@@ -57,18 +50,16 @@ TEST(ReportTexts, FactsAboutMachineAndScan)
     const auto report = reportOf({"/a", "/b"});
     report->subject.source.kind = DiskSource::Kind::ThisMac;
     const auto texts = pdf::reportTexts(*report, factsIn("/x"), disk, machine);
-    EXPECT_EQ(texts.application, "Pryvane 1.2 (34)");
-    EXPECT_EQ(texts.scanDate, "Nov 14, 2023, 22:13");
-    std::vector<std::string> facts;
+    EXPECT_EQ(texts.application + ", " + texts.scanDate, "Pryvane 1.2 (34), Nov 14, 2023, 22:13");
+    std::string facts;
     for (const auto& line : texts.facts) {
         for (const auto& fact : line)
-            facts.push_back(fact.label + " " + fact.value);
+            facts += fact.label + " " + fact.value + "\n";
     }
-    EXPECT_THAT(facts,
-                testing::ElementsAre("Mac Name : Alice's Mac", "Scan Type : Quick Scan",
-                                     "Current User : alice", "Scan Started : 11/14/23, 22:13:20",
-                                     "Machine Name : MacBookPro18,3", "Scan Duration :  2 seconds",
-                                     "Machine Serial Number : (null)", "Infections : 2"));
+    EXPECT_EQ(facts, "Mac Name : Alice's Mac\nScan Type : Quick Scan\n"
+                     "Current User : alice\nScan Started : 11/14/23, 22:13:20\n"
+                     "Machine Name : MacBookPro18,3\nScan Duration :  2 seconds\n"
+                     "Machine Serial Number : (null)\nInfections : 2\n");
 }
 
 TEST(ReportTexts, FactsAboutAnotherDiskAreThatDisksOwn)
