@@ -37,13 +37,16 @@ public:
     std::vector<std::string> asked;
 };
 
-/// A volume of real files, and reports of them.
 class ReportsFixture : public EngineFixture {
 protected:
+    /// Where the reports are stored: in memory, unless a test has a file.
+    virtual UserDefaults& shelf() { return defaults; }
+    DefaultMethods methods() { return {shelf(), *disk, clock, log}; }
+
     /// Makes the files and stores a report of them at the head of the list.
-    std::shared_ptr<SpywareScanReport> storeIn(DefaultMethods& methods,
-                                               const std::vector<std::string>& paths,
-                                               std::string_view type, std::string_view duration)
+    std::shared_ptr<SpywareScanReport> store(const std::vector<std::string>& paths,
+                                             std::string_view type = "Quick Scan",
+                                             std::string_view duration = " 12 seconds")
     {
         auto list = std::make_shared<SpywareList>();
         for (const auto& path : paths) {
@@ -54,9 +57,17 @@ protected:
                                                                    type, clock.now());
         report->volume = disk->identity();
         report->coverage.signaturesTested = 534;
-        EXPECT_TRUE(methods.updateReportInDefaults(report));
+        EXPECT_TRUE(methods().updateReportInDefaults(report));
         return report;
     }
+    ReportList stored() { return methods().loadListReportWithKey(preferences::kSaveReport); }
+
+    RecordingHost host;
+    StubbornRemover remover{*disk};
+    TemporaryFolder caches;
+    FakeMachine machine;
+    PDFGenerate pdf{factsIn(caches.path()), *disk, machine};
+    ReportPrinting printing{pdf, host, log};
 };
 
 /// A report browser over a store in memory.
@@ -73,14 +84,6 @@ protected:
                     host.asked.push_back(*change == SelectionChange{1, true, true} ? "scan" : "?");
             }));
     }
-
-    std::shared_ptr<SpywareScanReport> store(const std::vector<std::string>& paths,
-                                             std::string_view type = "Quick Scan",
-                                             std::string_view duration = " 2 seconds")
-    {
-        return storeIn(methods, paths, type, duration);
-    }
-    ReportList stored() { return methods.loadListReportWithKey(preferences::kSaveReport); }
 
     /// Runs the main queue until nothing is under way.
     void settle()
@@ -101,13 +104,6 @@ protected:
     }
     const SpywareList& threats() { return *browser.report()->spyWareList; }
 
-    DefaultMethods methods{defaults, *disk, clock, log};
-    RecordingHost host;
-    StubbornRemover remover{*disk};
-    TemporaryFolder caches;
-    FakeMachine machine;
-    PDFGenerate pdf{factsIn(caches.path()), *disk, machine};
-    ReportPrinting printing{pdf, host, log};
     std::vector<NotificationCenter::Observation> observations;
     ReportViewController browser{services(), {host, host, printing, remover, "alice"}};
 };

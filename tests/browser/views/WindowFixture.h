@@ -30,18 +30,11 @@ protected:
         if (!opened)
             throw std::runtime_error(opened.error().message);
         kept = std::move(opened->defaults);
-        methods = std::make_unique<DefaultMethods>(*kept, *disk, clock, log);
         clock.setNow(std::chrono::time_point_cast<std::chrono::milliseconds>(
             std::chrono::system_clock::now()));
     }
 
-    std::shared_ptr<SpywareScanReport> store(const std::vector<std::string>& paths,
-                                             std::string_view type = "Quick Scan",
-                                             std::string_view duration = " 12 seconds")
-    {
-        return storeIn(*methods, paths, type, duration);
-    }
-    ReportList stored() { return methods->loadListReportWithKey(preferences::kSaveReport); }
+    UserDefaults& shelf() override { return *kept; }
 
     /// Opens the screen at the size it has in the smallest window.
     void show()
@@ -112,38 +105,22 @@ protected:
         settle();
     }
 
-    /// Does that to the modal dialog as soon as it is shown.
-    template <typename Dialog, typename Work>
-    static void whenAsked(Work work)
-    {
-        QTimer::singleShot(50, qApp, [work] {
-            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-            if (dialog)
-                work(dialog);
-            else
-                whenAsked<Dialog>(work);
-        });
-    }
-
-    /// Gives that path to the dialog for a file or folder.
+    /// Gives that path to the dialog for a file or folder, as soon as it is shown.
     static void saveTo(const std::string& path)
     {
-        whenAsked<QFileDialog>([path](QFileDialog* dialog) {
+        QTimer::singleShot(50, qApp, [path] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return saveTo(path);
             dialog->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
             QMetaObject::invokeMethod(dialog, "accept");
         });
     }
 
-    TemporaryFolder data, caches, exports;
+    TemporaryFolder data, exports;
     QtMainQueue queue;
     std::unique_ptr<UserDefaults> kept;
-    std::unique_ptr<DefaultMethods> methods;
-    RecordingHost host;
-    StubbornRemover remover{*disk};
-    FakeMachine machine;
-    PDFGenerate pdf{factsIn(caches.path()), *disk, machine};
     PDFGenerate otherPdf{factsIn(caches.path()), *disk, machine};
-    ReportPrinting printing{pdf, host, log};
     std::unique_ptr<ReportViewController> browser;
     std::unique_ptr<QWidget> window; // before what its view looks at
     ReportBrowserView* view = nullptr;
