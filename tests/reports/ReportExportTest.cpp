@@ -57,17 +57,6 @@ std::string as(void (*write)(const SpywareScanReport&, const TextSink&, Appendix
     return text;
 }
 
-std::vector<std::string> hostilePaths(std::size_t randomOnes)
-{
-    std::vector<std::string> paths;
-    for (const auto& name : hostileNames())
-        paths.push_back("/Library/" + name);
-    std::mt19937 random(5);
-    for (std::size_t i = 0; i < randomOnes; ++i)
-        paths.push_back("/Users/x/" + randomName(random));
-    return paths;
-}
-
 TEST(ReportJson, HasTheAgreedShape)
 {
     auto report = reportOf({"/Library/Preferences/a okaz."});
@@ -117,43 +106,28 @@ TEST(ReportExports, TellHowManyAreListedNotOnlyTheStoredCount)
 {
     const auto report = reportOf(std::vector<std::string>(300, "/tmp/x"));
     report->spyWareCount = 300 & 0xff; // as the store keeps it
-    const Json json = Json::parse(as(writeAsJson, *report))["report"];
-    EXPECT_EQ(json["findings"], 300);
-    EXPECT_EQ(json["spyWareCount"], 44);
-    const std::string page = as(writeAsHtml, *report);
-    EXPECT_NE(page.find("<dd>44 (300 listed)</dd>"), std::string::npos);
-    EXPECT_NE(page.find("300 potential threats"), std::string::npos);
+    EXPECT_EQ(Json::parse(as(writeAsJson, *report))["report"]["findings"], 300);
+    EXPECT_NE(as(writeAsHtml, *report).find("<dd>44 (300 listed)</dd>"), std::string::npos);
 }
 
 TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
 {
-    const auto paths = hostilePaths(5000);
-    auto report = reportOf(paths);
+    std::vector<std::string> paths, texts{"<b>=1\n\x1b[2J", "=\xff\n", "\xe2\x80\xae"};
+    for (const auto& name : hostileNames()) {
+        paths.push_back("/Library/" + name);
+        texts.push_back(name);
+    }
+    std::mt19937 random(5);
+    for (int i = 0; i < 5000; ++i)
+        paths.push_back("/Users/x/" + randomName(random));
+    const auto report = reportOf(paths);
     const auto plain = reportOf(std::vector<std::string>(paths.size(), "/x/y"));
     for (const auto& record : *report->spyWareList) {
         record->infections = record->name();
         record->times.birth = kReportDate - std::chrono::hours(48);
     }
-    report->labels = {"=1\n<b>\x1b", "@\xff", "\xe2\x80\xae"};
-    plain->labels = {"a", "b", "c"};
-    for (const auto& name : hostileNames()) {
-        report->coverage.refused.push_back({"/" + name, name});
-        report->coverage.heldBack.push_back(name);
-        plain->coverage.refused.push_back({"/x", "y"});
-        plain->coverage.heldBack.push_back("x");
-    }
-    report->coverage.missingHome = hostileNames()[0];
-    report->coverage.homes = plain->coverage.homes = hostileNames();
-    report->coverage.homesLeftOut = plain->coverage.homesLeftOut = hostileNames();
-    report->coverage.otherDisks = plain->coverage.otherDisks = hostileNames();
-    const std::string lineBreaks = "a\n<b>\x1b[2J";
-    report->coverage.source = {"a list", lineBreaks, lineBreaks, 1, 1, {lineBreaks}, {}, "abc"};
-    plain->coverage.source = {"a list", "x", "y", 1, 1, {"z"}, {}, "abc"};
-    report->coverage.deleted = {{"/" + lineBreaks, "Threat"}};
-    plain->coverage.deleted = {{"/x", "Threat"}};
-    report->subject.computerName = "<i>\x1b";
-    report->subject.users = {"=a\n"};
-    report->scanDuration = report->reportType = report->reportId = "<b>\x1b";
+    fillTexts(*report, texts);
+    fillTexts(*plain, std::vector<std::string>(texts.size(), "x"));
 
     const std::string text = as(writeAsJson, *report);
     EXPECT_TRUE(isHarmless(text, "\n"));
@@ -187,29 +161,9 @@ TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
     const std::string html = as(writeAsHtml, *report), plainHtml = as(writeAsHtml, *plain);
     EXPECT_TRUE(isHarmless(html, "\n"));
     for (const char c : {'<', '>', '"'})
-        EXPECT_EQ(std::count(html.begin(), html.end(), c),
-                  std::count(plainHtml.begin(), plainHtml.end(), c))
-            << c;
+        EXPECT_EQ(std::ranges::count(html, c), std::ranges::count(plainHtml, c)) << c;
     EXPECT_EQ(html.find("http://"), html.find("http://example.invalid")) << "only inside a name";
     EXPECT_NE(html.find("default-src 'none'"), std::string::npos);
-}
-
-TEST(ReportCsv, QuotesAndDisarms)
-{
-    auto report = reportOf({"/tmp/a"});
-    Spyware& record = *report->spyWareList->front();
-    const auto row = [&](std::string_view name) {
-        record.setName(name);
-        const std::string csv = as(writeAsCsv, *report);
-        const auto start = csv.find("\r\n1,") + 4;
-        return csv.substr(start, csv.find(",\"Okaz Installer\"") - start);
-    };
-    EXPECT_EQ(row("plain"), "plain");
-    EXPECT_EQ(row("a,\"b\""), "\"a,\"\"b\"\"\"");
-    EXPECT_EQ(row("-rf"), "'-rf");
-    EXPECT_EQ(row("=1,2"), "\"'=1,2\"");
-    EXPECT_EQ(row("\t=1"), "'\\t=1");
-    EXPECT_EQ(row("a\nb"), "a\\nb");
 }
 
 TEST(ReportTimeline, TellsInOrderWhatTheDiskTold)

@@ -46,6 +46,23 @@ std::shared_ptr<SpywareScanReport> reportOf(const std::vector<std::string>& path
     return report;
 }
 
+void fillTexts(SpywareScanReport& report, const std::vector<std::string>& texts)
+{
+    const std::string& text = texts.front();
+    report.labels = {texts[0], texts[1], texts[2]};
+    ScanCoverage& coverage = report.coverage;
+    for (const std::string& each : texts) {
+        coverage.refused.push_back({"/" + each, each});
+        coverage.deleted.push_back({"/" + each, each});
+    }
+    coverage.heldBack = coverage.homes = coverage.homesLeftOut = coverage.otherDisks = texts;
+    coverage.missingHome = text;
+    coverage.source = {"a list of names", text, text, 7, 2, texts, text, "abc"};
+    report.subject.source.name = report.subject.computerName = text;
+    report.subject.users = texts;
+    report.scanDuration = report.reportType = report.reportId = text;
+}
+
 std::string randomName(std::mt19937& random)
 {
     std::string name(std::uniform_int_distribution<std::size_t>(1, 255)(random), ' ');
@@ -116,7 +133,7 @@ std::string storedFields(const SpywareScanReport& report)
         out << record->name() << '|' << record->infections << '|' << record->size << '|'
             << record->url.relativePath() << '|' << record->risk << '|' << int(record->kind) << '|'
             << momentText(record->times.birth) << momentText(record->times.modified)
-            << momentText(record->times.changed) << record->sha256 << '\n';
+            << momentText(record->times.changed) << record->sha256 << record->spelling() << '\n';
     const ScanCoverage& coverage = report.coverage;
     out << coverage.signaturesTested << '|' << coverage.foldersListed << '|'
         << coverage.entriesSearched << '|' << coverage.entriesWalked << '|' << coverage.missingHome
@@ -127,23 +144,17 @@ std::string storedFields(const SpywareScanReport& report)
     for (const auto& [name, text] : labelLines(report.labels))
         out << name << ' ' << text << '\n';
     out << coverage.contentsRead << '|' << coverage.contentsNotRead << '\n';
-    for (const auto& user : report.subject.users)
-        out << "user " << user << '\n';
-    for (const auto& home : coverage.homesLeftOut)
-        out << "left out " << home << '\n';
-    for (const auto& disk : coverage.otherDisks)
-        out << "other disk " << disk << '\n';
     for (const auto& refusal : coverage.refused)
         out << "refused " << refusal.path << '|' << refusal.reason << '\n';
-    for (const auto& path : coverage.heldBack)
-        out << "held back " << path << '\n';
-    for (const auto& home : coverage.homes)
-        out << "home " << home << '\n';
     const SourceFacts& source = coverage.source;
     out << source.source << '|' << source.name << '|' << source.format << '|' << source.entries
         << '|' << source.skipped << '|' << source.remark << '|' << source.sha256 << '\n';
-    for (const auto& line : source.firstSkipped)
-        out << "not understood " << line << '\n';
+    for (const auto* list : {&report.subject.users, &coverage.homesLeftOut, &coverage.otherDisks,
+                             &coverage.heldBack, &coverage.homes, &source.firstSkipped}) {
+        for (const std::string& text : *list)
+            out << text << '|';
+        out << '\n';
+    }
     for (const auto& name : coverage.deleted)
         out << "deleted " << name.path << '|' << name.infections << '\n';
     return out.str();

@@ -47,6 +47,9 @@ inline constexpr Date kReportDate{std::chrono::milliseconds(1'700'000'000'123)};
 /// Names that once broke somebody's list, page or terminal.
 [[nodiscard]] const std::vector<std::string>& hostileNames();
 
+/// Puts the texts, at least three, wherever a report has words that are not the program's own.
+void fillTexts(SpywareScanReport& report, const std::vector<std::string>& texts);
+
 /// Whether no byte or character is left that a terminal would obey, or that turns text around.
 [[nodiscard]] bool isHarmless(std::string_view text, std::string_view allowedControls = "");
 
