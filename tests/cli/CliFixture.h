@@ -3,7 +3,7 @@
 #include "cli/CommandLine.h"
 #include "support/TemporaryFolder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include <cstdlib>
@@ -19,6 +19,23 @@ struct Outcome {
     int code;
     std::string out, err;
 };
+
+/// An outcome with that code and, among its words on one of the streams, these.
+[[nodiscard]] inline auto says(int code, const std::string& words)
+{
+    return testing::AllOf(testing::Field("code", &Outcome::code, code),
+                          testing::Field("out", &Outcome::out, testing::HasSubstr(words)));
+}
+[[nodiscard]] inline auto remarks(int code, const std::string& words)
+{
+    return testing::AllOf(testing::Field("code", &Outcome::code, code),
+                          testing::Field("err", &Outcome::err, testing::HasSubstr(words)));
+}
+/// An error with these words, and nothing that could be taken for an answer.
+[[nodiscard]] inline auto refuses(const std::string& words)
+{
+    return testing::AllOf(remarks(2, words), testing::Field("out", &Outcome::out, ""));
+}
 
 /// Who sits in front of a command.
 struct Seat {

@@ -121,25 +121,6 @@ TEST_F(ImageTest, AReaderThatMisbehavesIsAnErrorInWords)
     EXPECT_THAT(read.error().message, HasSubstr("cannot be understood"));
 }
 
-TEST_F(ImageTest, AnImageWithoutAMacOrWithoutAFileIsRefusedInWords)
-{
-    const TemporaryFolder other;
-    other.file("/photos/beach.jpg");
-    const std::string noMac = images.hostPath("other.img");
-    if (!makeImage(other.path(), noMac))
-        GTEST_SKIP() << "xorriso is missing";
-    const auto refused = run({"scan", "--no-store", "--image", noMac});
-    EXPECT_EQ(refused.code, 2);
-    EXPECT_THAT(refused.err, HasSubstr("no Mac"));
-    EXPECT_THAT(refused.err, HasSubstr("listing --image FILE --list"));
-    EXPECT_THAT(refused.err, Not(HasSubstr("mounted")));
-    EXPECT_THAT(run({"listing", "--image", noMac}).out, HasSubstr("/photos/beach.jpg"));
-
-    const auto none = run({"scan", "--image", images.hostPath("none.img")});
-    EXPECT_EQ(none.code, 2);
-    EXPECT_THAT(none.err, HasSubstr("none.img"));
-}
-
 } // namespace
 
 } // namespace pryvane::test
