@@ -55,8 +55,9 @@ private:
 
 struct ScanOf {
     bool deep = false;
-    int stopAt = -1;     ///< percent; -1: it is let be
-    bool granted = true; ///< access to the folder that is gone through
+    int stopAt = -1;       ///< percent; -1: it is let be
+    bool granted = true;   ///< access to the folder that is gone through
+    std::size_t found = 0; ///< so many findings are waited for before it is stopped
 };
 
 constexpr ScanOf kQuick{};
@@ -128,7 +129,8 @@ protected:
         const auto ending = scanner->scanEnded.listen([&] { ended = true; });
         const auto changing = scanner->stateChanged.listen([&] {
             if (!stopped && scanner->isScanning() &&
-                scanner->display().progressBar >= wanted.stopAt) {
+                scanner->display().progressBar >= wanted.stopAt &&
+                run->delegate.state().arrSpywareList.records().size() >= wanted.found) {
                 stopped = true;
                 scanner->stopScan();
             }
@@ -288,8 +290,14 @@ INSTANTIATE_TEST_SUITE_P(
             "Clean for alice: nothing found. Not looked at: bob, carol.", 0},
         Row{"NoGrant", "", ScanOf{true, -1, false}, "incomplete", "Incomplete: "},
         Row{"Found", "/tmp/.mdworker", kQuick, "found", "Found: 1 potential threat", 1},
-        Row{"FoundAndStopped", "/Users/alice/Library/mdsa1331", stoppedAt(50), "found",
-            "Found: 1 potential threat; the scan was stopped at 50 %"}),
+        Row{"FoundAndStopped",
+            "/Users/alice/Library/mdsa1331",
+            ScanOf{true, 10, true, 1},
+            "found",
+            "Found: 1 potential threat; the scan was stopped at 50 %",
+            {},
+            false,
+            50}),
     [](const auto& row) { return row.param.name; });
 
 /// A report stores the low eight bits of its count; a person is told how many there are.
