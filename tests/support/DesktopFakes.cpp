@@ -4,37 +4,6 @@
 
 namespace pryvane::test {
 
-void FakeDistributedNotifications::post(std::string_view name, std::string_view object)
-{
-    posted.push_back(std::string(name) + " " + std::string(object));
-    std::vector<std::shared_ptr<Handler>> handlers;
-    const auto [first, last] = m_handlers.equal_range(name);
-    for (auto it = first; it != last; ++it)
-        handlers.push_back(it->second);
-    for (const auto& handler : handlers)
-        (*handler)(std::string(object));
-}
-
-std::unique_ptr<DistributedNotifications::Observation>
-FakeDistributedNotifications::observe(std::string_view name, Handler handler)
-{
-    using Handlers = decltype(m_handlers);
-    struct Kept final : Observation {
-        Kept(Handlers& all, Handlers::iterator mine) : handlers(all), place(mine) {}
-        ~Kept() override { handlers.erase(place); }
-        Handlers& handlers;
-        Handlers::iterator place;
-    };
-    const auto place = m_handlers.emplace(name, std::make_shared<Handler>(std::move(handler)));
-    return std::make_unique<Kept>(m_handlers, place);
-}
-
-void FakeStatusItem::create(std::string_view name, int points)
-{
-    ++created;
-    image = std::string(name) + " " + std::to_string(points);
-}
-
 void FakeStatusItem::setMenu(std::vector<StatusMenuEntry> entries)
 {
     menu = std::move(entries);
@@ -62,7 +31,6 @@ bool FakeGrantTokens::reopen(const Bytes& token)
 {
     if (!valid.contains(token.data))
         return false;
-    reopened.insert(token.data);
     granted = true;
     return true;
 }
@@ -164,14 +132,12 @@ void FakeWindowHost::setMinimised(ShellWindow window, bool minimised)
 
 bool FakeWindowHost::isMinimised(ShellWindow window) const
 {
-    const auto found = m_windows.find(window);
-    return found != m_windows.end() && found->second.minimised;
+    return m_windows.contains(window) && m_windows.at(window).minimised;
 }
 
 bool FakeWindowHost::isVisible(ShellWindow window) const
 {
-    const auto found = m_windows.find(window);
-    return found != m_windows.end() && found->second.visible;
+    return m_windows.contains(window) && m_windows.at(window).visible;
 }
 
 } // namespace pryvane::test

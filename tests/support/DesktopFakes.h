@@ -30,15 +30,15 @@ public:
     bool helperIsRunning() override { return helperRuns; }
 };
 
-/// Delivers to its own observers at once.
 class FakeDistributedNotifications final : public DistributedNotifications {
 public:
     std::vector<std::string> posted; ///< "NAME OBJECT"
-    void post(std::string_view name, std::string_view object) override;
-    std::unique_ptr<Observation> observe(std::string_view name, Handler handler) override;
-
-private:
-    std::multimap<std::string, std::shared_ptr<Handler>, std::less<>> m_handlers;
+    void post(std::string_view name, std::string_view object) override
+    {
+        posted.push_back(std::string(name) + " " + std::string(object));
+    }
+    /// What it is told reaches nobody.
+    std::unique_ptr<Observation> observe(std::string_view, Handler) override { return nullptr; }
 };
 
 class FakeDockIcon final : public DockIcon {
@@ -54,11 +54,10 @@ public:
 class FakeStatusItem final : public StatusItem {
 public:
     int created = 0;
-    std::string image;
     std::vector<StatusMenuEntry> menu;
     std::vector<std::string> titles; ///< of the first entry, as they changed
 
-    void create(std::string_view name, int points) override;
+    void create(std::string_view, int) override { ++created; }
     bool available() const override { return created > 0 && m_hasPlace; }
     void whenAvailabilityChanges(std::function<void()> changed) override
     {
@@ -78,7 +77,6 @@ class FakeGrantTokens final : public GrantTokens {
 public:
     std::set<std::string> hostWritable; ///< absolute paths that the host lets this user write
     std::set<std::string> valid;        ///< tokens that reopen
-    std::set<std::string> reopened;     ///< tokens that were
     bool makeFails = false;
     bool granted = false; ///< whether a grant was made or reopened in this process
 
@@ -102,16 +100,6 @@ public:
 
 private:
     Reply m_reply;
-};
-
-class FakeFileViewer final : public FileViewer {
-public:
-    std::vector<FileURL> revealed;
-    Result<Done> reveal(const FileURL& item) override
-    {
-        revealed.push_back(item);
-        return Done{};
-    }
 };
 
 class FakeWebBrowser final : public WebBrowser {

@@ -1,11 +1,8 @@
 #include "support/JournalScene.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
-#include <unistd.h>
 
 namespace pryvane::test {
 

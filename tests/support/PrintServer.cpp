@@ -1,9 +1,9 @@
 #include "support/PrintServer.h"
 
+#include "support/UnixSocket.h"
+
 #include <chrono>
 #include <csignal>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -11,18 +11,6 @@
 namespace pryvane::test {
 
 namespace {
-
-bool answers(const std::string& socketPath)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    socketPath.copy(address.sun_path, sizeof address.sun_path - 1);
-    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    const bool connected =
-        connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    close(fd);
-    return connected;
-}
 
 template <typename Condition>
 bool within(std::chrono::seconds limit, Condition condition)
@@ -50,7 +38,8 @@ PrintServer::PrintServer(Queues queues)
               queues == Queues::None ? "none" : "pile", nullptr);
         _exit(127);
     }
-    if (m_process < 0 || !within(std::chrono::seconds(10), [&] { return answers(socket()); }))
+    const auto answers = [&] { return bool(connectedTo(socket())); };
+    if (m_process < 0 || !within(std::chrono::seconds(10), answers))
         m_trouble = "cupsd does not start here: " + contentOf(m_folder.hostPath("logs/error"));
 }
 

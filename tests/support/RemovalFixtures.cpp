@@ -1,44 +1,17 @@
 #include "support/RemovalFixtures.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <unistd.h>
 
 namespace pryvane::test {
 
 namespace fs = std::filesystem;
 
-int sizeAsked(const char* variable, int otherwise)
-{
-    const char* const asked = std::getenv(variable);
-    return asked ? std::atoi(asked) : otherwise;
-}
-
-InMemory::InMemory()
-{
-    if (const char* folder = std::getenv("TMPDIR"))
-        m_before = folder;
-    if (access("/dev/shm", W_OK) == 0)
-        setenv("TMPDIR", "/dev/shm", 1);
-}
-
-InMemory::~InMemory()
-{
-    if (m_before)
-        setenv("TMPDIR", m_before->c_str(), 1);
-    else
-        unsetenv("TMPDIR");
-}
-
-RemovalResult RemovalDisk::remove(const RemovalItem& item) const
+std::vector<RemovalResult> RemovalDisk::remove(std::span<const RemovalItem> items) const
 {
     NoRemovalJournal journal;
-    RemovalResult last;
-    VolumeRemover(*volume, journal, ownFolders)
-        .remove({&item, 1}, StopFlag(),
-                [&](std::size_t, const RemovalResult& told) { last = told; });
-    return last;
+    VolumeRemover remover(*volume, journal, ownFolders);
+    return removed(remover, items);
 }
 
 RemovalForecast RemovalDisk::plan(const RemovalItem& item) const
@@ -49,6 +22,17 @@ RemovalForecast RemovalDisk::plan(const RemovalItem& item) const
         .plan({&item, 1}, StopFlag(),
               [&](std::size_t, const RemovalForecast& told) { last = told; });
     return last;
+}
+
+std::vector<RemovalResult> removed(VolumeRemover& remover, std::span<const RemovalItem> items,
+                                   const StopFlag& stop)
+{
+    std::vector<RemovalResult> told;
+    remover.remove(items, stop, [&](std::size_t item, const RemovalResult& result) {
+        EXPECT_EQ(item, told.size());
+        told.push_back(result);
+    });
+    return told;
 }
 
 std::string treeBelow(const std::string& hostFolder)
@@ -83,6 +67,14 @@ std::string inWords(const RemovalResult& result)
         return "failed after " + count + ": " + result.reason();
     }
     return "?";
+}
+
+std::vector<std::string> inWords(const std::vector<RemovalResult>& results)
+{
+    std::vector<std::string> words;
+    for (const RemovalResult& result : results)
+        words.push_back(inWords(result));
+    return words;
 }
 
 } // namespace pryvane::test

@@ -6,27 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 #include <vector>
 
 /// What the tests of the removal share.
 namespace pryvane::test {
-
-/// A number from the environment, for sizes that sanitizers and slow machines want smaller.
-[[nodiscard]] int sizeAsked(const char* variable, int otherwise);
-
-/// Lets temporary folders that are made during its life lie in memory, where the host has such a
-/// place: there calls take microseconds, so that an attacker meets thousands of them.
-class InMemory {
-public:
-    InMemory();
-    ~InMemory();
-    InMemory(const InMemory&) = delete;
-    InMemory& operator=(const InMemory&) = delete;
-
-private:
-    std::optional<std::string> m_before;
-};
 
 /// A temporary folder that is opened as a volume and removed from.
 struct RemovalDisk {
@@ -48,7 +33,8 @@ struct RemovalDisk {
         return {at(path), std::nullopt, scope};
     }
 
-    RemovalResult remove(const RemovalItem& item) const;
+    std::vector<RemovalResult> remove(std::span<const RemovalItem> items) const;
+    RemovalResult remove(const RemovalItem& item) const { return remove({&item, 1}).at(0); }
     RemovalForecast plan(const RemovalItem& item) const;
 
     TemporaryFolder folder;
@@ -56,10 +42,16 @@ struct RemovalDisk {
     std::vector<std::string> ownFolders;
 };
 
+/// What the remover tells of each item.
+[[nodiscard]] std::vector<RemovalResult> removed(VolumeRemover& remover,
+                                                 std::span<const RemovalItem> items,
+                                                 const StopFlag& stop = StopFlag());
+
 /// All that lies below a folder of the host with kind and size, one line each, links not followed.
 [[nodiscard]] std::string treeBelow(const std::string& hostFolder);
 
 /// "removed 3" with the remark, "gone", or "failed after 2: " and the reason.
 [[nodiscard]] std::string inWords(const RemovalResult& result);
+[[nodiscard]] std::vector<std::string> inWords(const std::vector<RemovalResult>& results);
 
 } // namespace pryvane::test

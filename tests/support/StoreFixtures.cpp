@@ -1,20 +1,19 @@
 #include "support/StoreFixtures.h"
 
+#include "support/Volumes.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace pryvane::test {
 
 std::unique_ptr<TemporaryFolder> fastFolder()
 {
-    if (access("/dev/shm", W_OK) == 0)
-        setenv("TMPDIR", "/dev/shm", 1);
+    const InMemory inMemory;
     return std::make_unique<TemporaryFolder>();
 }
 

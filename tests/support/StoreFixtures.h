@@ -23,16 +23,4 @@ void setContent(const std::string& hostPath, std::string_view content);
 /// Names in the folder, sorted.
 [[nodiscard]] std::vector<std::string> namesIn(const std::string& hostFolder);
 
-/// What `inChild` work returns where the host does not allow the test.
-inline constexpr std::string_view kSkip = "skip: ";
-
 } // namespace pryvane::test
-
-/// Passes on what a child found.
-#define PRYVANE_EXPECT_CHILD_OK(text)                                                              \
-    do {                                                                                           \
-        const std::string childText = (text);                                                      \
-        if (childText.starts_with(pryvane::test::kSkip))                                           \
-            GTEST_SKIP() << childText;                                                             \
-        EXPECT_EQ(childText, "");                                                                  \
-    } while (false)

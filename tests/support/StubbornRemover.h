@@ -4,6 +4,7 @@
 #include "removal/disk/VolumeRemover.h"
 #include "volume/VolumeFileSystem.h"
 
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -15,7 +16,8 @@ class StubbornRemover final : public Remover {
 public:
     explicit StubbornRemover(const VolumeFileSystem& disk) : m_remover(disk, m_journal, {}) {}
 
-    std::set<std::string> stubborn; ///< absolute paths
+    std::set<std::string> stubborn;         ///< absolute paths
+    std::function<void()> onRemove = [] {}; ///< on the removing thread, before it begins
     std::vector<RemovalTally> concluded;
 
     void conclude(const RemovalTally& tally) override { concluded.push_back(tally); }
@@ -30,6 +32,7 @@ public:
     void remove(std::span<const RemovalItem> items, const StopFlag& stop,
                 const RemovalResults& told) override
     {
+        onRemove();
         for (std::size_t i = 0; i < items.size(); ++i) {
             if (stubborn.contains(items[i].url.absolutePath())) {
                 RemovalResult failed;

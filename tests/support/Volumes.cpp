@@ -11,6 +11,28 @@
 
 namespace pryvane::test {
 
+int sizeAsked(const char* variable, int otherwise)
+{
+    const char* const asked = std::getenv(variable);
+    return asked ? std::atoi(asked) : otherwise;
+}
+
+InMemory::InMemory()
+{
+    if (const char* folder = std::getenv("TMPDIR"))
+        m_before = folder;
+    if (access("/dev/shm", W_OK) == 0)
+        setenv("TMPDIR", "/dev/shm", 1);
+}
+
+InMemory::~InMemory()
+{
+    if (m_before)
+        setenv("TMPDIR", m_before->c_str(), 1);
+    else
+        unsetenv("TMPDIR");
+}
+
 void growTree(const TemporaryFolder& disk, const std::string& folder, std::mt19937& random,
               int entries)
 {
@@ -57,6 +79,16 @@ void growTree(const TemporaryFolder& disk, const std::string& folder, std::mt199
 void makeFile(int folder, const std::string& name)
 {
     close(openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+}
+
+void growWide(int folder, const std::string& name, int width)
+{
+    for (int i = 0; i < width; ++i) {
+        if (i % 4)
+            makeFile(folder, name + std::to_string(i));
+        else
+            mkdirat(folder, (name + std::to_string(i)).c_str(), 0755);
+    }
 }
 
 UniqueFd growChain(int folder, const std::string& name, int depth,

@@ -18,14 +18,10 @@ const std::string kRest = " 1 2 2 0 -1 4194560 100 0 0 0 1 1";
 
 TEST(RunningApplications, KnowsAProcessByItsProgram)
 {
-    for (const auto& [program, expected] :
-         {std::pair("firefox-esr", "Firefox"), std::pair("chrome", "Google Chrome"),
-          std::pair("Safari", "Safari")}) {
-        test::RunningProgram running(program);
-        EXPECT_THAT(runningApplicationsOfHost(running.processes()), ElementsAre(expected));
-        running.quit();
-        EXPECT_THAT(runningApplicationsOfHost(running.processes()), IsEmpty()) << program;
-    }
+    test::RunningProgram running("firefox-esr");
+    EXPECT_THAT(runningApplicationsOfHost(running.processes()), ElementsAre("Firefox"));
+    running.quit();
+    EXPECT_THAT(runningApplicationsOfHost(running.processes()), IsEmpty());
     const test::RunningProgram other("firefox2");
     EXPECT_THAT(runningApplicationsOfHost(other.processes()), IsEmpty());
 }

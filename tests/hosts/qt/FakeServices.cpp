@@ -62,7 +62,7 @@ FakeFileManager::FakeFileManager()
     offer(m_own.bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", this);
 }
 
-FakeItemWatcher::FakeItemWatcher()
+FakeItemWatcher::FakeItemWatcher(std::atomic<int>& registered) : m_registered(registered)
 {
     offer(m_own.bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", this);
 }

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <atomic>
+
 namespace pryvane::test {
 
 /// A connection of its own to the bus that the environment names.
@@ -72,15 +74,15 @@ class FakeItemWatcher final : public QObject {
 
 public:
     /// To be made in the thread that shall answer: Qt asks this service waiting.
-    FakeItemWatcher();
+    explicit FakeItemWatcher(std::atomic<int>& registered);
     [[nodiscard]] bool hosted() const { return true; }
-    QStringList items;
 
 public Q_SLOTS:
-    void RegisterStatusNotifierItem(const QString& item) { items << item; }
+    void RegisterStatusNotifierItem(const QString&) { ++m_registered; }
 
 private:
     OwnConnection m_own;
+    std::atomic<int>& m_registered;
 };
 
 } // namespace pryvane::test

@@ -4,17 +4,16 @@
 #include "hosts/qt/EventLoop.h"
 #include "hosts/qt/InstanceServer.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnixSocket.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <future>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -80,23 +79,6 @@ struct SingleInstanceTest : testing::Test {
     }
 };
 
-sockaddr_un addressOf(const std::string& path)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
-    return address;
-}
-
-UniqueFd rawConnection(const std::string& path)
-{
-    UniqueFd fd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const auto address = addressOf(path);
-    if (connect(fd.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
-        fd.reset();
-    return fd;
-}
-
 TEST_F(SingleInstanceTest, handsRequestsOver)
 {
     SingleInstance first = claim();
@@ -133,9 +115,9 @@ TEST_F(SingleInstanceTest, strangersHoldNobodyUp)
     };
     std::vector<UniqueFd> silent;
     for (int i = 0; i < 10; ++i)
-        silent.push_back(rawConnection(first.socketPath()));
+        silent.push_back(connectedTo(first.socketPath()));
     for (const std::string& message : strange) {
-        const UniqueFd sender = rawConnection(first.socketPath());
+        const UniqueFd sender = connectedTo(first.socketPath());
         ASSERT_TRUE(sender);
         send(sender.get(), message.data(), message.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
         shutdown(sender.get(), SHUT_WR);
@@ -176,10 +158,8 @@ TEST_F(SingleInstanceTest, otherUsersAreNotBelieved)
     {
         const SingleInstance first = claim();
         const pid_t thief = inProcess(kNobody, [&] {
-            const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
-            const auto address = addressOf(first.socketPath());
-            if (bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-                listen(fd, 4) != 0)
+            static const UniqueFd listening = listeningAt(first.socketPath());
+            if (!listening)
                 _exit(1);
         });
         const auto outcome = claim().handOver({});
@@ -191,7 +171,7 @@ TEST_F(SingleInstanceTest, otherUsersAreNotBelieved)
     const InstanceServer server = serverOf(first);
     chmod(first.socketPath().c_str(), 0777);
     const pid_t stranger = inProcess(kNobody, [&] {
-        const UniqueFd fd = rawConnection(first.socketPath());
+        const UniqueFd fd = connectedTo(first.socketPath());
         const std::string message = encoded({}).value();
         send(fd.get(), message.data(), message.size(), 0);
         shutdown(fd.get(), SHUT_WR);

@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QSemaphore>
+#include <QThread>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
@@ -149,33 +151,28 @@ TEST(ShownWindowsTest, asksAgainForAWindowThatNobodyMapped)
 }
 
 /// The service in a thread of its own, as Qt asks it waiting.
-struct ItemWatcherThread {
+class ItemWatcherThread final : public QThread {
+public:
     ItemWatcherThread()
     {
-        thread.start();
-        worker.moveToThread(&thread);
-        QMetaObject::invokeMethod(
-            &worker, [this] { watcher = std::make_unique<FakeItemWatcher>(); },
-            Qt::BlockingQueuedConnection);
+        start();
+        m_offered.acquire();
     }
-    ~ItemWatcherThread()
+    ~ItemWatcherThread() override
     {
-        QMetaObject::invokeMethod(
-            &worker, [this] { watcher.reset(); }, Qt::BlockingQueuedConnection);
-        thread.quit();
-        thread.wait();
+        quit();
+        wait();
     }
-    [[nodiscard]] QStringList items()
-    {
-        QStringList items;
-        QMetaObject::invokeMethod(
-            &worker, [&] { items = watcher->items; }, Qt::BlockingQueuedConnection);
-        return items;
-    }
+    std::atomic<int> items{0};
 
-    QThread thread;
-    QObject worker;
-    std::unique_ptr<FakeItemWatcher> watcher;
+private:
+    void run() override
+    {
+        const FakeItemWatcher watcher(items);
+        m_offered.release();
+        exec();
+    }
+    QSemaphore m_offered;
 };
 
 QIcon square(std::string_view, int points)
@@ -197,7 +194,7 @@ TEST(TrayStatusItemTest, appearsAndVanishesWithItsPlace)
         {
             ItemWatcherThread desktop; // a panel that starts after the program
             ASSERT_TRUE(runUntil([&] { return item.available(); }));
-            EXPECT_TRUE(runUntil([&] { return !desktop.items().isEmpty(); })) << "round " << round;
+            EXPECT_TRUE(runUntil([&] { return desktop.items > 0; })) << "round " << round;
         }
         EXPECT_TRUE(runUntil([&] { return !item.available(); }));
         EXPECT_EQ(changes, 2 * round);

@@ -1,16 +1,14 @@
 #include "hosts/posix/print/CupsPrinter.h"
 
 #include "support/PrintServer.h"
+#include "support/UnixSocket.h"
 
 #include <gmock/gmock.h>
 
 #include <chrono>
 #include <cstdlib>
-#include <stdexcept>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <thread>
-#include <unistd.h>
 
 namespace pryvane {
 namespace {
@@ -117,34 +115,27 @@ TEST_F(PrintServerTest, ASilentServerIsNotWaitedForLong)
 class EndlessServer {
 public:
     EndlessServer(const std::string& socketPath, std::string head, std::string rest)
-        : m_head(std::move(head)), m_rest(std::move(rest))
+        : m_head(std::move(head)), m_rest(std::move(rest)),
+          m_listening(test::listeningAt(socketPath))
     {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        socketPath.copy(address.sun_path, sizeof address.sun_path - 1);
-        m_listening = ::socket(AF_UNIX, SOCK_STREAM, 0);
-        if (bind(m_listening, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-            listen(m_listening, 8) != 0)
-            throw std::runtime_error("no socket");
         m_thread = std::thread([this] { serve(); });
     }
     ~EndlessServer()
     {
-        shutdown(m_listening, SHUT_RDWR);
+        shutdown(m_listening.get(), SHUT_RDWR);
         m_thread.join();
-        close(m_listening);
     }
 
 private:
     void serve() const
     {
-        for (int peer = accept(m_listening, nullptr, nullptr); peer >= 0;
-             peer = accept(m_listening, nullptr, nullptr)) {
+        const auto next = [this] { return UniqueFd(accept(m_listening.get(), nullptr, nullptr)); };
+        for (UniqueFd peer = next(); peer; peer = next()) {
             char request[4096];
-            bool goesOn = recv(peer, request, sizeof request, 0) > 0 && sent(peer, m_head);
+            bool goesOn =
+                recv(peer.get(), request, sizeof request, 0) > 0 && sent(peer.get(), m_head);
             while (goesOn)
-                goesOn = sent(peer, m_rest);
-            close(peer);
+                goesOn = sent(peer.get(), m_rest);
         }
     }
     static bool sent(int peer, const std::string& bytes)
@@ -154,7 +145,7 @@ private:
     }
 
     std::string m_head, m_rest;
-    int m_listening = -1;
+    UniqueFd m_listening;
     std::thread m_thread;
 };
 
