@@ -81,10 +81,8 @@ TEST_F(AppDelegateTest, OnlyTheExactBodyTurnsTheWholeDiskQuestionOn)
     EXPECT_TRUE(turnsOn(std::string("true")));
     delegate.applicationDidFinishLaunching();
     EXPECT_EQ(desktop.settingsFile.asked, 6) << "asked though YES";
-}
-
-TEST_F(AppDelegateTest, ALateSettingsReplyMeetsNobody)
-{
+    // A late reply meets nobody.
+    ASSERT_TRUE(defaults.set(preferences::kSandboxingDone, false).ok());
     AppDelegate(services(), desktop.services(), facts).applicationDidFinishLaunching();
     desktop.settingsFile.answer(std::string("true"));
     EXPECT_FALSE(flag(preferences::kSandboxingDone));

@@ -23,6 +23,19 @@ protected:
         board->viewDidLoad();
         mainQueue.drain();
     }
+    /// Stores what a scan that ends a minute later leaves.
+    void add(const std::vector<std::string>& users, const std::string& volumeName,
+             const char* kind = "Quick Scan", const char* duration = " 1 second",
+             std::size_t findings = 0)
+    {
+        clock.advance(1min);
+        const auto report = SpywareScanReport::ScanReportWithSpywareList(
+            std::make_shared<SpywareList>(findings, std::make_shared<Spyware>()), clock.now(),
+            duration, kind, clock.now());
+        report->volume = volumeName;
+        report->subject.users = users;
+        ASSERT_TRUE(DefaultMethods(defaults, *disk, clock, log).updateReportInDefaults(report));
+    }
     void choose(std::size_t entry)
     {
         const auto action = desktop.statusItem.menu.at(entry).action;
@@ -211,28 +224,15 @@ TEST_F(DashBoardTest, TellsHowLongAgoTheLastScanWasAndHowLongItTook)
 {
     load();
     EXPECT_EQ(board->scanExplanation(), "Looks in every place that known spyware settles in.");
-    DefaultMethods store(defaults, *disk, clock, log);
-    const auto add = [&](const char* kind, const char* duration, bool red,
-                         const std::string& identity, const char* user = "alice") {
-        clock.advance(1min);
-        auto list = std::make_shared<SpywareList>();
-        if (red)
-            list->push_back(std::make_shared<Spyware>());
-        const auto report = SpywareScanReport::ScanReportWithSpywareList(
-            list, clock.now(), duration, kind, clock.now());
-        report->volume = identity;
-        report->subject.users = {user};
-        ASSERT_TRUE(store.updateReportInDefaults(report).ok());
-    };
     const std::string here = disk->identity();
-    add("Quick Scan", " 3 seconds", false, here);
-    add("Real Time Scan", " 1 minute  1 second", false, here);
-    add("Deep Scan", "Stopped", true, here);
+    add({"alice"}, here, "Quick Scan", " 3 seconds");
+    add({"alice"}, here, "Real Time Scan", " 1 minute  1 second");
+    add({"alice"}, here, "Deep Scan", "Stopped", 1);
     clock.advance(30h);
     // Newer ones of another disk, of one that cannot be told, and of another user on this one.
-    add("Quick Scan", " 7 seconds", false, "another");
-    add("Deep Scan", " 8 seconds", false, "");
-    add("Quick Scan", " 9 seconds", false, here, "bob");
+    add({"alice"}, "another");
+    add({"alice"}, "", "Deep Scan");
+    add({"bob"}, here);
     ASSERT_TRUE(defaults.set(preferences::kLastScanDate, clock.now()).ok());
     notifications.post(NotificationName::ScanStatusChange, false);
     // The list that was read when the dashboard opened may still come, with some of the reports.
@@ -250,14 +250,8 @@ TEST_F(DashBoardTest, OfEveryoneAReportTellsThatLeftNobodyOut)
     board =
         std::make_unique<DashBoardViewController>(services(), desktop.services(), delegate, facts);
     load();
-    DefaultMethods store(defaults, *disk, clock, log);
     const auto dateAfter = [&](const std::vector<std::string>& users) {
-        clock.advance(1min);
-        const auto report = SpywareScanReport::ScanReportWithSpywareList(
-            std::make_shared<SpywareList>(), clock.now(), " 1 second", "Quick Scan", clock.now());
-        report->volume = disk->identity();
-        report->subject.users = users;
-        EXPECT_TRUE(store.updateReportInDefaults(report).ok());
+        add(users, disk->identity());
         bool read = false;
         const auto seen = QObject::connect(board.get(), &DashBoardViewController::lastScansRead,
                                            [&] { read = true; });

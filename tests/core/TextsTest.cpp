@@ -33,36 +33,20 @@ TEST(Texts, DurationKeepsThePluralOfTheSeconds)
         EXPECT_EQ(stringFromTimeInterval(row.seconds), row.text) << row.seconds;
 }
 
-class RelativeDate : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        setenv("TZ", "Europe/Vienna", 1);
-        tzset();
-    }
-    void TearDown() override
-    {
-        unsetenv("TZ");
-        tzset();
-    }
-
-    static Date local(int year, int month, int day, int hour = 12, int minute = 0, int second = 0)
-    {
-        std::tm parts{};
-        parts.tm_year = year - 1900;
-        parts.tm_mon = month - 1;
-        parts.tm_mday = day;
-        parts.tm_hour = hour;
-        parts.tm_min = minute;
-        parts.tm_sec = second;
-        parts.tm_isdst = -1;
-        return Date(std::chrono::seconds(std::mktime(&parts)));
-    }
-};
-
-TEST_F(RelativeDate, UsesTheFirstWholeCalendarUnit)
+/// "2026-11-21", at noon or at the time that follows.
+Date local(const std::string& text)
 {
-    const Date now = local(2026, 11, 21);
+    std::tm parts{};
+    EXPECT_TRUE(strptime((text + " 12:00:00").c_str(), "%Y-%m-%d %H:%M:%S", &parts)) << text;
+    parts.tm_isdst = -1;
+    return Date(std::chrono::seconds(std::mktime(&parts)));
+}
+
+TEST(RelativeDate, UsesTheFirstWholeCalendarUnit)
+{
+    setenv("TZ", "Europe/Vienna", 1);
+    tzset();
+    const Date now = local("2026-11-21");
     const struct {
         Date date;
         const char* text;
@@ -75,25 +59,27 @@ TEST_F(RelativeDate, UsesTheFirstWholeCalendarUnit)
         {now - std::chrono::seconds(59), "59 seconds ago"},
         {now - std::chrono::hours(1), "1 hour ago"},
         {now - std::chrono::hours(23), "23 hours ago"},
-        {local(2026, 11, 20, 12, 0, 1), "23 hours ago"},
-        {local(2026, 11, 20), "Yesterday"},
-        {local(2026, 11, 19, 12, 0, 1), "Yesterday"},
-        {local(2026, 11, 19), "2 days ago"},
-        {local(2026, 11, 13), "1 week ago"},
-        {local(2026, 11, 7), "2 weeks ago"},
-        {local(2026, 10, 21), "1 month ago"},
-        {local(2026, 10, 21, 12, 0, 1), "4 weeks ago"},
-        {local(2025, 11, 21, 12, 0, 1), "11 months ago"},
-        {local(2025, 11, 21), "1 year ago"},
-        {local(1999, 1, 1), "27 years ago"},
+        {local("2026-11-20 12:00:01"), "23 hours ago"},
+        {local("2026-11-20"), "Yesterday"},
+        {local("2026-11-19 12:00:01"), "Yesterday"},
+        {local("2026-11-19"), "2 days ago"},
+        {local("2026-11-13"), "1 week ago"},
+        {local("2026-11-07"), "2 weeks ago"},
+        {local("2026-10-21"), "1 month ago"},
+        {local("2026-10-21 12:00:01"), "4 weeks ago"},
+        {local("2025-11-21 12:00:01"), "11 months ago"},
+        {local("2025-11-21"), "1 year ago"},
+        {local("1999-01-01"), "27 years ago"},
         // Short months, and the nights in which clocks go forward and back.
-        {local(2026, 1, 31), "1 month ago", local(2026, 2, 28)},
-        {local(2024, 2, 29), "1 year ago", local(2025, 2, 28)},
-        {local(2026, 3, 28), "Yesterday", local(2026, 3, 29)},
-        {local(2026, 10, 24), "24 hours ago", local(2026, 10, 25, 11, 30)},
+        {local("2026-01-31"), "1 month ago", local("2026-02-28")},
+        {local("2024-02-29"), "1 year ago", local("2025-02-28")},
+        {local("2026-03-28"), "Yesterday", local("2026-03-29")},
+        {local("2026-10-24"), "24 hours ago", local("2026-10-25 11:30:00")},
     };
     for (const auto& row : rows)
         EXPECT_EQ(relativeDateStringForDate(row.date, row.now.value_or(now)), row.text);
+    unsetenv("TZ");
+    tzset();
 }
 
 TEST(Texts, SizesAndDates)

@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
-
-using namespace test;
 
 constexpr const char* kNames = "/Library/Preferences/SystemConfiguration/preferences.plist";
 constexpr const char* kSystem = "/System/Library/CoreServices/SystemVersion.plist";
@@ -79,4 +77,4 @@ TEST(Subject, OnlyWhatIsKnownToBeOfADiskAndUserIsAboutThem)
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

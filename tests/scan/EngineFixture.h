@@ -56,9 +56,11 @@ protected:
         state.arrDefaultTorvellApp = makersApplicationKeys();
     }
 
-    PlatformServices services()
+    PlatformServices services() { return servicesOn(*disk); }
+    /// With another disk in place of the volume.
+    PlatformServices servicesOn(FileSystem& other)
     {
-        return {*disk,  defaults,     notifications, mainQueue,    clock,
+        return {other,  defaults,     notifications, mainQueue,    clock,
                 alerts, folderPicker, workspace,     userNotifier, log};
     }
 

@@ -1,5 +1,6 @@
 #include "scan/FindingInbox.h"
 
+#include "removal/session/RecordRemoval.h"
 #include "scan/EngineFixture.h"
 
 #include <gmock/gmock.h>
@@ -16,13 +17,7 @@ protected:
         const auto url = FileURL::fileURLWithPath(path);
         inbox.addIfAvail(url, url.lastPathComponent(), type, kHighRisk, size);
     }
-    std::vector<std::string> listed() const
-    {
-        std::vector<std::string> paths;
-        for (const auto& record : state.arrSpywareList.records())
-            paths.push_back(record->url.relativePath());
-        return paths;
-    }
+    std::vector<std::string> listed() const { return pathsOf(state.arrSpywareList.records()); }
     int updates = 0;
     NotificationCenter::Observation observation = notifications.observe(
         NotificationName::UpdateThreat, [this](const Notification&) { ++updates; });
@@ -43,12 +38,10 @@ TEST_F(FindingInboxTest, ListsOneRecordForOneExistingLocation)
     EXPECT_EQ(listed(),
               (std::vector<std::string>{"/tmp/.mdworker", "/Users/alice/Library/.A_o_b_o/"}));
     const Spyware& record = *state.arrSpywareList.records().front();
-    EXPECT_EQ(record.name(), ".mdworker");
-    EXPECT_EQ(record.infections, "Revir");
-    EXPECT_EQ(record.risk, "High Risk");
+    EXPECT_EQ(std::tuple(record.name(), record.infections, record.risk),
+              std::tuple(".mdworker", "Revir", "High Risk"));
     EXPECT_EQ(record.size, 12);
-    EXPECT_TRUE(record.isAvail() && record.isChecked);
-    EXPECT_FALSE(record.isDeleted || record.isNoAction);
+    EXPECT_TRUE(record.isAvail() && record.isChecked && !record.isDeleted && !record.isNoAction);
     EXPECT_EQ(record.seen, disk->sighting(record.url));
     EXPECT_EQ(record.kind, FileKind::RegularFile);
     EXPECT_EQ(state.arrSpywareList.records().back()->kind, FileKind::Folder);

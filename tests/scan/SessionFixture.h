@@ -50,9 +50,8 @@ protected:
     NoRemovalJournal journal;
     VolumeRemover remover{*disk, journal, {}};
     DefaultMethods store{defaults, *disk, clock, log};
-    ScanViewController controller{services(), state,
-                                  access,     store,
-                                  remover,    ScanOptions{"alice", FileURL::fileURLWithPath("/")}};
+    const ScanOptions options{"alice", FileURL::fileURLWithPath("/")};
+    ScanViewController controller{services(), state, access, store, remover, options};
     std::vector<std::string> notes, steps, labels, types;
     std::vector<std::string> places; ///< what the walk told of where it is
     bool stopOffered = false;        ///< while a scan ran

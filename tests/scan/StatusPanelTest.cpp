@@ -64,15 +64,5 @@ TEST(StatusPanel, DecidesFromTheLastScan)
     }
 }
 
-TEST(StatusPanel, ACleanResultHasItsOwnLook)
-{
-    const StatusPanel panel = makeStatusPanel(
-        {true, false, Verdict::Clean, {}, kNow, kNow - std::chrono::hours(1), kNow});
-    EXPECT_EQ(panel.bottomIcon, "icn_white_question");
-    EXPECT_EQ(panel.bottomText, "Do you still think you are infected\nwith spyware?");
-    EXPECT_TRUE(panel.showsInfoBox);
-    EXPECT_EQ(panel.headerHeight, 112);
-}
-
 } // namespace
 } // namespace pryvane

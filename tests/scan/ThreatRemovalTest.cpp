@@ -1,7 +1,8 @@
 #include "scan/ThreatRemoval.h"
 
 #include "scan/SessionFixture.h"
-#include "support/ForwardingDisk.h"
+#include "support/StubbornRemover.h"
+#include "support/WatchedDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -22,14 +23,6 @@ constexpr const char* kRemoteDesktop = "/Library/Preferences/com.apple.RemoteDes
 constexpr const char* kFirefoxFind =
     "/Users/alice/Library/Application Support/Firefox/Profiles/profiled";
 constexpr const char* kChromeFind = "/Users/alice/Library/Application Support/Google/Chrome/nacld";
-
-std::vector<std::string> paths(const SpywareList& list)
-{
-    std::vector<std::string> texts;
-    for (const auto& record : list)
-        texts.push_back(record->url.relativePath());
-    return texts;
-}
 
 class ThreatRemovalTest : public test::SessionFixture {
 protected:
@@ -85,20 +78,16 @@ TEST_F(ThreatRemovalTest, SortsFindingsIntoRemovedFailedAndLeftAlone)
     volume.link("/Library/LaunchAgents", "/Users/alice/Agents");
     deleteSelected();
 
-    ASSERT_EQ(alerts.asked().size(), 1U);
-    EXPECT_EQ(alerts.asked()[0].messageText, "Alert");
-    EXPECT_EQ(alerts.asked()[0].informativeText,
-              "Are you sure you want to delete selected threats?");
-    EXPECT_THAT(paths(lists.unDeletedSpyware), ElementsAre(kRefog));
-    EXPECT_THAT(paths(lists.deletedSpyware), ElementsAre(kMdsa, kMdworker));
-    EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kAobo));
+    EXPECT_EQ(alerts.asked().size(), 1U);
+    EXPECT_THAT(pathsOf(lists.unDeletedSpyware), ElementsAre(kRefog));
+    EXPECT_THAT(pathsOf(lists.deletedSpyware), ElementsAre(kMdsa, kMdworker));
+    EXPECT_THAT(pathsOf(lists.notActionSpyware), ElementsAre(kAobo));
     EXPECT_EQ(lists.deletedCount, 2U);
-    const auto flags = [](const Spyware& record) {
-        return std::pair(record.isDeleted, record.isNoAction);
-    };
-    EXPECT_EQ(flags(*lists.unDeletedSpyware[0]), std::pair(false, false));
-    EXPECT_EQ(flags(*lists.deletedSpyware[0]), std::pair(true, false));
-    EXPECT_EQ(flags(*lists.notActionSpyware[0]), std::pair(false, true));
+    for (const auto& record : state.arrSpywareList.records()) {
+        EXPECT_EQ(record->isDeleted,
+                  record == lists.deletedSpyware[0] || record == lists.deletedSpyware[1]);
+        EXPECT_EQ(record->isNoAction, record == lists.notActionSpyware[0]);
+    }
     EXPECT_EQ(lists.unDeletedSpyware[0]->removalFailure,
               obstacleText(RemovalObstacle::LinkOnTheWay));
     EXPECT_EQ(lists.deletedSpyware[0]->removalFailure, "");
@@ -106,9 +95,9 @@ TEST_F(ThreatRemovalTest, SortsFindingsIntoRemovedFailedAndLeftAlone)
     EXPECT_TRUE(volume.contains("/Users/alice/Agents/com.refog.agent.plist"));
     EXPECT_TRUE(volume.contains("/Users/alice/Library/.A_o_b_o/deep/inside"));
 
-    EXPECT_THAT(paths(*controller.report()->spyWareList),
+    EXPECT_THAT(pathsOf(*controller.report()->spyWareList),
                 ElementsAre(kRefog, kMdsa, kMdworker, kAobo));
-    EXPECT_EQ(paths(state.arrSpywareList.records()).size(), 4U);
+    EXPECT_EQ(pathsOf(state.arrSpywareList.records()).size(), 4U);
     EXPECT_EQ(controller.removal().summary(), removalSummary({2, 1, 1}));
     EXPECT_TRUE(controller.display().reportBox);
     EXPECT_FALSE(controller.display().scanBox);
@@ -117,10 +106,9 @@ TEST_F(ThreatRemovalTest, SortsFindingsIntoRemovedFailedAndLeftAlone)
     controller.selectThreat(0, true);
     controller.selectThreat(1, false);
     deleteSelected();
-    EXPECT_THAT(paths(lists.deletedSpyware), ElementsAre(kMdsa, kMdworker, kAobo));
-    EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kRefog));
-    for (const auto& record : lists.deletedSpyware)
-        EXPECT_EQ(flags(*record), std::pair(true, false)) << record->name();
+    EXPECT_THAT(pathsOf(lists.deletedSpyware), ElementsAre(kMdsa, kMdworker, kAobo));
+    EXPECT_THAT(pathsOf(lists.notActionSpyware), ElementsAre(kRefog));
+    EXPECT_TRUE(lists.deletedSpyware[2]->isDeleted && !lists.deletedSpyware[2]->isNoAction);
     EXPECT_EQ(controller.removal().summary(), removalSummary({3, 0, 1}));
     EXPECT_FALSE(volume.contains("/Users/alice/Library/.A_o_b_o"));
 }
@@ -132,7 +120,7 @@ TEST_F(ThreatRemovalTest, DecliningOnlyMarksWhatWasNotSelected)
     alerts.answer(kNo);
     controller.deleteSelectedThreat();
     expectUntouched({kRefog, kMdworker});
-    EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kMdworker));
+    EXPECT_THAT(pathsOf(lists.notActionSpyware), ElementsAre(kMdworker));
     EXPECT_TRUE(lists.notActionSpyware[0]->isNoAction);
     EXPECT_FALSE(state.arrSpywareList.records()[0]->isNoAction);
     EXPECT_THAT(lists.deletedSpyware, IsEmpty());
@@ -157,7 +145,7 @@ TEST_F(ThreatRemovalTest, ARetryCarriesOnAndOrdersTheListsItsOwnWay)
     volume.link("/Users/alice/Library/Application Support/Google/Chrome", "/other");
     workspace.running = {"Safari"};
     removal([this] { panel.retryCleaningAction(); });
-    EXPECT_THAT(paths(*controller.report()->spyWareList),
+    EXPECT_THAT(pathsOf(*controller.report()->spyWareList),
                 ElementsAre(kChromeFind, kMdworker, kFirefoxFind));
     EXPECT_EQ(controller.removal().summary(), removalSummary({1, 1, 1}));
     EXPECT_FALSE(volume.contains(kFirefoxFind));
@@ -183,21 +171,14 @@ TEST_F(ThreatRemovalTest, AScanBehindThePanelEndsTheMatter)
 
 TEST_F(ThreatRemovalTest, FindingsOfAnotherVolumeStay)
 {
-    struct Exchanged final : test::ForwardingDisk {
-        using ForwardingDisk::ForwardingDisk;
-        std::string identity() const override { return exchanged ? "B" : "A"; }
-        bool exchanged = false;
-    } exchangedDisk(*disk);
+    test::WatchedDisk exchanged(*disk);
     volume.plant(kMdworker);
-    PlatformServices others{exchangedDisk, defaults,     notifications, mainQueue,    clock,
-                            alerts,        folderPicker, workspace,     userNotifier, log};
-    ScanViewController other(others, state, access, store, remover,
-                             ScanOptions{"alice", FileURL::fileURLWithPath("/")});
+    ScanViewController other(servicesOn(exchanged), state, access, store, remover, options);
     other.SpywareScanStart();
     ASSERT_TRUE(
         mainQueue.runUntil([&] { return !other.isScanning() && !other.arrThreats().empty(); }));
     mainQueue.drain();
-    exchangedDisk.exchanged = true;
+    exchanged.name = "B";
     alerts.answer(kYes);
     other.deleteSelectedThreat();
     ASSERT_TRUE(mainQueue.runUntil([&] { return !other.removal().isRemoving(); }));
@@ -206,7 +187,7 @@ TEST_F(ThreatRemovalTest, FindingsOfAnotherVolumeStay)
     EXPECT_TRUE(volume.contains(kMdworker));
 }
 
-TEST_F(ThreatRemovalTest, TheRemoveButtonDoesNotCountTheRemoteDesktopRow)
+TEST_F(ThreatRemovalTest, RemoteDesktopIsListedAndNeverTaken)
 {
     scanWith({kMdworker, kRemoteDesktop});
     EXPECT_TRUE(lists.ARDDetect);
@@ -214,17 +195,23 @@ TEST_F(ThreatRemovalTest, TheRemoveButtonDoesNotCountTheRemoteDesktopRow)
     EXPECT_EQ(controller.arrThreats().back()->name(), "ARD");
     controller.selectThreat(0, false);
     EXPECT_FALSE(state.arrSpywareList.records()[0]->isChecked);
-    EXPECT_FALSE(controller.removal().removeButtonEnabled());
-    controller.selectThreat(0, true);
-    controller.selectThreat(0, true);
-    controller.selectThreat(7, true);
-    EXPECT_EQ(controller.arrThreats().size(), 2U);
-    EXPECT_TRUE(controller.removal().removeButtonEnabled());
-
+    EXPECT_FALSE(controller.removal().removeButtonEnabled()) << "its row does not count";
+    for (const std::size_t row : {0U, 0U, 7U})
+        controller.selectThreat(row, true);
+    controller.removal().planSelectedThreats();
+    ASSERT_TRUE(mainQueue.runUntil([&] { return !controller.removal().isPlanning(); }));
+    EXPECT_EQ(controller.removal().plan().rows.size(), 1U);
+    expectUntouched({kMdworker, kRemoteDesktop});
+    deleteSelected();
+    EXPECT_THAT(pathsOf(lists.deletedSpyware), ElementsAre(kMdworker));
+    EXPECT_THAT(pathsOf(lists.notActionSpyware), ElementsAre(kRemoteDesktop));
+    EXPECT_EQ(controller.report()->spyWareList->size(), 2U);
+    removal([this] { controller.removeSpyware(); });
+    removal([this] { controller.removeThisSpyware(state.arrSpywareList.records()); });
+    EXPECT_TRUE(volume.contains(kRemoteDesktop));
     volume.remove(kRemoteDesktop);
     scan();
     EXPECT_FALSE(lists.ARDDetect);
-    EXPECT_TRUE(controller.removal().removeButtonEnabled());
 }
 
 TEST_F(ThreatRemovalTest, RemoveSpywareAsksNothingAndSelectsTheWholeListAgain)
@@ -234,56 +221,22 @@ TEST_F(ThreatRemovalTest, RemoveSpywareAsksNothingAndSelectsTheWholeListAgain)
     removal([this] { controller.removeSpyware(); });
     EXPECT_FALSE(volume.contains(kMdworker));
     EXPECT_TRUE(volume.contains(kRefog));
-    EXPECT_THAT(paths(controller.arrThreats()), ElementsAre(kRefog, kMdworker));
+    EXPECT_THAT(pathsOf(controller.arrThreats()), ElementsAre(kRefog, kMdworker));
     EXPECT_TRUE(controller.threatFound());
     EXPECT_EQ(lists.deletedCount, 1U);
-    EXPECT_THAT(paths(*controller.report()->spyWareList), ElementsAre(kRefog, kMdworker));
+    EXPECT_THAT(pathsOf(*controller.report()->spyWareList), ElementsAre(kRefog, kMdworker));
 }
-
-TEST_F(ThreatRemovalTest, RemoteDesktopIsNeitherPlannedNorRemoved)
-{
-    scanWith({kAobo, kMdworker, kRemoteDesktop});
-    controller.removal().planSelectedThreats();
-    ASSERT_TRUE(mainQueue.runUntil([&] { return !controller.removal().isPlanning(); }));
-    EXPECT_EQ(controller.removal().plan().rows.size(), 2U);
-    expectUntouched({kAobo, kMdworker, kRemoteDesktop});
-    deleteSelected();
-    EXPECT_THAT(paths(lists.deletedSpyware), ElementsAre(kAobo, kMdworker));
-    EXPECT_THAT(paths(lists.notActionSpyware), ElementsAre(kRemoteDesktop));
-    EXPECT_EQ(controller.report()->spyWareList->size(), 3U);
-    removal([this] { controller.removeSpyware(); });
-    removal([this] { controller.removeThisSpyware(state.arrSpywareList.records()); });
-    EXPECT_TRUE(volume.contains(kRemoteDesktop));
-}
-
-/// Waits, before it removes, until it is let go.
-class GatedRemover final : public Remover {
-public:
-    explicit GatedRemover(Remover& remover) : m_remover(remover) {}
-    void plan(std::span<const RemovalItem> items, const StopFlag& stop,
-              const RemovalForecasts& told) override
-    {
-        m_remover.plan(items, stop, told);
-    }
-    void remove(std::span<const RemovalItem> items, const StopFlag& stop,
-                const RemovalResults& told) override
-    {
-        entered = true;
-        while (!open && !stop.requested())
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        m_remover.remove(items, stop, told);
-    }
-    std::atomic<bool> entered{false}, open{false};
-
-private:
-    Remover& m_remover;
-};
 
 TEST_F(ThreatRemovalTest, NothingElseStartsMeanwhile)
 {
-    GatedRemover gate(remover);
-    ScanViewController gated(services(), state, access, store, gate,
-                             ScanOptions{"alice", FileURL::fileURLWithPath("/")});
+    std::atomic<bool> entered{false}, open{false};
+    test::StubbornRemover gate(*disk);
+    gate.onRemove = [&] {
+        entered = true;
+        while (!open)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    };
+    ScanViewController gated(services(), state, access, store, gate, options);
     const auto toldOfEnd = gated.scanEnded.listen([this] { ++ended; });
     const auto toldOfRemoval = gated.removalEnded.listen([this] { ++removals; });
     volume.plant(kMdworker);
@@ -291,7 +244,7 @@ TEST_F(ThreatRemovalTest, NothingElseStartsMeanwhile)
     ASSERT_TRUE(mainQueue.runUntil([&] { return ended == 1; }));
     alerts.answer(kYes);
     gated.deleteSelectedThreat();
-    ASSERT_TRUE(mainQueue.runUntil([&] { return gate.entered.load(); }));
+    ASSERT_TRUE(mainQueue.runUntil([&] { return entered.load(); }));
     gated.SpywareScanStart();
     EXPECT_FALSE(gated.isScanning());
     EXPECT_EQ(notes.back(), "ScanStatusChange NO"); // for whoever made ready for it
@@ -303,7 +256,7 @@ TEST_F(ThreatRemovalTest, NothingElseStartsMeanwhile)
     EXPECT_TRUE(gated.removal().isRemoving());
     EXPECT_FALSE(gated.removal().isPlanning() || gated.removal().removeButtonEnabled());
     EXPECT_EQ(gated.arrThreats().size(), 1U);
-    gate.open = true;
+    open = true;
     ASSERT_TRUE(mainQueue.runUntil([&] { return removals == 1; }));
     EXPECT_FALSE(volume.contains(kMdworker));
     EXPECT_EQ(gated.removal().progress().done, 1U);

@@ -139,21 +139,18 @@ TEST_F(SqliteUserDefaultsTest, KeepsTheLastThreeValuesSetAside)
         usleep(2000); // the names go by the millisecond
     }
     ASSERT_TRUE(defaults->setObject("k", "text"s).ok());
-    ASSERT_TRUE(defaults
-                    ->updateBytes("k",
-                                  [](std::optional<Bytes> stored) {
-                                      EXPECT_EQ(stored, std::nullopt) << "a text is no bytes";
-                                      return Bytes{"new"};
-                                  })
-                    .ok());
+    const auto change = [](std::optional<Bytes> stored) {
+        EXPECT_EQ(stored, std::nullopt) << "a text is no bytes";
+        return Bytes{"new"};
+    };
+    ASSERT_TRUE(defaults->updateBytes("k", change).ok());
     EXPECT_EQ(defaults->getBytes("k"), Bytes{"new"});
 
     int code = SQLITE_OK;
     const SqliteConnection connection(file(), SQLITE_OPEN_READONLY, code);
     SqliteStatement rows(connection, "SELECT value FROM preference WHERE key LIKE 'k.damaged-2%' "
                                      "ORDER BY key");
-    for (const std::string expected : {"value 3", "value 4", "text"}) {
-        std::string value;
+    for (std::string value; const std::string expected : {"value 3", "value 4", "text"}) {
         ASSERT_EQ(rows.step(), SQLITE_ROW);
         ASSERT_TRUE(rows.bytesColumn(0, value));
         EXPECT_EQ(value, expected);
@@ -224,15 +221,7 @@ TEST_F(SqliteUserDefaultsTest, UndoesASaveThatWasCutOff)
     EXPECT_EQ(namesIn(cut).size(), 1U);
 }
 
-TEST_F(SqliteUserDefaultsTest, ReachesItsFolderThroughALink)
-{
-    folder.folder("real");
-    folder.link("share", "real");
-    ASSERT_TRUE(open()->set(preferences::kScan, true).ok());
-    EXPECT_TRUE(folder.contains("real/Pryvane/Pryvane.sqlite"));
-}
-
-TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
+TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongWithItsPlaceAndTouchesNothing)
 {
     const std::string path = "share/Pryvane/Pryvane.sqlite";
     const auto fileAt = [&](const std::string& at) { return [=, this] { folder.file(at); }; };
@@ -278,13 +267,17 @@ TEST_F(SqliteUserDefaultsTest, SaysWhatIsWrongAndTouchesNothing)
             }
             ASSERT_FALSE(opened.ok());
             const std::string& message = opened.error().message;
-            EXPECT_NE(message.find(row.words), std::string::npos) << message;
-            EXPECT_NE(message.find(folder.hostPath("share")), std::string::npos) << message;
-            EXPECT_NE(message.find("PRYVANE_DATA_DIR"), std::string::npos) << message;
+            for (const std::string& words :
+                 {row.words, folder.hostPath("share"), std::string("PRYVANE_DATA_DIR")})
+                EXPECT_NE(message.find(words), std::string::npos) << message;
             EXPECT_EQ(message.find('\n'), std::string::npos) << message;
         }
     }
     EXPECT_FALSE(SqliteUserDefaults::open("", log).ok());
+    folder.remove("share");
+    folder.link("share", "real"); // which is nothing wrong
+    folder.folder("real");
+    EXPECT_TRUE(open()->set(preferences::kScan, true).ok());
     EXPECT_EQ(contentOf(folder.hostPath("t")), "x");
 }
 
@@ -383,24 +376,22 @@ TEST_F(SqliteUserDefaultsTest, AReportThatCannotBeWrittenLeavesTheListAsItWas)
     ReportStore& reports = defaults->reports();
     ASSERT_TRUE(
         reports.put({"old", "", [](const PieceSink& sink) { return sink("old piece"); }}).ok());
-    const auto fails = [](const PieceSink& sink) -> Result<Done> {
-        EXPECT_TRUE(sink("new piece").ok());
-        return Error{"no"};
-    };
-    const auto throws = [](const PieceSink& sink) -> Result<Done> {
-        EXPECT_TRUE(sink("new piece").ok());
+    bool throws = false;
+    const NewReport half{"old", "", [&](const PieceSink& sink) -> Result<Done> {
+                             EXPECT_TRUE(sink("new piece").ok());
+                             if (throws)
+                                 throw std::bad_alloc();
+                             return Error{"no"};
+                         }};
+    const auto change = [&](auto) -> std::optional<Bytes> {
+        EXPECT_FALSE(reports.put(half).ok());
+        EXPECT_TRUE(reports.remove("old").value());
         throw std::bad_alloc();
     };
-    EXPECT_EQ(reports.put({"old", "", fails}).error().message, "no");
-    EXPECT_THROW(static_cast<void>(reports.put({"old", "", throws})), std::bad_alloc);
-    EXPECT_THROW(static_cast<void>(
-                     defaults->updateBytes("k",
-                                           [&](auto) -> std::optional<Bytes> {
-                                               EXPECT_FALSE(reports.put({"old", "", fails}).ok());
-                                               EXPECT_TRUE(reports.remove("old").value());
-                                               throw std::bad_alloc();
-                                           })),
-                 std::bad_alloc);
+    EXPECT_EQ(reports.put(half).error().message, "no");
+    EXPECT_THROW(static_cast<void>(defaults->updateBytes("k", change)), std::bad_alloc);
+    throws = true;
+    EXPECT_THROW(static_cast<void>(reports.put(half)), std::bad_alloc);
     const auto rows = reports.list();
     ASSERT_TRUE(rows.ok() && rows->size() == 1);
     EXPECT_EQ(reports.pieces(rows->front().place, 0, 0)->front().value, "old piece");

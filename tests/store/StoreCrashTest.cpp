@@ -11,7 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <sstream>
+#include <optional>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -24,106 +24,80 @@ constexpr auto kKey = preferences::kSaveReport;
 
 /// A process that stores its report again and again, with a growing number in it, and says each
 /// number that the store acknowledged.
-class Writer {
-public:
-    Writer(const std::string& folder, std::string identity) : m_identity(std::move(identity))
-    {
-        int ends[2];
-        if (pipe(ends) != 0)
-            std::abort();
-        m_pid = fork();
-        if (m_pid == 0) {
-            close(ends[0]);
-            storeForEver(folder, ends[1]);
-        }
-        close(ends[1]);
-        m_acknowledgements = ends[0];
-        fcntl(m_acknowledgements, F_SETFL, O_NONBLOCK);
-    }
-    ~Writer()
-    {
-        kill();
-        close(m_acknowledgements);
-    }
-    Writer(const Writer&) = delete;
-    Writer& operator=(const Writer&) = delete;
+struct Writer {
+    std::string identity;
+    pid_t process;
+    UniqueFd acknowledgements;
 
-    [[nodiscard]] const std::string& identity() const { return m_identity; }
-
+    ~Writer() { kill(); }
     void kill()
     {
-        if (m_pid > 0) {
-            ::kill(m_pid, SIGKILL);
-            waitpid(m_pid, nullptr, 0);
+        if (process > 0) {
+            ::kill(process, SIGKILL);
+            waitpid(process, nullptr, 0);
         }
-        m_pid = -1;
+        process = -1;
     }
-
-    /// The last number that was acknowledged so far.
-    int acknowledged()
+    /// The last number that was acknowledged since this was asked, or none.
+    [[nodiscard]] std::optional<int> acknowledged() const
     {
-        int number = 0;
-        while (read(m_acknowledgements, &number, sizeof number) == sizeof number)
-            m_last = number;
-        return m_last;
+        std::optional<int> last;
+        for (int number = 0; read(acknowledgements.get(), &number, sizeof number) == sizeof number;)
+            last = number;
+        return last;
     }
-
-private:
-    [[noreturn]] void storeForEver(const std::string& folder, int acknowledgements) const
-    {
-        SilentLog log;
-        CountingDisk disk;
-        FakeClock clock;
-        const auto opened = SqliteUserDefaults::open(folder, log);
-        if (!opened || opened->notice)
-            _exit(1);
-        DefaultMethods store(*opened->defaults, disk, clock, log);
-        const auto report = reportOf({"/tmp/a", "/tmp/b"});
-        report->reportId = m_identity;
-        for (int number = 1;; ++number) {
-            report->scanDuration = std::to_string(number);
-            if (!store.updateReportInDefaults(report))
-                _exit(1);
-            if (write(acknowledgements, &number, sizeof number) != sizeof number)
-                _exit(1);
-        }
-    }
-
-    std::string m_identity;
-    pid_t m_pid = -1;
-    int m_acknowledgements = -1;
-    int m_last = 0;
 };
 
-/// The stored numbers by identity, read by a process that starts as the program would.
+[[noreturn]] void storeForEver(const std::string& folder, const std::string& identity, int told)
+{
+    SilentLog log;
+    CountingDisk disk;
+    FakeClock clock;
+    const auto opened = SqliteUserDefaults::open(folder, log);
+    if (!opened || opened->notice)
+        _exit(1);
+    DefaultMethods store(*opened->defaults, disk, clock, log);
+    const auto report = reportOf({"/tmp/a", "/tmp/b"});
+    report->reportId = identity;
+    for (int number = 1;; ++number) {
+        report->scanDuration = std::to_string(number);
+        if (!store.updateReportInDefaults(report) ||
+            write(told, &number, sizeof number) != sizeof number)
+            _exit(1);
+    }
+}
+
+std::unique_ptr<Writer> startedWriter(const std::string& folder, const std::string& identity)
+{
+    int ends[2];
+    if (pipe2(ends, O_NONBLOCK) != 0)
+        std::abort();
+    const pid_t process = fork();
+    if (process == 0)
+        storeForEver(folder, identity, ends[1]);
+    close(ends[1]);
+    return std::unique_ptr<Writer>(new Writer{identity, process, UniqueFd(ends[0])});
+}
+
+/// The stored numbers by identity.
 std::map<std::string, int> storedNumbers(const std::string& folder)
 {
-    const std::string text = inChild([&]() -> std::string {
-        RecordingLog log;
-        CountingDisk disk;
-        FakeClock clock;
-        const auto opened = SqliteUserDefaults::open(folder, log);
-        if (!opened)
-            return "error " + opened.error().message;
-        DefaultMethods store(*opened->defaults, disk, clock, log);
-        std::ostringstream out;
-        for (const auto& report : store.loadListReportWithoutDisk(kKey))
-            out << report->reportId << ' ' << report->scanDuration << '\n';
-        return log.lines().empty() ? out.str() : "error " + log.lines()[0];
-    });
-    EXPECT_FALSE(text.starts_with("error")) << text;
+    RecordingLog log;
+    CountingDisk disk;
+    FakeClock clock;
+    const auto opened = openedStore(folder, log);
+    EXPECT_EQ(opened.notice, std::nullopt);
+    DefaultMethods store(*opened.defaults, disk, clock, log);
     std::map<std::string, int> numbers;
-    std::istringstream in(text);
-    std::string identity;
-    for (int number = 0; in >> identity >> number;)
-        numbers[identity] = number;
+    for (const auto& report : store.loadListReportWithoutDisk(kKey))
+        numbers[report->reportId] = std::stoi(report->scanDuration);
+    EXPECT_TRUE(log.lines().empty());
     return numbers;
 }
 
 TEST(StoreCrash, NoAcknowledgedReportIsLostWhenWritersAreKilled)
 {
-    const char* wanted = std::getenv("PRYVANE_TEST_KILLS");
-    const int kills = wanted ? std::atoi(wanted) : 500;
+    const int kills = sizeAsked("PRYVANE_TEST_KILLS", 500);
     const auto folder = fastFolder();
     std::mt19937 random(11);
     std::map<std::string, int> acknowledged;
@@ -131,14 +105,15 @@ TEST(StoreCrash, NoAcknowledgedReportIsLostWhenWritersAreKilled)
     for (int i = 0; i < kills && !testing::Test::HasFailure(); ++i) {
         for (std::size_t slot = 0; slot < writers.size(); ++slot) {
             if (!writers[slot])
-                writers[slot] = std::make_unique<Writer>(
-                    folder->path(), "writer-" + std::to_string(slot) + "-" + std::to_string(i));
+                writers[slot] = startedWriter(folder->path(), "writer-" + std::to_string(slot) +
+                                                                  "-" + std::to_string(i));
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1 + random() % 30));
         auto& victim = writers[random() % writers.size()];
         victim->kill();
         for (const auto& writer : writers)
-            acknowledged[writer->identity()] = writer->acknowledged();
+            acknowledged[writer->identity] =
+                writer->acknowledged().value_or(acknowledged[writer->identity]);
         victim.reset();
 
         const auto stored = storedNumbers(folder->path());

@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
-
-using namespace test;
 
 /// A disk as a Mac since macOS 10.15 has it: without the links of its system volume, or with them.
 void fill(const TemporaryFolder& disk, bool links)
@@ -37,6 +34,15 @@ constexpr std::array<Way, 4> kWays = {{{NameMatching::AsOnMac, Confinement::Best
                                        {NameMatching::Exact, Confinement::BestAvailable},
                                        {NameMatching::Exact, Confinement::ComponentWalk}}};
 
+constexpr const char* kPaths[] = {
+    // by the links in the root
+    "/tmp", "/tmp/", "tmp/.hidden", "/tmp/.hidden/", "/tmp/missing", "//tmp/./.hidden",
+    "/Users/../tmp/.hidden", "/tmp/../etc/manpath.d/a", "/tmp/..", "/tmp/around", "/etc/manpath.d/",
+    "/etc/manpath.d/a", "/VAR/Folders/ZZ/cache", "/var/folders/zz",
+    // by links further down, and by none
+    "/Users/alice/byVar/zz/cache", "/Users/alice/byVar/zz/none", "/Users/alice/upAndBy/.hidden",
+    "/Users/alice/toFile", "/Users/tmp/.hidden", "/private/tmp/.hidden"};
+
 std::string answers(VolumeFileSystem& volume, const std::string& path)
 {
     const FileURL url = at(path);
@@ -47,11 +53,7 @@ std::string answers(VolumeFileSystem& volume, const std::string& path)
                 std::to_string(volume.allocatedSize(url)) + " " + volume.placeBehindLinks(url);
     const FolderListing listing = volume.list(url);
     text += " " + std::to_string(static_cast<int>(listing.status));
-    std::vector<std::string> names;
-    for (const FolderEntry& entry : listing.entries)
-        names.push_back(entry.name);
-    std::ranges::sort(names);
-    for (const std::string& name : names)
+    for (const std::string& name : namesOf(listing))
         text += " " + name;
     const int folder = volume.openFolder(url);
     text += folder < 0 ? " none" : " opened";
@@ -74,26 +76,7 @@ TEST(DataVolume, AnswersAsTheWholeDiskDoes)
         EXPECT_TRUE(implied->impliedLinks().any());
         EXPECT_EQ(implied->presence(at("/tmp/.hidden")), Presence::Present);
         EXPECT_EQ(implied->presence(at("/Users/alice/byVar/zz/cache")), Presence::Present);
-        for (const char* path : {"/tmp",
-                                 "/tmp/",
-                                 "tmp/.hidden",
-                                 "/tmp/.hidden/",
-                                 "/tmp/missing",
-                                 "//tmp/./.hidden",
-                                 "/Users/../tmp/.hidden",
-                                 "/tmp/../etc/manpath.d/a",
-                                 "/tmp/..",
-                                 "/tmp/around",
-                                 "/etc/manpath.d/",
-                                 "/etc/manpath.d/a",
-                                 "/VAR/Folders/ZZ/cache",
-                                 "/var/folders/zz",
-                                 "/Users/alice/byVar/zz/cache",
-                                 "/Users/alice/byVar/zz/none",
-                                 "/Users/alice/upAndBy/.hidden",
-                                 "/Users/alice/toFile",
-                                 "/Users/tmp/.hidden",
-                                 "/private/tmp/.hidden"}) {
+        for (const char* path : kPaths) {
             SCOPED_TRACE(std::string(path) + (way.matching == NameMatching::Exact ? " exact" : "") +
                          (way.confinement == Confinement::ComponentWalk ? " walk" : ""));
             EXPECT_EQ(answers(*implied, path), answers(*links, path));
@@ -151,4 +134,4 @@ TEST(DataVolume, LosesTheRealFileAndNothingElse)
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

@@ -9,10 +9,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
-
-using namespace test;
 
 /// What the next disk says it is, when it is asked for its file system; 0: what it really is.
 long g_fileSystem = 0;
@@ -56,4 +54,4 @@ TEST(BlocklessFileSystem, IsMeasuredByLength)
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

@@ -6,10 +6,9 @@
 #include <algorithm>
 #include <random>
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
 
-using namespace test;
 using namespace std::string_literals;
 
 constexpr const char* kComposed = "Caf\u00e9";    // é as one character
@@ -214,4 +213,4 @@ TEST_P(MacNamesTest, RandomNamesAreListedFoundAndMeasured)
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

@@ -8,14 +8,12 @@
 #include <map>
 #include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
 
-using namespace test;
 using testing::HasSubstr;
 
 class VolumeContentTest : public testing::Test {
@@ -142,14 +140,6 @@ TEST_F(VolumeContentTest, WritableSaysWhatTheSystemSays)
     chmod(disk.hostPath("closed").c_str(), 0755);
 }
 
-TEST_F(VolumeContentTest, IdentityTellsVolumesApart)
-{
-    const TemporaryFolder other;
-    EXPECT_EQ(volume->identity(), volumeAt(disk, NameMatching::Exact)->identity());
-    EXPECT_NE(volume->identity(), volumeAt(other, NameMatching::Exact)->identity());
-    EXPECT_EQ(volume->identity().find_first_not_of("0123456789abcdef-."), std::string::npos);
-}
-
 TEST_F(VolumeContentTest, AVolumeThatCannotBeOpenedSaysWhatToDo)
 {
     disk.file("file");
@@ -211,4 +201,4 @@ TEST(VolumeThreadsTest, ManyThreadsGetTheRightAnswersWhileListingsAreForgotten)
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

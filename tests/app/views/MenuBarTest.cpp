@@ -8,33 +8,28 @@
 namespace pryvane {
 namespace {
 
-/// Each entry of the bar: menus, titles, keys, roles that a Mac gives a place of its own, and
-/// "off".
-std::vector<std::string> entriesOf(const MenuBar& bar)
+/// A line for each menu of the bar: its entries with their keys, what they hold, roles that a Mac
+/// gives a place of its own, and "off".
+std::string entriesOf(const MenuBar& bar)
 {
-    std::vector<std::string> entries;
+    QString lines;
     for (const QAction* top : bar.actions()) {
+        lines += top->text() + ":";
         for (const QAction* action : top->menu()->actions()) {
-            QString text =
-                top->text() + ": " + (action->isSeparator() ? QStringLiteral("-") : action->text());
+            lines += " " + (action->isSeparator() ? QStringLiteral("-") : action->text());
             for (const QKeySequence& keys : action->shortcuts().mid(0, 1))
-                text += " [" + keys.toString(QKeySequence::PortableText) + "]";
+                lines += " [" + keys.toString(QKeySequence::PortableText) + "]";
             if (action->menu()) {
-                QStringList inside;
                 for (const QAction* choice : action->menu()->actions())
-                    inside += choice->text() + (choice->isChecked() ? " ticked" : "");
-                text += " > " + inside.join(", ");
+                    lines += " >" + choice->text() + (choice->isChecked() ? " ticked" : "");
             }
-            if (action->menuRole() == QAction::QuitRole)
-                text += " quits";
-            if (action->isChecked())
-                text += " ticked";
-            if (!action->isEnabled())
-                text += " off";
-            entries.push_back(text.toStdString());
+            lines += action->menuRole() == QAction::QuitRole ? " quits" : "";
+            lines += action->isChecked() ? " ticked" : "";
+            lines += action->isEnabled() ? ";" : " off;";
         }
+        lines += "\n";
     }
-    return entries;
+    return lines.toStdString();
 }
 
 TEST(MenuBarTest, HoldsWhatTheMenuHoldsAndTheKeysOfTheWindow)
@@ -64,29 +59,18 @@ TEST(MenuBarTest, HoldsWhatTheMenuHoldsAndTheKeysOfTheWindow)
                  did += "look" + std::to_string(static_cast<int>(to)) + " ";
              },
          .appearance = [] { return ui::AppearanceSetting::Dark; }});
-    const auto expected = [](const char* print) {
-        return std::vector<std::string>{"File: Open… [Ctrl+O]",
-                                        print,
-                                        "File: -",
-                                        "File: Quit [Ctrl+Q] quits",
-                                        "View: Dashboard [Ctrl+1]",
-                                        "View: Scan [Ctrl+2]",
-                                        "View: Tools [Ctrl+3]",
-                                        "View: Reports [Ctrl+4]",
-                                        "View: -",
-                                        "View: Find in List [Ctrl+F]",
-                                        "View: -",
-                                        "View: Appearance > As the Desktop, Light, Dark ticked, "
-                                        "More Contrast",
-                                        "Window: A && B ticked",
-                                        "Window: -",
-                                        "Window: Other",
-                                        "Help: Pryvane Help [F1]"};
+    const auto expected = [](const std::string& print) {
+        return "File: Open… [Ctrl+O]; " + print + "; -; Quit [Ctrl+Q] quits;\n" +
+               "View: Dashboard [Ctrl+1]; Scan [Ctrl+2]; Tools [Ctrl+3]; Reports [Ctrl+4]; -; "
+               "Find in List [Ctrl+F]; -; "
+               "Appearance >As the Desktop >Light >Dark ticked >More Contrast;\n"
+               "Window: A && B ticked; -; Other;\n"
+               "Help: Pryvane Help [F1];\n";
     };
-    EXPECT_EQ(entriesOf(bar), expected("File: Print… [Ctrl+P] off"));
+    EXPECT_EQ(entriesOf(bar), expected("Print… [Ctrl+P] off"));
     canPrint = true;
     bar.refresh();
-    EXPECT_EQ(entriesOf(bar), expected("File: Print… [Ctrl+P]"));
+    EXPECT_EQ(entriesOf(bar), expected("Print… [Ctrl+P]"));
     for (const QAction* top : bar.actions())
         for (QAction* action : top->menu()->actions())
             action->menu() ? action->menu()->actions().back()->trigger() : action->trigger();

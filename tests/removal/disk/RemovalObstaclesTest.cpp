@@ -12,7 +12,6 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <optional>
-#include <ostream>
 #include <sched.h>
 #include <set>
 #include <string_view>
@@ -23,10 +22,9 @@
 #include <thread>
 #include <unistd.h>
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
 
-using namespace test;
 using testing::StartsWith;
 
 constexpr const char* kSkipped = "skipped: ";
@@ -81,11 +79,6 @@ struct Row {
     std::string told; ///< the beginning
     bool foreseen = true;
 };
-
-void PrintTo(const Row& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 const std::string kNotAllowed = "failed after 0: the folder that holds it may not be changed; ask "
                                 "its owner, or run this with the rights to ";
@@ -283,4 +276,4 @@ TEST(Obstacles, HaveASentenceEach)
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

@@ -2,16 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include <atomic>
-#include <chrono>
-#include <fcntl.h>
+#include <filesystem>
 #include <thread>
-#include <unistd.h>
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
 
-using namespace test;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -71,14 +67,12 @@ TEST(Refusals, KeepWhatTheVolumeItselfLiesIn)
     outer.folder.file("a/volume/x/file");
     const auto inner = std::move(
         VolumeFileSystem::open(outer.folder.hostPath("a/volume"), {NameMatching::Exact}).value());
-    NoRemovalJournal journal;
+    NoRemovalJournal none;
     const RemovalItem items[] = {RemovalDisk::stored("/x"), RemovalDisk::stored("/x/file"),
                                  RemovalDisk::stored("/../../a")};
-    std::vector<std::string> told;
-    VolumeRemover(*inner, journal, {outer.folder.hostPath("a/volume/x")})
-        .remove(items, StopFlag(),
-                [&](std::size_t, const RemovalResult& result) { told.push_back(inWords(result)); });
-    EXPECT_THAT(told, testing::ElementsAre(StartsWith(kProtected), StartsWith(kProtected), "gone"));
+    VolumeRemover remover(*inner, none, {outer.folder.hostPath("a/volume/x")});
+    EXPECT_THAT(inWords(removed(remover, items)),
+                testing::ElementsAre(StartsWith(kProtected), StartsWith(kProtected), "gone"));
     EXPECT_TRUE(outer.folder.contains("a/volume/x/file"));
 }
 
@@ -251,13 +245,9 @@ TEST(Removal, TellsOfTheOtherSpellingsThatStay)
     disk.folder.file("tmp/mdsa1331\u00e9");
     disk.folder.file("tmp/Mdsa1331");
     disk.folder.file("tmp/cafe\u0301");
-    NoRemovalJournal journal;
-    std::vector<std::string> told;
-    VolumeRemover(*disk.volume, journal, {})
-        .remove(items, StopFlag(),
-                [&](std::size_t, const RemovalResult& result) { told.push_back(inWords(result)); });
     const auto twin = testing::StartsWith("removed 1; another one is there, spelled");
-    EXPECT_THAT(told, testing::ElementsAre("removed 1", twin, "removed 1", twin, twin));
+    EXPECT_THAT(inWords(disk.remove(items)),
+                testing::ElementsAre("removed 1", twin, "removed 1", twin, twin));
 
     const RemovalDisk exact(NameMatching::Exact);
     exact.folder.file("tmp/A");
@@ -342,12 +332,8 @@ TEST(Removal, IsJournalledInBatchesAndNothingGoesUnwritten)
     }
     WatchingJournal journal;
     journal.failingBegin = 2;
-    std::vector<std::string> told;
-    VolumeRemover(*disk.volume, journal, {})
-        .remove(items, StopFlag(), [&](std::size_t i, const RemovalResult& result) {
-            EXPECT_EQ(i, told.size());
-            told.push_back(inWords(result));
-        });
+    VolumeRemover remover(*disk.volume, journal, {});
+    const std::vector<std::string> told = inWords(removed(remover, items));
     EXPECT_EQ(journal.log, "begin 64\nflush 64\nbegin 64 fails\nbegin 22\nflush 22\n");
     ASSERT_EQ(told.size(), 150u);
     for (std::size_t i = 0; i < told.size(); ++i) {
@@ -359,54 +345,37 @@ TEST(Removal, IsJournalledInBatchesAndNothingGoesUnwritten)
 
 TEST(Removal, StopsBetweenTwoEntries)
 {
+    namespace fs = std::filesystem;
     const RemovalDisk disk;
     const int files = 20'000;
     disk.folder.folder("all/wide");
-    const UniqueFd wide(open(disk.folder.hostPath("all/wide").c_str(), O_PATH | O_CLOEXEC));
-    for (int i = 0; i < files; ++i)
-        makeFile(wide.get(), std::to_string(i));
+    growWide(openedFolder(disk.folder, "all/wide").get(), "", files);
     std::vector<RemovalItem> items;
     for (const char* path : {"/all/1", "/all/wide", "/all/2", "/all/3"}) {
         disk.folder.plant(path);
         items.push_back(disk.seen(path));
     }
     NoRemovalJournal journal;
+    VolumeRemover remover(*disk.volume, journal, {});
     StopFlag stop;
-    std::thread user;
-    std::vector<RemovalResult> told;
-    VolumeRemover(*disk.volume, journal, {})
-        .remove(items, stop, [&](std::size_t i, const RemovalResult& result) {
-            told.push_back(result);
-            if (i != 0)
-                return;
-            // Awake before the folder's turn comes, so that a busy machine cannot make it too late.
-            std::atomic<bool> awake = false;
-            user = std::thread([&stop, &awake] {
-                const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(1);
-                awake = true;
-                while (std::chrono::steady_clock::now() < end) {
-                }
-                stop.request();
-            });
-            while (!awake)
-                std::this_thread::yield();
-        });
+    const fs::path host = disk.folder.hostPath("all/wide");
+    std::thread user([&, before = fs::last_write_time(host)] {
+        while (fs::last_write_time(host) == before) // until the first of them go
+            std::this_thread::yield();
+        stop.request();
+    });
+    const auto told = removed(remover, items, stop);
     user.join();
     ASSERT_EQ(told.size(), 4u);
     EXPECT_EQ(inWords(told[0]), "removed 1");
     for (const std::size_t i : {1u, 2u, 3u})
         EXPECT_EQ(told[i].obstacle, RemovalObstacle::Stopped) << i;
     EXPECT_EQ(told[2].entriesRemoved, 0u);
-    const auto left =
-        std::distance(std::filesystem::directory_iterator(disk.folder.hostPath("all/wide")),
-                      std::filesystem::directory_iterator());
+    const auto left = std::distance(fs::directory_iterator(host), fs::directory_iterator());
     EXPECT_GT(left, 0);
     EXPECT_EQ(static_cast<std::uint64_t>(left) + told[1].entriesRemoved, std::uint64_t{files});
-    std::size_t planned = 0;
-    VolumeRemover(*disk.volume, journal, {})
-        .plan(items, stop, [&](std::size_t, const RemovalForecast&) { ++planned; });
-    EXPECT_EQ(planned, 0u);
+    remover.plan(items, stop, [](std::size_t, const RemovalForecast&) { FAIL() << "planned"; });
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

@@ -8,12 +8,10 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
-namespace pryvane {
+namespace pryvane::test {
 namespace {
 
-using namespace test;
 namespace fs = std::filesystem;
 
 /// So many folders one inside the other, a file beside each thousandth.
@@ -29,18 +27,11 @@ std::uint64_t makeDeep(const std::string& host, int levels)
     return entries + entries / 1'000;
 }
 
-/// So many entries in one folder, every fourth a folder.
+/// So many entries in one folder.
 std::uint64_t makeWide(const std::string& host, int width)
 {
     mkdir(host.c_str(), 0755);
-    const UniqueFd at(open(host.c_str(), O_PATH | O_CLOEXEC));
-    for (int i = 0; i < width; ++i) {
-        const std::string name = "entry" + std::to_string(i);
-        if (i % 4)
-            makeFile(at.get(), name);
-        else
-            mkdirat(at.get(), name.c_str(), 0755);
-    }
+    growWide(UniqueFd(open(host.c_str(), O_PATH | O_CLOEXEC)).get(), "entry", width);
     return static_cast<std::uint64_t>(width) + 1;
 }
 
@@ -52,44 +43,32 @@ long peak()
     return usage.ru_maxrss / 1024;
 }
 
-struct Shape {
-    const char* name;
-    std::uint64_t (*make)(const std::string& host, int size);
-    const char* variable;
-    int size;
-};
-
-void PrintTo(const Shape& shape, std::ostream* out)
+TEST(HostileShapes, GoWithLittleMemoryAndFewDescriptors)
 {
-    *out << shape.name;
-}
-
-class HostileShapes : public testing::TestWithParam<Shape> {};
-INSTANTIATE_TEST_SUITE_P(All, HostileShapes,
-                         testing::Values(Shape{"Deep", makeDeep, "PRYVANE_DEEP", 100'000},
-                                         Shape{"Wide", makeWide, "PRYVANE_WIDE", 200'000}),
-                         [](const auto& shape) { return std::string(shape.param.name); });
-
-TEST_P(HostileShapes, GoWithLittleMemoryAndFewDescriptors)
-{
-    const InMemory inMemory;
-    const RemovalDisk disk;
-    disk.folder.folder("a");
-    const auto entries = GetParam().make(disk.folder.hostPath("a/finding"),
-                                         sizeAsked(GetParam().variable, GetParam().size));
-    const std::string answer = inChild([&] {
-        const rlimit few{64, 64};
-        setrlimit(RLIMIT_NOFILE, &few);
-        const long before = peak();
-        const RemovalItem item = disk.seen("/a/finding");
-        const auto planned = disk.plan(item);
-        const auto result = disk.remove(item);
-        const long grown = peak() - before;
-        return inWords(result) + (planned.entries == entries ? "" : ", planned otherwise") +
-               (grown < 48 ? "" : ", memory grew by MiB " + std::to_string(grown));
-    });
-    EXPECT_EQ(answer, "removed " + std::to_string(entries));
-    EXPECT_FALSE(disk.folder.contains("a/finding"));
+    const struct {
+        std::uint64_t (*make)(const std::string& host, int size);
+        int size;
+    } shapes[] = {{makeDeep, sizeAsked("PRYVANE_DEEP", 100'000)},
+                  {makeWide, sizeAsked("PRYVANE_WIDE", 200'000)}};
+    for (const auto& [make, size] : shapes) {
+        const InMemory inMemory;
+        const RemovalDisk disk;
+        disk.folder.folder("a");
+        const auto entries = make(disk.folder.hostPath("a/finding"), size);
+        const std::string answer = inChild([&, entries] {
+            const rlimit few{64, 64};
+            setrlimit(RLIMIT_NOFILE, &few);
+            const long before = peak();
+            const RemovalItem item = disk.seen("/a/finding");
+            const auto planned = disk.plan(item);
+            const auto result = disk.remove(item);
+            const long grown = peak() - before;
+            return inWords(result) + (planned.entries == entries ? "" : ", planned otherwise") +
+                   (grown < 48 ? "" : ", memory grew by MiB " + std::to_string(grown));
+        });
+        EXPECT_EQ(answer, "removed " + std::to_string(entries));
+        EXPECT_FALSE(disk.folder.contains("a/finding"));
+    }
 }
 
 TEST(RemovalPlan, TellsWhatTheRemovalThenDoes)
@@ -162,4 +141,4 @@ TEST(Refilling, EndsAndIsTold)
 }
 
 } // namespace
-} // namespace pryvane
+} // namespace pryvane::test

@@ -4,8 +4,9 @@
 #include "removal/session/RemovalPlan.h"
 #include "removal/session/RemovalSummary.h"
 #include "reports/RecordAvailability.h"
-#include "support/ForwardingDisk.h"
+#include "support/StubbornRemover.h"
 #include "support/Volumes.h"
+#include "support/WatchedDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -51,47 +52,11 @@ TEST(BrowsersToQuit, AreThoseThatRunWithAFindingAmongTheirFiles)
 
 TEST(RemovalSummary, SaysWhatRemains)
 {
-    const RemovalSummary none{"", "no_threats_bg", "All threats are Removed", "icn_white_check",
-                              "1 finding removed, 3 left as you chose; Apple Remote Desktop stays: "
-                              "it is switched off in the Mac's settings."};
-    EXPECT_EQ(removalSummary({1, 0, 4, true}), none);
-    const RemovalSummary one{"  1 Failed", "report_bg", "One Threat Remaining", "icn_white",
-                             "0 findings removed, 1 failed."};
-    EXPECT_EQ(removalSummary({0, 1}), one);
-    const RemovalSummary two{"2 Failed", "report_bg", "Multiple Threats Remaining", "icn_white",
-                             "7 findings removed, 2 failed."};
-    EXPECT_EQ(removalSummary({7, 2}, FailedText::Plain), two);
+    EXPECT_EQ(removalSummary({1, 0, 4, true}).counts,
+              "1 finding removed, 3 left as you chose; Apple Remote Desktop stays: it is switched "
+              "off in the Mac's settings.");
+    EXPECT_EQ(removalSummary({7, 2}).counts, "7 findings removed, 2 failed.");
 }
-
-/// Says of everything that it went.
-class WillingRemover final : public Remover {
-public:
-    void plan(std::span<const RemovalItem> items, const StopFlag&,
-              const RemovalForecasts& told) override
-    {
-        RemovalForecast forecast;
-        forecast.kind = FileKind::RegularFile;
-        for (std::size_t i = 0; i < items.size(); ++i)
-            told(i, forecast);
-    }
-    void remove(std::span<const RemovalItem> items, const StopFlag&,
-                const RemovalResults& told) override
-    {
-        RemovalResult result;
-        result.outcome = RemovalOutcome::Removed;
-        for (std::size_t i = 0; i < items.size(); ++i)
-            told(i, result);
-    }
-};
-
-class NamedDisk final : public test::ForwardingDisk {
-public:
-    NamedDisk(FileSystem& disk, std::string name) : ForwardingDisk(disk), m_name(std::move(name)) {}
-    std::string identity() const override { return m_name; }
-
-private:
-    std::string m_name;
-};
 
 /// Of a disk without an identity only what a scan of this run has seen is known to be on it.
 TEST(RecordRemoval, RefusesWhatMayBeOfAnotherDisk)
@@ -110,17 +75,19 @@ TEST(RecordRemoval, RefusesWhatMayBeOfAnotherDisk)
     const test::TemporaryFolder folder;
     const auto volume = test::volumeAt(folder, NameMatching::Exact);
     for (const auto& row : rows) {
-        NamedDisk disk(*volume, row.disk);
-        WillingRemover remover;
+        test::WatchedDisk disk(*volume);
+        disk.name = row.disk;
+        test::StubbornRemover remover(*volume);
         RecordRemoval removal(disk, remover);
         RecordSelection selection;
         selection.volume = row.report;
         std::vector<RemovalObstacle> expected;
         for (const bool seen : {true, false, false, true, false}) {
-            const auto url = FileURL::fileURLWithPath("/" + std::to_string(expected.size()));
+            const auto url = test::at("/a/" + std::to_string(expected.size()));
+            folder.file(url.absolutePath());
             selection.records.push_back(Spyware::SpyWareSeen("x", "x", 0, url, kHighRisk));
             if (seen)
-                selection.records.back()->seen = Sighting{1, 2, FileKind::RegularFile};
+                selection.records.back()->seen = volume->sighting(url);
             expected.push_back(seen ? row.seen : row.stored);
         }
         const StopFlag never;
@@ -150,14 +117,14 @@ TEST(RecordRemoval, RemoteDesktopStaysWhoeverAsks)
 {
     const test::TemporaryFolder folder;
     const auto volume = test::volumeAt(folder, NameMatching::Exact);
-    WillingRemover remover;
+    test::StubbornRemover remover(*volume);
     const RecordRemoval removal(*volume, remover);
     RecordSelection selection;
     selection.volume = volume->identity();
     for (const auto& [name, threat] : {std::pair("ARD", "Apple Remote Desktop"),
                                        std::pair("ARD", "Spyware"), std::pair("x", "Spyware")})
         selection.records.push_back(
-            Spyware::SpyWareSeen(name, threat, 0, FileURL::fileURLWithPath("/x"), kHighRisk));
+            Spyware::SpyWareSeen(name, threat, 0, FileURL::fileURLWithPath("/a/x"), kHighRisk));
     const StopFlag never;
     const auto plan = removal.plan(selection, never);
     EXPECT_EQ(plan.rows.at(0).forecast.obstacle, RemovalObstacle::RemoteDesktop);
@@ -193,12 +160,12 @@ TEST(RecordRemoval, CountsWhatWasRemovedFailedAndIsLeft)
     EXPECT_EQ(tallyOf(selection, results), (RemovalTally{2, 0, 2}));
 }
 
-RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findings)
+RemovalPlan planOf(const std::vector<const char*>& findings)
 {
     RemovalPlan plan;
-    for (const auto& [path, threat] : findings) {
+    for (const char* path : findings) {
         const auto record =
-            Spyware::SpyWareSeen("x", threat, 0, FileURL::fileURLWithPath(path), kHighRisk);
+            Spyware::SpyWareSeen("x", "Revir", 0, FileURL::fileURLWithPath(path), kHighRisk);
         RemovalForecast forecast;
         forecast.kind = FileKind::RegularFile;
         forecast.entries = 1;
@@ -208,21 +175,9 @@ RemovalPlan planOf(const std::vector<std::pair<const char*, const char*>>& findi
     return plan;
 }
 
-TEST(RemovalPlan, TellsWhatFlaggedEachRecordAndWhatWouldGo)
+TEST(RemovalPlan, CountsWhatWouldGo)
 {
-    RemovalPlan plan =
-        planOf({{"/Users/al/src/Koobface/1", "Spyware"},
-                {"/Library/LaunchAgents/com.refog.agent.plist", "Refog Personal Monitor"},
-                {"/Library/LaunchAgents/com.refog.x.plist", "Refog Personal Monitor"},
-                {"/tmp/.mdworker", "Revir"},
-                {"/Users/al/src/Koobface/2", "Spyware"},
-                {"/no/such/rule", "Revir"}});
-    const std::vector<Evidence> expected{Evidence::BareSubstring,      Evidence::NameInLaunchFolder,
-                                         Evidence::NameInLaunchFolder, Evidence::ExactPath,
-                                         Evidence::BareSubstring,      Evidence::BareSubstring};
-    for (std::size_t i = 0; i < expected.size(); ++i)
-        EXPECT_EQ(plan.rows[i].flaggedBy.evidence, expected[i]) << i;
-
+    RemovalPlan plan = planOf({"/a", "/b", "/c", "/d", "/e", "/f"});
     plan.rows[0].forecast.obstacle = RemovalObstacle::ReadOnlyVolume;
     plan.rows[1].forecast = {};
     const auto totals = plan.totals();
@@ -232,12 +187,7 @@ TEST(RemovalPlan, TellsWhatFlaggedEachRecordAndWhatWouldGo)
     EXPECT_EQ(totals.gone, 1U);
 
     // What lies inside another one, or is listed twice, goes once; not inside one that stays.
-    plan = planOf({{"/a/b/c", "Revir"},
-                   {"/a/b/", "Revir"},
-                   {"/a/bc", "Revir"},
-                   {"/a/b", "Revir"},
-                   {"/stays", "Revir"},
-                   {"/stays/x", "Revir"}});
+    plan = planOf({"/a/b/c", "/a/b/", "/a/bc", "/a/b", "/stays", "/stays/x"});
     plan.rows[4].forecast.obstacle = RemovalObstacle::ReadOnlyVolume;
     EXPECT_EQ(plan.totals().rows, 6U);
     EXPECT_EQ(plan.totals().entries, 3U);

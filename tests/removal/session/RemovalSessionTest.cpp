@@ -17,23 +17,6 @@ using testing::IsEmpty;
 const std::string kChrome = "/Users/al/Library/Application Support/Google/Chrome/x";
 const std::string kFirefox = "/Users/al/Library/Application Support/Firefox/Profiles/x";
 
-/// A screen's consent, with what it is about.
-struct Asking {
-    std::shared_ptr<const void> subject = std::make_shared<int>(1);
-    std::vector<std::string> paths{kFirefox, kChrome};
-    int carriedOn = 0;
-    test::FakeWorkspace workspace;
-    RemovalConsent* consent = nullptr;
-
-    std::vector<std::string> names() const
-    {
-        std::vector<std::string> names;
-        for (const BrowserEntry& entry : consent->panel().browserListController())
-            names.push_back(entry.NameBrowser);
-        return names;
-    }
-};
-
 /// Answers, and lets things happen while its question stands.
 struct Question final : Alerts {
     int answer = kAlertFirstButton;
@@ -47,6 +30,27 @@ struct Question final : Alerts {
     }
 };
 
+/// A screen's consent, with what it is about.
+struct Asking {
+    std::shared_ptr<const void> subject = std::make_shared<int>(1);
+    std::vector<std::string> paths{kFirefox, kChrome};
+    int carriedOn = 0;
+    test::FakeWorkspace workspace;
+    Question question;
+    RemovalConsent consent{question,
+                           workspace,
+                           {"al", [this] { return subject; }, [this] { return paths; }, [] {},
+                            [this] { ++carriedOn; }}};
+
+    std::vector<std::string> names()
+    {
+        std::vector<std::string> names;
+        for (const BrowserEntry& entry : consent.panel().browserListController())
+            names.push_back(entry.NameBrowser);
+        return names;
+    }
+};
+
 TEST(RemovalConsent, GoesOnOnlyWithWhatWasAskedAboutAndNoBrowserInTheWay)
 {
     const auto nothing = [](Asking&) {};
@@ -54,7 +58,7 @@ TEST(RemovalConsent, GoesOnOnlyWithWhatWasAskedAboutAndNoBrowserInTheWay)
     const auto none = [](Asking& now) { now.subject.reset(); };
     const auto quit = [](Asking& now) { now.workspace.running.clear(); };
     const auto close = [](Asking& now) {
-        now.consent->panel().closeWindowAction();
+        now.consent.panel().closeWindowAction();
         now.workspace.running.clear();
     };
     const auto quitAndChange = [](Asking& now) {
@@ -84,21 +88,17 @@ TEST(RemovalConsent, GoesOnOnlyWithWhatWasAskedAboutAndNoBrowserInTheWay)
         SCOPED_TRACE(row.what);
         Asking now;
         now.workspace.running = row.running;
-        Question question;
-        question.answer = kAlertFirstButton + row.answer;
-        RemovalConsent consent(question, now.workspace,
-                               {"al", [&] { return now.subject; }, [&] { return now.paths; }, [] {},
-                                [&] { ++now.carriedOn; }});
-        now.consent = &consent;
-        question.meanwhile = [&] {
+        RemovalConsent& consent = now.consent;
+        now.question.answer = kAlertFirstButton + row.answer;
+        now.question.meanwhile = [&] {
             EXPECT_TRUE(consent.isOpen());
             row.meanwhile(now);
         };
         EXPECT_EQ(consent.forceQuitBrowsers(), row.goesOn);
-        ASSERT_EQ(question.asked.size(), 1U);
-        EXPECT_EQ(question.asked[0].messageText, "Alert");
-        EXPECT_EQ(question.asked[0].informativeText,
-                  "Are you sure you want to delete selected threats?");
+        const std::vector<Alert>& asked = now.question.asked;
+        ASSERT_EQ(asked.size(), 1U);
+        EXPECT_EQ(asked[0].messageText, "Alert");
+        EXPECT_EQ(asked[0].informativeText, "Are you sure you want to delete selected threats?");
         EXPECT_EQ(consent.isOpen(), row.showsPanel);
         row.behindThePanel(now);
         consent.panel().retryCleaningAction();
@@ -113,11 +113,7 @@ TEST(RemovalConsent, ThePanelFollowsTheBrowsersThatRun)
 {
     Asking now;
     now.workspace.running = {"Safari", "Firefox"};
-    Question question;
-    RemovalConsent consent(question, now.workspace,
-                           {"al", [&] { return now.subject; }, [&] { return now.paths; }, [] {},
-                            [&] { ++now.carriedOn; }});
-    now.consent = &consent;
+    RemovalConsent& consent = now.consent;
     EXPECT_FALSE(consent.forceQuitBrowsers());
     EXPECT_THAT(now.names(), ElementsAre("Firefox"));
     now.workspace.running = {"Firefox", "Google Chrome"};
@@ -130,48 +126,43 @@ TEST(RemovalConsent, ThePanelFollowsTheBrowsersThatRun)
     EXPECT_EQ(now.carriedOn, 0);
 }
 
+RemovalResult removedOne()
+{
+    RemovalResult result;
+    result.outcome = RemovalOutcome::Removed;
+    return result;
+}
+
 class RemovalSessionTest : public testing::Test {
 protected:
-    /// A look that waits to be let go or stopped, and makes a number.
-    auto look(int number)
+    /// Looks until it is let go or stopped, and makes a number.
+    void plan(int number)
     {
-        return [this, number](const StopFlag& stop) {
-            ++looking;
-            while (!open && !stop.requested())
-                std::this_thread::yield();
-            return number;
-        };
-    }
-    auto planned()
-    {
-        return [this](int number) { told.push_back("plan " + std::to_string(number)); };
+        session->plan(
+            [this, number](const StopFlag& stop) {
+                ++looking;
+                waitUntilOpen(stop);
+                return number;
+            },
+            planned);
     }
     /// Removes the first of two items, then waits to be let go or stopped.
-    RemovalSession::Removing removing()
+    void remove()
     {
-        return [this](const StopFlag& stop, const RemovalResults& tell) {
+        const auto removing = [this](const StopFlag& stop, const RemovalResults& tell) {
             ++removals;
-            RemovalResult result;
-            result.outcome = RemovalOutcome::Removed;
-            tell(0, result);
-            while (!open && !stop.requested())
-                std::this_thread::yield();
-            if (stop.requested()) {
-                result = {};
-                result.obstacle = RemovalObstacle::Stopped;
-            }
-            tell(1, result);
+            tell(0, removedOne());
+            waitUntilOpen(stop);
+            RemovalResult stopped;
+            stopped.obstacle = RemovalObstacle::Stopped;
+            tell(1, stop.requested() ? stopped : removedOne());
         };
+        session->remove(2, removing, ended);
     }
-    RemovalSession::Ended ended()
+    void waitUntilOpen(const StopFlag& stop) const
     {
-        return [this](const std::vector<RemovalResult>& results) {
-            std::string text = "removal";
-            for (const RemovalResult& result : results)
-                text +=
-                    result.outcome == RemovalOutcome::Removed ? " removed" : " " + result.reason();
-            told.push_back(text);
-        };
+        while (!open && !stop.requested())
+            std::this_thread::yield();
     }
     void settle()
     {
@@ -183,38 +174,40 @@ protected:
     /// P and R run out of memory.
     void ask(char step, int& plans)
     {
-        const auto looksInVain = [](const StopFlag&) -> int { throw std::bad_alloc(); };
-        const auto removesOne = [](const StopFlag&, const RemovalResults& tell) {
-            RemovalResult result;
-            result.outcome = RemovalOutcome::Removed;
-            tell(0, result);
-            throw std::bad_alloc();
-        };
-        switch (step) {
-        case 'p':
-            return session->plan(look(++plans), planned());
-        case 'P':
-            return session->plan(looksInVain, planned());
-        case 'r':
-            session->remove(2, removing(), ended());
-            EXPECT_TRUE(session->isRemoving());
-            return;
-        case 'R':
-            return session->remove(2, removesOne, ended());
-        case 's':
-            return session->stop();
-        case 'o':
-            open = true;
-            return;
-        default:
-            while (looking == 0)
-                std::this_thread::yield();
-        }
+        if (step == 'p')
+            plan(++plans);
+        else if (step == 'P')
+            session->plan([](const StopFlag&) -> int { throw std::bad_alloc(); }, planned);
+        else if (step == 'r')
+            remove();
+        else if (step == 'R')
+            session->remove(
+                2,
+                [](const StopFlag&, const RemovalResults& tell) {
+                    tell(0, removedOne());
+                    throw std::bad_alloc();
+                },
+                ended);
+        else if (step == 's')
+            session->stop();
+        open = open || step == 'o';
+        while (step == 'w' && looking == 0)
+            std::this_thread::yield();
+        EXPECT_TRUE(step != 'r' || session->isRemoving());
     }
 
     std::atomic<bool> open{false};
     std::atomic<int> looking{0}, removals{0};
     std::vector<std::string> told;
+    const std::function<void(int)> planned = [this](int number) {
+        told.push_back("plan " + std::to_string(number));
+    };
+    const RemovalSession::Ended ended = [this](const std::vector<RemovalResult>& results) {
+        told.emplace_back("removal");
+        for (const RemovalResult& result : results)
+            told.back() +=
+                result.outcome == RemovalOutcome::Removed ? " removed" : " " + result.reason();
+    };
     int progressed = 0;
     test::ManualMainQueue queue;
     std::unique_ptr<RemovalSession> session =
@@ -257,7 +250,7 @@ TEST_F(RemovalSessionTest, DoesOneThingAndTellsOfWhatWasAskedForLast)
         EXPECT_THAT(told, ElementsAre(row.told));
         EXPECT_LE(removals, 1);
     }
-    session->remove(2, removing(), ended());
+    remove();
     settle();
     EXPECT_EQ(session->progress().done, 2U);
     EXPECT_EQ(session->progress().total, 2U);
@@ -266,10 +259,10 @@ TEST_F(RemovalSessionTest, DoesOneThingAndTellsOfWhatWasAskedForLast)
 
 TEST_F(RemovalSessionTest, EndsItsThreadAndTellsNothingMore)
 {
-    session->plan(look(1), planned());
+    plan(1);
     session = std::make_unique<RemovalSession>(queue);
-    session->remove(2, removing(), ended());
-    session->plan(look(1), planned());
+    remove();
+    plan(1);
     session.reset();
     queue.drain();
     EXPECT_THAT(told, IsEmpty());

@@ -6,30 +6,8 @@
 
 namespace pryvane::test {
 
-namespace {
-
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-constexpr const char* kHome = "/Users/alice/";
-
-/// Both passes over one folder.
-struct Walk {
-    Walk(const std::string& hostFolder, unsigned threads, bool samples = false,
-         const std::string& path = kHome)
-        : counting(samples), scanning(samples)
-    {
-        const OpenRoot root(hostFolder, path);
-        FileCount(state, counting, {threads}).countNodes(root);
-        outcome = scanDirectory(state, listedAutomaton(), scanning, {threads}).scan(root);
-    }
-    ScanState state;
-    RecordingWalk counting;
-    RecordingWalk scanning;
-    WalkOutcome outcome;
-};
-
-} // namespace
 
 TEST(DeepWalk, TellsWhatANaiveWalkTellsInTheSameOrderOnAnyNumberOfThreads)
 {
@@ -39,13 +17,13 @@ TEST(DeepWalk, TellsWhatANaiveWalkTellsInTheSameOrderOnAnyNumberOfThreads)
         // The host's names are none of the walk's business.
         const std::string top = "Sabpab/Users/alice/de Amac", host = folder.hostPath(top);
         growTree(folder, top, random, round == 0 ? 8'000 : 40 * round * round);
-        const Expected expected = expectedWalk(host, kHome);
+        const Expected expected = expectedWalk(host, kAlice);
 
         for (const unsigned threads : {1u, 2u, 8u}) {
             const Walk walk(host, threads);
-            ASSERT_EQ(walk.scanning.only("match"), expected.matches) << threads << " threads";
-            ASSERT_EQ(walk.scanning.only("progress"), expected.progress);
-            ASSERT_THAT(walk.scanning.only("at"), IsEmpty());
+            ASSERT_EQ(walk.only("match"), expected.matches) << threads << " threads";
+            ASSERT_EQ(walk.only("progress"), expected.progress);
+            ASSERT_THAT(walk.only("at"), IsEmpty());
             ASSERT_EQ(walk.state.totalCount, expected.totalCount);
             ASSERT_EQ(walk.state.totalScanCount, expected.totalScanCount);
             ASSERT_EQ(walk.outcome.entries, expected.walked);
@@ -79,11 +57,11 @@ TEST(DeepWalk, ComparesPathsAndSkipsWhatIsNoPlainFile)
     for (const auto& row : rows) {
         folder.plant(row.path);
         if (row.isFound)
-            expected.push_back("match " + (kHome + std::string(row.path)));
+            expected.push_back("match " + (kAlice + std::string(row.path)));
     }
     folder.link("x/Sabpab link", "Sabpab");
     folder.link("x/link to folder", "../Library");
-    EXPECT_THAT(Walk(folder.path(), 2).scanning.only("match"),
+    EXPECT_THAT(Walk(folder.path(), 2).only("match"),
                 ::testing::UnorderedElementsAreArray(expected));
 }
 
@@ -94,7 +72,7 @@ TEST(DeepWalk, NamesLocationsAfterTheRoot)
     const struct {
         const char* root;
         const char* location;
-    } rows[] = {{"/", "/"}, {"/Users/alice", "/Users/alice"}, {kHome, "/Users/alice"}};
+    } rows[] = {{"/", "/"}, {"/Users/alice", "/Users/alice"}, {kAlice, "/Users/alice"}};
     for (const auto& row : rows) {
         EXPECT_THAT(Walk(folder.path(), 1, true, row.root).scanning.events,
                     ElementsAre(std::string("at ") + row.location,
@@ -111,10 +89,10 @@ TEST(DeepWalk, EnumeratesHiddenRootsAndFrameworksWhole)
     folder.link("link", "a");
     for (const char* root : {"/Users/.alice", "/Library/Some.framework/"}) {
         const Walk walk(folder.path(), 2, false, root);
-        EXPECT_EQ(walk.scanning.only("match").size(), 1u) << root;
+        EXPECT_EQ(walk.only("match").size(), 1u) << root;
         EXPECT_EQ(walk.outcome.entries, 4);
     }
-    EXPECT_THAT(Walk(folder.path(), 2).scanning.only("match"), IsEmpty());
+    EXPECT_THAT(Walk(folder.path(), 2).only("match"), IsEmpty());
 }
 
 TEST(DeepWalk, CountsFlatWhateverThereIs)
@@ -123,7 +101,7 @@ TEST(DeepWalk, CountsFlatWhateverThereIs)
     folder.file("a/.hidden");
     folder.file("a/b");
     folder.link("link", "a");
-    const OpenRoot root(folder.path(), kHome);
+    const OpenRoot root(folder.path(), kAlice);
     ScanState flat;
     ScanState nodes;
     RecordingWalk observer(true);
@@ -139,7 +117,7 @@ TEST(DeepWalk, StopsAtTheNextEntry)
     const TemporaryFolder folder;
     std::mt19937 random(5);
     growTree(folder, "", random, 2'000);
-    const OpenRoot root(folder.path(), kHome);
+    const OpenRoot root(folder.path(), kAlice);
     const auto stopAfter = [](ScanState& state, RecordingWalk& walk, std::size_t events) {
         walk.onEvent = [&state, &walk, events] {
             if (walk.events.size() == events) {
@@ -170,7 +148,7 @@ TEST(DeepWalk, StopsFromAnotherThreadAtAnyMoment)
     const TemporaryFolder folder;
     std::mt19937 random(6);
     growTree(folder, "", random, 6'000);
-    const OpenRoot root(folder.path(), kHome);
+    const OpenRoot root(folder.path(), kAlice);
     ScanState unstopped;
     RecordingWalk everything;
     const auto whole = scanDirectory(unstopped, listedAutomaton(), everything).scan(root).entries;

@@ -47,6 +47,20 @@ OpenRoot::~OpenRoot()
     close(m_root.folder);
 }
 
+Walk::Walk(const WalkRoot& root, unsigned threads, bool samples)
+    : counting(samples), scanning(samples)
+{
+    FileCount(state, counting, {threads}).countNodes(root);
+    outcome = scanDirectory(state, listedAutomaton(), scanning, {threads}).scan(root);
+}
+
+std::vector<std::string> Walk::only(std::string_view beginning) const
+{
+    std::vector<std::string> told = counting.only(beginning);
+    std::ranges::copy(scanning.only(beginning), std::back_inserter(told));
+    return told;
+}
+
 const std::vector<std::string>& listedTexts()
 {
     static const std::vector<std::string> texts = catalogue::fullSyatemScanPath("alice");

@@ -53,6 +53,24 @@ private:
     WalkRoot m_root;
 };
 
+inline constexpr const char* kAlice = "/Users/alice/";
+
+/// Both passes over a folder, by default one of the host that stands for a home.
+struct Walk {
+    explicit Walk(const WalkRoot& root, unsigned threads = 8, bool samples = false);
+    explicit Walk(const std::string& hostFolder, unsigned threads = 8, bool samples = false,
+                  const std::string& path = kAlice)
+        : Walk(OpenRoot(hostFolder, path), threads, samples)
+    {
+    }
+    /// What either pass told that begins with the text.
+    [[nodiscard]] std::vector<std::string> only(std::string_view beginning) const;
+
+    ScanState state;
+    RecordingWalk counting, scanning;
+    WalkOutcome outcome;
+};
+
 /// The full-system list of alice.
 [[nodiscard]] const std::vector<std::string>& listedTexts();
 [[nodiscard]] const PatternAutomaton& listedAutomaton();

@@ -4,8 +4,8 @@
 
 #include <gmock/gmock.h>
 
-#include <sstream>
 #include <thread>
+#include <unistd.h>
 
 namespace pryvane {
 
@@ -28,51 +28,31 @@ struct ListingTest : testing::Test {
     test::TemporaryFolder folder;
 };
 
-/// Every entry with its kind, size, time and target, folder by folder.
-class Described final : public NameVisitor {
-public:
-    explicit Described(IndexFileSystem& disk) : m_disk(disk) {}
-
-    static std::vector<std::string> all(IndexFileSystem& disk)
-    {
-        Described told(disk);
-        EXPECT_TRUE(disk.names()->visit(at("/"), StopFlag(), told));
-        return told.lines;
-    }
-
-    void enterFolder(std::string_view name) override
-    {
-        m_node = disk().find(m_node, name);
-        tell(m_node);
-    }
-    void leaveFolder() override { m_node = disk().parent(m_node); }
-    void entry(std::string_view name, FileKind) override { tell(disk().find(m_node, name)); }
-    void unnamed(std::int64_t) override { lines.emplace_back("unnamed"); }
-    void refused(std::string_view) override { lines.emplace_back("refused"); }
-
+/// Every entry below a node with its kind, size, time and target, folder by folder.
+std::vector<std::string> described(const NameIndex& names,
+                                   NameIndex::Node folder = NameIndex::kRoot)
+{
     std::vector<std::string> lines;
-
-private:
-    [[nodiscard]] const NameIndex& disk() const { return m_disk.index(); }
-
-    void tell(NameIndex::Node node)
-    {
-        constexpr const char* kKinds = "!dflo?";
-        const auto facts = disk().facts(node);
-        std::string line(1, kKinds[static_cast<std::size_t>(facts.kind)]);
-        line += " " + disk().path(node);
+    if (names.refused(folder))
+        lines.emplace_back("refused");
+    auto node = NameIndex::kNone;
+    while ((node = names.nextIn(folder, node)) != NameIndex::kNone) {
+        const auto facts = names.facts(node);
+        if (facts.isDeleted)
+            continue;
+        std::string line =
+            "!dflo?"[static_cast<std::size_t>(facts.kind)] + (" " + names.path(node));
         if (facts.size >= 0)
             line += " " + std::to_string(facts.size);
         if (facts.modified >= 0)
             line += " @" + std::to_string(facts.modified);
-        if (const std::string* target = disk().target(node))
+        if (const std::string* target = names.target(node))
             line += " -> " + *target;
         lines.push_back(line);
+        std::ranges::copy(described(names, node), std::back_inserter(lines));
     }
-
-    IndexFileSystem& m_disk;
-    NameIndex::Node m_node = NameIndex::kRoot;
-};
+    return lines;
+}
 
 struct Case {
     const char* name;
@@ -174,7 +154,7 @@ TEST_F(ListingTest, ReadsEachFormatAsItsToolsWriteIt)
         ASSERT_TRUE(disk.ok()) << disk.error().message;
         EXPECT_EQ((*disk)->names()->facts().format, row.format);
         EXPECT_EQ((*disk)->names()->facts().skipped, row.skipped);
-        EXPECT_EQ(Described::all(**disk), row.entries);
+        EXPECT_EQ(described((*disk)->index()), row.entries);
     }
 }
 
@@ -246,7 +226,7 @@ TEST_F(ListingTest, TakesNothingDeletedForPresentAndNothingUnreadForAbsent)
         (*disk)->names()->deletedPaths(10),
         ElementsAre("/Users/a/old/x", "/Users/a/back/x", "/Users/a/gone", "/Users/a/gone/x"));
     EXPECT_THAT((*disk)->names()->deletedPaths(1), ElementsAre("/Users/a/old/x"));
-    EXPECT_THAT(Described::all(**disk),
+    EXPECT_THAT(described((*disk)->index()),
                 ElementsAre("d /Users", "d /Users/a", "d /Users/a/back", "f /Users/a/back/y 5",
                             "f /Users/a/again 5", "d /Users/a/closed", "refused"));
     EXPECT_EQ((*disk)->allocatedSize(at("/Users/a")), 1024);
