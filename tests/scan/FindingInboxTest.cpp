@@ -122,17 +122,6 @@ TEST_F(FindingInboxTest, BundlesAreReadOnceAndNeverByTheMainThread)
     EXPECT_THAT(inbox.heldBack(), testing::IsEmpty());
 }
 
-TEST_F(FindingInboxTest, AppendAsksNothingAndCountsAsKnown)
-{
-    const auto url = FileURL::fileURLWithPath("/Library/Preferences/com.apple.RemoteDesktop.plist");
-    inbox.append(url, "ARD", "Apple Remote Desktop", kHighRisk, 0);
-    inbox.append(url, "ARD", "Apple Remote Desktop", kHighRisk, 0);
-    mainQueue.drain();
-    EXPECT_EQ(listed().size(), 2U);
-    EXPECT_FALSE(state.arrSpywareList.records()[0]->isAvail());
-    EXPECT_TRUE(state.arrSpywareList.contains(url));
-}
-
 TEST_F(FindingInboxTest, AFloodFromTwoThreadsArrivesWholeAndBeforeTheEnd)
 {
     constexpr int kEach = 3000;

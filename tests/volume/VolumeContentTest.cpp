@@ -29,16 +29,15 @@ TEST_F(VolumeContentTest, ListsEntriesWithTheirKinds)
     disk.folder("folder/sub");
     disk.link("folder/link", "sub");
     disk.link("toFolder", "folder");
-    std::map<std::string, FileKind> found;
-    for (const FolderEntry& entry : volume->list(at("toFolder/")).entries) {
-        found[entry.name] = entry.kind;
-        EXPECT_EQ(volume->kind(at("/folder/" + entry.name)), entry.kind) << entry.name;
-    }
     using enum FileKind;
-    EXPECT_EQ(found, (std::map<std::string, FileKind>{{"file", RegularFile},
-                                                      {".hidden", RegularFile},
-                                                      {"sub", Folder},
-                                                      {"link", SymbolicLink}}));
+    const std::map<std::string, FileKind> kinds{
+        {"file", RegularFile}, {".hidden", RegularFile}, {"sub", Folder}, {"link", SymbolicLink}};
+    std::map<std::string, FileKind> found;
+    for (const FolderEntry& entry : volume->list(at("toFolder/")).entries)
+        found[entry.name] = entry.kind;
+    EXPECT_EQ(found, kinds);
+    for (const auto& [name, kind] : kinds)
+        EXPECT_EQ(volume->kind(at("/folder/" + name)), kind) << name;
     for (const char* path : {"missing", "folder/file", "folder/file/", ""})
         EXPECT_EQ(volume->list(at(path)).status, ListStatus::Missing) << path;
     EXPECT_EQ(volume->list(at("/folder/sub")).status, ListStatus::Listed);

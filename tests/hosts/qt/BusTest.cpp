@@ -5,6 +5,7 @@
 #include "hosts/qt/bus/BusUserNotifier.h"
 #include "support/Fakes.h"
 #include "support/PrivateBus.h"
+#include "support/Volumes.h"
 
 #include <gtest/gtest.h>
 
@@ -133,7 +134,6 @@ TEST_F(BusTest, theFileViewerStaysInTheVolume)
         opened.push_back(folder.toEncoded().toStdString());
         return true;
     };
-    const auto at = [](const char* path) { return FileURL::fileURLWithPath(path); };
 
     BusFileViewer viewer(connectionToBus(), *volume, log, open);
     EXPECT_TRUE(viewer.reveal(at("/Users/alice/a\xff &%41")).ok());

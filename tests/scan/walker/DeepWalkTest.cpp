@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <thread>
-
 namespace pryvane::test {
 
 using ::testing::ElementsAre;
@@ -141,29 +139,6 @@ TEST(DeepWalk, StopsAtTheNextEntry)
     const WalkOutcome outcome = scanDirectory(state, listedAutomaton(), walk, {8}).scan(root);
     EXPECT_TRUE(outcome.stopped);
     EXPECT_EQ(walk.only("match").size(), walk.only("").size() - walk.only("progress").size());
-}
-
-TEST(DeepWalk, StopsFromAnotherThreadAtAnyMoment)
-{
-    const TemporaryFolder folder;
-    std::mt19937 random(6);
-    growTree(folder, "", random, 6'000);
-    const OpenRoot root(folder.path(), kAlice);
-    ScanState unstopped;
-    RecordingWalk everything;
-    const auto whole = scanDirectory(unstopped, listedAutomaton(), everything).scan(root).entries;
-    for (int microseconds = 0; microseconds < 10'000; microseconds += 500) {
-        ScanState state;
-        RecordingWalk walk;
-        std::thread stopper([&] {
-            std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
-            state.isScanStop.request();
-        });
-        static_cast<void>(FileCount(state, walk, {8}).countNodes(root));
-        const auto outcome = scanDirectory(state, listedAutomaton(), walk, {8}).scan(root);
-        stopper.join();
-        EXPECT_TRUE(outcome.stopped || outcome.entries == whole) << microseconds;
-    }
 }
 
 } // namespace pryvane::test
