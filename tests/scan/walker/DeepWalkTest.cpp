@@ -63,22 +63,6 @@ TEST(DeepWalk, ComparesPathsAndSkipsWhatIsNoPlainFile)
                 ::testing::UnorderedElementsAreArray(expected));
 }
 
-TEST(DeepWalk, NamesLocationsAfterTheRoot)
-{
-    const TemporaryFolder folder;
-    folder.file("Sabpab");
-    const struct {
-        const char* root;
-        const char* location;
-    } rows[] = {{"/", "/"}, {"/Users/alice", "/Users/alice"}, {kAlice, "/Users/alice"}};
-    for (const auto& row : rows) {
-        EXPECT_THAT(Walk(folder.path(), 1, true, row.root).scanning.events,
-                    ElementsAre(std::string("at ") + row.location,
-                                "match " + FileURL::fileURLWithPath(row.location).absolutePath() +
-                                    (row.location[1] ? "/Sabpab" : "Sabpab")));
-    }
-}
-
 TEST(DeepWalk, EnumeratesHiddenRootsAndFrameworksWhole)
 {
     const TemporaryFolder folder;
@@ -86,7 +70,7 @@ TEST(DeepWalk, EnumeratesHiddenRootsAndFrameworksWhole)
     folder.folder("empty");
     folder.link("link", "a");
     for (const char* root : {"/Users/.alice", "/Library/Some.framework/"}) {
-        const Walk walk(folder.path(), 2, false, root);
+        const Walk walk(folder.path(), 2, root);
         EXPECT_EQ(walk.only("match").size(), 1u) << root;
         EXPECT_EQ(walk.outcome.entries, 4);
     }

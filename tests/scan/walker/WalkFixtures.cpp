@@ -47,8 +47,7 @@ OpenRoot::~OpenRoot()
     close(m_root.folder);
 }
 
-Walk::Walk(const WalkRoot& root, unsigned threads, bool samples)
-    : counting(samples), scanning(samples)
+Walk::Walk(const WalkRoot& root, unsigned threads)
 {
     FileCount(state, counting, {threads}).countNodes(root);
     outcome = scanDirectory(state, listedAutomaton(), scanning, {threads}).scan(root);

@@ -57,10 +57,10 @@ inline constexpr const char* kAlice = "/Users/alice/";
 
 /// Both passes over a folder, by default one of the host that stands for a home.
 struct Walk {
-    explicit Walk(const WalkRoot& root, unsigned threads = 8, bool samples = false);
-    explicit Walk(const std::string& hostFolder, unsigned threads = 8, bool samples = false,
+    explicit Walk(const WalkRoot& root, unsigned threads = 8);
+    explicit Walk(const std::string& hostFolder, unsigned threads = 8,
                   const std::string& path = kAlice)
-        : Walk(OpenRoot(hostFolder, path), threads, samples)
+        : Walk(OpenRoot(hostFolder, path), threads)
     {
     }
     /// What either pass told that begins with the text.
