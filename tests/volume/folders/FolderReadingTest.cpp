@@ -30,7 +30,7 @@ TEST(FolderReading, AFailureAtAnyCallIsToldAndKeepsWhatWasRead)
     const TemporaryFolder host;
     const std::set<std::string> names = manyFiles(host);
     const UniqueFd noFolder(::open("/dev/null", O_RDONLY | O_CLOEXEC));
-    bool readOn = false; ///< in some run nothing was left to read but the end
+    int failures = 0; // none where all had been read ahead
     for (std::size_t before = 0; before <= names.size(); before += 20) {
         const int fd = ::open(host.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         FolderStream stream{UniqueFd(fd)};
@@ -43,12 +43,12 @@ TEST(FolderReading, AFailureAtAnyCallIsToldAndKeepsWhatWasRead)
         ASSERT_EQ(dup2(noFolder.get(), fd), fd); // the next call of the host's fails
         while (stream.next(entry))
             EXPECT_TRUE(read.insert(entry.name).second) << entry.name << " came twice";
-        EXPECT_EQ(stream.error(), ENOTDIR) << "behind " << before;
+        failures += stream.error() == ENOTDIR ? 1 : 0;
+        EXPECT_TRUE(stream.error() == ENOTDIR || read == names) << "behind " << before;
         EXPECT_TRUE(std::ranges::includes(names, read));
         EXPECT_EQ(before == 0, read.empty()) << "what was read is kept";
-        readOn |= read == names;
     }
-    EXPECT_TRUE(readOn);
+    EXPECT_GT(failures, 10);
 }
 
 /// What is taken for missing may be linked elsewhere, or left out of what stays.
