@@ -54,7 +54,7 @@ protected:
         store({});
         const auto earlier = stored().front();
         earlier->subject.users = {"alice"};
-        EXPECT_TRUE(methods->updateReportInDefaults(earlier));
+        EXPECT_TRUE(methods().updateReportInDefaults(earlier));
         clock.advance(24h);
     }
     ~VerdictFacesTest() override { unsetenv("PRYVANE_DATA_DIR"); }
@@ -95,7 +95,7 @@ protected:
         }
         scanScreen.reset();
         scanner = std::make_unique<ScanViewController>(services(), run->delegate.state(), access,
-                                                       *methods, remover, options);
+                                                       reports, remover, options);
         scanScreen = std::make_unique<ScanView>(*scanner, ScanView::Options{"alice", {}, {}});
         scanScreen->show();
         return scannedAgain(wanted);
@@ -176,6 +176,7 @@ protected:
     FakeDesktop desktop{clock};
     ApplicationFacts facts{"alice", "com.torvell.Pryvane", "1.2", "https://pryvane.example/"};
     std::optional<Run> run;
+    DefaultMethods reports = methods();
     std::unique_ptr<ScanViewController> scanner;
     std::unique_ptr<ScanView> scanScreen; // after what it looks at
 };
@@ -206,7 +207,7 @@ TEST_P(EveryFace, TellsTheSameVerdict)
     ASSERT_TRUE(scanner->report());
     if (row.storedAs) { // which no walk comes to by its own steps
         scanner->report()->coverage.ended.percent = *row.storedAs;
-        ASSERT_TRUE(methods->updateReportInDefaults(scanner->report()).ok());
+        ASSERT_TRUE(methods().updateReportInDefaults(scanner->report()).ok());
     }
     const SpywareScanReport& report = *scanner->report();
     const std::string line = report.verdictLine();
@@ -324,7 +325,7 @@ TEST_F(VerdictFacesTest, NoDiskIsTakenForAnother)
         const auto report = store(findings);
         report->volume = of;
         report->subject = {{DiskSource::Kind::Folder, of}, {}, {}, {"alice"}};
-        EXPECT_TRUE(methods->updateReportInDefaults(report).ok());
+        EXPECT_TRUE(methods().updateReportInDefaults(report).ok());
         return report->reportId;
     };
     storeOf("other", {"/tmp/a"});
@@ -382,11 +383,11 @@ TEST_F(VerdictFacesTest, IgnoringRemoteDesktopIsTakenBack)
 TEST_F(VerdictFacesTest, NothingIsToldOfADiskThatWasNotLookedAt)
 {
     for (const auto& report : stored())
-        ASSERT_TRUE(methods->deleteReport(report->reportId).ok());
+        ASSERT_TRUE(methods().deleteReport(report->reportId).ok());
     const auto other = store({"/tmp/.mdworker"});
     volume.remove("/tmp");
     other->volume = "another";
-    ASSERT_TRUE(methods->updateReportInDefaults(other));
+    ASSERT_TRUE(methods().updateReportInDefaults(other));
     for (const bool isMac : {true, false}) {
         std::map<std::string, std::string> faces;
         if (!isMac) {
