@@ -27,6 +27,7 @@ constexpr std::array kAllKinds = {FactKind::Permissions, FactKind::StartUp, Fact
 std::vector<std::string> factKindNames()
 {
     std::vector<std::string> names;
+    names.reserve(std::size(kAllKinds));
     for (const FactKind kind : kAllKinds)
         names.emplace_back(words(kind).option);
     return names;

@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <cmath>
 #include <future>
 #include <ostream>
 #include <thread>
@@ -23,7 +24,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 /// What the last line of a scan's output says, for the lines at the end.
-struct Told {
+struct Told { // NOLINT(bugprone-exception-escape): moving a Json throws nothing, though it looks so
     std::string words; ///< escaped for display
     Json end;          ///< null where there is none
     std::string report;
@@ -81,7 +82,8 @@ public:
         m_worst = worseCode(m_worst, result.code);
         result.out.reset();
         result.err.reset();
-        m_rows[result.disk] = {std::move(result), std::move(told)};
+        Row& row = m_rows[result.disk];
+        row = {std::move(result), std::move(told)};
         m_console.out << std::flush;
     }
 
@@ -94,7 +96,7 @@ public:
     }
 
 private:
-    struct Row {
+    struct Row { // NOLINT(bugprone-exception-escape): as above
         DiskResult result;
         Told told;
     };
@@ -223,7 +225,7 @@ private:
 
     [[nodiscard]] static std::string secondsWithTenths(double seconds)
     {
-        const auto tenths = static_cast<std::int64_t>(seconds * 10 + 0.5);
+        const auto tenths = std::llround(seconds * 10);
         return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
     }
 

@@ -137,7 +137,7 @@ std::string coverageText(const ScanCoverage& coverage)
 
 std::string verdictText(const SpywareScanReport& report, const Console& console)
 {
-    const std::string line = report.verdictLine();
+    std::string line = report.verdictLine();
     if (!console.color)
         return line;
     switch (wordsFor(report.verdict()).tone) {

@@ -188,6 +188,7 @@ Result<std::vector<ScanSource>> sourcesOf(const ScanArguments& arguments, std::i
     if (!arguments.from.empty())
         return readScanSources(arguments.from, input);
     std::vector<ScanSource> sources;
+    sources.reserve(arguments.disks.size());
     for (const std::string& path : arguments.disks)
         sources.push_back({path.substr(0, kLongestLabel), path, recognisedKind(path)});
     return sources;

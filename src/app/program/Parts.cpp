@@ -47,21 +47,21 @@ Session::MainWindowParts::MainWindowParts(Needs what)
            scanOptions(needs.facts, needs.services)),
       pdf(pdfFacts(needs.cachesFolder), needs.services.disk, needs.machine),
       documents(needs.services.mainQueue, pdf),
-      screens(
-          {.dashboard = dashboard,
-           .scheduler = scheduler,
-           .scan = scan,
-           .user = needs.facts.user,
-           .foldedName = needs.foldedName,
-           .reveal = needs.reveal,
-           .openRemoteDesktopInstructions = [this] { openRemoteDesktopInstructions(); },
-           .viewReport = [this] { viewReport(); },
-           .keepRecord =
-               [this](const SpywareScanReport& report, std::function<void(const QString&)> told) {
-                   keepRecord(screens.stack()->window(), documents, report, std::move(told));
-               },
-           .makeTools = [this] { return makeTools(); },
-           .makeReports = [this] { return makeReports(); }}),
+      screens({.dashboard = dashboard,
+               .scheduler = scheduler,
+               .scan = scan,
+               .user = needs.facts.user,
+               .foldedName = needs.foldedName,
+               .reveal = needs.reveal,
+               .openRemoteDesktopInstructions = [this] { openRemoteDesktopInstructions(); },
+               .viewReport = [this] { viewReport(); },
+               .keepRecord =
+                   [this](const SpywareScanReport& report,
+                          const std::function<void(const QString&)>& told) {
+                       keepRecord(screens.stack()->window(), documents, report, told);
+                   },
+               .makeTools = [this] { return makeTools(); },
+               .makeReports = [this] { return makeReports(); }}),
       details(needs.services, needs.delegate, screens)
 {
 }

@@ -169,8 +169,8 @@ QString ScanView::secondLine() const
             .trimmed();
     if (!showsVerdict())
         return ui::shown(panel.bottomText);
-    const QString verdict = ui::shown(verdictLine(m_controller.report()->spyWareList->size(),
-                                                  m_controller.coverage(), m_controller.subject()));
+    QString verdict = ui::shown(verdictLine(m_controller.report()->spyWareList->size(),
+                                            m_controller.coverage(), m_controller.subject()));
     if (panel.bottomText.empty() || !panel.showsInfoBox)
         return verdict;
     return verdict + QLatin1Char('\n') + ui::shown(panel.bottomText).simplified();

@@ -24,7 +24,9 @@ bool FolderBatch::fill(FolderHandle& folder)
         errno = folder.m_failure;
         return false;
     }
-    if (!folder.m_stream && !(folder.m_stream = fdopendir(folder.m_fd)))
+    if (!folder.m_stream)
+        folder.m_stream = fdopendir(folder.m_fd);
+    if (!folder.m_stream)
         return false;
     while (m_filled + kLongestName + 2 < kSize) {
         errno = 0;
