@@ -94,6 +94,23 @@ inline const std::vector<Expected>& expectedItems()
     return items;
 }
 
+/// The browsers that are made like Chrome, and where they are in the home's Application Support
+/// and Caches.
+struct LikeChrome {
+    const char* group;
+    const char* folder;
+    const char* caches;
+};
+inline constexpr LikeChrome kLikeChrome[] = {
+    {"Chrome", "Google/Chrome", "Google/Chrome"},
+    {"Edge", "Microsoft Edge", "Microsoft Edge"},
+    {"Brave", "BraveSoftware/Brave-Browser", "BraveSoftware/Brave-Browser"},
+    {"Chromium", "Chromium", "Chromium"},
+    {"Vivaldi", "Vivaldi", "Vivaldi"},
+    {"Opera", "com.operasoftware.Opera", "com.operasoftware.Opera"},
+    {"Arc", "Arc/User Data", "company.thebrowser.Browser"},
+};
+
 inline std::string absolute(const std::string& file)
 {
     const std::pair<const char*, std::string> places[] = {

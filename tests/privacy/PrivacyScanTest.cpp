@@ -169,6 +169,44 @@ TEST_F(PrivacyScanTest, TheWholeCatalogueInItsOrder)
     EXPECT_EQ(names(), all);
 }
 
+/// Each browser made like Chrome has Chrome's items, of as many bytes, from its own places.
+TEST_F(PrivacyScanTest, BrowsersLikeChromeHaveItsItems)
+{
+    const std::string support = kHome + "/Library/Application Support/";
+    const std::string caches = kHome + "/Library/Caches/";
+    for (const LikeChrome& browser : kLikeChrome) {
+        const std::string folder = support + browser.folder;
+        chromeProfiles(R"("Default":{"name":"One"})", folder);
+        for (const Expected& row : expectedItems())
+            for (const std::string& file : row.files)
+                if (file.starts_with("C1/"))
+                    volume.file(folder + "/Default/" + file.substr(3), row.item);
+        volume.file(folder + "/ShaderCache/x");
+        volume.file(caches + browser.caches + "/x");
+    }
+    std::map<std::string, std::string> told;
+    for (const ToolGroup& group : privacyGroups()) {
+        const auto* browser = std::ranges::find(kLikeChrome, group.Name, &LikeChrome::group);
+        for (const ToolItem& item : group.List) {
+            told[group.Name] += item.NameText + " " + item.sizeText + "\n";
+            for (const ToolLocation& location : item.AllList) {
+                std::string path = location.url.absolutePath();
+                for (const std::string& top : {support, caches})
+                    if (browser != std::end(kLikeChrome) && path.starts_with(top))
+                        path.erase(0,
+                                   top.size() + std::string_view(top == support ? browser->folder
+                                                                                : browser->caches)
+                                                    .size());
+                told[group.Name] += path + "\n";
+            }
+        }
+    }
+    for (const LikeChrome& browser : kLikeChrome)
+        EXPECT_EQ(told[browser.group], told["Chrome"]) << browser.group;
+    EXPECT_THAT(told["Chrome"], testing::HasSubstr("\n/Default/Code Cache\n"));
+}
+
+/// What lies elsewhere is no profile, whatever the list says, and that it does is told.
 TEST_F(PrivacyScanTest, ABoundThatIsMetIsTold)
 {
     PrivacyCatalogue catalogue(services(), "alice", stop);
@@ -201,6 +239,7 @@ TEST_F(PrivacyScanTest, CachesOutsideTheHomeNeedAnOwnerOfTheirOwn)
     EXPECT_EQ(count(), 0U);
 }
 
+/// "Nothing" is only said of what was looked at.
 TEST_F(PrivacyScanTest, WhatCannotBeLookedAtIsNotCalledEmpty)
 {
     plant("Library/Logs/");
@@ -305,6 +344,7 @@ TEST_F(PrivacyScanTest, APreviewNamesBrowsersCountsOnceAndCanBeUnticked)
     EXPECT_EQ(outcome.items[0].bytes, outcome.bytesRemoved);
 }
 
+/// However much a folder holds, what takes most of it is seen first and can be left out.
 TEST_F(PrivacyScanTest, OfWhatAFolderHoldsTheLargestComesFirst)
 {
     const std::string trash = kHome + "/.Trash/";

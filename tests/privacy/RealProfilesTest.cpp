@@ -38,6 +38,10 @@ protected:
             const auto item = std::ranges::find(items, name, &ToolItem::NameText);
             if (row.group != group || item == items.end())
                 continue;
+            std::int64_t bytes = 0;
+            for (const ToolLocation& location : item->AllList)
+                bytes += naiveSize(volume.hostPath(location.url.absolutePath()));
+            EXPECT_EQ(item->bytes, bytes) << item->NameText;
             for (const std::string& file : row.files) {
                 const std::string path = profile + "/" + file.substr(mark.size());
                 if (!file.starts_with(mark) || !volume.contains(path))
