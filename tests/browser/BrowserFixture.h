@@ -37,6 +37,7 @@ public:
     std::vector<std::string> asked;
 };
 
+/// A volume of real files, and reports of them.
 class ReportsFixture : public EngineFixture {
 protected:
     /// Where the reports are stored: in memory, unless a test has a file.

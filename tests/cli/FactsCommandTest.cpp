@@ -48,6 +48,7 @@ protected:
 
 } // namespace
 
+/// Homes elsewhere are looked at, too, and an image says what its folder does.
 TEST_F(FactsCommandTest, EveryUserAndEverySource)
 {
     const auto folder = facts(onFolder());
@@ -85,6 +86,7 @@ TEST_F(FactsCommandTest, TextIsGroupedAndEscaped)
     EXPECT_EQ(watchers.out.find('\x1b'), std::string::npos);
 }
 
+/// What could not be read is said by every command, and is the exit code of one that asks for it.
 TEST_F(FactsCommandTest, AnUnreadableSourceKeepsTheGivenKindsAsTheyAre)
 {
     volume.file("/Users/alice/Library/LaunchAgents/c.plist", "broken");

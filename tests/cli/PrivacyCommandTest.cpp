@@ -203,6 +203,7 @@ TEST_F(ClearCommandTest, AGroupLeavesWhatIsDearAndWhatIsExcepted)
     EXPECT_FALSE(volume.contains(kept[2]));
 }
 
+/// Of several users each is named who has less to clear; the journal keeps what went, by item.
 TEST_F(ClearCommandTest, NamesTheUserWhoLacksAnItem)
 {
     volume.file("/Users/bob/Library/Logs/b.log", std::string(3000, 'x'));

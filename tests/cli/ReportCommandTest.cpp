@@ -140,6 +140,7 @@ TEST_F(DisksCommandTest, TheLatestReportIsThatOfTheDiskInFront)
     EXPECT_EQ(run({"report", "list", "--volume", unseen.path()}).out, "");
 }
 
+/// What was learned of one disk is told of that disk.
 TEST_F(DisksCommandTest, EachReportNamesItsMac)
 {
     volume.file("/Library/Preferences/SystemConfiguration/preferences.plist",
