@@ -26,17 +26,17 @@ Cells parsedCsv(std::string_view csv)
         for (;;) {
             auto& cell = row.emplace_back();
             if (csv[at] == '"') {
-                for (++at; csv[at] != '"' || csv.substr(at, 2) == "\"\""; ++at) {
-                    cell += csv[at];
+                for (++at; csv.substr(at, 1) != "\"" || csv.substr(at, 2) == "\"\""; ++at) {
+                    cell += csv.at(at);
                     at += csv[at] == '"' ? 1 : 0;
                 }
                 ++at;
             } else {
-                const auto end = csv.find_first_of(",\r", at);
+                const auto end = std::min(csv.find_first_of(",\r", at), csv.size());
                 cell = csv.substr(at, end - at);
                 at = end;
             }
-            if (csv[at] != ',')
+            if (csv.substr(at, 1) != ",")
                 break;
             ++at;
         }
