@@ -131,23 +131,6 @@ TEST(NameIndex, SaysUnknownOfWhatAListDoesNotHold)
     EXPECT_THAT(opened.list(at("/Users/alice/Gap")).reason, "no");
 }
 
-TEST(NameIndex, TakesAtMostFortyBytesAnEntryAboveTheNames)
-{
-    NameIndex names(NameMatching::AsOnMac);
-    std::size_t bytes = 0;
-    Node folder = NameIndex::kRoot;
-    for (int i = 0; i < 200'000; ++i) {
-        const std::string name = "name of some length " + std::to_string(i);
-        bytes += name.size();
-        const Node node = names.add(folder, name, {.kind = FileKind::Folder});
-        if (i % 100 == 0)
-            folder = node;
-    }
-    const std::size_t above = names.bytesForNodes() + names.bytesForNames() - bytes;
-    EXPECT_LE(above / names.size(), 40U);
-    EXPECT_THAT(names.name(folder), "name of some length 199900");
-}
-
 /// What a visit tells, as one text.
 class Told final : public NameVisitor {
 public:
