@@ -7,7 +7,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <array>
+#include <csignal>
+#include <sys/resource.h>
 
 namespace pryvane {
 namespace {
@@ -207,9 +208,15 @@ TEST_F(PrintCommandTest, PrintsWhatItWrote)
     EXPECT_THAT(server.told(), HasSubstr("media=iso_a4_210x297mm"));
 
     // What cannot be replaced is an older report, which is not printed in place of this one.
-    data.remove("caches/pryvane/Report.PDF");
-    data.folder("caches/pryvane/Report.PDF/x");
-    EXPECT_THAT(print(), test::refuses("Report.PDF: "));
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit tight{4096, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &tight);
+    const Outcome unwritten = print();
+    setrlimit(RLIMIT_FSIZE, &before);
+    static_cast<void>(std::signal(SIGXFSZ, handler));
+    EXPECT_THAT(unwritten, test::refuses("Report.PDF: "));
 }
 
 } // namespace
