@@ -2452,6 +2452,54 @@ Spyware auf dem Mac ist?</translation>
         <source>account not known (%1)</source>
         <translation>Konto nicht bekannt (%1)</translation>
     </message>
+    <message>
+        <source>The Scan Was Given Up</source>
+        <translation>Der Scan wurde aufgegeben</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>While you are logged in, a quick scan of this computer starts at these times without a window. Its report is kept with the others.</source>
+        <translation>Solange Sie angemeldet sind, beginnt zu diesen Zeiten ohne Fenster ein Schnellscan dieses Computers. Sein Bericht liegt bei den anderen.</translation>
+    </message>
+    <message>
+        <source>While you are logged in, a quick scan of %1 starts at these times without a window. Its report is kept with the others.</source>
+        <translation>Solange Sie angemeldet sind, beginnt zu diesen Zeiten ohne Fenster ein Schnellscan von %1. Sein Bericht liegt bei den anderen.</translation>
+    </message>
+    <message>
+        <source>An image or a list of names is only read while Pryvane is running.</source>
+        <translation>Ein Abbild oder eine Namensliste wird nur gelesen, während Pryvane läuft.</translation>
+    </message>
+    <message>
+        <source>Not possible here: %1</source>
+        <translation>Hier nicht möglich: %1</translation>
+    </message>
+    <message>
+        <source>Scans while Pryvane is closed could not be changed: %1</source>
+        <translation>Scans bei geschlossenem Pryvane ließen sich nicht ändern: %1</translation>
+    </message>
+    <message>
+        <source>this session is not run by systemd, which would have to start these scans.</source>
+        <translation>Diese Sitzung wird nicht von systemd verwaltet, das diese Scans starten müsste.</translation>
+    </message>
+    <message>
+        <source>%1 was written or changed by somebody else and is left as it is. Move it away first.</source>
+        <translation>%1 wurde von jemand anderem geschrieben oder geändert und bleibt, wie es ist. Verschieben Sie es zuerst.</translation>
+    </message>
+    <message>
+        <source>pryvane-cli, which does these scans, is not installed beside Pryvane; install it</source>
+        <translation>pryvane-cli, das diese Scans ausführt, ist nicht neben Pryvane installiert; installieren Sie es</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>systemd refuses: %1</source>
+        <translation>systemd lehnt ab: %1</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -2482,10 +2530,6 @@ Spyware auf dem Mac ist?</translation>
     <message>
         <source>Scan on a schedule</source>
         <translation>Nach Zeitplan scannen</translation>
-    </message>
-    <message>
-        <source>While Pryvane is running it can scan every 30 minutes, and at a time of day of your choice between two dates. It never raises its window for that.</source>
-        <translation>Solange Pryvane läuft, kann es alle 30 Minuten scannen und zwischen zwei Tagen zu einer Uhrzeit Ihrer Wahl. Sein Fenster kommt dafür nie nach vorne.</translation>
     </message>
     <message>
         <source>Keys</source>
@@ -2586,6 +2630,12 @@ Unvollständig: Nichts wurde gefunden, aber nicht jeder Ort ließ sich lesen.</t
     <message>
         <source>The list of reports</source>
         <translation>Die Liste der Berichte</translation>
+    </message>
+    <message>
+        <source>While Pryvane is running it can scan every 30 minutes, and at a time of day of your choice between two dates. It never raises its window for that.
+With “Also when Pryvane is closed” your system starts a quick scan at the times of the schedule while you are logged in and Pryvane is not running. Its report is kept with the others. When you switch it off, or the schedule, nothing of it stays behind.</source>
+        <translation>Solange Pryvane läuft, kann es alle 30 Minuten scannen und zwischen zwei Tagen zu einer Uhrzeit Ihrer Wahl. Sein Fenster kommt dafür nie nach vorne.
+Mit „Auch wenn Pryvane geschlossen ist“ startet Ihr System zu den Zeiten des Zeitplans einen Schnellscan, solange Sie angemeldet sind und Pryvane nicht läuft. Sein Bericht liegt bei den anderen. Schalten Sie das oder den Zeitplan aus, bleibt nichts davon zurück.</translation>
     </message>
 </context>
 <context>
@@ -4075,6 +4125,10 @@ Unvollständig: Nichts wurde gefunden, aber nicht jeder Ort ließ sich lesen.</t
     <message>
         <source>Repeat</source>
         <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Also when Pryvane is closed</source>
+        <translation>Auch wenn Pryvane geschlossen ist</translation>
     </message>
 </context>
 <context>

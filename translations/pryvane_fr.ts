@@ -2452,6 +2452,54 @@ par un logiciel espion ?</translation>
         <source>account not known (%1)</source>
         <translation>compte inconnu (%1)</translation>
     </message>
+    <message>
+        <source>The Scan Was Given Up</source>
+        <translation>L’analyse a été abandonnée</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>While you are logged in, a quick scan of this computer starts at these times without a window. Its report is kept with the others.</source>
+        <translation>Tant que votre session est ouverte, une analyse rapide de cet ordinateur démarre à ces moments, sans fenêtre. Son rapport est conservé avec les autres.</translation>
+    </message>
+    <message>
+        <source>While you are logged in, a quick scan of %1 starts at these times without a window. Its report is kept with the others.</source>
+        <translation>Tant que votre session est ouverte, une analyse rapide de %1 démarre à ces moments, sans fenêtre. Son rapport est conservé avec les autres.</translation>
+    </message>
+    <message>
+        <source>An image or a list of names is only read while Pryvane is running.</source>
+        <translation>Une image ou une liste de noms n’est lue que tant que Pryvane est en marche.</translation>
+    </message>
+    <message>
+        <source>Not possible here: %1</source>
+        <translation>Impossible ici : %1</translation>
+    </message>
+    <message>
+        <source>Scans while Pryvane is closed could not be changed: %1</source>
+        <translation>Les analyses pendant que Pryvane est fermé n’ont pas pu être modifiées : %1</translation>
+    </message>
+    <message>
+        <source>this session is not run by systemd, which would have to start these scans.</source>
+        <translation>cette session n’est pas gérée par systemd, qui devrait démarrer ces analyses.</translation>
+    </message>
+    <message>
+        <source>%1 was written or changed by somebody else and is left as it is. Move it away first.</source>
+        <translation>%1 a été écrit ou modifié par quelqu’un d’autre et reste tel quel. Déplacez-le d’abord.</translation>
+    </message>
+    <message>
+        <source>pryvane-cli, which does these scans, is not installed beside Pryvane; install it</source>
+        <translation>pryvane-cli, qui effectue ces analyses, n’est pas installé à côté de Pryvane ; installez-le</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>impossible d’écrire dans %1 : %2</translation>
+    </message>
+    <message>
+        <source>systemd refuses: %1</source>
+        <translation>systemd refuse : %1</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -2482,10 +2530,6 @@ par un logiciel espion ?</translation>
     <message>
         <source>Scan on a schedule</source>
         <translation>Analyser à heures fixes</translation>
-    </message>
-    <message>
-        <source>While Pryvane is running it can scan every 30 minutes, and at a time of day of your choice between two dates. It never raises its window for that.</source>
-        <translation>Tant que Pryvane est ouvert, il peut analyser toutes les 30 minutes, et à l’heure de votre choix entre deux dates. Sa fenêtre ne passe jamais devant pour cela.</translation>
     </message>
     <message>
         <source>Keys</source>
@@ -2586,6 +2630,12 @@ Incomplet : rien n’a été trouvé, mais tout n’a pas pu être lu.</translat
     <message>
         <source>The list of reports</source>
         <translation>La liste des rapports</translation>
+    </message>
+    <message>
+        <source>While Pryvane is running it can scan every 30 minutes, and at a time of day of your choice between two dates. It never raises its window for that.
+With “Also when Pryvane is closed” your system starts a quick scan at the times of the schedule while you are logged in and Pryvane is not running. Its report is kept with the others. When you switch it off, or the schedule, nothing of it stays behind.</source>
+        <translation>Tant que Pryvane est ouvert, il peut analyser toutes les 30 minutes, et à l’heure de votre choix entre deux dates. Sa fenêtre ne passe jamais devant pour cela.
+Avec « Aussi quand Pryvane est fermé », votre système démarre une analyse rapide aux moments de la planification tant que votre session est ouverte et que Pryvane n’est pas en marche. Son rapport est conservé avec les autres. Si vous désactivez cette option, ou la planification, il n’en reste rien.</translation>
     </message>
 </context>
 <context>
@@ -4075,6 +4125,10 @@ Incomplet : rien n’a été trouvé, mais tout n’a pas pu être lu.</translat
     <message>
         <source>Repeat</source>
         <translation>Répéter</translation>
+    </message>
+    <message>
+        <source>Also when Pryvane is closed</source>
+        <translation>Aussi quand Pryvane est fermé</translation>
     </message>
 </context>
 <context>

@@ -213,6 +213,7 @@ void AppDelegate::printReport()
 void AppDelegate::requestScan(const std::function<void()>& prepare)
 {
     checkForHDAccess();
+    m_state.isRoutine = false;
     if (prepare)
         prepare();
     m_services.notifications.post(NotificationName::MainTableChangedManually,

@@ -152,7 +152,7 @@ void DashBoardViewController::realTimeScanning(bool on)
 
 void DashBoardViewController::scanAdwareRealTime()
 {
-    m_delegate.requestScan();
+    m_delegate.requestScan([this] { m_delegate.state().isRoutine = true; });
 }
 
 std::optional<Date> DashBoardViewController::nextRealTimeScan() const

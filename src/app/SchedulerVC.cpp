@@ -11,14 +11,6 @@
 
 namespace pryvane {
 
-Date clampedDate(Date date)
-{
-    using namespace std::chrono;
-    constexpr Date kFirst{sys_days(year(1) / 1 / 2)};
-    constexpr Date kLast{sys_days(year(9999) / 12 / 30)};
-    return std::clamp(date, kFirst, kLast);
-}
-
 Date localClock(Date date, int hour, int minute, int second)
 {
     std::tm parts = localParts(clampedDate(date));
@@ -49,17 +41,6 @@ std::string localMomentText(Date date)
 }
 
 namespace {
-
-constexpr std::array<std::chrono::seconds, kScheduleTypeTitles.size()> kIntervals = {
-    std::chrono::seconds(86'400), std::chrono::seconds(604'800), std::chrono::seconds(2'592'000),
-    std::chrono::seconds(31'536'000)};
-
-/// 0 for an index that the pop-up does not have.
-Clock::Interval interval(int scheduletype)
-{
-    const bool known = scheduletype >= 0 && scheduletype < static_cast<int>(kIntervals.size());
-    return known ? kIntervals.at(static_cast<std::size_t>(scheduletype)) : Clock::Interval(0);
-}
 
 constexpr std::chrono::hours kUsualPlan{30 * 24};
 
@@ -92,22 +73,19 @@ std::string scheduleSentence(int repeat, Date next, Date last)
            (end.tm_year == day.tm_year ? "" : " " + std::to_string(end.tm_year + 1900)) + ".";
 }
 
-/// A stored time of day, which may be anything, within one day of 25 hours.
-double sensibleTime(double seconds)
-{
-    return std::isfinite(seconds) ? std::clamp(seconds, 0.0, 90'000.0) : 0.0;
-}
-
 } // namespace
 
 SchedulerVC::SchedulerVC(const PlatformServices& services, const DesktopServices& desktop,
-                         AppDelegate& delegate, QObject* parent)
+                         AppDelegate& delegate, std::optional<ScheduledDisk> disk, QObject* parent)
     : QObject(parent), m_services(services), m_desktop(desktop), m_delegate(delegate),
-      m_scanStatusChange(services.notifications.observe(
-          NotificationName::ScanStatusChange, [this](const Notification& note) {
-              const auto* running = std::get_if<bool>(&note.object);
-              m_isScanning = running && *running;
-          }))
+      m_disk(std::move(disk)),
+      m_scanStatusChange(services.notifications.observe(NotificationName::ScanStatusChange,
+                                                        [this](const Notification& note) {
+                                                            const auto* running =
+                                                                std::get_if<bool>(&note.object);
+                                                            m_isScanning = running && *running;
+                                                        })),
+      m_later(services.mainQueue)
 {
 }
 
@@ -121,6 +99,7 @@ void SchedulerVC::viewDidLoad()
     getDataFromDefaultsorSetCurrentTime();
     static_cast<void>(isSchduleDateAvailble()); // what it finds is what gets armed
     startSchudlerIfAvailble();
+    lookAtClosedScans(Looking::AtStart);
 }
 
 /// A plan takes its kind from the pop-up, which would else forget at each start what was chosen.
@@ -128,7 +107,7 @@ void SchedulerVC::restorePopUp()
 {
     const std::int64_t kept = m_services.defaults.get(preferences::kScheduleRepeat);
     if (m_services.defaults.contains(preferences::kScheduleRepeat) && kept >= 0 &&
-        kept < static_cast<std::int64_t>(kIntervals.size()))
+        kept < static_cast<std::int64_t>(kScheduleSteps.size()))
         m_form.scheduleTypePopUp = static_cast<int>(kept);
 }
 
@@ -136,7 +115,10 @@ void SchedulerVC::schudlerAction()
 {
     m_form.minimumStart = m_form.minimumEnd = m_services.clock.now();
     restorePopUp();
+    m_closedIsSet = false;
+    m_form.alsoWhenClosed = m_standing && m_standing->kind == ClosedScans::Standing::Kind::On;
     getDataFromDefaultsorSetCurrentTime();
+    lookAtClosedScans(Looking::Later);
 }
 
 void SchedulerVC::getDataFromDefaultsorSetCurrentTime()
@@ -221,7 +203,7 @@ void SchedulerVC::removeSchudlerData(bool checked)
 bool SchedulerVC::isSchduleDateAvailble()
 {
     m_SchedulerDate.reset();
-    const Clock::Interval step = interval(m_scheduletype);
+    const Clock::Interval step = scheduleStep(m_scheduletype);
     Date candidate = m_startDate;
     // Days whose time has passed hold no firing; with them skipped the search is short.
     const Date now = m_services.clock.now();
@@ -253,7 +235,7 @@ void SchedulerVC::startSchudlerIfAvailble()
     if (m_services.defaults.get(preferences::kScheduleOn) != "Yes" || !m_SchedulerDate)
         return removeSchudlerData(false);
     m_armedEndDate = m_endDate;
-    m_timerSchedule = m_desktop.timers.at(*m_SchedulerDate, interval(m_scheduletype),
+    m_timerSchedule = m_desktop.timers.at(*m_SchedulerDate, scheduleStep(m_scheduletype),
                                           [this] { schudlerScanAction(); });
     Q_EMIT stateChanged();
 }
@@ -261,11 +243,20 @@ void SchedulerVC::startSchudlerIfAvailble()
 void SchedulerVC::schudlerScanAction()
 {
     m_reportType = "Scheduled Scan";
-    if (!m_isScanning)
+    if (isMomentOurs() && !m_isScanning)
         m_delegate.requestScan();
     if (m_services.clock.now() > m_armedEndDate)
         m_timerSchedule.reset();
     Q_EMIT stateChanged();
+}
+
+/// A scan that is started while the window is closed, and still runs as the window opens, has it.
+bool SchedulerVC::isMomentOurs()
+{
+    const Date now = m_services.clock.now();
+    const auto plan = storedSchedule(m_services.defaults);
+    const auto moment = plan && now <= m_armedEndDate ? plan->latest(now) : std::nullopt;
+    return !moment || takeScheduled(m_services.defaults, *moment, now);
 }
 
 Date SchedulerVC::getTimeDateAdding(Date date, int hours, int min, int sec)
@@ -320,6 +311,7 @@ bool SchedulerVC::save()
 {
     if (!m_form.isScheduleOn) {
         removeSchudlerData(false);
+        arrangeClosedScans();
         return true;
     }
     const ScheduleForm filledIn = m_form;
@@ -328,6 +320,8 @@ bool SchedulerVC::save()
     if (!m_saved) { // what was filled in can be mended
         m_form = filledIn;
         Q_EMIT stateChanged();
+    } else {
+        arrangeClosedScans();
     }
     return m_saved;
 }
@@ -340,7 +334,7 @@ std::string SchedulerVC::formSentence() const
     const Date end = getTimeDateAdding(m_form.endDatePicker, 23, 59, 59);
     if (start > end)
         return "The last day is before the first one.";
-    const Clock::Interval step = interval(m_form.scheduleTypePopUp);
+    const Clock::Interval step = scheduleStep(m_form.scheduleTypePopUp);
     const Clock::Interval time(std::llround(getTimeAt0Date(m_form.timePicker) * 1000.0));
     const Date now = m_services.clock.now();
     Date next = start + time, last = next;

@@ -3,8 +3,11 @@
 #include "core/NotificationCenter.h"
 #include "core/Result.h"
 #include "core/Texts.h"
+#include "core/tasks/BoundQueue.h"
 #include "platform/Clock.h"
+#include "platform/ClosedScans.h"
 #include "platform/PlatformServices.h"
+#include "scan/SchedulePlan.h"
 
 #include <QObject>
 
@@ -13,6 +16,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pryvane {
 
@@ -29,9 +33,6 @@ class AppDelegate;
 /// "Tue 24 Nov, 09:00" in the system's time zone.
 [[nodiscard]] std::string localMomentText(Date date);
 
-/// A date of the years 1 to 9999, so that arithmetic on it cannot overflow.
-[[nodiscard]] Date clampedDate(Date date);
-
 /// The entries of the repeat pop-up; their order is that of the intervals.
 inline constexpr std::array<std::string_view, 4> kScheduleTypeTitles = {
     "Every day", "Every 7 days", "Every 30 days", "Every 365 days"};
@@ -46,6 +47,14 @@ struct ScheduleForm {
     Date minimumStart{};
     Date minimumEnd{};
     Date minimumTime{};
+    bool alsoWhenClosed = false; ///< what was set, or else what stands
+};
+
+/// The switch of the form for scans while the program is closed.
+struct ClosedScansRow {
+    bool isShown = false;
+    bool isEnabled = false;
+    std::string line; ///< what it does, or why it cannot
 };
 
 /// The schedule form without its widgets, and the timer of the scheduled scans, which lives as long
@@ -55,8 +64,10 @@ class SchedulerVC final : public QObject {
     Q_DISABLE_COPY_MOVE(SchedulerVC)
 
 public:
+    /// The disk that is looked at; none: a file, which is read only while the program runs.
     SchedulerVC(const PlatformServices& services, const DesktopServices& desktop,
-                AppDelegate& delegate, QObject* parent = nullptr);
+                AppDelegate& delegate, std::optional<ScheduledDisk> disk = std::nullopt,
+                QObject* parent = nullptr);
     ~SchedulerVC() override;
 
     void viewDidLoad();
@@ -81,6 +92,7 @@ public:
     void setTimePicker(Date date);
     void setScheduleTypePopUp(int index);
     void setScheduleOn(bool on);
+    void setAlsoWhenClosed(bool on);
 
     /// Has the form take effect, or ends the schedule where it says so. False: it was refused,
     /// which an alert has told, and what was scheduled before still is.
@@ -88,6 +100,8 @@ public:
     /// What the form would do if it were saved now: "Every Monday at 20:44, next on Monday, 23
     /// November, the last time on 28 December.", or why it would do nothing.
     [[nodiscard]] std::string formSentence() const;
+
+    [[nodiscard]] ClosedScansRow closedScansRow() const;
 
     [[nodiscard]] const ScheduleForm& form() const { return m_form; }
     [[nodiscard]] Date startDate() const { return m_startDate; }
@@ -111,10 +125,20 @@ private:
     void tell(std::string informativeText);
     [[nodiscard]] Clock::Interval timeOfDay() const;
     void restorePopUp();
+    [[nodiscard]] bool isMomentOurs();
+
+    // Scans while the program is closed
+    enum class Looking : std::uint8_t { AtStart, Later };
+    void lookAtClosedScans(Looking when);
+    void closedScansStand(const ClosedScans::Standing& standing, Looking when);
+    void arrangeClosedScans();
+    void closedScansArranged(const Result<Done>& outcome);
+    [[nodiscard]] std::vector<Date> momentsAhead();
 
     PlatformServices m_services;
     DesktopServices m_desktop;
     AppDelegate& m_delegate;
+    const std::optional<ScheduledDisk> m_disk;
     ScheduleForm m_form;
     Date m_startDate{};
     Date m_endDate{};
@@ -128,6 +152,9 @@ private:
     bool m_saved = false; ///< by the last attempt
     std::unique_ptr<Timers::Timer> m_timerSchedule;
     NotificationCenter::Observation m_scanStatusChange;
+    std::optional<ClosedScans::Standing> m_standing; ///< none: not told yet
+    bool m_closedIsSet = false;                      ///< by hand, since the form was filled
+    BoundQueue m_later;
 };
 
 } // namespace pryvane

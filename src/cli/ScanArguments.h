@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Host.h"
+#include "core/Texts.h"
 #include "findings/CaseLabels.h"
 
 #include <optional>
@@ -27,6 +28,8 @@ struct ScanArguments {
     CaseLabels labels;
     std::string pdf;
     bool facts = false;
+    bool scheduled = false;
+    std::optional<Date> due; ///< the moment of the schedule that it is for
 };
 
 } // namespace pryvane::cli

@@ -6,6 +6,7 @@
 #include "cli/ReportText.h"
 #include "cli/ScanArguments.h"
 #include "cli/ScanSources.h"
+#include "cli/ScheduledScan.h"
 #include "core/Escape.h"
 #include "core/Result.h"
 #include "platform/Remover.h"
@@ -15,6 +16,7 @@
 #include "reports/ReportExport.h"
 #include "reports/pdf/PDFGenerate.h"
 #include "scan/ScanViewController.h"
+#include "scan/SchedulePlan.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -150,6 +152,11 @@ int runScan(const ScanArguments& arguments, const Console& console)
 
     if (const auto writable = mayWriteDocument(arguments.pdf); !writable)
         return console.fail(writable.error().message);
+    if (arguments.due &&
+        !takeScheduled((*host)->defaults(), *arguments.due, (*host)->clock().now())) {
+        console.say("the scan that was due has just been done");
+        return kDone;
+    }
 
     ScanRun scan(console, **host, arguments);
     const bool finished = scan.run();
@@ -211,8 +218,22 @@ ScanArguments ofOneDisk(ScanArguments arguments, const ScanSource& source)
     return arguments;
 }
 
+int runScheduledScan(ScanArguments arguments, const Console& console)
+{
+    const auto due = dueScan(console);
+    if (!due)
+        return console.fail(due.error().message);
+    if (!*due)
+        return kDone;
+    arguments.volume = (*due)->volume;
+    arguments.due = (*due)->moment;
+    return runScan(arguments, console);
+}
+
 int runScans(const ScanArguments& arguments, const Console& console)
 {
+    if (arguments.scheduled)
+        return runScheduledScan(arguments, console);
     const auto sources = sourcesOf(arguments, console.in);
     if (!sources)
         return console.fail(sources.error().message);
@@ -267,9 +288,18 @@ void addScanCommand(CommandLine& line, CLI::App& app)
         ->type_name("N")
         ->check(CLI::Range(1U, 64U));
     addVolumeOptions(*command, arguments->volume);
+    auto* scheduled =
+        command
+            ->add_flag("--scheduled", arguments->scheduled,
+                       "Do the scan that the window's schedule has for now, unless Pryvane runs "
+                       "and does it; for the timer that the window sets up")
+            ->excludes(deep)
+            ->excludes(disks)
+            ->excludes(from);
     for (const char* const other : {"--volume", "--image", "--listing"}) {
         disks->excludes(command->get_option(other));
         from->excludes(command->get_option(other));
+        scheduled->excludes(command->get_option(other));
     }
     auto* paced = command->add_flag("--paced", arguments->paced,
                                     "Pause after each check, as the window does");

@@ -23,6 +23,7 @@ struct ScanState {
     // What the next scan is to be.
     bool isDeepScan = false;
     bool isRealTimeProtectionON = false;
+    bool isRoutine = false; ///< it comes by itself every half hour
 
     std::string reportId;         ///< of the last report of this disk made in this run
     std::optional<Date> lastScan; ///< of this disk and user; none known

@@ -25,6 +25,24 @@ public:
     virtual void setPolicy(ActivationPolicy policy) = 0;
 };
 
+/// How far the program's work is, shown with its icon in the dock or task bar. Never waits. Main
+/// thread only.
+class TaskProgress {
+public:
+    virtual ~TaskProgress() = default;
+
+    /// From 0 to 1. May be called as often as the share changes.
+    virtual void show(double share) = 0;
+    virtual void hide() = 0;
+};
+
+/// Of a desktop that shows none.
+class NoTaskProgress final : public TaskProgress {
+public:
+    void show(double) override {}
+    void hide() override {}
+};
+
 /// One entry of the status menu. The title is plain text; an empty one is a separator.
 struct StatusMenuEntry {
     std::string title;
@@ -82,6 +100,9 @@ public:
 
     /// Whether the window exists and is not hidden; a minimised one is visible.
     [[nodiscard]] virtual bool isVisible(ShellWindow window) const = 0;
+
+    /// Whether the window is shown and has the keyboard, so that somebody looks at it.
+    [[nodiscard]] virtual bool isActive(ShellWindow window) const = 0;
 
     /// Makes this the active program, whatever others do.
     virtual void activate() = 0;

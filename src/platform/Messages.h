@@ -2,6 +2,7 @@
 
 #include "core/Result.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,18 @@ public:
     {
         deliver(title, informativeText);
     }
+
+    /// Shows the last message of a scan in the place of all that were shown since the one before,
+    /// and offers to show more, which calls `show` once at most. Of that only the newest counts.
+    /// The texts are escaped for display already, and are shown in the user's language.
+    virtual void conclude(const std::string& title, const std::string& informativeText,
+                          std::function<void()> /*show*/)
+    {
+        update(title, informativeText);
+    }
+
+    /// Takes back, where the desktop can do that, what was shown since the last conclude().
+    virtual void withdraw() {}
 };
 
 /// Shows nothing, for faces that tell findings in their own way.

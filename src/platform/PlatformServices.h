@@ -4,6 +4,7 @@ namespace pryvane {
 
 class Alerts;
 class Clock;
+class ClosedScans;
 class DistributedNotifications;
 class DockIcon;
 class FileSystem;
@@ -15,6 +16,7 @@ class MainQueue;
 class NotificationCenter;
 class SettingsFile;
 class StatusItem;
+class TaskProgress;
 class Timers;
 class UserDefaults;
 class UserNotifier;
@@ -49,6 +51,8 @@ struct DesktopServices {
     SettingsFile& settingsFile;
     WebBrowser& webBrowser;
     Timers& timers;
+    ClosedScans& closedScans;
+    TaskProgress& taskProgress;
 };
 
 } // namespace pryvane

@@ -49,6 +49,10 @@ inline constexpr PreferenceKey<Date> kScheduleEndDate{"ScheduleEndDate", Date{}}
 inline constexpr PreferenceKey<double> kScheduleTime{"ScheduleTime", 0.0}; // s after 00:00:01
 inline constexpr PreferenceKey<std::int64_t> kScheduleType{"ScheduleType", 0};
 inline constexpr PreferenceKey<std::int64_t> kScheduleRepeat{"ScheduleRepeat", 0};
+/// The disk that timed scans look at while the window is closed; bytes.
+inline constexpr std::string_view kScheduleDisk = "ScheduleDisk";
+/// The last moment of the plan that a program has seen to; bytes.
+inline constexpr std::string_view kScheduleTaken = "ScheduleTaken";
 inline constexpr PreferenceKey<std::string_view> kAppearance{"Appearance", ""};
 inline constexpr std::string_view kWindowFrame = "WindowFrame";
 /// The disk that was given access to as a whole, by its identity; empty: none.

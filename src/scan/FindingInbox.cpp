@@ -265,21 +265,4 @@ void FindingInbox::tellCount()
                                    countedText(count, "finding", "findings") + " so far");
 }
 
-void FindingInbox::tellEnd(ScanEnding::How how)
-{
-    m_nextCount = {};
-    std::string what;
-    if (const std::size_t count = m_state.arrSpywareList.records().size(); count > 0)
-        what = countedText(count, "potential threat", "potential threats");
-    else if (!m_heldBack.empty())
-        what = countedText(m_heldBack.size(), "application bears", "applications bear") +
-               " a known name: " + forNotification(m_heldBack.front()) +
-               (m_heldBack.size() > 1 ? ", …" : "");
-    if (what.empty())
-        return;
-    const bool isStopped = how == ScanEnding::How::Stopped;
-    m_services.userNotifier.update(
-        "Pryvane", (isStopped ? "The scan was stopped: " : "The scan has ended: ") + what);
-}
-
 } // namespace pryvane

@@ -53,11 +53,6 @@ public:
     /// they are there.
     [[nodiscard]] std::vector<Refusal> refused();
 
-    /// Tells the user outside the window how many findings there are, or which application was held
-    /// back, in place of what was told last; nothing where there are none. Main thread only, once a
-    /// scan has ended.
-    void tellEnd(ScanEnding::How how);
-
     /// Forgets what is waiting, what was held back and what was refused. Main thread only, between
     /// scans.
     void clear();

@@ -393,7 +393,6 @@ void ScanViewController::resetState()
 
 void ScanViewController::endSession()
 {
-    m_inbox.tellEnd(m_coverage.ended.how);
     m_display.activityIndicator = false;
     m_display.stopButton = false;
     m_display.scanBox = false;

@@ -134,7 +134,7 @@ void ColouredView::fitStatement()
 }
 
 SwitchRow::SwitchRow(const QString& name, const QString& explanation, QWidget* parent)
-    : QWidget(parent), m_box(new QCheckBox(this))
+    : QWidget(parent), m_box(new QCheckBox(this)), m_explanation(makeNote(explanation))
 {
     makeSwitch(*m_box);
     m_box->setAccessibleName(name);
@@ -145,12 +145,18 @@ SwitchRow::SwitchRow(const QString& name, const QString& explanation, QWidget* p
     auto* words = new QVBoxLayout;
     words->setSpacing(2);
     words->addWidget(title);
-    words->addWidget(makeNote(explanation));
+    words->addWidget(m_explanation);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 4, 0, 4);
     row->setSpacing(kGroups);
     row->addLayout(words, 1);
     row->addWidget(m_box, 0, Qt::AlignVCenter);
+}
+
+void SwitchRow::setExplanation(const QString& explanation)
+{
+    m_explanation->setText(explanation);
+    m_box->setAccessibleDescription(explanation);
 }
 
 Notice::Notice(const QString& name, QWidget* parent)

@@ -64,9 +64,11 @@ class SwitchRow final : public QWidget {
 public:
     SwitchRow(const QString& name, const QString& explanation, QWidget* parent = nullptr);
     [[nodiscard]] QCheckBox* box() const { return m_box; }
+    void setExplanation(const QString& explanation);
 
 private:
     QCheckBox* m_box;
+    QLabel* m_explanation;
 };
 
 /// One line about what was just done. What failed has an icon and is no grey aside.

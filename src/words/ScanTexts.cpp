@@ -27,6 +27,8 @@ constexpr EngineText kTexts[] = {
     {.english = QT_TRANSLATE_NOOP(
          "Engine", "Incomplete: nothing found, but not everything could be looked at: %1."),
      .inner = "1"},
+    {.english = QT_TRANSLATE_NOOP("Engine", "The Scan Was Given Up")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "Show")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Clean for %1: nothing found.")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Clean: nothing found.")},
     {.english = QT_TRANSLATE_NOOP("Engine", "%1; not everything could be read: %2"), .inner = "12"},

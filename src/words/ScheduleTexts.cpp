@@ -76,6 +76,27 @@ constexpr EngineText kTexts[] = {
     {.english = QT_TRANSLATE_NOOP("Engine", "No scan is scheduled.")},
     {.english = QT_TRANSLATE_NOOP("Engine", "The last day is before the first one.")},
     {.english = QT_TRANSLATE_NOOP("Engine", "That time has passed, so nothing would be scanned.")},
+    {.english = QT_TRANSLATE_NOOP("Engine",
+                                  "While you are logged in, a quick scan of this computer starts "
+                                  "at these times without a window. Its report is kept with the "
+                                  "others.")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "While you are logged in, a quick scan of %1 starts at "
+                                            "these times without a window. Its report is kept "
+                                            "with the others.")},
+    {.english = QT_TRANSLATE_NOOP(
+         "Engine", "An image or a list of names is only read while Pryvane is running.")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "Not possible here: %1"), .inner = "1"},
+    {.english =
+         QT_TRANSLATE_NOOP("Engine", "Scans while Pryvane is closed could not be changed: %1"),
+     .inner = "1"},
+    {.english = QT_TRANSLATE_NOOP(
+         "Engine", "this session is not run by systemd, which would have to start these scans.")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "%1 was written or changed by somebody else and is "
+                                            "left as it is. Move it away first.")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "pryvane-cli, which does these scans, is not installed "
+                                            "beside Pryvane; install it")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "%1 cannot be written: %2")},
+    {.english = QT_TRANSLATE_NOOP("Engine", "systemd refuses: %1")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Today, %1")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Yesterday, %1")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Every %1 at %2, next on %3, %4, the last time on %5."),

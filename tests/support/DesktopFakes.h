@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/ClosedScans.h"
 #include "platform/DesktopPrograms.h"
 #include "platform/DesktopWindows.h"
 #include "platform/FolderAccess.h"
@@ -151,6 +152,8 @@ public:
     bool isMinimised(ShellWindow window) const override;
     void toggleZoomed(ShellWindow window) override { record("zoom", window); }
     bool isVisible(ShellWindow window) const override;
+    bool isActive(ShellWindow window) const override { return hasKeyboard && isVisible(window); }
+    bool hasKeyboard = false;
     void activate() override { calls.emplace_back("activate"); }
     void terminate() override { calls.emplace_back("terminate"); }
 
@@ -161,6 +164,26 @@ private:
     };
     State* record(const char* what, ShellWindow window);
     std::map<ShellWindow, State> m_windows;
+};
+
+/// Answers at once; `calls` has what was asked: "look", "arrange 3", "cancel".
+class FakeClosedScans final : public ClosedScans {
+public:
+    Standing standing{Standing::Kind::Off};
+    Result<Done> outcome = Done{}; ///< of the next changes
+    std::vector<std::string> calls;
+    std::vector<Date> moments; ///< as they were arranged last
+    bool isOffered() const override { return true; }
+    void look(Stands told) override;
+    void arrange(const std::vector<Date>& at, Outcome told) override;
+    void cancel(Outcome told) override;
+};
+
+class FakeTaskProgress final : public TaskProgress {
+public:
+    std::vector<double> shown; ///< -1: hidden
+    void show(double share) override { shown.push_back(share); }
+    void hide() override { shown.push_back(-1); }
 };
 
 /// A whole desktop.
@@ -176,11 +199,14 @@ struct FakeDesktop {
     FakeSettingsFile settingsFile;
     FakeWebBrowser webBrowser;
     FakeTimers timers;
+    FakeClosedScans closedScans;
+    FakeTaskProgress taskProgress;
 
     DesktopServices services()
     {
         return {windows,     dockIcon,     statusItem, loginItem, distributedNotifications,
-                grantTokens, settingsFile, webBrowser, timers};
+                grantTokens, settingsFile, webBrowser, timers,    closedScans,
+                taskProgress};
     }
 };
 

@@ -100,6 +100,16 @@ public:
     {
         updated.push_back(title + ": " + informativeText);
     }
+    void conclude(const std::string& title, const std::string& informativeText,
+                  std::function<void()> wanted) override
+    {
+        concluded.push_back(title + ": " + informativeText);
+        show = std::move(wanted);
+    }
+    void withdraw() override { ++withdrawn; }
+    std::vector<std::string> concluded;
+    std::function<void()> show; ///< of the last of these
+    int withdrawn = 0;
     std::vector<std::string> delivered;
     std::vector<std::string> updated;
 };

@@ -42,9 +42,14 @@ Session::MainWindowParts::MainWindowParts(Needs what)
       store(needs.services.defaults, needs.services.disk, needs.services.clock, needs.services.log),
       table(needs.services.notifications),
       dashboard(needs.services, needs.desktop, needs.delegate, needs.facts),
-      scheduler(needs.services, needs.desktop, needs.delegate),
+      scheduler(needs.services, needs.desktop, needs.delegate, needs.scheduledDisk),
       scan(needs.services, needs.delegate.state(), needs.delegate, store, needs.remover,
            scanOptions(needs.facts, needs.services)),
+      outside(
+          needs.services, needs.desktop, needs.delegate, scan,
+          {.findings = [this] { table.selectRow(rowIndex(Row::Scan)); },
+           .report =
+               [this](const std::shared_ptr<SpywareScanReport>& report) { viewReport(report); }}),
       pdf(pdfFacts(needs.cachesFolder), needs.services.disk, needs.machine),
       documents(needs.services.mainQueue, pdf),
       screens({.dashboard = dashboard,
@@ -90,11 +95,11 @@ void Session::MainWindowParts::openRemoteDesktopInstructions()
                needs.desktop.webBrowser.open(std::string(catalogue::kRemoteDesktopArticle)));
 }
 
-void Session::MainWindowParts::viewReport()
+void Session::MainWindowParts::viewReport(const std::shared_ptr<SpywareScanReport>& report)
 {
     table.selectRow(rowIndex(Row::Reports));
-    if (scan.report())
-        needs.services.notifications.post(NotificationName::RefreshReport, std::any(scan.report()));
+    if (report)
+        needs.services.notifications.post(NotificationName::RefreshReport, std::any(report));
 }
 
 MadeScreen Session::MainWindowParts::makeTools()

@@ -2,6 +2,7 @@
 
 #include "app/DashBoardViewController.h"
 #include "app/DetailsViewController.h"
+#include "app/ScanOutside.h"
 #include "app/SchedulerVC.h"
 #include "app/program/Session.h"
 #include "app/views/Screens.h"
@@ -90,6 +91,7 @@ struct Session::MainWindowParts {
         ApplicationFacts facts;
         std::vector<std::string> users; ///< whose homes there are to look at
         const OpenedDisk& disk;
+        std::optional<ScheduledDisk> scheduledDisk; ///< the same for timed scans
         Remover& remover;
         FileViewer& fileViewer;
         MachineInfo& machine;
@@ -108,7 +110,8 @@ struct Session::MainWindowParts {
 
     void openRemoteDesktopInstructions();
     /// Shows the report of the last scan in the report browser.
-    void viewReport();
+    void viewReport() { viewReport(scan.report()); }
+    void viewReport(const std::shared_ptr<SpywareScanReport>& report);
     [[nodiscard]] MadeScreen makeTools();
     [[nodiscard]] MadeScreen makeReports();
 
@@ -118,6 +121,7 @@ struct Session::MainWindowParts {
     DashBoardViewController dashboard;
     SchedulerVC scheduler;
     ScanViewController scan;
+    ScanOutside outside;
     std::unique_ptr<ToolsParts> tools;
     std::unique_ptr<ReportParts> reports;
     PDFGenerate pdf;           ///< for the scan screen alone

@@ -82,6 +82,14 @@ ApplicationFacts factsFor(const VolumeChoice& choice)
             isFileOfHost(choice.folder)};
 }
 
+/// A file may need a password, which is kept nowhere.
+std::optional<ScheduledDisk> scheduledDiskOf(const VolumeChoice& choice)
+{
+    if (isFileOfHost(choice.folder))
+        return std::nullopt;
+    return ScheduledDisk{choice.folder, choice.user, choice.caseSensitive};
+}
+
 /// Nobody named is everyone.
 UserChoice whoseOf(const VolumeChoice& choice)
 {
@@ -145,7 +153,9 @@ DesktopServices Session::desktopServices()
             *m_grants,
             m_desktop.settingsFile,
             m_desktop.webBrowser,
-            m_desktop.timers};
+            m_desktop.timers,
+            m_desktop.system->closedScans(),
+            m_desktop.system->taskProgress()};
 }
 
 void Session::start()
@@ -193,6 +203,7 @@ QWidget* Session::makeMainWindow()
                                  .facts = factsFor(m_choice),
                                  .users = m_users,
                                  .disk = *m_disk,
+                                 .scheduledDisk = scheduledDiskOf(m_choice),
                                  .remover = m_sharedRemover,
                                  .fileViewer = *m_fileViewer,
                                  .machine = *m_desktop.machine,

@@ -171,7 +171,7 @@ int runProgram(int argc, char** argv)
     int qtArgumentCount = 1; // the rest has been read
     Application application(qtArgumentCount, argv);
     QApplication::setApplicationName(QStringLiteral("Pryvane"));
-    QApplication::setDesktopFileName(QStringLiteral("pryvane"));
+    QApplication::setDesktopFileName(QStringLiteral("com.torvell.Pryvane"));
     QApplication::setQuitOnLastWindowClosed(false);
     ui::speakUsersLanguage(application);
     if (qgetenv("PRYVANE_DIRECTION") == "rtl")

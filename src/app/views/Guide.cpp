@@ -92,8 +92,12 @@ constexpr Chapter kGuide[] = {
      "reports", QT_TRANSLATE_NOOP("Help", "The list of reports")},
     {"clock", QT_TRANSLATE_NOOP("Help", "Scan on a schedule"),
      QT_TRANSLATE_NOOP(
-         "Help", "While Pryvane is running it can scan every 30 minutes, and at a time of day of "
-                 "your choice between two dates. It never raises its window for that."),
+         "Help",
+         "While Pryvane is running it can scan every 30 minutes, and at a time of day of "
+         "your choice between two dates. It never raises its window for that.\nWith “Also when "
+         "Pryvane is closed” your system starts a quick scan at the times of the schedule "
+         "while you are logged in and Pryvane is not running. Its report is kept with the "
+         "others. When you switch it off, or the schedule, nothing of it stays behind."),
      "", ""},
     {"info", QT_TRANSLATE_NOOP("Help", "What the words mean"),
      QT_TRANSLATE_NOOP(

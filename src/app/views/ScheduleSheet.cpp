@@ -53,13 +53,16 @@ ScheduleSheet::ScheduleSheet(QWidget* over, SchedulerVC& scheduler)
     : Sheet(over, tr("Scheduled scan")), m_scheduler(scheduler),
       m_isScheduleOn(new ui::SwitchRow(
           tr("Scan on a schedule"), tr("While Pryvane is running, with its window or without."))),
-      m_fields(new QWidget), m_startDatePicker(makeDateEdit(tr("First day"))),
+      m_fields(new QWidget),
+      m_alsoWhenClosed(new ui::SwitchRow(tr("Also when Pryvane is closed"), {})),
+      m_startDatePicker(makeDateEdit(tr("First day"))),
       m_endDatePicker(makeDateEdit(tr("Last day"))), m_timePicker(new QTimeEdit),
       m_scheduleTypePopUp(new QComboBox), m_sentence(ui::makeLabel(ui::TextRole::Body)),
       m_save(new QPushButton(tr("Save"))), m_cancel(new QPushButton(tr("Cancel")))
 {
     setObjectName(QStringLiteral("schedulerVC"));
     m_isScheduleOn->box()->setObjectName(QStringLiteral("isScheduleOn"));
+    m_alsoWhenClosed->box()->setObjectName(QStringLiteral("alsoWhenClosed"));
     m_timePicker->setDisplayFormat(QStringLiteral("HH:mm"));
     name(*m_timePicker, tr("Time of day"));
     m_scheduleTypePopUp->setAccessibleName(tr("Repeat"));
@@ -77,6 +80,8 @@ ScheduleSheet::ScheduleSheet(QWidget* over, SchedulerVC& scheduler)
     connect(m_scheduleTypePopUp, &QComboBox::currentIndexChanged, &m_scheduler,
             &SchedulerVC::setScheduleTypePopUp);
     connect(m_isScheduleOn->box(), &QCheckBox::toggled, &m_scheduler, &SchedulerVC::setScheduleOn);
+    connect(m_alsoWhenClosed->box(), &QCheckBox::toggled, &m_scheduler,
+            &SchedulerVC::setAlsoWhenClosed);
     connect(&m_scheduler, &SchedulerVC::stateChanged, this, &ScheduleSheet::showState);
     connect(m_save, &QPushButton::clicked, this, &ScheduleSheet::save);
     connect(m_cancel, &QPushButton::clicked, this, &Sheet::dismiss);
@@ -101,6 +106,7 @@ void ScheduleSheet::layOut()
     body()->addWidget(m_isScheduleOn);
     body()->addWidget(m_fields);
     body()->addWidget(m_sentence);
+    body()->addWidget(m_alsoWhenClosed);
     ui::makePrimary(*m_save);
     setDefault(m_save);
     buttons()->addWidget(m_save);
@@ -139,6 +145,11 @@ void ScheduleSheet::showState()
     ui::showTicked(*m_isScheduleOn->box(), form.isScheduleOn);
     m_fields->setEnabled(form.isScheduleOn);
     m_sentence->setText(ui::shown(m_scheduler.formSentence()));
+    const ClosedScansRow closed = m_scheduler.closedScansRow();
+    m_alsoWhenClosed->setVisible(closed.isShown);
+    m_alsoWhenClosed->setEnabled(closed.isEnabled);
+    m_alsoWhenClosed->setExplanation(ui::shown(closed.line));
+    ui::showTicked(*m_alsoWhenClosed->box(), form.alsoWhenClosed);
 }
 
 } // namespace pryvane

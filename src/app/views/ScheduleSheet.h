@@ -32,6 +32,7 @@ private:
     SchedulerVC& m_scheduler;
     ui::SwitchRow* m_isScheduleOn;
     QWidget* m_fields;
+    ui::SwitchRow* m_alsoWhenClosed;
     QDateEdit* m_startDatePicker;
     QDateEdit* m_endDatePicker;
     QTimeEdit* m_timePicker;

@@ -92,6 +92,11 @@ bool Windows::isVisible(ShellWindow window) const
     return widget(window) && widget(window)->isVisible();
 }
 
+bool Windows::isActive(ShellWindow window) const
+{
+    return isVisible(window) && !isMinimised(window) && widget(window)->isActiveWindow();
+}
+
 void Windows::activate()
 {
     for (const auto window : {ShellWindow::Main, ShellWindow::Access})

@@ -35,6 +35,7 @@ public:
     [[nodiscard]] bool isMinimised(ShellWindow window) const override;
     void toggleZoomed(ShellWindow window) override;
     [[nodiscard]] bool isVisible(ShellWindow window) const override;
+    [[nodiscard]] bool isActive(ShellWindow window) const override;
     void activate() override;
     void terminate() override;
 

@@ -35,6 +35,11 @@ std::string autostartFolder()
     return baseFolder("XDG_CONFIG_HOME", "/.config") + "/autostart";
 }
 
+std::string unitFolder()
+{
+    return baseFolder("XDG_CONFIG_HOME", "/.config") + "/systemd/user";
+}
+
 Result<std::string> runtimeFolder(const std::string& dataFolder)
 {
     return privateRuntimeFolder(environmentValue("XDG_RUNTIME_DIR"), dataFolder,

@@ -15,6 +15,9 @@ namespace pryvane::xdg {
 /// Where desktops look for the programs to start at login.
 [[nodiscard]] std::string autostartFolder();
 
+/// Where systemd looks for units of this user.
+[[nodiscard]] std::string unitFolder();
+
 /// XDG_RUNTIME_DIR where that is this user's alone, else "run" in the data folder, made where it is
 /// missing.
 [[nodiscard]] Result<std::string> runtimeFolder(const std::string& dataFolder);

@@ -10,6 +10,7 @@ class QIcon;
 
 namespace pryvane {
 
+class ClosedScans;
 class DistributedNotifications;
 class DockIcon;
 class FileSystem;
@@ -20,6 +21,7 @@ class Host;
 class Log;
 class LoginItem;
 class StatusItem;
+class TaskProgress;
 class UserNotifier;
 class VolumeFileSystem;
 
@@ -33,6 +35,8 @@ public:
     [[nodiscard]] virtual DistributedNotifications& messages() = 0;
     [[nodiscard]] virtual DockIcon& dockIcon() = 0;
     [[nodiscard]] virtual LoginItem& loginItem() = 0;
+    [[nodiscard]] virtual ClosedScans& closedScans() = 0;
+    [[nodiscard]] virtual TaskProgress& taskProgress() = 0;
 
     /// The volume must outlive it.
     [[nodiscard]] virtual std::unique_ptr<FileViewer> fileViewer(VolumeFileSystem& volume) = 0;

@@ -1,7 +1,9 @@
 #include "hosts/qt/EventLoop.h"
 #include "hosts/qt/FakeServices.h"
+#include "hosts/qt/bus/BusClosedScans.h"
 #include "hosts/qt/bus/BusDistributedNotifications.h"
 #include "hosts/qt/bus/BusFileViewer.h"
+#include "hosts/qt/bus/BusTaskProgress.h"
 #include "hosts/qt/bus/BusUserNotifier.h"
 #include "support/Fakes.h"
 #include "support/PrivateBus.h"
@@ -64,6 +66,130 @@ TEST_F(BusTest, oneNotificationIsKeptUpToDate)
     EXPECT_TRUE(runUntil([&] { return service.shown.contains(QStringLiteral("count|end")); }));
     EXPECT_EQ(service.shown.size(), 5);
     EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(BusTest, aScanEndsInOneNotificationThatShowsIt)
+{
+    for (const bool hasActions : {true, false}) {
+        FakeNotifications service(hasActions ? QStringList{"body", "body-markup", "actions"}
+                                             : QStringList{"body", "body-markup"});
+        BusUserNotifier notifier(connectionToBus(), log);
+        std::string token;
+        notifier.setUp([](const std::string& text) { return QString::fromStdString("de " + text); },
+                       [&](const std::string& told) { token = told; });
+        int shown = 0;
+        notifier.deliver("Pryvane", "first");
+        notifier.deliver("Pryvane", "second");
+        notifier.update("Pryvane", "4 findings so far");
+        ASSERT_TRUE(runUntil([&] { return service.shown.size() == 3; }));
+        notifier.conclude("Found", "<b>a</b> \\xff", [&] { ++shown; });
+        ASSERT_TRUE(runUntil([&] { return service.closed.size() == 2; }));
+        EXPECT_EQ(service.closed, (QList<uint>{1, 2})) << "the last one says it all";
+        EXPECT_EQ(service.shown.size(), 3);
+        EXPECT_EQ(service.shown.last(), "de Found|de &lt;b&gt;a&lt;/b&gt; \\xff");
+        EXPECT_EQ(service.actions.last(),
+                  hasActions ? (QStringList{"default", "de Show", "show", "de Show"})
+                             : QStringList());
+        service.press(2, "other");
+        service.press(3, "token");
+        service.press(3, "again");
+        if (hasActions)
+            EXPECT_TRUE(runUntil([&] { return shown > 0; }));
+        runFor(milliseconds(50));
+        EXPECT_EQ(shown, hasActions ? 1 : 0);
+        EXPECT_EQ(token, hasActions ? "token" : "");
+        notifier.withdraw();
+        EXPECT_TRUE(runUntil([&] { return service.closed.contains(3U); }));
+    }
+}
+
+TEST_F(BusTest, progressComesAtMostTenTimesASecondAndGoes)
+{
+    ProgressListener listener;
+    runFor(milliseconds(50));
+    {
+        BusTaskProgress progress(connectionToBus());
+        progress.hide();
+        for (int i = 0; i < 100; ++i)
+            progress.show(i / 100.0);
+        EXPECT_TRUE(runUntil([&] { return listener.shares.contains(0.99); }));
+        EXPECT_EQ(listener.shares, (QList<double>{0, 0.99}));
+        progress.hide();
+        progress.show(0.5);
+    } // as at the program's end
+    EXPECT_TRUE(runUntil([&] { return listener.shares.size() == 5; }));
+    EXPECT_EQ(listener.shares, (QList<double>{0, 0.99, -1, 0.5, -1}));
+}
+
+TEST_F(BusTest, timersStandWholeOrNotAtAll)
+{
+    const TemporaryFolder folder;
+    const std::string units = folder.hostPath("units"), name = TimerUnits::kTimer;
+    const TimerUnits files({units, "/bin/true", folder.path()});
+    BusClosedScans scans(connectionToBus(), {units, "/bin/true", folder.path()});
+    using Kind = ClosedScans::Standing::Kind;
+    const auto stands = [&] {
+        std::optional<Kind> kind;
+        scans.look([&](const ClosedScans::Standing& standing) { kind = standing.kind; });
+        EXPECT_TRUE(runUntil([&] { return kind.has_value(); }));
+        return kind.value_or(Kind::Unavailable);
+    };
+    const auto outcomeOf = [&](const auto& begin) {
+        std::optional<Result<Done>> outcome;
+        begin([&](const Result<Done>& told) { outcome = told; });
+        EXPECT_TRUE(runUntil([&] { return outcome.has_value(); }));
+        return outcome && outcome->ok();
+    };
+    const auto arrange = [&](Date at) {
+        return outcomeOf([&](auto told) { scans.arrange({at}, told); });
+    };
+    const auto cancel = [&] { return outcomeOf([&](auto told) { scans.cancel(told); }); };
+    const Date one{std::chrono::hours(24 * 365 * 60)}, two = one + std::chrono::hours(1);
+
+    EXPECT_EQ(stands(), Kind::Unavailable);
+    EXPECT_FALSE(arrange(one)) << "no systemd";
+    EXPECT_TRUE(cancel());
+    EXPECT_EQ(files.found().value(), TimerUnits::Texts{});
+    FakeManager manager(units);
+    const QString of = " " + QString::fromStdString(name);
+    const struct {
+        const char* refused;
+        std::optional<Date> at; ///< none: switched off
+        QStringList calls;
+        Kind kind;
+        bool isDone = true;
+    } rows[] = {
+        {"EnableUnitFiles",
+         one,
+         {"Reload", "EnableUnitFiles" + of, "DisableUnitFiles" + of, "Reload"},
+         Kind::Off,
+         false},
+        {"", one, {"Reload", "EnableUnitFiles" + of, "Reload", "RestartUnit" + of}, Kind::On},
+        {"", one, {}, Kind::On}, // it stands so already
+        {"RestartUnit",
+         two,
+         {"Reload", "EnableUnitFiles" + of, "Reload", "RestartUnit" + of, "Reload",
+          "RestartUnit" + of},
+         Kind::On,
+         false},
+        {"", two, {"Reload", "EnableUnitFiles" + of, "Reload", "RestartUnit" + of}, Kind::On},
+        {"", {}, {"StopUnit" + of, "DisableUnitFiles" + of, "Reload"}, Kind::Off},
+    };
+    TimerUnits::Texts before;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        manager.calls.clear();
+        manager.refused = row.refused;
+        EXPECT_EQ(row.at ? arrange(*row.at) : cancel(), row.isDone);
+        manager.refused.clear();
+        EXPECT_EQ(manager.calls, row.calls);
+        if (row.isDone)
+            before = row.at ? files.wanted({*row.at}).value() : TimerUnits::Texts{};
+        EXPECT_EQ(files.found().value(), before);
+        EXPECT_EQ(stands(), row.kind);
+    }
+    folder.file("units/" + name, "[Timer]\n");
+    EXPECT_EQ(stands(), Kind::Unavailable) << "somebody else's";
 }
 
 TEST_F(BusTest, nothingWaitsForASilentService)

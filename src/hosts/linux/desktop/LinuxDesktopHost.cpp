@@ -7,13 +7,18 @@
 #include "hosts/linux/desktop/TrayHosts.h"
 #include "hosts/posix/FolderGrants.h"
 #include "hosts/qt/DesktopHost.h"
+#include "hosts/qt/bus/BusClosedScans.h"
 #include "hosts/qt/bus/BusDistributedNotifications.h"
 #include "hosts/qt/bus/BusFileViewer.h"
 #include "hosts/qt/bus/BusLook.h"
+#include "hosts/qt/bus/BusTaskProgress.h"
 #include "hosts/qt/bus/BusUserNotifier.h"
 #include "hosts/qt/widgets/WidgetFolderPicker.h"
+#include "words/Shown.h"
 
 #include <QDesktopServices>
+
+#include <filesystem>
 
 namespace pryvane {
 
@@ -29,17 +34,32 @@ XdgLoginItem::Places loginPlaces(Host& host, const std::string& dataFolder)
             .runtimeFolder = runtime ? *runtime : std::string()};
 }
 
+TimerUnits::Places timerPlaces(const std::string& dataFolder)
+{
+    const auto program = besideProgram("pryvane-cli");
+    std::error_code failed;
+    const auto data = std::filesystem::absolute(dataFolder, failed);
+    return {.unitFolder = xdg::unitFolder(),
+            .program = program ? *program : std::string(),
+            .dataFolder = failed ? dataFolder : data.string()};
+}
+
 class LinuxDesktopHost final : public DesktopHost {
 public:
     LinuxDesktopHost(Host& host, const std::string& dataFolder, Log& log)
-        : m_log(log), m_loginItem(loginPlaces(host, dataFolder))
+        : m_log(log), m_loginItem(loginPlaces(host, dataFolder)),
+          m_closedScans(m_bus, timerPlaces(dataFolder))
     {
+        m_userNotifier.setUp([](const std::string& english) { return ui::shown(english); },
+                             [&host](const std::string& token) { host.useActivationToken(token); });
     }
 
     UserNotifier& userNotifier() override { return m_userNotifier; }
     DistributedNotifications& messages() override { return m_messages; }
     DockIcon& dockIcon() override { return m_dockIcon; }
     LoginItem& loginItem() override { return m_loginItem; }
+    ClosedScans& closedScans() override { return m_closedScans; }
+    TaskProgress& taskProgress() override { return m_taskProgress; }
 
     std::unique_ptr<FileViewer> fileViewer(VolumeFileSystem& volume) override
     {
@@ -70,6 +90,8 @@ private:
     ShownWindows m_shownWindows;
     TaskbarDockIcon m_dockIcon{m_log};
     XdgLoginItem m_loginItem;
+    BusClosedScans m_closedScans;
+    BusTaskProgress m_taskProgress{m_bus};
 };
 
 } // namespace

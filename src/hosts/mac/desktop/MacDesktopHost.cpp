@@ -7,6 +7,7 @@
 #include "hosts/mac/ServiceLoginItem.h"
 #include "hosts/qt/DesktopHost.h"
 #include "hosts/qt/widgets/TrayStatusItem.h"
+#include "platform/ClosedScans.h"
 
 #include <QIcon>
 
@@ -23,6 +24,9 @@ public:
     DistributedNotifications& messages() override { return m_messages; }
     DockIcon& dockIcon() override { return m_dockIcon; }
     LoginItem& loginItem() override { return m_loginItem; }
+    // launchd could do it; until it does, the window does not offer it.
+    ClosedScans& closedScans() override { return m_closedScans; }
+    TaskProgress& taskProgress() override { return m_taskProgress; }
 
     std::unique_ptr<FileViewer> fileViewer(VolumeFileSystem& volume) override
     {
@@ -48,6 +52,8 @@ private:
     NativeMessages m_messages;
     ActivationDockIcon m_dockIcon;
     ServiceLoginItem m_loginItem{kHelper};
+    NoClosedScans m_closedScans;
+    NoTaskProgress m_taskProgress;
 };
 
 } // namespace

@@ -14,12 +14,12 @@ namespace pryvane {
 
 namespace {
 
+const QLatin1String kService("org.freedesktop.Notifications"),
+    kPath("/org/freedesktop/Notifications");
+
 QDBusMessage callOf(const char* member)
 {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
-                                          QStringLiteral("/org/freedesktop/Notifications"),
-                                          QStringLiteral("org.freedesktop.Notifications"),
-                                          QLatin1String(member));
+    return QDBusMessage::createMethodCall(kService, kPath, kService, QLatin1String(member));
 }
 
 } // namespace
@@ -31,12 +31,65 @@ BusUserNotifier::BusUserNotifier(QDBusConnection bus, Log& log, int patienceInMs
 
 void BusUserNotifier::deliver(const std::string& title, const std::string& informativeText)
 {
-    show({title, informativeText});
+    show({title, informativeText, Kind::Single, {}});
 }
 
 void BusUserNotifier::update(const std::string& title, const std::string& informativeText)
 {
-    show({title, informativeText, true});
+    show({title, informativeText, Kind::Update, {}});
+}
+
+void BusUserNotifier::setUp(Shown shown, UseToken useToken)
+{
+    m_shown = std::move(shown);
+    m_useToken = std::move(useToken);
+}
+
+void BusUserNotifier::conclude(const std::string& title, const std::string& informativeText,
+                               std::function<void()> show)
+{
+    this->show({title, informativeText, Kind::Conclusion, std::move(show)});
+}
+
+void BusUserNotifier::withdraw()
+{
+    m_queue.clear();
+    m_nextUpdate.reset();
+    m_show = {};
+    m_isWithdrawn = m_isUpdating;
+    closeSingles();
+    if (!m_isUpdating)
+        close(std::exchange(m_updated, 0U));
+}
+
+void BusUserNotifier::closeSingles()
+{
+    for (const unsigned id : std::exchange(m_singles, {}))
+        close(id);
+}
+
+void BusUserNotifier::close(unsigned id)
+{
+    if (id == 0)
+        return;
+    QDBusMessage call = callOf("CloseNotification");
+    call << id;
+    m_bus.send(call);
+}
+
+/// Whichever of the two ways it was chosen by.
+void BusUserNotifier::actionInvoked(uint id, const QString&)
+{
+    if (id != m_updated || !m_show)
+        return;
+    const auto show = std::exchange(m_show, {}); // which may conclude anew
+    show();
+}
+
+void BusUserNotifier::activationToken(uint id, const QString& token)
+{
+    if (id == m_updated && m_show && m_useToken)
+        m_useToken(token.toStdString());
 }
 
 void BusUserNotifier::show(Message message)
@@ -49,8 +102,10 @@ void BusUserNotifier::show(Message message)
         send(message);
         return;
     }
-    if (message.updates)
-        std::erase_if(m_queue, [](const Message& waiting) { return waiting.updates; });
+    if (message.kind == Kind::Conclusion)
+        m_queue.clear();
+    else if (message.kind == Kind::Update)
+        std::erase_if(m_queue, [](const Message& waiting) { return waiting.kind != Kind::Single; });
     if (m_queue.size() < kWaiting)
         m_queue.push_back(std::move(message));
     else
@@ -82,9 +137,32 @@ void BusUserNotifier::takeCapabilities(QDBusPendingCallWatcher* reply)
     m_queue.clear();
 }
 
+bool BusUserNotifier::can(const char* what) const
+{
+    return m_capabilities.contains(QLatin1String(what));
+}
+
+BusUserNotifier::Words BusUserNotifier::wordsOf(const Message& message) const
+{
+    Words words;
+    if (message.kind == Kind::Conclusion && m_shown) {
+        words = {m_shown(message.title), m_shown(message.details)};
+        if (can("body") && can("body-markup"))
+            words.body = words.body.toHtmlEscaped();
+    } else {
+        words.summary = qt::text(forScreen(message.title));
+        words.body = qt::text(can("body") && can("body-markup") ? forNotification(message.details)
+                                                                : forScreen(message.details));
+    }
+    if (!can("body"))
+        words = {words.summary + QLatin1String(": ") + words.body, {}};
+    return words;
+}
+
 void BusUserNotifier::send(const Message& message)
 {
-    if (message.updates && m_isUpdating) {
+    const bool updates = message.kind != Kind::Single;
+    if (updates && m_isUpdating) {
         m_nextUpdate = message;
         return;
     }
@@ -92,31 +170,34 @@ void BusUserNotifier::send(const Message& message)
         logOnce("some notifications were not shown: the desktop does not answer");
         return;
     }
-    const auto& [title, details, updates] = message;
-    const auto can = [this](const char* what) {
-        return m_capabilities.contains(QLatin1String(what));
-    };
-    std::string summary = forScreen(title);
-    std::string body = can("body-markup") ? forNotification(details) : forScreen(details);
-    if (!can("body")) {
-        summary += ": " + forScreen(details);
-        body.clear();
+    QStringList actions;
+    if (message.kind == Kind::Conclusion && can("actions")) {
+        const QString label = m_shown ? m_shown("Show") : QStringLiteral("Show");
+        actions = {QStringLiteral("default"), label, QStringLiteral("show"), label};
+        if (!std::exchange(m_hearsActions, true)) {
+            m_bus.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this,
+                          SLOT(actionInvoked(uint, QString)));
+            m_bus.connect(kService, kPath, kService, QStringLiteral("ActivationToken"), this,
+                          SLOT(activationToken(uint, QString)));
+        }
     }
+    const Words words = wordsOf(message);
     QDBusMessage call = callOf("Notify");
     const QVariantMap hints{
         {QStringLiteral("desktop-entry"), QStringLiteral("com.torvell.Pryvane")},
         {QStringLiteral("urgency"), QVariant::fromValue<uchar>(1)}};
     call << QStringLiteral("Pryvane") << (updates ? m_updated : 0U) << QStringLiteral("pryvane")
-         << qt::text(summary) << qt::text(body) << QStringList() << hints << -1;
+         << words.summary << words.body << actions << hints << -1;
     ++m_onTheirWay;
     m_isUpdating = m_isUpdating || updates;
     auto* reply = new QDBusPendingCallWatcher(m_bus.asyncCall(call, m_patience), this);
-    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply, updates = updates] {
+    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply, message] {
         --m_onTheirWay;
-        if (updates) {
-            const QDBusPendingReply<unsigned> shown = *reply;
-            updateShown(shown.isError() ? std::nullopt : std::optional(shown.value()));
-        }
+        const QDBusPendingReply<unsigned> shown = *reply;
+        if (message.kind != Kind::Single)
+            updateShown(shown.isError() ? std::nullopt : std::optional(shown.value()), message);
+        else if (!shown.isError())
+            m_singles.push_back(shown.value());
         if (reply->isError())
             logOnce("a notification was not shown: " +
                     forScreen(reply->error().message().toStdString()));
@@ -124,10 +205,18 @@ void BusUserNotifier::send(const Message& message)
     });
 }
 
-void BusUserNotifier::updateShown(std::optional<unsigned> id)
+/// A conclusion says all that those before it did.
+void BusUserNotifier::updateShown(std::optional<unsigned> id, const Message& message)
 {
     m_isUpdating = false;
     m_updated = id.value_or(m_updated);
+    m_show = message.show;
+    if (message.kind == Kind::Conclusion)
+        closeSingles();
+    if (std::exchange(m_isWithdrawn, false)) {
+        m_show = {};
+        close(std::exchange(m_updated, 0U));
+    }
     if (const auto next = std::exchange(m_nextUpdate, std::nullopt))
         send(*next);
 }

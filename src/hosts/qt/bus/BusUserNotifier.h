@@ -5,10 +5,13 @@
 #include <QDBusConnection>
 #include <QObject>
 
+#include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 class QDBusPendingCallWatcher;
 
@@ -25,20 +28,42 @@ public:
 
     BusUserNotifier(QDBusConnection bus, Log& log, int patienceInMs = 5000);
 
+    /// How an English text reads in the user's language; and what takes the desktop's permission
+    /// to come to the front, just before a message's `show` is called.
+    using Shown = std::function<QString(const std::string& english)>;
+    using UseToken = std::function<void(const std::string& activationToken)>;
+    void setUp(Shown shown, UseToken useToken);
+
     void deliver(const std::string& title, const std::string& informativeText) override;
     void update(const std::string& title, const std::string& informativeText) override;
+    void conclude(const std::string& title, const std::string& informativeText,
+                  std::function<void()> show) override;
+    void withdraw() override;
+
+private Q_SLOTS:
+    void actionInvoked(uint id, const QString& key);
+    void activationToken(uint id, const QString& token);
 
 private:
+    enum class Kind : std::uint8_t { Single, Update, Conclusion };
     struct Message {
         std::string title, details;
-        bool updates = false; ///< the one that was shown before it of this kind
+        Kind kind = Kind::Single;
+        std::function<void()> show; ///< of a conclusion
+    };
+    struct Words {
+        QString summary, body;
     };
 
     void show(Message message);
 
     void takeCapabilities(QDBusPendingCallWatcher* reply);
     void send(const Message& message);
-    void updateShown(std::optional<unsigned> id);
+    [[nodiscard]] bool can(const char* what) const;
+    [[nodiscard]] Words wordsOf(const Message& message) const;
+    void updateShown(std::optional<unsigned> id, const Message& message);
+    void closeSingles();
+    void close(unsigned id);
     void logOnce(const std::string& what);
 
     QDBusConnection m_bus;
@@ -52,7 +77,13 @@ private:
     unsigned m_updated =
         0; ///< the service's number of the message that is kept up to date; 0: none
     bool m_isUpdating = false;           ///< its number is still to come
+    bool m_isWithdrawn = false;          ///< before its number came
     std::optional<Message> m_nextUpdate; ///< waits for it
+    std::vector<unsigned> m_singles;     ///< shown since the last conclusion
+    std::function<void()> m_show;        ///< of the conclusion that is shown
+    bool m_hearsActions = false;
+    Shown m_shown;
+    UseToken m_useToken;
     std::set<std::string> m_logged;
 };
 
