@@ -44,6 +44,12 @@ namespace {
 
 constexpr std::chrono::hours kUsualPlan{30 * 24};
 
+/// The form shows no seconds, so that none count.
+Date wholeMinute(Date time)
+{
+    return std::chrono::floor<std::chrono::minutes>(time);
+}
+
 constexpr std::array kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                   "Thursday", "Friday", "Saturday"};
 constexpr std::array kMonths = {"January",   "February", "March",    "April",
@@ -314,6 +320,7 @@ bool SchedulerVC::save()
         arrangeClosedScans();
         return true;
     }
+    m_form.timePicker = wholeMinute(m_form.timePicker);
     const ScheduleForm filledIn = m_form;
     m_saved = false;
     saveSchudlerData();
@@ -335,7 +342,8 @@ std::string SchedulerVC::formSentence() const
     if (start > end)
         return "The last day is before the first one.";
     const Clock::Interval step = scheduleStep(m_form.scheduleTypePopUp);
-    const Clock::Interval time(std::llround(getTimeAt0Date(m_form.timePicker) * 1000.0));
+    const Clock::Interval time(
+        std::llround(getTimeAt0Date(wholeMinute(m_form.timePicker)) * 1000.0));
     const Date now = m_services.clock.now();
     Date next = start + time, last = next;
     if (step.count() > 0 && next <= now)

@@ -60,12 +60,11 @@ std::optional<SchedulePlan> storedSchedule(UserDefaults& defaults)
         return std::nullopt;
     const std::int64_t kind = defaults.get(preferences::kScheduleRepeat);
     const bool known = kind >= 0 && kind < static_cast<std::int64_t>(kScheduleSteps.size());
-    return SchedulePlan{
-        clampedDate(defaults.get(preferences::kScheduleStartDate)),
-        clampedDate(defaults.get(preferences::kScheduleEndDate)),
-        Clock::Interval(
-            std::llround(sensibleTime(defaults.get(preferences::kScheduleTime)) * 1000.0)),
-        scheduleStep(known ? static_cast<int>(kind) : 0)};
+    return SchedulePlan{clampedDate(defaults.get(preferences::kScheduleStartDate)),
+                        clampedDate(defaults.get(preferences::kScheduleEndDate)),
+                        Clock::Interval(std::llround(
+                            sensibleTime(defaults.get(preferences::kScheduleTime)) * 1000.0)),
+                        scheduleStep(known ? static_cast<int>(kind) : 0)};
 }
 
 namespace {

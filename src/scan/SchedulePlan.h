@@ -29,8 +29,8 @@ inline constexpr std::array<std::chrono::seconds, 4> kScheduleSteps = {
 
 /// The moments of a schedule: its first one and each that is a step later, between two dates.
 struct SchedulePlan {
-    Date start{}; ///< 00:00:01 of the first day
-    Date end{};   ///< 23:59:59 of the last one
+    Date start{};            ///< 00:00:01 of the first day
+    Date end{};              ///< 23:59:59 of the last one
     Clock::Interval time{0}; ///< from the start to its first moment
     Clock::Interval step{0};
 

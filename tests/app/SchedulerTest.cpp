@@ -242,75 +242,52 @@ TEST_F(SchedulerTest, AFormTakesEffectWhenItIsSavedAndSaysBeforeWhatItWillDo)
 
 TEST_F(SchedulerTest, TheSystemStartsTheSameScansWhileTheProgramIsClosed)
 {
-    using Kind = ClosedScans::Standing::Kind;
-    auto& closed = desktop.closedScans;
-    const auto calls = [&] { return std::exchange(closed.calls, {}); };
-    const auto save = [&](std::optional<bool> alsoWhenClosed, std::size_t questions = 1) {
-        scheduler->schudlerAction();
-        scheduler->setScheduleOn(true);
-        if (alsoWhenClosed)
-            scheduler->setAlsoWhenClosed(*alsoWhenClosed);
-        for (; questions > 0; --questions)
-            alerts.answer(kAlertFirstButton);
-        closed.calls.clear();
-        EXPECT_TRUE(scheduler->save());
-        return calls();
-    };
-    clock.setNow(local("2026-06-10 08:00"));
+    using Standing = ClosedScans::Standing;
+    const Standing off{Standing::Kind::Off}, on{Standing::Kind::On}, none{};
     const ScheduledDisk mac{"/mnt/mac \xff", "alice", true};
-    scheduler = std::make_unique<SchedulerVC>(services(), desktop.services(), delegate, mac);
-    scheduler->viewDidLoad();
-    EXPECT_FALSE(scheduler->closedScansRow().isEnabled) << "nothing is scheduled";
-    scheduler->setScheduleOn(true);
-    EXPECT_TRUE(scheduler->closedScansRow().isEnabled);
-    EXPECT_EQ(save(std::nullopt), Texts({"cancel", "look"}));
-    EXPECT_FALSE(defaults.contains(preferences::kScheduleDisk));
-    EXPECT_EQ(save(true), Texts({"arrange 31", "look"}));
-    EXPECT_EQ(storedScheduledDisk(defaults), mac);
-    ASSERT_FALSE(closed.moments.empty());
-    EXPECT_EQ(closed.moments.front(), scheduler->nextFiring());
-    EXPECT_EQ(save(std::nullopt), Texts({"arrange 31", "look"})) << "what stands goes on";
-
-    closed.outcome = Error{"refused"};
-    EXPECT_EQ(save(false, 2), Texts({"cancel", "look"}));
-    EXPECT_THAT(alerts.asked().back().informativeText, testing::EndsWith("changed: refused"));
-    EXPECT_TRUE(scheduler->form().alsoWhenClosed) << "as it stands";
-    closed.outcome = Done{};
-
-    clock.setNow(local("2026-06-20 12:00"));
-    calls();
-    load(); // the program lies elsewhere, or some of the moments have passed
-    EXPECT_EQ(calls(), Texts({"look", "arrange 20"}));
-    closed.standing = {Kind::Unavailable, "no systemd"};
-    load();
-    EXPECT_EQ(save(std::nullopt), Texts()) << "left as it is";
-    EXPECT_EQ(calls(), Texts());
-    closed.standing = {Kind::On};
-    clock.setNow(local("2027-06-20 12:00"));
-    load();
-    EXPECT_EQ(calls(), Texts({"look", "cancel"})) << "the schedule is over";
-}
-
-TEST_F(SchedulerTest, AScanIsDoneByTheWindowOrWithoutIt)
-{
-    save("2026-06-10 08:00", "2026-06-10", "2026-06-20", "09:00");
+    clock.setNow(local("2026-06-10 08:00"));
     const struct {
-        const char *takenWithout, *now;
-        bool isOurs;
+        Standing standing;
+        std::optional<bool> ticked; ///< none: left as it was
+        bool isOn;
+        Texts calls;
+        Result<Done> outcome = Done{};
     } rows[] = {
-        {nullptr, "2026-06-10 09:00", true},
-        {"2026-06-11 09:00", "2026-06-11 09:00", false},
-        {nullptr, "2026-06-12 09:00", true},
-        {"2031-01-01 09:00", "2026-06-13 09:00", true}, // by a clock that was wrong
+        {off, {}, true, {"cancel"}},
+        {off, true, true, {"arrange 31"}},
+        {on, {}, true, {"arrange 31", "arrange 31"}}, // mended at the start, then saved
+        {on, false, true, {"arrange 31", "cancel"}},
+        {on, {}, false, {"arrange 31", "cancel"}},
+        {none, {}, true, {}},
+        {off, true, true, {"arrange 31"}, Error{"refused"}},
     };
     for (const auto& row : rows) {
-        clock.setNow(local(row.now));
-        const Date now = clock.now();
-        if (row.takenWithout)
-            EXPECT_TRUE(takeScheduled(defaults, local(row.takenWithout), local(row.takenWithout)));
-        EXPECT_EQ(at(row.now), row.isOurs ? kRequest : Texts()) << row.now;
-        EXPECT_TRUE(isScheduledTaken(defaults, storedSchedule(defaults)->latest(now).value(), now));
+        SCOPED_TRACE(&row - rows);
+        desktop.closedScans.standing = row.standing;
+        desktop.closedScans.calls.clear();
+        desktop.closedScans.outcome = row.outcome;
+        scheduler = std::make_unique<SchedulerVC>(services(), desktop.services(), delegate, mac);
+        scheduler->viewDidLoad();
+        scheduler->setScheduleOn(row.isOn);
+        EXPECT_EQ(scheduler->closedScansRow().isEnabled,
+                  row.isOn && row.standing.kind != Standing::Kind::Unavailable);
+        if (row.ticked)
+            scheduler->setAlsoWhenClosed(*row.ticked);
+        alerts.answer(kAlertFirstButton);
+        alerts.answer(kAlertFirstButton);
+        EXPECT_TRUE(scheduler->save());
+        EXPECT_EQ(desktop.closedScans.calls, row.calls);
+        EXPECT_EQ(storedScheduledDisk(defaults).value_or(mac), mac);
     }
+    EXPECT_THAT(alerts.asked().back().informativeText, testing::EndsWith("changed: refused"));
+
+    clock.setNow(local("2026-06-10 09:00")); // the scan is done without the window
+    EXPECT_TRUE(takeScheduled(defaults, clock.now(), clock.now()));
+    EXPECT_THAT(at("2026-06-10 09:00"), IsEmpty());
+    EXPECT_EQ(at("2026-06-11 09:00"), kRequest);
+    EXPECT_FALSE(takeScheduled(defaults, clock.now(), clock.now())) << "by the window";
+    EXPECT_TRUE(takeScheduled(defaults, local("2031-01-01 09:00"), local("2031-01-01 09:00")));
+    EXPECT_EQ(at("2026-06-12 09:00"), kRequest) << "that clock was wrong";
 }
 
 TEST_F(SchedulerTest, DamagedValuesNeitherHangNorOverflow)

@@ -90,29 +90,6 @@ void FakeTimers::run()
     }
 }
 
-void FakeClosedScans::look(Stands told)
-{
-    calls.emplace_back("look");
-    told(standing);
-}
-
-void FakeClosedScans::arrange(const std::vector<Date>& at, Outcome told)
-{
-    calls.push_back("arrange " + std::to_string(at.size()));
-    moments = at;
-    if (outcome)
-        standing = {Standing::Kind::On};
-    told(outcome);
-}
-
-void FakeClosedScans::cancel(Outcome told)
-{
-    calls.emplace_back("cancel");
-    if (outcome)
-        standing = {Standing::Kind::Off};
-    told(outcome);
-}
-
 FakeWindowHost::State* FakeWindowHost::record(const char* what, ShellWindow window)
 {
     constexpr std::array<const char*, 3> kNames = {"main", "access", "help"};

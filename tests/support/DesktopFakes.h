@@ -166,17 +166,24 @@ private:
     std::map<ShellWindow, State> m_windows;
 };
 
-/// Answers at once; `calls` has what was asked: "look", "arrange 3", "cancel".
+/// Answers at once; `calls` has what was changed: "arrange 3", "cancel".
 class FakeClosedScans final : public ClosedScans {
 public:
     Standing standing{Standing::Kind::Off};
-    Result<Done> outcome = Done{}; ///< of the next changes
+    Result<Done> outcome = Done{};
     std::vector<std::string> calls;
-    std::vector<Date> moments; ///< as they were arranged last
     bool isOffered() const override { return true; }
-    void look(Stands told) override;
-    void arrange(const std::vector<Date>& at, Outcome told) override;
-    void cancel(Outcome told) override;
+    void look(Stands told) override { told(standing); }
+    void arrange(const std::vector<Date>& moments, Outcome told) override
+    {
+        calls.push_back("arrange " + std::to_string(moments.size()));
+        told(outcome);
+    }
+    void cancel(Outcome told) override
+    {
+        calls.emplace_back("cancel");
+        told(outcome);
+    }
 };
 
 class FakeTaskProgress final : public TaskProgress {

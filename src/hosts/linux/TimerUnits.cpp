@@ -41,9 +41,8 @@ Result<std::string> ownText(const std::string& path)
     const Error foreign{forScreen(path) + " was written or changed by somebody else and is left "
                                           "as it is. Move it away first."};
     if (!file)
-        return errno == ELOOP
-                   ? foreign
-                   : Error{forScreen(path) + " cannot be read: " + errorText(errno)};
+        return errno == ELOOP ? foreign
+                              : Error{forScreen(path) + " cannot be read: " + errorText(errno)};
     std::string text(kLongestUnit, '\0');
     std::size_t held = 0;
     ssize_t count = 0;
@@ -128,22 +127,23 @@ std::string calendarLines(const std::vector<Date>& moments)
 Result<TimerUnits::Texts> TimerUnits::wanted(const std::vector<Date>& moments) const
 {
     if (m_places.program.empty() || access(m_places.program.c_str(), X_OK) != 0)
-        return Error{"pryvane-cli, which does these scans, is not installed beside Pryvane; install "
-                     "it"};
+        return Error{
+            "pryvane-cli, which does these scans, is not installed beside Pryvane; install "
+            "it"};
     const auto program = unitWord(m_places.program);
     const auto data = unitWord("PRYVANE_DATA_DIR=" + m_places.dataFolder);
     if (!program || !data)
         return program ? data.error() : program.error();
     // The exit codes of a scan that found something, or could not look everywhere.
-    return Texts{
-        .timer = markedText("[Unit]\nDescription=Pryvane: the times of the scheduled scan\n\n"
-                            "[Timer]\n" +
-                            calendarLines(moments) +
-                            "AccuracySec=1s\n\n[Install]\nWantedBy=timers.target\n"),
-        .service = markedText("[Unit]\nDescription=Pryvane: scheduled scan\n\n"
-                              "[Service]\nType=oneshot\nEnvironment=" +
-                              *data + "\nExecStart=:" + *program +
-                              " scan --scheduled\nSuccessExitStatus=1 3\nNice=5\n")};
+    return Texts{.timer =
+                     markedText("[Unit]\nDescription=Pryvane: the times of the scheduled scan\n\n"
+                                "[Timer]\n" +
+                                calendarLines(moments) +
+                                "AccuracySec=1s\n\n[Install]\nWantedBy=timers.target\n"),
+                 .service = markedText("[Unit]\nDescription=Pryvane: scheduled scan\n\n"
+                                       "[Service]\nType=oneshot\nEnvironment=" +
+                                       *data + "\nExecStart=:" + *program +
+                                       " scan --scheduled\nSuccessExitStatus=1 3\nNice=5\n")};
 }
 
 Result<TimerUnits::Texts> TimerUnits::found() const

@@ -4,7 +4,6 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <unistd.h>
 
 namespace pryvane::test {
 
@@ -47,9 +46,9 @@ QStringList FakeNotifications::GetCapabilities()
 
 uint FakeNotifications::Notify(const QString&, uint replaces, const QString&,
                                const QString& summary, const QString& body,
-                               const QStringList& buttons, const QVariantMap&, int)
+                               const QStringList& actions, const QVariantMap&, int)
 {
-    actions << buttons;
+    lastActions = actions;
     if (silent)
         sayNothing();
     const QString message = summary + QLatin1Char('|') + body;
@@ -61,63 +60,13 @@ uint FakeNotifications::Notify(const QString&, uint replaces, const QString&,
     return static_cast<uint>(shown.size());
 }
 
-void FakeNotifications::press(uint id, const QString& token)
+void FakeNotifications::press(uint id)
 {
-    const QString service = QStringLiteral("org.freedesktop.Notifications");
-    for (const auto& [member, text] :
-         {std::pair(QStringLiteral("ActivationToken"), token),
-          std::pair(QStringLiteral("ActionInvoked"), QStringLiteral("show"))}) {
-        QDBusMessage signal = QDBusMessage::createSignal(
-            QStringLiteral("/org/freedesktop/Notifications"), service, member);
-        signal << id << text;
-        m_own.bus.send(signal);
+    for (const char* member : {"ActivationToken", "ActionInvoked"}) {
+        auto signal = QDBusMessage::createSignal("/org/freedesktop/Notifications",
+                                                 "org.freedesktop.Notifications", member);
+        m_own.bus.send(signal << id << "show");
     }
-}
-
-FakeManager::FakeManager(std::string unitFolder) : m_unitFolder(std::move(unitFolder))
-{
-    offer(m_own.bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1", this);
-}
-
-void FakeManager::note(const QString& call)
-{
-    calls << call;
-    if (!refused.isEmpty() && call.startsWith(refused))
-        sendErrorReply(QStringLiteral("org.freedesktop.systemd1.Refused"), QStringLiteral("no"));
-}
-
-QString FakeManager::GetUnitFileState(const QString& name)
-{
-    if (access((m_unitFolder + "/" + name.toStdString()).c_str(), F_OK) != 0)
-        sendErrorReply(QStringLiteral("org.freedesktop.DBus.Error.FileNotFound"), name);
-    return m_isEnabled ? QStringLiteral("enabled") : QStringLiteral("disabled");
-}
-
-bool FakeManager::EnableUnitFiles(const QStringList& names, bool runtime, bool force)
-{
-    note("EnableUnitFiles " + names.join(QLatin1Char(' ')) + (runtime || force ? "!" : ""));
-    m_isEnabled = refused.isEmpty();
-    return true;
-}
-
-void FakeManager::DisableUnitFiles(const QStringList& names, bool)
-{
-    note("DisableUnitFiles " + names.join(QLatin1Char(' ')));
-    m_isEnabled = false;
-}
-
-ProgressListener::ProgressListener()
-{
-    m_own.bus.connect({}, {}, QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                      QStringLiteral("Update"), this, SLOT(heard(QString, QVariantMap)));
-}
-
-void ProgressListener::heard(const QString& application, const QVariantMap& properties)
-{
-    if (application == QLatin1String("application://com.torvell.Pryvane.desktop"))
-        shares << (properties[QStringLiteral("progress-visible")].toBool()
-                       ? properties[QStringLiteral("progress")].toDouble()
-                       : -1);
 }
 
 FakeFileManager::FakeFileManager()

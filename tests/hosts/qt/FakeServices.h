@@ -27,11 +27,11 @@ class FakeNotifications final : public QObject, protected QDBusContext {
 public:
     explicit FakeNotifications(QStringList capabilities);
 
-    /// Somebody presses the button of that message; a new desktop sends its token before.
-    void press(uint id, const QString& token);
+    /// Somebody presses the button of that message.
+    void press(uint id);
 
     bool silent = false;
-    QList<QStringList> actions; ///< of the same messages
+    QStringList lastActions;
     QList<uint> closed;
     QStringList shown; ///< "summary|body"; of those that were replaced what they were last
 
@@ -47,48 +47,6 @@ private:
 
     OwnConnection m_own;
     QStringList m_capabilities;
-};
-
-/// The systemd of a session, as far as timers go.
-class FakeManager final : public QObject, protected QDBusContext {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.systemd1.Manager")
-
-public:
-    explicit FakeManager(std::string unitFolder);
-
-    QString refused;   ///< the call that fails
-    QStringList calls; ///< "EnableUnitFiles NAME", of those that change something
-
-public Q_SLOTS:
-    QString GetUnitFileState(const QString& name);
-    void Reload() { note(QStringLiteral("Reload")); }
-    bool EnableUnitFiles(const QStringList& names, bool runtime, bool force);
-    void DisableUnitFiles(const QStringList& names, bool runtime);
-    void RestartUnit(const QString& name, const QString&) { note("RestartUnit " + name); }
-    void StopUnit(const QString& name, const QString&) { note("StopUnit " + name); }
-
-private:
-    void note(const QString& call);
-
-    OwnConnection m_own;
-    const std::string m_unitFolder;
-    bool m_isEnabled = false;
-};
-
-/// Hears the progress that a program shows with its icon.
-class ProgressListener final : public QObject {
-    Q_OBJECT
-
-public:
-    ProgressListener();
-    QList<double> shares; ///< -1: hidden
-
-public Q_SLOTS:
-    void heard(const QString& application, const QVariantMap& properties);
-
-private:
-    OwnConnection m_own;
 };
 
 /// A file viewer that records what it is to show.

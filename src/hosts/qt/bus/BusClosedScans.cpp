@@ -105,18 +105,18 @@ void BusClosedScans::whenManaged(std::function<void(bool)> managed, std::functio
 {
     QDBusMessage call = callOf("GetUnitFileState");
     call << timerName();
-    ask(call, [managed = std::move(managed),
-               without = std::move(without)](const QDBusMessage& reply) {
-        const QString error = reply.errorName();
-        const bool isThere = !isError(reply) ||
-                             error.startsWith(QLatin1String("org.freedesktop.systemd1.")) ||
-                             error == QLatin1String("org.freedesktop.DBus.Error.FileNotFound");
-        if (isThere)
-            managed(!isError(reply) && reply.arguments().value(0).toString() ==
-                                           QLatin1String("enabled"));
-        else
-            without();
-    });
+    ask(call,
+        [managed = std::move(managed), without = std::move(without)](const QDBusMessage& reply) {
+            const QString error = reply.errorName();
+            const bool isThere = !isError(reply) ||
+                                 error.startsWith(QLatin1String("org.freedesktop.systemd1.")) ||
+                                 error == QLatin1String("org.freedesktop.DBus.Error.FileNotFound");
+            if (isThere)
+                managed(!isError(reply) &&
+                        reply.arguments().value(0).toString() == QLatin1String("enabled"));
+            else
+                without();
+        });
 }
 
 void BusClosedScans::look(Stands told)
@@ -177,8 +177,7 @@ void BusClosedScans::write(const TimerUnits::Texts& wanted, const TimerUnits::Te
 }
 
 /// Where it stood before, it goes on as it did then.
-void BusClosedScans::backOut(const TimerUnits::Texts& before, const Error& why,
-                             const Outcome& told)
+void BusClosedScans::backOut(const TimerUnits::Texts& before, const Error& why, const Outcome& told)
 {
     const bool wasThere = !before.timer.empty();
     const auto finish = [this, before, why, told, wasThere] {
