@@ -20,6 +20,12 @@ namespace {
 constexpr std::string_view kMark = "# Written by Pryvane, whose schedule changes and removes it: ";
 constexpr std::size_t kLongestUnit = 1 << 20;
 
+Error cannotStand(std::string_view text)
+{
+    return Error{forScreen(text) +
+                 " cannot stand in a unit file; a folder with a plainer name can"};
+}
+
 std::string markedText(const std::string& text)
 {
     return std::string(kMark) + sha256Hex(text) + "\n" + text;
@@ -89,8 +95,7 @@ Result<std::string> unitWord(std::string_view text)
 {
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; };
     if (!isUtf8(text) || std::ranges::any_of(text, isControl))
-        return Error{forScreen(text) + " cannot stand in a unit file; a folder with a plainer "
-                                       "name can"};
+        return cannotStand(text);
     std::string word = "\"";
     for (const char c : text) {
         if (c == '"' || c == '\\')
@@ -130,6 +135,8 @@ Result<TimerUnits::Texts> TimerUnits::wanted(const std::vector<Date>& moments) c
         return Error{
             "pryvane-cli, which does these scans, is not installed beside Pryvane; install "
             "it"};
+    if (m_places.program.find_first_of("\"'\\") != std::string::npos)
+        return cannotStand(m_places.program); // systemd takes them in no program's name
     const auto program = unitWord(m_places.program);
     const auto data = unitWord("PRYVANE_DATA_DIR=" + m_places.dataFolder);
     if (!program || !data)

@@ -14,9 +14,9 @@ namespace {
 TEST(TimerUnits, AreReadAsTheyAreMeantAndLeaveThoseOfOthersAlone)
 {
     const TemporaryFolder folder;
-    const std::string program = folder.hostPath("odd %n $HOME \"'\\ \xc3\xa9;#/cli"),
+    const std::string program = folder.hostPath("odd %n $HOME \xc3\xa9;#/cli"),
                       units = folder.hostPath("units");
-    folder.file("odd %n $HOME \"'\\ \xc3\xa9;#/cli", "#!/bin/sh\n");
+    folder.file("odd %n $HOME \xc3\xa9;#/cli", "#!/bin/sh\n");
     chmod(program.c_str(), 0755);
     const std::pair<const char*, const char*> words[] = {
         {"/a b", "\"/a b\""},
@@ -37,7 +37,7 @@ TEST(TimerUnits, AreReadAsTheyAreMeantAndLeaveThoseOfOthersAlone)
     EXPECT_EQ(calendarLines({first - part, first + 3 * week, first + 4 * week}),
               "OnCalendar=2026-11-09,30 20:44:17\nOnCalendar=2026-12-07 20:44:17\n");
 
-    const TimerUnits files({units, program, "/data %h"});
+    const TimerUnits files({units, program, "/data %h\"'\\"});
     const auto wanted = files.wanted({first}).value();
     ASSERT_TRUE(files.put(wanted).ok());
     EXPECT_EQ(files.found().value(), wanted);
@@ -54,6 +54,7 @@ TEST(TimerUnits, AreReadAsTheyAreMeantAndLeaveThoseOfOthersAlone)
                   0);
         EXPECT_EQ(contentOf(said), "");
     }
+    EXPECT_FALSE(TimerUnits({units, "/bin/\"", "/data"}).wanted({first}).ok());
     ASSERT_TRUE(files.put({}).ok());
     EXPECT_EQ(contentOf(timer), "");
     for (const std::string& theirs :
