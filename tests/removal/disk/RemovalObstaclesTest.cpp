@@ -13,7 +13,6 @@
 #include <linux/seccomp.h>
 #include <optional>
 #include <sched.h>
-#include <set>
 #include <string_view>
 #include <sys/mount.h>
 #include <sys/prctl.h>
@@ -261,18 +260,6 @@ TEST(ConfinedRemoval, EndsWhereAFolderLeavesTheVolume)
     attacker.join();
     if (!seen)
         GTEST_SKIP() << "no removal met the rename on this machine, busy as it is";
-}
-
-TEST(Obstacles, HaveASentenceEach)
-{
-    std::set<std::string> sentences;
-    for (int i = 1; i <= static_cast<int>(RemovalObstacle::GivenUp); ++i) {
-        const auto obstacle = static_cast<RemovalObstacle>(i);
-        EXPECT_THAT(obstacleText(obstacle, "why"), testing::EndsWith(" (why)"));
-        sentences.insert(obstacleText(obstacle));
-    }
-    EXPECT_EQ(sentences.size(), static_cast<std::size_t>(RemovalObstacle::GivenUp));
-    EXPECT_EQ(obstacleText(RemovalObstacle::None, "why"), "");
 }
 
 } // namespace
