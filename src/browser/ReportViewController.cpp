@@ -158,7 +158,7 @@ void ReportViewController::readAndOpen(const std::string& reportId)
             if (report)
                 openDetails(*report);
             else
-                sayFailure("The report cannot be opened: " + report.error().message);
+                say("The report cannot be opened: " + report.error().message, NoticeOf::Failure);
         });
     Q_EMIT stateChanged();
 }
@@ -188,7 +188,8 @@ void ReportViewController::compare(std::size_t row, std::size_t otherRow,
             if (compared)
                 done(std::move(compared).value());
             else
-                sayFailure("The reports cannot be compared: " + compared.error().message);
+                say("The reports cannot be compared: " + compared.error().message,
+                    NoticeOf::Failure);
         });
 }
 
@@ -289,7 +290,7 @@ void ReportViewController::deleteReports(std::vector<std::string> ids)
 void ReportViewController::deleted(const std::vector<std::string>& gone, const std::string& problem)
 {
     if (!problem.empty()) {
-        sayFailure("The report could not be deleted: " + problem);
+        say("The report could not be deleted: " + problem, NoticeOf::Failure);
         load();
         return;
     }
@@ -299,17 +300,10 @@ void ReportViewController::deleted(const std::vector<std::string>& gone, const s
     Q_EMIT stateChanged();
 }
 
-void ReportViewController::say(std::string notice)
+void ReportViewController::say(std::string notice, NoticeOf what)
 {
     m_notice = std::move(notice);
-    m_noticeOfFailure = false;
-    Q_EMIT stateChanged();
-}
-
-void ReportViewController::sayFailure(std::string notice)
-{
-    m_notice = std::move(notice);
-    m_noticeOfFailure = true;
+    m_noticeOfFailure = what == NoticeOf::Failure;
     Q_EMIT stateChanged();
 }
 

@@ -98,8 +98,8 @@ public:
     [[nodiscard]] const std::string& notice() const { return m_notice; }
     /// Whether that action failed.
     [[nodiscard]] bool isNoticeOfFailure() const { return m_noticeOfFailure; }
-    void say(std::string notice);
-    void sayFailure(std::string notice);
+    enum class NoticeOf : bool { Success, Failure };
+    void say(std::string notice, NoticeOf what = NoticeOf::Success);
     void backtoReportList();
     void trashReport();
     void checkClicked(std::size_t index, bool on);

@@ -133,7 +133,7 @@ void ReportViewController::showThreatInFileDelegate(std::size_t index)
         return;
     }
     const auto shown = m_parts.fileViewer.reveal((*m_report->spyWareList)[index]->url);
-    shown ? say({}) : sayFailure(shown.error().message);
+    shown ? say({}) : say(shown.error().message, NoticeOf::Failure);
 }
 
 bool ReportViewController::isOfThisVolume() const
@@ -159,7 +159,7 @@ void ReportViewController::printed(const PrintOutcome& outcome)
         say("The report was sent to the printer.");
         break;
     case PrintOutcome::State::Failed:
-        sayFailure("The report was not printed: " + outcome.reason);
+        say("The report was not printed: " + outcome.reason, NoticeOf::Failure);
         break;
     case PrintOutcome::State::NothingToPrint:
         say({});

@@ -54,12 +54,26 @@ QWidget* nearestStop(QWidget* widget)
 namespace {
 
 /// A screen reader says that a dialogue has opened, and stays in it.
+class SheetAccess final : public QAccessibleWidget {
+public:
+    explicit SheetAccess(QWidget* sheet)
+        : QAccessibleWidget(sheet, QAccessible::Dialog, sheet->accessibleName())
+    {
+    }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = true;
+        return state;
+    }
+};
+
 QAccessibleInterface* sheetAccess(const QString& className, QObject* object)
 {
-    if (className != QLatin1String("pryvane::ui::Sheet"))
-        return nullptr;
-    auto* sheet = static_cast<QWidget*>(object);
-    return new QAccessibleWidget(sheet, QAccessible::Dialog, sheet->accessibleName());
+    return className == QLatin1String("pryvane::ui::Sheet")
+               ? new SheetAccess(static_cast<QWidget*>(object))
+               : nullptr;
 }
 
 void announceSheets()
@@ -107,12 +121,19 @@ void Sheet::setDefault(QPushButton* button)
     button->setDefault(true);
 }
 
+Sheet* Sheet::topOf(const QWidget* window)
+{
+    Sheet* top = nullptr;
+    if (window)
+        for (QObject* child : window->children()) // the one raised last comes last
+            if (auto* sheet = qobject_cast<Sheet*>(child); sheet && !sheet->m_closed)
+                top = sheet;
+    return top;
+}
+
 bool Sheet::isOver(const QWidget* window)
 {
-    const QList<Sheet*> sheets =
-        window ? window->findChildren<Sheet*>(QString(), Qt::FindDirectChildrenOnly)
-               : QList<Sheet*>();
-    return std::ranges::any_of(sheets, [](const Sheet* sheet) { return !sheet->m_closed; });
+    return topOf(window) != nullptr;
 }
 
 void Sheet::present(QWidget* first)

@@ -34,7 +34,10 @@ public:
     /// What Return presses. Without it the only button at the foot, where there is just one.
     void setDefault(QPushButton* button);
 
-    /// Whether a sheet lies over that window now.
+    /// The sheet that lies over that window now, the uppermost of several; null: none does.
+    [[nodiscard]] static Sheet* topOf(const QWidget* window);
+
+    /// Whether one does.
     [[nodiscard]] static bool isOver(const QWidget* window);
 
     /// Shows it with the keyboard on `first`.

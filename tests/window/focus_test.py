@@ -79,9 +79,6 @@ class Watcher(Pilot):
                 and node.name and self.box(node).width > 0:
             self.seen.setdefault((role, node.name), self.screen)
 
-    def box(self, node):
-        return node.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
-
 
 class Rounds:
     def __init__(self, pilot, folder):
@@ -129,7 +126,7 @@ class Rounds:
     def press(self, key):
         """What has the keyboard after that key, and where it is."""
         self.pilot.follow(0)
-        self.pilot.keys(key)
+        self.pilot.hand.key(key)
         node = self.pilot.follow(0.3) or wait_for("the keyboard to be somewhere", self.pilot.focused)
         return (node.getRoleName(), node.name), self.pilot.box(node)
 
@@ -186,7 +183,7 @@ class Rounds:
         names, last = [], None
         while True:
             self.pilot.follow(0)
-            self.pilot.keys(key)
+            self.pilot.hand.key(key)
             entry, key = self.pilot.follow(PATIENCE), "Down"
             assert entry and entry.getRoleName() == "menu item", f"{menu}: the keyboard is on {entry}, not on an entry"
             if last:

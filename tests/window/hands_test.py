@@ -36,8 +36,8 @@ def check_keys(pilot):
     pilot.keys("Return")
     pilot.find("Scan on a schedule", "check box")
     pilot.keys("ctrl+2", "ctrl+o", "ctrl+f")
-    pilot.find("Quick Scan >")  # still behind the sheet
-    assert not pilot.look("Choose Folder…"), "a second sheet lies over the first"
+    behind = [name for name in ("Quick Scan >", "Dashboard", "Menu", "Choose Folder…") if pilot.look(name)]
+    assert not behind, f"beside the sheet there are {behind}"
     assert pilot.focused().name == "Scan on a schedule", pilot.focused().name
     press(pilot, "Scan on a schedule", "check box")
     pilot.read("Every day at ")
@@ -52,6 +52,7 @@ def check_keys(pilot):
     pilot.read("Every day at ")
     pilot.keys("Escape")
     pilot.gone("Scan on a schedule", "check box")
+    pilot.find("Quick Scan >")
     pilot.keys("ctrl+2")
     pilot.gone("Quick Scan >")
 

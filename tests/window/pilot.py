@@ -243,6 +243,9 @@ class Pilot:
         return [[view.getAccessibleAt(row, column).name for column in range(view.nColumns)]
                 for row in range(view.nRows)]
 
+    def box(self, node):
+        return node.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+
     # What a person does
 
     def click(self, name, role=None, button=1):
@@ -251,7 +254,10 @@ class Pilot:
         self.click_node(node, button)
 
     def click_node(self, node, button=1):
-        box = node.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+        before, box = None, self.box(node)
+        while before is None or (before.x, before.y) != (box.x, box.y):  # a window may just be placed
+            time.sleep(0.06)
+            before, box = box, self.box(node)
         # A box is ticked at the end where it is drawn.
         scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree tells places without it
         start = box.width - 12 if os.environ.get("PRYVANE_DIRECTION") == "rtl" else 12
@@ -287,11 +293,14 @@ class Pilot:
     def tab_to(self, name, limit=60, key="Tab"):
         """Goes there by keyboard alone."""
         node = self.focused()
+        if not node:  # the window manager may have given it to nobody once a panel had closed
+            windows = output("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).split()
+            subprocess.run(["xdotool", "windowactivate", "--sync", windows[-1]], check=False, timeout=10)
         for _ in range(limit):
             if node and node.name == name:
                 return node
             self.follow(0)
-            self.keys(key)
+            self.hand.key(key)
             node = self.follow(0.5) or self.focused()
         raise AssertionError(f'the {key} key does not reach "{name}"; it is on {self.focused()}')
 

@@ -1,8 +1,10 @@
 #include "app/views/FramedWindow.h"
 
+#include "ui/Sheet.h"
 #include "ui/Theme.h"
 #include "ui/TitleBar.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -23,11 +25,53 @@ bool wantsOwnFrame()
 #endif
 }
 
+/// While a sheet lies over the window a screen reader finds nothing else in it.
+class WindowAccess final : public QAccessibleWidget {
+public:
+    explicit WindowAccess(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}
+
+    [[nodiscard]] int childCount() const override
+    {
+        return sheet() ? 1 : QAccessibleWidget::childCount();
+    }
+    [[nodiscard]] QAccessibleInterface* child(int index) const override
+    {
+        if (ui::Sheet* const over = sheet())
+            return index == 0 ? QAccessible::queryAccessibleInterface(over) : nullptr;
+        return QAccessibleWidget::child(index);
+    }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        if (const ui::Sheet* const over = sheet())
+            return child && child->object() == over ? 0 : -1;
+        return QAccessibleWidget::indexOfChild(child);
+    }
+    [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override
+    {
+        return sheet() ? child(0) : QAccessibleWidget::childAt(x, y);
+    }
+
+private:
+    [[nodiscard]] ui::Sheet* sheet() const { return ui::Sheet::topOf(widget()); }
+};
+
+QAccessibleInterface* windowAccess(const QString& className, QObject* object)
+{
+    return className == QLatin1String("pryvane::FramedWindow")
+               ? new WindowAccess(static_cast<QWidget*>(object))
+               : nullptr;
+}
+
 } // namespace
 
 FramedWindow::FramedWindow(const QString& title, int tag)
     : m_tag(tag), m_ownFrame(wantsOwnFrame()), m_column(new QVBoxLayout(this))
 {
+    static const bool isFound = [] {
+        QAccessible::installFactory(&windowAccess);
+        return true;
+    }();
+    static_cast<void>(isFound);
     setWindowTitle(title);
     m_column->setSpacing(0);
     m_column->setContentsMargins(0, 0, 0, 0);

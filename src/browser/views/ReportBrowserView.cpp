@@ -23,6 +23,8 @@
 
 namespace pryvane {
 
+using NoticeOf = ReportViewController::NoticeOf;
+
 namespace {
 
 /// What is chosen in the plan is chosen in the report.
@@ -62,8 +64,8 @@ ReportBrowserView::ReportBrowserView(ReportViewController& controller, Services 
             [this](const std::vector<std::string>& ids, const ExportKind& kind) {
                 exportReports(window(), m_controller, m_documents, ids, kind,
                               [this](const QString& words, bool failed) {
-                                  failed ? m_controller.sayFailure(words.toStdString())
-                                         : m_controller.say(words.toStdString());
+                                  m_controller.say(words.toStdString(),
+                                                   failed ? NoticeOf::Failure : NoticeOf::Success);
                               });
             });
     connect(m_details, &ReportDetailsPane::printWanted, this, &ReportBrowserView::openPreview);
@@ -180,7 +182,7 @@ void ReportBrowserView::askWhereToPrint()
     if (m_preview)
         m_preview->dismiss();
     if (!target)
-        m_controller.sayFailure(target.error().message);
+        m_controller.say(target.error().message, NoticeOf::Failure);
     else if (!(*target)->file.empty())
         exportTo((*target)->file, ExportFormat::Pdf);
     else
@@ -216,7 +218,8 @@ void ReportBrowserView::exportTo(const std::string& path, ExportFormat format)
             if (written)
                 m_controller.say("The report was exported to " + forScreen(path) + ".");
             else
-                m_controller.sayFailure("The report was not exported: " + written.error().message);
+                m_controller.say("The report was not exported: " + written.error().message,
+                                 NoticeOf::Failure);
         });
 }
 

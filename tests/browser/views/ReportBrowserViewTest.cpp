@@ -130,7 +130,11 @@ TEST_F(ReportBrowserViewTest, OpensAReportAndExportsIt)
     }
     exportAs(1, "/proc/x.json");
     EXPECT_THAT(textOf("notice"), StartsWith("The report was not exported: "));
-    EXPECT_TRUE(browser->isNoticeOfFailure());
+    const auto* words = find<QLabel>("notice");
+    EXPECT_EQ(words->palette().color(QPalette::WindowText),
+              ui::colorOf(ui::Meaning::Found, QGuiApplication::palette()));
+    for (const auto* shown : words->parentWidget()->findChildren<QLabel*>())
+        EXPECT_TRUE(shown->isVisible()) << "the icon beside the words";
 
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
