@@ -69,6 +69,8 @@ def entry_fault(box, having, without):
 class Watcher(Pilot):
     """Keeps which controls showed at any time that could have the keyboard."""
 
+    LISTENS = True
+
     def __init__(self, *arguments, **more):
         self.seen = {}
         self.screen = "start"
