@@ -1,7 +1,7 @@
 // Starts a program on an empty display and prints, on one line: milliseconds until it has painted
 // its window, its memory in kilobytes then, and the processor time in milliseconds that it takes in
 // the next seconds while nobody touches it.
-//   first_frame SECONDS PROGRAM [ARGUMENT...]
+//   first_frame SECONDS PROGRAM [ARGUMENT...]     0 seconds: the first frame alone
 #include <chrono>
 #include <csignal>
 #include <cstdint>
@@ -77,11 +77,15 @@ int main(int argc, char** argv)
         std::this_thread::sleep_for(std::chrono::microseconds(300));
     }
     const std::chrono::duration<double, std::milli> painted = Clock::now() - start;
-    std::this_thread::sleep_for(std::chrono::seconds(2)); // what follows the first frame
-    const long memory = residentKilobytes(child);
-    const double before = processorMilliseconds(child);
-    std::this_thread::sleep_for(std::chrono::seconds(std::atoi(argv[1])));
-    const double idle = processorMilliseconds(child) - before;
+    long memory = 0;
+    double idle = 0;
+    if (const std::chrono::seconds watched(std::atoi(argv[1])); watched.count() > 0) {
+        std::this_thread::sleep_for(std::chrono::seconds(2)); // what follows the first frame
+        memory = residentKilobytes(child);
+        const double before = processorMilliseconds(child);
+        std::this_thread::sleep_for(watched);
+        idle = processorMilliseconds(child) - before;
+    }
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
     xcb_disconnect(display);
