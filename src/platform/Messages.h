@@ -45,7 +45,7 @@ public:
     /// and offers to show more, which calls `show` once at most. Of that only the newest counts.
     /// The texts are escaped for display already, and are shown in the user's language.
     virtual void conclude(const std::string& title, const std::string& informativeText,
-                          std::function<void()> /*show*/)
+                          const std::function<void()>& /*show*/)
     {
         update(title, informativeText);
     }

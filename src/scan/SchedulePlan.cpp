@@ -98,7 +98,7 @@ bool takeScheduled(UserDefaults& defaults, Date moment, Date now)
 {
     bool isTakenBefore = false;
     static_cast<void>(
-        defaults.updateBytes(preferences::kScheduleTaken, [&](std::optional<Bytes> stored) {
+        defaults.updateBytes(preferences::kScheduleTaken, [&](const std::optional<Bytes>& stored) {
             isTakenBefore = isTaken(stored, moment, now);
             return isTakenBefore
                        ? std::nullopt

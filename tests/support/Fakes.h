@@ -101,10 +101,10 @@ public:
         updated.push_back(title + ": " + informativeText);
     }
     void conclude(const std::string& title, const std::string& informativeText,
-                  std::function<void()> wanted) override
+                  const std::function<void()>& wanted) override
     {
         concluded.push_back(title + ": " + informativeText);
-        show = std::move(wanted);
+        show = wanted;
     }
     void withdraw() override { ++withdrawn; }
     std::vector<std::string> concluded;

@@ -46,9 +46,9 @@ void BusUserNotifier::setUp(Shown shown, UseToken useToken)
 }
 
 void BusUserNotifier::conclude(const std::string& title, const std::string& informativeText,
-                               std::function<void()> show)
+                               const std::function<void()>& show)
 {
-    this->show({title, informativeText, Kind::Conclusion, std::move(show)});
+    this->show({title, informativeText, Kind::Conclusion, show});
 }
 
 void BusUserNotifier::withdraw()

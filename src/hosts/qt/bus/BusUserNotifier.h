@@ -37,7 +37,7 @@ public:
     void deliver(const std::string& title, const std::string& informativeText) override;
     void update(const std::string& title, const std::string& informativeText) override;
     void conclude(const std::string& title, const std::string& informativeText,
-                  std::function<void()> show) override;
+                  const std::function<void()>& show) override;
     void withdraw() override;
 
 private Q_SLOTS:
