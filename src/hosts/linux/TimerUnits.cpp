@@ -172,12 +172,11 @@ Result<Done> TimerUnits::put(const Texts& texts) const
         return Error{forScreen(m_places.unitFolder) +
                      " cannot be made: " + errorText(failed.value())};
     // A timer never stands without what it starts.
-    const auto first = texts.timer.empty() ? putFile(path(kTimer), texts.timer)
-                                           : putFile(path(kService), texts.service);
-    if (!first)
-        return first;
-    return texts.timer.empty() ? putFile(path(kService), texts.service)
-                               : putFile(path(kTimer), texts.timer);
+    const auto timer = [&] { return putFile(path(kTimer), texts.timer); };
+    const auto service = [&] { return putFile(path(kService), texts.service); };
+    const bool removes = texts.timer.empty();
+    auto first = removes ? timer() : service();
+    return first ? (removes ? service() : timer()) : first;
 }
 
 Result<Done> TimerUnits::removeWithoutManager() const

@@ -122,7 +122,7 @@ void BusClosedScans::whenManaged(std::function<void(bool)> managed, std::functio
 void BusClosedScans::look(Stands told)
 {
     begin([this, told = std::move(told)] {
-        const auto tell = [this, told](Standing standing) {
+        const auto tell = [this, told](const Standing& standing) {
             told(standing);
             ended();
         };
