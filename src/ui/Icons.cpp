@@ -84,20 +84,6 @@ QPixmap iconPixmap(const QString& name, const QColor& color, int size, double de
     return pixmap;
 }
 
-bool drawArt(QPainter& painter, const QString& name, const QRectF& area)
-{
-    QSvgRenderer renderer(QStringLiteral(":/art/") + name + QStringLiteral(".svg"));
-    if (!renderer.isValid())
-        return false;
-    QRectF covering(
-        QPointF(),
-        QSizeF(renderer.defaultSize()).scaled(area.size(), Qt::KeepAspectRatioByExpanding));
-    covering.moveRight(area.right());
-    covering.moveTop(area.top() + (area.height() - covering.height()) / 2);
-    renderer.render(&painter, covering);
-    return true;
-}
-
 QIcon panelIcon(const QString& name)
 {
     QIcon result;

@@ -6,9 +6,6 @@
 #include <QPixmap>
 #include <QString>
 
-class QPainter;
-class QRectF;
-
 namespace pryvane::ui {
 
 /// The program's line icon of that name, in the colour of its meaning; follows the palette when it
@@ -18,10 +15,6 @@ namespace pryvane::ui {
 /// The icon once, in a colour of the caller's. `size` is in device-independent pixels.
 [[nodiscard]] QPixmap iconPixmap(const QString& name, const QColor& color, int size,
                                  double devicePixelRatio);
-
-/// Draws the artwork of that name ("no_threats_bg") over the rectangle, cut off rather than
-/// distorted. False when there is none.
-bool drawArt(QPainter& painter, const QString& name, const QRectF& area);
 
 /// The application's own icon.
 [[nodiscard]] QIcon applicationIcon();

@@ -1,5 +1,6 @@
 #include "ui/Surfaces.h"
 
+#include "ui/Artwork.h"
 #include "ui/Icons.h"
 #include "ui/Labels.h"
 #include "ui/Style.h"
@@ -9,7 +10,6 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QPainterPath>
 #include <QVBoxLayout>
 
 namespace pryvane::ui {
@@ -88,17 +88,7 @@ void ColouredView::paintEvent(QPaintEvent*)
 {
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (m_drawn.size() != pixels) { // the artwork is drawn once for each size
-        m_drawn = QPixmap(pixels);
-        m_drawn.fill(Qt::transparent);
-        QPainter art(&m_drawn);
-        art.setRenderHint(QPainter::Antialiasing);
-        QPainterPath corners;
-        corners.addRoundedRect(QRectF(QPointF(), QSizeF(pixels)), kCorner * devicePixelRatioF(),
-                               kCorner * devicePixelRatioF());
-        art.setClipPath(corners);
-        if (!drawArt(art, m_background, QRectF(QPointF(), QSizeF(pixels))))
-            art.fillRect(m_drawn.rect(), QColor(44, 74, 134));
-        art.end();
+        m_drawn = drawnArtwork(m_background, pixels, kCorner * devicePixelRatioF());
         m_drawn.setDevicePixelRatio(devicePixelRatioF());
     }
     QPainter(this).drawPixmap(0, 0, m_drawn);
