@@ -157,6 +157,7 @@ class Pilot:
         import pyatspi  # connects to the bus of the desktop
         from gi.repository import Atspi, GLib
 
+        Atspi.set_timeout(int(PATIENCE * 500), 15_000)  # a busy machine answers later than after its 800 ms
         self.atspi = pyatspi
         self.hand = Hand()
         self.loop = GLib.MainContext.default()
