@@ -1,12 +1,9 @@
 #include "cli/CliFixture.h"
-#include "core/Sha256.h"
 #include "volume/image/ImageDisk.h"
 #include "volume/image/ImageFrames.h"
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <fstream>
 #include <sys/stat.h>
 
 namespace pryvane::test {
@@ -14,8 +11,6 @@ namespace pryvane::test {
 namespace {
 
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 class ImageTest : public CliFixture {
 protected:

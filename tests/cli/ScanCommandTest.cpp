@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <set>
 
@@ -14,8 +13,6 @@ namespace pryvane {
 namespace {
 
 using nlohmann::json;
-using testing::HasSubstr;
-using testing::Not;
 
 using ScanCommandTest = test::CliFixture;
 

@@ -19,7 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::Not;
 
 /// A tree with findings and near misses, planted at random.

@@ -8,6 +8,7 @@
 #include "platform/Network.h"
 #include "platform/PlatformServices.h"
 
+#include <array>
 #include <list>
 #include <map>
 #include <set>
@@ -64,14 +65,23 @@ public:
     {
         m_changed = std::move(changed);
     }
-    void setMenu(std::vector<StatusMenuEntry> entries) override;
+    void setMenu(std::vector<StatusMenuEntry> entries) override
+    {
+        menu = std::move(entries);
+        if (!menu.empty() && (titles.empty() || titles.back() != menu.front().title))
+            titles.push_back(menu.front().title);
+    }
 
     /// The desktop gets or loses its status bar.
-    void setHasPlace(bool hasPlace);
+    void setHasPlace(bool hasPlace)
+    {
+        m_hasPlace = hasPlace;
+        m_changed();
+    }
 
 private:
     bool m_hasPlace = true;
-    std::function<void()> m_changed;
+    std::function<void()> m_changed = [] {};
 };
 
 class FakeGrantTokens final : public GrantTokens {
@@ -81,8 +91,19 @@ public:
     bool makeFails = false;
     bool granted = false; ///< whether a grant was made or reopened in this process
 
-    Result<Bytes> make(const FileURL& folder) override;
-    bool reopen(const Bytes& token) override;
+    Result<Bytes> make(const FileURL& folder) override
+    {
+        if (makeFails)
+            return Error{"no such folder"};
+        granted = true;
+        valid.insert(folder.absolutePath());
+        return Bytes{folder.absolutePath()};
+    }
+    bool reopen(const Bytes& token) override
+    {
+        granted = granted || valid.contains(token.data);
+        return valid.contains(token.data);
+    }
     bool writable(const FileURL& folder) override
     {
         return granted && hostWritable.contains(folder.absolutePath());
@@ -97,7 +118,7 @@ public:
         ++asked;
         m_reply = std::move(reply);
     }
-    void answer(Result<std::string> body);
+    void answer(Result<std::string> body) { std::exchange(m_reply, {})(std::move(body)); }
 
 private:
     Reply m_reply;
@@ -118,11 +139,24 @@ class FakeTimers final : public Timers {
 public:
     explicit FakeTimers(Clock& clock) : m_clock(clock) {}
 
-    std::unique_ptr<Timer> every(Clock::Interval interval, Fire fire) override;
-    std::unique_ptr<Timer> at(Date first, Clock::Interval interval, Fire fire) override;
+    std::unique_ptr<Timer> every(Clock::Interval interval, Fire fire) override
+    {
+        return add({FireTimes(now(true) + interval, interval), true, std::move(fire)});
+    }
+    std::unique_ptr<Timer> at(Date first, Clock::Interval interval, Fire fire) override
+    {
+        return add({FireTimes(first, interval), false, std::move(fire)});
+    }
 
     /// Fires once each timer that is due.
-    void run();
+    void run()
+    {
+        const auto timers = m_timers;
+        for (const auto& timer : timers) {
+            if (timer->times.takeIfDue(now(timer->steady)))
+                timer->fire();
+        }
+    }
     [[nodiscard]] std::size_t running() const { return m_timers.size(); }
 
 private:
@@ -131,9 +165,31 @@ private:
         bool steady;
         Fire fire;
     };
-    class Handle;
-    [[nodiscard]] Date now(bool steady) const;
-    std::unique_ptr<Timer> add(Entry entry);
+    struct Handle final : Timer {
+        Handle(FakeTimers& of, std::shared_ptr<Entry> which) : timers(of), entry(std::move(which))
+        {
+        }
+        ~Handle() override { timers.m_timers.remove(entry); }
+        std::optional<Date> nextFireDate() const override
+        {
+            const auto next = entry->times.next(timers.now(entry->steady));
+            if (!next || !entry->steady)
+                return next;
+            return timers.m_clock.now() + (*next - timers.now(true));
+        }
+        FakeTimers& timers;
+        std::shared_ptr<Entry> entry;
+    };
+    [[nodiscard]] Date now(bool steady) const
+    {
+        return steady ? Date(std::chrono::floor<Date::duration>(m_clock.steadyNow()))
+                      : m_clock.now();
+    }
+    std::unique_ptr<Timer> add(Entry entry)
+    {
+        m_timers.push_back(std::make_shared<Entry>(std::move(entry)));
+        return std::make_unique<Handle>(*this, m_timers.back());
+    }
 
     Clock& m_clock;
     std::list<std::shared_ptr<Entry>> m_timers;
@@ -142,16 +198,43 @@ private:
 /// Windows as they would stand; `calls` tells in which order they were ordered about.
 class FakeWindowHost final : public WindowHost {
 public:
-    std::vector<std::string> calls; ///< "open main", "activate", ...
-    std::function<void()> onOpen;   ///< called while a window opens
-    void open(ShellWindow window) override;
-    void close(ShellWindow window) override;
-    void bringForward(ShellWindow window) override;
-    void orderOut(ShellWindow window) override;
-    void setMinimised(ShellWindow window, bool minimised) override;
-    bool isMinimised(ShellWindow window) const override;
+    std::vector<std::string> calls;       ///< "open main", "activate", ...
+    std::function<void()> onOpen = [] {}; ///< called while a window opens
+    void open(ShellWindow window) override
+    {
+        record("open", window);
+        m_windows[window] = {true, false};
+        onOpen();
+    }
+    void close(ShellWindow window) override
+    {
+        record("close", window);
+        m_windows.erase(window);
+    }
+    void bringForward(ShellWindow window) override
+    {
+        if (State* state = record("front", window))
+            *state = {true, false};
+    }
+    void orderOut(ShellWindow window) override
+    {
+        if (State* state = record("hide", window))
+            state->visible = false;
+    }
+    void setMinimised(ShellWindow window, bool minimised) override
+    {
+        if (State* state = record(minimised ? "minimise" : "restore", window))
+            state->minimised = minimised;
+    }
+    bool isMinimised(ShellWindow window) const override
+    {
+        return m_windows.contains(window) && m_windows.at(window).minimised;
+    }
     void toggleZoomed(ShellWindow window) override { record("zoom", window); }
-    bool isVisible(ShellWindow window) const override;
+    bool isVisible(ShellWindow window) const override
+    {
+        return m_windows.contains(window) && m_windows.at(window).visible;
+    }
     bool isActive(ShellWindow window) const override { return hasKeyboard && isVisible(window); }
     bool hasKeyboard = false;
     void activate() override { calls.emplace_back("activate"); }
@@ -162,7 +245,13 @@ private:
         bool visible = false;
         bool minimised = false;
     };
-    State* record(const char* what, ShellWindow window);
+    /// The window's state, where it is open.
+    State* record(const char* what, ShellWindow window)
+    {
+        constexpr std::array<const char*, 3> kNames = {"main", "access", "help"};
+        calls.push_back(std::string(what) + " " + kNames.at(static_cast<std::size_t>(window)));
+        return m_windows.contains(window) ? &m_windows[window] : nullptr;
+    }
     std::map<ShellWindow, State> m_windows;
 };
 

@@ -6,7 +6,6 @@
 #include "words/Language.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 #include <gtest/gtest.h>
 
 namespace pryvane {

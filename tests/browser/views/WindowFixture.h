@@ -17,8 +17,6 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include <cstdlib>
-
 namespace pryvane::test {
 
 /// The report screen in a window, over a volume of real files and a store of its own.

@@ -1,4 +1,3 @@
-#include "hosts/linux/LoginHelper.h"
 #include "hosts/linux/XdgLoginItem.h"
 #include "hosts/posix/FolderGrants.h"
 #include "hosts/posix/SystemClock.h"

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <fcntl.h>
 #include <functional>
 #include <sys/ptrace.h>
 #include <sys/wait.h>

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <cerrno>
 #include <fcntl.h>
-#include <filesystem>
 #include <map>
 #include <set>
 #include <sys/stat.h>
@@ -13,8 +12,6 @@
 
 namespace pryvane::test {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// The attacker's disk: /lib/place/finding is to be removed, while another thread exchanges names.
 /// Neither what is outside the volume nor what is in /other may lose anything.

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
-#include <functional>
 #include <vector>
 
 namespace pryvane::test {

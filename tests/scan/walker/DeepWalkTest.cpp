@@ -4,7 +4,6 @@
 
 namespace pryvane::test {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 TEST(DeepWalk, TellsWhatANaiveWalkTellsInTheSameOrderOnAnyNumberOfThreads)

@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <fcntl.h>
 #include <set>
 #include <sys/mount.h>
 #include <sys/stat.h>
