@@ -23,19 +23,13 @@ class FactsCommandTest : public CliFixture {
 protected:
     FactsCommandTest()
     {
-        permissions(kTcc, "('kTCCServiceListenEvent','/opt/.x/gone\x1b[31m',1,2,2)");
-        permissions("/Users/alice" + kTcc, "('kTCCServiceCamera','com.hers',0,0,2)");
-        permissions("/private/homes/carol" + kTcc, "('kTCCServiceCamera','com.carols',0,2,3)");
+        volume.file(kTcc, permissionsOf("('kTCCServiceListenEvent','/opt/.x/gone\x1b[31m',1,2,2)"));
+        volume.file("/Users/alice" + kTcc, permissionsOf("('kTCCServiceCamera','com.hers',0,0,2)"));
+        volume.file("/private/homes/carol" + kTcc,
+                    permissionsOf("('kTCCServiceCamera','com.carols',0,2,3)"));
         volume.file("/private/var/db/dslocal/nodes/Default/users/carol.plist",
-                    dict({{"name", list({"carol"})},
-                          {"uid", list({"502"})},
-                          {"home", list({"/private/homes/carol"})}})
-                        .xml());
+                    accountOf("carol", "/private/homes/carol"));
         volume.file("/Users/alice/Library/LaunchAgents/a.plist", jobOf("agent", "/tmp/.x/run"));
-    }
-    void permissions(const std::string& path, const std::string& rows) const
-    {
-        volume.file(path, permissionsOf("VALUES " + rows));
     }
     Outcome facts(std::vector<std::string> source, const std::string& kind = "permissions",
                   const std::string& format = "json")
@@ -108,7 +102,7 @@ TEST_F(FactsCommandTest, AnUnreadableSourceKeepsTheGivenKindsAsTheyAre)
 TEST_F(FactsCommandTest, AReportCarriesThemOnlyWhereTheyAreAskedFor)
 {
     const std::string marker = "recorder of keys";
-    permissions(kTcc, "('kTCCServiceListenEvent','/opt/" + marker + "',1,2,2)");
+    volume.file(kTcc, permissionsOf("('kTCCServiceListenEvent','/opt/" + marker + "',1,2,2)"));
     const TemporaryFolder other;
     const std::string pdf = other.hostPath("report.pdf");
     const bool readsPdf = std::system("command -v pdftotext >/dev/null") == 0;

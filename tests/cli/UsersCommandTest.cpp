@@ -1,4 +1,5 @@
 #include "cli/CliFixture.h"
+#include "inventory/facts/FactFixtures.h"
 
 #include <gmock/gmock.h>
 
@@ -17,15 +18,6 @@ constexpr std::string_view kAgent = "Library/LaunchAgents/com.refog.agent.plist"
 std::string agentOf(std::string_view home)
 {
     return std::string(home) + "/" + std::string(kAgent);
-}
-
-std::string account(const std::string& name, const std::string& home, int uid = 501)
-{
-    const auto attribute = [](const std::string& key, const std::string& value) {
-        return "<key>" + key + "</key><array><string>" + value + "</string></array>";
-    };
-    return "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>" + attribute("name", name) +
-           attribute("uid", std::to_string(uid)) + attribute("home", home) + "</dict></plist>";
 }
 
 std::string accountFile(const std::string& name)
@@ -102,14 +94,14 @@ TEST_F(UsersCommandTest, HomesElsewhereAreThoseThatAccountsName)
     volume.file(agentOf("Users/.quiet"));
     volume.file(agentOf("private/var/service"));
     volume.file(agentOf("private/var/linked"));
-    volume.file(accountFile("dave"), account("dave", "/var/people/dave"));
-    volume.file(accountFile("quiet"), account("quiet", "/Users/.quiet", 401));
-    volume.file(accountFile("alice"), account("alice", "/Users/alice"));
-    volume.file(accountFile("_service"), account("_service", "/var/service", 240));
-    volume.file(accountFile("root"), account("root", "/var/service", 0));
-    volume.file(accountFile("nowhere"), account("nowhere", "/var/nowhere"));
-    volume.file(accountFile("top"), account("top", "/"));
-    volume.file("private/elsewhere.plist", account("linked", "/var/linked"));
+    volume.file(accountFile("dave"), accountOf("dave", "/var/people/dave"));
+    volume.file(accountFile("quiet"), accountOf("quiet", "/Users/.quiet", 401));
+    volume.file(accountFile("alice"), accountOf("alice", "/Users/alice"));
+    volume.file(accountFile("_service"), accountOf("_service", "/var/service", 240));
+    volume.file(accountFile("root"), accountOf("root", "/var/service", 0));
+    volume.file(accountFile("nowhere"), accountOf("nowhere", "/var/nowhere"));
+    volume.file(accountFile("top"), accountOf("top", "/"));
+    volume.file("private/elsewhere.plist", accountOf("linked", "/var/linked"));
     volume.link(accountFile("linked"), "/private/elsewhere.plist");
     ASSERT_EQ(mkfifo(volume.hostPath(accountFile("fifo")).c_str(), 0644), 0);
     volume.file(accountFile("broken"), "<plist><dict><key>name");

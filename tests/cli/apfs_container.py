@@ -1,4 +1,7 @@
 """Small APFS volumes: reads the one tree node of a container that a Mac made, and writes it anew."""
+import lzma
+import os
+import pathlib
 import struct
 import unicodedata
 
@@ -7,12 +10,29 @@ INODE, DIRECTORY_RECORD = 3, 9
 FOLDER, FILE, LINK = 4, 8, 10  # what a directory record says its item is
 MODES = {FOLDER: 0o040755, FILE: 0o100644, LINK: 0o120755}
 ROOT = 2
+MAC = {  # a Mac's disk of the items that the container has
+    (ROOT, "Library"): (16, FOLDER),
+    (16, "LaunchAgents"): (21, FOLDER),
+    (21, "com.refog.agent.plist"): (22, FILE),
+    (16, "plain.txt"): (26, FILE),
+    (ROOT, "Users"): (17, FOLDER),
+    (17, "alice"): (19, FOLDER),
+    (19, "Aobo Keylogger Pro.pdf"): (18, FILE),
+    (19, "LIBRARY"): (23, FOLDER),  # another case than asked for
+    (23, "mdsa1331"): (25, FILE),
+}
 CRC32C = []
 for byte in range(256):
     value = byte
     for _ in range(8):
         value = value >> 1 ^ (0x82F63B78 if value & 1 else 0)
     CRC32C.append(value)
+
+
+def sample():
+    """The container, where PRYVANE_SAMPLES names a folder with it."""
+    file = pathlib.Path(os.environ.get("PRYVANE_SAMPLES", "")) / "apfs.raw.xz"
+    return lzma.decompress(file.read_bytes()) if file.is_file() else None
 
 
 def name_hash(name):

@@ -7,30 +7,16 @@ PRYVANE_SAMPLES names the folder with apfs.raw.xz; without it the test is skippe
 """
 import hashlib
 import json
-import lzma
 import os
-import pathlib
 
 import program
-from apfs_container import BLOCK, FILE, FOLDER, ROOT, tree_blocks, with_tree, with_volume
+from apfs_container import BLOCK, MAC, sample, tree_blocks, with_tree, with_volume
 from program import expect, scratch, skip
 
-sample = pathlib.Path(os.environ.get("PRYVANE_SAMPLES", "")) / "apfs.raw.xz"
-if not sample.is_file():
+container = sample()
+if not container:
     skip("PRYVANE_SAMPLES does not name a folder with apfs.raw.xz")
-container = lzma.decompress(sample.read_bytes())
 NOBODY = 65534
-MAC = {
-    (ROOT, "Library"): (16, FOLDER),
-    (16, "LaunchAgents"): (21, FOLDER),
-    (21, "com.refog.agent.plist"): (22, FILE),
-    (16, "plain.txt"): (26, FILE),
-    (ROOT, "Users"): (17, FOLDER),
-    (17, "alice"): (19, FOLDER),
-    (19, "Aobo Keylogger Pro.pdf"): (18, FILE),
-    (19, "LIBRARY"): (23, FOLDER),  # another case than asked for
-    (23, "mdsa1331"): (25, FILE),
-}
 
 
 def as_nobody():

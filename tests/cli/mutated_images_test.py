@@ -9,14 +9,12 @@ there is HFS+ alone.
 """
 import collections
 import concurrent.futures
-import lzma
 import os
-import pathlib
 import random
 import subprocess
 import time
 
-from apfs_container import BLOCK, FILE, FOLDER, ROOT, checksum, with_tree
+from apfs_container import BLOCK, MAC, checksum, sample, with_tree
 from program import expect, hfs_image, run, scratch
 
 wanted = int(os.environ.get("PRYVANE_TEST_MUTATIONS", "2000"))
@@ -27,17 +25,6 @@ FINDINGS = ["Users/alice/Library/mdsa1331", "Library/LaunchAgents/com.refog.agen
 def hfs(folder):
     others = (f"Users/alice/Documents/Folder {i}/{j}.txt" for i in range(8) for j in range(8))
     return hfs_image(folder / "hfs.img", [*FINDINGS, *others], "x" * 5000).read_bytes()
-
-
-def apfs():
-    sample = pathlib.Path(os.environ.get("PRYVANE_SAMPLES", "")) / "apfs.raw.xz"
-    if not sample.is_file():
-        return None
-    return with_tree(lzma.decompress(sample.read_bytes()),
-                     {(ROOT, "Library"): (16, FOLDER), (16, "LaunchAgents"): (21, FOLDER),
-                      (21, "com.refog.agent.plist"): (22, FILE), (ROOT, "Users"): (17, FOLDER),
-                      (17, "alice"): (19, FOLDER), (19, "Library"): (23, FOLDER), (23, "mdsa1331"): (25, FILE),
-                      (19, "Aobo Keylogger Pro.pdf"): (18, FILE), (16, "plain.txt"): (26, FILE)})
 
 
 def mutated(image, dice, used):
@@ -84,10 +71,10 @@ def scanned(folder, name, image, used, number):
 
 
 def main(folder):
-    for name, image in (("hfs", hfs(folder)), ("apfs", apfs())):
-        if image is None:
-            print(f"{name}: no sample, left out")
-            continue
+    container = sample()
+    if not container:
+        print("apfs: no sample, left out")
+    for name, image in [("hfs", hfs(folder))] + ([("apfs", with_tree(container, MAC))] if container else []):
         used = [i for i in range(len(image) // BLOCK) if any(image[i * BLOCK:(i + 1) * BLOCK])]
         with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
             outcomes = list(pool.map(lambda number: scanned(folder, name, image, used, number), range(wanted)))

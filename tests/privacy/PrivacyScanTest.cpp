@@ -68,14 +68,6 @@ protected:
         return paths;
     }
 
-    static std::vector<std::string> paths(const CleaningOutcome& outcome)
-    {
-        std::vector<std::string> list;
-        for (const LeftOver& left : outcome.stayed)
-            list.push_back(left.url.absolutePath());
-        return list;
-    }
-
     static ToolItem* find(std::vector<ToolGroup>& groups, const Expected& row)
     {
         for (ToolGroup& group : groups) {
@@ -334,7 +326,8 @@ TEST_F(PrivacyScanTest, APreviewNamesBrowsersCountsOnceAndCanBeUnticked)
     EXPECT_TRUE(volume.contains(caches + "/other/some"));
     EXPECT_TRUE(volume.contains(library + "/Safari/History.db"));
     const std::string isRunning = "Google Chrome is running; close it and try again";
-    EXPECT_THAT(paths(outcome), testing::Contains(kChromeFolder + "/Default/Cookies"));
+    const auto cookies = FileURL::fileURLWithPath(kChromeFolder + "/Default/Cookies");
+    EXPECT_THAT(outcome.stayed, testing::Contains(testing::Field(&LeftOver::url, cookies)));
     for (const LeftOver& left : outcome.stayed)
         EXPECT_EQ(left.reason, isRunning) << left.url.relativePath();
     EXPECT_THAT(cleanedText(outcome),

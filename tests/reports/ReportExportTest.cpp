@@ -102,14 +102,6 @@ TEST(ReportJson, HasTheAgreedShape)
                                                                 .dump());
 }
 
-TEST(ReportExports, TellHowManyAreListedNotOnlyTheStoredCount)
-{
-    const auto report = reportOf(std::vector<std::string>(300, "/tmp/x"));
-    report->spyWareCount = 300 & 0xff; // as the store keeps it
-    EXPECT_EQ(Json::parse(as(writeAsJson, *report))["report"]["findings"], 300);
-    EXPECT_NE(as(writeAsHtml, *report).find("<dd>44 (300 listed)</dd>"), std::string::npos);
-}
-
 TEST(ReportExports, LetNothingHarmfulThroughAndKeepEveryByte)
 {
     std::vector<std::string> paths, texts{"<b>=1\n\x1b[2J", "=\xff\n", "\xe2\x80\xae"};

@@ -1,6 +1,7 @@
 #include "signatures/Explain.h"
 
 #include "SignatureScan.h"
+#include "core/Texts.h"
 #include "findings/Spyware.h"
 #include "signatures/Catalogue.h"
 #include "signatures/FlaggedBy.h"
@@ -20,14 +21,6 @@ namespace {
 Explanation explained(std::string_view path)
 {
     return explain({std::string(path), std::string(kUser), {}});
-}
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return result;
 }
 
 /// The matches as "method: signature (evidence)".
@@ -81,7 +74,7 @@ TEST_P(ExplainAndScan, AgreeOnEveryPlantedPath)
     // A Mac's disk finds things under the catalogue's spelling, not under that on the disk.
     const auto place = [&](const std::string& path) {
         const auto location = FileURL::fileURLWithPath(path).absolutePath();
-        return asOnMac ? lowered(location) : location;
+        return asOnMac ? lowerAscii(location) : location;
     };
     std::map<std::string, std::set<std::string>> found;
     for (const auto& [location, family] : scan.sink.findings()) {
@@ -182,8 +175,8 @@ TEST(Explain, TellsWhatKeepsAPathOffTheList)
         EXPECT_EQ(explained(std::string("/Applications/") + name).applicationRule, rule) << name;
 
     // A deep scan compares letters as they are, also on a disk that folds them.
-    EXPECT_TRUE(
-        explain({"/users/alice/x/sabpab.txt", std::string(kUser), lowered}).matches.empty());
+    const auto folded = [](std::string_view text) { return lowerAscii(text); };
+    EXPECT_TRUE(explain({"/users/alice/x/sabpab.txt", std::string(kUser), folded}).matches.empty());
     EXPECT_TRUE(explained("/usr/local/machook").matches.front().onlyAsFolder);
     EXPECT_TRUE(explained("/opt/Sabpab").matches.front().onlyOnWholeDisk);
     EXPECT_FALSE(explained("/Users/alice/Sabpab").matches.front().onlyOnWholeDisk);

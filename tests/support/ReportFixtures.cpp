@@ -1,8 +1,7 @@
 #include "support/ReportFixtures.h"
 
 #include "core/Escape.h"
-
-#include <sstream>
+#include "reports/ReportExport.h"
 
 namespace pryvane::test {
 
@@ -118,46 +117,20 @@ bool isHarmless(std::string_view text, std::string_view allowedControls)
     return true;
 }
 
-static std::string momentText(DiskMoment moment)
-{
-    return moment ? std::to_string((*moment).time_since_epoch().count()) + '|' : "-|";
-}
-
 std::string storedFields(const SpywareScanReport& report)
 {
-    std::ostringstream out;
-    out << (report.spyWareCount & 0xff) << '|' << report.isRed << '|' << report.reportType << '|'
-        << report.scanDate.time_since_epoch().count() << '|' << report.scanDuration << '|'
-        << report.reportId << '|' << report.volume << '\n';
-    for (const auto& record : *report.spyWareList)
-        out << record->name() << '|' << record->infections << '|' << record->size << '|'
-            << record->url.relativePath() << '|' << record->risk << '|' << int(record->kind) << '|'
-            << momentText(record->times.birth) << momentText(record->times.modified)
-            << momentText(record->times.changed) << record->sha256 << record->spelling() << '\n';
-    const ScanCoverage& coverage = report.coverage;
-    out << coverage.signaturesTested << '|' << coverage.foldersListed << '|'
-        << coverage.entriesSearched << '|' << coverage.entriesWalked << '|' << coverage.missingHome
-        << '|' << coverage.seconds << '|' << int(coverage.ended.how) << coverage.ended.percent
-        << '\n';
-    out << int(report.subject.source.kind) << report.subject.source.name << '|'
-        << report.subject.computerName << '|' << report.subject.systemVersion << '\n';
-    for (const auto& [name, text] : labelLines(report.labels))
-        out << name << ' ' << text << '\n';
-    out << coverage.contentsRead << '|' << coverage.contentsNotRead << '\n';
-    for (const auto& refusal : coverage.refused)
-        out << "refused " << refusal.path << '|' << refusal.reason << '\n';
-    const SourceFacts& source = coverage.source;
-    out << source.source << '|' << source.name << '|' << source.format << '|' << source.entries
-        << '|' << source.skipped << '|' << source.remark << '|' << source.sha256 << '\n';
-    for (const auto* list : {&report.subject.users, &coverage.homesLeftOut, &coverage.otherDisks,
-                             &coverage.heldBack, &coverage.homes, &source.firstSkipped}) {
-        for (const std::string& text : *list)
-            out << text << '|';
-        out << '\n';
+    SpywareScanReport kept = report;
+    kept.spyWareCount &= 0xff;
+    kept.spyWareList = std::make_shared<SpywareList>();
+    std::string text;
+    for (const auto& record : *report.spyWareList) {
+        const auto& same = kept.spyWareList->emplace_back(std::make_shared<Spyware>(*record));
+        same->setPresence(Presence::Unknown); // which is asked of the disk
+        same->isChecked = same->isDeleted = same->isNoAction = false;
+        text.append(record->spelling()).append("\n");
     }
-    for (const auto& name : coverage.deleted)
-        out << "deleted " << name.path << '|' << name.infections << '\n';
-    return out.str();
+    writeAsJson(kept, [&](std::string_view bytes) { text += bytes; });
+    return text;
 }
 
 } // namespace pryvane::test

@@ -69,11 +69,6 @@ void FakeNotifications::press(uint id)
     }
 }
 
-FakeFileManager::FakeFileManager()
-{
-    offer(m_own.bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", this);
-}
-
 FakeItemWatcher::FakeItemWatcher(std::atomic<int>& registered) : m_registered(registered)
 {
     offer(m_own.bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", this);

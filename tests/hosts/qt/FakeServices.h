@@ -49,29 +49,6 @@ private:
     QStringList m_capabilities;
 };
 
-/// A file viewer that records what it is to show.
-class FakeFileManager final : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-
-public:
-    FakeFileManager();
-    QStringList shown; ///< "items|folders ADDRESS"
-
-public Q_SLOTS:
-    void ShowItems(const QStringList& addresses, const QString&)
-    {
-        shown << QLatin1String("items ") + addresses[0];
-    }
-    void ShowFolders(const QStringList& addresses, const QString&)
-    {
-        shown << QLatin1String("folders ") + addresses[0];
-    }
-
-private:
-    OwnConnection m_own;
-};
-
 /// The service that knows the hosts of status items.
 class FakeItemWatcher final : public QObject {
     Q_OBJECT

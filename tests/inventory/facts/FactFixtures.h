@@ -34,7 +34,7 @@ namespace pryvane::test {
 [[nodiscard]] inline std::string permissionsOf(const std::string& rows)
 {
     return databaseOf("CREATE TABLE access (service,client,client_type,auth_value,auth_reason); "
-                      "INSERT INTO access " +
+                      "INSERT INTO access VALUES " +
                       rows);
 }
 
@@ -108,6 +108,16 @@ private:
     if (disabled)
         entries.emplace_back("Disabled", true);
     return dict(entries).xml();
+}
+
+/// What a Mac keeps of an account.
+[[nodiscard]] inline std::string accountOf(const std::string& name, const std::string& home,
+                                           int uid = 501)
+{
+    return dict({{"name", list({name})},
+                 {"uid", list({std::to_string(uid)})},
+                 {"home", list({home})}})
+        .xml();
 }
 
 /// A keyed archive, object by object. Each add() gives the reference to the object.

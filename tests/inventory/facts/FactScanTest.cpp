@@ -28,10 +28,6 @@ protected:
     {
         volume.file(path, jobOf(label, program, disabled));
     }
-    void permissions(const std::string& path, const std::string& rows) const
-    {
-        volume.file(path, permissionsOf("VALUES " + rows));
-    }
     Facts gather(const FactKinds& kinds = FactKinds::all())
     {
         disk = volumeAt(volume, NameMatching::AsOnMac);
@@ -90,14 +86,17 @@ TEST_F(FactScan, WhoMayWatchIsToldForEveryAccount)
     volume.file("Applications/Chat.app/Contents/Info.plist",
                 dict({{"CFBundleIdentifier", "com.chat"}, {"CFBundleName", "Chat"}}).xml());
     volume.file("Users/bob/k");
-    permissions(kTcc, "('kTCCServiceScreenCapture','/Library/Application Support/.rec/recorder',"
-                      "1,2,4),('kTCCServiceCamera','com.chat',0,0,2)");
-    permissions("Users/alice/" + kTcc,
-                "('kTCCServiceListenEvent','/private/tmp/x',1,2,2),('a','com.gone',0,2,2)");
-    permissions("Users/bob/" + kTcc, "('a','/Users/bob/k',1,2,2),('a','/Users/Shared/k',1,2,2),"
-                                     "('a','/usr/libexec/sshd',1,2,2),('a','/opt/x',1,2,2)");
-    permissions("private/var/containers/Data/ProtectedSystem/0A-1B/Data/" + kTcc,
-                "('b','/opt/y',1,2,2)");
+    volume.file(kTcc,
+                permissionsOf("('kTCCServiceScreenCapture','/Library/Application Support/"
+                              ".rec/recorder',1,2,4),('kTCCServiceCamera','com.chat',0,0,2)"));
+    volume.file("Users/alice/" + kTcc,
+                permissionsOf("('kTCCServiceListenEvent','/private/tmp/x',1,2,2),"
+                              "('a','com.gone',0,2,2)"));
+    volume.file("Users/bob/" + kTcc,
+                permissionsOf("('a','/Users/bob/k',1,2,2),('a','/Users/Shared/k',1,2,2),"
+                              "('a','/usr/libexec/sshd',1,2,2),('a','/opt/x',1,2,2)"));
+    volume.file("private/var/containers/Data/ProtectedSystem/0A-1B/Data/" + kTcc,
+                permissionsOf("('b','/opt/y',1,2,2)"));
     const Facts facts = gather({.permissions = true});
     EXPECT_THAT(watchersOf(facts),
                 ElementsAre("|kTCCServiceScreenCapture|recorder|there, hidden",
@@ -115,9 +114,8 @@ TEST_F(FactScan, WhoMayWatchIsToldForEveryAccount)
 
 TEST_F(FactScan, WhatStartsKnowsWhetherItIsSwitchedOff)
 {
-    const std::string accounts = "private/var/db/dslocal/nodes/Default/users/";
-    volume.file(accounts + "alice.plist",
-                dict({{"name", list({"alice"})}, {"uid", list({"501"})}}).xml());
+    volume.file("private/var/db/dslocal/nodes/Default/users/alice.plist",
+                accountOf("alice", "/Users/alice"));
     const std::string switched = "private/var/db/com.apple.xpc.launchd/";
     volume.file(switched + "disabled.plist",
                 dict({{"d.off", true}, {"d.on", false}, {"com.openssh.sshd", false}}).xml());
@@ -160,7 +158,7 @@ TEST_F(FactScan, WhatCannotBeReadIsNamedAndTheRestIsRead)
     volume.file("Library/LaunchDaemons/broken.plist", "<plist><dict>");
     job("Library/LaunchDaemons/good.plist", "good", "/x");
     volume.link("Library/LaunchDaemons/loop.plist", "loop.plist");
-    permissions(kTcc, "('a','b',0,2,2)");
+    volume.file(kTcc, permissionsOf("('a','b',0,2,2)"));
     volume.file(kTcc + "-wal", std::string(5000, 'w'));
     volume.file("Users/alice/" + kTcc, "no database");
     const std::string items = "private/var/db/com.apple.backgroundtaskmanagement/BackgroundItems-";

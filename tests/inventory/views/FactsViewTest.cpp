@@ -34,10 +34,6 @@ class FactsViewTest : public testing::Test {
 protected:
     FactsViewTest() { volume.folder("/Users/alice/Library"); }
 
-    void permissions(const std::string& path, const std::string& rows) const
-    {
-        volume.file(path, permissionsOf(rows));
-    }
     /// Shows the page and waits until all of it is read.
     void show()
     {
@@ -118,9 +114,9 @@ TEST_F(FactsViewTest, EmptyNotUnderstoodAndUnreadableAreSaidApart)
 
 TEST_F(FactsViewTest, RowsAreFilteredCopiedAndRevealed)
 {
-    permissions(kTcc, "VALUES ('kTCCServiceListenEvent','/opt/.rec/rec\x1b[31m',1,2,2),"
-                      "('kTCCServiceCamera','/opt/gone',1,2,2)");
-    permissions("/Users/alice" + kTcc, "VALUES ('kTCCServicePhotos','/opt/hers',1,2,2)");
+    volume.file(kTcc, permissionsOf("('kTCCServiceListenEvent','/opt/.rec/rec\x1b[31m',1,2,2),"
+                                    "('kTCCServiceCamera','/opt/gone',1,2,2)"));
+    volume.file("/Users/alice" + kTcc, permissionsOf("('kTCCServicePhotos','/opt/hers',1,2,2)"));
     volume.file("/opt/.rec/rec\x1b[31m");
     show();
     auto* const list = table("permissions");
@@ -143,8 +139,8 @@ TEST_F(FactsViewTest, RowsAreFilteredCopiedAndRevealed)
 /// Each form is offered, and what is written is the whole list, not what the filter leaves.
 TEST_F(FactsViewTest, ExportsThroughTheDialog)
 {
-    permissions(kTcc, "VALUES ('kTCCServiceCamera','/opt/one',1,2,2),"
-                      "('kTCCServiceCamera','/opt/two',1,0,2)");
+    volume.file(kTcc, permissionsOf("('kTCCServiceCamera','/opt/one',1,2,2),"
+                                    "('kTCCServiceCamera','/opt/two',1,0,2)"));
     show();
     find<QLineEdit>("factsFilter")->setText("one");
     const TemporaryFolder folder;

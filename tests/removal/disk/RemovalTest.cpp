@@ -343,7 +343,7 @@ TEST(Removal, IsJournalledInBatchesAndNothingGoesUnwritten)
     }
 }
 
-TEST(Removal, StopsBetweenTwoEntries)
+TEST(Removal, StopsBetweenTwoFilesOfOneFolder)
 {
     namespace fs = std::filesystem;
     const RemovalDisk disk;
@@ -372,7 +372,7 @@ TEST(Removal, StopsBetweenTwoEntries)
         EXPECT_EQ(told[i].obstacle, RemovalObstacle::Stopped) << i;
     EXPECT_EQ(told[2].entriesRemoved, 0u);
     const auto left = std::distance(fs::directory_iterator(host), fs::directory_iterator());
-    EXPECT_GT(left, 0);
+    EXPECT_GT(left, files / 4) << "more than its folders, whose turn comes last";
     EXPECT_EQ(static_cast<std::uint64_t>(left) + told[1].entriesRemoved, std::uint64_t{files});
     remover.plan(items, stop, [](std::size_t, const RemovalForecast&) { FAIL() << "planned"; });
 }

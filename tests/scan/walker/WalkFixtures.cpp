@@ -3,10 +3,8 @@
 #include "signatures/Catalogue.h"
 
 #include <algorithm>
-#include <dirent.h>
 #include <fcntl.h>
 #include <stdexcept>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace pryvane::test {
@@ -82,18 +80,13 @@ struct Listed {
 std::vector<Listed> listed(const std::string& hostFolder)
 {
     std::vector<Listed> entries;
-    DIR* const stream = opendir(hostFolder.c_str());
-    if (!stream)
-        throw std::runtime_error("cannot list " + hostFolder);
-    while (const dirent* entry = readdir(stream)) {
-        const std::string name = entry->d_name;
-        struct stat data {};
-        if (name == "." || name == ".." || lstat((hostFolder + "/" + name).c_str(), &data) != 0)
-            continue;
-        if (S_ISDIR(data.st_mode) || (S_ISREG(data.st_mode) && name[0] != '.'))
-            entries.push_back({name, S_ISDIR(data.st_mode)});
+    for (const auto& entry : std::filesystem::directory_iterator(hostFolder)) {
+        const std::string name = entry.path().filename();
+        const bool isFolder = !entry.is_symlink() && entry.is_directory();
+        if (isFolder || (entry.symlink_status().type() == std::filesystem::file_type::regular &&
+                         name[0] != '.'))
+            entries.push_back({name, isFolder});
     }
-    closedir(stream);
     return entries;
 }
 

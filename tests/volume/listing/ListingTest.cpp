@@ -100,9 +100,11 @@ TEST_F(ListingTest, ReadsEachFormatAsItsToolsWriteIt)
          "     1236      0 lrwxrwxrwx   1 al       staff           3 Jan  1  2020 ./Users/l\\ k -> "
          "a\\ b\n"
          "     1237      0 crw-rw-rw-   1 root     root       1,   3 Jan  1  2020 ./Users/null\n"
+         "     1238      4 -rw-r--r--   1 al       staff 9 Jan  1  2020 ./Users/#\\ ->\\ \\377|\n"
          "find: './Users/x': Permission denied\n",
          "find -ls",
-         {"d /Users", "f /Users/a b\\\n\xc3\xa9 700", "l /Users/l k -> a b", "o /Users/null"},
+         {"d /Users", "f /Users/a b\\\n\xc3\xa9 700", "l /Users/l k -> a b", "o /Users/null",
+          "f /Users/# -> \xff| 9"},
          1},
         {"bodyfile of fls",
          "0|/Users|20|d/drwxr-xr-x|0|0|0|1|2|3|4\n"
@@ -133,19 +135,20 @@ TEST_F(ListingTest, ReadsEachFormatAsItsToolsWriteIt)
           "f /tmp 3"},
          1},
         {"mtree with whole paths",
-         "#mtree\n./Users type=dir\n./Users/x type=file size=4 time=9.000\n",
+         "#mtree\n./Users type=dir\n./Users/x type=file size=4 time=9.000\n"
+         "./Users/\\043\\040->\\040\\377\\134 type=file size=1\n",
          "mtree",
-         {"d /Users", "f /Users/x 4 @9"}},
+         {"d /Users", "f /Users/x 4 @9", "f /Users/# -> \xff\\ 1"}},
         {"JSON Lines",
          "{\"path\":\"/Users\",\"type\":\"directory\",\"x\":{\"path\":[\"no\",{\"}\":1}]}}\n"
          " { \"columns\" : { \"path\":\"/Users/\\u00e9\\ud83d\\ude00\\n\\\"\", \"size\":\"12\","
          "\"mtime\":\"34\",\"type\":\"regular\" } , \"name\":\"x\" }\n"
          "{\"path\":\"/Users/l\",\"type\":\"symlink\",\"target\":\"/x\"}\n"
          "{\"path\":\"/Users/\\ud83d\"}\n{\"size\":1}\n{\"path\":\"/Users/cut\n{\"path\":7}\n"
-         "{\"path\":\"/Users/q\",\"size\":null,\"type\":\"-rw-r--r--\"}",
+         "{\"path\":\"/Users/q\\\\ -> \xff\",\"size\":null,\"type\":\"-rw-r--r--\"}",
          "JSON Lines",
          {"d /Users", "f /Users/\xc3\xa9\xf0\x9f\x98\x80\n\" 12 @34", "l /Users/l -> /x",
-          "f /Users/q"},
+          "f /Users/q\\ -> \xff"},
          4},
     };
     for (const Case& row : cases) {
