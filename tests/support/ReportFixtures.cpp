@@ -3,6 +3,8 @@
 #include "core/Escape.h"
 #include "reports/ReportExport.h"
 
+#include <sstream>
+
 namespace pryvane::test {
 
 Presence CountingDisk::presence(const FileURL& url)
@@ -119,18 +121,18 @@ bool isHarmless(std::string_view text, std::string_view allowedControls)
 
 std::string storedFields(const SpywareScanReport& report)
 {
-    SpywareScanReport kept = report;
-    kept.spyWareCount &= 0xff;
-    kept.spyWareList = std::make_shared<SpywareList>();
-    std::string text;
-    for (const auto& record : *report.spyWareList) {
-        const auto& same = kept.spyWareList->emplace_back(std::make_shared<Spyware>(*record));
-        same->setPresence(Presence::Unknown); // which is asked of the disk
-        same->isChecked = same->isDeleted = same->isNoAction = false;
-        text.append(record->spelling()).append("\n");
-    }
-    writeAsJson(kept, [&](std::string_view bytes) { text += bytes; });
-    return text;
+    const auto moment = [](DiskMoment of) { return of ? iso8601(*of) : "-"; };
+    std::ostringstream out;
+    for (const auto& record : *report.spyWareList)
+        out << record->name() << '|' << record->infections << '|' << record->size << '|'
+            << record->url.relativePath() << '|' << record->risk << '|' << kindWord(record->kind)
+            << moment(record->times.birth) << moment(record->times.modified)
+            << moment(record->times.changed) << record->sha256 << record->spelling() << '\n';
+    SpywareScanReport rest = report;
+    rest.spyWareList = std::make_shared<SpywareList>();
+    rest.spyWareCount &= 0xff;
+    writeAsJson(rest, [&](std::string_view bytes) { out << bytes; });
+    return out.str();
 }
 
 } // namespace pryvane::test

@@ -53,7 +53,7 @@ void fillTexts(SpywareScanReport& report, const std::vector<std::string>& texts)
 /// Whether no byte or character is left that a terminal would obey, or that turns text around.
 [[nodiscard]] bool isHarmless(std::string_view text, std::string_view allowedControls = "");
 
-/// Everything that the store keeps of a report, which but for spellings the JSON export tells.
+/// Everything that the store keeps of a report, as one comparable text.
 [[nodiscard]] std::string storedFields(const SpywareScanReport& report);
 
 } // namespace pryvane::test
