@@ -18,7 +18,7 @@ import subprocess
 import sys
 import tempfile
 
-OWN_MODULES = ("libpryvane-pdf.so", "libpryvane-print.so", "libpryvane-preview.so")
+OWN_MODULES = ("libpryvane-network.so", "libpryvane-pdf.so", "libpryvane-print.so", "libpryvane-preview.so")
 failures = []
 
 

@@ -4,7 +4,7 @@
 #include "core/Result.h"
 #include "hosts/posix/SystemClock.h"
 #include "hosts/qt/DesktopHost.h"
-#include "hosts/qt/NetworkSettingsFile.h"
+#include "hosts/qt/LoadedSettingsFile.h"
 #include "hosts/qt/QtMainLoop.h"
 #include "hosts/qt/widgets/DesktopWebBrowser.h"
 #include "hosts/qt/widgets/WidgetAlerts.h"
@@ -54,7 +54,7 @@ public:
     QtTimers timers{clock};
     WidgetAlerts alerts;
     DesktopWebBrowser webBrowser;
-    NetworkSettingsFile settingsFile{NetworkSettingsFile::builtInAddress()};
+    LoadedSettingsFile settingsFile;
 
 private:
     Desktop(Host& own, const std::string& dataFolder);

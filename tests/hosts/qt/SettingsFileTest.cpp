@@ -1,5 +1,5 @@
 #include "hosts/qt/EventLoop.h"
-#include "hosts/qt/NetworkSettingsFile.h"
+#include "hosts/qt/network/NetworkSettingsFile.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>

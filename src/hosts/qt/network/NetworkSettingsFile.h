@@ -19,13 +19,10 @@ public:
 
     void fetch(Reply reply) override;
 
-    /// The address that this build asks.
-    [[nodiscard]] static std::string_view builtInAddress();
-
 private:
     QUrl m_address;
     std::chrono::milliseconds m_timeLimit;
-    QObject m_whileThere; ///< what is told later is told while this lives
+    QObject m_whileThere; ///< a refusal is told while this lives
     /// Made for the first request. Its end ends the requests, before anything of them is told.
     std::unique_ptr<QNetworkAccessManager> m_network;
 };

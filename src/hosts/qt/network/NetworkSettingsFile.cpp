@@ -1,4 +1,4 @@
-#include "hosts/qt/NetworkSettingsFile.h"
+#include "hosts/qt/network/NetworkSettingsFile.h"
 
 #include "core/Escape.h"
 #include "hosts/qt/Text.h"
@@ -10,8 +10,6 @@
 namespace pryvane {
 
 namespace {
-
-constexpr std::chrono::milliseconds kDelay{250};
 
 /// One request on its way; a child of its reply.
 class Fetch final : public QObject {
@@ -100,11 +98,6 @@ NetworkSettingsFile::NetworkSettingsFile(std::string_view address,
 {
 }
 
-std::string_view NetworkSettingsFile::builtInAddress()
-{
-    return PRYVANE_SETTINGS_URL;
-}
-
 void NetworkSettingsFile::fetch(Reply reply)
 {
     const bool isWeb =
@@ -118,12 +111,9 @@ void NetworkSettingsFile::fetch(Reply reply)
             Qt::QueuedConnection);
         return;
     }
-    // Qt makes ready for TLS in the first request, which no window should wait for.
-    QTimer::singleShot(kDelay, &m_whileThere, [this, reply = std::move(reply)]() mutable {
-        if (!m_network)
-            m_network = std::make_unique<QNetworkAccessManager>();
-        new Fetch(m_network->get(requestFor(m_address)), m_timeLimit, std::move(reply));
-    });
+    if (!m_network)
+        m_network = std::make_unique<QNetworkAccessManager>();
+    new Fetch(m_network->get(requestFor(m_address)), m_timeLimit, std::move(reply));
 }
 
 } // namespace pryvane
