@@ -74,18 +74,6 @@ protected:
 /// A report browser over a store in memory.
 class BrowserFixture : public ReportsFixture {
 protected:
-    BrowserFixture()
-    {
-        for (const auto name : {NotificationName::MainTableChangedManually,
-                                NotificationName::MainTableSelectionChange})
-            observations.push_back(notifications.observe(name, [this](const Notification& note) {
-                if (const auto* row = std::get_if<std::int64_t>(&note.object))
-                    host.asked.push_back("row " + std::to_string(*row));
-                if (const auto* change = std::get_if<SelectionChange>(&note.object))
-                    host.asked.push_back(*change == SelectionChange{1, true, true} ? "scan" : "?");
-            }));
-    }
-
     /// Runs the main queue until nothing is under way.
     void settle()
     {
@@ -105,7 +93,6 @@ protected:
     }
     const SpywareList& threats() { return *browser.report()->spyWareList; }
 
-    std::vector<NotificationCenter::Observation> observations;
     ReportViewController browser{services(), {host, host, printing, remover, "alice"}};
 };
 

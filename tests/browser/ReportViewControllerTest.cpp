@@ -223,8 +223,18 @@ TEST_F(ReportViewControllerTest, PrintsRevealsAndStartsScans)
     browser.report()->volume = "another";
     browser.showThreatInFileDelegate(0);
     EXPECT_THAT(browser.notice(), HasSubstr("another volume"));
+    std::int64_t row = 0;
+    SelectionChange change{};
+    const auto chosen =
+        notifications.observe(NotificationName::MainTableChangedManually,
+                              [&](const auto& note) { row = std::get<std::int64_t>(note.object); });
+    const auto changed =
+        notifications.observe(NotificationName::MainTableSelectionChange, [&](const auto& note) {
+            change = std::get<SelectionChange>(note.object);
+        });
     browser.scanningStartAction();
-    EXPECT_THAT(host.asked, ElementsAre("reveal /tmp/a", "access", "row 1", "scan"));
+    EXPECT_THAT(host.asked, ElementsAre("reveal /tmp/a", "access"));
+    EXPECT_TRUE(row == 1 && change == (SelectionChange{1, true, true}));
 }
 
 } // namespace

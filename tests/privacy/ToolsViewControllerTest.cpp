@@ -25,11 +25,14 @@ protected:
 
     void makeController()
     {
-        controller = std::make_unique<ToolsViewController>(
-            ToolsViewController::Services{services(), remover(), queue, alerts, workspace},
-            "alice");
-        controller->resetAndAddavailbleApplications();
+        startController(alerts);
         ASSERT_TRUE(reaches(State::Idle));
+    }
+    void startController(Alerts& asked)
+    {
+        controller = std::make_unique<ToolsViewController>(
+            ToolsViewController::Services{services(), remover(), queue, asked, workspace}, "alice");
+        controller->resetAndAddavailbleApplications();
     }
     bool reaches(State state)
     {
@@ -195,10 +198,7 @@ TEST_F(ToolsViewControllerTest, MayBeScannedAnewAndDestroyedAtAnyMoment)
     for (int i = 0; i < 300; ++i)
         volume.file(kHome + "/Library/Caches/" + std::to_string(i) + "/file");
     for (int round = 0; round < 20; ++round) {
-        controller = std::make_unique<ToolsViewController>(
-            ToolsViewController::Services{services(), remover(), queue, alerts, workspace},
-            "alice");
-        controller->resetAndAddavailbleApplications();
+        startController(alerts);
         controller->resetAndAddavailbleApplications();
         if (round % 2) {
             ASSERT_TRUE(reaches(State::Idle));
@@ -228,9 +228,7 @@ TEST_F(ToolsViewControllerTest, MayGoWhileItsMessageIsShown)
         }
     } last;
     last.shown = [this] { controller.reset(); };
-    controller = std::make_unique<ToolsViewController>(
-        ToolsViewController::Services{services(), remover(), queue, last, workspace}, "alice");
-    controller->resetAndAddavailbleApplications();
+    startController(last);
     ASSERT_TRUE(reaches(State::Idle));
     tick();
     preview();

@@ -19,12 +19,7 @@ namespace pryvane::test {
 namespace {
 
 using namespace std::string_literals;
-
-mode_t modeOf(const std::string& path)
-{
-    struct stat data {};
-    return stat(path.c_str(), &data) == 0 ? data.st_mode & 07777 : 0;
-}
+namespace fs = std::filesystem;
 
 class SqliteUserDefaultsTest : public testing::Test {
 protected:
@@ -78,9 +73,8 @@ TEST_F(SqliteUserDefaultsTest, IsOneFileForTheUserAlone)
     ASSERT_TRUE(defaults->set(preferences::kScan, true).ok());
     umask(022);
     EXPECT_EQ(namesIn(data()), std::vector<std::string>{std::string(kStoreFile)});
-    EXPECT_EQ(modeOf(data()), 0700U);
-    EXPECT_EQ(modeOf(folder.hostPath("share")), 0700U);
-    EXPECT_EQ(modeOf(file()), 0600U);
+    for (const std::string& path : {data(), folder.hostPath("share"), file()})
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms(path == file() ? 0600 : 0700)) << path;
 }
 
 TEST_F(SqliteUserDefaultsTest, FallsBackWhereTheTypeIsAnother)
@@ -203,7 +197,7 @@ TEST_F(SqliteUserDefaultsTest, UndoesASaveThatWasCutOff)
                   SQLITE_OK);
         folder.folder("cut");
         for (const char* name : {"Pryvane.sqlite", "Pryvane.sqlite-journal"})
-            std::filesystem::copy(data() + "/" + name, folder.hostPath("cut") + "/" + name);
+            fs::copy(data() + "/" + name, folder.hostPath("cut") + "/" + name);
     }
     const std::string cut = folder.hostPath("cut");
     const std::string before = contentOf(cut + "/Pryvane.sqlite");
@@ -285,7 +279,7 @@ TEST_F(SqliteUserDefaultsTest, NeverSavesIntoAFileThatWasMovedAway)
 {
     const auto defaults = open();
     ASSERT_TRUE(defaults->set(preferences::kScan, true).ok());
-    std::filesystem::rename(file(), folder.hostPath("moved"));
+    fs::rename(file(), folder.hostPath("moved"));
     const auto saved = defaults->set(preferences::kScan, false);
     ASSERT_FALSE(saved.ok());
     EXPECT_NE(saved.error().message.find("moved while the program ran"), std::string::npos)
@@ -334,7 +328,7 @@ TEST_F(SqliteUserDefaultsTest, BringsTheFileOfAnEarlierVersionUpToDate)
          {std::tuple(kWithoutReports, "", "id1 1.0=piece "),
           std::tuple(kKeyedByTwo, "newer7 older3 3.0=a 7.0=b 7.1=c ",
                      "id8 newer7 older3 3.0=a 7.0=b 7.1=c 8.0=piece ")}) {
-        std::filesystem::remove_all(data());
+        fs::remove_all(data());
         folder.folder("share/Pryvane");
         int code = SQLITE_OK;
         ASSERT_EQ(

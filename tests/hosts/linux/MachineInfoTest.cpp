@@ -11,35 +11,33 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(LinuxMachineInfo, FallsBackWhereTheMachineTellsNothing)
+TEST(LinuxMachineInfo, ReadsFirmwareOrTheDeviceTreeOrFallsBack)
 {
     const test::TemporaryFolder root;
     LinuxMachineInfo machine(root.path());
     std::array<char, 256> host{};
     ASSERT_EQ(gethostname(host.data(), host.size() - 1), 0);
     EXPECT_EQ(machine.computerName(), std::string(host.data()));
-    EXPECT_EQ(machine.machineModel(), "Just an Apple Computer");
-    EXPECT_EQ(machine.serialNumber(), std::nullopt);
-
-    // Firmware that was never filled in, and a machine identity that is nobody's business.
-    root.file("sys/class/dmi/id/product_name", " \n");
-    root.file("etc/machine-id", "0123456789abcdef0123456789abcdef\n");
-    EXPECT_EQ(machine.machineModel(), "Just an Apple Computer");
-    EXPECT_EQ(machine.serialNumber(), std::nullopt);
-}
-
-TEST(LinuxMachineInfo, ReadsFirmwareAndDeviceTree)
-{
-    const test::TemporaryFolder root;
-    LinuxMachineInfo machine(root.path());
-    root.file("proc/device-tree/model", "Apple MacBook Air (M1)\0"s);
-    root.file("proc/device-tree/serial-number", "C02TREE\0"s);
-    EXPECT_EQ(machine.machineModel(), "Apple MacBook Air (M1)");
-    EXPECT_EQ(machine.serialNumber(), "C02TREE");
-    root.file("sys/class/dmi/id/product_name", "MacBookPro11,1 \n");
-    root.file("sys/class/dmi/id/product_serial", "C02DMI\n");
-    EXPECT_EQ(machine.machineModel(), "MacBookPro11,1");
-    EXPECT_EQ(machine.serialNumber(), "C02DMI");
+    const struct {
+        const char* file; ///< that comes to those before it
+        std::string content;
+        const char* model;
+        std::optional<std::string> serial;
+    } rows[] = {
+        // Firmware that was never filled in, and an identity that is nobody's business.
+        {"sys/class/dmi/id/product_name", " \n", "Just an Apple Computer", {}},
+        {"etc/machine-id", "0123456789abcdef0123456789abcdef\n", "Just an Apple Computer", {}},
+        {"proc/device-tree/model", "Apple MacBook Air (M1)\0"s, "Apple MacBook Air (M1)", {}},
+        {"proc/device-tree/serial-number", "C02TREE\0"s, "Apple MacBook Air (M1)", "C02TREE"},
+        {"sys/class/dmi/id/product_name", "MacBookPro11,1 \n", "MacBookPro11,1", "C02TREE"},
+        {"sys/class/dmi/id/product_serial", "C02DMI\n", "MacBookPro11,1", "C02DMI"},
+    };
+    EXPECT_EQ(machine.machineModel(), rows[0].model);
+    for (const auto& row : rows) {
+        root.file(row.file, row.content);
+        EXPECT_EQ(machine.machineModel(), row.model) << row.file;
+        EXPECT_EQ(machine.serialNumber(), row.serial) << row.file;
+    }
 }
 
 TEST(LinuxMachineInfo, PrefersThePrettyHostName)

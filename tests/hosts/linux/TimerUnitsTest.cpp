@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <sys/stat.h>
 
 namespace pryvane::test {
@@ -42,9 +43,7 @@ TEST(TimerUnits, AreReadAsTheyAreMeantAndLeaveThoseOfOthersAlone)
     ASSERT_TRUE(files.put(wanted).ok());
     EXPECT_EQ(files.found().value(), wanted);
     const std::string timer = units + "/" + TimerUnits::kTimer, said = folder.hostPath("said");
-    struct stat data {};
-    EXPECT_EQ(stat(timer.c_str(), &data), 0);
-    EXPECT_EQ(data.st_mode & 0777, 0644U);
+    EXPECT_EQ(std::filesystem::status(timer).permissions(), std::filesystem::perms(0644));
     if (std::system("command -v systemd-analyze >/dev/null") == 0) {
         const std::string all =
             units + "/" + TimerUnits::kTimer + " " + units + "/" + TimerUnits::kService;

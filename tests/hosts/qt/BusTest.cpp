@@ -1,5 +1,5 @@
 #include "hosts/qt/EventLoop.h"
-#include "hosts/qt/FakeServices.h"
+#include "hosts/qt/OwnConnection.h"
 #include "hosts/qt/bus/BusClosedScans.h"
 #include "hosts/qt/bus/BusDistributedNotifications.h"
 #include "hosts/qt/bus/BusFileViewer.h"
@@ -9,6 +9,7 @@
 #include "support/PrivateBus.h"
 #include "support/Volumes.h"
 
+#include <QDBusContext>
 #include <QDBusVirtualObject>
 #include <gtest/gtest.h>
 
@@ -25,6 +26,57 @@ struct BusTest : testing::Test {
     }
     std::unique_ptr<PrivateBus> bus = PrivateBus::start();
     RecordingLog log;
+};
+
+/// A notification service that records what it is to show.
+class FakeNotifications final : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    explicit FakeNotifications(QStringList capabilities) : m_capabilities(std::move(capabilities))
+    {
+        m_own.offer("org.freedesktop.Notifications", kPath, this);
+    }
+
+    /// Somebody presses the button of that message.
+    void press(uint id)
+    {
+        for (const char* member : {"ActivationToken", "ActionInvoked"}) {
+            auto signal =
+                QDBusMessage::createSignal(kPath, "org.freedesktop.Notifications", member);
+            m_own.bus.send(signal << id << "show");
+        }
+    }
+
+    bool silent = false;
+    QStringList lastActions;
+    QList<uint> closed;
+    QStringList shown; ///< "summary|body"; of those that were replaced what they were last
+
+public Q_SLOTS:
+    QStringList GetCapabilities()
+    {
+        setDelayedReply(silent);
+        return m_capabilities;
+    }
+    uint Notify(const QString&, uint replaces, const QString&, const QString& summary,
+                const QString& body, const QStringList& actions, const QVariantMap&, int)
+    {
+        setDelayedReply(silent);
+        lastActions = actions;
+        if (replaces == 0)
+            shown << QString();
+        const qsizetype number = replaces > 0 ? replaces : shown.size();
+        shown[number - 1] = summary + '|' + body;
+        return static_cast<uint>(number);
+    }
+    void CloseNotification(uint id) { closed << id; }
+
+private:
+    static constexpr const char* kPath = "/org/freedesktop/Notifications";
+    OwnConnection m_own;
+    QStringList m_capabilities;
 };
 
 TEST_F(BusTest, notificationsFollowWhatTheServiceCanShow)

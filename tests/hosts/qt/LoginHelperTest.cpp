@@ -1,19 +1,19 @@
 #include "hosts/linux/LoginHelper.h"
 
 #include "hosts/qt/EventLoop.h"
-#include "hosts/qt/FakeServices.h"
+#include "hosts/qt/OwnConnection.h"
 #include "hosts/qt/bus/BusDistributedNotifications.h"
 #include "platform/DesktopPrograms.h"
 #include "support/Fakes.h"
 #include "support/PrivateBus.h"
+#include "support/UnixSocket.h"
 
 #include <QProcess>
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <fstream>
-#include <sys/socket.h>
-#include <sys/un.h>
+#include <sys/stat.h>
 
 namespace pryvane::test {
 namespace {
@@ -120,11 +120,7 @@ TEST_F(LoginHelperTest, needsNoBus)
     folder.remove("pid");
 
     // One that listens and says nothing.
-    const UniqueFd silent(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    sockaddr_un address{AF_UNIX, {}};
-    folder.hostPath("silent").copy(address.sun_path, sizeof address.sun_path - 1);
-    ASSERT_EQ(bind(silent.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(listen(silent.get(), 1), 0);
+    const UniqueFd silent = listeningAt(folder.hostPath("silent"));
     start({}, "unix:path=" + folder.hostPath("silent"));
     EXPECT_TRUE(helperEnds());
     EXPECT_TRUE(helper.readAll().contains("does not answer"));

@@ -2,7 +2,7 @@
 #include "hosts/linux/desktop/TrayHosts.h"
 #include "hosts/linux/desktop/X11.h"
 #include "hosts/qt/EventLoop.h"
-#include "hosts/qt/FakeServices.h"
+#include "hosts/qt/OwnConnection.h"
 #include "hosts/qt/widgets/DesktopWebBrowser.h"
 #include "hosts/qt/widgets/TrayStatusItem.h"
 #include "hosts/qt/widgets/WidgetAlerts.h"
@@ -150,7 +150,28 @@ TEST(ShownWindowsTest, asksAgainForAWindowThatNobodyMapped)
     EXPECT_FALSE(x11::isOverlooked(id)) << "the window manager hides it";
 }
 
-/// The service in a thread of its own, as Qt asks it waiting.
+/// The service that knows the hosts of status items.
+class FakeItemWatcher final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+    Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hosted)
+
+public:
+    explicit FakeItemWatcher(std::atomic<int>& registered) : m_registered(registered)
+    {
+        m_own.offer("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", this);
+    }
+    [[nodiscard]] bool hosted() const { return true; }
+
+public Q_SLOTS:
+    void RegisterStatusNotifierItem(const QString&) { ++m_registered; }
+
+private:
+    OwnConnection m_own;
+    std::atomic<int>& m_registered;
+};
+
+/// In a thread of its own, as Qt asks it waiting.
 class ItemWatcherThread final : public QThread {
 public:
     ItemWatcherThread()
@@ -266,6 +287,8 @@ TEST(TrayStatusItemTest, anActionMayReplaceTheMenu)
 
 } // namespace
 } // namespace pryvane::test
+
+#include "WindowServicesTest.moc"
 
 int main(int argc, char** argv)
 {

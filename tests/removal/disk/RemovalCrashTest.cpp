@@ -1,5 +1,5 @@
+#include "removal/disk/JournalScene.h"
 #include "removal/disk/VolumeRemover.h"
-#include "support/JournalScene.h"
 
 #include <gtest/gtest.h>
 

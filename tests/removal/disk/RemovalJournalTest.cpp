@@ -1,5 +1,5 @@
+#include "removal/disk/JournalScene.h"
 #include "removal/disk/VolumeRemover.h"
-#include "support/JournalScene.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -17,6 +17,8 @@
 namespace pryvane::test {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 void add(const std::string& path, std::string_view content)
 {
@@ -64,7 +66,7 @@ protected:
     void emptyVolume() const
     {
         for (const char* path : {"/a", "/b", "/c/cache/5", "/c/cache/deep"})
-            std::filesystem::remove_all(scene.volume.hostPath(path));
+            fs::remove_all(scene.volume.hostPath(path));
     }
     JournalScene scene;
 };
@@ -94,9 +96,7 @@ TEST_F(RemovalJournalTest, KeepsEachOutcomeWithTheBytesOfItsName)
         EXPECT_EQ(object["path"].get<std::string>().find('\n'), std::string::npos);
         EXPECT_EQ(line.find('\x1b'), std::string::npos);
     }
-    struct stat data {};
-    ASSERT_EQ(stat(scene.journal().c_str(), &data), 0);
-    EXPECT_EQ(data.st_mode & 0777U, 0600U);
+    EXPECT_EQ(fs::status(scene.journal()).permissions(), fs::perms(0600));
 }
 
 TEST_F(RemovalJournalTest, KnowsTheDisksFromWhichFindingsWereRemoved)
@@ -144,7 +144,7 @@ TEST_F(RemovalJournalTest, TellsFromTheDiskWhatBecameOfAnInterruptedRemoval)
     }
     ASSERT_TRUE(opened()->begin(items)); // and then the power goes
     for (const char* path : {"/a/file", "/a/folder/x/4", "/c/cache/5", "/c/cache/deep"})
-        std::filesystem::remove_all(scene.volume.hostPath(path));
+        fs::remove_all(scene.volume.hostPath(path));
 
     const std::size_t before = scene.records().size();
     opened();
@@ -185,7 +185,7 @@ TEST_F(RemovalJournalTest, APowerCutLeavesAJournalThatAgreesWithTheDisk)
     // Under a sanitizer, which is when fewer kills are asked for, not every byte.
     const std::size_t stride = std::getenv("PRYVANE_TEST_KILLS") ? 17 : 1;
     const auto cutAt = [&](std::size_t size) {
-        std::filesystem::resize_file(scene.journal(), 0);
+        fs::resize_file(scene.journal(), 0);
         // Some file systems leave zeros where data was not yet written.
         add(scene.journal(), whole.substr(0, size) + std::string(size % 3, '\0'));
         const std::string wrong = scene.disagreement();
@@ -225,7 +225,7 @@ TEST_F(RemovalJournalTest, AnEndlessPathKeepsNoOtherFromBeingRemoved)
     VolumeRemover remover(*scene.disk, *journal, {});
     for (const std::string& words : inWords(removed(remover, items)))
         EXPECT_TRUE(words.starts_with("removed ") && words.find(';') == words.npos) << words;
-    EXPECT_LT(std::filesystem::file_size(scene.journal()), 200'000U);
+    EXPECT_LT(fs::file_size(scene.journal()), 200'000U);
     EXPECT_EQ(std::ranges::count(scene.records(), journalKey(items[0].url), &RemovalRecord::key), 4)
         << "begun, interrupted, begun, removed";
     EXPECT_NE(contentOf(scene.journal()).find("\"pathBytes\":294405"), std::string::npos);
@@ -243,7 +243,7 @@ TEST_F(RemovalJournalTest, AFailingWriteIsToldAndLeavesWholeLines)
 {
     removeAll();
     const auto lines = scene.records().size();
-    const auto size = static_cast<rlim_t>(std::filesystem::file_size(scene.journal()));
+    const auto size = static_cast<rlim_t>(fs::file_size(scene.journal()));
     int refused = 0;
     for (rlim_t room = 0; room < 4000; room += 97) {
         const std::string answer = inChild([&]() -> std::string {
@@ -257,7 +257,7 @@ TEST_F(RemovalJournalTest, AFailingWriteIsToldAndLeavesWholeLines)
         ++refused;
         EXPECT_NE(answer.find("journal of removals cannot be written"), std::string::npos)
             << answer;
-        EXPECT_EQ(std::filesystem::file_size(scene.journal()), size) << "with room for " << room;
+        EXPECT_EQ(fs::file_size(scene.journal()), size) << "with room for " << room;
     }
     EXPECT_GT(refused, 5);
     EXPECT_GE(scene.records().size(), lines + scene.items().size()) << "there was room at last";
@@ -269,7 +269,7 @@ TEST_F(RemovalJournalTest, OutcomesThatFoundNoRoomAreWrittenLater)
                   RemovalJournalFile journal(scene.data.path(), *scene.disk, scene.clock);
                   if (!journal.begin(scene.items()))
                       return "cannot begin";
-                  limitFiles(std::filesystem::file_size(scene.journal()) + 100);
+                  limitFiles(fs::file_size(scene.journal()) + 100);
                   for (std::size_t i = 0; i < scene.items().size(); ++i)
                       journal.ended(i, resultOf(RemovalOutcome::Removed));
                   const bool told = !journal.flush();
@@ -290,7 +290,7 @@ TEST_F(RemovalJournalTest, ReadsPastAnyDamageInLittleMemory)
     add(scene.journal(), std::string(1'000'000, '[') + "\n{}\n\xff\xfe\n{\"event\":\"outcome\"}\n" +
                              R"({"event":"intent","id":7,"url":[],"entries":-1e99})"
                              "\n");
-    std::filesystem::resize_file(scene.journal(), 100'000'000); // one endless line
+    fs::resize_file(scene.journal(), 100'000'000); // one endless line
     add(scene.journal(), "\n" + whole);
     const std::string answer = inChild([&]() -> std::string {
         rusage before{}, after{};
@@ -309,13 +309,13 @@ TEST_F(RemovalJournalTest, ALargeOneIsSetAsideAndThreeAreKept)
     std::size_t perRound = 2 * scene.items().size();
     for (int round = 0; round < 6; ++round) {
         removeAll();
-        std::filesystem::resize_file(scene.journal(), 9'000'000);
+        fs::resize_file(scene.journal(), 9'000'000);
         usleep(2000); // the names go by the millisecond
     }
     ASSERT_TRUE(elder->begin(scene.items()));
-    EXPECT_LT(std::filesystem::file_size(scene.journal()), 100'000U);
-    const auto files = std::distance(std::filesystem::directory_iterator(scene.data.path()),
-                                     std::filesystem::directory_iterator());
+    EXPECT_LT(fs::file_size(scene.journal()), 100'000U);
+    const auto files =
+        std::distance(fs::directory_iterator(scene.data.path()), fs::directory_iterator());
     EXPECT_EQ(files, 4);
     EXPECT_EQ(scene.records().size(), 3 * perRound + scene.items().size());
 }
@@ -345,7 +345,7 @@ TEST_F(RemovalJournalTest, WritesThroughNoLinkAndToNothingButAFile)
     scene.data.link("Removals.jsonl", "target");
     EXPECT_FALSE(RemovalJournalFile::open(scene.data.path(), *scene.disk, scene.clock).ok());
     EXPECT_EQ(contentOf(scene.data.hostPath("target")), "");
-    std::filesystem::remove(scene.journal());
+    fs::remove(scene.journal());
     ASSERT_EQ(mkfifo(scene.journal().c_str(), 0600), 0);
     const auto opened = RemovalJournalFile::open(scene.data.path(), *scene.disk, scene.clock);
     ASSERT_FALSE(opened.ok());

@@ -11,7 +11,6 @@
 #include <set>
 #include <sstream>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <thread>
 
 namespace pryvane::test {
@@ -19,6 +18,7 @@ namespace pryvane::test {
 namespace {
 
 using namespace std::string_literals;
+namespace fs = std::filesystem;
 
 class PDFGenerateTest : public testing::Test {
 protected:
@@ -33,7 +33,7 @@ protected:
     [[nodiscard]] std::vector<std::string> files() const
     {
         std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+        for (const auto& entry : fs::directory_iterator(folder.path()))
             names.push_back(entry.path().filename());
         return names;
     }
@@ -79,9 +79,7 @@ TEST_F(PDFGenerateTest, WritesADocumentWithItsInformationAndEmbeddedFonts)
     (*report->spyWareList)[1]->infections = catalogue::kRemoteDesktop;
     const std::string path = print(*report);
     EXPECT_EQ(path, folder.path() + "/Report.PDF");
-    struct stat status {};
-    ASSERT_EQ(stat(path.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0600U);
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms(0600));
 
     const std::string said = outputOf("pdfinfo '" + path + "'") + joinedTextOf(path) +
                              outputOf("qpdf --check '" + path + "'");
@@ -213,9 +211,7 @@ TEST_F(PDFGenerateTest, MakesItsOwnFolderAndRefusesWhatItCannotWriteTo)
 
     const std::string caches = folder.hostPath("home/.cache/pryvane"); // of a fresh account
     ASSERT_TRUE(PDFGenerate(factsIn(caches), disk, machine).createPDFFileFor(*report).ok());
-    struct stat status {};
-    ASSERT_EQ(stat(caches.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0077U, 0U);
+    EXPECT_EQ(fs::status(caches).permissions(), fs::perms(0700));
 }
 
 TEST_F(PDFGenerateTest, TwoDocumentsAtTheSameTime)

@@ -3,9 +3,7 @@
 #include "signatures/Catalogue.h"
 
 #include <algorithm>
-#include <fcntl.h>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace pryvane::test {
 
@@ -31,18 +29,6 @@ std::vector<std::string> RecordingWalk::only(std::string_view beginning) const
     std::ranges::copy_if(events, std::back_inserter(chosen),
                          [&](const std::string& event) { return event.starts_with(beginning); });
     return chosen;
-}
-
-OpenRoot::OpenRoot(const std::string& hostFolder, std::string path)
-    : m_root{open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), std::move(path)}
-{
-    if (m_root.folder < 0)
-        throw std::runtime_error("cannot open " + hostFolder);
-}
-
-OpenRoot::~OpenRoot()
-{
-    close(m_root.folder);
 }
 
 Walk::Walk(const WalkRoot& root, unsigned threads)

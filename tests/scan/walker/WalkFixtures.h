@@ -5,6 +5,7 @@
 #include "signatures/PatternAutomaton.h"
 #include "support/Volumes.h"
 
+#include <fcntl.h>
 #include <functional>
 #include <string>
 #include <vector>
@@ -41,16 +42,16 @@ private:
 };
 
 /// A root on a folder of the host, closed at its end.
-class OpenRoot {
-public:
-    OpenRoot(const std::string& hostFolder, std::string path);
-    ~OpenRoot();
-    OpenRoot(const OpenRoot&) = delete;
-    OpenRoot& operator=(const OpenRoot&) = delete;
-    operator const WalkRoot&() const { return m_root; }
-
-private:
-    WalkRoot m_root;
+struct OpenRoot {
+    OpenRoot(const std::string& hostFolder, std::string path)
+        : folder(open(hostFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)), root{
+                                                                                    folder.get(),
+                                                                                    std::move(path)}
+    {
+    }
+    operator const WalkRoot&() const { return root; }
+    UniqueFd folder;
+    WalkRoot root;
 };
 
 inline constexpr const char* kAlice = "/Users/alice/";

@@ -94,13 +94,10 @@ TEST(NameIndex, ResolvesAsAMacsDiskDoes)
     EXPECT_THAT(namesOf(opened.list(at("/abs/rel"))),
                 ElementsAre("Foo.plist", "caf\xc3\xa9", "\xff\xfe\n|"));
     EXPECT_FALSE(opened.readSmallFile(at("/up"), 100).ok());
-}
 
-TEST(NameIndex, ComparesExactlyWhereAsked)
-{
-    Disk disk(NameMatching::Exact);
-    disk.add("/Users/alice", FileKind::Folder);
-    EXPECT_EQ(disk.opened().presence(at("/users/alice")), Presence::Absent);
+    Disk exact(NameMatching::Exact);
+    exact.add("/Users/alice", FileKind::Folder);
+    EXPECT_EQ(exact.opened().presence(at("/users/alice")), Presence::Absent);
 }
 
 TEST(NameIndex, SaysUnknownOfWhatAListDoesNotHold)
