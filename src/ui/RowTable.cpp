@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <numeric>
 #include <sstream>
+#include <utility>
 
 namespace pryvane::ui {
 
@@ -235,6 +236,15 @@ void RowTable::paintSecondLines(QPainter& painter)
                     viewport()->width() - indent - 2 * kRelated, line);
         if (mirrored)
             place.moveLeft(2 * kRelated);
+        if (m_beside >= 0) {
+            const QString beside = index.siblingAtColumn(m_beside).data().toString();
+            painter.setFont(this->font());
+            painter.setPen(secondaryText(palette()));
+            painter.drawText(place, Qt::AlignVCenter | Qt::AlignTrailing | Qt::TextSingleLine,
+                             isolated(beside, layoutDirection()));
+            const int taken = plain.horizontalAdvance(beside) + kRelated;
+            place.adjust(mirrored ? taken : 0, 0, mirrored ? 0 : -taken, 0);
+        }
         const Cell remark = m_model.remark(index);
         const int needed =
             remark.text.isEmpty() ? 0 : plain.horizontalAdvance(remark.text) + kRelated;
@@ -296,18 +306,12 @@ void RowTable::resizeEvent(QResizeEvent* event)
     fitColumns();
 }
 
-/// Fixed columns keep their widths, the stretching ones share what is left. Where nothing is left
-/// the wide fixed ones give way, but for chips.
-void RowTable::fitColumns()
+/// What a person gave the columns, or else what each asks for; 0 for those that stretch.
+std::vector<int> RowTable::wantedWidths() const
 {
-    loadWidths();
-    const QScopedValueRollback fitting(m_isFitting, true);
-    const auto& columns = m_model.columns();
-    const int room = viewport()->width();
     const double scale = fontMetrics().height() / 17.0; // widths were chosen at this text height
     std::vector<int> widths;
-    int fixed = 0, wide = 0, stretching = 0;
-    for (const Column& column : columns) {
+    for (const Column& column : m_model.columns()) {
         const auto chosen = m_chosen.find(static_cast<int>(widths.size()));
         const int width = chosen != m_chosen.end() ? chosen->second
                           : column.isChip
@@ -315,11 +319,35 @@ void RowTable::fitColumns()
                               : std::max(titleWidth(column, widths.size(), fontMetrics()),
                                          static_cast<int>(column.width * std::max(1.0, scale)));
         widths.push_back(column.stretches || column.isBelow ? 0 : width);
-        fixed += widths.back();
-        wide += givesWay(column) ? widths.back() : 0;
-        stretching += column.stretches ? 1 : 0;
     }
-    const int missing = fixed + stretching * kLeastStretched - room;
+    return widths;
+}
+
+/// Fixed columns keep their widths, the stretching ones share what is left. Where nothing is left
+/// the spare one goes into the second line, and then the wide fixed ones give way, but for chips.
+void RowTable::fitColumns()
+{
+    loadWidths();
+    const QScopedValueRollback fitting(m_isFitting, true);
+    const auto& columns = m_model.columns();
+    const int room = viewport()->width();
+    std::vector<int> widths = wantedWidths();
+    int fixed = std::accumulate(widths.begin(), widths.end(), 0), wide = 0, stretching = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        wide += givesWay(columns[i]) ? widths[i] : 0;
+        stretching += columns[i].stretches ? 1 : 0;
+    }
+    int missing = fixed + stretching * kLeastStretched - room;
+    const auto spare = std::ranges::find(columns, true, &Column::isSpare);
+    const bool goes = missing > 0 && m_below >= 0 && spare != columns.end();
+    m_beside = goes ? static_cast<int>(spare - columns.begin()) : -1;
+    if (spare != columns.end())
+        setColumnHidden(static_cast<int>(spare - columns.begin()), goes);
+    if (goes) {
+        int& width = widths[static_cast<std::size_t>(m_beside)];
+        missing -= width;
+        fixed -= std::exchange(width, 0);
+    }
     if (missing > 0 && wide > 0) {
         const double squeeze = std::max(0.6, 1.0 - double(missing) / wide);
         for (std::size_t i = 0; i < columns.size(); ++i)
@@ -328,8 +356,9 @@ void RowTable::fitColumns()
     }
     const int left = (room - fixed) / std::max(1, stretching);
     for (std::size_t i = 0; i < columns.size(); ++i)
-        setColumnWidth(static_cast<int>(i),
-                       columns[i].stretches ? std::max(left, kLeastOfAll) : widths[i]);
+        if (static_cast<int>(i) != m_beside)
+            setColumnWidth(static_cast<int>(i),
+                           columns[i].stretches ? std::max(left, kLeastOfAll) : widths[i]);
 }
 
 } // namespace pryvane::ui

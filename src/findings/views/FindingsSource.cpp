@@ -32,7 +32,7 @@ std::vector<ui::Column> FindingsSource::columns(Of of)
              .isChip = true,
              .words = words},
             {.title = QObject::tr("Location"), .isPath = true, .isBelow = true},
-            {.title = QObject::tr("Size"), .width = 80, .isNumber = true}};
+            {.title = QObject::tr("Size"), .width = 80, .isNumber = true, .isSpare = true}};
 }
 
 void FindingsSource::setRecords(std::shared_ptr<const SpywareList> records)

@@ -148,7 +148,21 @@ TEST_F(MainWindowTest, TheTableCutsNoWordOfEvidence)
                   table->fontMetrics().horizontalAdvance(index.data().toString()) + icon)
             << index.data().toString().toStdString();
         EXPECT_LT(table->visualRect(index).right(), table->viewport()->width());
+        const auto threat = index.siblingAtColumn(FindingsSource::Threat);
+        EXPECT_GT(table->visualRect(threat).width(),
+                  table->fontMetrics().horizontalAdvance(threat.data().toString()));
     }
+    // There the size stands at the end of the second line.
+    EXPECT_TRUE(table->isColumnHidden(FindingsSource::Size));
+    const QRect below = table->visualRect(table->model()->index(0, FindingsSource::EvidenceColumn));
+    const QImage seen = table->viewport()->grab().toImage();
+    int inked = 0;
+    for (int x = seen.width() - 80; x < seen.width() - 16; ++x)
+        for (int y = below.center().y() + 2; y < below.bottom() - 2; ++y)
+            inked += seen.pixelColor(x, y).lightness() < 160 ? 1 : 0;
+    EXPECT_GT(inked, 20);
+    pane.resize(900, 400);
+    EXPECT_FALSE(table->isColumnHidden(FindingsSource::Size));
 
     // The path has no column of its own: the name's title sorts by it, too.
     const auto click = [&] {
