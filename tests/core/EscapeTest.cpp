@@ -10,10 +10,9 @@ namespace {
 
 TEST(Escape, ShowsWhatWouldHideOrObey)
 {
-    struct Row {
+    const struct {
         std::string bytes, shown;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"plain name.plist", "plain name.plist"},
         {"Ünïcode ✓ 日本", "Ünïcode ✓ 日本"},
         {"emoji 👩‍💻", "emoji 👩‍💻"},
@@ -29,7 +28,7 @@ TEST(Escape, ShowsWhatWouldHideOrObey)
         {"cut \xe2\x82", "cut \\xe2\\x82"},
         {"<img src=x> %1 & 'q'", "<img src=x> %1 & 'q'"},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         EXPECT_EQ(forScreen(row.bytes), row.shown);
     EXPECT_EQ(forHtml("<b>\"x\" & 'y'</b>"), "&lt;b&gt;&quot;x&quot; &amp; &#39;y&#39;&lt;/b&gt;");
     EXPECT_EQ(forNotification("<b>&"), "&lt;b&gt;&amp;");

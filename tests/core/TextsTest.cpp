@@ -12,11 +12,10 @@ namespace {
 
 TEST(Texts, DurationKeepsThePluralOfTheSeconds)
 {
-    struct Row {
+    const struct {
         double seconds;
         const char* text;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {0, "less then 1 second"},
         {0.9, "less then 1 second"},
         {-5, "less then 1 second"},
@@ -29,7 +28,7 @@ TEST(Texts, DurationKeepsThePluralOfTheSeconds)
         {3661, " 1 hour  1 minute  1 second"},
         {360000, "100 hours  0 seconds"},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         EXPECT_EQ(stringFromTimeInterval(row.seconds), row.text) << row.seconds;
 }
 
@@ -94,21 +93,20 @@ TEST(DateText, FollowsStylesZoneAndLocale)
 {
     constexpr Date evening{std::chrono::milliseconds(1'699'999'400'999)}; // 2023-11-14 22:03:20 UTC
     constexpr Date early{std::chrono::milliseconds(1'699'142'700'000)};   // 2023-11-05 00:05:00 UTC
-    struct Row {
+    const struct {
         const char *locale, *zone;
         Date date;
         DateStyle day;
         TimeStyle time;
         const char* text;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"C", "UTC", evening, DateStyle::Short, TimeStyle::Medium, "11/14/23, 22:03:20"},
         {"C", "UTC", evening, DateStyle::Medium, TimeStyle::Short, "Nov 14, 2023, 22:03"},
         {"C", "JST-9", evening, DateStyle::Short, TimeStyle::Short, "11/15/23, 07:03"},
         {"C", "UTC", early, DateStyle::Medium, TimeStyle::Medium, "Nov 5, 2023, 00:05:00"},
         {"xx_XX.none", "UTC", evening, DateStyle::Short, TimeStyle::Medium, "11/14/23, 22:03:20"},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         EXPECT_EQ(in(row.locale, row.zone, row.date, row.day, row.time), row.text) << row.locale;
 
     // Where the host has them: the order and the clock of the language.

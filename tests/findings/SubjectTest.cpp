@@ -28,12 +28,11 @@ std::string inSystem(const std::string& entries)
 
 TEST(Subject, IsReadFromTheDiskAsFarAsTheDiskTells)
 {
-    struct Row {
+    const std::string version = entry("ProductVersion", "13.4");
+    const struct {
         std::string names, system; ///< the files' contents; empty: there is none
         const char* line;
-    };
-    const std::string version = entry("ProductVersion", "13.4");
-    const Row rows[] = {
+    } rows[] = {
         {inSystem(entry("ComputerName", "Alice's Mac")),
          dictionary(version + entry("ProductBuildVersion", "22F66")),
          "Alice's Mac, macOS 13.4 (22F66), Folder disk; user alice"},
@@ -44,7 +43,7 @@ TEST(Subject, IsReadFromTheDiskAsFarAsTheDiskTells)
         {dictionary(entry("System", "text")), "", "disk; user alice"},
         {inSystem(entry("ComputerName", std::string(2 << 20, 'x'))), "", "disk; user alice"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.line);
         const TemporaryFolder host;
         host.folder("/disk");

@@ -17,16 +17,15 @@ C with(T C::*member, std::type_identity_t<T> value, C coverage = {})
 TEST(Verdict, SaysWhatTheScanCameToAndWhatLimitsIt)
 {
     using How = ScanEnding::How;
-    struct Row {
+    const std::vector<Refusal> one{{"/Users/alice", "permission denied"}},
+        two{{"/Users/alice", "permission denied"}, {"/x", "y"}};
+    const struct {
         std::size_t findings;
         ScanCoverage coverage;
         Verdict verdict;
         const char* line;
         bool isKnown = true; ///< what was looked at, besides
-    };
-    const std::vector<Refusal> one{{"/Users/alice", "permission denied"}},
-        two{{"/Users/alice", "permission denied"}, {"/x", "y"}};
-    const Row rows[] = {
+    } rows[] = {
         {0, {}, Verdict::Clean, "Clean: nothing found."},
         {0, with(&C::homesLeftOut, {"bob", "carol"}), Verdict::Clean,
          "Clean for alice: nothing found. Not looked at: bob, carol."},
@@ -75,7 +74,7 @@ TEST(Verdict, SaysWhatTheScanCameToAndWhatLimitsIt)
          "known name: /a.app. Not looked at: bob."},
     };
     const Subject alice{{}, {}, {}, {"alice"}};
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.line);
         ScanCoverage coverage = row.coverage;
         coverage.signaturesTested = row.isKnown ? 534 : 0;

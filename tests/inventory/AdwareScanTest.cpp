@@ -23,7 +23,7 @@ protected:
         volume.file(folder + "/manifest.json", R"({"name":")" + name + R"(","version":"1.0"})");
         return folder;
     }
-    /// "name version (profile) size path" of each entry.
+    /// "name version (profile)" of each entry.
     static std::vector<std::string> texts(const std::vector<ExtensionEntry>& entries)
     {
         std::vector<std::string> list;

@@ -10,20 +10,19 @@ constexpr auto kDay = std::chrono::hours(24);
 
 TEST(StatusPanel, DecidesFromTheLastScan)
 {
-    struct Row {
-        const char* name;
-        StatusFacts facts;
-        const char* status;
-        const char* background;
-        bool scanNow, remove, last3Days, today;
-    };
     const auto facts = [](std::optional<Date> lastScan, std::optional<Verdict> verdict = {},
                           bool running = false, bool writable = true) {
         return StatusFacts{
             writable, running, verdict, "why", lastScan, kNow - std::chrono::hours(1), kNow};
     };
     const auto ended = kNow - std::chrono::minutes(1);
-    const Row rows[] = {
+    const struct {
+        const char* name;
+        StatusFacts facts;
+        const char* status;
+        const char* background;
+        bool scanNow, remove, last3Days, today;
+    } rows[] = {
         {"home not writable", facts(kNow - kDay, {}, false, false),
          "The Home Folder Cannot Be Written To", "", true, false, false, false},
         {"home not writable, scanned", facts(ended, Verdict::Clean, false, false),
@@ -50,7 +49,7 @@ TEST(StatusPanel, DecidesFromTheLastScan)
         {"incomplete", facts(ended, Verdict::Incomplete), "Not Everything Could Be Looked At",
          "attention_bg", true, false, true, true},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         const StatusPanel panel = makeStatusPanel(row.facts);
         EXPECT_EQ(panel.statusText, row.status);

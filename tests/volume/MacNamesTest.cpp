@@ -82,11 +82,8 @@ TEST_P(MacNamesTest, AnySpellingFindsWhatIsThere)
     disk.link("out", "/../ETC/passwd");
     for (int i = 0; i < 45; ++i)
         disk.link("Chain" + std::to_string(i), "cHAIN" + std::to_string(i + 1));
-    disk.file("chain45");
-    disk.file("both/one");
-    disk.file("Both/two");
-    disk.file("same/NAME");
-    disk.file("same/name");
+    for (const char* path : {"chain45", "both/one", "Both/two", "same/NAME", "same/name"})
+        disk.file(path);
     const std::string support = "/library/Application SUPPORT/";
     const struct {
         std::string path;

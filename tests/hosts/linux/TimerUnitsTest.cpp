@@ -45,12 +45,8 @@ TEST(TimerUnits, AreReadAsTheyAreMeantAndLeaveThoseOfOthersAlone)
     const std::string timer = units + "/" + TimerUnits::kTimer, said = folder.hostPath("said");
     EXPECT_EQ(std::filesystem::status(timer).permissions(), std::filesystem::perms(0644));
     if (std::system("command -v systemd-analyze >/dev/null") == 0) {
-        const std::string all =
-            units + "/" + TimerUnits::kTimer + " " + units + "/" + TimerUnits::kService;
-        EXPECT_EQ(std::system(("XDG_RUNTIME_DIR=" + folder.path() +
-                               " systemd-analyze verify --user " + all + " >" + said + " 2>&1")
-                                  .c_str()),
-                  0);
+        const std::string verify = " systemd-analyze verify --user " + units + "/* >" + said;
+        EXPECT_EQ(std::system(("XDG_RUNTIME_DIR=" + folder.path() + verify + " 2>&1").c_str()), 0);
         EXPECT_EQ(contentOf(said), "");
     }
     EXPECT_FALSE(TimerUnits({units, "/bin/\"", "/data"}).wanted({first}).ok());

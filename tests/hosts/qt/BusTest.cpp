@@ -81,16 +81,15 @@ private:
 
 TEST_F(BusTest, notificationsFollowWhatTheServiceCanShow)
 {
-    struct Row {
+    const struct {
         QStringList capabilities;
         QString shown;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {{"body", "body-markup"}, "Pry\\x1b|&lt;img src=\"x\"&gt; a&amp;b \\n\\xff"},
         {{"body"}, "Pry\\x1b|<img src=\"x\"> a&b \\n\\xff"},
         {{"actions"}, "Pry\\x1b: <img src=\"x\"> a&b \\n\\xff|"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         FakeNotifications service(row.capabilities);
         BusUserNotifier notifier(connectionToBus(), log);
         notifier.deliver("Pry\x1b", "<img src=\"x\"> a&b \n\xff");

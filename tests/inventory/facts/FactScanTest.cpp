@@ -23,11 +23,6 @@ const std::string kTcc = "Library/Application Support/com.apple.TCC/TCC.db";
 
 class FactScan : public testing::Test {
 protected:
-    void job(const std::string& path, const std::string& label, const std::string& program,
-             bool disabled = false) const
-    {
-        volume.file(path, jobOf(label, program, disabled));
-    }
     Facts gather(const FactKinds& kinds = FactKinds::all())
     {
         disk = volumeAt(volume, NameMatching::AsOnMac);
@@ -121,12 +116,13 @@ TEST_F(FactScan, WhatStartsKnowsWhetherItIsSwitchedOff)
                 dict({{"d.off", true}, {"d.on", false}, {"com.openssh.sshd", false}}).xml());
     volume.file(switched + "disabled.501.plist", dict({{"a.off", true}, {"shared", true}}).xml());
     volume.file("opt/run");
-    job("Library/LaunchDaemons/1.plist", "d.off", "/opt/run");
-    job("Library/LaunchDaemons/2.plist", "d.on", "/opt/run", true);
-    job("Library/LaunchDaemons/3.plist", "d.itself", "/opt/none", true);
-    job("Library/LaunchAgents/4.plist", "shared", "/opt/run");
-    job("Users/alice/Library/LaunchAgents/.5.plist", "a.off", "/opt/run");
-    job("Applications/B.app/Contents/Library/LaunchAgents/6.plist", "inside", "Contents/MacOS/h");
+    volume.file("Library/LaunchDaemons/1.plist", jobOf("d.off", "/opt/run"));
+    volume.file("Library/LaunchDaemons/2.plist", jobOf("d.on", "/opt/run", true));
+    volume.file("Library/LaunchDaemons/3.plist", jobOf("d.itself", "/opt/none", true));
+    volume.file("Library/LaunchAgents/4.plist", jobOf("shared", "/opt/run"));
+    volume.file("Users/alice/Library/LaunchAgents/.5.plist", jobOf("a.off", "/opt/run"));
+    volume.file("Applications/B.app/Contents/Library/LaunchAgents/6.plist",
+                jobOf("inside", "Contents/MacOS/h"));
     volume.file("Applications/B.app/Contents/MacOS/h");
     volume.file("private/var/at/tabs/alice", "* * * * * /tmp/.x/run\n");
     volume.file("Users/alice/.zshrc");
@@ -140,7 +136,8 @@ TEST_F(FactScan, WhatStartsKnowsWhetherItIsSwitchedOff)
     EXPECT_EQ(facts.startUp[5].application, "/Applications/B.app");
     EXPECT_THAT(facts.remoteAccess, IsEmpty());
 
-    job("Library/LaunchDaemons/com.teamviewer.service.plist", "com.teamviewer.service", "/x");
+    volume.file("Library/LaunchDaemons/com.teamviewer.service.plist",
+                jobOf("com.teamviewer.service", "/x"));
     volume.file("Users/alice/.ssh/authorized_keys", "ssh-rsa A\n");
     std::vector<std::string> remote;
     for (const RemoteFact& fact : gather({.remoteAccess = true}).remoteAccess)
@@ -156,7 +153,7 @@ TEST_F(FactScan, WhatCannotBeReadIsNamedAndTheRestIsRead)
     mkfifo(volume.hostPath("Library/LaunchDaemons/fifo.plist").c_str(), 0600);
     volume.link("Library/LaunchDaemons/link.plist", "/dev/zero");
     volume.file("Library/LaunchDaemons/broken.plist", "<plist><dict>");
-    job("Library/LaunchDaemons/good.plist", "good", "/x");
+    volume.file("Library/LaunchDaemons/good.plist", jobOf("good", "/x"));
     volume.link("Library/LaunchDaemons/loop.plist", "loop.plist");
     volume.file(kTcc, permissionsOf("('a','b',0,2,2)"));
     volume.file(kTcc + "-wal", std::string(5000, 'w'));

@@ -21,12 +21,11 @@ const std::string kSafari = "/Users/al/Library/Safari/ x";
 
 TEST(BrowsersToQuit, AreThoseThatRunWithAFindingAmongTheirFiles)
 {
-    struct Row {
+    const std::vector<std::string> all{"Firefox", "Google Chrome", "Safari", "Mail"};
+    const struct {
         const char* what;
         std::vector<std::string> paths, running, expected;
-    };
-    const std::vector<std::string> all{"Firefox", "Google Chrome", "Safari", "Mail"};
-    const Row rows[] = {
+    } rows[] = {
         {"in the order of the table",
          {kFirefox, kChrome, kSafari},
          all,
@@ -40,7 +39,7 @@ TEST(BrowsersToQuit, AreThoseThatRunWithAFindingAmongTheirFiles)
         {"Safari's location ends with a blank", {"/Users/al/Library/Safari/x"}, all, {}},
         {"the display name does not count", {kChrome}, {"Chrome"}, {}},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         std::vector<std::string> names;
         for (const BrowserEntry& entry : browsersToQuit(row.paths, row.running, "al"))
             names.push_back(entry.NameBrowser);
