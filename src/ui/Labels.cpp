@@ -1,6 +1,7 @@
 #include "ui/Labels.h"
 
 #include "core/Escape.h"
+#include "ui/RowPainting.h"
 
 #include <QClipboard>
 #include <QEvent>
@@ -108,9 +109,10 @@ QSize ElidedLabel::minimumSizeHint() const
 void ElidedLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    style()->drawItemText(
-        &painter, rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, palette(),
-        isEnabled(), fontMetrics().elidedText(m_text, Qt::ElideMiddle, width()), foregroundRole());
+    const QString fitting = fontMetrics().elidedText(m_text, Qt::ElideMiddle, width());
+    style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                          palette(), isEnabled(), isolated(fitting, layoutDirection()),
+                          foregroundRole());
 }
 
 } // namespace pryvane::ui

@@ -54,6 +54,7 @@ def by_mouse(pilot, screens):
 
 def check_summary(pilot, volume):
     pilot.find("All threats are Removed")
+    pilot.find("0 of 2 selected")  # what is gone can no longer be
     for path in REMOVED:
         assert not (volume / path).exists(), f"{path} is still there"
     assert (volume / "Users/alice" / KEPT_BACK).exists(), "what was not selected is gone"

@@ -141,7 +141,7 @@ def look_at_facts(pilot, screens):
     wait_for("the filter", lambda: not any("LoginHook" in row for row in rows("What starts by itself")))
     pilot.keys("ctrl+a", "BackSpace")
     pilot.tab_to("Start-up", key="shift+Tab")
-    pilot.keys("Right")
+    pilot.keys("Left" if os.environ.get("PRYVANE_DIRECTION") == "rtl" else "Right")
     one("Remote access and management", "Keys that may log in", "1 key")
     one("Remote access and management", "203.0.113.7")
     screens.note("remote access")

@@ -32,8 +32,6 @@ RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent)
     picture->setPixmap(ui::icon(QStringLiteral("attention"), ui::Meaning::Attention)
                            .pixmap(QSize(20, 20), devicePixelRatioF()));
     ui::setTextRole(*m_location, TextRole::Path);
-    m_name->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred); // the path gives way
-    m_location->setMinimumWidth(1);
     m_instructions->setObjectName(QStringLiteral("removeARD"));
     m_instructions->setToolTip(tr("Opens Apple's article in the web browser"));
     m_ignore->setObjectName(QStringLiteral("ignoreARD"));
@@ -48,10 +46,10 @@ RemoteDesktopCell::RemoteDesktopCell(bool canIgnore, QWidget* parent)
     grid->setVerticalSpacing(0);
     grid->addWidget(picture, 0, 0);
     grid->addWidget(m_name, 0, 1);
-    grid->addWidget(m_location, 0, 2);
     grid->addWidget(m_ignore, 0, 3);
     grid->addWidget(m_instructions, 0, 4);
-    grid->addWidget(m_sentence, 1, 1, 1, 4);
+    grid->addWidget(m_location, 1, 1, 1, 4); // whole, whatever the width
+    grid->addWidget(m_sentence, 2, 1, 1, 4);
     grid->setColumnStretch(2, 1);
 }
 
@@ -84,7 +82,8 @@ FindingsPane::FindingsPane(std::string user,
     m_table->setObjectName(QStringLiteral("findings"));
     m_list->addWidget(m_empty);
     m_list->addWidget(m_table);
-    column()->setContentsMargins(ui::kGroups, 12, ui::kGroups, ui::kRelated);
+    column()->setContentsMargins(ui::kGroups, ui::kRelated, ui::kGroups, 4);
+    column()->setSpacing(4); // the rows get the height
     column()->addWidget(makeToolbar());
     column()->addWidget(m_remoteDesktop);
     column()->addWidget(m_list, 1);

@@ -45,11 +45,13 @@ void FindingsSource::setRecords(std::shared_ptr<const SpywareList> records)
 
 int FindingsSource::selectableCount() const
 {
-    if (m_of == Of::Scan)
-        return count() - (remoteDesktopRow() ? 1 : 0);
+    const auto remoteDesktop = m_of == Of::Scan ? remoteDesktopRow() : std::nullopt;
     int selectable = 0;
     for (int row = 0; row < count(); ++row)
-        selectable += isSelectable(row) ? 1 : 0;
+        if (m_of == Of::Scan)
+            selectable += !record(row).isDeleted && row != remoteDesktop ? 1 : 0;
+        else
+            selectable += isSelectable(row) ? 1 : 0;
     return selectable;
 }
 
