@@ -3,6 +3,7 @@
 
     tools_test.py PROGRAM MAKE-DEMO-VOLUME KEPT-TEXT
 """
+import os
 import pathlib
 import subprocess
 import sys
