@@ -2500,6 +2500,10 @@ Spyware auf dem Mac ist?</translation>
         <source>systemd refuses: %1</source>
         <translation>systemd lehnt ab: %1</translation>
     </message>
+    <message>
+        <source>Once a scan is scheduled, it can also start while Pryvane is closed.</source>
+        <translation>Ist ein Scan geplant, kann er auch beginnen, während Pryvane geschlossen ist.</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>

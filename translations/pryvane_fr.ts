@@ -2500,6 +2500,10 @@ par un logiciel espion ?</translation>
         <source>systemd refuses: %1</source>
         <translation>systemd refuse : %1</translation>
     </message>
+    <message>
+        <source>Once a scan is scheduled, it can also start while Pryvane is closed.</source>
+        <translation>Une fois planifiée, une analyse peut aussi commencer quand Pryvane est fermé.</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>

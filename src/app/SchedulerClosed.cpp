@@ -98,6 +98,8 @@ ClosedScansRow SchedulerVC::closedScansRow() const
         row.line = "An image or a list of names is only read while Pryvane is running.";
     else if (m_standing && !isAvailable)
         row.line = "Not possible here: " + m_standing->why;
+    else if (!m_form.isScheduleOn)
+        row.line = "Once a scan is scheduled, it can also start while Pryvane is closed.";
     else if (m_disk->folder == "/")
         row.line = "While you are logged in, a quick scan of this computer starts at these times "
                    "without a window. Its report is kept with the others.";

@@ -84,6 +84,8 @@ constexpr EngineText kTexts[] = {
                                             "these times without a window. Its report is kept "
                                             "with the others.")},
     {.english = QT_TRANSLATE_NOOP(
+         "Engine", "Once a scan is scheduled, it can also start while Pryvane is closed.")},
+    {.english = QT_TRANSLATE_NOOP(
          "Engine", "An image or a list of names is only read while Pryvane is running.")},
     {.english = QT_TRANSLATE_NOOP("Engine", "Not possible here: %1"), .inner = "1"},
     {.english =

@@ -265,8 +265,9 @@ TEST_F(SchedulerTest, TheSystemStartsTheSameScansWhileTheProgramIsClosed)
         scheduler = std::make_unique<SchedulerVC>(services(), desktop.services(), delegate, mac);
         scheduler->viewDidLoad();
         scheduler->setScheduleOn(row.isOn);
-        EXPECT_EQ(scheduler->closedScansRow().isEnabled,
-                  row.isOn && row.standing.kind != Standing::Kind::Unavailable);
+        const ClosedScansRow shown = scheduler->closedScansRow();
+        EXPECT_EQ(shown.isEnabled, row.isOn && row.standing.kind != Standing::Kind::Unavailable);
+        EXPECT_EQ(shown.line.find("at these times") != shown.line.npos, shown.isEnabled);
         if (row.ticked)
             scheduler->setAlsoWhenClosed(*row.ticked);
         alerts.answer(kAlertFirstButton);
