@@ -4,6 +4,7 @@
     focus_test.py light|dark|light-contrast|dark-contrast PROGRAM COMMAND-LINE MAKE-DEMO-VOLUME SHIM
 """
 import contextlib
+import fcntl
 import os
 import pathlib
 import shutil
@@ -271,17 +272,29 @@ def screens_of_scan(pilot, rounds, volume):
     pilot.find("Are you sure you want to delete selected threats?")
     rounds.go_round("question")
     exchange(volume / "Library/LaunchAgents")
-    with running(rounds.folder, "firefox"):
-        press(pilot, "Yes")
-        pilot.read("While a browser runs")
-        rounds.go_round("browsers")
-    with rounds.held("removal", "Stop the removal"):
-        press(pilot, "Retry")
+    with alone():
+        with running(rounds.folder, "firefox"):
+            press(pilot, "Yes")
+            pilot.read("While a browser runs")
+            rounds.go_round("browsers")
+        with rounds.held("removal", "Stop the removal"):
+            press(pilot, "Retry")
     pilot.find("What stayed…")
     rounds.go_round("what was removed")
     press(pilot, "What stayed…")
     pilot.find("What could not be removed", "table")
     rounds.go_round_sheet("what stayed")
+
+
+@contextlib.contextmanager
+def alone():
+    """No other run of this test on this machine starts a browser, which the program would see here."""
+    machine = os.open("/tmp", os.O_RDONLY)
+    try:
+        fcntl.flock(machine, fcntl.LOCK_EX)
+        yield
+    finally:
+        os.close(machine)
 
 
 def running(folder, name):
