@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <map>
+
 namespace pryvane::ui {
 
 QString text(std::string_view utf8)
@@ -26,9 +28,58 @@ void copyPath(std::string_view path)
     QGuiApplication::clipboard()->setText(isUtf8(path) ? text(path) : text(forScreen(path)));
 }
 
+namespace {
+
+/// A label that remembers how high it is at which width: layouts ask for that some twenty times
+/// before a window is first seen, and QLabel breaks its text into lines for each answer.
+class Label : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    [[nodiscard]] int heightForWidth(int width) const override
+    {
+        if (m_text != text() || m_wraps != wordWrap()) {
+            m_text = text();
+            m_wraps = wordWrap();
+            m_heights.clear();
+        }
+        const auto known = m_heights.find(width);
+        if (known != m_heights.end())
+            return known->second;
+        if (m_heights.size() >= kRemembered)
+            m_heights.clear();
+        return m_heights[width] = QLabel::heightForWidth(width);
+    }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        switch (event->type()) {
+        case QEvent::FontChange:
+        case QEvent::StyleChange:
+        case QEvent::ContentsRectChange:
+        case QEvent::ScreenChangeInternal:
+            m_heights.clear();
+            break;
+        default:
+            break;
+        }
+        return QLabel::event(event);
+    }
+
+private:
+    static constexpr std::size_t kRemembered = 32;
+
+    mutable QString m_text;
+    mutable bool m_wraps = false;
+    mutable std::map<int, int> m_heights; ///< by width
+};
+
+} // namespace
+
 QLabel* makeLabel(TextRole role, const QString& content, QWidget* parent)
 {
-    auto* label = new QLabel(parent);
+    auto* label = new Label(parent);
     label->setTextFormat(Qt::PlainText);
     label->setText(content);
     setTextRole(*label, role);
@@ -38,21 +89,21 @@ QLabel* makeLabel(TextRole role, const QString& content, QWidget* parent)
 namespace {
 
 /// Keeps its colour right when the palette changes.
-class Note final : public QLabel {
+class Note final : public Label {
 public:
-    using QLabel::QLabel;
+    using Label::Label;
 
 protected:
     void changeEvent(QEvent* event) override
     {
-        QLabel::changeEvent(event);
+        Label::changeEvent(event);
         if (event->type() == QEvent::ApplicationPaletteChange)
             tint();
     }
     void showEvent(QShowEvent* event) override
     {
         tint();
-        QLabel::showEvent(event);
+        Label::showEvent(event);
     }
 
 private:
