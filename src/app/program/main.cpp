@@ -4,8 +4,10 @@
 #include "app/program/Session.h"
 #include "core/Escape.h"
 #include "core/Exhaustion.h"
+#include "core/tasks/Worker.h"
 #include "hosts/Host.h"
 #include "hosts/posix/SingleInstance.h"
+#include "hosts/qt/DesktopHost.h"
 #include "hosts/qt/InstanceServer.h"
 #include "store/StoreFolder.h"
 #include "ui/Icons.h"
@@ -168,6 +170,8 @@ int runProgram(int argc, char** argv)
     if (instance && !instance->isFirst())
         return handOver(*host, *instance, *parsed.arguments);
 
+    Worker fonts; // a tenth of the time until the window is there
+    fonts.start(readFonts, [](const char*) {});
     int qtArgumentCount = 1; // the rest has been read
     Application application(qtArgumentCount, argv);
     QApplication::setApplicationName(QStringLiteral("Pryvane"));

@@ -66,4 +66,8 @@ public:
 [[nodiscard]] std::unique_ptr<DesktopHost> makeDesktopHost(Host& host,
                                                            const std::string& dataFolder, Log& log);
 
+/// Reads which fonts there are, where Qt would do that when it first measures a text. Callable from
+/// any thread: a start does it while Qt connects to the display. Each system has one of its own.
+void readFonts();
+
 } // namespace pryvane

@@ -19,6 +19,7 @@
 #include <QDesktopServices>
 
 #include <filesystem>
+#include <fontconfig/fontconfig.h>
 
 namespace pryvane {
 
@@ -99,6 +100,11 @@ private:
 std::unique_ptr<DesktopHost> makeDesktopHost(Host& host, const std::string& dataFolder, Log& log)
 {
     return std::make_unique<LinuxDesktopHost>(host, dataFolder, log);
+}
+
+void readFonts()
+{
+    FcInit(); // where it fails, Qt's own attempt does, too
 }
 
 } // namespace pryvane

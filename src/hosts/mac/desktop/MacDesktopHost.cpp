@@ -63,4 +63,7 @@ std::unique_ptr<DesktopHost> makeDesktopHost(Host&, const std::string&, Log&)
     return std::make_unique<MacDesktopHost>();
 }
 
+/// The system's font service has them ready.
+void readFonts() {}
+
 } // namespace pryvane
