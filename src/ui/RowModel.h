@@ -28,7 +28,7 @@ struct Column {
     bool isNumber = false;
     bool isChip = false;    ///< its words lie on a ground of their own and are never cut
     bool isBelow = false;   ///< no column: it is the second line of the row, over its whole width
-    bool isSpare = false;   ///< stands in the second line where not all columns have room
+    bool isSpare = false;   ///< leaves, for the second line if there is one, where room is short
     QStringList words = {}; ///< all that it may say, which its width has room for
 };
 

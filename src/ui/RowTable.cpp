@@ -324,7 +324,7 @@ std::vector<int> RowTable::wantedWidths() const
 }
 
 /// Fixed columns keep their widths, the stretching ones share what is left. Where nothing is left
-/// the spare one goes into the second line, and then the wide fixed ones give way, but for chips.
+/// the spare one leaves, and then the wide fixed ones give way, but for chips.
 void RowTable::fitColumns()
 {
     loadWidths();
@@ -339,7 +339,7 @@ void RowTable::fitColumns()
     }
     int missing = fixed + stretching * kLeastStretched - room;
     const auto spare = std::ranges::find(columns, true, &Column::isSpare);
-    const bool goes = missing > 0 && m_below >= 0 && spare != columns.end();
+    const bool goes = missing > 0 && spare != columns.end();
     m_beside = goes ? static_cast<int>(spare - columns.begin()) : -1;
     if (spare != columns.end())
         setColumnHidden(static_cast<int>(spare - columns.begin()), goes);

@@ -59,7 +59,7 @@ private:
 
     RowModel& m_model;
     int m_below = -1;            ///< the column that is the second line; -1: there is none
-    int m_beside = -1;           ///< the column that stands at its end for now; -1: none
+    int m_beside = -1;           ///< the spare column while it has no room; -1: it has
     std::map<int, int> m_chosen; ///< the widths that a person gave
     int m_sorted = -1;           ///< by which title; -1: as they came
     bool m_isFitting = false;

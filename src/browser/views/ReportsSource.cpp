@@ -37,10 +37,10 @@ std::vector<ui::Column> ReportsSource::columns()
 {
     return {{.width = 8},
             {.title = QObject::tr("State"), .width = 104},
-            {.title = QObject::tr("When"), .width = 84},
+            {.title = QObject::tr("When"), .width = 96},
             {.title = QObject::tr("Kind"), .width = 132},
             {.title = QObject::tr("Mac and User"), .stretches = true},
-            {.title = QObject::tr("Duration"), .width = 140},
+            {.title = QObject::tr("Duration"), .width = 140, .isSpare = true},
             {.title = QObject::tr("Findings"), .width = 72, .isNumber = true},
             {.width = 92}};
 }

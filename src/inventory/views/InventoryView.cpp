@@ -50,7 +50,7 @@ QString iconOf(InventoryKind kind)
 std::vector<ui::Column> InventorySource::columns()
 {
     return {{.width = 8},
-            {.title = QObject::tr("Name"), .width = 190},
+            {.title = QObject::tr("Name"), .width = 210},
             {.title = QObject::tr("Version, profile"), .width = 116},
             {.title = QObject::tr("Location"), .stretches = true, .isPath = true},
             {.title = QObject::tr("Size"), .width = 80, .isNumber = true}};
