@@ -15,10 +15,10 @@ namespace pryvane {
 namespace {
 
 /// Opens in the kernel's confinement, or returns -1 with errno set. The kernel gives up with EAGAIN
-/// when something was renamed while it climbed a ".."; nearly always the next try succeeds.
+/// when anything on the machine was renamed while it climbed a "..": mostly the next try succeeds.
 int openInRoot(int rootFd, const char* path, int flags, std::uint64_t resolve = 0)
 {
-    constexpr int kTries = 128;
+    constexpr int kTries = 16;
     open_how how{};
     how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
     how.resolve = RESOLVE_IN_ROOT | RESOLVE_NO_MAGICLINKS | resolve;
@@ -59,10 +59,13 @@ public:
     }
 
 private:
-    /// Whether an implied link, which the kernel does not know, may be on the way of a path at
-    /// which it found nothing: at its beginning, or behind a link of the disk.
+    /// Whether the kernel's error is not the last word on a path: where it gave up because of what
+    /// others rename, or found nothing where an implied link, which it does not know, may be on
+    /// the way, at the path's beginning or behind a link of the disk.
     [[nodiscard]] bool mayLeadOn(int error, const std::string& path) const
     {
+        if (error == EAGAIN)
+            return true;
         if (error != ENOENT || !m_implied.any())
             return false;
         std::size_t at = 0;

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <random>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <thread>
 #include <unistd.h>
 #ifdef __linux__
 #include <sched.h>
@@ -164,6 +166,36 @@ TEST_P(ConfinementTest, WhatMayNotBeSearchedIsUnknown)
     EXPECT_EQ(answers, "122221010 refused: permission denied, " + unknown + words +
                            "122221012 refused: permission denied, " + unknown + words);
     chmod(disk.hostPath("closed").c_str(), 0755);
+}
+
+/// The kernel gives up on a path with ".." while anything on the machine is being renamed.
+TEST_P(ConfinementTest, WhatOthersRenameChangesNoAnswer)
+{
+    disk.folder("a/b");
+    std::string path = "/a/b";
+    for (int i = 0; i < 300; ++i)
+        path += "/../b";
+    const auto volume = this->volume();
+    std::atomic<bool> done{false};
+    std::vector<std::thread> others;
+    for (const std::string name : {"x", "y", "z"})
+        others.emplace_back(
+            [&, one = outside.hostPath(name), other = outside.hostPath(name + name)] {
+                mkdir(one.c_str(), 0755);
+                while (!done)
+                    if (rename(one.c_str(), other.c_str()) == 0)
+                        rename(other.c_str(), one.c_str());
+            });
+    int wrong = 0;
+    for (int i = 0; i < 200; ++i) {
+        wrong += volume->presence(at(path)) != Presence::Present;
+        wrong += volume->list(at(path)).status != ListStatus::Listed;
+        wrong += volume->presence(at(path + "/none")) != Presence::Absent;
+    }
+    done = true;
+    for (std::thread& other : others)
+        other.join();
+    EXPECT_EQ(wrong, 0);
 }
 
 #ifdef __linux__

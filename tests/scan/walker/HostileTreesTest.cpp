@@ -84,12 +84,14 @@ TEST(HostileTrees, ChangingDuringTheWalk)
     }
     std::atomic<bool> done{false};
     std::thread changer([&] {
-        for (int i = 0; !done; ++i) {
+        // Names come again, so that a slow walk does not meet an ever larger tree.
+        for (int i = 0; !done; i = (i + 1) % 4'000) {
             const std::string made =
                 folder.hostPath("s" + std::to_string(i % 40) + "/t" + std::to_string(i % 400) +
                                 "/churn/x" + std::to_string(i));
-            mkdir(made.c_str(), 0755);
-            if (i % 3 == 0) {
+            if (mkdir(made.c_str(), 0755) != 0) {
+                remove(made.c_str());
+            } else if (i % 3 == 0) {
                 rmdir(made.c_str());
                 [[maybe_unused]] const int failed = symlink("/", made.c_str()); // for a folder
             } else if (i % 3 == 1) {
