@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -80,7 +80,9 @@ bool TemporaryFolder::contains(std::string_view path) const
 std::string contentOf(const std::string& hostPath)
 {
     std::ifstream file(hostPath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream content; // by blocks, where an iterator goes byte by byte
+    content << file.rdbuf();
+    return content.str();
 }
 
 bool runningAsRoot()

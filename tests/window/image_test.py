@@ -11,6 +11,7 @@ import os
 import pathlib
 import subprocess
 import sys
+import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 from pilot import Pilot, desktop, need, wait_for  # noqa: E402
@@ -20,9 +21,16 @@ REFUSAL = "This is an image or a list of names, which is only read and never cha
 
 def choose_file(pilot, path):
     """In the host's own panel, which has the keyboard on the file's name."""
-    pilot.find("Choose", "push button")
-    pilot.type(str(path))
-    pilot.keys("Return")
+    for _ in range(5):  # a list of completions may take the key that ends the name
+        pilot.find("Choose", "push button")
+        pilot.keys("ctrl+a")
+        pilot.type(str(path))
+        pilot.keys("Return")
+        end = time.monotonic() + 3
+        while time.monotonic() < end:
+            if not pilot.look("Choose", "push button"):
+                return
+    raise AssertionError(f"{path} cannot be chosen")
 
 
 def user_box(pilot):
