@@ -37,7 +37,8 @@ QLineEdit* makeFilterField(const QString& placeholder)
 namespace {
 
 constexpr int kRowHeight = 34;
-constexpr int kKeepAfter = 300; // ms
+constexpr int kKeepAfter = 300;               // ms
+constexpr int kNameMargin = 8, kIconGap = 10; ///< of a name's cell, which its second line keeps
 constexpr int kLeastStretched = 120;
 constexpr int kLeastOfAll = 80; ///< where nothing else gives way any more
 constexpr int kNarrow = 104;    ///< columns up to this width are never squeezed
@@ -225,12 +226,13 @@ void RowTable::paintSecondLines(QPainter& painter)
     const QFont font = isPath ? fontOf(TextRole::Path) : this->font();
     const QFontMetrics metrics(font), plain(fontMetrics());
     const bool mirrored = isRightToLeft();
-    const int indent = columnWidth(0) + kCellMargin + kIconSize + 15; // below the name
     for (int row = std::max(rowAt(0), 0); row <= (last < 0 ? m_model.rowCount() - 1 : last);
          ++row) {
         const QModelIndex index = m_model.index(row, m_below);
         if (m_model.isHeading(index))
             continue;
+        const bool hasIcon = !index.siblingAtColumn(1).data(Qt::DecorationRole).isNull();
+        const int indent = columnWidth(0) + kNameMargin + (hasIcon ? kIconSize + kIconGap : 0);
         const int top = rowViewportPosition(row), line = plain.height();
         QRect place(indent, top + rowHeight(row) - line - kLinePadding,
                     viewport()->width() - indent - 2 * kRelated, line);

@@ -159,6 +159,7 @@ class Pilot:
 
         Atspi.set_timeout(int(PATIENCE * 500), 15_000)  # a busy machine answers later than after its 800 ms
         self.atspi = pyatspi
+        self.gone_away = GLib.GError  # is raised for a node that is there no more
         self.hand = Hand()
         self.loop = GLib.MainContext.default()
         self.came = []  # what has got the keyboard, the latest last
@@ -252,9 +253,14 @@ class Pilot:
     # What a person does
 
     def click(self, name, role=None, button=1):
-        node = self.find(name, role)
-        wait_for(f'"{name}" to be enabled', lambda: node.getState().contains(self.atspi.STATE_ENABLED))
-        self.click_node(node, button)
+        for tries_left in (2, 1, 0):
+            try:
+                node = self.find(name, role)
+                wait_for(f'"{name}" to be enabled', lambda: node.getState().contains(self.atspi.STATE_ENABLED))
+                return self.click_node(node, button)
+            except self.gone_away:  # what was found has been made anew meanwhile
+                if tries_left == 0:
+                    raise
 
     def click_node(self, node, button=1):
         before, box = None, self.box(node)

@@ -28,18 +28,18 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
     switch (kind) {
     case FactKind::Permissions:
         return {{.width = 8},
-                {.title = QObject::tr("Program"), .width = 150},
+                {.title = QObject::tr("Program"), .width = 150, .stretches = true},
                 {.title = QObject::tr("Decision"), .width = 66},
                 {.title = QObject::tr("What for"), .width = 110, .stretches = true},
                 {.title = QObject::tr("Whose"), .width = 94},
-                {.title = QObject::tr("On the disk"), .width = 196}};
+                {.title = QObject::tr("On the disk"), .isBelow = true}};
     case FactKind::StartUp:
         return {{.width = 8},
                 {.title = QObject::tr("Name"), .stretches = true},
                 {.title = QObject::tr("State"), .width = 60},
                 {.title = QObject::tr("When"), .isBelow = true},
                 {.title = QObject::tr("Whose"), .width = 94},
-                {.title = QObject::tr("On the disk"), .width = 196}};
+                {.title = QObject::tr("On the disk"), .width = 196, .isSpare = true}};
     case FactKind::RemoteAccess:
         break;
     }

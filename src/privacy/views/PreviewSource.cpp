@@ -36,8 +36,8 @@ QString itemName(const CleaningRow& row)
 std::vector<ui::Column> PreviewItems::columns()
 {
     return {{.title = QObject::tr("To be cleared"), .width = 40},
-            {.title = QObject::tr("Item"), .width = 220},
-            {.title = QObject::tr("What that means"), .stretches = true},
+            {.title = QObject::tr("Item"), .width = 220, .stretches = true},
+            {.title = QObject::tr("What that means"), .isBelow = true},
             {.title = QObject::tr("Entries"), .width = 64, .isNumber = true},
             {.title = QObject::tr("Size"), .width = 90, .isNumber = true}};
 }
