@@ -10,9 +10,10 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 
 class CleanMarks:
-    def __init__(self, folder, rules):
-        """folder: where the marks are kept; rules: bytes that change when the check does."""
-        self.folder, self.rules, self.wanted = pathlib.Path(folder), rules, set()
+    def __init__(self, folder, *rules):
+        """folder: where the marks are kept; rules: the files that say how the check is done."""
+        self.folder, self.wanted = pathlib.Path(folder), set()
+        self.rules = b"\0".join(pathlib.Path(rule).read_bytes() for rule in rules)
         self.folder.mkdir(parents=True, exist_ok=True)
 
     def of(self, command, files):

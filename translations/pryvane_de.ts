@@ -2884,6 +2884,10 @@ Mit „Auch wenn Pryvane geschlossen ist“ startet Ihr System zu den Zeiten des
         <source>Clear the filter</source>
         <translation>Filter löschen</translation>
     </message>
+    <message>
+        <source>On the disk: %1</source>
+        <translation>Auf dem Datenträger: %1</translation>
+    </message>
 </context>
 <context>
     <name>pryvane::AccessWindow</name>

@@ -2884,6 +2884,10 @@ Avec « Aussi quand Pryvane est fermé », votre système démarre une analyse r
         <source>Clear the filter</source>
         <translation>Effacer le filtre</translation>
     </message>
+    <message>
+        <source>On the disk: %1</source>
+        <translation>Sur le disque : %1</translation>
+    </message>
 </context>
 <context>
     <name>pryvane::AccessWindow</name>

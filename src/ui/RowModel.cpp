@@ -10,6 +10,19 @@
 
 namespace pryvane::ui {
 
+namespace {
+
+/// As rich text without any of its own: names are of a foreign disk.
+QString tooltipOf(const Cell& cell)
+{
+    const QString& words = !cell.tooltip.isEmpty() ? cell.tooltip
+                           : cell.whole.isEmpty()  ? cell.text
+                                                   : cell.whole;
+    return words.toHtmlEscaped();
+}
+
+} // namespace
+
 RowModel::RowModel(RowSource& source, std::vector<Column> columns, QObject* parent)
     : QAbstractTableModel(parent), m_source(source), m_columns(std::move(columns))
 {
@@ -80,11 +93,13 @@ QVariant RowModel::cellData(int row, int column, int role) const
         return cell.whole.isEmpty() ? cell.text : cell.whole;
     }
     case Qt::ToolTipRole: {
-        const Cell cell = m_source.cell(row, column);
-        const QString& words = !cell.tooltip.isEmpty() ? cell.tooltip
-                               : cell.whole.isEmpty()  ? cell.text
-                                                       : cell.whole;
-        return QStringLiteral("<qt>") + words.toHtmlEscaped() + QStringLiteral("</qt>");
+        // The second line lies below the name, and has no place of its own to point at.
+        const auto below = std::ranges::find(m_columns, true, &Column::isBelow);
+        QStringList lines{tooltipOf(m_source.cell(row, column))};
+        if (column == 1 && below != m_columns.end())
+            lines += tooltipOf(m_source.cell(row, static_cast<int>(below - m_columns.begin())));
+        return QStringLiteral("<qt>") + lines.join(QStringLiteral("<br>")) +
+               QStringLiteral("</qt>");
     }
     case Qt::DecorationRole: {
         const Cell cell = m_source.cell(row, column);

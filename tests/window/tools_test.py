@@ -120,8 +120,8 @@ def look_at_facts(pilot, screens):
             (row for row in rows(table) if all(word in row for word in words)), None))
 
     pilot.click("Who May Watch")
-    one("Who may watch", "recorder", "allowed", "still there, in a hidden folder")
-    one("Who may watch", "listen", "missing, in a hidden folder")
+    one("Who may watch", "recorder", "allowed", "On the disk: still there, in a hidden folder")
+    one("Who may watch", "listen", "On the disk: missing, in a hidden folder")
     assert not any("camera" in row for row in rows("Who may watch")), "what was denied is folded away"
     pilot.read("can notice every key you press")
     screens.note("who may watch")

@@ -39,7 +39,7 @@ std::vector<ui::Column> FactsTableSource::columns(FactKind kind)
                 {.title = QObject::tr("State"), .width = 60},
                 {.title = QObject::tr("When"), .isBelow = true},
                 {.title = QObject::tr("Whose"), .width = 94},
-                {.title = QObject::tr("On the disk"), .width = 196, .isSpare = true}};
+                {.title = QObject::tr("On the disk"), .width = 196}};
     case FactKind::RemoteAccess:
         break;
     }
@@ -85,7 +85,10 @@ ui::Cell FactsTableSource::cell(int row, int column) const
     const int place = kCells[kind][static_cast<std::size_t>(column) - 1];
     if (place < 0)
         return {};
-    return {.text = shown(this->row(row), static_cast<std::size_t>(place)),
+    const QString text = shown(this->row(row), static_cast<std::size_t>(place));
+    // No title stands over the second line, where "not known" alone tells nothing.
+    const bool isUntitled = m_kind == FactKind::Permissions && column == 5;
+    return {.text = isUntitled ? QObject::tr("On the disk: %1").arg(text) : text,
             .iconName = column == 1 ? QString(QLatin1String(kIcons[kind])) : QString()};
 }
 
